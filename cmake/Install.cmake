@@ -1,0 +1,59 @@
+# What `cmake --install` puts where, and how other programs find it there.
+
+include(CMakePackageConfigHelpers)
+
+set(PackageDir "${CMAKE_INSTALL_LIBDIR}/cmake/TrRule")
+set(DocDir "${CMAKE_INSTALL_DATAROOTDIR}/doc/trrule")
+
+install(TARGETS trrule EXPORT TrRuleTargets)
+install(FILES ${TRRULE_HEADERS} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/trrule")
+
+if(TRRULE_BUILD_DRIVER)
+  file(RELATIVE_PATH FromBinToLib "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
+  if(BUILD_SHARED_LIBS)
+    set_target_properties(trrule-demo PROPERTIES INSTALL_RPATH "$ORIGIN/${FromBinToLib}")
+  endif()
+  install(TARGETS trrule-demo)
+endif()
+
+# --- find_package(TrRule) ----------------------------------------------------------------------
+
+install(EXPORT TrRuleTargets NAMESPACE TrRule:: DESTINATION "${PackageDir}")
+configure_package_config_file(
+  "${PROJECT_SOURCE_DIR}/cmake/TrRuleConfig.cmake.in" "${PROJECT_BINARY_DIR}/TrRuleConfig.cmake"
+  INSTALL_DESTINATION "${PackageDir}" NO_SET_AND_CHECK_MACRO)
+# Before 1.0, another minor version is another interface; the name of the shared object says so too.
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/TrRuleConfigVersion.cmake"
+                                 COMPATIBILITY SameMinorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/TrRuleConfig.cmake"
+              "${PROJECT_BINARY_DIR}/TrRuleConfigVersion.cmake" DESTINATION "${PackageDir}")
+
+# --- pkg-config --------------------------------------------------------------------------------
+
+# Paths are relative to the file itself, so that an installed tree can be moved; those that were
+# given as absolute stay so.
+set(PcDir "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig")
+file(RELATIVE_PATH FromPcToPrefix "${PcDir}" "${CMAKE_INSTALL_PREFIX}")
+cmake_path(SET PcPrefix NORMALIZE "${FromPcToPrefix}")
+string(REGEX REPLACE "/$" "" PcPrefix "${PcPrefix}")
+set(TRRULE_PC_PREFIX "\${pcfiledir}/${PcPrefix}")
+foreach(Dir IN ITEMS LIBDIR INCLUDEDIR)
+  set(TRRULE_PC_${Dir} "${CMAKE_INSTALL_${Dir}}")
+  if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_${Dir}}")
+    set(TRRULE_PC_${Dir} "\${prefix}/${CMAKE_INSTALL_${Dir}}")
+  elseif(Dir STREQUAL "LIBDIR")
+    set(TRRULE_PC_PREFIX "${CMAKE_INSTALL_PREFIX}")
+  endif()
+endforeach()
+configure_file(cmake/trrule.pc.in trrule.pc @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/trrule.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+# --- Documentation -----------------------------------------------------------------------------
+
+# The pages link to each other and to the examples, so they keep their places.
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION "${DocDir}")
+install(DIRECTORY docs DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.md")
+install(DIRECTORY examples DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.cpp" PATTERN "*.txt"
+                                                                  PATTERN "CMakeLists.txt" EXCLUDE)
+# The pages for browsers go along where they have been made.
+install(DIRECTORY "${PROJECT_BINARY_DIR}/html" DESTINATION "${DocDir}" OPTIONAL)

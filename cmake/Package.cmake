@@ -1,0 +1,37 @@
+# `cpack` makes one Debian package of all that `cmake --install` puts in place.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_SOURCE_GENERATOR OFF)
+set(CPACK_PACKAGE_NAME trrule)
+set(CPACK_PACKAGE_CONTACT "The maintainers of TrRule <trrule@localhost>")
+set(CPACK_PACKAGE_DIRECTORY "${PROJECT_BINARY_DIR}")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_STRIP_FILES ON)
+# Whatever the umask of who makes the package: everyone may enter the folders.
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ
+    OWNER_WRITE
+    OWNER_EXECUTE
+    GROUP_READ
+    GROUP_EXECUTE
+    WORLD_READ
+    WORLD_EXECUTE)
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+    "The library, its headers, its documentation and its demonstration driver trrule-demo.")
+# What the package depends on is read from its programs, where the tools for that are installed.
+find_program(TRRULE_DPKG_SHLIBDEPS dpkg-shlibdeps)
+find_program(TRRULE_FILE file)
+mark_as_advanced(TRRULE_DPKG_SHLIBDEPS TRRULE_FILE)
+if(TRRULE_DPKG_SHLIBDEPS AND TRRULE_FILE)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+  # The driver's own library comes in the same package.
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}")
+else()
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6, libgcc-s1, libstdc++6")
+endif()
+
+include(CPack)

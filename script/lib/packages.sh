@@ -1,0 +1,101 @@
+# shellcheck shell=sh
+# Sourced by the scripts beside this folder: installs the packages that a step needs and that are
+# missing, on Debian and Ubuntu; elsewhere names them and stops.
+
+Missing=
+Optional=
+
+have_command() {
+  command -v "$1" >/dev/null 2>&1
+}
+
+have_header() {
+  printf '#include <%s>\n' "$1" | "${CXX:-c++}" -x c++ -E - >/dev/null 2>&1
+}
+
+have_file() {
+  [ -e "$1" ]
+}
+
+have_sanitizers_of_clang() {
+  echo 'int main() { return 0; }' |
+    clang++ -fsanitize=address -x c++ - -o /dev/null >/dev/null 2>&1
+}
+
+# want PACKAGE TEST... notes the package unless the test succeeds.
+want() {
+  Package=$1
+  shift
+  "$@" || Missing="$Missing $Package"
+}
+
+# The same for a package that not every release has, and without which the step can do, too.
+want_if_offered() {
+  Package=$1
+  shift
+  "$@" || Optional="$Optional $Package"
+}
+
+want_build_tools() {
+  want g++ have_command "${CXX:-c++}"
+  want cmake have_command cmake
+  want ninja-build have_command ninja
+  # A top-level build has the tests in it, whether they are asked for or not.
+  want libgtest-dev have_header gtest/gtest.h
+}
+
+want_test_tools() {
+  want pkg-config have_command pkg-config
+  # Where there are Debian packages, one is made and tried, with the libraries that it depends on.
+  if have_command dpkg; then
+    want dpkg-dev have_command dpkg-shlibdeps
+    want file have_command file
+  fi
+}
+
+want_check_tools() {
+  want clang have_command clang++
+  want_if_offered libclang-rt-dev have_sanitizers_of_clang
+  want clang-format have_command clang-format
+  want clang-tidy have_command clang-tidy
+  want doxygen have_command doxygen
+  # The sanitize preset compiles GoogleTest itself.
+  want googletest have_file /usr/src/googletest/CMakeLists.txt
+  want libbenchmark-dev have_header benchmark/benchmark.h
+}
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  else
+    sudo "$@"
+  fi
+}
+
+refuse() {
+  stop "$1; please install these packages (Debian's names) and start again:$Missing"
+}
+
+install_missing() {
+  [ -n "$Missing" ] || return 0
+  have_command apt-get || refuse "This machine has no apt-get"
+  [ "$(id -u)" -eq 0 ] || have_command sudo || refuse "Neither root nor sudo is at hand"
+  say "Installing what is missing:$Missing"
+  as_root true || refuse "This user may not install packages"
+  run apt-update.log as_root apt-get -q update
+  for Package in $Optional; do
+    ! apt-cache show "$Package" >/dev/null 2>&1 || Missing="$Missing $Package"
+  done
+  # shellcheck disable=SC2086  # a list of words
+  run apt-install.log as_root env DEBIAN_FRONTEND=noninteractive \
+    apt-get -q -y -o DPkg::Lock::Timeout=120 --no-install-recommends install $Missing
+  Missing=
+}
+
+# A release whose packages are older than the build asks for cannot be helped by installing them.
+require_cmake() {
+  Version=$(cmake --version | sed -n '1s/[^0-9]*\([0-9]*\.[0-9]*\).*/\1/p')
+  if [ "${Version%%.*}" -lt 3 ] || { [ "${Version%%.*}" -eq 3 ] && [ "${Version#*.}" -lt 25 ]; }; then
+    stop "CMake 3.25 or later is needed, but this machine has $Version; please install a newer one"
+  fi
+}

@@ -1,0 +1,274 @@
+// Sections, in the order of the header: canonical order, display, exchanging the sides.
+
+#include "AlignmentText.h"
+
+#include "Ascii.h"
+#include "PieceCutter.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace TrRuleInternal {
+
+// ---- Canonical order --------------------------------------------------------------------------
+
+bool HasOuterParentheses(std::string_view Alignments) {
+  return Alignments.size() <= 2 || (Alignments.front() == '(' && Alignments.back() == ')');
+}
+
+namespace {
+
+/// Takes a number of up to nine digits off the front of a text, with the byte that ends it.
+/// @return the number, -1 when there is none
+int TakeNumber(std::string_view& TextReturn, char End) {
+  constexpr std::size_t MaxDigits = 9;
+  int Number = 0;
+  std::size_t Size = 0;
+  for (; Size < TextReturn.size() && IsDigit(TextReturn[Size]); ++Size) {
+    if (Size == MaxDigits) {
+      return -1;
+    }
+    Number = Number * 10 + (TextReturn[Size] - '0');
+  }
+  if (Size == 0 || Size == TextReturn.size() || TextReturn[Size] != End) {
+    return -1;
+  }
+  TextReturn.remove_prefix(Size + 1);
+  return Number;
+}
+
+bool TakeByte(std::string_view& TextReturn, char Byte) {
+  if (TextReturn.empty() || TextReturn.front() != Byte) {
+    return false;
+  }
+  TextReturn.remove_prefix(1);
+  return true;
+}
+
+}  // namespace
+
+// Canonical = "(" Pair { "," Pair } ")"; Pair = "(" x "," y ")", each after the one before
+bool IsCanonical(std::string_view Alignments) {
+  if (!TakeByte(Alignments, '(')) {
+    return false;
+  }
+  int LastX = -1;
+  int LastY = -1;
+  do {
+    const bool HasPair = TakeByte(Alignments, '(');
+    const int X = TakeNumber(Alignments, ',');
+    const int Y = TakeNumber(Alignments, ')');
+    if (!HasPair || X < 0 || Y < 0 || X < LastX || (X == LastX && Y <= LastY)) {
+      return false;
+    }
+    LastX = X;
+    LastY = Y;
+  } while (TakeByte(Alignments, ','));
+  return Alignments == ")";
+}
+
+namespace {
+
+/// One pair of a string: its indices as numbers, its text, and nothing else.
+struct IndexedPair {
+  int X;
+  int Y;
+  std::string_view Text;
+};
+
+bool SortsBefore(const IndexedPair& Left, const IndexedPair& Right) {
+  return std::tie(Left.X, Left.Y) < std::tie(Right.X, Right.Y);
+}
+
+bool HasSameIndices(const IndexedPair& Left, const IndexedPair& Right) {
+  return Left.X == Right.X && Left.Y == Right.Y;
+}
+
+/// Whether the comma separates two pairs, as in "),(".
+bool IsSeparator(std::string_view Text, std::size_t Comma) {
+  return Comma > 0 && Comma + 1 < Text.size() && Text[Comma - 1] == ')' && Text[Comma + 1] == '(';
+}
+
+/// Cuts the text between the outer parentheses at its separators.
+std::vector<std::string_view> CutAtSeparators(std::string_view Inner) {
+  std::vector<std::string_view> vPieces;
+  std::size_t Comma = Inner.find(',');
+  while (Comma != std::string_view::npos && Comma + 1 < Inner.size()) {
+    if (IsSeparator(Inner, Comma)) {
+      vPieces.push_back(Inner.substr(0, Comma));
+      Inner.remove_prefix(Comma + 1);
+      Comma = Inner.find(',');
+    } else {
+      Comma = Inner.find(',', Comma + 1);
+    }
+  }
+  if (Comma == std::string_view::npos) {
+    vPieces.push_back(Inner);
+  }
+  return vPieces;
+}
+
+/// The number between the first `Open` and the first `Close` of a pair; 0 where they stand in
+/// the wrong order. Nothing where one is missing or nothing can follow `Open`.
+std::optional<int> NumberBetween(std::string_view Pair, char Open, char Close) {
+  const std::size_t Start = Pair.find(Open);
+  const std::size_t End = Pair.find(Close);
+  if (Start == std::string_view::npos || End == std::string_view::npos ||
+      Start + 1 == Pair.size()) {
+    return std::nullopt;
+  }
+  return End < Start ? 0 : ToInt(Pair.substr(Start + 1, End - Start - 1));
+}
+
+/// Reads the pairs one after the other; an index that is missing is that of the pair before.
+std::vector<IndexedPair> ParsePairs(const std::vector<std::string_view>& vTexts,
+                                    std::vector<MissingIndex>& vMissingReturn) {
+  std::vector<IndexedPair> vPairs;
+  vPairs.reserve(vTexts.size());
+  IndexedPair Pair{0, 0, {}};
+  const auto Take = [&](std::optional<int> Number, int& IndexReturn, MissingIndex Which) {
+    if (Number) {
+      IndexReturn = *Number;
+    } else {
+      vMissingReturn.push_back(Which);
+    }
+  };
+  for (const std::string_view Text : vTexts) {
+    Take(NumberBetween(Text, '(', ','), Pair.X, MissingIndex::X);
+    Take(NumberBetween(Text, ',', ')'), Pair.Y, MissingIndex::Y);
+    Pair.Text = Text;
+    vPairs.push_back(Pair);
+  }
+  return vPairs;
+}
+
+std::string JoinPairs(const std::vector<IndexedPair>& vPairs, std::size_t SizeHint) {
+  std::string Joined;
+  Joined.reserve(SizeHint);
+  for (const IndexedPair& Pair : vPairs) {
+    Joined += Joined.empty() ? '(' : ',';
+    Joined += Pair.Text;
+  }
+  if (!Joined.empty()) {
+    Joined += ')';
+  }
+  return Joined;
+}
+
+}  // namespace
+
+std::string CanonicalAlignments(std::string_view Alignments,
+                                std::vector<MissingIndex>& vMissingReturn) {
+  vMissingReturn.clear();
+  if (Alignments.empty()) {
+    return {};
+  }
+  const std::string_view Inner =
+      Alignments.size() > 2 ? Alignments.substr(1, Alignments.size() - 2) : std::string_view();
+  std::vector<IndexedPair> vPairs = ParsePairs(CutAtSeparators(Inner), vMissingReturn);
+  if (Alignments == "()") {
+    // The empty alignment, not a pair that lacks its indices.
+    vMissingReturn.clear();
+  }
+  std::stable_sort(vPairs.begin(), vPairs.end(), SortsBefore);
+  vPairs.erase(std::unique(vPairs.begin(), vPairs.end(), HasSameIndices), vPairs.end());
+  return JoinPairs(vPairs, Alignments.size());
+}
+
+// ---- Display ----------------------------------------------------------------------------------
+
+namespace {
+
+/// Walks the pairs of a string by position. The comma and the parenthesis before it are looked
+/// for again only when the walk has passed them, so that the walk is linear in any text.
+class DisplayWalk {
+ public:
+  explicit DisplayWalk(std::string_view TextPassIn) : Text(TextPassIn) {}
+
+  bool Next(DisplayPair& PairReturn) {
+    if (Begin >= Text.size() || !FindComma()) {
+      return false;
+    }
+    const std::size_t Close = Text.find(')', Begin);
+    PairReturn = {XText(Close), Between(Comma + 1, Close)};
+    constexpr std::size_t CloseAndSeparator = 2;
+    Begin = Close == std::string_view::npos ? Text.size() : Close + CloseAndSeparator;
+    return true;
+  }
+
+ private:
+  /// Finds the first comma of the rest and the last "(" before it; false where the rest holds no
+  /// comma that a pair can have.
+  bool FindComma() {
+    if (Comma == std::string_view::npos || Comma < Begin) {
+      Comma = Text.find(',', Begin);
+      const std::size_t OpenInRest = Text.substr(Begin, Comma - Begin).rfind('(');
+      Open = OpenInRest == std::string_view::npos ? OpenInRest : Begin + OpenInRest;
+    }
+    return Comma != std::string_view::npos && Comma + 1 < Text.size() && Text[Comma + 1] != '(';
+  }
+
+  /// Without a "(" of its own, x begins where the rest does, unless its pair is closed already.
+  std::string_view XText(std::size_t Close) const {
+    const bool HasOpen = Open != std::string_view::npos && Open >= Begin;
+    if (HasOpen) {
+      return Between(Open + 1, Comma);
+    }
+    return Close < Comma ? std::string_view() : Between(Begin, Comma);
+  }
+
+  std::string_view Between(std::size_t Start, std::size_t End) const {
+    return End < Start ? std::string_view() : Text.substr(Start, End - Start);
+  }
+
+  std::string_view Text;
+  std::size_t Begin = 0;
+  std::size_t Comma = std::string_view::npos;
+  std::size_t Open = std::string_view::npos;
+};
+
+}  // namespace
+
+std::vector<DisplayPair> DisplayPairs(std::string_view Alignments) {
+  std::vector<DisplayPair> vPairs;
+  vPairs.reserve(static_cast<std::size_t>(std::count(Alignments.begin(), Alignments.end(), ')')));
+  DisplayWalk Walk(Alignments);
+  for (DisplayPair Pair; Walk.Next(Pair);) {
+    vPairs.push_back(Pair);
+  }
+  return vPairs;
+}
+
+// ---- Exchanging the sides ---------------------------------------------------------------------
+
+namespace {
+
+std::string_view WithoutParentheses(std::string_view Pair) {
+  const auto IsOpen = [](char Byte) { return Byte == '('; };
+  const auto IsClose = [](char Byte) { return Byte == ')'; };
+  return DropBack(DropFront(Pair, IsOpen), IsClose);
+}
+
+}  // namespace
+
+std::optional<std::string> ReversedAlignments(std::string_view Alignments) {
+  if (Alignments.empty()) {
+    return std::string();
+  }
+  std::string Reversed = "(";
+  PieceCutter Pairs(Alignments, "),(");
+  for (std::string_view Pair; Pairs.Next(Pair);) {
+    const auto Sides = CutInTwoTrimmed(WithoutParentheses(TrimmedPiece(Pair)), ",");
+    if (!Sides) {
+      return std::nullopt;
+    }
+    Append(Reversed, {"(", Sides->Second, ",", Sides->First, "),"});
+  }
+  if (Reversed.back() == ',') {
+    Reversed.pop_back();
+  }
+  Reversed += ')';
+  return Reversed;
+}
+
+}  // namespace TrRuleInternal

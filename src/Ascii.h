@@ -1,0 +1,188 @@
+#pragma once
+
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <limits>
+#include <string>
+#include <string_view>
+
+/// @file
+/// Byte classes and number reading that do not depend on the host program's locale.
+///
+/// Every text of the library is a string of bytes, and only ASCII letters, digits and white space
+/// mean anything in it; NUL and the bytes over 127 are passed through. For example
+/// `Upper("x1 = ä")` gives `"X1 = ä"`, and `ToInt(" 12)")` gives 12.
+
+namespace TrRuleInternal {
+
+/// True for space, tab, line feed, vertical tab, form feed and carriage return.
+constexpr bool IsSpace(char Byte) {
+  return Byte == ' ' || (Byte >= '\t' && Byte <= '\r');
+}
+
+/// True for the ten decimal digits.
+constexpr bool IsDigit(char Byte) {
+  return Byte >= '0' && Byte <= '9';
+}
+
+/// The capital of a lower-case ASCII letter; any other byte unchanged.
+constexpr char ToUpper(char Byte) {
+  return Byte >= 'a' && Byte <= 'z' ? static_cast<char>(Byte - 'a' + 'A') : Byte;
+}
+
+/// The small letter of an ASCII capital; any other byte unchanged.
+constexpr char ToLower(char Byte) {
+  return Byte >= 'A' && Byte <= 'Z' ? static_cast<char>(Byte - 'A' + 'a') : Byte;
+}
+
+/// Upper-cases every byte of a text where it stands.
+inline void MakeUpper(std::string& TextReturn) {
+  for (char& Byte : TextReturn) {
+    Byte = ToUpper(Byte);
+  }
+}
+
+/// The text with every byte upper-cased, in the storage that was handed in.
+inline std::string Upper(std::string Text) {
+  MakeUpper(Text);
+  return Text;
+}
+
+/// The text with every byte lower-cased, in the storage that was handed in.
+inline std::string Lower(std::string Text) {
+  for (char& Byte : Text) {
+    Byte = ToLower(Byte);
+  }
+  return Text;
+}
+
+/// True when `Text` begins with `Start`.
+constexpr bool StartsWith(std::string_view Text, std::string_view Start) {
+  if (Text.size() < Start.size()) {
+    return false;
+  }
+  for (std::size_t Position = 0; Position < Start.size(); ++Position) {
+    if (Text[Position] != Start[Position]) {
+      return false;
+    }
+  }
+  return true;
+}
+
+/// The position of the first `Part` in `Text`, npos when there is none or `Part` is empty. The
+/// texts here are short: looking for the first byte beats a general search.
+constexpr std::size_t Find(std::string_view Text, std::string_view Part) {
+  if (Part.empty()) {
+    return std::string_view::npos;
+  }
+  std::size_t Position = Text.find(Part.front());
+  while (Position != std::string_view::npos && !StartsWith(Text.substr(Position), Part)) {
+    Position = Text.find(Part.front(), Position + 1);
+  }
+  return Position;
+}
+
+/// True when `Part`, which is not empty, occurs anywhere in `Text`.
+constexpr bool Contains(std::string_view Text, std::string_view Part) {
+  return Find(Text, Part) != std::string_view::npos;
+}
+
+/// The text without the bytes at its front for which `Drop` is true.
+template <typename DropT>
+constexpr std::string_view DropFront(std::string_view Text, DropT Drop) {
+  while (!Text.empty() && Drop(Text.front())) {
+    Text.remove_prefix(1);
+  }
+  return Text;
+}
+
+/// The text without the bytes at its end for which `Drop` is true.
+template <typename DropT>
+constexpr std::string_view DropBack(std::string_view Text, DropT Drop) {
+  while (!Text.empty() && Drop(Text.back())) {
+    Text.remove_suffix(1);
+  }
+  return Text;
+}
+
+/// The text without its leading white space. Dropping the first blank also cuts what follows it
+/// to `MaxRest` bytes; a text without a leading blank is never cut.
+constexpr std::string_view WithoutLeadingSpace(std::string_view Text, std::size_t MaxRest) {
+  if (Text.empty() || !IsSpace(Text.front())) {
+    return Text;
+  }
+  return DropFront(Text.substr(1, MaxRest), IsSpace);
+}
+
+/// The text without its trailing white space.
+constexpr std::string_view WithoutTrailingSpace(std::string_view Text) {
+  return DropBack(Text, IsSpace);
+}
+
+/// The value of a run of digits, held at 2^63 - 1, or at 2^63 when `Negative`.
+constexpr std::uint64_t DigitsValue(std::string_view Digits, bool Negative) {
+  const std::uint64_t Limit =
+      static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (Negative ? 1U : 0U);
+  std::uint64_t Value = 0;
+  for (const char Byte : Digits) {
+    const auto Digit = static_cast<std::uint64_t>(Byte - '0');
+    if (Value > (Limit - Digit) / 10) {
+      return Limit;
+    }
+    Value = Value * 10 + Digit;
+  }
+  return Value;
+}
+
+/// The number that a text begins with: leading white space, an optional sign, digits up to the
+/// first byte that is none. No digits give 0. A number that does not fit is read into 64 bits,
+/// held at their ends, and its low 32 bits are taken, so that every text has one defined value.
+constexpr int ToInt(std::string_view Text) {
+  Text = DropFront(Text, IsSpace);
+  const bool Negative = !Text.empty() && Text.front() == '-';
+  if (Negative || (!Text.empty() && Text.front() == '+')) {
+    Text.remove_prefix(1);
+  }
+  std::size_t End = 0;
+  while (End < Text.size() && IsDigit(Text[End])) {
+    ++End;
+  }
+  const std::uint64_t Value = DigitsValue(Text.substr(0, End), Negative);
+  return static_cast<int>(static_cast<std::uint32_t>(Negative ? ~Value + 1 : Value));
+}
+
+/// A number in decimal, with a minus sign when negative, for the time of one expression.
+class Decimal {
+ public:
+  explicit Decimal(int Number)
+      : End(std::to_chars(Digits.data(), Digits.data() + Digits.size(), Number).ptr) {}
+
+  Decimal(const Decimal&) = delete;
+  Decimal& operator=(const Decimal&) = delete;
+
+  operator std::string_view() const {
+    return {Digits.data(), static_cast<std::size_t>(End - Digits.data())};
+  }
+
+ private:
+  std::array<char, std::numeric_limits<int>::digits10 + 2> Digits;
+  const char* End;
+};
+
+/// Appends some texts at once, with one change of size.
+inline void Append(std::string& TextReturn, std::initializer_list<std::string_view> Texts) {
+  std::size_t Size = TextReturn.size();
+  for (const std::string_view Text : Texts) {
+    Size += Text.size();
+  }
+  std::size_t Position = TextReturn.size();
+  TextReturn.resize(Size);
+  for (const std::string_view Text : Texts) {
+    Position += Text.copy(TextReturn.data() + Position, Text.size());
+  }
+}
+
+}  // namespace TrRuleInternal

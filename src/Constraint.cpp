@@ -1,0 +1,305 @@
+// Sections, in the order of the header: lifecycle and order, writing, plain accessors, the agreed
+// index, reading a constraint text.
+
+#include "Constraint.h"
+
+#include "Ascii.h"
+#include "Halt.h"
+#include "PieceCutter.h"
+
+#include <algorithm>
+#include <iostream>
+#include <string_view>
+#include <utility>
+
+using TrRuleInternal::Append;
+using TrRuleInternal::Contains;
+using TrRuleInternal::CutInTwo;
+using TrRuleInternal::IsDigit;
+using TrRuleInternal::IsSpace;
+using TrRuleInternal::PiecePair;
+using TrRuleInternal::StartsWith;
+using TrRuleInternal::ToInt;
+
+namespace {
+
+constexpr int UnknownCategory = -1;
+constexpr int UnknownIndex = -1;
+constexpr int UnknownRank = -1;
+constexpr std::string_view WholeNode = "all";
+
+}  // namespace
+
+// ---- Lifecycle and order ----------------------------------------------------------------------
+
+Constraint::Constraint() : Constraint(UnknownCategory, UnknownIndex, "", "", UnknownRank, true) {}
+
+Constraint::Constraint(int CategoryPassIn, int ConstrainedIndexPassIn, std::string FeaturePassIn,
+                       std::string FeatValuePassIn, int RankInCategoryPassIn,
+                       bool ValueConstraintPassIn)
+    : Category(CategoryPassIn),
+      ConstrainedIndex(ConstrainedIndexPassIn),
+      Feature(std::move(FeaturePassIn)),
+      FeatValue(std::move(FeatValuePassIn)),
+      RankInCategory(RankInCategoryPassIn),
+      ValueConstraint(ValueConstraintPassIn) {}
+
+Constraint::Constraint(std::string ConstraintPassIn) : Constraint() {
+  std::string Compact;
+  TrRuleInternal::MakeUpper(ConstraintPassIn);
+  Parse(ConstraintPassIn, Compact);
+}
+
+Constraint::Constraint(const Constraint& OtherPassIn) = default;
+
+Constraint::Constraint(Constraint&& OtherPassIn) noexcept = default;
+
+Constraint::~Constraint() = default;
+
+void Constraint::operator=(Constraint OtherPassIn) {
+  Category = OtherPassIn.Category;
+  ConstrainedIndex = OtherPassIn.ConstrainedIndex;
+  Feature = std::move(OtherPassIn.Feature);
+  FeatValue = std::move(OtherPassIn.FeatValue);
+  RankInCategory = OtherPassIn.RankInCategory;
+  ValueConstraint = OtherPassIn.ValueConstraint;
+}
+
+bool Constraint::operator<(Constraint OtherPassIn) const {
+  return ReturnAsString() < OtherPassIn.ReturnAsString();
+}
+
+// ---- Writing ----------------------------------------------------------------------------------
+
+std::string Constraint::ReturnAsString() const {
+  std::string Text;
+  AppendTo(Text);
+  return Text;
+}
+
+void Constraint::AppendTo(std::string& TextReturn) const {
+  const std::string_view Side = Category == 1 ? "X" : "Y";
+  const TrRuleInternal::Decimal Index(ConstrainedIndex);
+  if (ValueConstraint) {
+    Append(TextReturn, {"((", Side, Index, " ", Feature, ") = ", FeatValue, ")"});
+  } else if (Feature == WholeNode) {
+    Append(TextReturn, {"(", Side, Index, " = ", FeatValue, ")"});
+  } else {
+    Append(TextReturn, {"((", Side, Index, " ", Feature, ") = ", FeatValue, " ", Feature, "))"});
+  }
+}
+
+// ---- Plain accessors --------------------------------------------------------------------------
+
+void Constraint::SetCategory(int CategoryPassIn) {
+  if (CategoryPassIn < 1 || CategoryPassIn > 4) {
+    TrRuleInternal::Halt(HaltReason::CategoryRange,
+                         "Constraint::SetCategory must be called with 1,2,3, or 4.");
+  }
+  Category = CategoryPassIn;
+}
+
+int Constraint::GetCategory() const {
+  return Category;
+}
+
+void Constraint::SetConstrainedIndex(int ConstrainedIndexPassIn) {
+  ConstrainedIndex = ConstrainedIndexPassIn;
+}
+
+int Constraint::GetConstrainedIndex() const {
+  return ConstrainedIndex;
+}
+
+void Constraint::SetFeature(std::string FeaturePassIn) {
+  Feature = std::move(FeaturePassIn);
+}
+
+std::string Constraint::GetFeature() const {
+  return Feature;
+}
+
+void Constraint::SetFeatValue(std::string FeatValuePassIn) {
+  FeatValue = std::move(FeatValuePassIn);
+}
+
+std::string Constraint::GetFeatValue() const {
+  return FeatValue;
+}
+
+void Constraint::SetRankInCategory(int RankInCategoryPassIn) {
+  RankInCategory = RankInCategoryPassIn;
+}
+
+int Constraint::GetRankInCategory() const {
+  return RankInCategory;
+}
+
+void Constraint::SetValueConstraint(bool ValueConstraintPassIn) {
+  ValueConstraint = ValueConstraintPassIn;
+}
+
+bool Constraint::IsValueConstraint() const {
+  return ValueConstraint;
+}
+
+// ---- The agreed index -------------------------------------------------------------------------
+
+int Constraint::GetAgreedIndex(std::string FeatValuePassIn) const {
+  return AgreedIndexIn(FeatValuePassIn);
+}
+
+int Constraint::AgreedIndexIn(std::string_view FeatValue) {
+  constexpr std::size_t MaxNumber = 1000;
+  const std::size_t Letter = FeatValue.find_last_of("XY");
+  if (Letter == std::string_view::npos || Letter + 1 == FeatValue.size()) {
+    return UnknownIndex;
+  }
+  return ToInt(FeatValue.substr(Letter + 1, MaxNumber));
+}
+
+// ---- Reading a constraint text ----------------------------------------------------------------
+
+namespace {
+
+/// The text without leading and trailing white space.
+std::string_view Trimmed(std::string_view Text) {
+  constexpr std::size_t MaxRest = 100000;
+  return TrRuleInternal::WithoutTrailingSpace(TrRuleInternal::WithoutLeadingSpace(Text, MaxRest));
+}
+
+/// Whether the white space at `Position` separates a node's name from its feature: it follows a
+/// digit and is not the blank before "=" or "*". Such a blank is kept; the others mean nothing.
+bool IsFeatureBlank(std::string_view Text, std::size_t Position) {
+  if (Position == 0 || Position + 1 == Text.size() || !IsDigit(Text[Position - 1])) {
+    return false;
+  }
+  const char Next = Text[Position + 1];
+  return Next != '=' && Next != '*';
+}
+
+/// Gives the text without white space, but for one blank between a node's name and its feature.
+void Compact(std::string_view Text, std::string& CompactReturn) {
+  CompactReturn.resize(Text.size());
+  std::size_t Size = 0;
+  for (std::size_t Position = 0; Position < Text.size(); ++Position) {
+    if (!IsSpace(Text[Position])) {
+      CompactReturn[Size++] = Text[Position];
+    } else if (IsFeatureBlank(Text, Position)) {
+      CompactReturn[Size++] = ' ';
+    }
+  }
+  CompactReturn.resize(Size);
+}
+
+/// A node's name, "((X0" or "(Y12", without its parentheses and side letters.
+int ParseNodeIndex(std::string_view Node) {
+  const auto IsSkipped = [](char Byte) { return Byte == '(' || Byte == 'X' || Byte == 'Y'; };
+  const std::string_view Name = TrRuleInternal::DropFront(Node, IsSkipped);
+  if (std::none_of(Name.begin(), Name.end(), IsSkipped)) {
+    return ToInt(Name);
+  }
+  std::string Number(Name);
+  Number.erase(std::remove_if(Number.begin(), Number.end(), IsSkipped), Number.end());
+  return ToInt(Number);
+}
+
+/// The value that a right side holds: the text up to its first ")", which a disjunction gets
+/// back. A negation does not: "(*NOT* SG" is how such a value is kept and written.
+std::string ParseValue(std::string_view RightSide) {
+  std::string Value(RightSide.substr(0, RightSide.find(')')));
+  if (Contains(Value, "*OR*")) {
+    Value += ')';
+  }
+  return Value;
+}
+
+/// The category that the left side of a constraint gives by itself; unknown where it names no
+/// node.
+int CategoryOfNode(std::string_view LeftSide) {
+  if (Contains(LeftSide, "(X")) {
+    return 1;
+  }
+  if (Contains(LeftSide, "(Y")) {
+    return Contains(LeftSide, "(Y0") ? 3 : 4;
+  }
+  return UnknownCategory;
+}
+
+bool HasOnePiece(std::string_view Text, std::string_view Delimiter) {
+  TrRuleInternal::PieceCutter Cutter(Text, Delimiter);
+  std::string_view Piece;
+  return Cutter.Next(Piece) && !Cutter.Next(Piece);
+}
+
+}  // namespace
+
+Constraint::Constraint(std::string_view Text, std::string& UpperReturn, std::string& CompactReturn)
+    : Constraint() {
+  UpperReturn.assign(Text);
+  TrRuleInternal::MakeUpper(UpperReturn);
+  Parse(UpperReturn, CompactReturn);
+}
+
+void Constraint::Parse(std::string_view Upper, std::string& CompactReturn) {
+  if (!ParseSides(Upper, CompactReturn)) {
+    std::cerr << "ERROR in Constraint::Constraint(string): Constraint was not in correct format:|"
+              << Upper << "|\n";
+  }
+}
+
+// Constraint = Side "=" Side, any number of "=" counting as one.
+bool Constraint::ParseSides(std::string_view Upper, std::string& CompactReturn) {
+  const std::string_view Whole = Trimmed(Upper);
+  const std::optional<PiecePair> Sides = CutInTwo(Whole, "=");
+  if (!Sides) {
+    return false;
+  }
+  Compact(Whole, CompactReturn);
+  if (const std::optional<PiecePair> CompactSides = CutInTwo(CompactReturn, ")=")) {
+    ParseFeatureForm(CompactSides->First, CompactSides->Second, Trimmed(Sides->Second));
+    return true;
+  }
+  if (!HasOnePiece(CompactReturn, ")=")) {
+    return false;
+  }
+  if (const std::optional<PiecePair> CompactSides = CutInTwo(CompactReturn, "=")) {
+    ParseWholeNodeForm(CompactSides->First, CompactSides->Second);
+  }
+  return true;
+}
+
+// FeatureForm = "((" Side Index " " Feature ")=" ( "(" Side Index " " Feature "))" | Value ")" ).
+// A value is taken from the side as it was written, so that the blanks of a disjunction survive.
+void Constraint::ParseFeatureForm(std::string_view LeftSide, std::string_view RightSide,
+                                  std::string_view WrittenRightSide) {
+  ValueConstraint = !StartsWith(RightSide, "(X") && !StartsWith(RightSide, "(Y");
+  if (ValueConstraint && Contains(RightSide, ")")) {
+    FeatValue = ParseValue(WrittenRightSide);
+  } else if (!ValueConstraint && Contains(RightSide, " ")) {
+    FeatValue = RightSide.substr(0, RightSide.find(' '));
+  }
+  Category = CategoryOfNode(LeftSide);
+  if ((Category == 3 || Category == 4) && Contains(FeatValue, "X")) {
+    Category = 2;
+  }
+  const std::size_t Blank = LeftSide.find(' ');
+  ConstrainedIndex = ParseNodeIndex(LeftSide.substr(0, Blank));
+  if (Blank != std::string_view::npos) {
+    Feature = LeftSide.substr(Blank + 1);
+  }
+}
+
+// WholeNodeForm = "(" Side Index "=" ( Side Index | "(" Side Index " " Feature ")" ) ")".
+void Constraint::ParseWholeNodeForm(std::string_view LeftSide, std::string_view RightSide) {
+  ValueConstraint = false;
+  Feature = WholeNode;
+  Category = CategoryOfNode(LeftSide);
+  if (Category == UnknownCategory) {
+    Category = 4;
+  }
+  ConstrainedIndex = ParseNodeIndex(LeftSide.substr(0, LeftSide.find(' ')));
+  if (Contains(RightSide, ")")) {
+    FeatValue = ParseValue(RightSide);
+  }
+}

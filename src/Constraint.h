@@ -1,0 +1,135 @@
+#pragma once
+
+#include "Tokenizer.h"
+
+#include <string>
+#include <string_view>
+
+/// One feature constraint of a transfer rule: which node it constrains, which feature, and the
+/// value or the other node that it is tied to.
+///
+/// Worked example:
+/// @code
+///   Constraint Number("((y1 num) = sg)");
+///   Number.GetCategory();          // 4
+///   Number.GetConstrainedIndex();  // 1
+///   Number.GetFeature();           // "NUM"
+///   Number.GetFeatValue();         // "SG"
+///   Number.IsValueConstraint();    // true
+///   Number.ReturnAsString();       // "((Y1 NUM) = SG)"
+/// @endcode
+///
+/// Indices count the components of the rule from 1; index 0 is the rule's own node (x0, y0).
+/// Categories: 1, a source-side (x) node; 2, the feature of a target-side (y) node whose value
+/// mentions an x node; 3, the node y0; 4, another y node; -1, not known.
+///
+/// A text that is read and written back is not always the text that was read: docs/behaviour.md
+/// lists the differences.
+class __attribute__((visibility("default"))) Constraint {
+ public:
+  /// An empty value constraint: category, index and rank -1, feature and value empty.
+  Constraint();
+
+  /// Stores the six values unchanged; nothing is checked.
+  /// @param CategoryPassIn the category
+  /// @param ConstrainedIndexPassIn the constrained node, 0 for the rule's own
+  /// @param FeaturePassIn the feature path, or "all" for the whole node
+  /// @param FeatValuePassIn the value, or the node that is referred to
+  /// @param RankInCategoryPassIn the position among the constraints of the category
+  /// @param ValueConstraintPassIn whether the right side is a value
+  Constraint(int CategoryPassIn, int ConstrainedIndexPassIn, std::string FeaturePassIn,
+             std::string FeatValuePassIn, int RankInCategoryPassIn, bool ValueConstraintPassIn);
+
+  /// Reads one constraint text, for example "((x0 det) = x1)"; letters are upper-cased first.
+  ///
+  /// A text that is not in the format prints "ERROR in Constraint::Constraint(string): Constraint
+  /// was not in correct format:|", the upper-cased text, "|" and a line end on standard error and
+  /// leaves the constraint as `Constraint()` makes it. A whole-node text whose "=" signs leave
+  /// fewer than two sides does the same without a message. Nothing ends the process. Linear.
+  /// @param ConstraintPassIn the text
+  explicit Constraint(std::string ConstraintPassIn);
+
+  /// Copies the six values.
+  Constraint(const Constraint& OtherPassIn);
+
+  /// Takes the six values over.
+  Constraint(Constraint&& OtherPassIn) noexcept;
+
+  ~Constraint();
+
+  /// Takes the six values of the other constraint.
+  void operator=(Constraint OtherPassIn);
+
+  /// Orders constraints by their written text, byte by byte; rank and category count only where
+  /// the text shows them. Writes both texts for each comparison.
+  bool operator<(Constraint OtherPassIn) const;
+
+  /// The constraint as text: "((X0 DET) = X1)" for a value, "(X0 = X3)" for a whole node,
+  /// "((Y3 AGR) = (Y2 AGR))" for a node's feature. The side is X for category 1 and Y for every
+  /// other. Linear in the text.
+  std::string ReturnAsString() const;
+
+  /// Sets the category.
+  ///
+  /// Any other number than 1, 2, 3 or 4 prints "Constraint::SetCategory must be called with
+  /// 1,2,3, or 4." on standard error and ends the process with status 1.
+  /// @param CategoryPassIn the category
+  void SetCategory(int CategoryPassIn);
+  /// The category, -1 when not known.
+  int GetCategory() const;
+
+  /// Stores the number of the constrained node; not checked.
+  void SetConstrainedIndex(int ConstrainedIndexPassIn);
+  /// The number of the constrained node: from 1, 0 for the rule's own, -1 when not known.
+  int GetConstrainedIndex() const;
+
+  /// Stores the feature unchanged.
+  void SetFeature(std::string FeaturePassIn);
+  /// The feature, or "all" where the whole node is constrained.
+  std::string GetFeature() const;
+
+  /// Stores the value unchanged.
+  void SetFeatValue(std::string FeatValuePassIn);
+  /// The right side: a value ("SG"), a disjunction ("(*OR* SG PL)") or the opening of a node
+  /// reference ("X3", "(Y2", "(Y0 DET").
+  std::string GetFeatValue() const;
+
+  /// Stores the position among the constraints of the category; not checked.
+  void SetRankInCategory(int RankInCategoryPassIn);
+  /// The position among the constraints of the category, -1 when not known.
+  int GetRankInCategory() const;
+
+  /// Stores whether the right side is a value.
+  void SetValueConstraint(bool ValueConstraintPassIn);
+  /// Whether the right side is a value rather than a reference to another node.
+  bool IsValueConstraint() const;
+
+  /// The number of the node that a value text refers to: the number behind its last capital X or
+  /// Y, read from at most 1000 bytes. For example "(Y2" gives 2 and "(Y0 DET" gives 0.
+  /// @param FeatValuePassIn the text; the constraint's own members are not looked at
+  /// @return the number, -1 when there is no such letter or nothing behind it
+  int GetAgreedIndex(std::string FeatValuePassIn) const;
+
+ private:
+  // A rule reads and writes its constraints in place.
+  friend class TrRule;
+
+  /// Reads a text in storage that is used again for the next one.
+  Constraint(std::string_view Text, std::string& UpperReturn, std::string& CompactReturn);
+
+  void AppendTo(std::string& TextReturn) const;
+  static int AgreedIndexIn(std::string_view FeatValue);
+  void Parse(std::string_view Upper, std::string& CompactReturn);
+  bool ParseSides(std::string_view Upper, std::string& CompactReturn);
+  void ParseFeatureForm(std::string_view LeftSide, std::string_view RightSide,
+                        std::string_view WrittenRightSide);
+  void ParseWholeNodeForm(std::string_view LeftSide, std::string_view RightSide);
+
+  int Category;
+  int ConstrainedIndex;
+  std::string Feature;
+  std::string FeatValue;
+  int RankInCategory;
+  bool ValueConstraint;
+  [[maybe_unused]] Tokenizer Tokenize;
+};

@@ -1,0 +1,1639 @@
+// Sections, in the order of the header: lifecycle, comparison, words, label sequences,
+// word-to-component maps, plain members, alignments, reading, writing, constraints, flipping,
+// alternatives.
+
+#include "TrRule.h"
+
+#include "AlignmentText.h"
+#include "Ascii.h"
+#include "DependencyOrder.h"
+#include "PieceCutter.h"
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+#include <iterator>
+#include <optional>
+
+using TrRuleInternal::Append;
+using TrRuleInternal::Contains;
+using TrRuleInternal::CutInTwo;
+using TrRuleInternal::CutInTwoTrimmed;
+using TrRuleInternal::Decimal;
+using TrRuleInternal::DropBack;
+using TrRuleInternal::DropFront;
+using TrRuleInternal::Halt;
+using TrRuleInternal::IsSpace;
+using TrRuleInternal::PieceCutter;
+using TrRuleInternal::PiecePair;
+using TrRuleInternal::StartsWith;
+using TrRuleInternal::ToInt;
+
+namespace {
+
+/// Whether the traces of a level are on.
+bool Traces(int Level) {
+  return GlobalParams::DebuggingLevel == Level;
+}
+
+/// A predicate for `DropFront` and `DropBack`: any byte but the given one.
+auto AnyBut(char Kept) {
+  return [Kept](char Byte) { return Byte != Kept; };
+}
+
+}  // namespace
+
+// ---- Lifecycle --------------------------------------------------------------------------------
+
+TrRule::TrRule() = default;
+
+TrRule::TrRule(const TrRule& OtherPassIn)
+    : SLWords(OtherPassIn.SLWords),
+      vsAllSLSents(OtherPassIn.vsAllSLSents),
+      SLPOS(OtherPassIn.SLPOS),
+      WordLevelSLPOS(OtherPassIn.WordLevelSLPOS),
+      SLPOSFromParse(OtherPassIn.SLPOSFromParse),
+      TLPOSFromParse(OtherPassIn.TLPOSFromParse),
+      vvsAllWordLevelSLPOSs(OtherPassIn.vvsAllWordLevelSLPOSs),
+      TLWords(OtherPassIn.TLWords),
+      vsAllTLSents(OtherPassIn.vsAllTLSents),
+      TLPOS(OtherPassIn.TLPOS),
+      WordLevelTLPOS(OtherPassIn.WordLevelTLPOS),
+      vvsAllWordLevelTLPOSs(OtherPassIn.vvsAllWordLevelTLPOSs),
+      AlignmentString(OtherPassIn.AlignmentString),
+      sWordLevelAl(OtherPassIn.sWordLevelAl),
+      vsAllAlignments(OtherPassIn.vsAllAlignments),
+      CStructure(OtherPassIn.CStructure),
+      vsAllCStructures(OtherPassIn.vsAllCStructures),
+      SLType(OtherPassIn.SLType),
+      TLType(OtherPassIn.TLType),
+      ConstraintsMap(OtherPassIn.ConstraintsMap),
+      RuleIndex(OtherPassIn.RuleIndex),
+      CSet(OtherPassIn.CSet),
+      SLWord2Comp(OtherPassIn.SLWord2Comp),
+      vmiiAllSLWord2Comps(OtherPassIn.vmiiAllSLWord2Comps),
+      TLWord2Comp(OtherPassIn.TLWord2Comp),
+      vmiiAllTLWord2Comps(OtherPassIn.vmiiAllTLWord2Comps),
+      NumTrExamples(OtherPassIn.NumTrExamples),
+      HeadIndex(OtherPassIn.HeadIndex),
+      XHeadIndex(OtherPassIn.XHeadIndex),
+      YHeadIndex(OtherPassIn.YHeadIndex) {
+  if (Traces(4)) {
+    std::cout << "In TrRule's copy constructor.\n";
+  }
+  ReorderAlignments();
+}
+
+void TrRule::operator=(TrRule OtherTR) {
+  if (Traces(3)) {
+    std::cout << "In TrRule's overloaded assignment operator.\n";
+  }
+  SLWords = std::move(OtherTR.SLWords);
+  vsAllSLSents = std::move(OtherTR.vsAllSLSents);
+  SLPOS = std::move(OtherTR.SLPOS);
+  WordLevelSLPOS = std::move(OtherTR.WordLevelSLPOS);
+  SLPOSFromParse = std::move(OtherTR.SLPOSFromParse);
+  TLPOSFromParse = std::move(OtherTR.TLPOSFromParse);
+  vvsAllWordLevelSLPOSs = std::move(OtherTR.vvsAllWordLevelSLPOSs);
+  TLWords = std::move(OtherTR.TLWords);
+  vsAllTLSents = std::move(OtherTR.vsAllTLSents);
+  TLPOS = std::move(OtherTR.TLPOS);
+  WordLevelTLPOS = std::move(OtherTR.WordLevelTLPOS);
+  vvsAllWordLevelTLPOSs = std::move(OtherTR.vvsAllWordLevelTLPOSs);
+  AlignmentString = std::move(OtherTR.AlignmentString);
+  sWordLevelAl = std::move(OtherTR.sWordLevelAl);
+  vsAllAlignments = std::move(OtherTR.vsAllAlignments);
+  CStructure = std::move(OtherTR.CStructure);
+  vsAllCStructures = std::move(OtherTR.vsAllCStructures);
+  SLType = std::move(OtherTR.SLType);
+  TLType = std::move(OtherTR.TLType);
+  ConstraintsMap = std::move(OtherTR.ConstraintsMap);
+  RuleIndex = OtherTR.RuleIndex;
+  CSet = std::move(OtherTR.CSet);
+  SLWord2Comp = std::move(OtherTR.SLWord2Comp);
+  vmiiAllSLWord2Comps = std::move(OtherTR.vmiiAllSLWord2Comps);
+  TLWord2Comp = std::move(OtherTR.TLWord2Comp);
+  vmiiAllTLWord2Comps = std::move(OtherTR.vmiiAllTLWord2Comps);
+  NumTrExamples = OtherTR.NumTrExamples;
+  HeadIndex = OtherTR.HeadIndex;
+  XHeadIndex = OtherTR.XHeadIndex;
+  YHeadIndex = OtherTR.YHeadIndex;
+  if (Traces(3)) {
+    std::cout << "Leaving TrRule's overloaded assignment operator, rule is now:";
+    Print();
+  }
+}
+
+TrRule::~TrRule() = default;
+
+// ---- Comparison -------------------------------------------------------------------------------
+
+bool TrRule::operator<(TrRule other) const {
+  if (Traces(1)) {
+    std::cout << "In TrRule's overloaded less than operator.\n";
+  }
+  // The texts are those of two further copies. Making them can be seen where copying is traced,
+  // or changes or reports alignments that are not in order; elsewhere they are left out.
+  if (!Traces(4) && HasCanonicalAlignments() && other.HasCanonicalAlignments()) {
+    const std::string OtherText = other.ComparisonText();
+    return ComparisonText() < OtherText;
+  }
+  const TrRule ThisCopy(*this);
+  const TrRule OtherCopy(other);
+  const std::string OtherText = OtherCopy.ComparisonText();
+  return ThisCopy.ComparisonText() < OtherText;
+}
+
+bool TrRule::HasCanonicalAlignments() const {
+  return AlignmentString.empty() || TrRuleInternal::IsCanonical(AlignmentString);
+}
+
+namespace {
+
+using ConstraintMap = std::map<std::string, Constraint>;
+
+/// Walks two maps of one size side by side up to the first keys that differ.
+bool HaveSameKeys(const ConstraintMap& Left, const ConstraintMap& Right) {
+  auto RightEntry = Right.begin();
+  for (const auto& [LeftKey, LeftConstraint] : Left) {
+    const std::string& RightKey = RightEntry->first;
+    if (Traces(1)) {
+      std::cout << "Comparing:" << LeftKey << " and " << RightKey << '\n';
+    }
+    if (LeftKey != RightKey) {
+      return false;
+    }
+    ++RightEntry;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool TrRule::operator==(TrRule other) const {
+  if (Traces(1)) {
+    std::cout << "In overloaded operator==.\n";
+  }
+  if (SLWords != other.SLWords || SLPOS != other.SLPOS || TLWords != other.TLWords ||
+      TLPOS != other.TLPOS || AlignmentString != other.AlignmentString || SLType != other.SLType ||
+      TLType != other.TLType) {
+    return false;
+  }
+  if (NumTrExamples != other.NumTrExamples) {
+    return NumTrExamples < other.NumTrExamples;
+  }
+  if (ConstraintsMap.size() != other.ConstraintsMap.size()) {
+    return false;
+  }
+  if (Traces(1)) {
+    std::cout << "Now comparing constraints.\n";
+  }
+  return HaveSameKeys(ConstraintsMap, other.ConstraintsMap);
+}
+
+// ---- Words ------------------------------------------------------------------------------------
+
+namespace {
+
+std::vector<std::string> UpperAll(std::vector<std::string> vsTexts) {
+  for (std::string& sText : vsTexts) {
+    TrRuleInternal::MakeUpper(sText);
+  }
+  return vsTexts;
+}
+
+std::vector<std::string> ParseWords(const Tokenizer& Tokenize, std::string sSentence) {
+  return Tokenize(TrRuleInternal::Upper(std::move(sSentence)), " ", true);
+}
+
+void AppendJoined(std::string& TextReturn, const std::vector<std::string>& vsTexts) {
+  for (const std::string& sText : vsTexts) {
+    if (&sText != &vsTexts.front()) {
+      TextReturn += ' ';
+    }
+    TextReturn += sText;
+  }
+}
+
+std::string Joined(const std::vector<std::string>& vsTexts) {
+  std::string Text;
+  AppendJoined(Text, vsTexts);
+  return Text;
+}
+
+}  // namespace
+
+void TrRule::SetSLWords(std::vector<std::string> SLWordsPassIn) {
+  SLWords = UpperAll(std::move(SLWordsPassIn));
+}
+
+void TrRule::SetSLWords(std::string SLSent) {
+  SLWords = ParseWords(Tokenize, std::move(SLSent));
+}
+
+std::vector<std::string> TrRule::GetSLWords() const {
+  return SLWords;
+}
+
+std::string TrRule::GetSLString() const {
+  return Joined(SLWords);
+}
+
+void TrRule::SetTLWords(std::vector<std::string> TLWordsPassIn) {
+  TLWords = UpperAll(std::move(TLWordsPassIn));
+  for (std::string& sWord : TLWords) {
+    sWord = StringUtils::ReplaceAll(std::move(sWord), "\"", "\\\"");
+    sWord = StringUtils::ReplaceAll(std::move(sWord), "'", "\\'");
+  }
+}
+
+void TrRule::SetTLWords(std::string TLSent) {
+  TLWords = ParseWords(Tokenize, std::move(TLSent));
+}
+
+std::vector<std::string> TrRule::GetTLWords() const {
+  return TLWords;
+}
+
+std::string TrRule::GetTLString() const {
+  return Joined(TLWords);
+}
+
+// ---- Label sequences --------------------------------------------------------------------------
+
+namespace {
+
+void PrintEntries(const std::map<int, int>& miiMap) {
+  for (const auto& [Word, Component] : miiMap) {
+    std::cout << std::to_string(Word) + "--" + std::to_string(Component) + '\n';
+  }
+}
+
+/// The trace of a setter that has renewed a map: which map, and which setter.
+void TraceRenewedMap(std::string_view Map, std::string_view Setter,
+                     const std::map<int, int>& miiMap) {
+  if (Traces(1)) {
+    std::cout << "Now printing inited " << Map << " map (from " << Setter << ").\n";
+    PrintEntries(miiMap);
+  }
+}
+
+// Labels = { " " } { Label " " { " " } }; what trimming leaves empty is no label.
+std::vector<std::string> ParseLabels(std::string_view Text) {
+  std::vector<std::string> vsLabels;
+  vsLabels.reserve(static_cast<std::size_t>(std::count(Text.begin(), Text.end(), ' ')) + 1);
+  PieceCutter Pieces(Text, " ");
+  for (std::string_view Piece; Pieces.Next(Piece);) {
+    const std::string_view Label = TrRuleInternal::TrimmedPiece(Piece);
+    if (!Label.empty()) {
+      vsLabels.emplace_back(Label);
+    }
+  }
+  return vsLabels;
+}
+
+}  // namespace
+
+void TrRule::SetSLPOS(std::vector<std::string> SLPOSPassIn) {
+  SLPOS = UpperAll(std::move(SLPOSPassIn));
+  InitSLWord2Comp();
+  TraceRenewedMap("SLWord2Comp", "SetSLPOS", SLWord2Comp);
+}
+
+void TrRule::SetSLPOS(std::string SLPOSStrPassIn) {
+  SetSLPOS(ParseLabels(SLPOSStrPassIn));
+}
+
+std::vector<std::string> TrRule::GetSLPOS() const {
+  return SLPOS;
+}
+
+void TrRule::SetWordLevelSLPOS(std::vector<std::string> WordLevelSLPOSPassIn) {
+  WordLevelSLPOS = UpperAll(std::move(WordLevelSLPOSPassIn));
+  InitSLWord2Comp();
+  TraceRenewedMap("SLWord2Comp", "SetWordLevelSLPOS", SLWord2Comp);
+}
+
+void TrRule::SetWordLevelSLPOS(std::string WordLevelSLPOSStrPassIn) {
+  SetWordLevelSLPOS(ParseLabels(WordLevelSLPOSStrPassIn));
+}
+
+std::vector<std::string> TrRule::GetWordLevelSLPOS() const {
+  return WordLevelSLPOS;
+}
+
+void TrRule::SetSLPOSFromParse(std::vector<std::string> SLPOSFromParsePassIn) {
+  SLPOSFromParse = UpperAll(std::move(SLPOSFromParsePassIn));
+  InitSLWord2Comp();
+  TraceRenewedMap("SLWord2Comp", "SetSLPOSFromParse", SLWord2Comp);
+}
+
+void TrRule::SetSLPOSFromParse(std::string SLPOSFromParseStrPassIn) {
+  SetSLPOSFromParse(ParseLabels(SLPOSFromParseStrPassIn));
+}
+
+std::vector<std::string> TrRule::GetSLPOSFromParse() const {
+  return SLPOSFromParse;
+}
+
+std::vector<std::string> TrRule::GetTLPOSFromParseAfterFlipping() const {
+  return TLPOSFromParse;
+}
+
+void TrRule::SetTLPOS(std::vector<std::string> TLPOSPassIn) {
+  TLPOS = UpperAll(std::move(TLPOSPassIn));
+  InitTLWord2Comp();
+  TraceRenewedMap("TLWord2Comp", "SetTLPOS", TLWord2Comp);
+}
+
+void TrRule::SetTLPOS(std::string TLPOSStrPassIn) {
+  SetTLPOS(ParseLabels(TLPOSStrPassIn));
+}
+
+std::vector<std::string> TrRule::GetTLPOS() const {
+  return TLPOS;
+}
+
+void TrRule::SetWordLevelTLPOS(std::vector<std::string> WordLevelTLPOSPassIn) {
+  WordLevelTLPOS = UpperAll(std::move(WordLevelTLPOSPassIn));
+  InitTLWord2Comp();
+  TraceRenewedMap("TLWord2Comp", "SetWordLevelTLPOS", TLWord2Comp);
+}
+
+void TrRule::SetWordLevelTLPOS(std::string WordLevelTLPOSStrPassIn) {
+  SetWordLevelTLPOS(ParseLabels(WordLevelTLPOSStrPassIn));
+}
+
+std::vector<std::string> TrRule::GetWordLevelTLPOS() const {
+  return WordLevelTLPOS;
+}
+
+// ---- Word-to-component maps -------------------------------------------------------------------
+
+namespace {
+
+/// Maps each position to itself where every word is a component; entries that are there stay.
+void InitWord2Comp(const std::vector<std::string>& vsWords,
+                   const std::vector<std::string>& vsLabels, std::string_view Name,
+                   std::map<int, int>& miiMapReturn) {
+  if (vsWords.size() == vsLabels.size()) {
+    const int Size = static_cast<int>(vsWords.size());
+    for (int Position = 0; Position < Size; ++Position) {
+      miiMapReturn.emplace(Position, Position);
+    }
+  } else {
+    miiMapReturn.clear();
+  }
+  if (Traces(1)) {
+    std::cout << "Now printing inited " << Name << " map.\n";
+    PrintEntries(miiMapReturn);
+  }
+}
+
+/// Sets the map of a side together with the one of its first alternative.
+void SetWord2Comp(std::map<int, int> miiMap, std::map<int, int>& miiMapReturn,
+                  std::vector<std::map<int, int>>& vmiiAllReturn) {
+  if (vmiiAllReturn.empty()) {
+    vmiiAllReturn.emplace_back();
+  }
+  vmiiAllReturn.front() = miiMap;
+  miiMapReturn = std::move(miiMap);
+}
+
+}  // namespace
+
+void TrRule::InitSLWord2Comp() {
+  InitWord2Comp(SLWords, SLPOS, "SLWord2Comp", SLWord2Comp);
+}
+
+void TrRule::InitTLWord2Comp() {
+  InitWord2Comp(TLWords, TLPOS, "TLWord2Comp", TLWord2Comp);
+}
+
+void TrRule::SetSLWord2Comp(std::map<int, int> SLWord2CompPassIn) {
+  SetWord2Comp(std::move(SLWord2CompPassIn), SLWord2Comp, vmiiAllSLWord2Comps);
+}
+
+std::map<int, int> TrRule::GetSLWord2Comp() const {
+  return SLWord2Comp;
+}
+
+void TrRule::SetTLWord2Comp(std::map<int, int> TLWord2CompPassIn) {
+  SetWord2Comp(std::move(TLWord2CompPassIn), TLWord2Comp, vmiiAllTLWord2Comps);
+}
+
+std::map<int, int> TrRule::GetTLWord2Comp() const {
+  return TLWord2Comp;
+}
+
+// ---- Plain members ----------------------------------------------------------------------------
+
+void TrRule::SetCStructure(std::string CStructurePassIn) {
+  if (Traces(1)) {
+    std::cout << "Setting CStructure:|" << CStructurePassIn << "|\n";
+  }
+  CStructure = std::move(CStructurePassIn);
+}
+
+std::string TrRule::GetCStructure() const {
+  return CStructure;
+}
+
+void TrRule::SetSLType(std::string SLTypePassIn) {
+  SLType = std::move(SLTypePassIn);
+}
+
+std::string TrRule::GetSLType() const {
+  return SLType;
+}
+
+void TrRule::SetTLType(std::string TLTypePassIn) {
+  TLType = std::move(TLTypePassIn);
+}
+
+std::string TrRule::GetTLType() const {
+  return TLType;
+}
+
+void TrRule::SetRuleIndex(int RuleIndexPassIn) {
+  RuleIndex = RuleIndexPassIn;
+}
+
+int TrRule::GetRuleIndex() const {
+  return RuleIndex;
+}
+
+void TrRule::SetCSet(std::set<int> CSetPassIn) {
+  CSet = std::move(CSetPassIn);
+}
+
+std::set<int> TrRule::GetCSet() const {
+  return CSet;
+}
+
+void TrRule::AddToCSet(int CSetElemPassIn) {
+  CSet.insert(CSetElemPassIn);
+}
+
+void TrRule::ClearCSet() {
+  CSet.clear();
+}
+
+void TrRule::SetNumTrExamples(int NumTrExamplesPassIn) {
+  NumTrExamples = NumTrExamplesPassIn;
+}
+
+int TrRule::GetNumTrExamples() const {
+  return NumTrExamples;
+}
+
+void TrRule::IncrementNumTrExamples() {
+  // Any count can have been set; at the largest one the unsigned sum wraps where ++ must not.
+  NumTrExamples = static_cast<int>(static_cast<unsigned>(NumTrExamples) + 1U);
+}
+
+void TrRule::SetHeadIndex(int iHead) {
+  HeadIndex = iHead;
+}
+
+int TrRule::GetHeadIndex() const {
+  return HeadIndex;
+}
+
+void TrRule::SetXHeadIndex(int iHead) {
+  XHeadIndex = iHead;
+}
+
+int TrRule::GetXHeadIndex() const {
+  return XHeadIndex;
+}
+
+void TrRule::SetYHeadIndex(int iHead) {
+  YHeadIndex = iHead;
+}
+
+int TrRule::GetYHeadIndex() const {
+  return YHeadIndex;
+}
+
+// ---- Alignments -------------------------------------------------------------------------------
+
+void TrRule::SetAlignment(std::string AlignmentStringPassIn) {
+  AlignmentString = std::move(AlignmentStringPassIn);
+  ReorderAlignments();
+}
+
+namespace {
+
+void TraceAlignmentLine(std::string_view Line) {
+  if (Traces(1)) {
+    std::cout << "In TrRule::AddAlignment, string is:|" << Line << "|\n";
+  }
+}
+
+// XSide = "(X" x
+std::optional<std::string_view> ParseXSide(std::string_view Side) {
+  if (Side.size() > 2 && StartsWith(Side, "(X")) {
+    return Side.substr(2);
+  }
+  std::cout << "ERROR in TrRule::AddAlignment: x information missing or incorrect.\n";
+  return std::nullopt;
+}
+
+// YSide = "Y" y ")"
+std::optional<std::string_view> ParseYSide(std::string_view Side) {
+  if (Side.size() > 2 && Side.front() == 'Y' && Side.back() == ')') {
+    return Side.substr(1, Side.size() - 2);
+  }
+  std::cout << "ERROR in TrRule::AddAlignment, y information missing or incorrect.\n";
+  return std::nullopt;
+}
+
+/// Puts a pair behind the others of an alignment string, in place of its last parenthesis.
+void AppendPair(std::string& AlignmentsReturn, std::string_view X, std::string_view Y) {
+  if (AlignmentsReturn.empty()) {
+    AlignmentsReturn = "(";
+  } else {
+    AlignmentsReturn.back() = ',';
+  }
+  Append(AlignmentsReturn, {"(", X, ",", Y, "))"});
+}
+
+}  // namespace
+
+// AlignmentLine = any XSide "::" YSide any
+bool TrRule::AddAlignment(std::string AlignmentPassIn) {
+  const std::string Upper = TrRuleInternal::Upper(std::move(AlignmentPassIn));
+  TraceAlignmentLine(Upper);
+  const std::string_view Line = DropBack(DropFront(Upper, AnyBut('(')), AnyBut(')'));
+  if (Line.empty()) {
+    return false;
+  }
+  TraceAlignmentLine(Line);
+  const std::optional<PiecePair> Sides = CutInTwoTrimmed(Line, "::");
+  if (!Sides) {
+    return false;
+  }
+  const std::optional<std::string_view> X = ParseXSide(Sides->First);
+  const std::optional<std::string_view> Y = X ? ParseYSide(Sides->Second) : std::nullopt;
+  if (!Y) {
+    return false;
+  }
+  AppendPair(AlignmentString, *X, *Y);
+  if (Traces(1)) {
+    std::cout << "At the end of AddAlignment, AlignmentString is:" << AlignmentString << '\n';
+  }
+  ReorderAlignments();
+  return true;
+}
+
+std::string TrRule::GetAlignmentStr() const {
+  return AlignmentString;
+}
+
+std::vector<std::string> TrRule::GetAlignments() const {
+  std::vector<std::string> vsLines;
+  for (const auto& [X, Y] : TrRuleInternal::DisplayPairs(AlignmentString)) {
+    AppendAlignmentLine(vsLines.emplace_back(), X, Y);
+  }
+  return vsLines;
+}
+
+void TrRule::SetsWordLevelAl(std::string sWordLevelAlPassIn) {
+  sWordLevelAl = std::move(sWordLevelAlPassIn);
+}
+
+std::string TrRule::GetsWordLevelAl() const {
+  return sWordLevelAl;
+}
+
+namespace {
+
+[[noreturn]] void HaltForAlignmentFormat(const std::string& Alignments) {
+  Halt(HaltReason::AlignmentFormat, "Alignment string was not in correct format:|" + Alignments +
+                                        "|\nNewAl[0] is:" + Alignments.front() +
+                                        "\nNewAl[NewAl.length()-1] is:" + Alignments.back());
+}
+
+void ReportMissing(TrRuleInternal::MissingIndex Which, const std::string& Alignments) {
+  const bool IsX = Which == TrRuleInternal::MissingIndex::X;
+  std::cerr << (IsX ? "ALIGNMENT" : "Alignment") << " string is not in correct format:|"
+            << Alignments << "|\n";
+}
+
+}  // namespace
+
+void TrRule::ReorderAlignments() {
+  if (Traces(4)) {
+    std::cout << "In ReorderAlignments, AlignmentString is:" << AlignmentString;
+  }
+  if (!TrRuleInternal::HasOuterParentheses(AlignmentString)) {
+    HaltForAlignmentFormat(AlignmentString);
+  }
+  if (AlignmentString.empty()) {
+    return;
+  }
+  if (!HasCanonicalAlignments()) {
+    std::vector<TrRuleInternal::MissingIndex> vMissing;
+    std::string Canonical = TrRuleInternal::CanonicalAlignments(AlignmentString, vMissing);
+    for (const TrRuleInternal::MissingIndex Which : vMissing) {
+      ReportMissing(Which, AlignmentString);
+    }
+    AlignmentString = std::move(Canonical);
+  }
+  if (Traces(4)) {
+    std::cout << "At the end of ReorderAlignments, AlignmentString is:" << AlignmentString << '\n';
+  }
+}
+
+std::string TrRule::GetReversedAlignments(std::string AlignmentStringPassIn) {
+  if (Traces(1)) {
+    std::cout << "In TrRule::GetReversedAlignments() AlignmentString is:|" << AlignmentString
+              << "|\n";
+  }
+  if (AlignmentStringPassIn.empty()) {
+    return AlignmentStringPassIn;
+  }
+  std::optional<std::string> Reversed = TrRuleInternal::ReversedAlignments(AlignmentStringPassIn);
+  if (!Reversed) {
+    Halt(HaltReason::ReversedAlignmentFormat,
+         "ERROR in TrRule::GetReversedAlignments: incorrect alignment string:|" +
+             AlignmentStringPassIn + "|");
+  }
+  if (Traces(1)) {
+    std::cout << "In TrRule::GetReversedAlignments() ReturnAlStr is:|" << *Reversed << "|\n";
+  }
+  return *std::move(Reversed);
+}
+
+namespace {
+
+/// A literal word stands in double quotes; one quote alone is both its first and its last.
+bool IsQuoted(const std::string& sLabel) {
+  return !sLabel.empty() && sLabel.front() == '"' && sLabel.back() == '"';
+}
+
+}  // namespace
+
+bool TrRule::IsLexicalized(int IndPassIn, int Type) const {
+  if (Type != 1 && Type != 2) {
+    Halt(HaltReason::LexicalizedType,
+         "TrRule::IsLexicalized(int IndPassIn, int Type) must be called with a type of either 1 "
+         "(for X,SL) or 2 (Y,TL).");
+  }
+  const std::vector<std::string>& vsLabels = Type == 1 ? SLPOS : TLPOS;
+  const auto Index = static_cast<std::size_t>(IndPassIn);
+  if (Index == 0 || Index > vsLabels.size()) {
+    std::cerr << "TrRule::IsLexicalized called with invalid " << (Type == 1 ? 'x' : 'y')
+              << " index:" << std::to_string(IndPassIn) << ", where there are "
+              << std::to_string(vsLabels.size()) << " indices.\n";
+    return false;
+  }
+  return IsQuoted(vsLabels[Index - 1]);
+}
+
+// ---- Reading ----------------------------------------------------------------------------------
+
+namespace {
+
+/// Prints what the reader stopped at.
+/// @return false, for the reader to hand on
+bool ReadError(std::string_view What) {
+  std::cerr << "Error in SetTrRuleFromStr: " << What << '\n';
+  return false;
+}
+
+std::string_view WithoutReturn(std::string_view Line) {
+  return !Line.empty() && Line.back() == '\r' ? Line.substr(0, Line.size() - 1) : Line;
+}
+
+/// Sequence = "[" Labels "]". Empty where there is none; "[]" gives "]", which is a label.
+std::string_view ParseSequence(std::string_view Part) {
+  if (!Contains(Part, "[") || !Contains(Part, "]")) {
+    return {};
+  }
+  std::string_view Sequence = DropFront(Part, AnyBut('['));
+  if (Sequence.size() > 1) {
+    Sequence.remove_prefix(1);
+  }
+  Sequence = DropBack(Sequence, AnyBut(']'));
+  if (Sequence.size() > 1) {
+    Sequence.remove_suffix(1);
+  }
+  return Sequence;
+}
+
+}  // namespace
+
+// RuleText = { Line "\n" }, in any order
+bool TrRule::SetTrRuleFromString(std::string TRStringPassIn) {
+  ReadState State;
+  PieceCutter Lines(TRStringPassIn, "\n");
+  for (std::string_view Line; Lines.Next(Line);) {
+    if (!ParseLine(WithoutReturn(Line), State)) {
+      return false;
+    }
+  }
+  if (!State.HasTypeLine || !State.HasAlignment) {
+    return ReadError("Couldn't set rule -- something missing.");
+  }
+  vsAllAlignments.push_back(AlignmentString);
+  if (Traces(1)) {
+    std::cout << "Successfully read in a transfer rule from a string:\n";
+    Print();
+  }
+  return true;
+}
+
+namespace {
+
+/// What a line holds, and so what it is read as.
+struct LineMarks {
+  bool Comment = false;
+  bool Header = false;
+  bool TypeLine = false;
+  bool Alignment = false;
+  bool Constraint = false;
+};
+
+/// Notes the mark that a text begins with.
+void MarkAt(std::string_view Text, LineMarks& MarksReturn) {
+  switch (Text.front()) {
+    case ';':
+      MarksReturn.Comment = MarksReturn.Comment || StartsWith(Text, ";;");
+      break;
+    case '{':
+      MarksReturn.Header = true;
+      break;
+    case ']':
+      MarksReturn.TypeLine = MarksReturn.TypeLine || StartsWith(Text, "] -> [");
+      break;
+    case ':':
+      MarksReturn.Alignment = MarksReturn.Alignment || StartsWith(Text, "::");
+      break;
+    default:
+      MarksReturn.Constraint = true;
+      break;
+  }
+}
+
+/// The bytes that begin a mark, as a table: most bytes of a line are none.
+constexpr std::array<bool, 256> MarkBytes() {
+  std::array<bool, 256> Table{};
+  for (const char Byte : {';', '{', ']', ':', '='}) {
+    Table[static_cast<unsigned char>(Byte)] = true;
+  }
+  return Table;
+}
+
+/// Looks at each byte of a line once.
+LineMarks MarksOf(std::string_view Line) {
+  static constexpr std::array<bool, 256> IsMark = MarkBytes();
+  LineMarks Marks;
+  for (std::size_t Position = 0; Position < Line.size(); ++Position) {
+    if (!IsMark[static_cast<unsigned char>(Line[Position])]) {
+      continue;
+    }
+    MarkAt(Line.substr(Position), Marks);
+  }
+  return Marks;
+}
+
+}  // namespace
+
+// Line = [ Comment ] [ Header ] [ TypeLine | AlignmentLine | ConstraintText ]
+//
+// What a line is follows from what it holds: a comment is read as the other kinds, too.
+bool TrRule::ParseLine(std::string_view Line, ReadState& StateReturn) {
+  const LineMarks Marks = MarksOf(Line);
+  if (Marks.Comment) {
+    Comments.emplace_back(Line);
+  }
+  if (Marks.Header) {
+    ParseHeader(Line);
+  }
+  if (Marks.TypeLine) {
+    if (StateReturn.HasTypeLine) {
+      return ReadError("duplicate type and const seq information.");
+    }
+    StateReturn.HasTypeLine = true;
+    return ParseTypeAndSequences(Line);
+  }
+  if (Marks.Alignment) {
+    StateReturn.HasAlignment = true;
+    return AddAlignment(std::string(Line)) ||
+           ReadError("Alignment couldn't be set:" + std::string(Line));
+  }
+  if (Marks.Constraint) {
+    InsertConstraintIntoMap(Constraint(Line, StateReturn.Upper, StateReturn.Compact));
+  }
+  return true;
+}
+
+// Header = any "{" Type "," any Digit "}" any
+//
+// The type is cut behind its second letter when the brace comes first, and only the last digit of
+// the number is read; grammars rely on both.
+void TrRule::ParseHeader(std::string_view Line) {
+  PieceCutter Pieces(Line, ",");
+  std::string_view TypePiece;
+  std::string_view NumberPiece;
+  if (!Pieces.Next(TypePiece) || !Pieces.Next(NumberPiece)) {
+    return;
+  }
+  const std::size_t Open = TypePiece.find('{');
+  const std::size_t Close = NumberPiece.find('}');
+  if (Open == std::string_view::npos || Close == std::string_view::npos || Close == 0) {
+    return;
+  }
+  POS = TypePiece.substr(Open + 1, Open + 2);
+  RuleIndex = ToInt(NumberPiece.substr(Close - 1, 1));
+}
+
+// TypeLine = SLPart " -> " TLPart; a part without "::" is a TL part, wherever it stands.
+bool TrRule::ParseTypeAndSequences(std::string_view Line) {
+  PieceCutter Parts(Line, " -> ");
+  for (std::string_view Part; Parts.Next(Part);) {
+    if (Traces(1)) {
+      std::cout << "TrRule::SetTrRuleFromString: TypeAndConstSeq part is " << Part << '\n';
+    }
+    if (!(Contains(Part, "::") ? ParseSLPart(Part) : ParseTLPart(Part))) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// SLPart = SLType "::" TLType " " any Sequence any
+bool TrRule::ParseSLPart(std::string_view Part) {
+  std::string_view TypeWord;
+  PieceCutter(Part, " ").Next(TypeWord);
+  const std::optional<PiecePair> Types =
+      Contains(TypeWord, "::") ? CutInTwo(TypeWord, "::") : std::nullopt;
+  if (!Types) {
+    return ReadError("missing or incorrect type information.");
+  }
+  if (Traces(1)) {
+    std::cout << "Setting SL type:" << Types->First << '\n';
+  }
+  SetSLType(std::string(Types->First));
+  if (Traces(1)) {
+    std::cout << "Setting TL type:" << Types->Second << '\n';
+  }
+  SetTLType(std::string(Types->Second));
+  const std::string_view Sequence = ParseSequence(Part);
+  if (Sequence.empty()) {
+    return ReadError("missing or incorrect sl const seq information.");
+  }
+  SetSLPOS(ParseLabels(Sequence));
+  SetWordLevelSLPOS(SLPOS);
+  return true;
+}
+
+// TLPart = any Sequence any
+bool TrRule::ParseTLPart(std::string_view Part) {
+  const std::string_view Sequence = ParseSequence(Part);
+  if (Sequence.empty()) {
+    return ReadError("missing or incorrect tl const seq information.");
+  }
+  SetTLPOS(ParseLabels(Sequence));
+  SetWordLevelTLPOS(TLPOS);
+  return true;
+}
+
+// ---- Writing ----------------------------------------------------------------------------------
+
+namespace {
+
+constexpr std::string_view BlockStart = "\n(\n";
+
+void AppendHeader(std::string& TextReturn, const std::string& Type, int RuleIndex) {
+  Append(TextReturn, {"{", Type, ",", Decimal(RuleIndex), "}\n"});
+}
+
+void AppendWordsLine(std::string& TextReturn, std::string_view Label,
+                     const std::vector<std::string>& vsWords) {
+  TextReturn += Label;
+  for (const std::string& sWord : vsWords) {
+    Append(TextReturn, {" ", sWord});
+  }
+  TextReturn += '\n';
+}
+
+void AppendScoreLine(std::string& TextReturn, int NumTrExamples) {
+  Append(TextReturn, {";;Score:", Decimal(NumTrExamples), "\n"});
+}
+
+void AppendTextLine(std::string& TextReturn, std::string_view Label, const std::string& sText) {
+  Append(TextReturn, {Label, sText, "\n"});
+}
+
+void AppendMapLine(std::string& TextReturn, std::string_view Label,
+                   const std::map<int, int>& miiMap) {
+  TextReturn += Label;
+  for (const auto& [Word, Component] : miiMap) {
+    Append(TextReturn, {"\t", Decimal(Word), "->", Decimal(Component), ","});
+  }
+  TextReturn += '\n';
+}
+
+void AppendListLine(std::string& TextReturn, std::string_view Label,
+                    const std::vector<std::string>& vsTexts) {
+  TextReturn += Label;
+  for (const std::string& sText : vsTexts) {
+    Append(TextReturn, {"\t", sText});
+  }
+  TextReturn += '\n';
+}
+
+void PrintLines(const std::vector<std::string>& vsLines) {
+  for (const std::string& sLine : vsLines) {
+    std::cout << sLine << std::endl;
+  }
+}
+
+}  // namespace
+
+void TrRule::AppendRuleLine(std::string& TextReturn) const {
+  Append(TextReturn, {SLType, "::", TLType, " ["});
+  AppendJoined(TextReturn, SLPOS);
+  TextReturn += "] -> [";
+  AppendJoined(TextReturn, TLPOS);
+  TextReturn += ']';
+}
+
+void TrRule::AppendAlignmentLine(std::string& TextReturn, std::string_view X,
+                                 std::string_view Y) const {
+  constexpr int SourceSide = 1;
+  constexpr int TargetSide = 2;
+  const bool Lexicalized =
+      IsLexicalized(ToInt(X), SourceSide) || IsLexicalized(ToInt(Y), TargetSide);
+  Append(TextReturn, {Lexicalized ? ";--;(X" : "(X", X, "::Y", Y, ")"});
+}
+
+void TrRule::AppendAlignments(std::string& TextReturn) const {
+  AppendRuleLine(TextReturn);
+  TextReturn += BlockStart;
+  for (const auto& [X, Y] : TrRuleInternal::DisplayPairs(AlignmentString)) {
+    AppendAlignmentLine(TextReturn, X, Y);
+    TextReturn += '\n';
+  }
+}
+
+void TrRule::AppendBlock(std::string& TextReturn) const {
+  AppendAlignments(TextReturn);
+  for (const Constraint* Each : ConstraintsInPrintOrder()) {
+    Each->AppendTo(TextReturn);
+    TextReturn += '\n';
+  }
+  TextReturn += ')';
+}
+
+/// About as much room as a rule's block needs, so that its text is seldom moved while it grows.
+std::size_t TrRule::ExpectedBlockSize() const {
+  constexpr std::size_t LabelSize = 8;
+  constexpr std::size_t ConstraintSize = 32;
+  constexpr std::size_t Rest = 32;
+  return (SLPOS.size() + TLPOS.size()) * LabelSize + AlignmentString.size() * 2 +
+         ConstraintsMap.size() * ConstraintSize + Rest;
+}
+
+/// The same for the lines before the block.
+std::size_t TrRule::ExpectedExampleSize() const {
+  constexpr std::size_t WordSize = 12;
+  constexpr std::size_t Rest = 64;
+  return (SLWords.size() + TLWords.size()) * WordSize + CStructure.size() + Rest;
+}
+
+void TrRule::AppendExample(std::string& TextReturn) const {
+  AppendHeader(TextReturn, SLType, RuleIndex);
+  AppendWordsLine(TextReturn, ";;SL:", SLWords);
+  AppendWordsLine(TextReturn, ";;TL:", TLWords);
+  if (!CStructure.empty()) {
+    AppendTextLine(TextReturn, ";;C-Structure:", CStructure);
+  }
+  AppendScoreLine(TextReturn, NumTrExamples);
+}
+
+void TrRule::Print() {
+  PrintLines(Comments);
+  std::string Lines;
+  AppendHeader(Lines, POS, RuleIndex);
+  AppendRuleLine(Lines);
+  std::cout << Lines << std::endl;
+  std::cout << '(' << std::endl;
+  PrintLines(GetAlignments());
+  PrintLines(GetConstraintsInPrintOrder());
+  std::cout << ')' << std::endl;
+}
+
+std::string TrRule::ReturnAsStringForPrintNoConstraints() const {
+  std::string Text;
+  Text.reserve(ExpectedExampleSize() + ExpectedBlockSize());
+  AppendExample(Text);
+  AppendAlignments(Text);
+  Text += ')';
+  return Text;
+}
+
+std::string TrRule::ReturnAsStringForPrint() {
+  std::string Text;
+  Text.reserve(ExpectedExampleSize() + ExpectedBlockSize());
+  AppendExample(Text);
+  AppendBlock(Text);
+  return Text;
+}
+
+std::string TrRule::ReturnAsStringWithAllAlts() {
+  std::string Text;
+  for (std::size_t Alt = 0; Alt < vsAllSLSents.size(); ++Alt) {
+    AppendTextLine(Text, ";;SL_alt:", vsAllSLSents[Alt]);
+    AppendTextLine(Text, ";;TL_alt:", vsAllTLSents[Alt]);
+    AppendTextLine(Text, ";;Alignment_alt:", vsAllAlignments[Alt]);
+    AppendTextLine(Text, ";;CStructure_alt:", vsAllCStructures[Alt]);
+    AppendMapLine(Text, ";;SLWord2Comp_alt:", vmiiAllSLWord2Comps[Alt]);
+    AppendMapLine(Text, ";;TLWord2Comp_alt:", vmiiAllTLWord2Comps[Alt]);
+    AppendListLine(Text, ";;WordLevelSLPOS_alt:", vvsAllWordLevelSLPOSs[Alt]);
+    AppendListLine(Text, ";;WordLevelTLPOS_alt:", vvsAllWordLevelTLPOSs[Alt]);
+  }
+  AppendMapLine(Text, ";;SLWord2Comp:", SLWord2Comp);
+  // The rule's own TL map has no label to itself; stored texts carry that of the alternatives.
+  AppendMapLine(Text, ";;TLWord2Comp_alt:", TLWord2Comp);
+  AppendListLine(Text, ";;WordLevelSLPOS:", WordLevelSLPOS);
+  AppendListLine(Text, ";;WordLevelTLPOS:", WordLevelTLPOS);
+  AppendScoreLine(Text, NumTrExamples);
+  AppendBlock(Text);
+  return Text;
+}
+
+std::string TrRule::ReturnAsStringForComparison() {
+  return ComparisonText();
+}
+
+std::string TrRule::ComparisonText() const {
+  std::string Text;
+  Text.reserve(ExpectedBlockSize() + WordLevelTLPOS.size() * 8);
+  Text += ';';
+  for (const std::string& sLabel : WordLevelTLPOS) {
+    Append(Text, {sLabel, " "});
+  }
+  Text += '\n';
+  AppendBlock(Text);
+  return Text;
+}
+
+namespace {
+
+/// An agreement constraint with the index that its value refers to.
+struct Agreement {
+  int Index;
+  int AgreedIndex;
+  const Constraint* Stored;
+};
+
+/// How the order of a group of categories fails; the position in the array is the group's number.
+struct GroupFailure {
+  HaltReason What;
+  const char* Message;
+};
+
+constexpr std::size_t Category2Group = 1;
+constexpr std::array<GroupFailure, 3> GroupFailures{{
+    {HaltReason::Category1Order,
+     "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category1 order."},
+    {HaltReason::Category2Order,
+     "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category2 order."},
+    {HaltReason::Category3and4Order,
+     "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category3and4 order."},
+}};
+using AgreementGroups = std::array<std::vector<Agreement>, GroupFailures.size()>;
+
+/// The group of a category; nothing for categories that are not printed.
+std::optional<std::size_t> GroupOfCategory(int Category) {
+  if (Category < 1 || Category > 4) {
+    return std::nullopt;
+  }
+  return Category == 4 ? 2 : static_cast<std::size_t>(Category - 1);
+}
+
+/// Category 2 is ordered by index alone: there a constraint refers to nothing but itself.
+std::vector<TrRuleInternal::Reference> ReferencesOf(const std::vector<Agreement>& vAgreements,
+                                                    bool ByIndexAlone) {
+  std::vector<TrRuleInternal::Reference> vReferences;
+  vReferences.reserve(vAgreements.size());
+  for (const Agreement& Each : vAgreements) {
+    vReferences.push_back({Each.Index, ByIndexAlone ? Each.Index : Each.AgreedIndex});
+  }
+  return vReferences;
+}
+
+bool HasLowerIndex(const Agreement& Left, const Agreement& Right) {
+  return Left.Index < Right.Index;
+}
+
+/// Appends the constraints of a group, index by index in the order of their references; those of
+/// one index stay in key order.
+void AppendInOrder(std::vector<Agreement>& vGroup, std::size_t Group,
+                   std::vector<const Constraint*>& vOrderReturn) {
+  if (vGroup.empty()) {
+    return;
+  }
+  const auto& [What, Message] = GroupFailures[Group];
+  const std::vector<int> vIndices =
+      TrRuleInternal::OrderOrHalt(ReferencesOf(vGroup, Group == Category2Group), What, Message);
+  std::stable_sort(vGroup.begin(), vGroup.end(), HasLowerIndex);
+  for (const int Index : vIndices) {
+    const auto [First, Last] =
+        std::equal_range(vGroup.begin(), vGroup.end(), Agreement{Index, 0, nullptr}, HasLowerIndex);
+    for (auto Each = First; Each != Last; ++Each) {
+      vOrderReturn.push_back(Each->Stored);
+    }
+  }
+}
+
+}  // namespace
+
+std::vector<const Constraint*> TrRule::ConstraintsInPrintOrder() const {
+  std::vector<const Constraint*> vOrder;
+  vOrder.reserve(ConstraintsMap.size());
+  AgreementGroups Groups;
+  for (const auto& [Key, Stored] : ConstraintsMap) {
+    if (Stored.ValueConstraint) {
+      vOrder.push_back(&Stored);
+      continue;
+    }
+    const int AgreedIndex = Constraint::AgreedIndexIn(Stored.FeatValue);
+    if (AgreedIndex == -1) {
+      Halt(HaltReason::AgreedIndex,
+           "ERROR in TrRule::GetConstraintsInPrintOrder. Can't find agreed index for constraint " +
+               Stored.ReturnAsString());
+    }
+    if (const std::optional<std::size_t> Group = GroupOfCategory(Stored.Category)) {
+      Groups[*Group].push_back({Stored.ConstrainedIndex, AgreedIndex, &Stored});
+    }
+  }
+  for (std::size_t Group = 0; Group < Groups.size(); ++Group) {
+    AppendInOrder(Groups[Group], Group, vOrder);
+  }
+  return vOrder;
+}
+
+std::vector<std::string> TrRule::GetConstraintsInPrintOrder() {
+  std::vector<std::string> vsReturn;
+  for (const Constraint* Each : ConstraintsInPrintOrder()) {
+    vsReturn.push_back(Each->ReturnAsString());
+  }
+  return vsReturn;
+}
+
+// ---- Constraints ------------------------------------------------------------------------------
+
+namespace {
+
+/// Stands for a value that is not there, in arguments and in results.
+constexpr std::string_view NoValue = "empty";
+
+/// The beginning of a key, up to the value, with room for the value.
+std::string KeyPrefix(int Category, int ConstrainedIndex, std::string_view Feature,
+                      std::string_view Value) {
+  constexpr std::size_t RoomForNumbers = 10;
+  std::string Prefix;
+  Prefix.reserve(RoomForNumbers + Feature.size() + Value.size());
+  Append(Prefix, {Decimal(Category), "__", Decimal(ConstrainedIndex), "__", Feature, "__"});
+  return Prefix;
+}
+
+}  // namespace
+
+void TrRule::SetConstraint(int CategoryPassIn, int ConstrainedIndexPassIn,
+                           std::string FeaturePassIn, std::string FeatValuePassIn,
+                           int RankInCategoryPassIn, bool ValueConstraintPassIn) {
+  InsertConstraintIntoMap(Constraint(CategoryPassIn, ConstrainedIndexPassIn,
+                                     std::move(FeaturePassIn), std::move(FeatValuePassIn),
+                                     RankInCategoryPassIn, ValueConstraintPassIn));
+}
+
+void TrRule::SetConstraint(std::string ConstraintPassIn) {
+  InsertConstraintIntoMap(Constraint(std::move(ConstraintPassIn)));
+}
+
+namespace {
+
+void PrintIncorrectConstraint(const std::string& Text) {
+  std::cout << "Constraint was not in correct format:" << Text << '\n';
+}
+
+std::optional<PiecePair> CutConstraintInTwo(std::string_view Piece, std::string_view Delimiter,
+                                            const std::string& Text) {
+  std::optional<PiecePair> Pieces = CutInTwoTrimmed(Piece, Delimiter);
+  if (!Pieces) {
+    std::cerr << "ERROR in TrRule::SetConstraint: Constraint does not have correct format:" << Text
+              << '\n';
+  }
+  return Pieces;
+}
+
+/// What is left of a text that refers to a node on its right side. Such a text should read "(Xi =
+/// Xj)", with one "(" in front of its first blank; but it is taken for a reference because its
+/// right side holds one, so the text either has more than one or lacks the one on the left, and
+/// no index can be read from it. The value is looked for all the same: it would end at the last
+/// ")" and begin behind the blank before that.
+void RejectAgreement(const std::string& Text) {
+  if (Text.find('(') != Text.rfind('(')) {
+    Halt(HaltReason::ComplexAgreement,
+         "Expected simple agreement consraint of the form (Xi = Xj), but got complex agreement "
+         "constraint.");
+  }
+  PrintIncorrectConstraint(Text);
+  const std::size_t Close = Text.rfind(')');
+  if (Close == std::string::npos || !Contains(std::string_view(Text).substr(0, Close), " ")) {
+    PrintIncorrectConstraint(Text);
+  }
+}
+
+bool IsSpaceOrClose(char Byte) {
+  return IsSpace(Byte) || Byte == ')';
+}
+
+// Node = { "(" | "X" | "Y" | white space } Index
+int ParseIndexOfNode(std::string_view Node) {
+  const auto IsSkipped = [](char Byte) {
+    return IsSpace(Byte) || Byte == '(' || Byte == 'X' || Byte == 'Y';
+  };
+  return ToInt(DropFront(Node, IsSkipped));
+}
+
+// RightSide = Value ")", where a value with "*OR*" or "*NOT*" is the text's last parenthesis.
+std::optional<std::string_view> ParseRightSide(std::string_view RightSide,
+                                               const std::string& Text) {
+  if (!Contains(RightSide, "*OR*") && !Contains(RightSide, "*NOT*")) {
+    return DropBack(DropFront(RightSide, IsSpace), IsSpaceOrClose);
+  }
+  const std::size_t Open = Text.rfind('(');
+  const std::size_t Close = Text.rfind(')');
+  if (Open == std::string::npos || Close == std::string::npos || Close < Open) {
+    PrintIncorrectConstraint(Text);
+    return std::nullopt;
+  }
+  return std::string_view(Text).substr(Open, Close - Open);
+}
+
+}  // namespace
+
+// ConstraintText = Node " " Feature ")" " = " RightSide
+void TrRule::SetConstraint(std::string ConstraintPassIn, int RankInCategoryPassIn,
+                           int CategoryPassIn) {
+  const std::string& Text = ConstraintPassIn;
+  if (Traces(1)) {
+    std::cout << "In SetConstraint, ConstraintPassIn is:" << Text << '\n';
+  }
+  const std::optional<PiecePair> Sides = CutConstraintInTwo(Text, " = ", Text);
+  if (!Sides) {
+    return;
+  }
+  if (Contains(Sides->Second, "(X") || Contains(Sides->Second, "(Y")) {
+    RejectAgreement(Text);
+    return;
+  }
+  const std::optional<PiecePair> Node = CutConstraintInTwo(Sides->First, " ", Text);
+  if (!Node) {
+    return;
+  }
+  if (const std::optional<std::string_view> Value = ParseRightSide(Sides->Second, Text)) {
+    const std::string_view Feature = DropBack(DropFront(Node->Second, IsSpace), IsSpaceOrClose);
+    SetConstraint(CategoryPassIn, ParseIndexOfNode(Node->First), std::string(Feature),
+                  std::string(*Value), RankInCategoryPassIn, true);
+  }
+}
+
+void TrRule::SetConstraint(int ConstrainedIndexPassIn, std::string FeaturePassIn,
+                           std::string FeatValuePassIn, std::string FeatAgrPassIn,
+                           int RankInCategoryPassIn, int CategoryPassIn) {
+  const bool IsValue = FeatValuePassIn != NoValue;
+  Constraint New;
+  New.SetConstrainedIndex(ConstrainedIndexPassIn);
+  New.SetFeature(std::move(FeaturePassIn));
+  New.SetFeatValue(IsValue ? std::move(FeatValuePassIn) : std::move(FeatAgrPassIn));
+  New.SetRankInCategory(RankInCategoryPassIn);
+  New.SetValueConstraint(IsValue);
+  New.SetCategory(CategoryPassIn);
+  InsertConstraintIntoMap(std::move(New));
+}
+
+namespace {
+
+/// The alternatives of a value, "(*OR* SG PL)" or "SG", that are not in the set yet; they are
+/// added to it and appended to the text, each behind a blank.
+void AppendAlternatives(const std::string& Value, std::set<std::string>& ssTakenReturn,
+                        std::string& TextReturn) {
+  PieceCutter Pieces(Value, " ");
+  for (std::string_view Piece; Pieces.Next(Piece);) {
+    std::string Alternative(TrRuleInternal::TrimmedPiece(Piece));
+    Alternative = StringUtils::ReplaceAll(std::move(Alternative), "(*OR*", "");
+    Alternative = StringUtils::ReplaceAll(std::move(Alternative), ")", "");
+    if (!Alternative.empty() && ssTakenReturn.insert(Alternative).second) {
+      TextReturn.append(" ").append(Alternative);
+    }
+  }
+}
+
+std::string MergedValue(const std::string& OldValue, const std::string& NewValue) {
+  std::set<std::string> ssTaken;
+  std::string Merged = "(*OR*";
+  AppendAlternatives(OldValue, ssTaken, Merged);
+  AppendAlternatives(NewValue, ssTaken, Merged);
+  return Merged += ')';
+}
+
+/// Whether an entry beside the place of a key begins with the prefix of that key; all entries that
+/// do stand together.
+bool HasNeighbour(const ConstraintMap& Constraints, ConstraintMap::const_iterator Place,
+                  std::string_view Prefix) {
+  return (Place != Constraints.end() && StartsWith(Place->first, Prefix)) ||
+         (Place != Constraints.begin() && StartsWith(std::prev(Place)->first, Prefix));
+}
+
+}  // namespace
+
+bool TrRule::InsertConstraintIntoMap(Constraint ConstraintPassIn) {
+  std::string Key = KeyPrefix(ConstraintPassIn.Category, ConstraintPassIn.ConstrainedIndex,
+                              ConstraintPassIn.Feature, ConstraintPassIn.FeatValue);
+  const std::size_t PrefixSize = Key.size();
+  Key += ConstraintPassIn.FeatValue;
+  auto Place = ConstraintsMap.lower_bound(Key);
+  if (Place != ConstraintsMap.end() && Place->first == Key) {
+    return false;
+  }
+  const std::string_view Prefix = std::string_view(Key).substr(0, PrefixSize);
+  if (ConstraintPassIn.ValueConstraint && HasNeighbour(ConstraintsMap, Place, Prefix)) {
+    MergeStoredValues(ConstraintPassIn, std::string(Prefix));
+    Key.replace(PrefixSize, std::string::npos, ConstraintPassIn.FeatValue);
+    Place = ConstraintsMap.lower_bound(Key);
+  }
+  ConstraintsMap.emplace_hint(Place, std::move(Key), std::move(ConstraintPassIn));
+  return true;
+}
+
+void TrRule::MergeStoredValues(Constraint& ConstraintReturn, const std::string& Prefix) {
+  auto Entry = ConstraintsMap.lower_bound(Prefix);
+  while (Entry != ConstraintsMap.end() && StartsWith(Entry->first, Prefix)) {
+    if (!Entry->second.ValueConstraint) {
+      ++Entry;
+      continue;
+    }
+    const std::string& OldValue = Entry->second.FeatValue;
+    std::string& NewValue = ConstraintReturn.FeatValue;
+    std::cout << "OldFeat:|" << OldValue << "|\nInsertFeat:|" << NewValue << "|\n";
+    NewValue = MergedValue(OldValue, NewValue);
+    std::cout << "NewKey is now:" << Prefix << NewValue << '\n';
+    Entry = ConstraintsMap.erase(Entry);
+  }
+}
+
+namespace {
+
+void TraceKeys(std::string_view Header, const ConstraintMap& Constraints) {
+  if (!Traces(1)) {
+    return;
+  }
+  std::cout << Header << '\n';
+  for (const auto& [Key, Stored] : Constraints) {
+    std::cout << "Constraint:" << Key << '\n';
+  }
+}
+
+[[noreturn]] void HaltForOtherValue(const std::string& Key) {
+  Halt(HaltReason::EraseNeverReturns,
+       "TrRule::EraseConstraint never returns where the first constraint on the feature has "
+       "another value:|" +
+           Key + "|");
+}
+
+}  // namespace
+
+bool TrRule::EraseConstraint(int ConstrainedIndexPassIn, std::string FeaturePassIn,
+                             std::string FeatValuePassIn, std::string FeatAgrPassIn,
+                             std::set<int> CategorySet) {
+  TraceKeys("Now erasing constraint.\nConstraints map before erasing:", ConstraintsMap);
+  const auto Qualifies = [&](const ConstraintMap::value_type& Entry) {
+    const Constraint& Stored = Entry.second;
+    return Stored.GetConstrainedIndex() == ConstrainedIndexPassIn &&
+           CategorySet.count(Stored.GetCategory()) > 0 && Stored.GetFeature() == FeaturePassIn;
+  };
+  const auto Found = std::find_if(ConstraintsMap.begin(), ConstraintsMap.end(), Qualifies);
+  const bool HasFound = Found != ConstraintsMap.end();
+  if (HasFound) {
+    const std::string Value = Found->second.GetFeatValue();
+    if (Value != FeatValuePassIn && Value != FeatAgrPassIn) {
+      HaltForOtherValue(Found->first);
+    }
+    const std::string& ErasedValue = FeatValuePassIn != NoValue ? FeatValuePassIn : FeatAgrPassIn;
+    ConstraintsMap.erase(
+        KeyPrefix(Found->second.GetCategory(), ConstrainedIndexPassIn, FeaturePassIn, ErasedValue) +
+        ErasedValue);
+  }
+  TraceKeys("Constraints map after erasing:", ConstraintsMap);
+  return HasFound;
+}
+
+bool TrRule::EraseCategoryConstraints(int CategoryPassIn) {
+  for (auto Entry = ConstraintsMap.begin(); Entry != ConstraintsMap.end();) {
+    Entry = Entry->second.GetCategory() == CategoryPassIn ? ConstraintsMap.erase(Entry)
+                                                          : std::next(Entry);
+  }
+  return true;
+}
+
+void TrRule::ClearConstraints() {
+  ConstraintsMap.clear();
+}
+
+int TrRule::GetNumConstraints() const {
+  return static_cast<int>(ConstraintsMap.size());
+}
+
+namespace {
+
+/// Collects what `Make` makes of each constraint that is wanted, in key order.
+template <typename CollectionT, typename WantedT, typename MakeT>
+CollectionT Collect(const ConstraintMap& Constraints, WantedT Wanted, MakeT Make) {
+  CollectionT Collection;
+  for (const auto& [Key, Stored] : Constraints) {
+    if (Wanted(Stored)) {
+      Collection.insert(Collection.end(), Make(Stored));
+    }
+  }
+  return Collection;
+}
+
+bool IsAny(const Constraint& /*Stored*/) {
+  return true;
+}
+
+/// A predicate for the constraints of a category; 5 stands for 3 and 4 together.
+auto IsOfCategory(int Selector) {
+  constexpr int AnyTargetNode = 5;
+  return [Selector](const Constraint& Stored) {
+    const int Category = Stored.GetCategory();
+    return Selector == AnyTargetNode ? Category == 3 || Category == 4 : Category == Selector;
+  };
+}
+
+std::string TextOf(const Constraint& Stored) {
+  return Stored.ReturnAsString();
+}
+
+Constraint CopyOf(const Constraint& Stored) {
+  return Stored;
+}
+
+}  // namespace
+
+std::vector<std::string> TrRule::GetConstraints() const {
+  return Collect<std::vector<std::string>>(ConstraintsMap, IsAny, TextOf);
+}
+
+std::vector<std::string> TrRule::GetConstraints(int CategoryPassIn) const {
+  return Collect<std::vector<std::string>>(ConstraintsMap, IsOfCategory(CategoryPassIn), TextOf);
+}
+
+std::set<std::string> TrRule::GetConstraintsAsSet() const {
+  return Collect<std::set<std::string>>(ConstraintsMap, IsAny, TextOf);
+}
+
+std::set<std::string> TrRule::GetConstraintsAsSet(int CategoryPassIn) const {
+  return Collect<std::set<std::string>>(ConstraintsMap, IsOfCategory(CategoryPassIn), TextOf);
+}
+
+std::set<Constraint> TrRule::GetConstraintsAsSetC() const {
+  return Collect<std::set<Constraint>>(ConstraintsMap, IsAny, CopyOf);
+}
+
+std::set<Constraint> TrRule::GetConstraintsAsSetC(int CategoryPassIn) const {
+  return Collect<std::set<Constraint>>(ConstraintsMap, IsOfCategory(CategoryPassIn), CopyOf);
+}
+
+std::map<std::string, std::pair<std::string, std::string>> TrRule::GetConstraintsForInd(
+    int ConstrainedIndexPassIn, std::set<int> CategorySet) const {
+  std::map<std::string, std::pair<std::string, std::string>> mspReturn;
+  for (const auto& [Key, Stored] : ConstraintsMap) {
+    if (Stored.GetConstrainedIndex() == ConstrainedIndexPassIn &&
+        CategorySet.count(Stored.GetCategory()) > 0) {
+      std::pair<std::string, std::string> Values(Stored.GetFeatValue(), NoValue);
+      if (!Stored.IsValueConstraint()) {
+        std::swap(Values.first, Values.second);
+      }
+      mspReturn.emplace(Stored.GetFeature(), std::move(Values));
+    }
+  }
+  return mspReturn;
+}
+
+// ---- Flipping ---------------------------------------------------------------------------------
+
+namespace {
+
+void PrintFlippedMap(std::string_view Map, const std::map<int, int>& miiMap) {
+  std::cout << "Now printing flipped " << Map << " map.\n";
+  PrintEntries(miiMap);
+}
+
+void TraceFlippedMaps(const std::map<int, int>& miiSL, const std::map<int, int>& miiTL) {
+  if (Traces(1)) {
+    PrintFlippedMap("SLWord2Comp", miiSL);
+    PrintFlippedMap("TLWord2Comp", miiTL);
+  }
+}
+
+}  // namespace
+
+void TrRule::FlipRuleNoConstraints() {
+  if (Traces(1)) {
+    std::cout << "In FlipRule.\n";
+    Print();
+    PrintFlippedMap("SLWord2Comp", SLWord2Comp);
+  }
+  SLWords.swap(TLWords);
+  SLPOS.swap(TLPOS);
+  WordLevelSLPOS.swap(WordLevelTLPOS);
+  TLPOSFromParse = std::move(SLPOSFromParse);
+  SLPOSFromParse.clear();
+  vvsAllWordLevelSLPOSs.swap(vvsAllWordLevelTLPOSs);
+  vsAllSLSents.swap(vsAllTLSents);
+  for (std::string& sAlignments : vsAllAlignments) {
+    sAlignments = GetReversedAlignments(sAlignments);
+  }
+  AlignmentString = GetReversedAlignments(AlignmentString);
+  sWordLevelAl = GetReversedAlignments(sWordLevelAl);
+  SLType.swap(TLType);
+  TraceFlippedMaps(SLWord2Comp, TLWord2Comp);
+  SLWord2Comp.swap(TLWord2Comp);
+  vmiiAllSLWord2Comps.swap(vmiiAllTLWord2Comps);
+  TraceFlippedMaps(SLWord2Comp, TLWord2Comp);
+}
+
+bool TrRule::IsOneToOne(int XPassIn, int YPassIn) const {
+  LineUp Index;
+  std::set<int> siPartners;
+  Index.GetEq(AlignmentString, XPassIn, siPartners);
+  if (siPartners.size() >= 2) {
+    return false;
+  }
+  siPartners.clear();
+  Index.GetEqFromY(AlignmentString, YPassIn, siPartners);
+  return siPartners.size() < 2;
+}
+
+// ---- Alternatives -----------------------------------------------------------------------------
+
+void TrRule::AddAlterTrInfo(std::string AltSLSentPassIn, std::string AltTLSentPassIn,
+                            std::string AltAlignmentPassIn, std::string AltCStructurePassIn,
+                            std::map<int, int> AltSLWord2CompMapPassIn,
+                            std::map<int, int> AltTLWord2CompMapPassIn,
+                            std::vector<std::string> AltWordLevelSLPOSPassIn,
+                            std::vector<std::string> AltWordLevelTLPOSPassIn) {
+  vsAllSLSents.push_back(std::move(AltSLSentPassIn));
+  vsAllTLSents.push_back(std::move(AltTLSentPassIn));
+  vsAllAlignments.push_back(std::move(AltAlignmentPassIn));
+  vsAllCStructures.push_back(std::move(AltCStructurePassIn));
+  vmiiAllSLWord2Comps.push_back(std::move(AltSLWord2CompMapPassIn));
+  vmiiAllTLWord2Comps.push_back(std::move(AltTLWord2CompMapPassIn));
+  vvsAllWordLevelSLPOSs.push_back(std::move(AltWordLevelSLPOSPassIn));
+  vvsAllWordLevelTLPOSs.push_back(std::move(AltWordLevelTLPOSPassIn));
+}
+
+bool TrRule::AddAlterTrInfo() {
+  AddAlterTrInfo(GetSLString(), GetTLString(), AlignmentString, CStructure, SLWord2Comp,
+                 TLWord2Comp, WordLevelSLPOS, WordLevelTLPOS);
+  return true;
+}
+
+bool TrRule::ResetAlterTrInfo() {
+  vsAllSLSents.clear();
+  vsAllTLSents.clear();
+  vsAllAlignments.clear();
+  vsAllCStructures.clear();
+  vmiiAllSLWord2Comps.clear();
+  vmiiAllTLWord2Comps.clear();
+  vvsAllWordLevelSLPOSs.clear();
+  vvsAllWordLevelTLPOSs.clear();
+  return AddAlterTrInfo();
+}
+
+void TrRule::GetAllAlts(std::vector<std::string>& vsAllSLSentsReturn,
+                        std::vector<std::string>& vsAllTLSentsReturn,
+                        std::vector<std::string>& vsAllAlignmentsReturn,
+                        std::vector<std::string>& vsAllCStructuresReturn,
+                        std::vector<std::map<int, int>>& vmiiAllSLWord2CompsReturn,
+                        std::vector<std::map<int, int>>& vmiiAllTLWord2CompsReturn,
+                        std::vector<std::vector<std::string>>& vvsAllWordLevelSLPOSsReturn,
+                        std::vector<std::vector<std::string>>& vvsAllWordLevelTLPOSsReturn) const {
+  vsAllSLSentsReturn = vsAllSLSents;
+  vsAllTLSentsReturn = vsAllTLSents;
+  vsAllAlignmentsReturn = vsAllAlignments;
+  vsAllCStructuresReturn = vsAllCStructures;
+  vmiiAllSLWord2CompsReturn = vmiiAllSLWord2Comps;
+  vmiiAllTLWord2CompsReturn = vmiiAllTLWord2Comps;
+  vvsAllWordLevelSLPOSsReturn = vvsAllWordLevelSLPOSs;
+  vvsAllWordLevelTLPOSsReturn = vvsAllWordLevelTLPOSs;
+}

@@ -1,0 +1,539 @@
+// Pins what becomes of an alignment string: its canonical order, the pairs that are displayed, and
+// the exchange of its sides; for well-formed strings and for those that are not, the first two also
+// against slow twins that go through the text step by step.
+
+#include "AlignmentText.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <map>
+#include <optional>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+using std::string_literals::operator""s;
+using TrRuleInternal::DisplayPair;
+using TrRuleInternal::MissingIndex;
+using TrRuleInternal::ReversedAlignments;
+
+namespace {
+
+constexpr std::size_t None = std::string::npos;
+
+using TextPairs = std::vector<std::pair<std::string, std::string>>;
+
+/// A canonical string with the indices that were missing on the way: "x" and "y", in order.
+struct Ordered {
+  std::string Text;
+  std::string Missing;
+
+  friend bool operator==(const Ordered& Left, const Ordered& Right) {
+    return Left.Text == Right.Text && Left.Missing == Right.Missing;
+  }
+
+  friend std::ostream& operator<<(std::ostream& Stream, const Ordered& Result) {
+    return Stream << Result.Text << " missing: " << Result.Missing;
+  }
+};
+
+Ordered Canonical(const std::string& Alignments) {
+  std::vector<MissingIndex> vMissing;
+  Ordered Result{TrRuleInternal::CanonicalAlignments(Alignments, vMissing), ""};
+  for (const MissingIndex Each : vMissing) {
+    Result.Missing += Each == MissingIndex::X ? 'x' : 'y';
+  }
+  return Result;
+}
+
+TextPairs Displayed(const std::string& Alignments) {
+  TextPairs vPairs;
+  for (const DisplayPair& Pair : TrRuleInternal::DisplayPairs(Alignments)) {
+    vPairs.emplace_back(Pair.X, Pair.Y);
+  }
+  return vPairs;
+}
+
+std::string Between(const std::string& Text, std::size_t Start, std::size_t End) {
+  return End < Start ? "" : Text.substr(Start, End - Start);
+}
+
+/// Cuts what stands between the outer parentheses, comma by comma.
+std::vector<std::string> SlowPieces(std::string Rest) {
+  std::vector<std::string> vsPieces;
+  std::size_t Comma = Rest.find(',');
+  for (;;) {
+    if (Rest.empty() || Comma == None) {
+      if (Comma == None) {
+        vsPieces.push_back(Rest);
+      }
+      return vsPieces;
+    }
+    const bool Inside = Comma != 0 && Comma != Rest.size() - 1;
+    if (Inside && Rest[Comma - 1] == ')' && Rest[Comma + 1] == '(') {
+      vsPieces.push_back(Rest.substr(0, Comma));
+      Rest = Rest.substr(Comma + 1);
+      Comma = Rest.find(',');
+    } else if (Comma == Rest.size() - 1) {
+      Rest = "";
+    } else {
+      Comma = Rest.find(',', Comma + 1);
+    }
+  }
+}
+
+/// Reads one index of a piece; where it cannot, notes the side and leaves the index as it was.
+void SlowIndex(const std::string& Piece, const char* Ends, char Side, int& Index,
+               std::string& Missing) {
+  const std::size_t Start = Piece.find(Ends[0]);
+  const std::size_t End = Piece.find(Ends[1]);
+  if (Start == None || End == None || Start == Piece.size() - 1) {
+    Missing += Side;
+  } else {
+    Index = std::atoi(Between(Piece, Start + 1, End).c_str());
+  }
+}
+
+/// The order through a map of maps, as a reader would sort the pairs by hand.
+Ordered SlowCanonical(const std::string& Alignments) {
+  if (Alignments.empty() || Alignments == "()") {
+    return {Alignments, ""};
+  }
+  std::map<int, std::map<int, std::string>> mmsPairs;
+  Ordered Result;
+  int X = 0;
+  int Y = 0;
+  const std::string Inner =
+      Alignments.size() > 2 ? Alignments.substr(1, Alignments.size() - 2) : "";
+  for (const std::string& sPiece : SlowPieces(Inner)) {
+    SlowIndex(sPiece, "(,", 'x', X, Result.Missing);
+    SlowIndex(sPiece, ",)", 'y', Y, Result.Missing);
+    mmsPairs[X].emplace(Y, sPiece);
+  }
+  for (const auto& [KeyX, msPairs] : mmsPairs) {
+    for (const auto& [KeyY, sPiece] : msPairs) {
+      Result.Text += (Result.Text.empty() ? "(" : "") + sPiece + ',';
+    }
+  }
+  if (!Result.Text.empty()) {
+    Result.Text.back() = ')';
+  }
+  return Result;
+}
+
+/// Whether ordering a string that has pairs changes and reports nothing.
+bool IsOrdered(const std::string& Alignments) {
+  return Alignments.size() > 2 && SlowCanonical(Alignments) == Ordered{Alignments, ""};
+}
+
+/// The pairs of the display, one remainder after the other.
+TextPairs SlowDisplayed(std::string Rest) {
+  TextPairs vPairs;
+  for (;;) {
+    const std::size_t Comma = Rest.find(',');
+    if (Comma == None || Comma == Rest.size() - 1 || Rest[Comma + 1] == '(') {
+      return vPairs;
+    }
+    const std::size_t Open = Rest.substr(0, Comma).rfind('(');
+    const std::size_t Close = Rest.find(')');
+    std::string X = Between(Rest, Open + 1, Comma);
+    if (Open == None) {
+      X = Close < Comma ? "" : Rest.substr(0, Comma);
+    }
+    vPairs.emplace_back(X,
+                        Close == None ? Rest.substr(Comma + 1) : Between(Rest, Comma + 1, Close));
+    Rest = Close == None || Close + 2 >= Rest.size() ? "" : Rest.substr(Close + 2);
+  }
+}
+
+std::string RandomPairs(std::mt19937& Engine) {
+  std::string Text = "(";
+  for (unsigned long Pair = Engine() % 6; Pair > 0; --Pair) {
+    Text += '(' + std::to_string(Engine() % 12) + ',' + std::to_string(Engine() % 12) + "),";
+  }
+  Text.back() = Text.size() > 1 ? ')' : '(';
+  return Text == "(" ? "()" : Text;
+}
+
+std::string Damaged(std::mt19937& Engine, std::string Text) {
+  const std::string Bytes = "((()),,,1290 x\0\xFF"s;
+  for (unsigned long Change = 1 + Engine() % 8; Change > 0; --Change) {
+    Text[Engine() % Text.size()] = Bytes[Engine() % Bytes.size()];
+  }
+  return Text;
+}
+
+const std::string Sample = "((1,1),(2,3),(3,2))";
+
+}  // namespace
+
+TEST(AlignmentText, OuterParenthesesAreAskedForInMoreThanTwoCharacters) {
+  const std::pair<std::string, bool> Cases[] = {
+      {"", true},
+      {"x", true},
+      {"ab", true},
+      {"()", true},
+      {")(", true},
+      {"1,1", false},
+      {"(1,1", false},
+      {"1,1)", false},
+      {"((1,1))", true},
+      {"(1,1)", true},
+      {"((1,1)) ", false},
+      {" ((1,1))", false},
+      {"((1,1))\0"s, false},
+      {"((1,1))\r\n", false},
+      {"(\xFF)", true},
+  };
+  for (const auto& [Text, Expected] : Cases) {
+    SCOPED_TRACE(Text);
+    EXPECT_EQ(TrRuleInternal::HasOuterParentheses(Text), Expected);
+  }
+}
+
+TEST(AlignmentText, PairsAreSortedAsNumbersAndKeptOnce) {
+  const std::pair<std::string, std::string> Cases[] = {
+      {"", ""},
+      {"()", "()"},
+      {"((1,1))", "((1,1))"},
+      {Sample, Sample},
+      {"((1,1),(3,2),(2,3))", Sample},
+      {"((2,1),(1,2),(1,1))", "((1,1),(1,2),(2,1))"},
+      {"((10,1),(9,1))", "((9,1),(10,1))"},
+      {"((1,10),(1,9))", "((1,9),(1,10))"},
+      {"((0,1),(-1,1))", "((-1,1),(0,1))"},
+      {"((1,1),(1,1))", "((1,1))"},
+      {"((2,2),(1,1),(2,2),(1,1))", "((1,1),(2,2))"},
+      {"((1,1),(01,1),( 1,1))", "((1,1))"},
+      {"(( 1,1),(1,1))", "(( 1,1))"},
+      {"((4294967298,1),(1,1))", "((1,1),(4294967298,1))"},
+      {"((99999999999999999999,1),(0,1))", "((99999999999999999999,1),(0,1))"},
+  };
+  for (const auto& [Text, Expected] : Cases) {
+    SCOPED_TRACE(Text);
+    EXPECT_EQ(Canonical(Text), (Ordered{Expected, ""}));
+  }
+}
+
+TEST(AlignmentText, OneLookTellsACanonicalStringOfPlainNumbers) {
+  const std::pair<std::string, bool> Cases[] = {
+      {"((1,1))", true},
+      {Sample, true},
+      {"((0,0))", true},
+      {"((1,1),(1,2))", true},
+      {"((9,1),(10,1))", true},
+      {"((01,1))", true},
+      {"((999999999,999999999))", true},
+      {"", false},
+      {"()", false},
+      {"x", false},
+      {"1,1", false},
+      {"(1,1)", false},
+      {"((1,1)", false},
+      {"((1,1),)", false},
+      {"((1,1),(1,1))", false},
+      {"((1,2),(1,1))", false},
+      {"((2,1),(1,1))", false},
+      {"((10,1),(9,1))", false},
+      {"((1,1),(01,1))", false},
+      {"((1000000000,1))", false},
+      {"((1,1000000000))", false},
+      {"((-1,1))", false},
+      {"((+1,1))", false},
+      {"(( 1,1))", false},
+      {"((1,1 ))", false},
+      {"((1,1), (2,2))", false},
+      {"((1,1)(2,2))", false},
+      {"((,1))", false},
+      {"((1,))", false},
+      {"((1))", false},
+      {"((1,1))x", false},
+      {"x((1,1))", false},
+      {"((1,1))\r\n", false},
+      {"((1,1))\0"s, false},
+      {"((\xB2,1))", false},
+  };
+  for (const auto& [Text, Expected] : Cases) {
+    SCOPED_TRACE(Text);
+    EXPECT_EQ(TrRuleInternal::IsCanonical(Text), Expected);
+  }
+}
+
+TEST(AlignmentText, NoPrefixOfACanonicalStringIsCanonical) {
+  for (std::size_t Length = 0; Length < Sample.size(); ++Length) {
+    SCOPED_TRACE(Length);
+    EXPECT_FALSE(TrRuleInternal::IsCanonical(Sample.substr(0, Length)));
+  }
+}
+
+TEST(AlignmentText, PairsKeepTheirOwnText) {
+  const std::pair<std::string, std::string> Cases[] = {
+      {"((2, 1),( 1 ,1))", "(( 1 ,1),(2, 1))"}, {"((1\0x,2),(1,1))"s, "((1,1),(1\0x,2))"s},
+      {"((1,1),(\xB2,1))", "((\xB2,1),(1,1))"}, {"((2,1),(\r\n1,1))", "((\r\n1,1),(2,1))"},
+      {"((2b,1),(1a,1))", "((1a,1),(2b,1))"},
+  };
+  for (const auto& [Text, Expected] : Cases) {
+    SCOPED_TRACE(Text);
+    EXPECT_EQ(Canonical(Text), (Ordered{Expected, ""}));
+  }
+}
+
+TEST(AlignmentText, OnlyACommaBetweenTwoParenthesesSeparatesPairs) {
+  const std::pair<std::string, std::string> Cases[] = {
+      {"((2,1), (1,1))", "((2,1), (1,1))"}, {"((1,1), (2,3))", "((1,1), (2,3))"},
+      {"((2,1) ,(1,1))", "((2,1) ,(1,1))"}, {"((2,1),,(1,1))", "((2,1),,(1,1))"},
+      {"((2,1)(1,1))", "((2,1)(1,1))"},     {"((2,1),\r\n(1,1))", "((2,1),\r\n(1,1))"},
+      {"((2,1),x)", "((2,1),x)"},           {"(,(1,1))", "(,(1,1))"},
+  };
+  for (const auto& [Text, Expected] : Cases) {
+    SCOPED_TRACE(Text);
+    EXPECT_EQ(Canonical(Text), (Ordered{Expected, ""}));
+  }
+}
+
+TEST(AlignmentText, ATrailingCommaTakesTheLastPairAlong) {
+  const std::pair<std::string, std::string> Cases[] = {
+      {"((1,1),(2,2),)", "((1,1))"},
+      {"((1,1),)", ""},
+      {"(,)", ""},
+      {"(,,)", ""},
+      {"((2,2),(1,1),(3,3),)", "((1,1),(2,2))"},
+  };
+  for (const auto& [Text, Expected] : Cases) {
+    SCOPED_TRACE(Text);
+    EXPECT_EQ(Canonical(Text), (Ordered{Expected, ""}));
+  }
+}
+
+TEST(AlignmentText, AMissingIndexIsThatOfThePairBefore) {
+  struct Case {
+    std::string Text;
+    Ordered Expected;
+  };
+  const Case Cases[] = {
+      {"x", {"()", "xy"}},
+      {"(", {"()", "xy"}},
+      {"ab", {"()", "xy"}},
+      {"(x)", {"(x)", "xy"}},
+      {"((1))", {"((1))", "xy"}},
+      {"((1),(0,1))", {"((1),(0,1))", "xy"}},
+      {"((2,2),(1),(3,3))", {"((2,2),(3,3))", "xy"}},
+      {"((2,2),(1),(1,1))", {"((1,1),(2,2))", "xy"}},
+      {"(1,2))", {"(1,2))", "x"}},
+      {"(1,()", {"(1,()", "xy"}},
+      {"((2,2),(1,3)", {"((1,3,(2,2))", "y"}},
+      {"((1,1),(2,3)", {"((1,1),(2,3)", "y"}},
+      {"(1,1),(2,2)", {"(1,1),(2,2)", "xy"}},
+  };
+  for (const Case& Each : Cases) {
+    SCOPED_TRACE(Each.Text);
+    EXPECT_EQ(Canonical(Each.Text), Each.Expected);
+  }
+}
+
+TEST(AlignmentText, IndicesInAnImpossibleOrderAreZero) {
+  EXPECT_EQ(Canonical("((5,5),(4)3,(1))"), (Ordered{"((4)3,(1),(5,5))", ""}));
+  EXPECT_EQ(Canonical("((0,1),()7,(9))"), (Ordered{"(()7,(9),(0,1))", ""}));
+  EXPECT_EQ(Canonical("(3,(4),(1,1))"), (Ordered{"(3,(4),(1,1))", ""}));
+  EXPECT_EQ(Canonical("(3,(4),(-1,1))"), (Ordered{"((-1,1),3,(4))", ""}));
+}
+
+TEST(AlignmentText, SortsAsItsTwinDoesAtEveryPrefixOfAString) {
+  for (const std::string& Text :
+       {Sample, "((3,2),(2,3),(1,1))trailing"s, "((2,\0),\r\n(1,\xFF))"s}) {
+    for (std::size_t Length = 0; Length <= Text.size(); ++Length) {
+      const std::string Inner = Text.substr(0, Length);
+      SCOPED_TRACE(Inner);
+      EXPECT_EQ(Canonical('(' + Inner + ')'), SlowCanonical('(' + Inner + ')'));
+    }
+  }
+}
+
+TEST(AlignmentText, SortsAsItsTwinDoesOnRandomStrings) {
+  constexpr unsigned Seed = 10501;
+  std::mt19937 Engine(Seed);
+  for (int Round = 0; Round < 4000; ++Round) {
+    SCOPED_TRACE(testing::Message() << "seed " << Seed << " round " << Round);
+    const std::string WellFormed = RandomPairs(Engine);
+    const std::string Broken = '(' + Damaged(Engine, WellFormed) + ')';
+    EXPECT_EQ(Canonical(WellFormed), SlowCanonical(WellFormed)) << WellFormed;
+    EXPECT_EQ(Canonical(Broken), SlowCanonical(Broken)) << Broken;
+    EXPECT_EQ(TrRuleInternal::IsCanonical(WellFormed), IsOrdered(WellFormed)) << WellFormed;
+    if (TrRuleInternal::IsCanonical(Broken)) {
+      EXPECT_TRUE(IsOrdered(Broken)) << Broken;
+    }
+  }
+}
+
+TEST(AlignmentText, DisplaysTheIndexTextsAsWritten) {
+  struct Case {
+    std::string Text;
+    TextPairs vExpected;
+  };
+  const Case Cases[] = {
+      {"", {}},
+      {"()", {}},
+      {"x", {}},
+      {"((1,1))", {{"1", "1"}}},
+      {Sample, {{"1", "1"}, {"2", "3"}, {"3", "2"}}},
+      {"((3,2),(1,1))", {{"3", "2"}, {"1", "1"}}},
+      {"((10,012))", {{"10", "012"}}},
+      {"(( 1 , 2 ))", {{" 1 ", " 2 "}}},
+      {"((1,1), (2,3))", {{"1", "1"}, {"2", "3"}}},
+      {"((1,1)x(2,3))trailing", {{"1", "1"}, {"2", "3"}}},
+      {"((\r\n1,2\r\n))", {{"\r\n1", "2\r\n"}}},
+      {"((1\0,\xFF))"s, {{"1\0"s, "\xFF"}}},
+  };
+  for (const Case& Each : Cases) {
+    SCOPED_TRACE(Each.Text);
+    EXPECT_EQ(Displayed(Each.Text), Each.vExpected);
+  }
+}
+
+TEST(AlignmentText, TheDisplayEndsWhereACommaIsLastOrStandsBeforeAParenthesis) {
+  struct Case {
+    std::string Text;
+    TextPairs vExpected;
+  };
+  const Case Cases[] = {
+      {"(,(1,1))", {}},
+      {",(", {}},
+      {"((1,1),(,(2,2))", {{"1", "1"}}},
+      {"((1,1),(2", {{"1", "1"}}},
+      {"((1,1),(2,", {{"1", "1"}}},
+      {",", {}},
+      {"((1,1),", {{"1", "1"}}},
+  };
+  for (const Case& Each : Cases) {
+    SCOPED_TRACE(Each.Text);
+    EXPECT_EQ(Displayed(Each.Text), Each.vExpected);
+  }
+}
+
+TEST(AlignmentText, TheDisplayTakesWhatStandsInAnImpossibleOrderAsEmpty) {
+  struct Case {
+    std::string Text;
+    TextPairs vExpected;
+  };
+  const Case Cases[] = {
+      {"1,2)", {{"1", "2"}}},
+      {",2)", {{"", "2"}}},
+      {"((1,1),2,3)", {{"1", "1"}, {"2", "3"}}},
+      {"(1),2)", {{"1)", ""}}},
+      {"1)2,3)", {{"", ""}, {"", "3"}}},
+      {")1,2)", {{"", ""}, {"", "2"}}},
+      {"(1)2,3)", {{"1)2", ""}, {"", "3"}}},
+  };
+  for (const Case& Each : Cases) {
+    SCOPED_TRACE(Each.Text);
+    EXPECT_EQ(Displayed(Each.Text), Each.vExpected);
+  }
+}
+
+TEST(AlignmentText, APairThatIsNotClosedRunsToTheEndOfTheDisplay) {
+  EXPECT_EQ(Displayed("((1,1),(2,3"), (TextPairs{{"1", "1"}, {"2", "3"}}));
+  EXPECT_EQ(Displayed("1,2,3"), (TextPairs{{"1", "2,3"}}));
+}
+
+TEST(AlignmentText, DisplayedTextsPointIntoTheString) {
+  const std::vector<DisplayPair> vPairs = TrRuleInternal::DisplayPairs(Sample);
+  ASSERT_EQ(vPairs.size(), 3U);
+  EXPECT_EQ(vPairs[0].X.data(), Sample.data() + 2);
+  EXPECT_EQ(vPairs[2].Y.data(), Sample.data() + 16);
+}
+
+TEST(AlignmentText, DisplaysAsItsTwinDoesAtEveryPrefixOfAString) {
+  for (const std::string& Text : {Sample, "1)2,(3),4)(5,6),(,(7,8)"s, "((\0,1),\r\n(2,\xFF))"s}) {
+    for (std::size_t Length = 0; Length <= Text.size(); ++Length) {
+      const std::string Prefix = Text.substr(0, Length);
+      SCOPED_TRACE(Prefix);
+      EXPECT_EQ(Displayed(Prefix), SlowDisplayed(Prefix));
+    }
+  }
+}
+
+TEST(AlignmentText, DisplaysAsItsTwinDoesOnRandomStrings) {
+  constexpr unsigned Seed = 10502;
+  std::mt19937 Engine(Seed);
+  for (int Round = 0; Round < 4000; ++Round) {
+    SCOPED_TRACE(testing::Message() << "seed " << Seed << " round " << Round);
+    const std::string WellFormed = RandomPairs(Engine);
+    const std::string Broken = Damaged(Engine, WellFormed);
+    EXPECT_EQ(Displayed(WellFormed), SlowDisplayed(WellFormed)) << WellFormed;
+    EXPECT_EQ(Displayed(Broken), SlowDisplayed(Broken)) << Broken;
+  }
+}
+
+TEST(AlignmentText, ReversingExchangesTheSidesOfEveryPairInPlace) {
+  const std::pair<std::string, std::string> Cases[] = {
+      {"", ""},
+      {"((1,2))", "((2,1))"},
+      {Sample, "((1,1),(3,2),(2,3))"},
+      {"((1,1),(3,2),(2,3))", Sample},
+      {"(( 1 ,\t2\r\n),(3,4))", "((2,1),(4,3))"},
+      {" ((1,2))\r\n", "((2,1))"},
+      {"1,2", "((2,1))"},
+      {"(((1,2)))", "((2,1))"},
+      {"((1,,2))", "((2,1))"},
+      {"((1,2),(),(3,4))", "((2,1),(4,3))"},
+      {"(( ,2))", "((2,))"},
+      {"),(", "()"},
+      {"((a\0,\xFF))"s, "((\xFF,a\0))"s},
+      {"((1,2),(3,4),)", "((2,1),(4),3))"},
+      {"x((1,2))y", "((2))y,x((1))"},
+  };
+  for (const auto& [Text, Expected] : Cases) {
+    SCOPED_TRACE(Text);
+    EXPECT_EQ(ReversedAlignments(Text), std::optional(Expected));
+  }
+}
+
+TEST(AlignmentText, ReversingWantsTwoPartsInEveryPair) {
+  for (const char* Text : {"()", " ", "(", ")", "x", "((1))", "((,2))", "((1,))", "((,))",
+                           "((1,2,3))", "((1,2), (3,4))", "((1,2),(3))", "((1)),((2))"}) {
+    SCOPED_TRACE(Text);
+    EXPECT_EQ(ReversedAlignments(Text), std::nullopt);
+  }
+}
+
+TEST(AlignmentText, ReversingEveryPrefixGivesThePairsThatAreThere) {
+  const char* const Expected[] = {
+      "",
+      nullptr,
+      nullptr,
+      nullptr,
+      nullptr,
+      "((1,1))",
+      "((1,1))",
+      "((1),1))",
+      "((1,1))",
+      nullptr,
+      nullptr,
+      "((1,1),(3,2))",
+      "((1,1),(3,2))",
+      "((1,1),(3),2))",
+      "((1,1),(3,2))",
+      nullptr,
+      nullptr,
+      "((1,1),(3,2),(2,3))",
+      "((1,1),(3,2),(2,3))",
+      "((1,1),(3,2),(2,3))",
+  };
+  ASSERT_EQ(std::size(Expected), Sample.size() + 1);
+  for (std::size_t Length = 0; Length <= Sample.size(); ++Length) {
+    SCOPED_TRACE(Sample.substr(0, Length));
+    const std::optional<std::string> Reversed = ReversedAlignments(Sample.substr(0, Length));
+    EXPECT_EQ(Reversed.value_or("none"), Expected[Length] != nullptr ? Expected[Length] : "none");
+  }
+}
+
+TEST(AlignmentText, ReversingLooksAt100000BytesBehindAPair) {
+  for (const std::size_t Length : {99996U, 99997U, 99998U, 99999U, 100001U, 1000001U}) {
+    SCOPED_TRACE(Length);
+    const std::string Digits(Length, '7');
+    EXPECT_EQ(ReversedAlignments("((1,1),(2," + Digits + "))"),
+              "((1,1),(" + Digits.substr(0, 99998) + ",2))");
+  }
+}

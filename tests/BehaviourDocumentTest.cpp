@@ -1,0 +1,83 @@
+// docs/behaviour.md names, for each surprise, the tests that pin it. They have to be there.
+
+#include <gtest/gtest.h>
+
+#include "BuildPaths.h"
+#include "Tokenizer.h"
+#include "support/Samples.h"
+
+#include <fstream>
+#include <set>
+
+namespace {
+
+/// A row of a table whose last column is headed "Test".
+struct Row {
+  Strings vsCells;
+  int LineNumber;
+};
+
+Strings CellsOf(const std::string& Line) {
+  return Tokenizer()(Line, "|", true);
+}
+
+/// All such rows of the page, without the heads of their tables.
+std::vector<Row> ReadRows() {
+  std::ifstream File(BuildPaths::SourceFolder + std::string("/docs/behaviour.md"));
+  std::vector<Row> vRows;
+  bool IsInTable = false;
+  int LineNumber = 0;
+  for (std::string Line; std::getline(File, Line);) {
+    ++LineNumber;
+    const Strings vsCells = CellsOf(Line);
+    if (Line.rfind('|', 0) != 0) {
+      IsInTable = false;
+    } else if (vsCells.back() == "Test") {
+      IsInTable = true;
+    } else if (IsInTable && vsCells.back() != "---") {
+      vRows.push_back({vsCells, LineNumber});
+    }
+  }
+  return vRows;
+}
+
+/// The names in a cell: "`Suite.Name`, `Suite.Other`".
+Strings NamesIn(const std::string& Cell) {
+  Strings vsNames;
+  for (const std::string& sName : Tokenizer()(Cell, ",", true)) {
+    const bool IsQuoted = sName.size() > 2 && sName.front() == '`' && sName.back() == '`';
+    EXPECT_TRUE(IsQuoted) << sName << " does not stand between backquotes";
+    vsNames.push_back(IsQuoted ? sName.substr(1, sName.size() - 2) : sName);
+  }
+  return vsNames;
+}
+
+/// The names of all tests of this program, whether or not they have been selected for this run.
+std::set<std::string> TestsOfThisProgram() {
+  std::set<std::string> ssNames;
+  const testing::UnitTest& Program = *testing::UnitTest::GetInstance();
+  for (int Suite = 0; Suite < Program.total_test_suite_count(); ++Suite) {
+    const testing::TestSuite& Tests = *Program.GetTestSuite(Suite);
+    for (int Test = 0; Test < Tests.total_test_count(); ++Test) {
+      ssNames.insert(Tests.name() + std::string(".") + Tests.GetTestInfo(Test)->name());
+    }
+  }
+  return ssNames;
+}
+
+}  // namespace
+
+TEST(BehaviourDocument, EveryRowNamesATestThatExists) {
+  const std::vector<Row> vRows = ReadRows();
+  ASSERT_GT(vRows.size(), 0U);
+  const std::set<std::string> ssTests = TestsOfThisProgram();
+  for (const Row& Each : vRows) {
+    SCOPED_TRACE("docs/behaviour.md:" + std::to_string(Each.LineNumber));
+    EXPECT_EQ(Each.vsCells.size(), 3U) << "what happens, why it matters, the test";
+    const Strings vsNames = NamesIn(Each.vsCells.back());
+    EXPECT_FALSE(vsNames.empty());
+    for (const std::string& sName : vsNames) {
+      EXPECT_EQ(ssTests.count(sName), 1U) << sName << " is no test of this program";
+    }
+  }
+}

@@ -1,0 +1,777 @@
+// Pins the constraint record: its six fields, how they are read from a constraint text and written
+// back, where the two disagree, how constraints are ordered, and which node a value refers to.
+
+#include "Constraint.h"
+
+#include "StringUtils.h"
+#include "support/ChildProcess.h"
+#include "support/DebugLevel.h"
+#include "support/StreamCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <random>
+#include <set>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+using std::string_literals::operator""s;
+
+namespace {
+
+/// The six fields in their order: category, index, feature, value, rank, kind.
+std::string Fields(const Constraint& Record) {
+  return std::to_string(Record.GetCategory()) + '|' + std::to_string(Record.GetConstrainedIndex()) +
+         '|' + Record.GetFeature() + '|' + Record.GetFeatValue() + '|' +
+         std::to_string(Record.GetRankInCategory()) + '|' +
+         (Record.IsValueConstraint() ? "value" : "agreement");
+}
+
+constexpr const char* EmptyFields = "-1|-1|||-1|value";
+
+/// What reading a text gives: the fields and what was written on the way.
+struct Reading {
+  std::string Record;
+  Written Streams;
+};
+
+Reading Read(const std::string& Text) {
+  Reading Result;
+  Result.Streams = WrittenBy([&] { Result.Record = Fields(Constraint(Text)); });
+  return Result;
+}
+
+std::string FormatError(const std::string& UpperText) {
+  return "ERROR in Constraint::Constraint(string): Constraint was not in correct format:|" +
+         UpperText + "|\n";
+}
+
+struct ReadCase {
+  std::string Text;
+  const char* Record;  ///< without the rank, which no text gives
+};
+
+/// Reads each text and expects its fields and silence.
+void ExpectRecords(const std::vector<ReadCase>& vCases) {
+  for (const ReadCase& Case : vCases) {
+    SCOPED_TRACE(Case.Text);
+    const Reading Result = Read(Case.Text);
+    std::string Expected = Case.Record;
+    Expected.insert(Expected.rfind('|'), "|-1");
+    EXPECT_EQ(Result.Record, Expected);
+    EXPECT_EQ(Result.Streams, (Written{"", ""}));
+  }
+}
+
+const Constraint Base(4, 1, "NUM", "SG", 2, true);
+
+struct Perturbed {
+  const char* Field;
+  Constraint Record;
+  bool ShowsInText;
+};
+
+/// `Base` with each field changed in turn, and whether the text tells.
+const std::vector<Perturbed> vPerturbed = {
+    {"category, other side", Constraint(1, 1, "NUM", "SG", 2, true), true},
+    {"category, same side", Constraint(2, 1, "NUM", "SG", 2, true), false},
+    {"index", Constraint(4, 2, "NUM", "SG", 2, true), true},
+    {"feature", Constraint(4, 1, "num", "SG", 2, true), true},
+    {"value", Constraint(4, 1, "NUM", "PL", 2, true), true},
+    {"rank", Constraint(4, 1, "NUM", "SG", 3, true), false},
+    {"kind", Constraint(4, 1, "NUM", "SG", 2, false), true},
+};
+
+const std::vector<std::string> vsSamples = {
+    "((x0 det) = x1)",
+    "((x0 mod) = x2)",
+    "(x0 = x3)",
+    "(y0 = x0)",
+    "(y1 == (y0 det))",
+    "((y1 num) = sg)",
+    "((y3 agr gen) = (y2 agr gen))",
+    "((x1 num) = (*OR* sg pl))",
+    "((x1 num) = (*NOT* sg))",
+};
+
+}  // namespace
+
+// ---- The record -------------------------------------------------------------------------------
+
+TEST(Constraint, StartsWithNothingKnown) {
+  const Constraint Record;
+  EXPECT_EQ(Fields(Record), EmptyFields);
+  EXPECT_EQ(Record.ReturnAsString(), "((Y-1 ) = )");
+}
+
+TEST(Constraint, StoresSixValuesUnchecked) {
+  EXPECT_EQ(Fields(Constraint(4, 1, "num", "sg", 7, false)), "4|1|num|sg|7|agreement");
+  EXPECT_EQ(Fields(Constraint(0, -2, "", "", -3, true)), "0|-2|||-3|value");
+  EXPECT_EQ(Fields(Constraint(INT_MAX, INT_MIN, "a b ", " \t", INT_MIN, true)),
+            "2147483647|-2147483648|a b | \t|-2147483648|value");
+  EXPECT_EQ(Fields(Constraint(9, 0, "\0\xE9"s, "(\xFF\0"s, 0, true)),
+            "9|0|\0\xE9|(\xFF\0|0|value"s);
+}
+
+TEST(Constraint, CopiesCarryAllSixFields) {
+  for (const Perturbed& Each : vPerturbed) {
+    SCOPED_TRACE(Each.Field);
+    ASSERT_NE(Fields(Each.Record), Fields(Base));
+    const Constraint Copy(Each.Record);
+    EXPECT_EQ(Fields(Copy), Fields(Each.Record));
+    Constraint Source(Each.Record);
+    const Constraint Moved(std::move(Source));
+    EXPECT_EQ(Fields(Moved), Fields(Each.Record));
+  }
+}
+
+TEST(Constraint, AssignmentReplacesAllSixFieldsAndReturnsNothing) {
+  static_assert(std::is_void_v<decltype(std::declval<Constraint&>() = Base)>);
+  for (const Perturbed& Each : vPerturbed) {
+    SCOPED_TRACE(Each.Field);
+    Constraint Filled(Base);
+    ASSERT_NE(Fields(Filled), Fields(Each.Record));
+    Filled = Each.Record;
+    EXPECT_EQ(Fields(Filled), Fields(Each.Record));
+    const Constraint& Same = Filled;
+    Filled = Same;
+    EXPECT_EQ(Fields(Filled), Fields(Each.Record));
+  }
+}
+
+TEST(Constraint, EachSetterChangesItsOwnFieldAlone) {
+  Constraint Record(Base);
+  Record.SetCategory(2);
+  EXPECT_EQ(Fields(Record), "2|1|NUM|SG|2|value");
+  Record.SetConstrainedIndex(-12);
+  EXPECT_EQ(Fields(Record), "2|-12|NUM|SG|2|value");
+  Record.SetFeature("agr gen");
+  EXPECT_EQ(Fields(Record), "2|-12|agr gen|SG|2|value");
+  Record.SetFeatValue("(y2");
+  EXPECT_EQ(Fields(Record), "2|-12|agr gen|(y2|2|value");
+  Record.SetRankInCategory(-5);
+  EXPECT_EQ(Fields(Record), "2|-12|agr gen|(y2|-5|value");
+  Record.SetValueConstraint(false);
+  EXPECT_EQ(Fields(Record), "2|-12|agr gen|(y2|-5|agreement");
+  Record.SetValueConstraint(true);
+  EXPECT_EQ(Fields(Record), "2|-12|agr gen|(y2|-5|value");
+}
+
+TEST(Constraint, GettersReturnCopies) {
+  const Constraint Record(Base);
+  Record.GetFeature().append("!");
+  Record.GetFeatValue().append("!");
+  EXPECT_EQ(Fields(Record), Fields(Base));
+}
+
+TEST(Constraint, TakesTheFourCategories) {
+  for (const int Category : {1, 2, 3, 4}) {
+    Constraint Record;
+    Record.SetCategory(Category);
+    EXPECT_EQ(Fields(Record), std::to_string(Category) + "|-1|||-1|value");
+  }
+}
+
+TEST(Constraint, AnyOtherCategoryEndsTheProcess) {
+  for (const int Category : {0, 5, -1, INT_MAX, INT_MIN}) {
+    SCOPED_TRACE(Category);
+    EXPECT_EQ(RunInChild([&] { Constraint().SetCategory(Category); }),
+              (ChildEnd{1, "", "Constraint::SetCategory must be called with 1,2,3, or 4.\n"}));
+  }
+}
+
+// ---- Reading ----------------------------------------------------------------------------------
+
+TEST(Constraint, ReadsTheSampleTexts) {
+  ExpectRecords({
+      {"((x0 det) = x1)", "1|0|DET|X1|value"},
+      {"((x0 mod) = x2)", "1|0|MOD|X2|value"},
+      {"(x0 = x3)", "1|0|all|X3|agreement"},
+      {"(y0 = x0)", "3|0|all|X0|agreement"},
+      {"(y1 == (y0 det))", "4|1|all|(Y0 DET|agreement"},
+      {"(y2 = y0)", "4|2|all|Y0|agreement"},
+      {"((y1 num) = sg)", "4|1|NUM|SG|value"},
+      {"((y3 agr gen) = (y2 agr gen))", "4|3|AGRGEN|(Y2|agreement"},
+      {"((x1 num) = (x3 num))", "1|1|NUM|(X3|agreement"},
+      {"((y1 num) = (x1 num))", "2|1|NUM|(X1|agreement"},
+      {"((y1 num) = (*OR* sg pl))", "4|1|NUM|(*OR* SG PL)|value"},
+      {"((x1 num) = (*OR* sg pl))", "1|1|NUM|(*OR* SG PL)|value"},
+  });
+}
+
+TEST(Constraint, ReadsLiteralsAndStringsAlike) {
+  EXPECT_EQ(Fields(Constraint("(x0 = x3)")), "1|0|all|X3|-1|agreement");
+  EXPECT_EQ(Fields(Constraint("(x0 = x3)"s)), "1|0|all|X3|-1|agreement");
+}
+
+TEST(Constraint, DoesNotTellSmallLettersFromCapitals) {
+  EXPECT_NE(Read("(X0 = X4)").Record, Read("(x0 = x3)").Record);
+  for (const std::string& sText : vsSamples) {
+    EXPECT_EQ(Read(StringUtils::StringToUpper(sText)).Record, Read(sText).Record) << sText;
+  }
+}
+
+TEST(Constraint, TakesItsCategoryFromTheNodesOnBothSides) {
+  ExpectRecords({
+      {"((x1 num) = next)", "1|1|NUM|NEXT|value"},
+      {"((y0 num) = sg)", "3|0|NUM|SG|value"},
+      {"((y0 num) = (y1 num))", "3|0|NUM|(Y1|agreement"},
+      {"((y0 num) = (x0 num))", "2|0|NUM|(X0|agreement"},
+      {"((y1 tense) = next)", "2|1|TENSE|NEXT|value"},
+      {"((y0 tense) = next)", "2|0|TENSE|NEXT|value"},
+      {"((y1 num) = (*or* x1 sg))", "2|1|NUM|(*OR* X1 SG)|value"},
+      {"((y1 num) = x", "4|1|NUM||value"},          // the value is lost, its letter with it
+      {"((y1 num) = (x2))", "4|1|NUM||agreement"},  // so is that of a node without a feature
+      {"((y01 num) = sg)", "3|1|NUM|SG|value"},
+      {"((y10 num) = sg)", "4|10|NUM|SG|value"},
+      {"((y1 (x num) = sg)", "1|1|(XNUM|SG|value"},
+      {"((y1 (y0 num) = sg)", "3|1|(Y0 NUM|SG|value"},
+      {"((z1 num) = sg)", "-1|0|NUM|SG|value"},
+      {"((z1 num) = x1)", "-1|0|NUM|X1|value"},
+      {"y1 num) = sg)", "-1|1|NUM|SG|value"},
+      {"(y1 = (x2 num))", "4|1|all|(X2 NUM|agreement"},
+      {"(y10 = x1)", "4|10|all|X1|agreement"},
+      {"(y01 = x1)", "3|1|all|X1|agreement"},
+      {"(z1 = x1)", "4|0|all|X1|agreement"},
+      {"y0 = x1", "4|0|all||agreement"},
+      {"(y0(x1 = y2)", "1|1|all|Y2|agreement"},
+  });
+}
+
+TEST(Constraint, ReadsTheIndexBehindTheNodeLetter) {
+  ExpectRecords({
+      {"((x12 num) = sg)", "1|12|NUM|SG|value"},
+      {"((x007 num) = sg)", "1|7|NUM|SG|value"},
+      {"((x-1 num) = sg)", "1|-1|NUM|SG|value"},
+      {"((x+2 num) = sg)", "1|2|NUM|SG|value"},
+      {"((x1y(2 num) = sg)", "1|12|NUM|SG|value"},
+      {"((x1a2 num) = sg)", "1|1|NUM|SG|value"},
+      {"((xa2 num) = sg)", "1|0|NUM|SG|value"},
+      {"(x12 = x3)", "1|12|all|X3|agreement"},
+      {"(x1y(2 = x3)", "1|12|all|X3|agreement"},
+      {"(x1 2 = x3)", "1|1|all|X3|agreement"},
+      {"(x = x3)", "1|0|all|X3|agreement"},
+  });
+}
+
+TEST(Constraint, NodeWithoutFeatureEndsTheIndexAtTheSign) {
+  ExpectRecords({
+      {"((x0)=x1)", "1|0||X1|value"},
+      {"((x12) = x1)", "1|12||X1|value"},
+      {"((y2) = (y1 num))", "4|2||(Y1|agreement"},
+      {"((x1 ) = sg)", "1|1||SG|value"},
+  });
+}
+
+TEST(Constraint, KeepsOnlyTheBlankBehindADigit) {
+  ExpectRecords({
+      {"((x1 num)=sg)", "1|1|NUM|SG|value"},
+      {"((x1\tnum)\n=\v\fsg)", "1|1|NUM|SG|value"},
+      {" \t( ( x1   n u m ) = sg ) \n", "1|1|NUM|SG |value"},
+      {"((x1 2 num) = sg)", "1|1|2 NUM|SG|value"},
+      {"((x1 a2 b 3) = sg)", "1|1|A2 B3|SG|value"},
+      {"((x1 *num) = sg)", "1|1||SG|value"},
+      {"((x1  *num) = sg)", "1|1|*NUM|SG|value"},
+      {"((x1 num) = ( x 3 num))", "1|1|NUM|(X3|agreement"},
+      {"((x1 num) = (x3num))", "1|1|NUM||agreement"},
+      {"( x 0 = x 3 )", "1|0|all|X3 |agreement"},
+      {"(x0  = x3)", "1|0|all|X3|agreement"},
+      {"(y1==(y0   det))", "4|1|all|(Y0 DET|agreement"},
+      {"(y1 = (y0 agr gen))", "4|1|all|(Y0 AGRGEN|agreement"},
+  });
+}
+
+TEST(Constraint, TakesAValueUpToItsFirstParenthesis) {
+  ExpectRecords({
+      {"((y1 num) = sg", "4|1|NUM||value"},
+      {"((y1 num) = sg) and more)", "4|1|NUM|SG|value"},
+      {"((y1 num) = s g)", "4|1|NUM|S G|value"},
+      {"((y1 num) =   sg  )", "4|1|NUM|SG  |value"},
+      {"((y1 num) = )", "4|1|NUM||value"},
+      {"((y1 num) = (sg))", "4|1|NUM|(SG|value"},
+      {"((y1 num) == sg)", "4|1|NUM|SG|value"},
+      {"((x1 num) == (x3 num))", "1|1|NUM|(X3 NUM|value"},
+      {"((y1 num) == (x3 num))", "2|1|NUM|(X3 NUM|value"},
+      {"((y1 num) = *or* sg)", "4|1|NUM|*OR* SG)|value"},
+      {"((y1 num) = sg) *or*)", "4|1|NUM|SG|value"},
+      {"((y1 num) = (*not* sg))", "4|1|NUM|(*NOT* SG|value"},
+      {"((y1 num) = (*not* (*or* sg pl)))", "4|1|NUM|(*NOT* (*OR* SG PL)|value"},
+      {"(y1 = )", "4|1|all||agreement"},
+      {"(y1 = x3", "4|1|all||agreement"},
+      {"(y1 = x3) and more)", "4|1|all|X3|agreement"},
+      {"(y1 = (*or* x2 x3))", "4|1|all|(*OR*X2 X3)|agreement"},
+      {"(y1 = (*not* x2))", "4|1|all|(*NOT*X2|agreement"},
+  });
+}
+
+TEST(Constraint, PassesOtherBytesThrough) {
+  ExpectRecords({
+      {"((y1 num) = sg)\r\n", "4|1|NUM|SG|value"},
+      {"((y1 num) =\r\n sg)", "4|1|NUM|SG|value"},
+      {"((y1\r\nnum) = sg)", "4|1|NUM|SG|value"},
+      {"((y1 n\xC3\xA4m) = s\xE9)", "4|1|N\xC3\xA4M|S\xE9|value"},
+      {"\xA0((y1 num) = sg\x85)", "4|0|NUM|SG\x85|value"},
+      {"((y1 num) = \xFF", "4|1|NUM||value"},
+  });
+  EXPECT_EQ(Read("((y1 nu\0m) = s\0g)"s).Record, "4|1|NU\0M|S\0G|-1|value"s);
+  EXPECT_EQ(Read("((y1\0 2 num) = sg)\0"s).Record, "4|1|NUM|SG|-1|value");
+  EXPECT_EQ(Read("(x0 = \0x3)"s).Record, "1|0|all|\0X3|-1|agreement"s);
+}
+
+TEST(Constraint, LooksAtAHundredThousandBytesBehindACut) {
+  struct Case {
+    std::string Start;
+    std::size_t Written;
+    std::size_t Kept;
+  };
+  // The right side is cut twice: once with its leading blank, once without its blanks, and only
+  // the second one decides whether there is a value. A leading blank cuts the whole text.
+  const std::vector<Case> vCases = {
+      {"((x1 num) = ", 99998, 99998}, {"((x1 num) = ", 99999, 99999},  {"((x1 num) = ", 100000, 0},
+      {"((x1 num) = ", 100001, 0},    {" ((x1 num) = ", 99987, 99987}, {" ((x1 num) = ", 99988, 0},
+  };
+  for (const Case& Each : vCases) {
+    SCOPED_TRACE(Each.Written);
+    const Constraint Record(Each.Start + std::string(Each.Written, 'V') + ")");
+    EXPECT_EQ(Fields(Record), "1|1|NUM|" + std::string(Each.Kept, 'V') + "|-1|value");
+  }
+}
+
+TEST(Constraint, ReportsATextWithoutTwoSides) {
+  const std::vector<std::string> vsTexts = {
+      "",
+      " ",
+      "\0"s,
+      "nothing",
+      "((x1 num) sg)",
+      "=",
+      "==",
+      " = ",
+      "(y1 =",
+      "(y1 = ",
+      "= x1)",
+      "x0 = x1 = x2",
+      "(x0 = = x1)",
+      "((y1 num) = sg) = pl",
+      ")=)=",
+      "=)=a)==",
+      " \t(y1 =\r\n",
+      "\xE9 n\0t"s,
+      "((x1 num) = sg)\n((x2 num) = sg)",
+  };
+  for (const std::string& sText : vsTexts) {
+    SCOPED_TRACE(sText);
+    const Reading Result = Read(sText);
+    EXPECT_EQ(Result.Record, EmptyFields);
+    EXPECT_EQ(Result.Streams, (Written{"", FormatError(StringUtils::StringToUpper(sText))}));
+  }
+}
+
+TEST(Constraint, ReportQuotesTheWholeTextInCapitals) {
+  EXPECT_EQ(Read(" x0 \n").Streams,
+            (Written{"",
+                     "ERROR in Constraint::Constraint(string): Constraint was not in correct "
+                     "format:| X0 \n|\n"}));
+}
+
+TEST(Constraint, IsSilentWhereOneOfTwoSidesIsBlank) {
+  ExpectRecords({
+      {"x0 = =", "-1|-1|||value"},
+      {"= = x0", "-1|-1|||value"},
+      {"(y1 == \t=", "-1|-1|||value"},
+  });
+}
+
+TEST(Constraint, ReadsEveryPrefixOfAWholeNodeText) {
+  const std::string Text = "(x0 = x3)";
+  const std::vector<std::string> vsRecords = {
+      EmptyFields,
+      EmptyFields,
+      EmptyFields,
+      EmptyFields,
+      EmptyFields,
+      EmptyFields,
+      EmptyFields,
+      "1|0|all||-1|agreement",
+      "1|0|all||-1|agreement",
+      "1|0|all|X3|-1|agreement",
+  };
+  for (std::size_t Size = 0; Size <= Text.size(); ++Size) {
+    SCOPED_TRACE(Size);
+    const Reading Result = Read(Text.substr(0, Size));
+    EXPECT_EQ(Result.Record, vsRecords.at(Size));
+    const std::string Upper = StringUtils::StringToUpper(Text.substr(0, Size));
+    EXPECT_EQ(Result.Streams, (Written{"", Size < 7 ? FormatError(Upper) : ""}));
+  }
+}
+
+TEST(Constraint, ReadsEveryPrefixOfAFeatureText) {
+  const std::string Text = "((y1 num) = sg)";
+  for (std::size_t Size = 0; Size <= Text.size(); ++Size) {
+    SCOPED_TRACE(Size);
+    const Reading Result = Read(Text.substr(0, Size));
+    const bool HasTwoSides = Size >= 13;
+    EXPECT_EQ(Result.Record, Size == 15    ? "4|1|NUM|SG|-1|value"
+                             : HasTwoSides ? "4|1|NUM||-1|value"
+                                           : EmptyFields);
+    const std::string Upper = StringUtils::StringToUpper(Text.substr(0, Size));
+    EXPECT_EQ(Result.Streams, (Written{"", HasTwoSides ? "" : FormatError(Upper)}));
+  }
+}
+
+TEST(Constraint, ReadsAlikeAtEveryDebugLevel) {
+  for (const int Level : {0, 1, 2, 3, 4}) {
+    SCOPED_TRACE(Level);
+    const DebugLevel Debug(Level);
+    const Written Streams = WrittenBy([] {
+      Constraint Record("((y1 num) = sg)");
+      Record = Constraint(Record);
+      Record.SetCategory(3);
+      EXPECT_FALSE(Record < Record);
+      EXPECT_EQ(Record.ReturnAsString(), "((Y1 NUM) = SG)");
+      EXPECT_EQ(Record.GetAgreedIndex("(Y2"), 2);
+    });
+    EXPECT_EQ(Streams, (Written{"", ""}));
+    EXPECT_EQ(Read("oh").Streams, (Written{"", FormatError("OH")}));
+  }
+}
+
+// ---- Reading, step by step --------------------------------------------------------------------
+
+namespace {
+
+bool Holds(const std::string& Text, const std::string& Part) {
+  return Text.find(Part) != std::string::npos;
+}
+
+bool IsBlank(char Byte) {
+  return Holds(" \t\n\v\f\r", std::string(1, Byte)) && Byte != '\0';
+}
+
+std::string Trimmed(const std::string& Text) {
+  return StringUtils::RemoveTrailingWhiteSpace(StringUtils::RemoveLeadingWhiteSpace(Text));
+}
+
+std::string UpToParenthesis(const std::string& Text) {
+  const std::string Value = Text.substr(0, Text.find(')'));
+  return Holds(Value, "*OR*") ? Value + ")" : Value;
+}
+
+/// A reader of constraint texts that does one thing after the other on copies of the text.
+class SlowReader {
+ public:
+  explicit SlowReader(const std::string& Text) {
+    const std::string Upper = StringUtils::StringToUpper(Text);
+    if (!ReadSides(Trimmed(Upper))) {
+      Err = FormatError(Upper);
+    }
+  }
+
+  Constraint Record;
+  std::string Err;
+
+ private:
+  static std::string Compact(const std::string& Text) {
+    std::string Result;
+    for (std::size_t Position = 0; Position < Text.size(); ++Position) {
+      const bool IsInside = Position > 0 && Position + 1 < Text.size();
+      if (!IsBlank(Text[Position])) {
+        Result += Text[Position];
+      } else if (IsInside && Text[Position - 1] >= '0' && Text[Position - 1] <= '9' &&
+                 Text[Position + 1] != '=' && Text[Position + 1] != '*') {
+        Result += ' ';
+      }
+    }
+    return Result;
+  }
+
+  bool ReadSides(const std::string& Text) {
+    const std::vector<std::string> vsWritten = Tokenize(Text, "=", true);
+    if (vsWritten.size() != 2) {
+      return false;
+    }
+    const std::string Short = Compact(Text);
+    const std::vector<std::string> vsForm = Tokenize(Short, ")=");
+    if (vsForm.size() == 2) {
+      ReadFeature(vsForm[0], vsForm[1], vsWritten[1]);
+    } else if (vsForm.size() == 1) {
+      ReadWholeNode(Tokenize(Short, "="));
+    }
+    return vsForm.size() == 1 || vsForm.size() == 2;
+  }
+
+  void ReadFeature(const std::string& Left, const std::string& Right, const std::string& Written) {
+    if (Right.find("(X") == 0 || Right.find("(Y") == 0) {
+      Record.SetValueConstraint(false);
+      Record.SetFeatValue(Holds(Right, " ") ? Right.substr(0, Right.find(' ')) : "");
+    } else if (Holds(Right, ")")) {
+      Record.SetFeatValue(UpToParenthesis(Written));
+    }
+    if (Holds(Left, "(X")) {
+      Record.SetCategory(1);
+    } else if (Holds(Left, "(Y")) {
+      const int Target = Holds(Left, "(Y0") ? 3 : 4;
+      Record.SetCategory(Holds(Record.GetFeatValue(), "X") ? 2 : Target);
+    }
+    const std::size_t Scanned = ReadIndex(Left, "(XY");
+    if (Scanned + 1 < Left.size()) {
+      Record.SetFeature(Left.substr(Scanned + 1));
+    }
+  }
+
+  void ReadWholeNode(const std::vector<std::string>& vsSides) {
+    if (vsSides.size() != 2) {
+      return;
+    }
+    Record.SetValueConstraint(false);
+    Record.SetFeature("all");
+    Record.SetCategory(Holds(vsSides[0], "(X") ? 1 : Holds(vsSides[0], "(Y0") ? 3 : 4);
+    ReadIndex(vsSides[0], "(XY=");
+    if (Holds(vsSides[1], ")")) {
+      Record.SetFeatValue(UpToParenthesis(vsSides[1]));
+    }
+  }
+
+  std::size_t ReadIndex(const std::string& Left, const std::string& Skipped) {
+    std::string Number;
+    std::size_t Position = 0;
+    for (; Position < Left.size() && !IsBlank(Left[Position]); ++Position) {
+      if (Skipped.find(Left[Position]) == std::string::npos) {
+        Number += Left[Position];
+      }
+    }
+    Record.SetConstrainedIndex(StringUtils::String2Int(Number));
+    return Position;
+  }
+
+  Tokenizer Tokenize;
+};
+
+void ExpectReadsLikeTheSlowReader(const std::string& Text) {
+  const SlowReader Slow(Text);
+  const Reading Result = Read(Text);
+  ASSERT_EQ(Result.Record, Fields(Slow.Record)) << Text;
+  ASSERT_EQ(Result.Streams, (Written{"", Slow.Err})) << Text;
+}
+
+/// A sample text with up to three bytes lost, added or replaced.
+std::string Damaged(std::mt19937& Random) {
+  const std::string Bytes = "()=* xyXY0129-\t\r_orOR\0\xE9"s;
+  std::string Text = vsSamples[Random() % vsSamples.size()];
+  for (std::size_t Left = Random() % 4; Left > 0; --Left) {
+    const std::size_t Position = Random() % Text.size();
+    const std::size_t Lost = Random() % 2;
+    const std::size_t Added = Random() % 2;
+    Text.replace(Position, Lost, Added, Bytes[Random() % Bytes.size()]);
+  }
+  return Text;
+}
+
+/// Up to sixteen of the words that mean something to the reader, in any order.
+std::string Scrambled(std::mt19937& Random) {
+  const std::vector<std::string> vsWords = {"(",   ")",   "=",   ")=",  " ",    "x1", "y0",
+                                            "(x2", "(y0", "(y3", "num", "*OR*", "*",  " = "};
+  std::string Text;
+  for (std::size_t Left = Random() % 17; Left > 0; --Left) {
+    Text += vsWords[Random() % vsWords.size()];
+  }
+  return Text;
+}
+
+}  // namespace
+
+TEST(Constraint, ReadsEveryPrefixOfTheSampleTextsStepByStep) {
+  for (const std::string& sText : vsSamples) {
+    for (std::size_t Size = 0; Size <= sText.size(); ++Size) {
+      for (const char* Ending : {"", "\r\n", "\n", ")", " = x1)", "="}) {
+        ExpectReadsLikeTheSlowReader(sText.substr(0, Size) + Ending);
+      }
+    }
+  }
+}
+
+TEST(Constraint, ReadsDamagedTextsStepByStep) {
+  std::mt19937 Random(20240501);
+  std::set<std::string> ssRecords;
+  for (int Round = 0; Round < 6000; ++Round) {
+    const std::string Text = Round % 2 == 0 ? Damaged(Random) : Scrambled(Random);
+    ExpectReadsLikeTheSlowReader(Text);
+    ssRecords.insert(Read(Text).Record);
+  }
+  EXPECT_GT(ssRecords.size(), 300U);  // the texts were not all refused
+}
+
+// ---- Writing ----------------------------------------------------------------------------------
+
+TEST(Constraint, WritesAValueAWholeNodeOrANodesFeature) {
+  struct Case {
+    Constraint Record;
+    std::string Text;
+  };
+  const std::vector<Case> vCases = {
+      {Constraint(1, 0, "DET", "X1", -1, true), "((X0 DET) = X1)"},
+      {Constraint(2, 0, "DET", "X1", -1, true), "((Y0 DET) = X1)"},
+      {Constraint(4, 1, "all", "SG", -1, true), "((Y1 all) = SG)"},
+      {Constraint(1, 1, "all", "SG", -1, true), "((X1 all) = SG)"},
+      {Constraint(1, 0, "all", "X3", -1, false), "(X0 = X3)"},
+      {Constraint(3, 0, "all", "X0", -1, false), "(Y0 = X0)"},
+      {Constraint(4, 1, "all", "", -1, false), "(Y1 = )"},
+      {Constraint(4, 3, "AGR", "(Y2", -1, false), "((Y3 AGR) = (Y2 AGR))"},
+      {Constraint(1, 3, "AGR", "(X2", -1, false), "((X3 AGR) = (X2 AGR))"},
+      {Constraint(4, 3, "ALL", "Y2", -1, false), "((Y3 ALL) = Y2 ALL))"},
+      {Constraint(4, 3, "agr gen", "(Y2", -1, false), "((Y3 agr gen) = (Y2 agr gen))"},
+      {Constraint(4, 3, "agr gen", "sg", -1, true), "((Y3 agr gen) = sg)"},
+      {Constraint(4, 3, "", "", -1, false), "((Y3 ) =  ))"},
+      {Constraint(0, -12, "F", "V", -1, true), "((Y-12 F) = V)"},
+      {Constraint(5, INT_MAX, "F", "V", -1, true), "((Y2147483647 F) = V)"},
+      {Constraint(-1, INT_MIN, "F", "V", -1, true), "((Y-2147483648 F) = V)"},
+      {Constraint(1, 1, "\0\xE9"s, "\xFF\0"s, 9, true), "((X1 \0\xE9) = \xFF\0)"s},
+  };
+  for (const Case& Each : vCases) {
+    EXPECT_EQ(Each.Record.ReturnAsString(), Each.Text);
+  }
+}
+
+TEST(Constraint, IsWrittenBackWithWhatTheReaderKept) {
+  struct Case {
+    const char* Text;
+    const char* Back;
+  };
+  const std::vector<Case> vCases = {
+      {"((x0 det) = x1)", "((X0 DET) = X1)"},
+      {"(x0 = x3)", "(X0 = X3)"},
+      {"(y0 = x0)", "(Y0 = X0)"},
+      {"(y2 = y0)", "(Y2 = Y0)"},
+      {"((y1 num) = sg)", "((Y1 NUM) = SG)"},
+      {"((y1 num) = (*OR* sg pl))", "((Y1 NUM) = (*OR* SG PL))"},
+      {"(y1 == (y0 det))", "(Y1 = (Y0 DET)"},
+      {"((y3 agr gen) = (y2 agr gen))", "((Y3 AGRGEN) = (Y2 AGRGEN))"},
+      {"((y3 num) = (y2 gen))", "((Y3 NUM) = (Y2 NUM))"},
+      {"((x1 num) = (*NOT* sg))", "((X1 NUM) = (*NOT* SG)"},
+      {"((y1 num) = (x1 num))", "((Y1 NUM) = (X1 NUM))"},
+      {"((x1 num) == (x3 num))", "((X1 NUM) = (X3 NUM)"},
+      {"((y1 num) = sg", "((Y1 NUM) = )"},
+      {"(y1 = )", "(Y1 = )"},
+      {"((x12)=sg)", "((X12 ) = SG)"},
+      {"((z1 num) = sg)", "((Y0 NUM) = SG)"},
+      {"x0 = =", "((Y-1 ) = )"},
+  };
+  for (const Case& Each : vCases) {
+    EXPECT_EQ(Constraint(Each.Text).ReturnAsString(), Each.Back);
+  }
+}
+
+TEST(Constraint, TextIsStableAfterItsFirstRewriting) {
+  for (const std::string& sText : vsSamples) {
+    const Constraint Once(sText);
+    ASSERT_NE(Once.ReturnAsString(), sText);
+    const Constraint Twice(Once.ReturnAsString());
+    EXPECT_EQ(Fields(Twice), Fields(Once)) << sText;
+    EXPECT_EQ(Twice.ReturnAsString(), Once.ReturnAsString()) << sText;
+  }
+}
+
+TEST(Constraint, TextDoesNotTellCategories2To4Apart) {
+  for (const int Category : {2, 3, 4}) {
+    const Constraint Record(Category, 1, "NUM", "X1", -1, true);
+    EXPECT_EQ(Record.ReturnAsString(), "((Y1 NUM) = X1)");
+    EXPECT_EQ(Fields(Constraint(Record.ReturnAsString())), "2|1|NUM|X1|-1|value");
+  }
+}
+
+// ---- The agreed index -------------------------------------------------------------------------
+
+TEST(Constraint, AgreedIndexStandsBehindTheLastNodeLetter) {
+  struct Case {
+    std::string Text;
+    int Index;
+  };
+  const std::vector<Case> vCases = {
+      {"", -1},
+      {"X", -1},
+      {"Y", -1},
+      {"(Y", -1},
+      {"SG", -1},
+      {"MAX", -1},
+      {"x1", -1},
+      {"y1", -1},
+      {"X1", 1},
+      {"Y3", 3},
+      {"(Y2", 2},
+      {"(X3", 3},
+      {"(Y12", 12},
+      {"(Y0 DET", 0},
+      {"X1Y2", 2},
+      {"Y2X1", 1},
+      {"X1 Y", -1},
+      {"Y1 X", -1},
+      {"XA", 0},
+      {"NEXT 5", 0},
+      {"X 7", 7},
+      {"X\t\r\n7", 7},
+      {"X-3", -3},
+      {"X+4", 4},
+      {"X12)", 12},
+      {"(*OR* X1 X2)", 2},
+      {"X1\0X2"s, 2},
+      {"X1\0 2"s, 1},
+      {"X\0 5"s, 0},
+      {"X\xE9 5", 0},
+      {"X" + std::string(999, '0') + "5", 5},
+      {"X" + std::string(1000, '0') + "5", 0},
+  };
+  for (const Case& Each : vCases) {
+    EXPECT_EQ(Base.GetAgreedIndex(Each.Text), Each.Index) << Each.Text;
+  }
+}
+
+TEST(Constraint, AgreedIndexLooksAtItsArgumentAlone) {
+  for (const Constraint& Record : {Constraint(), Base, Constraint(1, 9, "X8", "(Y7", 6, false)}) {
+    EXPECT_EQ(Record.GetAgreedIndex("(Y2"), 2);
+    EXPECT_EQ(Record.GetAgreedIndex("SG"), -1);
+  }
+}
+
+// ---- Order ------------------------------------------------------------------------------------
+
+TEST(Constraint, SortsByTextByteByByte) {
+  const std::vector<Constraint> vAscending = {
+      Constraint(1, 0, "DET", "X1", 0, false),   // ((X0 DET) = X1 DET))
+      Constraint(1, 0, "DET", "X1", 9, true),    // ((X0 DET) = X1)
+      Constraint(4, 1, "NUM", "SG", 3, true),    // ((Y1 NUM) = SG)
+      Constraint(4, 1, "NUM", "Z", 2, true),     // ((Y1 NUM) = Z)
+      Constraint(4, 1, "NUM", "\xE9", 2, true),  // ((Y1 NUM) = \xE9)
+      Constraint(4, 1, "num", "", 2, true),      // ((Y1 num) = )
+      Constraint(1, 10, "all", "X3", 1, false),  // (X10 = X3)
+      Constraint(1, 9, "all", "X3", 0, false),   // (X9 = X3)
+      Constraint(3, 0, "all", "X0", -1, false),  // (Y0 = X0)
+  };
+  for (std::size_t Left = 0; Left < vAscending.size(); ++Left) {
+    for (std::size_t Right = 0; Right < vAscending.size(); ++Right) {
+      EXPECT_EQ(vAscending[Left] < vAscending[Right], Left < Right) << Left << ' ' << Right;
+    }
+  }
+}
+
+TEST(Constraint, FieldsThatTheTextHidesDoNotCountInTheOrder) {
+  EXPECT_FALSE(Base < Base);
+  for (const Perturbed& Each : vPerturbed) {
+    SCOPED_TRACE(Each.Field);
+    ASSERT_NE(Fields(Each.Record), Fields(Base));
+    EXPECT_EQ(Each.Record.ReturnAsString() != Base.ReturnAsString(), Each.ShowsInText);
+    EXPECT_EQ((Each.Record < Base) != (Base < Each.Record), Each.ShowsInText);
+    EXPECT_FALSE(Each.Record < Base && Base < Each.Record);
+  }
+}
+
+TEST(Constraint, SetsKeepOneOfSeveralWithTheSameText) {
+  const std::set<Constraint> sConstraints = {Base, Constraint(4, 1, "NUM", "SG", 3, true),
+                                             Constraint(2, 1, "NUM", "SG", 2, true),
+                                             Constraint(4, 1, "NUM", "PL", 2, true)};
+  ASSERT_EQ(sConstraints.size(), 2U);
+  EXPECT_EQ(Fields(*sConstraints.begin()), "4|1|NUM|PL|2|value");
+  EXPECT_EQ(Fields(*sConstraints.rbegin()), Fields(Base));
+}

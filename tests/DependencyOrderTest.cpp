@@ -1,0 +1,208 @@
+// Pins the order of numbers that depend on each other: by levels, ascending within a level, with
+// references that do not count and cycles that cannot be ordered; also against a slow twin that
+// makes one pass after the other.
+
+#include "DependencyOrder.h"
+
+#include <gtest/gtest.h>
+
+#include "support/ChildProcess.h"
+
+#include <climits>
+#include <iostream>
+#include <map>
+#include <random>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+using TrRuleInternal::OrderByDependency;
+using TrRuleInternal::OrderOrHalt;
+using TrRuleInternal::Reference;
+
+namespace {
+
+using Ints = std::vector<int>;
+
+/// Each key with the numbers that it refers to.
+using DependencyTable = std::map<int, std::set<int>>;
+
+/// An order and whether every key has its place in it.
+using Result = std::pair<bool, Ints>;
+
+/// The references of a table; a key without any refers to itself, which does not count.
+std::vector<Reference> ReferencesOf(const DependencyTable& misiTable) {
+  std::vector<Reference> vReferences;
+  for (const auto& [Key, siDependencies] : misiTable) {
+    for (const int Dependency : siDependencies.empty() ? std::set<int>{Key} : siDependencies) {
+      vReferences.push_back({Key, Dependency});
+    }
+  }
+  return vReferences;
+}
+
+Result OrderOfReferences(const std::vector<Reference>& vReferences) {
+  Ints vOrder{99, 98};  // what stood there before must not stay
+  const bool Complete = OrderByDependency(vReferences, vOrder);
+  return {Complete, vOrder};
+}
+
+Result OrderOf(const DependencyTable& misiTable) {
+  return OrderOfReferences(ReferencesOf(misiTable));
+}
+
+/// One pass: drops the references that do not count, then takes out the keys that wait for nothing.
+bool SlowPass(DependencyTable& misiTable, Ints& vOrder) {
+  DependencyTable misiPruned;
+  for (const auto& [Key, siDependencies] : misiTable) {
+    misiPruned[Key];
+    for (const int Dependency : siDependencies) {
+      if (Dependency != Key && misiTable.count(Dependency) != 0) {
+        misiPruned[Key].insert(Dependency);
+      }
+    }
+  }
+  DependencyTable misiLeft;
+  for (const auto& [Key, siDependencies] : misiPruned) {
+    if (siDependencies.empty()) {
+      vOrder.push_back(Key);
+    } else {
+      misiLeft[Key] = siDependencies;
+    }
+  }
+  const bool CouldProceed = misiLeft.size() < misiTable.size();
+  misiTable = misiLeft;
+  return CouldProceed;
+}
+
+Result SlowOrderOf(DependencyTable misiTable) {
+  Ints vOrder;
+  bool CouldProceed = true;
+  while (!misiTable.empty() && CouldProceed) {
+    CouldProceed = SlowPass(misiTable, vOrder);
+  }
+  return {misiTable.empty(), vOrder};
+}
+
+/// A table of some keys; without `Damage`, a key depends on larger keys alone.
+DependencyTable RandomTable(std::mt19937& Engine, bool Damage) {
+  DependencyTable misiTable;
+  const unsigned long Range = 2 + Engine() % 10;
+  for (unsigned long Keys = Engine() % 10; Keys > 0; --Keys) {
+    const int Key = static_cast<int>(Engine() % 12) - 2;
+    std::set<int>& siDependencies = misiTable[Key];
+    for (unsigned long Count = Engine() % 4; Count > 0; --Count) {
+      const int Other = static_cast<int>(Engine() % Range);
+      siDependencies.insert(Damage ? Other : Key + 1 + Other);
+    }
+  }
+  return misiTable;
+}
+
+const char* const Category1 =
+    "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category1 order.";
+const char* const Category2 =
+    "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category2 order.";
+const char* const Category3and4 =
+    "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category3and4 order.";
+
+}  // namespace
+
+TEST(DependencyOrder, GoesByLevelsAndAscendsWithinALevel) {
+  const std::pair<DependencyTable, Ints> Cases[] = {
+      {{}, {}},
+      {{{5, {}}}, {5}},
+      {{{3, {}}, {1, {}}, {2, {}}}, {1, 2, 3}},
+      {{{1, {2}}, {2, {3}}, {4, {}}}, {2, 4, 1}},
+      {{{1, {2}}, {2, {3}}, {3, {}}}, {3, 2, 1}},
+      {{{1, {3}}, {2, {3}}, {3, {4}}, {4, {}}}, {4, 3, 1, 2}},
+      {{{1, {2, 4}}, {2, {3}}, {3, {}}, {4, {}}}, {3, 4, 2, 1}},
+      {{{1, {4}}, {2, {}}, {3, {1}}, {4, {}}, {5, {2}}}, {2, 4, 1, 5, 3}},
+      {{{-2, {-1}}, {-1, {}}, {0, {-2}}}, {-1, -2, 0}},
+      {{{INT_MIN, {INT_MAX}}, {INT_MAX, {}}}, {INT_MAX, INT_MIN}},
+  };
+  for (const auto& [misiTable, vExpected] : Cases) {
+    SCOPED_TRACE(testing::PrintToString(misiTable));
+    EXPECT_EQ(OrderOf(misiTable), Result(true, vExpected));
+  }
+}
+
+TEST(DependencyOrder, IgnoresReferencesToItselfAndToWhatIsNoKey) {
+  EXPECT_EQ(OrderOf({{0, {0}}}), Result(true, {0}));
+  EXPECT_EQ(OrderOf({{0, {3}}}), Result(true, {0}));
+  EXPECT_EQ(OrderOf({{2, {2, 9}}, {1, {1}}}), Result(true, {1, 2}));
+}
+
+TEST(DependencyOrder, OrdersTheWholeNodeBeforeWhatAgreesWithIt) {
+  EXPECT_EQ(OrderOf({{0, {0}}, {1, {0}}, {2, {0}}, {3, {0}}}), Result(true, {0, 1, 2, 3}));
+  EXPECT_EQ(OrderOf({{0, {1}}, {1, {}}}), Result(true, {1, 0}));
+}
+
+TEST(DependencyOrder, LeavesOutACycleAndWhatWaitsForIt) {
+  const std::pair<DependencyTable, Ints> Cases[] = {
+      {{{1, {2}}, {2, {1}}}, {}},
+      {{{1, {2}}, {2, {3}}, {3, {1}}}, {}},
+      {{{1, {2}}, {2, {1}}, {3, {}}}, {3}},
+      {{{0, {1}}, {1, {2}}, {2, {1}}, {3, {4}}, {4, {}}}, {4, 3}},
+      {{{1, {2, 3}}, {2, {1}}, {3, {}}}, {3}},
+  };
+  for (const auto& [misiTable, vExpected] : Cases) {
+    SCOPED_TRACE(testing::PrintToString(misiTable));
+    EXPECT_EQ(OrderOf(misiTable), Result(false, vExpected));
+  }
+}
+
+TEST(DependencyOrder, TakesAnyNumberOfLevels) {
+  constexpr int Levels = 500;
+  DependencyTable misiChain;
+  Ints vExpected;
+  for (int Key = 0; Key < Levels; ++Key) {
+    misiChain[Key] = {Key + 1};
+    vExpected.push_back(Levels - 1 - Key);
+  }
+  EXPECT_TRUE(OrderOf(misiChain) == Result(true, vExpected));
+  misiChain[Levels - 1] = {0};
+  EXPECT_EQ(OrderOf(misiChain), Result(false, {}));
+}
+
+TEST(DependencyOrder, OrdersAsItsTwinDoesOnRandomTables) {
+  constexpr unsigned Seed = 10401;
+  std::mt19937 Engine(Seed);
+  for (int Round = 0; Round < 4000; ++Round) {
+    const DependencyTable misiTable = RandomTable(Engine, Round % 2 == 1);
+    SCOPED_TRACE(testing::Message() << "seed " << Seed << " round " << Round << ' '
+                                    << testing::PrintToString(misiTable));
+    EXPECT_EQ(OrderOf(misiTable), SlowOrderOf(misiTable));
+    if (Round % 2 == 0) {
+      EXPECT_TRUE(OrderOf(misiTable).first);
+    }
+  }
+}
+
+TEST(DependencyOrder, TakesReferencesInAnyOrderAndSeveralTimes) {
+  const std::vector<Reference> vReferences{{4, 4}, {2, 3}, {1, 2}, {2, 3}, {1, 9}, {1, 2}, {4, 4}};
+  EXPECT_EQ(OrderOfReferences(vReferences), Result(true, {2, 4, 1}));
+  EXPECT_EQ(OrderOfReferences({vReferences.rbegin(), vReferences.rend()}), Result(true, {2, 4, 1}));
+}
+
+TEST(DependencyOrder, OrderOrHaltGivesTheOrder) {
+  EXPECT_EQ(OrderOrHalt({}, HaltReason::Category1Order, Category1), Ints{});
+  EXPECT_EQ(OrderOrHalt({{1, 2}, {2, 3}}, HaltReason::Category1Order, Category1), (Ints{2, 1}));
+}
+
+TEST(DependencyOrder, OrderOrHaltEndsTheProcessAtACycle) {
+  const std::pair<HaltReason, const char*> Cases[] = {
+      {HaltReason::Category1Order, Category1},
+      {HaltReason::Category2Order, Category2},
+      {HaltReason::Category3and4Order, Category3and4},
+  };
+  for (const auto& Each : Cases) {
+    SCOPED_TRACE(Each.second);
+    const ChildEnd End = RunInChild([&Each] {
+      OrderOrHalt({{1, 2}, {2, 1}, {3, 3}}, Each.first, Each.second);
+      std::cout << "not reached\n";
+    });
+    EXPECT_EQ(End, (ChildEnd{1, "", std::string(Each.second) + "\n"}));
+  }
+}

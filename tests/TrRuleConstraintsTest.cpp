@@ -1,0 +1,1225 @@
+// Pins the constraints of a rule: their keys and order, how values of one feature merge, the forms
+// in which constraints are set, how they are asked for and erased, and the one erasing that waits.
+
+#include "TrRule.h"
+#include "support/ChildProcess.h"
+#include "support/DebugLevel.h"
+#include "support/HaltGuard.h"
+#include "support/Samples.h"
+#include "support/StreamCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <map>
+#include <optional>
+#include <random>
+#include <set>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+using std::string_literals::operator""s;
+
+namespace {
+
+const Written Nothing;
+
+/// The keys in order. An erasing that can find nothing lists them, at level 1.
+Strings Keys(TrRule& Rule) {
+  const DebugLevel Debug(1);
+  std::istringstream Listing(WrittenBy([&] { Rule.EraseConstraint(0, "", "", "", {}); }).Out);
+  const std::string Start = "Constraint:";
+  Strings vsKeys;
+  for (std::string Line; std::getline(Listing, Line) && Line != "Constraints map after erasing:";) {
+    if (Line.compare(0, Start.size(), Start) == 0) {
+      vsKeys.push_back(Line.substr(Start.size()));
+    }
+  }
+  return vsKeys;
+}
+
+std::string Fields(const Constraint& Record) {
+  return std::to_string(Record.GetCategory()) + '|' + std::to_string(Record.GetConstrainedIndex()) +
+         '|' + Record.GetFeature() + '|' + Record.GetFeatValue() + '|' +
+         std::to_string(Record.GetRankInCategory()) + '|' +
+         (Record.IsValueConstraint() ? "value" : "agreement");
+}
+
+/// All fields of the constraints, in the order of their texts.
+Strings Records(const TrRule& Rule) {
+  Strings vsRecords;
+  for (const Constraint& Each : Rule.GetConstraintsAsSetC()) {
+    vsRecords.push_back(Fields(Each));
+  }
+  return vsRecords;
+}
+
+std::string Merging(const std::string& Old, const std::string& New, const std::string& Key) {
+  return "OldFeat:|" + Old + "|\nInsertFeat:|" + New + "|\nNewKey is now:" + Key + '\n';
+}
+
+std::string PieceCountError(const std::string& Text) {
+  return "ERROR in TrRule::SetConstraint: Constraint does not have correct format:" + Text + '\n';
+}
+
+std::string IncorrectFormat(const std::string& Text) {
+  return "Constraint was not in correct format:" + Text + '\n';
+}
+
+/// The sample rule's constraints, without the rest of it.
+TrRule Sample() {
+  TrRule Rule;
+  for (const char* Text : {"((x0 det) = x1)", "((x0 mod) = x2)", "(x0 = x3)", "(y0 = x0)",
+                           "(y1 == (y0 det))", "(y3 == (y0 mod))", "(y2 = y0))"}) {
+    Rule.SetConstraint(Text);
+  }
+  return Rule;
+}
+
+/// One constraint of each category, two that no category holds, and a text that stands twice.
+TrRule Mixed() {
+  TrRule Rule;
+  Rule.SetConstraint(4, 1, "NUM", "SG", 41, true);
+  Rule.SetConstraint(2, 1, "NUM", "SG", 21, true);
+  Rule.SetConstraint(1, 1, "NUM", "SG", 11, true);
+  Rule.SetConstraint(3, 0, "all", "X0", 31, false);
+  Rule.SetConstraint(5, 7, "NUM", "PL", 51, true);
+  Rule.SetConstraint(-1, 7, "GEN", "M", 61, true);
+  return Rule;
+}
+
+}  // namespace
+
+// ---- Keys -------------------------------------------------------------------------------------
+
+TEST(TrRuleConstraints, NewRuleHasNone) {
+  TrRule Rule;
+  EXPECT_EQ(Rule.GetNumConstraints(), 0);
+  EXPECT_EQ(Keys(Rule), Strings{});
+  EXPECT_EQ(Rule.GetConstraints(), Strings{});
+  EXPECT_EQ(Rule.GetConstraints(5), Strings{});
+  EXPECT_TRUE(Rule.GetConstraintsAsSet().empty());
+  EXPECT_TRUE(Rule.GetConstraintsAsSet(1).empty());
+  EXPECT_TRUE(Rule.GetConstraintsAsSetC().empty());
+  EXPECT_TRUE(Rule.GetConstraintsAsSetC(1).empty());
+  EXPECT_TRUE(Rule.GetConstraintsForInd(0, {1, 2, 3, 4}).empty());
+}
+
+TEST(TrRuleConstraints, KeysTellCategoryIndexFeatureAndValue) {
+  TrRule Rule = Sample();
+  EXPECT_EQ(Keys(Rule), (Strings{"1__0__DET__X1", "1__0__MOD__X2", "1__0__all__X3", "3__0__all__X0",
+                                 "4__1__all__(Y0 DET", "4__2__all__Y0", "4__3__all__(Y0 MOD"}));
+  EXPECT_EQ(Rule.GetNumConstraints(), 7);
+}
+
+TEST(TrRuleConstraints, KeysSortByteByByte) {
+  TrRule Rule;
+  for (const int Index : {2, 10, -1, 1, INT_MAX, INT_MIN}) {
+    Rule.SetConstraint(4, Index, "NUM", "SG", 0, true);
+  }
+  for (const char* Feature : {"\xE9", "num", "", "Z"}) {
+    Rule.SetConstraint(-2, 0, Feature, "SG", 0, false);
+  }
+  EXPECT_EQ(Keys(Rule), (Strings{"-2__0__Z__SG", "-2__0____SG", "-2__0__num__SG", "-2__0__\xE9__SG",
+                                 "4__-1__NUM__SG", "4__-2147483648__NUM__SG", "4__10__NUM__SG",
+                                 "4__1__NUM__SG", "4__2147483647__NUM__SG", "4__2__NUM__SG"}));
+}
+
+TEST(TrRuleConstraints, KeyThatIsThereStaysAsItIs) {
+  const Constraint First(4, 1, "NUM", "SG", 1, true);
+  for (const bool IsValue : {true, false}) {
+    const Constraint Again(4, 1, "NUM", "SG", 2, IsValue);
+    ASSERT_NE(Fields(Again), Fields(First));
+    TrRule Rule;
+    EXPECT_TRUE(Rule.InsertConstraintIntoMap(First));
+    EXPECT_EQ(WrittenBy([&] { EXPECT_FALSE(Rule.InsertConstraintIntoMap(Again)); }), Nothing);
+    EXPECT_EQ(Rule.GetNumConstraints(), 1);
+    EXPECT_EQ(Records(Rule), Strings{Fields(First)});
+  }
+}
+
+TEST(TrRuleConstraints, SameTextTwiceLeavesOneAndPrintsNothing) {
+  for (const char* Text : {"((x1 num) = sg)", "(x0 = x3)"}) {
+    TrRule Rule;
+    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Text); }), Nothing);
+    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Text); }), Nothing);
+    EXPECT_EQ(Rule.GetNumConstraints(), 1);
+  }
+}
+
+TEST(TrRuleConstraints, RuleKeepsCopies) {
+  Constraint Record(4, 1, "NUM", "SG", 1, true);
+  TrRule Rule;
+  EXPECT_TRUE(Rule.InsertConstraintIntoMap(Record));
+  Record.SetFeatValue("PL");
+  EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|SG|1|value"});
+}
+
+// ---- Merging ----------------------------------------------------------------------------------
+
+TEST(TrRuleConstraints, SecondValueOfAFeatureMakesADisjunction) {
+  for (const int Level : {0, 1, 2, 3, 4}) {
+    SCOPED_TRACE(Level);
+    const DebugLevel Debug(Level);
+    TrRule Rule;
+    Rule.SetConstraint("((x1 num) = sg)");
+    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint("((x1 num) = pl)"); }),
+              (Written{Merging("SG", "PL", "1__1__NUM__(*OR* SG PL)"), ""}));
+    EXPECT_EQ(Keys(Rule), Strings{"1__1__NUM__(*OR* SG PL)"});
+    EXPECT_EQ(Rule.GetConstraints(), Strings{"((X1 NUM) = (*OR* SG PL))"});
+  }
+}
+
+TEST(TrRuleConstraints, ValueThatADisjunctionHoldsMergesToTheSameKey) {
+  TrRule Rule;
+  const Written Streams = WrittenBy([&] {
+    for (const char* Text : {"((y1 num) = sg)", "((y1 num) = pl)", "((y1 num) = sg)"}) {
+      Rule.SetConstraint(Text);
+    }
+  });
+  const std::string Key = "4__1__NUM__(*OR* SG PL)";
+  EXPECT_EQ(Streams, (Written{Merging("SG", "PL", Key) + Merging("(*OR* SG PL)", "SG", Key), ""}));
+  EXPECT_EQ(Keys(Rule), Strings{Key});
+}
+
+TEST(TrRuleConstraints, MergedEntryIsTheNewConstraintWithTheMergedValue) {
+  TrRule Rule;
+  Rule.SetConstraint(4, 1, "NUM", "SG", 1, true);
+  const Written Streams = WrittenBy(
+      [&] { EXPECT_TRUE(Rule.InsertConstraintIntoMap(Constraint(4, 1, "NUM", "PL", 2, true))); });
+  EXPECT_EQ(Streams, (Written{Merging("SG", "PL", "4__1__NUM__(*OR* SG PL)"), ""}));
+  EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|(*OR* SG PL)|2|value"});
+  WrittenBy([&] { Rule.SetConstraint(4, 1, "NUM", "SG", 3, true); });
+  EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|(*OR* SG PL)|3|value"});
+}
+
+TEST(TrRuleConstraints, MergingTakesEachAlternativeOnceAndOldOnesFirst) {
+  struct Case {
+    std::string Old;
+    std::string New;
+    std::string Merged;
+  };
+  const std::vector<Case> vCases = {
+      {"SG", "PL", "(*OR* SG PL)"},
+      {"PL", "SG", "(*OR* PL SG)"},
+      {"SG", "sg", "(*OR* SG sg)"},
+      {"SG", "", "(*OR* SG)"},
+      {"", "SG", "(*OR* SG)"},
+      {" ", "SG ", "(*OR* SG)"},
+      {")", "(*OR*", "(*OR*)"},
+      {"X1", "X2", "(*OR* X1 X2)"},
+      {"(*OR* SG PL)", "PL", "(*OR* SG PL)"},
+      {"(*OR* SG PL)", "(*OR* PL DU)", "(*OR* SG PL DU)"},
+      {"SG", "(*OR* PL SG)", "(*OR* SG PL)"},
+      {"SG SG", "PL  PL DU", "(*OR* SG PL DU)"},
+      {"(*NOT* SG", "PL", "(*OR* (*NOT* SG PL)"},
+      {"(*NOT* SG)", "(*NOT* PL)", "(*OR* (*NOT* SG PL)"},
+      {"A)B(*OR*C))", "(*OR*(*OR*D", "(*OR* ABC D)"},
+      {"(*O(*OR*R*", "A", "(*OR* (*OR* A)"},
+      {"(*or* SG", "PL", "(*OR* (*or* SG PL)"},
+      {"\tA\r", "A \t B", "(*OR* A B)"},
+      {"A\tB", "A", "(*OR* A\tB A)"},
+      {"A\t)", "A", "(*OR* A\t A)"},
+      {"\xE9", "\0\xE9"s, "(*OR* \xE9 \0\xE9)"s},
+  };
+  for (const Case& Each : vCases) {
+    SCOPED_TRACE(Each.Old + " and " + Each.New);
+    TrRule Rule;
+    Rule.SetConstraint(4, 1, "NUM", Each.Old, 0, true);
+    const Written Streams = WrittenBy([&] { Rule.SetConstraint(4, 1, "NUM", Each.New, 0, true); });
+    EXPECT_EQ(Streams, (Written{Merging(Each.Old, Each.New, "4__1__NUM__" + Each.Merged), ""}));
+    EXPECT_EQ(Keys(Rule), Strings{"4__1__NUM__" + Each.Merged});
+    EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|" + Each.Merged + "|0|value"});
+  }
+}
+
+TEST(TrRuleConstraints, AgreementsOfOneFeatureStandSideBySide) {
+  TrRule Rule;
+  const Written Streams = WrittenBy([&] {
+    EXPECT_TRUE(Rule.InsertConstraintIntoMap(Constraint(4, 1, "NUM", "(Y3", 0, false)));
+    EXPECT_TRUE(Rule.InsertConstraintIntoMap(Constraint(4, 1, "NUM", "(Y2", 0, false)));
+    EXPECT_TRUE(Rule.InsertConstraintIntoMap(Constraint(4, 1, "NUM", "SG", 0, true)));
+    EXPECT_TRUE(Rule.InsertConstraintIntoMap(Constraint(4, 1, "NUM", "Z", 0, false)));
+  });
+  EXPECT_EQ(Streams, Nothing);
+  EXPECT_EQ(Rule.GetConstraints(), (Strings{"((Y1 NUM) = (Y2 NUM))", "((Y1 NUM) = (Y3 NUM))",
+                                            "((Y1 NUM) = SG)", "((Y1 NUM) = Z NUM))"}));
+}
+
+TEST(TrRuleConstraints, ValuesOfOtherNodesAndFeaturesDoNotMerge) {
+  const std::vector<Constraint> vOthers = {
+      Constraint(3, 1, "NUM", "PL", 0, true),  Constraint(4, 2, "NUM", "PL", 0, true),
+      Constraint(4, 10, "NUM", "PL", 0, true), Constraint(4, 1, "NUMB", "PL", 0, true),
+      Constraint(4, 1, "num", "PL", 0, true),  Constraint(4, 1, "", "PL", 0, true)};
+  for (const Constraint& Other : vOthers) {
+    SCOPED_TRACE(Fields(Other));
+    TrRule Rule;
+    Rule.SetConstraint(4, 1, "NUM", "SG", 0, true);
+    EXPECT_EQ(WrittenBy([&] { EXPECT_TRUE(Rule.InsertConstraintIntoMap(Other)); }), Nothing);
+    EXPECT_EQ(Rule.GetNumConstraints(), 2);
+  }
+}
+
+TEST(TrRuleConstraints, MergingGoesOnThroughAllKeysThatBeginAlike) {
+  TrRule Rule;
+  Rule.SetConstraint(4, 1, "A__B", "SG", 0, true);
+  Rule.SetConstraint(4, 1, "A__C", "PL", 0, true);
+  Rule.SetConstraint(4, 1, "A__D", "X1", 0, false);
+  Rule.SetConstraint(4, 1, "A__E", "SG", 0, true);
+  const Written Streams = WrittenBy([&] { Rule.SetConstraint(4, 1, "A", "DU", 7, true); });
+  EXPECT_EQ(Streams, (Written{Merging("SG", "DU", "4__1__A__(*OR* SG DU)") +
+                                  Merging("PL", "(*OR* SG DU)", "4__1__A__(*OR* PL SG DU)") +
+                                  Merging("SG", "(*OR* PL SG DU)", "4__1__A__(*OR* SG PL DU)"),
+                              ""}));
+  EXPECT_EQ(Keys(Rule), (Strings{"4__1__A__(*OR* SG PL DU)", "4__1__A__D__X1"}));
+  EXPECT_EQ(Records(Rule), (Strings{"4|1|A|(*OR* SG PL DU)|7|value", "4|1|A__D|X1|0|agreement"}));
+}
+
+TEST(TrRuleConstraints, AgreementUnderTheMergedKeyStays) {
+  TrRule Rule;
+  Rule.SetConstraint(4, 1, "NUM", "(*OR* SG PL)", 8, false);
+  Rule.SetConstraint(4, 1, "NUM", "SG", 9, true);
+  const Written Streams = WrittenBy(
+      [&] { EXPECT_TRUE(Rule.InsertConstraintIntoMap(Constraint(4, 1, "NUM", "PL", 7, true))); });
+  EXPECT_EQ(Streams, (Written{Merging("SG", "PL", "4__1__NUM__(*OR* SG PL)"), ""}));
+  EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|(*OR* SG PL)|8|agreement"});
+}
+
+// ---- Setting from values ----------------------------------------------------------------------
+
+TEST(TrRuleConstraints, LastArgumentTellsTheFormsWithSixValuesApart) {
+  TrRule Rule;
+  Rule.SetConstraint(4, 1, "NUM", "SG", 2, true);
+  Rule.SetConstraint(4, 0, "all", "X1", 3, false);
+  Rule.SetConstraint(1, "GEN", "M", "empty", 5, 3);
+  Rule.SetConstraint(0, "PERS", "empty", "X1", 6, 4);
+  EXPECT_EQ(Records(Rule), (Strings{"4|0|PERS|X1|6|agreement", "3|1|GEN|M|5|value",
+                                    "4|1|NUM|SG|2|value", "4|0|all|X1|3|agreement"}));
+}
+
+TEST(TrRuleConstraints, LiteralTextsPickTheTextForms) {
+  TrRule Rule;
+  Rule.SetConstraint("((y1 num) = sg)");
+  Rule.SetConstraint("((Y1 GEN) = M)", 2, 3);
+  Rule.SetConstraint("((y2 num) = sg)"s);
+  Rule.SetConstraint("((Y2 GEN) = M)"s, 1, 0);
+  EXPECT_EQ(Records(Rule), (Strings{"3|1|GEN|M|2|value", "4|1|NUM|SG|-1|value", "0|2|GEN|M|1|value",
+                                    "4|2|NUM|SG|-1|value"}));
+}
+
+TEST(TrRuleConstraints, SixValuesAreStoredUnchecked) {
+  TrRule Rule;
+  EXPECT_EQ(WrittenBy([&] {
+              Rule.SetConstraint(9, -3, "a b", "empty", -7, true);
+              Rule.SetConstraint(0, 0, "\0"s, "\xFF", INT_MAX, false);
+            }),
+            Nothing);
+  EXPECT_EQ(Records(Rule),
+            (Strings{"9|-3|a b|empty|-7|value", "0|0|\0|\xFF|2147483647|agreement"s}));
+}
+
+TEST(TrRuleConstraints, ValueEmptyMakesAnAgreement) {
+  struct Case {
+    const char* Value;
+    const char* Agreed;
+    const char* Record;
+  };
+  const std::vector<Case> vCases = {
+      {"SG", "empty", "4|1|NUM|SG|6|value"},       {"SG", "(Y2", "4|1|NUM|SG|6|value"},
+      {"empty", "(Y2", "4|1|NUM|(Y2|6|agreement"}, {"empty", "empty", "4|1|NUM|empty|6|agreement"},
+      {"empty", "", "4|1|NUM||6|agreement"},       {"", "(Y2", "4|1|NUM||6|value"},
+      {"Empty", "(Y2", "4|1|NUM|Empty|6|value"},
+  };
+  for (const Case& Each : vCases) {
+    TrRule Rule;
+    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(1, "NUM", Each.Value, Each.Agreed, 6, 4); }),
+              Nothing);
+    EXPECT_EQ(Records(Rule), Strings{Each.Record});
+  }
+}
+
+TEST(TrRuleConstraints, ValuesWithAnAgreedPlaceMergeLikeOthers) {
+  TrRule Rule;
+  Rule.SetConstraint("((y1 num) = sg)");
+  EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(1, "NUM", "PL", "empty", 6, 4); }),
+            (Written{Merging("SG", "PL", "4__1__NUM__(*OR* SG PL)"), ""}));
+}
+
+TEST(TrRuleConstraints, TakesTheFourCategories) {
+  for (const int Category : {1, 2, 3, 4}) {
+    TrRule Rule;
+    Rule.SetConstraint(1, "NUM", "SG", "empty", 0, Category);
+    EXPECT_EQ(Keys(Rule), Strings{std::to_string(Category) + "__1__NUM__SG"});
+  }
+}
+
+TEST(TrRuleConstraints, AnyOtherCategoryEndsTheProcess) {
+  const std::vector<int> vCategories = {0, 5, -1, INT_MAX, INT_MIN};
+  for (std::size_t Level = 0; Level < vCategories.size(); ++Level) {
+    const DebugLevel Debug(static_cast<int>(Level));
+    EXPECT_EQ(
+        RunInChild([&] { TrRule().SetConstraint(1, "NUM", "SG", "empty", 0, vCategories[Level]); }),
+        (ChildEnd{1, "", "Constraint::SetCategory must be called with 1,2,3, or 4.\n"}));
+  }
+}
+
+TEST(TrRuleConstraints, NothingIsSetUnderARefusedCategory) {
+  TrRule Rule;
+  WrittenBy([&] {
+    EXPECT_EQ(HaltOf([&] { Rule.SetConstraint(1, "NUM", "SG", "empty", 0, 5); }),
+              (Halted{HaltReason::CategoryRange,
+                      "Constraint::SetCategory must be called with 1,2,3, or 4."}));
+  });
+  EXPECT_EQ(Rule.GetNumConstraints(), 0);
+}
+
+// ---- Setting from text ------------------------------------------------------------------------
+
+TEST(TrRuleConstraints, TextsAreReadAsConstraintsAre) {
+  struct Case {
+    const char* Text;
+    const char* Key;
+    const char* Back;
+  };
+  const std::vector<Case> vCases = {
+      {"((x0 det) = x1)", "1__0__DET__X1", "((X0 DET) = X1)"},
+      {"(x0 = x3)", "1__0__all__X3", "(X0 = X3)"},
+      {"((y1 num) = (x1 num))", "2__1__NUM__(X1", "((Y1 NUM) = (X1 NUM))"},
+      {"(y0 = x0)", "3__0__all__X0", "(Y0 = X0)"},
+      {"(y1 == (y0 det))", "4__1__all__(Y0 DET", "(Y1 = (Y0 DET)"},
+      {"((y1 num) = sg", "4__1__NUM__", "((Y1 NUM) = )"},
+      {"((z1 num) = sg)", "-1__0__NUM__SG", "((Y0 NUM) = SG)"},
+      {"((y1 num) = sg)\r\n", "4__1__NUM__SG", "((Y1 NUM) = SG)"},
+      {"x0 = =", "-1__-1____", "((Y-1 ) = )"},
+  };
+  for (const int Level : {0, 1, 2, 3, 4}) {
+    const DebugLevel Debug(Level);
+    for (const Case& Each : vCases) {
+      TrRule Rule;
+      EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Each.Text); }), Nothing);
+      EXPECT_EQ(Keys(Rule), Strings{Each.Key});
+      EXPECT_EQ(Rule.GetConstraints(), Strings{Each.Back});
+    }
+  }
+}
+
+TEST(TrRuleConstraints, TextThatCannotBeReadIsSetAsTheEmptyConstraint) {
+  TrRule Rule;
+  for (const std::string& sText : {"(Y1 ="s, "(Y1 ="s, ""s, "A = B = C"s, "\0\xE9"s}) {
+    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(sText); }),
+              (Written{"",
+                       "ERROR in Constraint::Constraint(string): Constraint was not in "
+                       "correct format:|" +
+                           sText + "|\n"}));
+    EXPECT_EQ(Keys(Rule), Strings{"-1__-1____"});
+    EXPECT_EQ(Records(Rule), Strings{"-1|-1|||-1|value"});
+  }
+}
+
+// ---- Setting from text with rank and category -------------------------------------------------
+
+namespace {
+
+struct RankedCase {
+  std::string Text;
+  std::string Key;  ///< behind "4__"
+};
+
+void ExpectRanked(const std::vector<RankedCase>& vCases) {
+  for (const RankedCase& Each : vCases) {
+    SCOPED_TRACE(Each.Text);
+    TrRule Rule;
+    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Each.Text, 2, 4); }), Nothing);
+    EXPECT_EQ(Keys(Rule), Strings{"4__" + Each.Key});
+  }
+}
+
+void ExpectRefused(const std::vector<std::string>& vsTexts,
+                   Written (*Expected)(const std::string&)) {
+  for (const std::string& sText : vsTexts) {
+    SCOPED_TRACE(sText);
+    TrRule Rule = Sample();
+    const Strings vsBefore = Keys(Rule);
+    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(sText, 2, 4); }), Expected(sText));
+    EXPECT_EQ(Keys(Rule), vsBefore);
+  }
+}
+
+}  // namespace
+
+TEST(TrRuleConstraints, RankedTextGivesIndexFeatureAndValue) {
+  ExpectRanked({
+      {"((X1 NUM) = SG)", "1__NUM__SG"},
+      {"((Y12 num) = sg)", "12__num__sg"},
+      {"((x1 num) = sg)", "0__num__sg"},  // small letters are no node letters here
+      {"X1 num = sg", "1__num__sg"},
+      {"(XY(X(-3 num = sg", "-3__num__sg"},
+      {"\r\n(\v(\fX3 num = sg", "3__num__sg"},
+      {"1X2 num = sg", "1__num__sg"},
+      {"A1 num = sg", "0__num__sg"},
+      {"X1  num)\t)  = sg", "1__num__sg"},
+      {"X1 n)um = sg", "1__n)um__sg"},
+      {"X1 ) = sg", "1____sg"},
+      {"X1 num = sg) ) \t)", "1__num__sg"},
+      {"X1 num =  s ) g )\r\n", "1__num__s ) g"},
+      {"X1 num = )", "1__num__"},
+      {"X1 num = \t ", "1__num__"},
+      {"X1 num =  = sg", "1__num__sg"},
+      {" = X1 num = sg = ", "1__num__sg"},
+      {"X1 num = a=b", "1__num__a=b"},
+      {"X1 num = (x1)", "1__num__(x1"},
+      {"((X1 num) = (Z1 num))", "1__num__(Z1 num"},
+      {"X1 n\xE9m = \xFF\x85", "1__n\xE9m__\xFF\x85"},
+      {"X1\0 n\0m = \0)"s, "1__n\0m__\0"s},
+      {"((X1 num) = sg) trailing junk", "1__num__sg) trailing junk"},
+  });
+}
+
+TEST(TrRuleConstraints, RankedDisjunctionOrNegationIsTheLastParenthesisOfTheText) {
+  ExpectRanked({
+      {"((X1 num) = (*OR* sg pl))", "1__num__(*OR* sg pl)"},
+      {"((x1 num) = (*OR* sg pl))", "0__num__(*OR* sg pl)"},
+      {"((X1 num) = (*NOT* sg))", "1__num__(*NOT* sg)"},
+      {"((X1 num) = (*NOT* sg)", "1__num__(*NOT* sg"},
+      {"((X1 num) = (*NOT* (*OR* sg pl)))", "1__num__(*OR* sg pl))"},
+      {"((X1 num) = (*OR* sg pl)) junk) junk", "1__num__(*OR* sg pl)) junk"},
+      {"((X1 num) = *OR* sg pl)", "1__num__(X1 num) = *OR* sg pl"},
+      {"((X1 num) = (*or* sg pl))", "1__num__(*or* sg pl"},
+      {"((X1 *OR*) = sg)", "1__*OR*__sg"},
+  });
+}
+
+TEST(TrRuleConstraints, RankAndCategoryComeFromTheArguments) {
+  for (const int Category : {-1, 0, 1, 2, 3, 4, 5}) {
+    TrRule Rule;
+    Rule.SetConstraint("((X1 NUM) = X2)", 10 + Category, Category);
+    EXPECT_EQ(Records(Rule), Strings{std::to_string(Category) + "|1|NUM|X2|" +
+                                     std::to_string(10 + Category) + "|value"});
+  }
+}
+
+TEST(TrRuleConstraints, RankedValuesMergeLikeOthers) {
+  TrRule Rule;
+  Rule.SetConstraint("((y1 num) = sg)");
+  EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint("((Y1 NUM) = (*OR* PL SG))", 2, 4); }),
+            (Written{Merging("SG", "(*OR* PL SG)", "4__1__NUM__(*OR* SG PL)"), ""}));
+  EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|(*OR* SG PL)|2|value"});
+}
+
+TEST(TrRuleConstraints, RankedTextIsTracedAtLevel1) {
+  struct Case {
+    std::string Text;
+    Written Untraced;
+  };
+  const std::vector<Case> vCases = {
+      {"((X1 NUM) = SG)", Nothing},
+      {"oh", {"", PieceCountError("oh")}},
+      {"X1 = SG", {"", PieceCountError("X1 = SG")}},
+      {"X1 = (X3)", {IncorrectFormat("X1 = (X3)"), ""}},
+  };
+  for (const int Level : {0, 1, 2, 3, 4}) {
+    const DebugLevel Debug(Level);
+    for (const Case& Each : vCases) {
+      const std::string Trace = "In SetConstraint, ConstraintPassIn is:" + Each.Text + '\n';
+      TrRule Rule;
+      EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Each.Text, 2, 4); }),
+                (Written{(Level == 1 ? Trace : "") + Each.Untraced.Out, Each.Untraced.Err}));
+    }
+  }
+}
+
+TEST(TrRuleConstraints, RankedTextNeedsTwoSidesAndTwoPiecesOnTheLeft) {
+  ExpectRefused(
+      {"", " ", "\0\xE9"s, "X1 num", "((X1 num)=sg)", "((X1 num) =\tsg)", " = ",
+       "X1 num = ", "X1 num =", " = sg", "X1 a = b = c", "(Y1 == (Y0 det))", "X1 num\r\n=\r\nsg",
+       // the left side
+       "X1 = sg", "(X1 = X3)", "(x1 = (x3", "X1 two words = sg", "X1 \t num = sg", "X1\tnum = sg",
+       "\t = sg",
+       // and nothing more is said once a side has failed
+       "X1 = *OR*", "(X1 = (*NOT* sg"},
+      [](const std::string& sText) {
+        return Written{"", PieceCountError(sText)};
+      });
+}
+
+TEST(TrRuleConstraints, RankedDisjunctionNeedsItsParentheses) {
+  ExpectRefused({"X1 num = *OR* sg", "X1 num = *NOT* sg)", "X1 num) = *OR* sg)",
+                 "((X1 num) = (*OR* sg pl", "((X1 num) = (*NOT* sg", "X1 num = ) (*OR*"},
+                [](const std::string& sText) {
+                  return Written{IncorrectFormat(sText), ""};
+                });
+}
+
+TEST(TrRuleConstraints, RankedAgreementLacksItsIndex) {
+  ExpectRefused({"X1 = (X3)", "X1 = (Y3 num)", "X1 num) = (X3)", "a ) = (Y1"},
+                [](const std::string& sText) {
+                  return Written{IncorrectFormat(sText), ""};
+                });
+}
+
+TEST(TrRuleConstraints, RankedAgreementMayLackItsValueToo) {
+  ExpectRefused({"X1 = (X3", ") = (X3", "X) = (Y1", "X1 = sg (Y", "= = (X"},
+                [](const std::string& sText) {
+                  return Written{IncorrectFormat(sText) + IncorrectFormat(sText), ""};
+                });
+}
+
+TEST(TrRuleConstraints, RankedComplexAgreementEndsTheProcess) {
+  const std::string Message =
+      "Expected simple agreement consraint of the form (Xi = Xj), but got complex agreement "
+      "constraint.\n";
+  const Strings vsTexts = {"(X1 = (X3))", "((X1 NUM) = (X3 NUM))", "a = ((Y1", "a = (X)(Y)",
+                           "(a = (Y"};
+  for (std::size_t Level = 0; Level < vsTexts.size(); ++Level) {
+    const DebugLevel Debug(static_cast<int>(Level));
+    const std::string Trace = "In SetConstraint, ConstraintPassIn is:((X1 NUM) = (X3 NUM))\n";
+    EXPECT_EQ(RunInChild([&] { TrRule().SetConstraint(vsTexts[Level], 2, 4); }),
+              (ChildEnd{1, (Level == 1 ? Trace : "") + Message, ""}));
+  }
+}
+
+// ---- Erasing ----------------------------------------------------------------------------------
+
+namespace {
+
+struct Erasure {
+  int Index;
+  const char* Feature;
+  const char* Value;
+  const char* Agreed;
+  std::set<int> siCategories;
+
+  bool From(TrRule& Rule) const {
+    return Rule.EraseConstraint(Index, Feature, Value, Agreed, siCategories);
+  }
+};
+
+}  // namespace
+
+TEST(TrRuleConstraints, ErasesTheConstraintWithTheGivenFields) {
+  TrRule Rule = Sample();
+  ASSERT_EQ(Rule.GetNumConstraints(), 7);
+  const std::vector<std::pair<Erasure, Strings>> vCases = {
+      {{0, "DET", "X1", "empty", {1}},
+       {"1__0__MOD__X2", "1__0__all__X3", "3__0__all__X0", "4__1__all__(Y0 DET", "4__2__all__Y0",
+        "4__3__all__(Y0 MOD"}},
+      {{1, "all", "empty", "(Y0 DET", {3, 4}},
+       {"1__0__MOD__X2", "1__0__all__X3", "3__0__all__X0", "4__2__all__Y0", "4__3__all__(Y0 MOD"}},
+      {{2, "all", "Y0", "Y1", {1, 2, 3, 4}},
+       {"1__0__MOD__X2", "1__0__all__X3", "3__0__all__X0", "4__3__all__(Y0 MOD"}},
+  };
+  for (const auto& [Each, vsLeft] : vCases) {
+    EXPECT_EQ(WrittenBy([&, Each = Each] { EXPECT_TRUE(Each.From(Rule)); }), Nothing);
+    EXPECT_EQ(Keys(Rule), vsLeft);
+    EXPECT_EQ(WrittenBy([&, Each = Each] { EXPECT_FALSE(Each.From(Rule)); }), Nothing);
+    EXPECT_EQ(Keys(Rule), vsLeft);
+  }
+}
+
+TEST(TrRuleConstraints, ErasingPassesOverOtherNodesFeaturesAndCategories) {
+  const std::vector<Erasure> vCases = {
+      {2, "NUM", "SG", "empty", {4}}, {1, "num", "SG", "empty", {4}},
+      {1, "", "SG", "empty", {4}},    {1, "NUM", "SG", "empty", {1, 2, 3, 5}},
+      {1, "NUM", "SG", "empty", {}},  {2, "NUM", "PL", "empty", {4}},
+      {1, "NUM", "PL", "PL", {3}},
+  };
+  for (const Erasure& Each : vCases) {
+    TrRule Rule;
+    Rule.SetConstraint(4, 1, "NUM", "SG", 0, true);
+    EXPECT_FALSE(Each.From(Rule));
+    EXPECT_EQ(Keys(Rule), Strings{"4__1__NUM__SG"});
+  }
+  TrRule Empty;
+  EXPECT_FALSE((Erasure{1, "NUM", "SG", "empty", {4}}.From(Empty)));
+}
+
+TEST(TrRuleConstraints, ErasingTakesTheFirstCategoryInKeyOrder) {
+  TrRule Rule = Mixed();
+  const Erasure Each{1, "NUM", "SG", "empty", {1, 2, 4}};
+  for (const int Gone : {1, 2, 4}) {
+    EXPECT_EQ(Rule.GetConstraints(Gone),
+              Strings{Gone == 1 ? "((X1 NUM) = SG)" : "((Y1 NUM) = SG)"});
+    EXPECT_TRUE(Each.From(Rule));
+    EXPECT_EQ(Rule.GetConstraints(Gone), Strings{});
+  }
+  EXPECT_EQ(Rule.GetNumConstraints(), 3);
+  EXPECT_FALSE(Each.From(Rule));
+}
+
+TEST(TrRuleConstraints, ErasedKeyIsMadeOfTheArguments) {
+  struct Case {
+    const char* First;
+    const char* Second;
+    Erasure Each;
+    Strings vsLeft;
+  };
+  const std::vector<Case> vCases = {
+      // found by its value
+      {"A", "B", {1, "F", "A", "empty", {4}}, {"4__1__F__B"}},
+      {"A", "B", {1, "F", "A", "B", {4}}, {"4__1__F__B"}},
+      // found by its agreed value: the key is still made with the value
+      {"A", "B", {1, "F", "B", "A", {4}}, {"4__1__F__A"}},
+      {"A", "B", {1, "F", "C", "A", {4}}, {"4__1__F__A", "4__1__F__B"}},
+      {"A", "B", {1, "F", "", "A", {4}}, {"4__1__F__A", "4__1__F__B"}},
+      {"A", "B", {1, "F", "empty", "A", {4}}, {"4__1__F__B"}},
+      // a value that reads "empty" is found by it and not erased by it
+      {"empty", "z", {1, "F", "empty", "z", {4}}, {"4__1__F__empty"}},
+      {"empty", "z", {1, "F", "empty", "A", {4}}, {"4__1__F__empty", "4__1__F__z"}},
+      {"empty", "z", {1, "F", "empty", "empty", {4}}, {"4__1__F__z"}},
+  };
+  for (const Case& Case : vCases) {
+    SCOPED_TRACE(std::string(Case.Each.Value) + " or " + Case.Each.Agreed);
+    TrRule Rule;
+    Rule.SetConstraint(4, 1, "F", Case.First, 0, false);
+    Rule.SetConstraint(4, 1, "F", Case.Second, 0, false);
+    EXPECT_TRUE(Case.Each.From(Rule));
+    EXPECT_EQ(Keys(Rule), Case.vsLeft);
+  }
+}
+
+TEST(TrRuleConstraints, ErasingIsTracedAtLevel1) {
+  const std::string Before = "Now erasing constraint.\nConstraints map before erasing:\n";
+  const std::string After = "Constraints map after erasing:\n";
+  const std::string KeyA = "Constraint:4__1__F__A\n";
+  const std::string KeyB = "Constraint:4__1__F__B\n";
+  for (const int Level : {0, 1, 2, 3, 4}) {
+    SCOPED_TRACE(Level);
+    const DebugLevel Debug(Level);
+    TrRule Rule;
+    Rule.SetConstraint(4, 1, "F", "B", 0, false);
+    Rule.SetConstraint(4, 1, "F", "A", 0, false);
+    const auto Traced = [&](const Erasure& Each, const std::string& Trace) {
+      EXPECT_EQ(WrittenBy([&] { Each.From(Rule); }), (Written{Level == 1 ? Trace : "", ""}));
+    };
+    Traced({2, "F", "A", "empty", {4}}, Before + KeyA + KeyB + After + KeyA + KeyB);
+    Traced({1, "F", "C", "A", {4}}, Before + KeyA + KeyB + After + KeyA + KeyB);
+    const HaltGuard Guard;  // the next one would not return, and gets no second listing
+    const auto Waiting = [&] { EXPECT_THROW(Rule.EraseConstraint(1, "F", "C", "C", {4}), Halted); };
+    EXPECT_EQ(WrittenBy(Waiting), (Written{Level == 1 ? Before + KeyA + KeyB : "", ""}));
+    Traced({1, "F", "A", "empty", {4}}, Before + KeyA + KeyB + After + KeyB);
+    Traced({1, "F", "empty", "B", {4}}, Before + KeyB + After);
+    Traced({1, "F", "empty", "B", {4}}, Before + After);
+  }
+}
+
+TEST(TrRuleConstraints, ErasingWaitsForeverAtAConstraintWithAnotherValue) {
+  for (const int Level : {0, 1}) {
+    SCOPED_TRACE(Level);
+    const DebugLevel Debug(Level);
+    const ChildWait Wait = WatchInChild([] {
+      TrRule Rule;
+      Rule.SetConstraint(4, 1, "F", "A", 0, false);
+      Rule.SetConstraint(4, 1, "F", "B", 0, false);
+      Rule.EraseConstraint(1, "F", "B", "empty", {4});  // A stands before B
+    });
+    EXPECT_TRUE(Wait.Alive);
+    EXPECT_TRUE(Wait.KeptMemory);
+    EXPECT_TRUE(Wait.KeptProcessor);
+    EXPECT_EQ(Wait.Out, Level == 1 ? "Now erasing constraint.\nConstraints map before erasing:\n"
+                                     "Constraint:4__1__F__A\nConstraint:4__1__F__B\n"
+                                   : "");
+    EXPECT_EQ(Wait.Err, "");
+  }
+}
+
+TEST(TrRuleConstraints, ErasesAllConstraintsOfACategory) {
+  struct Case {
+    int Category;
+    Strings vsLeft;
+  };
+  const std::vector<Case> vCases = {
+      {1, {"-1__7__GEN__M", "2__1__NUM__SG", "3__0__all__X0", "4__1__NUM__SG", "5__7__NUM__PL"}},
+      {5, {"-1__7__GEN__M", "2__1__NUM__SG", "3__0__all__X0", "4__1__NUM__SG"}},
+      {6, {"-1__7__GEN__M", "2__1__NUM__SG", "3__0__all__X0", "4__1__NUM__SG"}},
+      {4, {"-1__7__GEN__M", "2__1__NUM__SG", "3__0__all__X0"}},
+      {-1, {"2__1__NUM__SG", "3__0__all__X0"}},
+      {3, {"2__1__NUM__SG"}},
+      {3, {"2__1__NUM__SG"}},
+      {2, {}},
+      {2, {}},
+  };
+  TrRule Rule = Mixed();
+  ASSERT_EQ(Rule.GetNumConstraints(), 6);
+  for (const Case& Each : vCases) {
+    EXPECT_EQ(WrittenBy([&] { EXPECT_TRUE(Rule.EraseCategoryConstraints(Each.Category)); }),
+              Nothing);
+    EXPECT_EQ(Keys(Rule), Each.vsLeft);
+  }
+}
+
+TEST(TrRuleConstraints, ClearingErasesThemAll) {
+  TrRule Rule = Mixed();
+  for (int Round = 0; Round < 2; ++Round) {
+    EXPECT_EQ(WrittenBy([&] { Rule.ClearConstraints(); }), Nothing);
+    EXPECT_EQ(Rule.GetNumConstraints(), 0);
+    EXPECT_EQ(Keys(Rule), Strings{});
+  }
+  Rule.SetConstraint("(x0 = x3)");
+  EXPECT_EQ(Rule.GetNumConstraints(), 1);
+}
+
+// ---- Asking -----------------------------------------------------------------------------------
+
+TEST(TrRuleConstraints, ListsTheSampleTextsInKeyOrder) {
+  const TrRule Rule = Sample();
+  EXPECT_EQ(Rule.GetNumConstraints(), 7);
+  EXPECT_EQ(Rule.GetConstraints(),
+            (Strings{"((X0 DET) = X1)", "((X0 MOD) = X2)", "(X0 = X3)", "(Y0 = X0)",
+                     "(Y1 = (Y0 DET)", "(Y2 = Y0)", "(Y3 = (Y0 MOD)"}));
+  EXPECT_EQ(Rule.GetConstraints(5),
+            (Strings{"(Y0 = X0)", "(Y1 = (Y0 DET)", "(Y2 = Y0)", "(Y3 = (Y0 MOD)"}));
+}
+
+TEST(TrRuleConstraints, SelectorsPickOneCategoryAnd5PicksTwo) {
+  struct Case {
+    int Selector;
+    Strings vsTexts;
+    Strings vsRecords;
+  };
+  const std::vector<Case> vCases = {
+      {-1, {"((Y7 GEN) = M)"}, {"-1|7|GEN|M|61|value"}},
+      {0, {}, {}},
+      {1, {"((X1 NUM) = SG)"}, {"1|1|NUM|SG|11|value"}},
+      {2, {"((Y1 NUM) = SG)"}, {"2|1|NUM|SG|21|value"}},
+      {3, {"(Y0 = X0)"}, {"3|0|all|X0|31|agreement"}},
+      {4, {"((Y1 NUM) = SG)"}, {"4|1|NUM|SG|41|value"}},
+      {5, {"(Y0 = X0)", "((Y1 NUM) = SG)"}, {"4|1|NUM|SG|41|value", "3|0|all|X0|31|agreement"}},
+      {6, {}, {}},
+  };
+  const TrRule Rule = Mixed();
+  for (const Case& Each : vCases) {
+    SCOPED_TRACE(Each.Selector);
+    EXPECT_EQ(Rule.GetConstraints(Each.Selector), Each.vsTexts);
+    EXPECT_EQ(Rule.GetConstraintsAsSet(Each.Selector),
+              std::set<std::string>(Each.vsTexts.begin(), Each.vsTexts.end()));
+    Strings vsRecords;
+    for (const Constraint& Record : Rule.GetConstraintsAsSetC(Each.Selector)) {
+      vsRecords.push_back(Fields(Record));
+    }
+    EXPECT_EQ(vsRecords, Each.vsRecords);
+  }
+}
+
+TEST(TrRuleConstraints, SetsHoldEachTextOnce) {
+  const TrRule Rule = Mixed();
+  EXPECT_EQ(Rule.GetConstraints(), (Strings{"((Y7 GEN) = M)", "((X1 NUM) = SG)", "((Y1 NUM) = SG)",
+                                            "(Y0 = X0)", "((Y1 NUM) = SG)", "((Y7 NUM) = PL)"}));
+  EXPECT_EQ(Rule.GetConstraintsAsSet(),
+            (std::set<std::string>{"((X1 NUM) = SG)", "((Y1 NUM) = SG)", "((Y7 GEN) = M)",
+                                   "((Y7 NUM) = PL)", "(Y0 = X0)"}));
+  // The first in key order stands for all of a text: category 2 here.
+  EXPECT_EQ(Records(Rule),
+            (Strings{"1|1|NUM|SG|11|value", "2|1|NUM|SG|21|value", "-1|7|GEN|M|61|value",
+                     "5|7|NUM|PL|51|value", "3|0|all|X0|31|agreement"}));
+}
+
+TEST(TrRuleConstraints, NodeQueryGivesValueOrAgreedValueOfEachFeature) {
+  TrRule Rule;
+  Rule.SetConstraint(4, 1, "NUM", "(Y3", 0, false);
+  Rule.SetConstraint(4, 1, "NUM", "SG", 0, true);
+  Rule.SetConstraint(4, 1, "GEN", "M", 0, true);
+  Rule.SetConstraint(4, 1, "PERS", "", 0, false);
+  Rule.SetConstraint(2, 1, "GEN", "(X1", 0, false);
+  Rule.SetConstraint(4, 2, "GEN", "F", 0, true);
+  using Answer = std::map<std::string, std::pair<std::string, std::string>>;
+  struct Case {
+    int Index;
+    std::set<int> siCategories;
+    Answer mspExpected;
+  };
+  const std::vector<Case> vCases = {
+      {1, {4}, {{"GEN", {"M", "empty"}}, {"NUM", {"empty", "(Y3"}}, {"PERS", {"empty", ""}}}},
+      {1, {2}, {{"GEN", {"empty", "(X1"}}}},
+      {1, {2, 4}, {{"GEN", {"empty", "(X1"}}, {"NUM", {"empty", "(Y3"}}, {"PERS", {"empty", ""}}}},
+      {2, {1, 2, 3, 4}, {{"GEN", {"F", "empty"}}}},
+      {1, {}, {}},
+      {1, {5}, {}},
+      {3, {4}, {}},
+  };
+  for (const Case& Each : vCases) {
+    EXPECT_EQ(Rule.GetConstraintsForInd(Each.Index, Each.siCategories), Each.mspExpected);
+  }
+}
+
+TEST(TrRuleConstraints, AskingPrintsNothingAtAnyLevel) {
+  for (const int Level : {0, 1, 2, 3, 4}) {
+    const DebugLevel Debug(Level);
+    const Written Streams = WrittenBy([] {
+      TrRule Rule;
+      Rule.SetConstraint(4, 1, "NUM", "SG", 0, true);
+      Rule.SetConstraint(1, "GEN", "M", "empty", 0, 4);
+      EXPECT_EQ(Rule.GetNumConstraints(), 2);
+      EXPECT_EQ(Rule.GetConstraints(), Rule.GetConstraints(4));
+      EXPECT_EQ(Rule.GetConstraintsAsSet(), Rule.GetConstraintsAsSet(4));
+      EXPECT_EQ(Rule.GetConstraintsAsSetC().size(), Rule.GetConstraintsAsSetC(4).size());
+      EXPECT_EQ(Rule.GetConstraintsForInd(1, {4}).size(), 2U);
+      EXPECT_TRUE(Rule.EraseCategoryConstraints(4));
+      Rule.ClearConstraints();
+    });
+    EXPECT_EQ(Streams, Nothing);
+  }
+}
+
+TEST(TrRuleConstraints, ResultsAreTheCallersOwn) {
+  const TrRule Rule = Sample();
+  Rule.GetConstraints().clear();
+  Rule.GetConstraintsAsSet().clear();
+  Rule.GetConstraintsAsSetC().clear();
+  Rule.GetConstraintsForInd(0, {1}).clear();
+  EXPECT_EQ(Rule.GetConstraints().size(), 7U);
+  EXPECT_EQ(Rule.GetConstraintsForInd(0, {1}).size(), 3U);
+}
+
+// ---- Against a slow store ---------------------------------------------------------------------
+
+namespace {
+
+bool Holds(const std::string& Text, const std::string& Part) {
+  return Text.find(Part) != std::string::npos;
+}
+
+/// The text without the bytes at its front, or at its end, that stand in a list.
+std::string WithoutFront(const std::string& Text, const std::string& Bytes) {
+  const std::size_t Start = Text.find_first_not_of(Bytes);
+  return Start == std::string::npos ? "" : Text.substr(Start);
+}
+
+std::string WithoutBack(const std::string& Text, const std::string& Bytes) {
+  return Text.substr(0, Text.find_last_not_of(Bytes) + 1);
+}
+
+const std::string Blanks = " \t\n\v\f\r";
+
+/// A reader of ranked texts that takes one step after the other, the agreement's included.
+class SlowRankedReader {
+ public:
+  explicit SlowRankedReader(std::string TextPassIn) : Text(std::move(TextPassIn)) { Read(); }
+
+  std::optional<Constraint> Record;
+  Written Streams;
+  bool Ended = false;
+
+ private:
+  void Read() {
+    const Strings vsSides = Tokenize(Text, " = ", true);
+    if (vsSides.size() != 2) {
+      Streams.Err = PieceCountError(Text);
+    } else if (Holds(vsSides[1], "(X") || Holds(vsSides[1], "(Y")) {
+      ReadAgreement();
+    } else {
+      ReadValue(vsSides[0], vsSides[1]);
+    }
+  }
+
+  void ReadAgreement() {
+    if (Text.find('(') != Text.rfind('(')) {
+      Streams.Out =
+          "Expected simple agreement consraint of the form (Xi = Xj), but got complex "
+          "agreement constraint.\n";
+      Ended = true;
+      return;
+    }
+    const std::string Start = Text.substr(0, Text.find(' '));
+    const std::size_t Open = Start.find('(');
+    const std::string Node = Open == std::string::npos ? "" : Start.substr(Open + 1);
+    const bool HasIndex = Holds(Text, " ") && Node.size() > 1 && (Node[0] == 'X' || Node[0] == 'Y');
+    const std::size_t Close = Text.rfind(')');
+    const std::string End = Close == std::string::npos ? "" : Text.substr(0, Close);
+    const bool HasValue = Holds(End, " ");
+    for (const bool IsThere : {HasIndex, HasValue}) {
+      Streams.Out += IsThere ? "" : IncorrectFormat(Text);
+    }
+    if (HasIndex && HasValue) {
+      Record = Constraint(4, StringUtils::String2Int(Node.substr(1)), "all",
+                          End.substr(End.rfind(' ') + 1), 2, false);
+    }
+  }
+
+  void ReadValue(const std::string& Left, const std::string& Right) {
+    const Strings vsNode = Tokenize(Left, " ", true);
+    if (vsNode.size() != 2) {
+      Streams.Err = PieceCountError(Text);
+      return;
+    }
+    std::string Value = WithoutBack(WithoutFront(Right, Blanks), Blanks + ")");
+    if (Holds(Right, "*OR*") || Holds(Right, "*NOT*")) {
+      const std::size_t Open = Text.rfind('(');
+      const std::string Rest = Open == std::string::npos ? "" : Text.substr(Open);
+      if (!Holds(Rest, ")")) {
+        Streams.Out = IncorrectFormat(Text);
+        return;
+      }
+      Value = Rest.substr(0, Rest.rfind(')'));
+    }
+    const std::string Node = WithoutBack(WithoutFront(vsNode[0], Blanks + "(XY"), Blanks);
+    Record = Constraint(4, StringUtils::String2Int(Node),
+                        WithoutBack(WithoutFront(vsNode[1], Blanks), Blanks + ")"), Value, 2, true);
+  }
+
+  std::string Text;
+  Tokenizer Tokenize;
+};
+
+/// A ranked text, made of words that mean something to its reader.
+std::string RandomRankedText(std::mt19937& Random) {
+  const Strings vsShapes = {"((X1 NUM) = (*OR* SG PL))",
+                            "((Y2 GEN) = (*NOT* M))",
+                            "((X1 NUM) = SG)",
+                            "(X1 = X3)",
+                            "X1 = (X3)",
+                            ""};
+  const Strings vsWords = {"(",    ")",     " ",   " = ", "=",   "X1",   "(X",
+                           "(Y2 ", "*OR* ", "num", "\t",  "\0"s, "\xE9", "*NOT*"};
+  std::string Text = vsShapes[Random() % vsShapes.size()];
+  for (std::size_t Left = Random() % (Text.empty() ? 12 : 4); Left > 0; --Left) {
+    const std::size_t Position = Random() % (Text.size() + 1);
+    const std::size_t Lost = Random() % 3;
+    Text.replace(Position, Lost, vsWords[Random() % vsWords.size()]);
+  }
+  return Text;
+}
+
+/// A store that walks over all of its entries to merge a value.
+class SlowStore {
+ public:
+  bool Insert(Constraint New, std::string& OutReturn) {
+    const std::string Prefix = PrefixOf(New);
+    if (Entries.count(Prefix + New.GetFeatValue()) > 0) {
+      return false;
+    }
+    if (New.IsValueConstraint()) {
+      Merge(New, Prefix, OutReturn);
+    }
+    Entries.insert({Prefix + New.GetFeatValue(), New});
+    return true;
+  }
+
+  /// Nothing where the call would not return.
+  std::optional<bool> Erase(int Index, const std::string& Feature, const std::string& Value,
+                            const std::string& Agreed, const std::set<int>& siCategories) {
+    for (const auto& [Key, Stored] : Entries) {
+      if (Stored.GetConstrainedIndex() != Index || Stored.GetFeature() != Feature ||
+          siCategories.count(Stored.GetCategory()) == 0) {
+        continue;
+      }
+      if (Stored.GetFeatValue() != Value && Stored.GetFeatValue() != Agreed) {
+        return std::nullopt;
+      }
+      Entries.erase(PrefixOf(Stored) + (Value != "empty" ? Value : Agreed));
+      return true;
+    }
+    return false;
+  }
+
+  void EraseCategory(int Category) {
+    std::map<std::string, Constraint> Left;
+    for (const auto& [Key, Stored] : Entries) {
+      if (Stored.GetCategory() != Category) {
+        Left.insert({Key, Stored});
+      }
+    }
+    Entries.swap(Left);
+  }
+
+  Strings Keys() const {
+    Strings vsKeys;
+    for (const auto& [Key, Stored] : Entries) {
+      vsKeys.push_back(Key);
+    }
+    return vsKeys;
+  }
+
+  Strings Records() const {
+    std::map<std::string, std::string> Texts;
+    for (const auto& [Key, Stored] : Entries) {
+      Texts.insert({Stored.ReturnAsString(), Fields(Stored)});
+    }
+    Strings vsRecords;
+    for (const auto& [Text, Record] : Texts) {
+      vsRecords.push_back(Record);
+    }
+    return vsRecords;
+  }
+
+ private:
+  static std::string PrefixOf(const Constraint& Record) {
+    return std::to_string(Record.GetCategory()) + "__" +
+           std::to_string(Record.GetConstrainedIndex()) + "__" + Record.GetFeature() + "__";
+  }
+
+  void Merge(Constraint& NewReturn, const std::string& Prefix, std::string& OutReturn) {
+    std::optional<std::string> Remembered;
+    const Strings vsAll = Keys();
+    for (const std::string& sKey : vsAll) {
+      const auto Entry = Entries.find(sKey);
+      if (Entry == Entries.end() || !Entry->second.IsValueConstraint()) {
+        continue;
+      }
+      if (Remembered) {
+        Entries.erase(*Remembered);
+      }
+      if (sKey.find(Prefix) == 0) {
+        Remembered = sKey;
+        const std::string Old = Entry->second.GetFeatValue();
+        const std::string Both = MergedValue(Old, NewReturn.GetFeatValue());
+        OutReturn += Merging(Old, NewReturn.GetFeatValue(), Prefix + Both);
+        NewReturn.SetFeatValue(Both);
+      }
+    }
+    if (Remembered) {
+      Entries.erase(*Remembered);
+    }
+  }
+
+  static std::string MergedValue(const std::string& Old, const std::string& New) {
+    const Tokenizer Tokenize;
+    std::set<std::string> ssTaken;
+    std::string Both = "(*OR* ";
+    for (const std::string& sValue : {Old, New}) {
+      for (std::string sPiece : Tokenize(sValue, " ", true)) {
+        sPiece = StringUtils::ReplaceAll(sPiece, "(*OR*", "");
+        sPiece = StringUtils::ReplaceAll(sPiece, ")", "");
+        if (!sPiece.empty() && ssTaken.insert(sPiece).second) {
+          Both += sPiece + " ";
+        }
+      }
+    }
+    Both.pop_back();
+    return Both + ")";
+  }
+
+  std::map<std::string, Constraint> Entries;
+};
+
+/// A rule and a slow store, to which the same things happen.
+class Twins {
+ public:
+  explicit Twins(unsigned Seed) : Random(Seed) {}
+
+  void Step() {
+    const auto Kind = Random() % 16;
+    if (Kind < 10) {
+      Insert();
+    } else if (Kind < 15) {
+      Erase();
+    } else {
+      const int Category = Pick<int>({1, 2, 3, 4, 5});
+      EXPECT_TRUE(Rule.EraseCategoryConstraints(Category));
+      Store.EraseCategory(Category);
+    }
+    ASSERT_EQ(Keys(Rule), Store.Keys());
+    ASSERT_EQ(Records(Rule), Store.Records());
+  }
+
+  unsigned Merged = 0;
+  unsigned Waited = 0;
+  unsigned Erased = 0;
+
+ private:
+  template <typename ValueT>
+  ValueT Pick(const std::vector<ValueT>& vValues) {
+    return vValues[Random() % vValues.size()];
+  }
+
+  std::string Feature() { return Pick<std::string>({"A", "A__B", "A__", "", "B"}); }
+
+  std::string Value() {
+    return Pick<std::string>({"SG", "PL", "DU SG", "(*OR* SG PL)", "(*OR* PL SG)", ")", "", "B__SG",
+                              "\tA", "(*NOT* SG", "empty", "\xE9", "(*OR* SG)"});
+  }
+
+  void Insert() {
+    const int Category = Pick<int>({3, 4, 4, 4});
+    const int Index = Pick<int>({1, 1, 10});
+    const std::string Named = Feature();
+    const std::string Wanted = Value();
+    const int Rank = Pick<int>({0, 1, 2});
+    const Constraint New(Category, Index, Named, Wanted, Rank, Pick<int>({0, 1, 1, 1}) == 1);
+    std::string Expected;
+    const bool IsNew = Store.Insert(New, Expected);
+    const Written Streams = WrittenBy([&] { EXPECT_EQ(Rule.InsertConstraintIntoMap(New), IsNew); });
+    EXPECT_EQ(Streams, (Written{Expected, ""}));
+    Merged += Expected.empty() ? 0 : 1;
+  }
+
+  void Erase() {
+    const int Index = Pick<int>({1, 1, 10});
+    const std::string Named = Feature();
+    const std::string Wanted = Value();
+    const std::string Agreed = Value();
+    const std::set<int> siCategories = Pick<std::set<int>>({{3}, {4}, {3, 4}, {}});
+    const std::optional<bool> Expected = Store.Erase(Index, Named, Wanted, Agreed, siCategories);
+    std::optional<bool> Found;
+    const std::optional<Halted> Halt =
+        HaltOf([&] { Found = Rule.EraseConstraint(Index, Named, Wanted, Agreed, siCategories); });
+    EXPECT_EQ(Found, Expected);
+    EXPECT_EQ(Halt.has_value(), !Expected.has_value());
+    Waited += Expected ? 0 : 1;
+    Erased += Expected.value_or(false) ? 1 : 0;
+  }
+
+  std::mt19937 Random;
+  TrRule Rule;
+  SlowStore Store;
+};
+
+}  // namespace
+
+TEST(TrRuleConstraints, RankedTextsAreReadStepByStep) {
+  std::mt19937 Random(20240502);
+  unsigned Set = 0;
+  unsigned Ended = 0;
+  for (int Round = 0; Round < 6000; ++Round) {
+    const std::string Text = RandomRankedText(Random);
+    SCOPED_TRACE(Text);
+    const SlowRankedReader Slow(Text);
+    TrRule Rule;
+    std::optional<Halted> Halt;
+    const Written Streams =
+        WrittenBy([&] { Halt = HaltOf([&] { Rule.SetConstraint(Text, 2, 4); }); });
+    ASSERT_EQ(Streams, Slow.Streams);
+    ASSERT_EQ(Halt.has_value(), Slow.Ended);
+    ASSERT_EQ(Records(Rule), Slow.Record ? Strings{Fields(*Slow.Record)} : Strings{});
+    ASSERT_TRUE(!Slow.Record || Slow.Record->IsValueConstraint());  // no agreement gets through
+    Set += Slow.Record ? 1 : 0;
+    Ended += Slow.Ended ? 1 : 0;
+  }
+  EXPECT_GT(Set, 500U);
+  EXPECT_GT(Ended, 100U);
+}
+
+TEST(TrRuleConstraints, EveryPrefixOfARankedTextIsReadStepByStep) {
+  for (const std::string& sText :
+       {"((X1 NUM) = (*OR* SG PL))\r\n"s, "((Y2 GEN) = (*NOT* M)) = junk"s, "X1 = (Y3 num)"s,
+        "(X1 = X3)"s, "((X1 \0\xE9) = \xFF)"s}) {
+    for (std::size_t Size = 0; Size <= sText.size(); ++Size) {
+      SCOPED_TRACE(sText.substr(0, Size));
+      const SlowRankedReader Slow(sText.substr(0, Size));
+      ASSERT_FALSE(Slow.Ended);
+      TrRule Rule;
+      EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(sText.substr(0, Size), 2, 4); }), Slow.Streams);
+      EXPECT_EQ(Records(Rule), Slow.Record ? Strings{Fields(*Slow.Record)} : Strings{});
+    }
+  }
+}
+
+TEST(TrRuleConstraints, MergingAndErasingAgreeWithAWalkOverTheWholeStore) {
+  unsigned Merged = 0;
+  unsigned Waited = 0;
+  unsigned Erased = 0;
+  for (unsigned Seed = 1; Seed <= 120; ++Seed) {
+    SCOPED_TRACE(Seed);
+    Twins Pair(Seed);
+    for (int Round = 0; Round < 30; ++Round) {
+      ASSERT_NO_FATAL_FAILURE(Pair.Step());
+    }
+    Merged += Pair.Merged;
+    Waited += Pair.Waited;
+    Erased += Pair.Erased;
+  }
+  EXPECT_GT(Merged, 20U);
+  EXPECT_GT(Waited, 20U);
+  EXPECT_GT(Erased, 20U);
+}

@@ -1,0 +1,466 @@
+// Pins the order in which a rule's constraints are printed: values first, then the agreements of
+// each category behind those that they refer to, and the inputs that have no such order.
+
+#include "support/ChildProcess.h"
+#include "support/DebugLevel.h"
+#include "support/HaltGuard.h"
+#include "support/PrivateAccess.h"
+#include "support/Samples.h"
+#include "support/StreamCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <map>
+#include <optional>
+#include <random>
+#include <set>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// An agreement of a whole node, such as `{1, 2, "X3"}` for "(X2 = X3)".
+struct Agreement {
+  int Category;
+  int Index;
+  const char* Value;
+};
+
+TrRule RuleOf(const std::vector<Agreement>& vAgreements) {
+  TrRule Rule;
+  for (const Agreement& Each : vAgreements) {
+    Rule.SetConstraint(Each.Category, Each.Index, "all", Each.Value, -1, false);
+  }
+  return Rule;
+}
+
+TrRule RuleOfTexts(const Strings& vsTexts) {
+  TrRule Rule;
+  for (const std::string& sText : vsTexts) {
+    Rule.SetConstraint(sText);
+  }
+  return Rule;
+}
+
+Strings OrderOf(const std::vector<Agreement>& vAgreements) {
+  TrRule Rule = RuleOf(vAgreements);
+  return CallGetConstraintsInPrintOrder(Rule);
+}
+
+/// How a process ends that asks a rule for its order.
+ChildEnd EndOf(TrRule& Rule) {
+  return RunInChild([&] { CallGetConstraintsInPrintOrder(Rule); });
+}
+
+ChildEnd EndWith(const std::string& Message) {
+  return {1, "", Message + '\n'};
+}
+
+std::string NoAgreedIndex(const std::string& Text) {
+  return "ERROR in TrRule::GetConstraintsInPrintOrder. Can't find agreed index for constraint " +
+         Text;
+}
+
+std::string NoOrder(const std::string& Table) {
+  return "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve " + Table + " order.";
+}
+
+const Strings vsSampleOrder = {"((X0 DET) = X1)", "((X0 MOD) = X2)", "(X0 = X3)",     "(Y0 = X0)",
+                               "(Y1 = (Y0 DET)",  "(Y2 = Y0)",       "(Y3 = (Y0 MOD)"};
+
+/// Whether anyone may ask a rule for its order.
+template <typename RuleT, typename = void>
+struct CanBeAskedFor : std::false_type {};
+template <typename RuleT>
+struct CanBeAskedFor<RuleT,
+                     std::void_t<decltype(std::declval<RuleT&>().GetConstraintsInPrintOrder())>>
+    : std::true_type {};
+
+}  // namespace
+
+// ---- The order --------------------------------------------------------------------------------
+
+TEST(TrRulePrintOrder, RuleWithoutConstraintsHasAnEmptyList) {
+  EXPECT_EQ(OrderOf({}), Strings{});
+}
+
+TEST(TrRulePrintOrder, SampleRuleComesValuesFirstAndY0BeforeItsDependents) {
+  TrRule Rule;
+  ASSERT_TRUE(Rule.SetTrRuleFromString(SampleText));
+  EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), vsSampleOrder);
+}
+
+TEST(TrRulePrintOrder, ValuesComeInKeyOrderWhateverTheirCategory) {
+  TrRule Rule;
+  for (const int Category : {7, 4, 3, 2, 1, -1}) {
+    Rule.SetConstraint(Category, 1, "NUM", "SG", -1, true);
+  }
+  Rule.SetConstraint(4, 10, "GEN", "M", -1, true);
+  Rule.SetConstraint(4, 1, "GEN", "MAX", -1, true);
+  EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule),
+            (Strings{"((Y1 NUM) = SG)", "((X1 NUM) = SG)", "((Y1 NUM) = SG)", "((Y1 NUM) = SG)",
+                     "((Y10 GEN) = M)", "((Y1 GEN) = MAX)", "((Y1 NUM) = SG)", "((Y1 NUM) = SG)"}));
+  EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), Rule.GetConstraints());
+}
+
+TEST(TrRulePrintOrder, ValuesOfTheLastCategoryComeBeforeAgreementsOfTheFirst) {
+  TrRule Rule = RuleOf({{1, 0, "X3"}, {2, 1, "X1"}, {3, 0, "Y1"}, {4, 1, "Y9"}});
+  Rule.SetConstraint(4, 9, "NUM", "SG", -1, true);
+  EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule),
+            (Strings{"((Y9 NUM) = SG)", "(X0 = X3)", "(Y1 = X1)", "(Y1 = Y9)", "(Y0 = Y1)"}));
+}
+
+TEST(TrRulePrintOrder, AgreementsFollowTheIndicesThatTheyReferTo) {
+  struct Case {
+    const char* What;
+    std::vector<Agreement> vAgreements;
+    Strings vsOrder;
+  };
+  const std::vector<Case> vCases = {
+      {"chain", {{1, 1, "X2"}, {1, 2, "X3"}}, {"(X2 = X3)", "(X1 = X2)"}},
+      {"chain that is in order", {{1, 2, "X1"}, {1, 1, "X9"}}, {"(X1 = X9)", "(X2 = X1)"}},
+      {"long chain",
+       {{1, 1, "X2"}, {1, 2, "X3"}, {1, 3, "X4"}, {1, 4, "X5"}},
+       {"(X4 = X5)", "(X3 = X4)", "(X2 = X3)", "(X1 = X2)"}},
+      {"y0 before y1 and y2",
+       {{4, 1, "Y0"}, {4, 2, "Y0"}, {3, 0, "X0"}},
+       {"(Y0 = X0)", "(Y1 = Y0)", "(Y2 = Y0)"}},
+      {"y0 behind y1", {{3, 0, "Y1"}, {4, 1, "Y2"}}, {"(Y1 = Y2)", "(Y0 = Y1)"}},
+      {"itself", {{1, 1, "X1"}, {1, 2, "X1"}}, {"(X1 = X1)", "(X2 = X1)"}},
+      {"itself and another",
+       {{1, 1, "X1"}, {1, 1, "X2"}, {1, 2, "X2"}},
+       {"(X2 = X2)", "(X1 = X1)", "(X1 = X2)"}},
+      {"no key of the table", {{1, 1, "X9"}, {1, 0, "X8"}}, {"(X0 = X8)", "(X1 = X9)"}},
+      {"levels, then indices",
+       {{1, 1, "X4"}, {1, 2, "X3"}, {1, 3, "X9"}, {1, 4, "X3"}, {1, 5, "X9"}},
+       {"(X3 = X9)", "(X5 = X9)", "(X2 = X3)", "(X4 = X3)", "(X1 = X4)"}},
+      {"one of two is late",
+       {{1, 1, "X2"}, {1, 1, "X3"}, {1, 2, "X3"}, {1, 3, "X9"}},
+       {"(X3 = X9)", "(X2 = X3)", "(X1 = X2)", "(X1 = X3)"}},
+      {"indices are numbers",
+       {{1, 10, "X99"}, {1, 9, "X99"}, {1, -1, "X99"}},
+       {"(X-1 = X99)", "(X9 = X99)", "(X10 = X99)"}},
+      {"within an index, key order",
+       {{4, 1, "Y9"}, {4, 1, "Y10"}, {4, 1, "(Y9"}},
+       {"(Y1 = (Y9)", "(Y1 = Y10)", "(Y1 = Y9)"}},
+      {"3 and 4 share an index: 3 stands first in key order",
+       {{4, 0, "Y2"}, {3, 0, "Y3"}},
+       {"(Y0 = Y3)", "(Y0 = Y2)"}},
+      {"the letter of the other side does not matter",
+       {{1, 1, "Y2"}, {1, 2, "Y3"}},
+       {"(X2 = Y3)", "(X1 = Y2)"}},
+  };
+  for (const Case& Each : vCases) {
+    SCOPED_TRACE(Each.What);
+    EXPECT_EQ(OrderOf(Each.vAgreements), Each.vsOrder);
+  }
+}
+
+TEST(TrRulePrintOrder, KeepsKeyOrderWithinAnIndexHoweverManyThereAre) {
+  TrRule Rule;
+  Strings vsExpected;
+  for (const int Index : {1, 2}) {
+    for (int Agreed = 10; Agreed < 60; ++Agreed) {
+      const std::string Node = "X" + std::to_string(Agreed);
+      Rule.SetConstraint(1, 3 - Index, "all", Node, -1, false);
+      vsExpected.push_back("(X" + std::to_string(Index) + " = " + Node + ")");
+    }
+  }
+  EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), vsExpected);
+}
+
+TEST(TrRulePrintOrder, AgreementsOfFeaturesAreOrderedLikeThoseOfNodes) {
+  TrRule Rule = RuleOfTexts({"((y1 num) = (y2 num))", "((y2 gen) = (y3 gen))",
+                             "((x1 num) = (x2 num))", "((x2 num) = (x3 num))"});
+  EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule),
+            (Strings{"((X2 NUM) = (X3 NUM))", "((X1 NUM) = (X2 NUM))", "((Y2 GEN) = (Y3 GEN))",
+                     "((Y1 NUM) = (Y2 NUM))"}));
+}
+
+TEST(TrRulePrintOrder, CategoriesComeOneAfterTheOther) {
+  EXPECT_EQ(OrderOf({{4, 1, "Y2"}, {3, 0, "X0"}, {2, 1, "X1"}, {1, 5, "X6"}, {1, 6, "X1"}}),
+            (Strings{"(X6 = X1)", "(X5 = X6)", "(Y1 = X1)", "(Y0 = X0)", "(Y1 = Y2)"}));
+}
+
+TEST(TrRulePrintOrder, TablesDoNotSeeEachOther) {
+  // 1 waits for 2 in each table, and 2 stands in another one only.
+  EXPECT_EQ(OrderOf({{1, 1, "X2"}, {2, 2, "X1"}, {4, 1, "Y2"}, {4, 3, "Y1"}}),
+            (Strings{"(X1 = X2)", "(Y2 = X1)", "(Y1 = Y2)", "(Y3 = Y1)"}));
+}
+
+TEST(TrRulePrintOrder, Category2IsOrderedByIndexAlone) {
+  EXPECT_EQ(OrderOf({{2, 1, "X2"}, {2, 2, "X1"}}), (Strings{"(Y1 = X2)", "(Y2 = X1)"}));
+  EXPECT_EQ(OrderOf({{2, 3, "X1"}, {2, 10, "X3"}, {2, 2, "X3"}, {2, 1, "X10"}}),
+            (Strings{"(Y1 = X10)", "(Y2 = X3)", "(Y3 = X1)", "(Y10 = X3)"}));
+}
+
+TEST(TrRulePrintOrder, AgreementsOfOtherCategoriesVanish) {
+  for (const int Category : {0, 5, -1, 7}) {
+    TrRule Rule = RuleOf({{Category, 1, "X2"}, {1, 1, "X2"}, {Category, 2, "X1"}});
+    Strings vsOrder;
+    EXPECT_EQ(WrittenBy([&] { vsOrder = CallGetConstraintsInPrintOrder(Rule); }), Written{});
+    EXPECT_EQ(vsOrder, Strings{"(X1 = X2)"});
+    EXPECT_EQ(Rule.GetNumConstraints(), 3);
+  }
+}
+
+TEST(TrRulePrintOrder, DoesNotDependOnTheOrderOfSetting) {
+  Strings vsTexts = {"((x0 det) = x1)",  "((x0 mod) = x2)",  "(x0 = x3)", "(y0 = x0)",
+                     "(y1 == (y0 det))", "(y3 == (y0 mod))", "(y2 = y0)"};
+  std::mt19937 Random(20240503);
+  for (int Round = 0; Round < 50; ++Round) {
+    std::swap(vsTexts[Random() % vsTexts.size()], vsTexts[Random() % vsTexts.size()]);
+    TrRule Rule = RuleOfTexts(vsTexts);
+    EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), vsSampleOrder);
+  }
+}
+
+TEST(TrRulePrintOrder, IsTheRulesOwnBusiness) {
+  EXPECT_FALSE(CanBeAskedFor<TrRule>::value);
+}
+
+TEST(TrRulePrintOrder, ChangesNothingInTheRuleAndPrintsNothingAtAnyLevel) {
+  for (const int Level : {0, 1, 2, 3, 4}) {
+    TrRule Rule;
+    ASSERT_TRUE(Rule.SetTrRuleFromString(SampleText));
+    const std::string Before = Dump(Rule);
+    const DebugLevel Debug(Level);
+    const Written Streams = WrittenBy([&] {
+      EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), vsSampleOrder);
+      EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), vsSampleOrder);
+    });
+    EXPECT_EQ(Streams, Written{});
+    EXPECT_EQ(Dump(Rule), Before);
+  }
+}
+
+// ---- Rules without an order -------------------------------------------------------------------
+
+TEST(TrRulePrintOrder, AgreementThatNamesNoIndexEndsTheProcess) {
+  struct Case {
+    Agreement Each;
+    const char* Text;
+  };
+  const std::vector<Case> vCases = {
+      {{1, 1, "SG"}, "(X1 = SG)"},     {{2, 1, ""}, "(Y1 = )"},
+      {{3, 0, "x1"}, "(Y0 = x1)"},     {{4, 1, "MAX"}, "(Y1 = MAX)"},
+      {{4, 1, "X1 Y"}, "(Y1 = X1 Y)"}, {{4, 1, "X-1"}, "(Y1 = X-1)"},
+      {{5, 1, "SG"}, "(Y1 = SG)"},     {{-1, -1, "\xE9"}, "(Y-1 = \xE9)"},
+  };
+  for (std::size_t Number = 0; Number < vCases.size(); ++Number) {
+    const DebugLevel Debug(static_cast<int>(Number % 5));
+    TrRule Rule = RuleOf({vCases[Number].Each});
+    EXPECT_EQ(EndOf(Rule), EndWith(NoAgreedIndex(vCases[Number].Text)));
+  }
+}
+
+TEST(TrRulePrintOrder, MissingIndexIsReportedWithTheFeature) {
+  TrRule Rule;
+  Rule.SetConstraint(4, 1, "NUM", "SG", -1, false);
+  EXPECT_EQ(EndOf(Rule), EndWith(NoAgreedIndex("((Y1 NUM) = SG NUM))")));
+}
+
+TEST(TrRulePrintOrder, CyclesEndTheProcess) {
+  struct Case {
+    std::vector<Agreement> vAgreements;
+    const char* Table;
+  };
+  const std::vector<Case> vCases = {
+      {{{1, 1, "X2"}, {1, 2, "X1"}}, "Category1"},
+      {{{1, 1, "X2"}, {1, 2, "X3"}, {1, 3, "X1"}}, "Category1"},
+      {{{1, 1, "X2"}, {1, 1, "X9"}, {1, 2, "X1"}}, "Category1"},
+      {{{4, 1, "Y2"}, {4, 2, "Y1"}}, "Category3and4"},
+      {{{3, 0, "Y1"}, {4, 1, "Y0"}}, "Category3and4"},
+      {{{3, 0, "X1"}, {4, 1, "X0"}}, "Category3and4"},
+      // the others of the table, and what waits for the cycle
+      {{{1, 0, "X9"}, {1, 1, "X2"}, {1, 2, "X1"}, {1, 3, "X0"}}, "Category1"},
+      {{{4, 1, "Y2"}, {4, 2, "Y1"}, {4, 3, "Y2"}, {4, 4, "Y9"}}, "Category3and4"},
+  };
+  for (std::size_t Number = 0; Number < vCases.size(); ++Number) {
+    const DebugLevel Debug(static_cast<int>(Number % 5));
+    TrRule Rule = RuleOf(vCases[Number].vAgreements);
+    EXPECT_EQ(EndOf(Rule), EndWith(NoOrder(vCases[Number].Table)));
+  }
+}
+
+TEST(TrRulePrintOrder, FirstTroubleIsTheOneThatIsReported) {
+  // A missing index before any cycle, the first in key order, and category 1 before the others.
+  const std::vector<std::pair<std::vector<Agreement>, std::string>> vCases = {
+      {{{1, 1, "X2"}, {1, 2, "X1"}, {4, 2, "PL"}, {4, 1, "SG"}}, NoAgreedIndex("(Y1 = SG)")},
+      {{{1, 1, "X2"}, {1, 2, "X1"}, {4, 1, "Y2"}, {4, 2, "Y1"}}, NoOrder("Category1")},
+      {{{1, 1, "X2"}, {2, 1, "X2"}, {2, 2, "X1"}, {4, 1, "Y2"}, {4, 2, "Y1"}},
+       NoOrder("Category3and4")},
+  };
+  for (const auto& [vAgreements, Message] : vCases) {
+    TrRule Rule = RuleOf(vAgreements);
+    EXPECT_EQ(EndOf(Rule), EndWith(Message));
+  }
+}
+
+TEST(TrRulePrintOrder, ProcessExitsWithoutUnwinding) {
+  struct Announced {
+    ~Announced() { std::cout << "unwound\n"; }
+  };
+  TrRule Rule = RuleOf({{1, 1, "SG"}});
+  const ChildEnd End = RunInChild([&] {
+    std::atexit([] { std::cout << "at exit\n"; });
+    const Announced Local;
+    CallGetConstraintsInPrintOrder(Rule);
+  });
+  EXPECT_EQ(End, (ChildEnd{1, "at exit\n", NoAgreedIndex("(X1 = SG)") + '\n'}));
+}
+
+// ---- Against slow passes ----------------------------------------------------------------------
+
+namespace {
+
+/// The order of a rule, found by passes over tables that are pruned again and again.
+class SlowOrder {
+ public:
+  /// The constraints have to come in the order of their keys.
+  explicit SlowOrder(const std::vector<Constraint>& vConstraints) {
+    for (const Constraint& Each : vConstraints) {
+      if (Message.empty()) {
+        Add(Each);
+      }
+    }
+    for (std::size_t Number = 0; Number < 3 && Message.empty(); ++Number) {
+      Resolve(Number);
+    }
+  }
+
+  Strings vsTexts;
+  std::string Message;
+
+ private:
+  using Table = std::map<int, std::set<int>>;
+
+  void Add(const Constraint& Each) {
+    if (Each.IsValueConstraint()) {
+      vsTexts.push_back(Each.ReturnAsString());
+      return;
+    }
+    const int Agreed = Each.GetAgreedIndex(Each.GetFeatValue());
+    if (Agreed == -1) {
+      Message = NoAgreedIndex(Each.ReturnAsString());
+      return;
+    }
+    if (Each.GetCategory() >= 1 && Each.GetCategory() <= 4) {
+      const auto Number = static_cast<std::size_t>(std::min(Each.GetCategory(), 3) - 1);
+      Tables[Number][Each.GetConstrainedIndex()].insert(Agreed);
+      Groups[Number].insert({Each.GetConstrainedIndex(), Each});
+    }
+  }
+
+  static std::set<int> Pruned(const Table& Waiting, int Key, bool IsCategory2) {
+    std::set<int> siLeft;
+    for (const int Agreed : Waiting.at(Key)) {
+      if (!IsCategory2 && Agreed != Key && Waiting.count(Agreed) > 0) {
+        siLeft.insert(Agreed);
+      }
+    }
+    return siLeft;
+  }
+
+  void Resolve(std::size_t Number) {
+    Table& Waiting = Tables[Number];
+    bool CouldProceed = true;
+    while (!Waiting.empty() && CouldProceed) {
+      CouldProceed = false;
+      Table Left;
+      for (const auto& [Key, siAgreed] : Waiting) {
+        const std::set<int> siLeft = Pruned(Waiting, Key, Number == 1);
+        if (!siLeft.empty()) {
+          Left[Key] = siLeft;
+          continue;
+        }
+        CouldProceed = true;
+        const auto [First, Last] = Groups[Number].equal_range(Key);
+        for (auto Entry = First; Entry != Last; ++Entry) {
+          vsTexts.push_back(Entry->second.ReturnAsString());
+        }
+      }
+      Waiting = Left;
+    }
+    if (!Waiting.empty()) {
+      const Strings vsNames = {"Category1", "Category2", "Category3and4"};
+      Message = NoOrder(vsNames[Number]);
+    }
+  }
+
+  std::vector<Table> Tables = std::vector<Table>(3);
+  std::vector<std::multimap<int, Constraint>> Groups =
+      std::vector<std::multimap<int, Constraint>>(3);
+};
+
+/// A rule with some constraints, and the same constraints in the order of their keys.
+struct RandomRule {
+  TrRule Rule;
+  std::vector<Constraint> vConstraints;
+};
+
+/// Mostly agreements that refer to a greater index; some that refer to any, few to none.
+Constraint RandomConstraint(std::mt19937& Random) {
+  const std::vector<int> vCategories = {1, 1, 1, 2, 3, 4, 4, 4, 5, -1};
+  const int Category = vCategories[Random() % vCategories.size()];
+  const int Index = static_cast<int>(Random() % 8);
+  const char* const Feature = Random() % 2 == 0 ? "all" : "NUM";
+  const auto Kind = Random() % 100;
+  const int Agreed = static_cast<int>(Random() % 8) + (Kind < 20 ? 0 : Index + 1);
+  const std::vector<std::string> vsNodes = {"X", "Y", "(X", "(Y"};
+  const std::string Node = vsNodes[Random() % vsNodes.size()] + std::to_string(Agreed);
+  return Constraint(Category, Index, Feature, Kind == 20 ? "SG" : Node, -1, Kind > 90);
+}
+
+RandomRule MakeRandomRule(std::mt19937& Random) {
+  RandomRule Made;
+  std::map<std::string, Constraint> Stored;
+  for (std::size_t Left = Random() % 16; Left > 0; --Left) {
+    const Constraint New = RandomConstraint(Random);
+    const std::string Start = std::to_string(New.GetCategory()) + "__" +
+                              std::to_string(New.GetConstrainedIndex()) + "__" + New.GetFeature() +
+                              "__";
+    // Values that would merge are left out: merging is not what this is about.
+    const bool WouldMerge = std::any_of(Stored.begin(), Stored.end(), [&](const auto& Entry) {
+      return Entry.first.find(Start) == 0 && New.IsValueConstraint();
+    });
+    if (!WouldMerge && Stored.insert({Start + New.GetFeatValue(), New}).second) {
+      Made.Rule.InsertConstraintIntoMap(New);
+    }
+  }
+  for (const auto& [Key, Each] : Stored) {
+    Made.vConstraints.push_back(Each);
+  }
+  return Made;
+}
+
+}  // namespace
+
+TEST(TrRulePrintOrder, RandomRulesComeInTheOrderOfSlowPasses) {
+  std::mt19937 Random(20240504);
+  std::map<std::optional<HaltReason>, unsigned> Outcomes;
+  for (int Round = 0; Round < 5000; ++Round) {
+    SCOPED_TRACE(Round);
+    RandomRule Made = MakeRandomRule(Random);
+    const SlowOrder Slow(Made.vConstraints);
+    Strings vsOrder;
+    std::optional<Halted> Halt;
+    const Written Streams = WrittenBy(
+        [&] { Halt = HaltOf([&] { vsOrder = CallGetConstraintsInPrintOrder(Made.Rule); }); });
+    ASSERT_EQ(Streams, (Written{"", Slow.Message + (Slow.Message.empty() ? "" : "\n")}));
+    ASSERT_EQ(Halt.has_value(), !Slow.Message.empty());
+    ASSERT_EQ(Halt ? Halt->Message : "", Slow.Message);
+    ASSERT_EQ(vsOrder, Halt ? Strings{} : Slow.vsTexts);
+    ++Outcomes[Halt ? std::optional(Halt->What) : std::nullopt];
+  }
+  EXPECT_GT(Outcomes[std::nullopt], 1000U);
+  EXPECT_GT(Outcomes[HaltReason::AgreedIndex], 20U);
+  EXPECT_GT(Outcomes[HaltReason::Category1Order], 20U);
+  EXPECT_GT(Outcomes[HaltReason::Category3and4Order], 20U);
+  EXPECT_EQ(Outcomes.size(), 4U);  // category 2 always has an order
+}

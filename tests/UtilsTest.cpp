@@ -1,0 +1,45 @@
+// Pins the upper-casing under its older name.
+
+#include "Utils.h"
+
+#include <gtest/gtest.h>
+
+#include "StringUtils.h"
+#include "support/DebugLevel.h"
+#include "support/StreamCapture.h"
+
+#include <string>
+#include <type_traits>
+
+using std::string_literals::operator""s;
+
+static_assert(std::is_empty_v<Utils>);
+static_assert(std::is_same_v<decltype(&Utils::AllCaps), std::string (*)(std::string)>);
+
+TEST(Utils, AllCapsMapsEveryByteAsStringToUpperDoes) {
+  std::string AllBytes;
+  std::string Expected;
+  for (int Value = 0; Value < 256; ++Value) {
+    AllBytes += static_cast<char>(Value);
+    Expected += static_cast<char>(Value >= 'a' && Value <= 'z' ? Value - 32 : Value);
+  }
+  EXPECT_NE(AllBytes, Expected);
+  EXPECT_EQ(Utils::AllCaps(AllBytes), Expected);
+  EXPECT_EQ(StringUtils::StringToUpper(AllBytes), Expected);
+}
+
+TEST(Utils, AllCapsOfATextLeavesTheCallersAlone) {
+  const std::string Text = "Det n1\r\n\0\xC3\xA4 b"s;
+  EXPECT_EQ(Utils::AllCaps(Text), "DET N1\r\n\0\xC3\xA4 B"s);
+  EXPECT_EQ(Text, "Det n1\r\n\0\xC3\xA4 b"s);
+  EXPECT_EQ(Utils::AllCaps(""), "");
+  EXPECT_EQ(Utils::AllCaps("DET"), "DET");
+}
+
+TEST(Utils, AllCapsPrintsNothingAtAnyLevel) {
+  for (int Level = 0; Level <= 4; ++Level) {
+    SCOPED_TRACE(Level);
+    const DebugLevel Scope(Level);
+    EXPECT_EQ(WrittenBy([] { Utils::AllCaps("x"); }), (Written{"", ""}));
+  }
+}

@@ -1,0 +1,66 @@
+# shellcheck shell=sh
+# Sourced by the tests of this folder, which CTest starts with
+#   SOURCE     the project's sources
+#   WORK       an empty folder of the build tree for what the tests make
+#   CMAKE, CXX, GENERATOR, PKG_CONFIG, NM   the tools of the build
+#   VERSION, SOVERSION   the project's version, and that of its shared object
+# and the kind of library as the only argument: static or shared.
+set -eu
+
+# shellcheck disable=SC2034  # for the tests
+Here=$SOURCE/tests/install
+Kind=$1
+Built=$WORK/library-$Kind
+export CXX
+
+# Nothing of the caller's may lead a consumer to another installed copy.
+unset DESTDIR CMAKE_PREFIX_PATH CPATH LIBRARY_PATH LD_LIBRARY_PATH PKG_CONFIG_PATH TrRule_DIR
+unset CMAKE_BUILD_TYPE CPLUS_INCLUDE_PATH CXXFLAGS LDFLAGS
+
+fail() {
+  printf 'FAILED: %s\n' "$*" >&2
+  exit 1
+}
+
+# CTest reports the test as skipped, with the reason in its output.
+skip() {
+  printf 'SKIPPED: %s\n' "$*"
+  exit 77
+}
+
+# A folder of this test's own, gone when the test ends, however it ends.
+fresh_folder() {
+  Folder=$(mktemp -d "$WORK/$(basename "$0" .sh)-$Kind-XXXXXX")
+  trap 'rm -rf "$Folder"' EXIT
+  trap 'exit 1' HUP INT TERM
+}
+
+# The library was configured for another prefix: what is installed has to work where it is put.
+install_into() {
+  "$CMAKE" --install "$Built" --prefix "$1" >/dev/null
+}
+
+shared_libs() {
+  if [ "$Kind" = shared ]; then echo ON; else echo OFF; fi
+}
+
+# compare EXPECTED ACTUAL: both are files.
+compare() {
+  diff -u "$1" "$2" || fail "$2 is not what $1 says"
+}
+
+# run_and_compare PROGRAM EXPECTED: status 0, nothing on standard error, the whole standard output.
+run_and_compare() {
+  "$1" >"$Folder/out.txt" 2>"$Folder/err.txt" || fail "$1 ended with status $?"
+  compare "$2" "$Folder/out.txt"
+  compare /dev/null "$Folder/err.txt"
+}
+
+# Shared means that the program asks for the versioned shared object, static that it does not.
+check_linkage() {
+  Wanted=$(readelf -d "$1" | sed -n 's/.*NEEDED.*\[\(libtrrule[^]]*\)\]/\1/p')
+  case $Kind in
+    shared) [ "$Wanted" = "libtrrule.so.$SOVERSION" ] || fail "$1 asks for '$Wanted'" ;;
+    static) [ -z "$Wanted" ] || fail "$1 asks for '$Wanted'" ;;
+  esac
+}

@@ -1,0 +1,16 @@
+#!/bin/sh
+# A program without a build system that takes the installed library by pkg-config.
+# shellcheck source=tests/install/common.sh
+. "$SOURCE/tests/install/common.sh"
+
+[ -n "$PKG_CONFIG" ] || skip "pkg-config is not installed"
+fresh_folder
+install_into "$Folder/prefix"
+export PKG_CONFIG_PATH="$Folder/prefix/lib/pkgconfig"
+[ "$("$PKG_CONFIG" --modversion trrule)" = "$VERSION" ] || fail "another version"
+Flags=$("$PKG_CONFIG" --cflags --libs trrule)
+# shellcheck disable=SC2086  # a list of arguments
+"$CXX" -std=c++17 "$Here/consumer/Consumer.cpp" -o "$Folder/consumer" $Flags
+[ "$Kind" = static ] || export LD_LIBRARY_PATH="$Folder/prefix/lib"
+run_and_compare "$Folder/consumer" "$Here/expected/consumer.txt"
+check_linkage "$Folder/consumer"

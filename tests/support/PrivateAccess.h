@@ -1,0 +1,52 @@
+#pragma once
+
+#include "TrRule.h"
+
+/// The private operations of `TrRule`, for the tests that pin them. An explicit instantiation may
+/// name private members, which is what this rests on; the class itself knows nothing of it.
+///
+///   CallIsOneToOne(Rule, 1, 3);
+template <typename TagT, typename TagT::Member MemberV>
+struct PrivateMember {
+  friend constexpr typename TagT::Member GetMember(TagT /*Tag*/) { return MemberV; }
+};
+
+struct IsOneToOneTag {
+  using Member = bool (TrRule::*)(int, int) const;
+  friend constexpr Member GetMember(IsOneToOneTag Tag);
+};
+template struct PrivateMember<IsOneToOneTag, &TrRule::IsOneToOne>;
+
+struct IsLexicalizedTag {
+  using Member = bool (TrRule::*)(int, int) const;
+  friend constexpr Member GetMember(IsLexicalizedTag Tag);
+};
+template struct PrivateMember<IsLexicalizedTag, &TrRule::IsLexicalized>;
+
+struct ReversedTag {
+  using Member = std::string (TrRule::*)(std::string);
+  friend constexpr Member GetMember(ReversedTag Tag);
+};
+template struct PrivateMember<ReversedTag, &TrRule::GetReversedAlignments>;
+
+struct PrintOrderTag {
+  using Member = std::vector<std::string> (TrRule::*)();
+  friend constexpr Member GetMember(PrintOrderTag Tag);
+};
+template struct PrivateMember<PrintOrderTag, &TrRule::GetConstraintsInPrintOrder>;
+
+inline bool CallIsOneToOne(const TrRule& Rule, int X, int Y) {
+  return (Rule.*GetMember(IsOneToOneTag()))(X, Y);
+}
+
+inline bool CallIsLexicalized(const TrRule& Rule, int Index, int Type) {
+  return (Rule.*GetMember(IsLexicalizedTag()))(Index, Type);
+}
+
+inline std::string CallGetReversedAlignments(TrRule& Rule, std::string Alignments) {
+  return (Rule.*GetMember(ReversedTag()))(std::move(Alignments));
+}
+
+inline std::vector<std::string> CallGetConstraintsInPrintOrder(TrRule& Rule) {
+  return (Rule.*GetMember(PrintOrderTag()))();
+}
