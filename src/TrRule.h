@@ -326,6 +326,12 @@ class __attribute__((visibility("default"))) TrRule {
                      std::string FeatValuePassIn, int RankInCategoryPassIn,
                      bool ValueConstraintPassIn);
 
+  /// The same with the flag as a number, 0 for an agreement: without this form, a call with a
+  /// literal 0 as index and a number as flag would fit the form that begins with the index, too.
+  void SetConstraint(int CategoryPassIn, int ConstrainedIndexPassIn, std::string FeaturePassIn,
+                     std::string FeatValuePassIn, int RankInCategoryPassIn,
+                     int ValueConstraintPassIn);
+
   /// Adds a constraint from its text, as `Constraint(std::string)` reads it, with its messages.
   /// What could not be read is added all the same, as the empty constraint.
   void SetConstraint(std::string ConstraintPassIn);

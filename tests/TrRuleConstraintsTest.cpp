@@ -299,6 +299,15 @@ TEST(TrRuleConstraints, LastArgumentTellsTheFormsWithSixValuesApart) {
                                     "4|1|NUM|SG|2|value", "4|0|all|X1|3|agreement"}));
 }
 
+TEST(TrRuleConstraints, TheFlagMayBeANumber) {
+  TrRule Rule;
+  Rule.SetConstraint(4, 1, "NUM", "SG", 2, 1);
+  Rule.SetConstraint(4, 0, "GEN", "M", 2, -7);
+  Rule.SetConstraint(3, 0, "all", "X0", 0, 0);
+  EXPECT_EQ(Records(Rule),
+            (Strings{"4|0|GEN|M|2|value", "4|1|NUM|SG|2|value", "3|0|all|X0|0|agreement"}));
+}
+
 TEST(TrRuleConstraints, LiteralTextsPickTheTextForms) {
   TrRule Rule;
   Rule.SetConstraint("((y1 num) = sg)");
