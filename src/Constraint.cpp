@@ -45,9 +45,8 @@ Constraint::Constraint(int CategoryPassIn, int ConstrainedIndexPassIn, std::stri
       ValueConstraint(ValueConstraintPassIn) {}
 
 Constraint::Constraint(std::string ConstraintPassIn) : Constraint() {
-  std::string Compact;
-  TrRuleInternal::MakeUpper(ConstraintPassIn);
-  Parse(ConstraintPassIn, Compact);
+  std::string Scratch;
+  Parse(ConstraintPassIn, Scratch);
 }
 
 Constraint::Constraint(const Constraint& OtherPassIn) = default;
@@ -178,13 +177,14 @@ bool IsFeatureBlank(std::string_view Text, std::size_t Position) {
   return Next != '=' && Next != '*';
 }
 
-/// Gives the text without white space, but for one blank between a node's name and its feature.
+/// Gives the text in capitals and without white space, but for one blank between a node's name and
+/// its feature.
 void Compact(std::string_view Text, std::string& CompactReturn) {
   CompactReturn.resize(Text.size());
   std::size_t Size = 0;
   for (std::size_t Position = 0; Position < Text.size(); ++Position) {
     if (!IsSpace(Text[Position])) {
-      CompactReturn[Size++] = Text[Position];
+      CompactReturn[Size++] = TrRuleInternal::ToUpper(Text[Position]);
     } else if (IsFeatureBlank(Text, Position)) {
       CompactReturn[Size++] = ' ';
     }
@@ -204,26 +204,31 @@ int ParseNodeIndex(std::string_view Node) {
   return ToInt(Number);
 }
 
-/// The value that a right side holds: the text up to its first ")", which a disjunction gets
-/// back. A negation does not: "(*NOT* SG" is how such a value is kept and written.
+/// The value that a right side holds, in capitals: the text up to its first ")", which a
+/// disjunction gets back. A negation does not: "(*NOT* SG" is how such a value is kept and written.
 std::string ParseValue(std::string_view RightSide) {
   std::string Value(RightSide.substr(0, RightSide.find(')')));
+  TrRuleInternal::MakeUpper(Value);
   if (Contains(Value, "*OR*")) {
     Value += ')';
   }
   return Value;
 }
 
-/// The category that the left side of a constraint gives by itself; unknown where it names no
-/// node.
+/// The category that the left side of a constraint gives by itself: 1 where it holds "(X", else 3
+/// where it holds "(Y0", else 4 where it holds "(Y"; unknown where it names no node.
 int CategoryOfNode(std::string_view LeftSide) {
-  if (Contains(LeftSide, "(X")) {
-    return 1;
+  int Category = UnknownCategory;
+  for (std::size_t Open = 0; Open + 1 < LeftSide.size(); ++Open) {
+    const std::string_view Node = LeftSide.substr(Open);
+    if (StartsWith(Node, "(X")) {
+      return 1;
+    }
+    if (StartsWith(Node, "(Y")) {
+      Category = Category == 3 || StartsWith(Node, "(Y0") ? 3 : 4;
+    }
   }
-  if (Contains(LeftSide, "(Y")) {
-    return Contains(LeftSide, "(Y0") ? 3 : 4;
-  }
-  return UnknownCategory;
+  return Category;
 }
 
 bool HasOnePiece(std::string_view Text, std::string_view Delimiter) {
@@ -234,23 +239,20 @@ bool HasOnePiece(std::string_view Text, std::string_view Delimiter) {
 
 }  // namespace
 
-Constraint::Constraint(std::string_view Text, std::string& UpperReturn, std::string& CompactReturn)
-    : Constraint() {
-  UpperReturn.assign(Text);
-  TrRuleInternal::MakeUpper(UpperReturn);
-  Parse(UpperReturn, CompactReturn);
+Constraint::Constraint(std::string_view Text, std::string& ScratchReturn) : Constraint() {
+  Parse(Text, ScratchReturn);
 }
 
-void Constraint::Parse(std::string_view Upper, std::string& CompactReturn) {
-  if (!ParseSides(Upper, CompactReturn)) {
+void Constraint::Parse(std::string_view Text, std::string& ScratchReturn) {
+  if (!ParseSides(Text, ScratchReturn)) {
     std::cerr << "ERROR in Constraint::Constraint(string): Constraint was not in correct format:|"
-              << Upper << "|\n";
+              << TrRuleInternal::Upper(std::string(Text)) << "|\n";
   }
 }
 
 // Constraint = Side "=" Side, any number of "=" counting as one.
-bool Constraint::ParseSides(std::string_view Upper, std::string& CompactReturn) {
-  const std::string_view Whole = Trimmed(Upper);
+bool Constraint::ParseSides(std::string_view Text, std::string& CompactReturn) {
+  const std::string_view Whole = Trimmed(Text);
   const std::optional<PiecePair> Sides = CutInTwo(Whole, "=");
   if (!Sides) {
     return false;

@@ -114,13 +114,13 @@ class __attribute__((visibility("default"))) Constraint {
   // A rule reads and writes its constraints in place.
   friend class TrRule;
 
-  /// Reads a text in storage that is used again for the next one.
-  Constraint(std::string_view Text, std::string& UpperReturn, std::string& CompactReturn);
+  /// Reads a text as `Constraint(std::string)` does, in storage that serves for many texts.
+  Constraint(std::string_view Text, std::string& ScratchReturn);
 
   void AppendTo(std::string& TextReturn) const;
   static int AgreedIndexIn(std::string_view FeatValue);
-  void Parse(std::string_view Upper, std::string& CompactReturn);
-  bool ParseSides(std::string_view Upper, std::string& CompactReturn);
+  void Parse(std::string_view Text, std::string& ScratchReturn);
+  bool ParseSides(std::string_view Text, std::string& CompactReturn);
   void ParseFeatureForm(std::string_view LeftSide, std::string_view RightSide,
                         std::string_view WrittenRightSide);
   void ParseWholeNodeForm(std::string_view LeftSide, std::string_view RightSide);

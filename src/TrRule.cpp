@@ -825,7 +825,7 @@ bool TrRule::ParseLine(std::string_view Line, ReadState& StateReturn) {
            ReadError("Alignment couldn't be set:" + std::string(Line));
   }
   if (Marks.Constraint) {
-    InsertConstraintIntoMap(Constraint(Line, StateReturn.Upper, StateReturn.Compact));
+    InsertConstraintIntoMap(Constraint(Line, StateReturn.Scratch));
   }
   return true;
 }
@@ -1193,14 +1193,12 @@ namespace {
 /// Stands for a value that is not there, in arguments and in results.
 constexpr std::string_view NoValue = "empty";
 
-/// The beginning of a key, up to the value, with room for the value.
-std::string KeyPrefix(int Category, int ConstrainedIndex, std::string_view Feature,
-                      std::string_view Value) {
-  constexpr std::size_t RoomForNumbers = 10;
-  std::string Prefix;
-  Prefix.reserve(RoomForNumbers + Feature.size() + Value.size());
-  Append(Prefix, {Decimal(Category), "__", Decimal(ConstrainedIndex), "__", Feature, "__"});
-  return Prefix;
+/// The key that a constraint is stored under.
+std::string ConstraintKey(int Category, int ConstrainedIndex, std::string_view Feature,
+                          std::string_view Value) {
+  std::string Key;
+  Append(Key, {Decimal(Category), "__", Decimal(ConstrainedIndex), "__", Feature, "__", Value});
+  return Key;
 }
 
 }  // namespace
@@ -1363,14 +1361,13 @@ bool HasNeighbour(const ConstraintMap& Constraints, ConstraintMap::const_iterato
 }  // namespace
 
 bool TrRule::InsertConstraintIntoMap(Constraint ConstraintPassIn) {
-  std::string Key = KeyPrefix(ConstraintPassIn.Category, ConstraintPassIn.ConstrainedIndex,
-                              ConstraintPassIn.Feature, ConstraintPassIn.FeatValue);
-  const std::size_t PrefixSize = Key.size();
-  Key += ConstraintPassIn.FeatValue;
+  std::string Key = ConstraintKey(ConstraintPassIn.Category, ConstraintPassIn.ConstrainedIndex,
+                                  ConstraintPassIn.Feature, ConstraintPassIn.FeatValue);
   auto Place = ConstraintsMap.lower_bound(Key);
   if (Place != ConstraintsMap.end() && Place->first == Key) {
     return false;
   }
+  const std::size_t PrefixSize = Key.size() - ConstraintPassIn.FeatValue.size();
   const std::string_view Prefix = std::string_view(Key).substr(0, PrefixSize);
   if (ConstraintPassIn.ValueConstraint && HasNeighbour(ConstraintsMap, Place, Prefix)) {
     MergeStoredValues(ConstraintPassIn, std::string(Prefix));
@@ -1436,8 +1433,7 @@ bool TrRule::EraseConstraint(int ConstrainedIndexPassIn, std::string FeaturePass
     }
     const std::string& ErasedValue = FeatValuePassIn != NoValue ? FeatValuePassIn : FeatAgrPassIn;
     ConstraintsMap.erase(
-        KeyPrefix(Found->second.GetCategory(), ConstrainedIndexPassIn, FeaturePassIn, ErasedValue) +
-        ErasedValue);
+        ConstraintKey(Found->second.Category, ConstrainedIndexPassIn, FeaturePassIn, ErasedValue));
   }
   TraceKeys("Constraints map after erasing:", ConstraintsMap);
   return HasFound;

@@ -457,8 +457,7 @@ class __attribute__((visibility("default"))) TrRule {
   struct ReadState {
     bool HasTypeLine = false;
     bool HasAlignment = false;
-    std::string Upper;
-    std::string Compact;
+    std::string Scratch;
   };
 
   bool ParseLine(std::string_view Line, ReadState& StateReturn);
