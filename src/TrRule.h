@@ -88,9 +88,10 @@ class __attribute__((visibility("default"))) TrRule {
 
   /// Whether this rule's comparison text sorts before the other's, byte by byte.
   ///
-  /// Trace at level 1: "In TrRule's overloaded less than operator." Each call copies both rules
-  /// and writes two comparison texts: to sort many rules, make each text once with
-  /// `ReturnAsStringForComparison` and sort those. Ends the process where that function does.
+  /// Trace at level 1: "In TrRule's overloaded less than operator." Each call copies the other
+  /// rule, and once more both of them where that can be seen (at level 4, or with alignments that
+  /// are not in order), and writes two comparison texts: to sort many rules, make each text once
+  /// with `ReturnAsStringForComparison` and sort those. Ends the process where that function does.
   bool operator<(TrRule other) const;
 
   /// Whether the rules count as equal: example words, label sequences, alignment string and types
