@@ -13,8 +13,7 @@ void Require(bool Holds, const std::string& What) {
   }
 }
 
-SilentStreams::SilentStreams()
-    : OldOut(std::cout.rdbuf(&Sink)), OldErr(std::cerr.rdbuf(&Sink)) {}
+SilentStreams::SilentStreams() : OldOut(std::cout.rdbuf(&Sink)), OldErr(std::cerr.rdbuf(&Sink)) {}
 
 SilentStreams::~SilentStreams() {
   std::cout.rdbuf(OldOut);

@@ -1,23 +1,54 @@
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size);
 
-// Stands in for the fuzzer's own entry point: hands each file named on the command line to the
-// target, once.
-int main(int ArgumentCount, char** Arguments) {
-  for (int I = 1; I < ArgumentCount; ++I) {
-    std::ifstream File(Arguments[I], std::ios::binary);
-    if (!File) {
-      std::cerr << "cannot read " << Arguments[I] << '\n';
-      return 1;
-    }
-    const std::string Bytes((std::istreambuf_iterator<char>(File)), {});
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(Bytes.data()), Bytes.size());
+namespace {
+
+using Paths = std::vector<std::filesystem::path>;
+
+/// The file, or the files of the folder, in the order of their names.
+Paths FilesAt(const std::filesystem::path& Place) {
+  if (!std::filesystem::is_directory(Place)) {
+    return {Place};
   }
-  return 0;
+  Paths vFiles;
+  for (const auto& Entry : std::filesystem::directory_iterator(Place)) {
+    vFiles.push_back(Entry.path());
+  }
+  std::sort(vFiles.begin(), vFiles.end());
+  return vFiles;
+}
+
+bool Replay(const std::filesystem::path& File) {
+  std::ifstream Stream(File, std::ios::binary);
+  if (!Stream) {
+    std::cerr << "cannot read " << File << '\n';
+    return false;
+  }
+  const std::string Bytes((std::istreambuf_iterator<char>(Stream)), {});
+  std::cout << "replaying " << File.filename() << std::endl;
+  LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(Bytes.data()), Bytes.size());
+  return true;
+}
+
+}  // namespace
+
+// Stands in for the fuzzer's own entry point: hands each file that is named on the command line, or
+// stands in a folder named there, to the target, once.
+int main(int ArgumentCount, char** Arguments) {
+  bool AllRead = ArgumentCount > 1;
+  for (int Argument = 1; Argument < ArgumentCount; ++Argument) {
+    for (const std::filesystem::path& File : FilesAt(Arguments[Argument])) {
+      AllRead = Replay(File) && AllRead;
+    }
+  }
+  return AllRead ? 0 : 1;
 }

@@ -149,11 +149,18 @@ bool IsPlain(const std::string& Alignments) {
 }
 
 bool WouldMerge(const Constraint& First, const Constraint& Second) {
+  if (!First.IsValueConstraint() || !Second.IsValueConstraint() || !AreOfOneNode(First, Second)) {
+    return false;
+  }
   const std::string FirstKey = KeyOf(First);
   const std::string SecondKey = KeyOf(Second);
-  return First.IsValueConstraint() && Second.IsValueConstraint() && FirstKey != SecondKey &&
-         (FirstKey.find(Slow::KeyPrefix(Second)) == 0 ||
-          SecondKey.find(Slow::KeyPrefix(First)) == 0);
+  return FirstKey != SecondKey && (FirstKey.find(Slow::KeyPrefix(Second)) == 0 ||
+                                   SecondKey.find(Slow::KeyPrefix(First)) == 0);
+}
+
+bool AreOfOneNode(const Constraint& First, const Constraint& Second) {
+  return First.GetCategory() == Second.GetCategory() &&
+         First.GetConstrainedIndex() == Second.GetConstrainedIndex();
 }
 
 std::string KeyOf(const Constraint& Record) {

@@ -58,6 +58,10 @@ bool IsPlain(const std::string& Alignments);
 /// Whether two value constraints would merge if one of them were inserted after the other.
 bool WouldMerge(const Constraint& First, const Constraint& Second);
 
+/// Whether two constraints have the same category and index. Only then can their keys be the same,
+/// or one begin like the other.
+bool AreOfOneNode(const Constraint& First, const Constraint& Second);
+
 /// The key under which a rule keeps a constraint.
 std::string KeyOf(const Constraint& Record);
 

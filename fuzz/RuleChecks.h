@@ -15,6 +15,13 @@ using Strings = std::vector<std::string>;
 /// The constraints of a rule under their keys.
 const std::map<std::string, Constraint>& ConstraintsOf(const TrRule& Rule);
 
+/// The comment lines and the header type, which no getter gives.
+const Strings& CommentsOf(const TrRule& Rule);
+const std::string& HeaderTypeOf(const TrRule& Rule);
+
+/// The source sentences of the alternatives.
+Strings SentencesOf(const TrRule& Rule);
+
 /// All that a rule holds, member by member. The labels from a parse can be left out: they are what
 /// turning a rule twice does not restore.
 std::string MembersOf(const TrRule& Rule, bool WithParseLabels = true);

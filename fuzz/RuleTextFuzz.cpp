@@ -1,65 +1,55 @@
-#include "TrRule.h"
+// A rule text goes through the reader, every writer, a copy, and two turns.
 
-#include <cstddef>
-#include <cstdint>
-#include <iostream>
-#include <stdexcept>
-#include <streambuf>
-#include <string>
+#include "FuzzSupport.h"
+#include "RuleChecks.h"
+#include "support/SlowTwins.h"
 
 namespace {
 
-// What the library prints is of no interest here, only that it survives printing it.
-class Nowhere : public std::streambuf {
- protected:
-  int_type overflow(int_type Byte) override { return traits_type::not_eof(Byte); }
-  std::streamsize xsputn(const char*, std::streamsize Size) override { return Size; }
-};
-
-class SilentStreams {
- public:
-  SilentStreams() : OldOut(std::cout.rdbuf(&Sink)), OldErr(std::cerr.rdbuf(&Sink)) {}
-  ~SilentStreams() {
-    std::cout.rdbuf(OldOut);
-    std::cerr.rdbuf(OldErr);
-  }
-  SilentStreams(const SilentStreams&) = delete;
-  SilentStreams& operator=(const SilentStreams&) = delete;
-
- private:
-  Nowhere Sink;
-  std::streambuf* OldOut;
-  std::streambuf* OldErr;
-};
-
-void Throw(HaltReason, const std::string& Message) {
-  throw std::runtime_error(Message);
+/// What the reader says of itself when it accepts a text.
+void RequireAccepted(const TrRule& Rule, const std::string& Text) {
+  Require(Slow::Holds(Text, "] -> [") && Slow::Holds(Text, "::"),
+          "an accepted text has a sequence line and an alignment");
+  Require(!Rule.GetAlignmentStr().empty(), "an accepted rule has alignments");
 }
 
-// A text that ends the process by rights is no finding: the rule lives on and is used further.
-template <typename Operation>
-void Try(Operation Run) {
-  try {
-    Run();
-  } catch (const std::runtime_error&) {
+void RequireComments(const TrRule& Rule, const std::string& Text) {
+  for (const std::string& sComment : CommentsOf(Rule)) {
+    Require(Slow::Holds(sComment, ";;") && Slow::Holds(Text, sComment),
+            "a comment is a line of the text");
   }
 }
 
-void ReadAndWrite(const std::string& Text) {
-  TrRule Rule;
-  Try([&] { Rule.SetTrRuleFromString(Text); });
-  Try([&] { Rule.Print(); });
-  Try([&] { Rule.ReturnAsStringForPrint(); });
-  Try([&] { Rule.ReturnAsStringForPrintNoConstraints(); });
-  Try([&] { Rule.ReturnAsStringWithAllAlts(); });
-  Try([&] { Rule.ReturnAsStringForComparison(); });
+/// The constraints of the lines that hold nothing else, up to a number that can be compared by
+/// pairs.
+std::vector<Constraint> ConstraintsIn(const Strings& vsLines) {
+  constexpr std::size_t MaxConstraints = 32;
+  std::vector<Constraint> vConstraints;
+  for (const std::string& sLine : vsLines) {
+    const bool IsOtherLine = Slow::Holds(sLine, "::") || Slow::Holds(sLine, "] -> [");
+    if (Slow::Holds(sLine, "=") && !IsOtherLine && vConstraints.size() < MaxConstraints) {
+      vConstraints.emplace_back(sLine);
+    }
+  }
+  return vConstraints;
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size) {
-  SetHaltHandler(Throw);
   const SilentStreams Silence;
-  ReadAndWrite(std::string(Data, Data + Size));
+  const std::string Text(Data, Data + Size);
+  TrRule Rule;
+  const Outcome<bool> Read = OutcomeOf([&] { return Rule.SetTrRuleFromString(Text); });
+  Require(!Read.Halt, "reading into a new rule never halts");
+  if (Read.Result) {
+    RequireAccepted(Rule, Text);
+  }
+  RequireComments(Rule, Text);
+  RequireNoInsertionOrder(ConstraintsIn(LinesOf(Data, Size)));
+  RequireRule(Rule);
+  // Once more, into a rule that holds all of it already.
+  HaltOf([&] { Rule.SetTrRuleFromString(Text); });
+  RequireRule(Rule);
   return 0;
 }

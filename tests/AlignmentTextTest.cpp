@@ -1,43 +1,27 @@
 // Pins what becomes of an alignment string: its canonical order, the pairs that are displayed, and
 // the exchange of its sides; for well-formed strings and for those that are not, the first two also
-// against slow twins that go through the text step by step.
+// against slow twins that go through the text step by step (SlowTwinTest.cpp goes on with random
+// strings).
 
 #include "AlignmentText.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <map>
+#include "support/SlowTwins.h"
+
 #include <optional>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
 using std::string_literals::operator""s;
+using Slow::Ordered;
+using Slow::TextPairs;
 using TrRuleInternal::DisplayPair;
 using TrRuleInternal::MissingIndex;
 using TrRuleInternal::ReversedAlignments;
 
 namespace {
-
-constexpr std::size_t None = std::string::npos;
-
-using TextPairs = std::vector<std::pair<std::string, std::string>>;
-
-/// A canonical string with the indices that were missing on the way: "x" and "y", in order.
-struct Ordered {
-  std::string Text;
-  std::string Missing;
-
-  friend bool operator==(const Ordered& Left, const Ordered& Right) {
-    return Left.Text == Right.Text && Left.Missing == Right.Missing;
-  }
-
-  friend std::ostream& operator<<(std::ostream& Stream, const Ordered& Result) {
-    return Stream << Result.Text << " missing: " << Result.Missing;
-  }
-};
 
 Ordered Canonical(const std::string& Alignments) {
   std::vector<MissingIndex> vMissing;
@@ -54,115 +38,6 @@ TextPairs Displayed(const std::string& Alignments) {
     vPairs.emplace_back(Pair.X, Pair.Y);
   }
   return vPairs;
-}
-
-std::string Between(const std::string& Text, std::size_t Start, std::size_t End) {
-  return End < Start ? "" : Text.substr(Start, End - Start);
-}
-
-/// Cuts what stands between the outer parentheses, comma by comma.
-std::vector<std::string> SlowPieces(std::string Rest) {
-  std::vector<std::string> vsPieces;
-  std::size_t Comma = Rest.find(',');
-  for (;;) {
-    if (Rest.empty() || Comma == None) {
-      if (Comma == None) {
-        vsPieces.push_back(Rest);
-      }
-      return vsPieces;
-    }
-    const bool Inside = Comma != 0 && Comma != Rest.size() - 1;
-    if (Inside && Rest[Comma - 1] == ')' && Rest[Comma + 1] == '(') {
-      vsPieces.push_back(Rest.substr(0, Comma));
-      Rest = Rest.substr(Comma + 1);
-      Comma = Rest.find(',');
-    } else if (Comma == Rest.size() - 1) {
-      Rest = "";
-    } else {
-      Comma = Rest.find(',', Comma + 1);
-    }
-  }
-}
-
-/// Reads one index of a piece; where it cannot, notes the side and leaves the index as it was.
-void SlowIndex(const std::string& Piece, const char* Ends, char Side, int& Index,
-               std::string& Missing) {
-  const std::size_t Start = Piece.find(Ends[0]);
-  const std::size_t End = Piece.find(Ends[1]);
-  if (Start == None || End == None || Start == Piece.size() - 1) {
-    Missing += Side;
-  } else {
-    Index = std::atoi(Between(Piece, Start + 1, End).c_str());
-  }
-}
-
-/// The order through a map of maps, as a reader would sort the pairs by hand.
-Ordered SlowCanonical(const std::string& Alignments) {
-  if (Alignments.empty() || Alignments == "()") {
-    return {Alignments, ""};
-  }
-  std::map<int, std::map<int, std::string>> mmsPairs;
-  Ordered Result;
-  int X = 0;
-  int Y = 0;
-  const std::string Inner =
-      Alignments.size() > 2 ? Alignments.substr(1, Alignments.size() - 2) : "";
-  for (const std::string& sPiece : SlowPieces(Inner)) {
-    SlowIndex(sPiece, "(,", 'x', X, Result.Missing);
-    SlowIndex(sPiece, ",)", 'y', Y, Result.Missing);
-    mmsPairs[X].emplace(Y, sPiece);
-  }
-  for (const auto& [KeyX, msPairs] : mmsPairs) {
-    for (const auto& [KeyY, sPiece] : msPairs) {
-      Result.Text += (Result.Text.empty() ? "(" : "") + sPiece + ',';
-    }
-  }
-  if (!Result.Text.empty()) {
-    Result.Text.back() = ')';
-  }
-  return Result;
-}
-
-/// Whether ordering a string that has pairs changes and reports nothing.
-bool IsOrdered(const std::string& Alignments) {
-  return Alignments.size() > 2 && SlowCanonical(Alignments) == Ordered{Alignments, ""};
-}
-
-/// The pairs of the display, one remainder after the other.
-TextPairs SlowDisplayed(std::string Rest) {
-  TextPairs vPairs;
-  for (;;) {
-    const std::size_t Comma = Rest.find(',');
-    if (Comma == None || Comma == Rest.size() - 1 || Rest[Comma + 1] == '(') {
-      return vPairs;
-    }
-    const std::size_t Open = Rest.substr(0, Comma).rfind('(');
-    const std::size_t Close = Rest.find(')');
-    std::string X = Between(Rest, Open + 1, Comma);
-    if (Open == None) {
-      X = Close < Comma ? "" : Rest.substr(0, Comma);
-    }
-    vPairs.emplace_back(X,
-                        Close == None ? Rest.substr(Comma + 1) : Between(Rest, Comma + 1, Close));
-    Rest = Close == None || Close + 2 >= Rest.size() ? "" : Rest.substr(Close + 2);
-  }
-}
-
-std::string RandomPairs(std::mt19937& Engine) {
-  std::string Text = "(";
-  for (unsigned long Pair = Engine() % 6; Pair > 0; --Pair) {
-    Text += '(' + std::to_string(Engine() % 12) + ',' + std::to_string(Engine() % 12) + "),";
-  }
-  Text.back() = Text.size() > 1 ? ')' : '(';
-  return Text == "(" ? "()" : Text;
-}
-
-std::string Damaged(std::mt19937& Engine, std::string Text) {
-  const std::string Bytes = "((()),,,1290 x\0\xFF"s;
-  for (unsigned long Change = 1 + Engine() % 8; Change > 0; --Change) {
-    Text[Engine() % Text.size()] = Bytes[Engine() % Bytes.size()];
-  }
-  return Text;
 }
 
 const std::string Sample = "((1,1),(2,3),(3,2))";
@@ -346,23 +221,7 @@ TEST(AlignmentText, SortsAsItsTwinDoesAtEveryPrefixOfAString) {
     for (std::size_t Length = 0; Length <= Text.size(); ++Length) {
       const std::string Inner = Text.substr(0, Length);
       SCOPED_TRACE(Inner);
-      EXPECT_EQ(Canonical('(' + Inner + ')'), SlowCanonical('(' + Inner + ')'));
-    }
-  }
-}
-
-TEST(AlignmentText, SortsAsItsTwinDoesOnRandomStrings) {
-  constexpr unsigned Seed = 10501;
-  std::mt19937 Engine(Seed);
-  for (int Round = 0; Round < 4000; ++Round) {
-    SCOPED_TRACE(testing::Message() << "seed " << Seed << " round " << Round);
-    const std::string WellFormed = RandomPairs(Engine);
-    const std::string Broken = '(' + Damaged(Engine, WellFormed) + ')';
-    EXPECT_EQ(Canonical(WellFormed), SlowCanonical(WellFormed)) << WellFormed;
-    EXPECT_EQ(Canonical(Broken), SlowCanonical(Broken)) << Broken;
-    EXPECT_EQ(TrRuleInternal::IsCanonical(WellFormed), IsOrdered(WellFormed)) << WellFormed;
-    if (TrRuleInternal::IsCanonical(Broken)) {
-      EXPECT_TRUE(IsOrdered(Broken)) << Broken;
+      EXPECT_EQ(Canonical('(' + Inner + ')'), Slow::Canonical('(' + Inner + ')'));
     }
   }
 }
@@ -449,20 +308,8 @@ TEST(AlignmentText, DisplaysAsItsTwinDoesAtEveryPrefixOfAString) {
     for (std::size_t Length = 0; Length <= Text.size(); ++Length) {
       const std::string Prefix = Text.substr(0, Length);
       SCOPED_TRACE(Prefix);
-      EXPECT_EQ(Displayed(Prefix), SlowDisplayed(Prefix));
+      EXPECT_EQ(Displayed(Prefix), Slow::Displayed(Prefix));
     }
-  }
-}
-
-TEST(AlignmentText, DisplaysAsItsTwinDoesOnRandomStrings) {
-  constexpr unsigned Seed = 10502;
-  std::mt19937 Engine(Seed);
-  for (int Round = 0; Round < 4000; ++Round) {
-    SCOPED_TRACE(testing::Message() << "seed " << Seed << " round " << Round);
-    const std::string WellFormed = RandomPairs(Engine);
-    const std::string Broken = Damaged(Engine, WellFormed);
-    EXPECT_EQ(Displayed(WellFormed), SlowDisplayed(WellFormed)) << WellFormed;
-    EXPECT_EQ(Displayed(Broken), SlowDisplayed(Broken)) << Broken;
   }
 }
 

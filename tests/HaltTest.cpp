@@ -15,8 +15,11 @@
 #include "support/StreamCapture.h"
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <atomic>
+#include <cstdio>
+#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <optional>
@@ -507,6 +510,37 @@ TEST(WaitingCalls, WaitAlsoWhenTheHandlerReturns) {
     EXPECT_EQ(Wait.Out, ReturnTrace(Each.What, Each.Message));
     EXPECT_EQ(Wait.Err, ReturnTrace(Each.What, Each.Message));
   }
+}
+
+TEST(WaitingCalls, BringOutWhatTheProgramHasWrittenBefore) {
+  // Streams that wait for more, as a host may set them up, and that do not flush each other.
+  const ChildWait Wait = WatchInChild([] {
+    std::ofstream Messages("/dev/stderr");
+    std::cerr.rdbuf(Messages.rdbuf());
+    std::cerr.tie(nullptr);
+    std::cout << std::nounitbuf << "out";
+    std::cerr << std::nounitbuf << "err";
+    StringUtils::Split("a,", ",");
+  });
+  EXPECT_TRUE(Wait.Alive);
+  EXPECT_EQ(Wait.Out, "out");
+  EXPECT_EQ(Wait.Err, "err");
+}
+
+TEST(WaitingCalls, SleepWhereTheirThreadCanBeCancelled) {
+  std::cout.flush();  // nothing is left to be written, so that the sleep is the first such place
+  std::fflush(stdout);
+  const auto SplitForever = [](void* Argument) {
+    StringUtils::Split("a,", ",");
+    return Argument;
+  };
+  pthread_t Thread{};
+  ASSERT_EQ(pthread_create(&Thread, nullptr, SplitForever, nullptr), 0);
+  ASSERT_EQ(pthread_cancel(Thread), 0);
+  void* End = nullptr;
+  ASSERT_EQ(pthread_join(Thread, &End), 0);
+  EXPECT_EQ(End, PTHREAD_CANCELED);
+  EXPECT_TRUE(std::cout.good());
 }
 
 TEST(WaitingCalls, ReachTheCallerAsWhatTheHandlerThrowsAndLeaveTheRuleOfUse) {

@@ -7,6 +7,7 @@
 
 #include "support/DebugLevel.h"
 #include "support/PrivateAccess.h"
+#include "support/SlowTwins.h"
 #include "support/StreamCapture.h"
 
 #include <map>
@@ -14,14 +15,13 @@
 #include <set>
 #include <string>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 using std::string_literals::operator""s;
 
 using IndexMap = std::map<int, std::vector<int>>;
 using IntSet = std::set<int>;
-using IntPairs = std::vector<std::pair<int, int>>;
+using Slow::IntPairs;
 
 static_assert(!std::is_polymorphic_v<LineUp>);
 static_assert(std::is_default_constructible_v<LineUp> && std::is_copy_constructible_v<LineUp> &&
@@ -78,28 +78,6 @@ IndexMap Grouped(const IntPairs& vPairs, bool BySource) {
     Groups[BySource ? X : Y].push_back(BySource ? Y : X);
   }
   return Groups;
-}
-
-/// The pairs of a string, byte by byte; each "(" but one in the first place opens a pair.
-IntPairs SlowPairs(const std::string& Text) {
-  IntPairs vPairs;
-  for (std::size_t Place = 0; Place < Text.size(); ++Place) {
-    if (Text[Place] != '(' || Place == 0) {
-      continue;
-    }
-    std::string X;
-    std::string Y;
-    for (++Place; Place < Text.size() && Text[Place] != ','; ++Place) {
-      X += Text[Place];
-    }
-    for (++Place; Place < Text.size() && Text[Place] != ')'; ++Place) {
-      Y += Text[Place];
-    }
-    if (Place < Text.size() && X.size() < 10 && Y.size() < 10) {
-      vPairs.emplace_back(std::atoi(X.c_str()), std::atoi(Y.c_str()));
-    }
-  }
-  return vPairs;
 }
 
 }  // namespace
@@ -295,7 +273,7 @@ TEST(LineUp, IndexesAsItsTwinDoesOnRandomStrings) {
     for (unsigned long Byte = Round % 2 == 0 ? 0 : Engine() % 8; Byte > 0; --Byte) {
       Text[Engine() % Text.size()] = Damage[Engine() % Damage.size()];
     }
-    const IntPairs vExpected = SlowPairs(Text);
+    const IntPairs vExpected = Slow::IndexedPairs(Text);
     EXPECT_EQ(SourceIndex(Text), Grouped(vExpected, true)) << Text;
     EXPECT_EQ(TargetIndex(Text), Grouped(vExpected, false)) << Text;
   }

@@ -9,11 +9,11 @@
 #include "support/ChildProcess.h"
 #include "support/DebugLevel.h"
 #include "support/Samples.h"
+#include "support/SlowTwins.h"
 #include "support/StreamCapture.h"
 
 #include <climits>
 #include <clocale>
-#include <random>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -40,53 +40,10 @@ static_assert(std::is_same_v<decltype(&StringUtils::Split), Strings (*)(std::str
 
 namespace {
 
-bool IsBlank(char Byte) {
-  return Byte != '\0' && " \t\n\v\f\r"s.find(Byte) != std::string::npos;
-}
-
-std::string SlowWithoutLeading(std::string Text) {
-  while (!Text.empty() && IsBlank(Text.front())) {
-    Text = Text.size() == 1 ? "" : Text.substr(1, 100000);
-  }
-  return Text;
-}
-
-std::string SlowWithoutTrailing(std::string Text) {
-  while (!Text.empty() && IsBlank(Text.back())) {
-    Text.pop_back();
-  }
-  return Text;
-}
-
-std::string SlowWithoutAny(const std::string& Text) {
-  std::string Kept;
-  for (const char Byte : Text) {
-    Kept += IsBlank(Byte) ? ""s : std::string(1, Byte);
-  }
-  return Kept;
-}
-
-std::string SlowReplaced(std::string Text, const std::string& From, const std::string& To) {
-  std::size_t Place = Text.find(From, 0);
-  while (Place != std::string::npos) {
-    Text.replace(Place, From.size(), To);
-    Place = Text.find(From, Place + To.size());
-  }
-  return Text;
-}
-
 void ExpectTrimmedAsByTheTwins(const std::string& Text) {
-  EXPECT_EQ(StringUtils::RemoveLeadingWhiteSpace(Text), SlowWithoutLeading(Text));
-  EXPECT_EQ(StringUtils::RemoveTrailingWhiteSpace(Text), SlowWithoutTrailing(Text));
-  EXPECT_EQ(StringUtils::RemoveAllWhiteSpace(Text), SlowWithoutAny(Text));
-}
-
-std::string RandomText(std::mt19937& Engine, const std::string& Alphabet, std::size_t MaxLength) {
-  std::string Text(Engine() % (MaxLength + 1), ' ');
-  for (char& Byte : Text) {
-    Byte = Alphabet[Engine() % Alphabet.size()];
-  }
-  return Text;
+  EXPECT_EQ(StringUtils::RemoveLeadingWhiteSpace(Text), Slow::WithoutLeadingSpace(Text));
+  EXPECT_EQ(StringUtils::RemoveTrailingWhiteSpace(Text), Slow::WithoutTrailingSpace(Text));
+  EXPECT_EQ(StringUtils::RemoveAllWhiteSpace(Text), Slow::WithoutSpace(Text));
 }
 
 std::string AllBytes() {
@@ -166,22 +123,12 @@ TEST(StringUtils, OnlyRemovingLeadingWhiteSpaceCutsTheText) {
 }
 
 TEST(StringUtils, TrimsAsItsTwinsDoAtEveryPrefixOfTheSample) {
-  const std::string WithCarriageReturns = SlowReplaced(SampleText, "\n", "\r\n");
+  const std::string WithCarriageReturns = Slow::Replaced(SampleText, "\n", "\r\n");
   for (const std::string& Text : {SampleText, WithCarriageReturns, " \t" + SampleText}) {
     for (std::size_t Length = 0; Length <= Text.size(); ++Length) {
       SCOPED_TRACE(Length);
       ExpectTrimmedAsByTheTwins(Text.substr(0, Length));
     }
-  }
-}
-
-TEST(StringUtils, TrimsAsItsTwinsDoOnRandomTexts) {
-  constexpr unsigned Seed = 20102;
-  std::mt19937 Engine(Seed);
-  for (int Round = 0; Round < 4000; ++Round) {
-    SCOPED_TRACE(testing::Message() << "seed " << Seed << " round " << Round);
-    ExpectTrimmedAsByTheTwins(RandomText(Engine, "  \t\r\n\v\fa\0\xA0"s, 16));
-    ExpectTrimmedAsByTheTwins(AllBytes().substr(Engine() % 256, Engine() % 64));
   }
 }
 
@@ -238,19 +185,6 @@ TEST(StringUtils, ReplaceAllGoesFromLeftToRightAndNotIntoWhatItInserted) {
 TEST(StringUtils, ReplaceAllOfAnEmptyTextReplacesNothing) {
   EXPECT_EQ(StringUtils::ReplaceAll("abc", "", "x"), "abc");
   EXPECT_EQ(StringUtils::ReplaceAll("", "", "x"), "");
-}
-
-TEST(StringUtils, ReplacesAsItsTwinDoesOnRandomTexts) {
-  constexpr unsigned Seed = 20103;
-  std::mt19937 Engine(Seed);
-  const std::string Alphabet = "aab\"\\\0\xFF"s;
-  for (int Round = 0; Round < 4000; ++Round) {
-    SCOPED_TRACE(testing::Message() << "seed " << Seed << " round " << Round);
-    const std::string Text = RandomText(Engine, Alphabet, 24);
-    const std::string From = 'a' + RandomText(Engine, Alphabet, 2);
-    const std::string To = RandomText(Engine, Alphabet, 3);
-    EXPECT_EQ(StringUtils::ReplaceAll(Text, From, To), SlowReplaced(Text, From, To));
-  }
 }
 
 TEST(StringUtils, EscapeCharSetsBackslashesAndPrintsTwoLinesAtEveryLevel) {

@@ -3,20 +3,15 @@
 
 #include "support/ChildProcess.h"
 #include "support/DebugLevel.h"
-#include "support/HaltGuard.h"
 #include "support/PrivateAccess.h"
 #include "support/Samples.h"
 #include "support/StreamCapture.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <map>
-#include <optional>
 #include <random>
-#include <set>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -313,154 +308,4 @@ TEST(TrRulePrintOrder, ProcessExitsWithoutUnwinding) {
     CallGetConstraintsInPrintOrder(Rule);
   });
   EXPECT_EQ(End, (ChildEnd{1, "at exit\n", NoAgreedIndex("(X1 = SG)") + '\n'}));
-}
-
-// ---- Against slow passes ----------------------------------------------------------------------
-
-namespace {
-
-/// The order of a rule, found by passes over tables that are pruned again and again.
-class SlowOrder {
- public:
-  /// The constraints have to come in the order of their keys.
-  explicit SlowOrder(const std::vector<Constraint>& vConstraints) {
-    for (const Constraint& Each : vConstraints) {
-      if (Message.empty()) {
-        Add(Each);
-      }
-    }
-    for (std::size_t Number = 0; Number < 3 && Message.empty(); ++Number) {
-      Resolve(Number);
-    }
-  }
-
-  Strings vsTexts;
-  std::string Message;
-
- private:
-  using Table = std::map<int, std::set<int>>;
-
-  void Add(const Constraint& Each) {
-    if (Each.IsValueConstraint()) {
-      vsTexts.push_back(Each.ReturnAsString());
-      return;
-    }
-    const int Agreed = Each.GetAgreedIndex(Each.GetFeatValue());
-    if (Agreed == -1) {
-      Message = NoAgreedIndex(Each.ReturnAsString());
-      return;
-    }
-    if (Each.GetCategory() >= 1 && Each.GetCategory() <= 4) {
-      const auto Number = static_cast<std::size_t>(std::min(Each.GetCategory(), 3) - 1);
-      Tables[Number][Each.GetConstrainedIndex()].insert(Agreed);
-      Groups[Number].insert({Each.GetConstrainedIndex(), Each});
-    }
-  }
-
-  static std::set<int> Pruned(const Table& Waiting, int Key, bool IsCategory2) {
-    std::set<int> siLeft;
-    for (const int Agreed : Waiting.at(Key)) {
-      if (!IsCategory2 && Agreed != Key && Waiting.count(Agreed) > 0) {
-        siLeft.insert(Agreed);
-      }
-    }
-    return siLeft;
-  }
-
-  void Resolve(std::size_t Number) {
-    Table& Waiting = Tables[Number];
-    bool CouldProceed = true;
-    while (!Waiting.empty() && CouldProceed) {
-      CouldProceed = false;
-      Table Left;
-      for (const auto& [Key, siAgreed] : Waiting) {
-        const std::set<int> siLeft = Pruned(Waiting, Key, Number == 1);
-        if (!siLeft.empty()) {
-          Left[Key] = siLeft;
-          continue;
-        }
-        CouldProceed = true;
-        const auto [First, Last] = Groups[Number].equal_range(Key);
-        for (auto Entry = First; Entry != Last; ++Entry) {
-          vsTexts.push_back(Entry->second.ReturnAsString());
-        }
-      }
-      Waiting = Left;
-    }
-    if (!Waiting.empty()) {
-      const Strings vsNames = {"Category1", "Category2", "Category3and4"};
-      Message = NoOrder(vsNames[Number]);
-    }
-  }
-
-  std::vector<Table> Tables = std::vector<Table>(3);
-  std::vector<std::multimap<int, Constraint>> Groups =
-      std::vector<std::multimap<int, Constraint>>(3);
-};
-
-/// A rule with some constraints, and the same constraints in the order of their keys.
-struct RandomRule {
-  TrRule Rule;
-  std::vector<Constraint> vConstraints;
-};
-
-/// Mostly agreements that refer to a greater index; some that refer to any, few to none.
-Constraint RandomConstraint(std::mt19937& Random) {
-  const std::vector<int> vCategories = {1, 1, 1, 2, 3, 4, 4, 4, 5, -1};
-  const int Category = vCategories[Random() % vCategories.size()];
-  const int Index = static_cast<int>(Random() % 8);
-  const char* const Feature = Random() % 2 == 0 ? "all" : "NUM";
-  const auto Kind = Random() % 100;
-  const int Agreed = static_cast<int>(Random() % 8) + (Kind < 20 ? 0 : Index + 1);
-  const std::vector<std::string> vsNodes = {"X", "Y", "(X", "(Y"};
-  const std::string Node = vsNodes[Random() % vsNodes.size()] + std::to_string(Agreed);
-  return Constraint(Category, Index, Feature, Kind == 20 ? "SG" : Node, -1, Kind > 90);
-}
-
-RandomRule MakeRandomRule(std::mt19937& Random) {
-  RandomRule Made;
-  std::map<std::string, Constraint> Stored;
-  for (std::size_t Left = Random() % 16; Left > 0; --Left) {
-    const Constraint New = RandomConstraint(Random);
-    const std::string Start = std::to_string(New.GetCategory()) + "__" +
-                              std::to_string(New.GetConstrainedIndex()) + "__" + New.GetFeature() +
-                              "__";
-    // Values that would merge are left out: merging is not what this is about.
-    const bool WouldMerge = std::any_of(Stored.begin(), Stored.end(), [&](const auto& Entry) {
-      return Entry.first.find(Start) == 0 && New.IsValueConstraint();
-    });
-    if (!WouldMerge && Stored.insert({Start + New.GetFeatValue(), New}).second) {
-      Made.Rule.InsertConstraintIntoMap(New);
-    }
-  }
-  for (const auto& [Key, Each] : Stored) {
-    Made.vConstraints.push_back(Each);
-  }
-  return Made;
-}
-
-}  // namespace
-
-TEST(TrRulePrintOrder, RandomRulesComeInTheOrderOfSlowPasses) {
-  std::mt19937 Random(20240504);
-  std::map<std::optional<HaltReason>, unsigned> Outcomes;
-  for (int Round = 0; Round < 5000; ++Round) {
-    SCOPED_TRACE(Round);
-    RandomRule Made = MakeRandomRule(Random);
-    const SlowOrder Slow(Made.vConstraints);
-    Strings vsOrder;
-    std::optional<Halted> Halt;
-    const Written Streams = WrittenBy(
-        [&] { Halt = HaltOf([&] { vsOrder = CallGetConstraintsInPrintOrder(Made.Rule); }); });
-    ASSERT_EQ(Streams, (Written{"", Slow.Message + (Slow.Message.empty() ? "" : "\n")}));
-    ASSERT_EQ(Halt.has_value(), !Slow.Message.empty());
-    ASSERT_EQ(Halt ? Halt->Message : "", Slow.Message);
-    ASSERT_EQ(vsOrder, Halt ? Strings{} : Slow.vsTexts);
-    ++Outcomes[Halt ? std::optional(Halt->What) : std::nullopt];
-  }
-  EXPECT_GT(Outcomes[std::nullopt], 1000U);
-  EXPECT_GT(Outcomes[HaltReason::AgreedIndex], 20U);
-  EXPECT_GT(Outcomes[HaltReason::Category1Order], 20U);
-  EXPECT_GT(Outcomes[HaltReason::Category3and4Order], 20U);
-  EXPECT_EQ(Outcomes.size(), 4U);  // category 2 always has an order
 }
