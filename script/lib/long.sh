@@ -1,0 +1,89 @@
+# shellcheck shell=sh disable=SC2154  # Logs is set by steps.sh
+# Sourced by script/check for --long: what takes too long to run before every commit.
+# docs/assurance.md tells what each step is for.
+
+want_long_tools() {
+  want python3 have_command python3
+  want binutils have_command readelf
+  want cppcheck have_command cppcheck
+  want valgrind have_command valgrind
+  want gcovr have_command gcovr
+}
+
+analyse_with_cppcheck() {
+  say "Analysing src/ with cppcheck"
+  run cppcheck.log cppcheck --enable=all --inconclusive --std=c++17 --language=c++ --quiet \
+    --error-exitcode=1 --suppressions-list=.cppcheck-suppressions -I src src
+}
+
+# The tests, as each compiler builds them for each of two standards (dev-clang has had its turn),
+# with an optimiser and checking containers, and under the sanitizers of the other compiler; those
+# that use threads under one more.
+test_other_presets() {
+  for Preset in dev cxx20 cxx20-clang assertions sanitize-clang thread; do
+    build_preset "$Preset"
+    test_preset "$Preset"
+  done
+}
+
+# has WHAT PATTERN COMMAND...
+has() {
+  What=$1
+  Pattern=$2
+  shift 2
+  "$@" | grep -q -e "$Pattern" || stop "build/release/trrule-demo has no $What"
+}
+
+look_for_hardening() {
+  say "Looking for the hardening of the release driver"
+  Driver=build/release/trrule-demo
+  has "position-independent code" 'DYN' readelf -hW "$Driver"
+  has "read-only relocations" 'GNU_RELRO' readelf -lW "$Driver"
+  has "binding at its start" 'NOW' readelf -dW "$Driver"
+  has "guarded stack frames" '__stack_chk_fail' readelf -W --dyn-syms "$Driver"
+}
+
+# run_in_valgrind PROGRAM EXPECTED
+run_in_valgrind() {
+  Log=$Logs/valgrind-$(basename "$1").log
+  valgrind --quiet --leak-check=full --show-leak-kinds=all --errors-for-leak-kinds=all \
+    --error-exitcode=99 --log-file="$Log" "$1" >"$Logs/valgrind.out" ||
+    { cat "$Log" >&2; stop "valgrind has found something in $1"; }
+  cmp "$Logs/valgrind.out" "$2" || stop "under valgrind $1 prints something else"
+}
+
+try_in_valgrind() {
+  say "Running the driver and the examples in valgrind"
+  run_in_valgrind build/release/trrule-demo tests/data/driver_output.txt
+  for Expected in examples/expected/*.txt; do
+    run_in_valgrind "build/release/examples/$(basename "$Expected" .txt)" "$Expected"
+  done
+}
+
+# What cannot be reached is left out. Lines: the driver's message about an erasure that its script
+# never comes to, and one in the middle of a statement, to which the compiler assigns nothing but
+# the clean-up behind an exception. Branches: those that only an exception takes, since src/ throws
+# none, and running out of memory is not promised to be survived.
+measure_coverage() {
+  build_preset coverage
+  find build/coverage -name '*.gcda' -exec rm {} +
+  test_preset coverage
+  say "Counting the lines and branches of src/ that the tests reach"
+  Unreachable='.*(has been successfully deleted|" index:" << std::to_string).*'
+  gcovr --root . --filter src/ --exclude-throw-branches --exclude-unreachable-branches \
+    --exclude-lines-by-pattern "$Unreachable" --txt "$Logs/coverage.txt" \
+    --html-details "$Logs/coverage.html" --print-summary \
+    --fail-under-line 100 --fail-under-branch 95 build/coverage 2>"$Logs/coverage.log" ||
+    { cat "$Logs/coverage.txt" "$Logs/coverage.log" >&2; stop "not enough of src/ is reached"; }
+}
+
+count_growth() {
+  say "Counting how the work grows with its input"
+  script/growth
+}
+
+# break_on_purpose ARGUMENTS...
+break_on_purpose() {
+  say "Changing src/ on purpose: tests/mutate $*"
+  tests/mutate "$@"
+}
