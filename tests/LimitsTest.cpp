@@ -320,7 +320,8 @@ TEST(Limits, IndexWithoutALabelIsReportedAs32Bits) {
     const std::string Message =
         "TrRule::IsLexicalized called with invalid y index:" + std::to_string(Value) +
         ", where there are 1 indices.\n";
-    EXPECT_EQ(WrittenBy([&] { EXPECT_EQ(Rule.GetAlignments(), Strings{"(X1::Y"s + Text + ")"}); }),
+    const Strings vsLines = {"(X1::Y"s + Text + ")"};
+    EXPECT_EQ(WrittenBy([&] { EXPECT_EQ(Rule.GetAlignments(), vsLines); }),
               (Written{"", Value == 1 ? "" : Message}));
   }
 }
