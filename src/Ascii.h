@@ -168,7 +168,7 @@ class Decimal {
   }
 
  private:
-  std::array<char, std::numeric_limits<int>::digits10 + 2> Digits;
+  std::array<char, std::numeric_limits<int>::digits10 + 2> Digits{};
   const char* End;
 };
 

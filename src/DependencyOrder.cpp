@@ -42,6 +42,18 @@ std::vector<Edge> AscendingEdges(const std::vector<Reference>& vReferences,
   return vEdges;
 }
 
+/// Places the keys that wait for nothing once the given one is placed.
+void PlaceWaiters(std::size_t Placed, const std::vector<Edge>& vEdges,
+                  std::vector<std::size_t>& vWaitingReturn,
+                  std::vector<std::size_t>& vPlacedReturn) {
+  auto Waiter = std::lower_bound(vEdges.begin(), vEdges.end(), Edge(Placed, 0));
+  for (; Waiter != vEdges.end() && Waiter->first == Placed; ++Waiter) {
+    if (--vWaitingReturn[Waiter->second] == 0) {
+      vPlacedReturn.push_back(Waiter->second);
+    }
+  }
+}
+
 /// Places the keys level by level: those that wait for nothing, then those that waited for them.
 std::vector<std::size_t> PlaceByLevels(const std::vector<Edge>& vEdges, std::size_t KeyCount) {
   std::vector<std::size_t> vWaiting(KeyCount, 0);
@@ -59,13 +71,7 @@ std::vector<std::size_t> PlaceByLevels(const std::vector<Edge>& vEdges, std::siz
   while (LevelStart < vPlaced.size()) {
     const std::size_t LevelEnd = vPlaced.size();
     for (; LevelStart < LevelEnd; ++LevelStart) {
-      const Edge FirstEdge(vPlaced[LevelStart], 0);
-      auto Waiter = std::lower_bound(vEdges.begin(), vEdges.end(), FirstEdge);
-      for (; Waiter != vEdges.end() && Waiter->first == FirstEdge.first; ++Waiter) {
-        if (--vWaiting[Waiter->second] == 0) {
-          vPlaced.push_back(Waiter->second);
-        }
-      }
+      PlaceWaiters(vPlaced[LevelStart], vEdges, vWaiting, vPlaced);
     }
     std::sort(vPlaced.begin() + static_cast<std::ptrdiff_t>(LevelEnd), vPlaced.end());
   }
