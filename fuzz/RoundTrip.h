@@ -23,8 +23,8 @@ std::string Write(TrRule& Rule, Form Which);
 ///
 /// In every form:
 /// - A type or a label is missing, or holds a mark of the format or white space: one of
-///   `{ } [ ] = , ; :`, or `->` by itself. Such a line is read as a line of another kind, or cut
-///   elsewhere; only `]`, from an empty sequence, happens to come back. So the rules of a
+///   `{ } [ ] = , ; :`, or `->` by itself. Such a line can be taken for one of another kind, or cut
+///   elsewhere; some, such as the `]` of an empty sequence, happen to come back. So the rules of a
 ///   sequence line without types do not come back, nor those with only one side.
 /// - There is no alignment, or the alignment string is not plain (below).
 /// - The text has more than 100,000 bytes: the reader looks no further.

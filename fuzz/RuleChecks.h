@@ -35,9 +35,10 @@ void RequireAlternatives(const TrRule& Rule);
 
 /// Ordering has made `After` of `Before` as its slow twin does, and would leave it as it is.
 ///
-/// The latter is not true where a pair of `Before` lacked an index: such a pair is filed under the
+/// The latter is not asked where a pair of `Before` lacked an index: such a pair is filed under the
 /// one before it, and the order may put it behind another. "((7),(-1,2))" gives "((-1,2),(7))" and
-/// that gives "((-1,2))".
+/// that gives "((-1,2))"; "((),(1,2),(5,6),(,-1)" comes to rest only behind the third
+/// order.
 void RequireOrdered(const std::string& Before, const std::string& After);
 
 /// A copy has what the rule has, but for comments and header type, with its alignments in order;
