@@ -54,6 +54,7 @@ install(FILES "${PROJECT_BINARY_DIR}/trrule.pc" DESTINATION "${CMAKE_INSTALL_LIB
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION "${DocDir}")
 install(DIRECTORY docs DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.md")
 install(DIRECTORY examples DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.cpp" PATTERN "*.txt"
+                                                                  PATTERN "*.trr"
                                                                   PATTERN "CMakeLists.txt" EXCLUDE)
 # The pages for browsers go along where they have been made.
 install(DIRECTORY "${PROJECT_BINARY_DIR}/html" DESTINATION "${DocDir}" OPTIONAL)

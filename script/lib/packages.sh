@@ -44,7 +44,14 @@ want_build_tools() {
   want libgtest-dev have_header gtest/gtest.h
 }
 
+# What the command over files of rules is built with; without it, the build leaves that out.
+want_command_tools() {
+  want libcli11-dev have_header CLI/CLI.hpp
+  want nlohmann-json3-dev have_header nlohmann/json.hpp
+}
+
 want_test_tools() {
+  want_command_tools
   want pkg-config have_command pkg-config
   # Where there are Debian packages, one is made and tried, with the libraries that it depends on.
   if have_command dpkg; then

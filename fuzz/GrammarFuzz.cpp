@@ -1,0 +1,137 @@
+// A text goes through the grammar reader, the checks of each rule, the normal form and back.
+
+#include "Finding.h"
+#include "FuzzSupport.h"
+#include "LineKind.h"
+#include "NormalForm.h"
+#include "RuleChecker.h"
+#include "RuleReader.h"
+#include "RuleRecord.h"
+#include "support/StreamCapture.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace {
+
+using Grammar::Finding;
+using Grammar::LineKind;
+using Grammar::RuleRecord;
+using Grammar::RuleText;
+
+std::vector<RuleText> RulesOf(const std::string& Text) {
+  std::istringstream Stream(Text);
+  Grammar::RuleReader Reader(Stream, "-");
+  std::vector<RuleText> vRules;
+  for (RuleText Rule; Reader.Next(Rule);) {
+    vRules.push_back(Rule);
+  }
+  return vRules;
+}
+
+/// Every byte is in one rule, and every line is where it says that it is.
+void RequireAllBytes(const std::vector<RuleText>& vRules, const std::string& Text) {
+  std::string All;
+  std::size_t Line = 1;
+  for (const RuleText& Rule : vRules) {
+    Require(Rule.FirstLine == Line, "a rule begins on the line behind the one before it");
+    All += Rule.Text;
+    Line += Rule.vLines.size();
+  }
+  Require(All == Text, "every byte is in one rule");
+}
+
+bool HasFindingOn(const std::vector<Finding>& vFindings, std::size_t Line) {
+  return std::any_of(vFindings.begin(), vFindings.end(),
+                     [&](const Finding& Each) { return Each.Line == Line; });
+}
+
+/// A line of a rule that was read is in the record, or it is told of.
+void RequireLinesAccountedFor(const RuleText& Rule, const RuleRecord& Record,
+                              const std::vector<Finding>& vFindings) {
+  std::size_t Comments = 0;
+  for (std::size_t Line = 0; Line < Rule.vLines.size(); ++Line) {
+    const Grammar::LineParts Parts = Grammar::PartsOf(Rule.Line(Line));
+    Comments += Parts.Comment.empty() ? 0 : 1;
+    Require(Parts.Kind != LineKind::Other || HasFindingOn(vFindings, Rule.FirstLine + Line),
+            "a line that is dropped is told of");
+  }
+  Require(Record.Comments().size() == Comments, "every comment is kept");
+}
+
+void RequirePlaces(const RuleText& Rule, const std::vector<Finding>& vFindings) {
+  for (const Finding& Each : vFindings) {
+    Require(Each.Line >= Rule.FirstLine && Each.Line < Rule.FirstLine + Rule.vLines.size(),
+            "a finding is on a line of its rule");
+    const std::size_t Size = Rule.Line(Each.Line - Rule.FirstLine).size();
+    Require(Each.Column >= 1 && Each.Column <= Size + 1, "a finding is in its line");
+    Require(Each.Length >= 1 && Each.Column + Each.Length <= std::max<std::size_t>(Size, 1) + 1,
+            "a finding ends in its line");
+  }
+}
+
+std::string NormalFormOf(const RuleRecord& Record, bool OneLine) {
+  Grammar::FormOptions Options;
+  Options.OneLine = OneLine;
+  std::string Text;
+  AppendNormalForm(Record, Options, Text);
+  return Text;
+}
+
+/// What is written is one rule, and is written the same when it is read again.
+void RequireStable(const RuleRecord& Record) {
+  const std::string Once = NormalFormOf(Record, false);
+  const std::vector<RuleText> vRules = RulesOf(Once);
+  Require(vRules.size() == 1, "the normal form is one rule");
+  RuleRecord Again;
+  std::vector<Finding> vFindings;
+  Require(Again.Read(vRules[0], vFindings), "the normal form can be read");
+  Require(NormalFormOf(Again, false) == Once, "the normal form stays as it is");
+  const std::string Folded = NormalFormOf(Record, true);
+  Require(std::count(Folded.begin(), Folded.end(), '\n') == 1, "one line is one line");
+  std::string Unfolded;
+  Grammar::AppendUnfolded(Folded, Unfolded);
+  Require(Unfolded == Once, "one line can be unfolded");
+}
+
+void RequireTurns(RuleRecord& Record) {
+  const std::string Before = NormalFormOf(Record, false);
+  std::string Why;
+  if (Grammar::Flip(Record, Why) && Grammar::Flip(Record, Why)) {
+    Require(NormalFormOf(Record, false) == Before, "two turns change nothing");
+  } else {
+    Require(!Why.empty(), "a turn that fails says why");
+  }
+}
+
+void RequireRule(const RuleText& Rule) {
+  RuleRecord Record;
+  std::vector<Finding> vFindings;
+  const bool IsRead = Grammar::CheckRule(Rule, Record, vFindings);
+  RequirePlaces(Rule, vFindings);
+  const bool HasErrors = std::any_of(vFindings.begin(), vFindings.end(), [](const Finding& Each) {
+    return Each.Level == Grammar::Severity::Error;
+  });
+  Require(IsRead || HasErrors || !Rule.HasRule || Rule.Continues,
+          "a rule that cannot be read has an error");
+  if (IsRead) {
+    RequireLinesAccountedFor(Rule, Record, vFindings);
+    RequireStable(Record);
+    RequireTurns(Record);
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size) {
+  const std::string Text(Data, Data + Size);
+  StreamCapture Streams;
+  const std::vector<RuleText> vRules = RulesOf(Text);
+  RequireAllBytes(vRules, Text);
+  for (const RuleText& Rule : vRules) {
+    RequireRule(Rule);
+  }
+  Require(Streams.TakeOut().empty() && Streams.TakeErr().empty(),
+          "nothing of the library reaches the streams");
+  return 0;
+}

@@ -1,0 +1,255 @@
+// What `sort` and `unique` make of small grammars, whole, and that memory makes no difference.
+
+#include "RuleGenerator.h"
+#include "RunError.h"
+#include "SortCommand.h"
+#include "TestFolder.h"
+#include "UniqueCommand.h"
+#include "support/StreamCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace std::string_literals;
+
+using Grammar::RunOptions;
+using Grammar::SortBy;
+using Grammar::SortOptions;
+using Grammar::UniqueOptions;
+
+/// What a command did: its status, its output, and what it told on standard error.
+struct Result {
+  int Status;
+  std::string Out;
+  std::string Err;
+
+  friend bool operator==(const Result& Left, const Result& Right) {
+    return Left.Status == Right.Status && Left.Out == Right.Out && Left.Err == Right.Err;
+  }
+
+  friend std::ostream& operator<<(std::ostream& Stream, const Result& End) {
+    return Stream << "\nstatus " << End.Status << "\n--- out ---\n"
+                  << End.Out << "--- err ---\n"
+                  << End.Err;
+  }
+};
+
+/// Runs a command on texts, each in a file of its own.
+template <typename RunT>
+Result ResultOf(const std::vector<std::string>& vsTexts, bool KeepBad, RunT Run) {
+  const TestFolder Folder;
+  RunOptions Options;
+  Options.Output = Folder.Path("out");
+  Options.KeepBad = KeepBad;
+  for (const std::string& sText : vsTexts) {
+    Options.vsFiles.push_back(Folder.Write(std::to_string(Options.vsFiles.size()) + ".trr", sText));
+  }
+  StreamCapture Streams;
+  const int Status = Run(Options);
+  EXPECT_EQ(Streams.TakeOut(), "");
+  std::string Err = Streams.TakeErr();
+  for (std::size_t At = Err.find(Folder.Path("")); At != std::string::npos;
+       At = Err.find(Folder.Path(""))) {
+    Err.erase(At, Folder.Path("").size());
+  }
+  return {Status, Folder.Read("out"), Err};
+}
+
+Result Sorted(const std::vector<std::string>& vsTexts, const SortOptions& Options = {},
+              bool KeepBad = false) {
+  return ResultOf(vsTexts, KeepBad,
+                  [&](const RunOptions& Run) { return Grammar::RunSort(Run, Options); });
+}
+
+Result Unique(const std::vector<std::string>& vsTexts, const UniqueOptions& Options = {},
+              bool KeepBad = false) {
+  return ResultOf(vsTexts, KeepBad,
+                  [&](const RunOptions& Run) { return Grammar::RunUnique(Run, Options); });
+}
+
+SortOptions By(SortBy Key, bool Reverse = false) {
+  SortOptions Options;
+  Options.By = Key;
+  Options.Reverse = Reverse;
+  return Options;
+}
+
+/// A rule as it is printed; `Labels` are those of the source side.
+std::string Rule(const std::string& Header, const std::string& Types, const std::string& Labels,
+                 const std::string& Comments = "") {
+  return Comments + Header + Types + " [" + Labels + "] -> [N]\n(\n(X1::Y1)\n)\n";
+}
+
+const std::string Ten = Rule("{NP,10}\n", "NP::NP", "DET N", ";;Score:2\n");
+const std::string Nine = Rule("{VP,9}\n", "VP::NP", "N", "; nine\n;;Score:-3\n");
+const std::string Minus = Rule("{NP,-5}\n", "NP::NP", "ADJ N DET");
+const std::string None = Rule("", "AP::NP", "ADJ N", ";;Score:11\n");
+const std::string Bad = "{XP,1}\nXP::XP : [N -> [N]\n(X1::Y1)\n";
+
+TEST(SortCommand, OrdersByTheTextThatTellsRulesApart) {
+  EXPECT_EQ(Sorted({Ten + Nine, Minus + None}), (Result{0, None + Minus + Ten + Nine, ""}));
+  EXPECT_EQ(Sorted({Ten + Nine, Minus + None}, By(SortBy::Form, true)),
+            (Result{0, Nine + Ten + Minus + None, ""}));
+}
+
+TEST(SortCommand, OrdersByNumberTypeCountAndLength) {
+  const std::string All = Ten + Nine + Minus + None;
+  const struct {
+    SortBy Key;
+    std::string Up;
+    std::string Down;
+  } Cases[] = {
+      {SortBy::Index, None + Minus + Nine + Ten, Ten + Nine + Minus + None},
+      {SortBy::Type, None + Ten + Minus + Nine, Nine + Ten + Minus + None},
+      {SortBy::Count, Nine + Minus + Ten + None, None + Ten + Minus + Nine},
+      {SortBy::Length, Nine + Ten + None + Minus, Minus + Ten + None + Nine},
+  };
+  for (const auto& Each : Cases) {
+    EXPECT_EQ(Sorted({All}, By(Each.Key)), (Result{0, Each.Up, ""}));
+    EXPECT_EQ(Sorted({All}, By(Each.Key, true)), (Result{0, Each.Down, ""}));
+  }
+}
+
+TEST(SortCommand, WritesTheNormalForm) {
+  EXPECT_EQ(Sorted({"\n; why\r\n{NP,007}\r\nNP::NP : [n] -> [n]\r\n(\r\n(x1::y1)\r\n((x1 num) == "
+                    "sg)\r\n(x0 = x1))"}),
+            (Result{0,
+                    "; why\n{NP,7}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n((X1 NUM) = SG)\n(X0 = "
+                    "X1)\n)\n",
+                    ""}));
+  EXPECT_EQ(Sorted({""}), (Result{0, "", ""}));
+}
+
+TEST(SortCommand, PutsWhatIsNoRuleBehindAllRules) {
+  const Result Passed = Sorted({Ten + Bad, "; no rule", Nine});
+  EXPECT_EQ(Passed.Status, 1);
+  EXPECT_NE(Passed.Err, "");
+  EXPECT_EQ(Passed.Out, Ten + Nine + "; no rule\n");
+  const Result Kept = Sorted({Ten + Bad, "; no rule", Nine}, {}, true);
+  EXPECT_EQ(Kept, (Result{1, Ten + Nine + Bad + "; no rule\n", Passed.Err}));
+}
+
+TEST(SortCommand, FailsWithoutOutputWhereAFileCannotBeRead) {
+  const TestFolder Folder;
+  RunOptions Run;
+  Run.Output = Folder.Path("out");
+  Run.vsFiles = {Folder.Write("a", Ten), Folder.Path("none")};
+  EXPECT_THROW(Grammar::RunSort(Run, {}), Grammar::RunError);
+  EXPECT_THROW(Grammar::RunUnique(Run, {}), Grammar::RunError);
+  EXPECT_EQ(Folder.Names(), std::set<std::string>{"a"});
+}
+
+const std::string First =
+    "; first\n;; SL: the car\n;; TL: el auto\n{NP,1}\nNP::NP [DET N] -> [DET N]\n(\n(X1::Y1)\n"
+    "((X1 NUM) = SG)\n((X2 NUM) = PL)\n)\n";
+/// The same in another order, with another header and example, and counted three times.
+const std::string Second =
+    "; second\n;; SL: the house\n;; TL: la casa\n;;Score:3\n{XP,2}\nNP::NP [DET N] -> [DET N]\n(\n"
+    "((x2 num) = pl)\n(X1::Y1)\n((x1 num) = sg)\n)\n";
+const std::string Body =
+    "{NP,1}\nNP::NP [DET N] -> [DET N]\n(\n(X1::Y1)\n((X1 NUM) = SG)\n((X2 NUM) = PL)\n)\n";
+const std::string Both =
+    "; first\n;; SL: the car\n;; TL: el auto\n; second\n;; SL: the house\n;; TL: la casa\n"
+    ";;Score:4\n" +
+    Body;
+
+TEST(UniqueCommand, AddsCountsCommentsAndExamples) {
+  EXPECT_EQ(Unique({First, Second}), (Result{0, Both, ""}));
+  EXPECT_EQ(Unique({Both, Both}).Out,
+            "; first\n;; SL: the car\n;; TL: el auto\n; second\n;; SL: the house\n;; TL: la casa\n"
+            ";;Score:8\n" +
+                Body);
+  EXPECT_EQ(Unique({First}), (Result{0, First, ""}));
+  EXPECT_EQ(Unique({""}), (Result{0, "", ""}));
+}
+
+TEST(UniqueCommand, KeepsTheOrderOfFirstAppearanceUnlessItShallSort) {
+  UniqueOptions Options;
+  EXPECT_EQ(Unique({Nine + First + Ten, Second + Nine}).Out,
+            "; nine\n;;Score:-6\n" + Rule("{VP,9}\n", "VP::NP", "N") + Both + Ten);
+  Options.Sorted = true;
+  EXPECT_EQ(Unique({Nine + First + Ten, Second}, Options).Out, Both + Ten + Nine);
+}
+
+TEST(UniqueCommand, KeepsOnlyRepeatedRulesOrSomeExamplesWhereThatIsWanted) {
+  UniqueOptions Options;
+  Options.Repeated = true;
+  EXPECT_EQ(Unique({Nine + First, Second + Ten}, Options).Out, Both);
+  Options.Examples = 1;
+  EXPECT_EQ(Unique({First, Second}, Options).Out,
+            "; first\n;; SL: the car\n;; TL: el auto\n; second\n;;Score:4\n" + Body);
+}
+
+TEST(UniqueCommand, CountsRulesOnOneLineEach) {
+  UniqueOptions Options;
+  Options.Count = true;
+  EXPECT_EQ(Unique({First + Nine + Second}, Options).Out,
+            "2\t; first\t;; SL: the car\t;; TL: el auto\t; second\t;; SL: the house\t;; TL: la "
+            "casa\t;;Score:4\t{NP,1}\tNP::NP [DET N] -> [DET N]\t(\t(X1::Y1)\t((X1 NUM) = "
+            "SG)\t((X2 NUM) = PL)\t)\n"
+            "1\t; nine\t;;Score:-3\t{VP,9}\tVP::NP [N] -> [N]\t(\t(X1::Y1)\t)\n");
+}
+
+TEST(UniqueCommand, HoldsTheCountAtTheLargestNumber) {
+  const std::string Most = Rule("{NP,1}\n", "NP::NP", "N", ";;Score:2147483647\n");
+  EXPECT_EQ(Unique({Most + Most}), (Result{0, Most, ""}));
+}
+
+TEST(UniqueCommand, LeavesWhatIsNoRuleInItsPlace) {
+  const Result Kept = Unique({Ten + Bad, "; no rule", Nine, Ten}, {}, true);
+  EXPECT_EQ(Kept.Status, 1);
+  EXPECT_EQ(Kept.Out,
+            ";;Score:4\n" + Rule("{NP,10}\n", "NP::NP", "DET N") + Bad + "; no rule\n" + Nine);
+  UniqueOptions Options;
+  Options.Sorted = true;
+  EXPECT_EQ(Unique({Bad, "; no rule", Nine, Ten}, Options, true).Out,
+            Ten + Nine + Bad + "; no rule\n");
+}
+
+/// Generated rules, each of them once, and some of them again.
+std::string ManyRules() {
+  std::string Text;
+  const std::vector<std::string> vsRules = GeneratedRules(11, 3000);
+  for (std::size_t Number = 0; Number < vsRules.size(); ++Number) {
+    Text += vsRules[Number];
+    Text += Number % 3 == 0 ? vsRules[Number / 2] : "";
+  }
+  return Text;
+}
+
+TEST(OrderCommands, GiveTheSameWithLittleMemory) {
+  const std::string Text = ManyRules();
+  for (const SortBy Key :
+       {SortBy::Form, SortBy::Index, SortBy::Type, SortBy::Count, SortBy::Length}) {
+    SortOptions Little = By(Key, Key == SortBy::Type);
+    Little.Memory = 1;
+    const Result Expected = Sorted({Text}, By(Key, Key == SortBy::Type));
+    EXPECT_GT(Expected.Out.size(), Text.size() / 2);
+    EXPECT_TRUE(Sorted({Text}, Little) == Expected);
+  }
+  for (const bool IsSorted : {false, true}) {
+    UniqueOptions Plenty;
+    Plenty.Sorted = IsSorted;
+    UniqueOptions Little = Plenty;
+    Little.Memory = 1;
+    const Result Expected = Unique({Text}, Plenty);
+    EXPECT_LT(Expected.Out.size(), Text.size() * 9 / 10);
+    EXPECT_TRUE(Unique({Text}, Little) == Expected);
+  }
+}
+
+TEST(OrderCommands, ChangeNothingWhenTheyAreRunAgain) {
+  const std::string Text = ManyRules();
+  const std::string InOrder = Sorted({Text}).Out;
+  const std::string Once = Unique({Text}).Out;
+  EXPECT_NE(InOrder, Text);
+  EXPECT_NE(Once, Text);
+  EXPECT_TRUE(Sorted({InOrder}).Out == InOrder);
+  EXPECT_TRUE(Unique({Once}).Out == Once);
+}
+
+}  // namespace

@@ -1,0 +1,270 @@
+// Rules on their way through the record, and what is written of them.
+
+#include "GrammarPaths.h"
+#include "GrammarSupport.h"
+#include "RuleGenerator.h"
+#include "support/Samples.h"
+#include "support/StreamCapture.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+namespace {
+
+using Grammar::Finding;
+using Grammar::FormOptions;
+using Grammar::RuleRecord;
+
+/// Reads the first rule of a text, which has to be readable.
+RuleRecord Read(const std::string& Text) {
+  RuleRecord Record;
+  std::vector<Finding> vFindings;
+  EXPECT_TRUE(Record.Read(RulesOf(Text).at(0), vFindings)) << Text;
+  EXPECT_EQ(PlacesOf(vFindings), std::vector<std::string>()) << Text;
+  return Record;
+}
+
+const std::string Body = "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n";
+
+TEST(RuleRecord, KeepsWhatTheLibraryDoesNot) {
+  RuleRecord Record = Read(
+      ";; a = b\n"
+      "{ADJP,12} ;; behind\n"
+      "NP::NP : [N] -> [N]\n"
+      "(X1::Y1) ;; one\n"
+      "  ; two\r\n"
+      ";; three\n");
+  EXPECT_EQ(Record.Comments(), (Strings{";; a = b", ";; behind", ";; one", "; two", ";; three"}));
+  EXPECT_EQ(Record.Header().Type, "ADJP");
+  EXPECT_EQ(Record.Header().Number, "12");
+  EXPECT_EQ(Record.Rule().GetRuleIndex(), 12);
+  EXPECT_EQ(Record.Rule().GetNumConstraints(), 0);
+}
+
+TEST(RuleRecord, TakesNothingFromTheRuleBefore) {
+  RuleRecord Record = Read(";; SL: a\n;;Score:7\n{NP,8}\n" + Body);
+  std::vector<Finding> vFindings;
+  ASSERT_TRUE(Record.Read(RulesOf("VP::VP [V] -> [V]\n(X1::Y1)\n").at(0), vFindings));
+  EXPECT_EQ(Record.Comments(), Strings());
+  EXPECT_FALSE(Record.Header().IsPresent);
+  EXPECT_EQ(Record.Count(), 1);
+  EXPECT_EQ(Record.Rule().GetRuleIndex(), -1);
+  EXPECT_EQ(Record.Rule().GetSLString(), "");
+  EXPECT_EQ(Record.Block(), "VP::VP [V] -> [V]\n(\n(X1::Y1)\n)");
+  EXPECT_EQ(Record.ComparisonText(), ";V \nVP::VP [V] -> [V]\n(\n(X1::Y1)\n)");
+}
+
+TEST(RuleRecord, PutsExamplesBackIntoTheRecord) {
+  for (const std::string sBlank : {"", " ", "\t "}) {
+    RuleRecord Record = Read(";;" + sBlank + "SL:" + sBlank + "the car\n;;" + sBlank +
+                             "TL:" + sBlank + "l\\'auto\n;;" + sBlank + "C-Structure:" + sBlank +
+                             "(NP (N))\n;;" + sBlank + "Score:" + sBlank + "5\n" + Body);
+    EXPECT_EQ(Record.Count(), 5);
+    EXPECT_EQ(Record.Rule().GetSLString(), "THE CAR");
+    EXPECT_EQ(Record.Rule().GetTLString(), "L\\'AUTO");
+    EXPECT_EQ(Record.Rule().GetCStructure(), "(NP (N))");
+    EXPECT_EQ(Record.Rule().GetNumTrExamples(), 5);
+  }
+}
+
+TEST(RuleRecord, TakesNoOtherCommentsForExamples) {
+  RuleRecord Record = Read("; SL: a\n;; TLx: b\n;; SL_alt: c\n;;Score: many\n;; x SL: d\n" + Body);
+  EXPECT_EQ(Record.Count(), 1);
+  EXPECT_EQ(Record.Rule().GetSLString(), "");
+  EXPECT_EQ(Record.Rule().GetTLString(), "");
+  EXPECT_EQ(Record.Rule().GetNumTrExamples(), 1);
+}
+
+TEST(RuleRecord, ReadsBackWhatTheStringWriterWrote) {
+  RuleRecord First = Read("{NP,8}\n" + Body);
+  First.Rule().SetSLWords(std::string("the car"));
+  First.Rule().SetTLWords(Strings{"l'auto"});
+  First.Rule().SetCStructure("(NP)");
+  First.Rule().SetNumTrExamples(3);
+  RuleRecord Second = Read(First.Rule().ReturnAsStringForPrint());
+  EXPECT_EQ(Second.Rule().ReturnAsStringForPrint(), First.Rule().ReturnAsStringForPrint());
+}
+
+TEST(RuleRecord, WritesACountWhereTheOldOneStood) {
+  const std::vector<std::pair<std::string, Strings>> Cases{
+      {";; a\n;; Score: 2\n;; b\n", {";; a", ";;Score:9", ";; b"}},
+      {";; a\n", {";; a", ";;Score:9"}},
+      {"", {";;Score:9"}}};
+  for (const auto& [sComments, vsExpected] : Cases) {
+    RuleRecord Record = Read(sComments + Body);
+    EXPECT_NE(Record.Count(), 9);
+    Record.SetCount(9);
+    EXPECT_EQ(Record.Count(), 9);
+    EXPECT_EQ(Record.Rule().GetNumTrExamples(), 9);
+    EXPECT_EQ(Record.Comments(), vsExpected);
+  }
+}
+
+TEST(RuleRecord, TellsWhyARuleCannotBeRead) {
+  const std::string Head = "{NP,8}\nNP::NP : [N] -> [N]\n";
+  const std::vector<std::pair<std::string, Strings>> Cases{
+      {"{NP,8}\n(X1::Y1)\n", {"1:1+6 TR001?"}},
+      {Head, {"2:1+19 TR002?"}},
+      {Head + "NP::NP : [N] -> [N]\n(X1::Y1)\n", {"3:1+19 TR003"}},
+      {"NP ::NP : [N] -> [N]\n(X1::Y1)\n", {"1:1+2 TR004?"}},
+      {"NP::NP : N] -> [N]\n(X1::Y1)\n", {"1:1+11 TR005"}},
+      {"NP::NP : [N] -> [N\n(X1::Y1)\n", {"1:17+2 TR006"}},
+      {Head + "(X1::Y1))\n", {"3:1+9 TR007?"}},
+      {Head + "(X1::Y1)\n  (x0 x1) = a\n", {"4:7+7 TR008?"}},
+      {Head + "(X1::Y1)\n(x0 = n)\n", {"4:7+1 TR012?"}},
+      {Head + "(X1::Y1)\n(x0 = x1)\n(x1 = x0)\n", {"4:1+9 TR011"}},
+      {Head + "(X1::Y1)\n" + std::string(100001, '(') + '\n', {"1:1+1 TR013"}},
+      {"NP::NP \"a [b;;\" c] -> [N]\n(X1::Y1)\n", {"1:1+25 TR014"}},
+      // Errors of one rule come together; components that are not there do not keep it from
+      // being read, and warnings are not told.
+      {"{ADJP,8}\nNP::NP : N] -> [N]\n(X1)\n(X1::Y9)\n(x9 = x1)\n", {"2:1+11 TR005"}},
+      {Head + "(X1::1)\n(X1::Y)\n(x0 = x1)\n(x1 = x0)\n",
+       {"3:1+7 TR007", "4:1+7 TR007", "5:1+9 TR011"}}};
+  for (const auto& [sText, vsExpected] : Cases) {
+    RuleRecord Record;
+    std::vector<Finding> vFindings;
+    const Written Streams =
+        WrittenBy([&] { EXPECT_FALSE(Record.Read(RulesOf(sText).at(0), vFindings)) << sText; });
+    EXPECT_EQ(PlacesOf(vFindings), vsExpected) << sText;
+    EXPECT_EQ(Streams, (Written{"", ""})) << sText;
+  }
+}
+
+TEST(RuleRecord, LetsNothingOfTheLibraryOutOnTheStreams) {
+  const Written Streams = WrittenBy([] {
+    RuleRecord Record =
+        Read("NP::NP : [N] -> [N]\n(X1::Y1)\n(X9::Y9)\n((x1 n) = a)\n((x1 n) = b)\n");
+    EXPECT_EQ(Record.Block(), "NP::NP [N] -> [N]\n(\n(X1::Y1)\n(X9::Y9)\n((X1 N) = (*OR* A B))\n)");
+  });
+  EXPECT_EQ(Streams, (Written{"", ""}));
+}
+
+TEST(RuleRecord, LeavesTheHandlerOfOthersInPlace) {
+  const HaltHandler Others = [](HaltReason, const std::string&) {};
+  const HaltHandler Before = SetHaltHandler(Others);
+  Read(Body);
+  EXPECT_EQ(SetHaltHandler(Before), Others);
+}
+
+// ---- The normal form --------------------------------------------------------------------------
+
+TEST(NormalForm, WritesCommentsHeaderRuleLineAlignmentsAndConstraints) {
+  const std::string Text =
+      ";; SL: a\n\n"
+      "{ADJP,0012}\n"
+      "NP::NP : [DET N] -> [DET N]\n"
+      "(\n"
+      "(x0 = x2)\n"
+      "(X2::Y2)\n"
+      ";; inside\n"
+      "(X1::Y1)\n"
+      "((y1 num) = (y2 num))\n"
+      "((y2 num) = sg))\r\n";
+  EXPECT_EQ(NormalFormOf(Text),
+            ";; SL: a\n"
+            ";; inside\n"
+            "{ADJP,12}\n"
+            "NP::NP [DET N] -> [DET N]\n"
+            "(\n"
+            "(X1::Y1)\n"
+            "(X2::Y2)\n"
+            "((Y2 NUM) = SG)\n"
+            "(X0 = X2)\n"
+            "((Y1 NUM) = (Y2 NUM))\n"
+            ")\n");
+  EXPECT_EQ(
+      NormalFormOf(Text, FormOptions{true, true}),
+      "{ADJP,12}\tNP::NP [DET N] -> [DET N]\t(\t(X1::Y1)\t(X2::Y2)\t((Y2 NUM) = SG)\t(X0 = X2)"
+      "\t((Y1 NUM) = (Y2 NUM))\t)\n");
+}
+
+TEST(NormalForm, IsWhatTheLibraryPrintsWhereThatKeepsEverything) {
+  EXPECT_EQ(NormalFormOf(SampleText), SamplePrinted);
+}
+
+TEST(NormalForm, KeepsAReferenceBehindADoubledSign) {
+  const std::string Head = "NP::NP [A B] -> [A B]\n(\n(X1::Y1)\n";
+  EXPECT_EQ(NormalFormOf(Head + "((y1 num) == (y2 num))\n((x1 num) == sg)\n(y2 == (y0 num))\n)\n"),
+            Head + "((X1 NUM) = SG)\n(Y2 = (Y0 NUM)\n((Y1 NUM) = (Y2 NUM))\n)\n");
+}
+
+TEST(NormalForm, IsStable) {
+  std::string Generated;
+  for (const std::string& sRule : GeneratedRules(11, 500)) {
+    Generated += sRule;
+  }
+  for (const std::string& sText :
+       {SampleText, Generated,
+        std::string(";; a\r\r\n{x}\nNP::NP : [\"a;;b\" N] -> [N]\n(X1::Y1)\n"),
+        std::string("NP::NP : [N] -> [N]\n(X1::Y1)\nVP::VP : [V] -> [V]\n(X1::Y1)\n")}) {
+    const std::string Once = NormalFormOf(sText);
+    EXPECT_NE(Once, "");
+    EXPECT_EQ(NormalFormOf(Once), Once);
+    EXPECT_EQ(RulesOf(Once).size(), RulesOf(sText).size());
+  }
+}
+
+TEST(NormalForm, IsStableOverEveryCorpusAtHand) {
+  std::size_t Files = 0;
+  for (const char* Folder : {"fuzz/corpus", "tests/regressions", "examples/grammar"}) {
+    const std::filesystem::path Root = std::filesystem::path(GrammarPaths::SourceFolder) / Folder;
+    for (const auto& Entry : std::filesystem::recursive_directory_iterator(Root)) {
+      if (Entry.is_regular_file()) {
+        std::ifstream File(Entry.path(), std::ios::binary);
+        const std::string Text((std::istreambuf_iterator<char>(File)), {});
+        const std::string Once = NormalFormOf(Text);
+        EXPECT_EQ(NormalFormOf(Once), Once) << Entry.path();
+        ++Files;
+      }
+    }
+  }
+  EXPECT_GT(Files, 10U);
+}
+
+TEST(NormalForm, GivesEveryReadablePrefixOfTheSampleAFormThatStays) {
+  for (std::size_t Size = 0; Size <= SampleText.size(); ++Size) {
+    const std::string Once = NormalFormOf(SampleText.substr(0, Size));
+    EXPECT_EQ(NormalFormOf(Once), Once) << SampleText.substr(0, Size);
+  }
+}
+
+TEST(NormalForm, OnOneLineCanBeUnfolded) {
+  const std::vector<std::pair<std::string, std::string>> Cases{
+      {"", ""},
+      {"a\nb\n", "a\tb"},
+      {"a\n\n", "a\t"},
+      {"\ta\\t\\", "\\ta\\\\t\\\\"},
+      {std::string("\0\xFF\r\n", 4), std::string("\0\xFF\r", 3)}};
+  for (const auto& [sLines, sFolded] : Cases) {
+    EXPECT_EQ(Grammar::Folded(sLines), sFolded);
+    std::string Unfolded;
+    Grammar::AppendUnfolded(sFolded + "\n", Unfolded);
+    EXPECT_EQ(Unfolded, sLines.empty() || sLines.back() != '\n' ? sLines + "\n" : sLines);
+  }
+  std::string Odd;
+  Grammar::AppendUnfolded("\\a\\", Odd);
+  EXPECT_EQ(Odd, "\\a\\");
+}
+
+TEST(NormalForm, TurnsARuleRound) {
+  RuleRecord Record = Read(
+      ";; SL: the red car\n;;TL:el auto rojo\n;; SL_alt: a\n;; other\n"
+      "{NP,8}\n"
+      "NP::N : [DET ADJ N] -> [DET N]\n(X1::Y2)\n(X3::Y1)\n(x0 = x3)\n");
+  std::string Why;
+  ASSERT_TRUE(Grammar::Flip(Record, Why)) << Why;
+  std::string Text;
+  AppendNormalForm(Record, FormOptions(), Text);
+  EXPECT_EQ(Text,
+            ";; TL: the red car\n;;SL:el auto rojo\n;; SL_alt: a\n;; other\n"
+            "{NP,8}\n"
+            "N::NP [DET N] -> [DET ADJ N]\n(\n(X1::Y3)\n(X2::Y1)\n(X0 = X3)\n)\n");
+  EXPECT_EQ(Record.Rule().GetSLString(), "EL AUTO ROJO");
+  EXPECT_EQ(Record.Rule().GetTLString(), "THE RED CAR");
+}
+
+}  // namespace

@@ -1,0 +1,215 @@
+// The command as people meet it: its statuses, its one-line complaints, how it ends when somebody
+// stops it, and that its help, its manual and its completions know the same options.
+
+#include "GrammarPaths.h"
+#include "RuleGenerator.h"
+#include "TestFolder.h"
+#include "support/ChildProcess.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using Strings = std::vector<std::string>;
+using StringSet = std::set<std::string>;
+
+const Strings Commands{"check", "print", "sort", "unique", "json", "from-json"};
+
+void Execute(Strings vsArguments) {
+  vsArguments.insert(vsArguments.begin(), GrammarPaths::Program);
+  std::vector<char*> vArguments;
+  for (std::string& sArgument : vsArguments) {
+    vArguments.push_back(sArgument.data());
+  }
+  vArguments.push_back(nullptr);
+  execv(GrammarPaths::Program, vArguments.data());
+}
+
+/// Runs the command with empty standard input.
+ChildEnd RunTrrule(const Strings& vsArguments) {
+  return RunInChild([&] {
+    dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
+    Execute(vsArguments);
+  });
+}
+
+std::string ReadSource(const std::string& Path) {
+  std::ifstream File(std::string(GrammarPaths::SourceFolder) + "/" + Path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(File), std::istreambuf_iterator<char>()};
+}
+
+TEST(TrruleProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
+  const std::vector<std::pair<Strings, std::string>> Cases{
+      {{"sort", "/no/such/file"}, "cannot read /no/such/file: No such file or directory"},
+      {{"sort", "/"}, "cannot read /: Is a directory"},
+      {{"sort", "-o", "/no/such/file"}, "cannot write /no/such/file: No such file or directory"},
+      {{"sort", "-o", "/dev/full", "/dev/null"}, ""},
+      {{"sort", "--frob"}, "The following argument was not expected: --frob"},
+      {{"sort", "--memory", "3Q"}, "--memory: 3Q is no size, such as 64M, 2G or 50%"},
+      {{"unique", "--memory", "0"}, "--memory: 0 is no size, such as 64M, 2G or 50%"},
+      {{"unique", "--examples", "-1"}, "--examples: -1 is no number of examples, such as 0 or 3"},
+      {{"unique", "--examples", "x"}, "--examples: x is no number of examples, such as 0 or 3"},
+      {{"unique", "--examples", "99999999999999999999"},
+       "--examples: 99999999999999999999 is no number of examples, such as 0 or 3"},
+      {{"sort", "--by", "size"}, "--by: size not in {index,type,count,length}"},
+  };
+  for (const auto& [vsArguments, sMessage] : Cases) {
+    const ChildEnd Expected =
+        sMessage.empty() ? ChildEnd{0, "", ""} : ChildEnd{2, "", "trrule: " + sMessage + "\n"};
+    EXPECT_EQ(RunTrrule(vsArguments), Expected);
+  }
+}
+
+TEST(TrruleProgram, HasNothingToDoOnAnEmptyGrammar) {
+  for (const std::string& sCommand : Commands) {
+    EXPECT_EQ(RunTrrule({sCommand}), (ChildEnd{0, "", ""})) << sCommand;
+    EXPECT_EQ(RunTrrule({sCommand, "--quiet", "-"}), (ChildEnd{0, "", ""})) << sCommand;
+  }
+}
+
+TEST(TrruleProgram, TellsTheStatusOfARunWithABadRule) {
+  const TestFolder Folder;
+  const std::string Bad = Folder.Write("bad.trr", "NP::NP : [N -> [N]\n(X1::Y1)\n");
+  for (const Strings& vsArguments :
+       {Strings{"print", Bad}, Strings{"sort", Bad}, Strings{"unique", Bad}, Strings{"json", Bad},
+        Strings{"from-json", Bad}}) {
+    const ChildEnd End = RunTrrule(vsArguments);
+    EXPECT_EQ(End.Status, 1) << vsArguments.front();
+    EXPECT_EQ(End.Out, "") << vsArguments.front();
+    EXPECT_NE(End.Err, "") << vsArguments.front();
+  }
+  EXPECT_EQ(RunTrrule({"check", Bad}).Status, 1);
+}
+
+/// A grammar that takes a while.
+std::string LargeGrammar() {
+  std::string Text;
+  for (const std::string& sRule : GeneratedRules(5, 20000)) {
+    Text += sRule;
+  }
+  return Text;
+}
+
+TEST(TrruleProgram, ReplacesTheFileThatItReads) {
+  const TestFolder Folder;
+  const std::string Path = Folder.Write("a.trr", "NP::NP : [n] -> [n]\n(x1::y1)\n");
+  EXPECT_EQ(RunTrrule({"sort", "-o", Path, Path}), (ChildEnd{0, "", ""}));
+  EXPECT_EQ(Folder.Read("a.trr"), "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n");
+}
+
+TEST(TrruleProgram, LeavesNothingBehindWhenItIsInterrupted) {
+  const TestFolder Folder;
+  Folder.Write("out", "before");
+  int Input[2] = {};
+  ASSERT_EQ(pipe(Input), 0);
+  const pid_t Child = fork();
+  if (Child == 0) {
+    dup2(Input[0], STDIN_FILENO);
+    close(Input[1]);
+    signal(SIGINT, SIG_DFL);
+    setenv("TMPDIR", Folder.Path("").c_str(), 1);
+    Execute({"sort", "--memory", "1K", "-o", Folder.Path("out")});
+    _exit(1);
+  }
+  close(Input[0]);
+  // When all of this has been taken, the output file is open and much has been spilled.
+  const std::string Text = LargeGrammar();
+  for (std::size_t Done = 0; Done < Text.size();) {
+    const ssize_t Count = write(Input[1], Text.data() + Done, Text.size() - Done);
+    ASSERT_GT(Count, 0);
+    Done += static_cast<std::size_t>(Count);
+  }
+  EXPECT_EQ(Folder.Names().size(), 2U);
+  kill(Child, SIGINT);
+  int Status = 0;
+  waitpid(Child, &Status, 0);
+  close(Input[1]);
+  EXPECT_TRUE(WIFSIGNALED(Status) && WTERMSIG(Status) == SIGINT);
+  EXPECT_EQ(Folder.Names(), StringSet{"out"});
+  EXPECT_EQ(Folder.Read("out"), "before");
+}
+
+TEST(TrruleProgram, EndsQuietlyWhereNobodyReads) {
+  const TestFolder Folder;
+  const std::string Path = Folder.Write("a.trr", LargeGrammar());
+  for (const bool IsIgnored : {false, true}) {
+    EXPECT_EQ(RunInChild([&] {
+                int Ends[2] = {};
+                signal(SIGPIPE, IsIgnored ? SIG_IGN : SIG_DFL);
+                if (pipe(Ends) == 0 && close(Ends[0]) == 0 && dup2(Ends[1], STDOUT_FILENO) >= 0) {
+                  Execute({"print", Path});
+                }
+              }),
+              (ChildEnd{IsIgnored ? 2 : -SIGPIPE, "", ""}));
+  }
+}
+
+/// The long options in a text, in whatever form it has them.
+StringSet OptionsIn(std::string Text) {
+  for (std::size_t At = Text.find("\\-"); At != std::string::npos; At = Text.find("\\-")) {
+    Text.erase(At, 1);
+  }
+  StringSet ssOptions;
+  for (std::size_t At = Text.find("--"); At != std::string::npos; At = Text.find("--", At + 2)) {
+    const std::size_t End = Text.find_first_not_of("abcdefghijklmnopqrstuvwxyz-", At + 2);
+    if (End != At + 2) {
+      ssOptions.insert(Text.substr(At, End - At));
+    }
+  }
+  return ssOptions;
+}
+
+TEST(TrruleProgram, HasHelpWithAnExampleForEachCommand) {
+  for (const std::string& sCommand : Commands) {
+    const ChildEnd Help = RunTrrule({sCommand, "--help"});
+    EXPECT_EQ(Help.Status, 0);
+    EXPECT_EQ(Help.Err, "");
+    EXPECT_NE(Help.Out.find("\nExample:\n  trrule "), std::string::npos) << sCommand;
+  }
+}
+
+TEST(TrruleProgram, KnowsTheSameOptionsInHelpManualAndCompletions) {
+  StringSet ssOptions = OptionsIn(RunTrrule({"--help"}).Out);
+  for (const std::string& sCommand : Commands) {
+    ssOptions.merge(OptionsIn(RunTrrule({sCommand, "--help"}).Out));
+  }
+  EXPECT_EQ(ssOptions.count("--memory"), 1U);
+  EXPECT_EQ(OptionsIn(ReadSource("docs/trrule.1")), ssOptions);
+  EXPECT_EQ(OptionsIn(ReadSource("tools/completion/trrule.bash")), ssOptions);
+  EXPECT_EQ(OptionsIn(ReadSource("tools/completion/_trrule")), ssOptions);
+}
+
+/// What bash offers for the last of some words.
+std::string OfferedByBash(const std::string& Words, int Position) {
+  return RunInChild([&] {
+           const std::string Script = "source '" + std::string(GrammarPaths::SourceFolder) +
+                                      "/tools/completion/trrule.bash'; COMP_WORDS=(" + Words +
+                                      "); COMP_CWORD=" + std::to_string(Position) +
+                                      "; _trrule; echo \"${COMPREPLY[*]}\"";
+           execlp("bash", "bash", "-c", Script.c_str(), nullptr);
+         })
+      .Out;
+}
+
+TEST(TrruleProgram, IsCompletedByBash) {
+  EXPECT_EQ(OfferedByBash("trrule ''", 1),
+            "check print sort unique json from-json -h --help --version\n");
+  EXPECT_EQ(OfferedByBash("trrule p", 1), "print\n");
+  EXPECT_EQ(OfferedByBash("trrule sort --r", 2), "--reverse\n");
+  EXPECT_EQ(OfferedByBash("trrule sort --by ''", 3), "index type count length\n");
+  EXPECT_EQ(OfferedByBash("trrule unique --ex", 2), "--examples\n");
+  EXPECT_EQ(OfferedByBash("trrule unique --examples ''", 3), "\n");
+}
+
+}  // namespace

@@ -1,0 +1,63 @@
+#include "CommandLine.h"
+#include "Version.h"
+#include "grammar/CheckCommand.h"
+
+namespace {
+
+/// The command's options as they are written.
+struct CheckLine {
+  Grammar::RunOptions Run;
+  Grammar::CheckOptions Options;
+  std::string Format = "text";
+  std::string Severity = "warning";
+};
+
+Grammar::FindingFormat FormatOf(const std::string& Name) {
+  if (Name == "json") {
+    return Grammar::FindingFormat::Json;
+  }
+  return Name == "sarif" ? Grammar::FindingFormat::Sarif : Grammar::FindingFormat::Text;
+}
+
+/// The codes as a list for the end of the help.
+std::string Footer() {
+  std::string Text = "Codes:\n";
+  for (const Grammar::CodeInfo& Each : Grammar::AllCodes()) {
+    Text.append("  ").append(Each.Code).append("  ").append(NameOf(Each.Level));
+    Text.append(Each.Level == Grammar::Severity::Error ? "    " : "  ");
+    Text.append(Each.Title).append("\n");
+  }
+  return Text +
+         "\nExit status: 0 nothing found, 1 something found, 2 the run failed.\n"
+         "\nExample:\n"
+         "  trrule check --severity error --except TR009,TR010 np.trr\n";
+}
+
+int Run(const CheckLine& Line) {
+  Grammar::CheckOptions Options = Line.Options;
+  Options.Format = FormatOf(Line.Format);
+  Options.Version = ProgramVersion;
+  Options.Least = Line.Severity == "error" ? Grammar::Severity::Error : Grammar::Severity::Warning;
+  return RunCheck(Line.Run, Options);
+}
+
+}  // namespace
+
+void AddCheckCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
+  CLI::App* Command = ProgramReturn.add_subcommand(
+      "check", "Tell everything that is wrong with rules, or will surprise");
+  const auto Line = std::make_shared<CheckLine>();
+  AddRunOptions(*Command, Line->Run);
+  Command->add_option("--format", Line->Format, "text, json or sarif")
+      ->check(CLI::IsMember({"text", "json", "sarif"}));
+  Command->add_option("--severity", Line->Severity, "error: tell no warnings")
+      ->check(CLI::IsMember({"error", "warning"}));
+  Command->add_option("--only", Line->Options.vsOnly, "tell these codes alone")->delimiter(',');
+  Command->add_option("--except", Line->Options.vsExcept, "do not tell these codes")
+      ->delimiter(',');
+  for (const char* Name : {"--only", "--except"}) {
+    Command->get_option(Name)->type_name("CODE,...")->allow_extra_args(false);
+  }
+  Command->footer(Footer());
+  Command->callback([Line, &ActionReturn] { ActionReturn = [Line] { return Run(*Line); }; });
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "grammar/MemorySize.h"
+
+/// Adds --memory, which is half of the machine's where it is not given.
+inline void AddMemoryOption(CLI::App& CommandReturn, std::size_t& MemoryReturn) {
+  MemoryReturn = Grammar::MachineMemory() / 2;
+  CommandReturn
+      .add_option_function<std::string>(
+          "--memory",
+          [&MemoryReturn](const std::string& Text) {
+            const std::optional<std::size_t> Size = Grammar::ParseMemorySize(Text);
+            if (!Size.has_value()) {
+              throw CLI::ValidationError("--memory", Text + " is no size, such as 64M, 2G or 50%");
+            }
+            MemoryReturn = *Size;
+          },
+          "hold so much in memory and the rest in temporary files (64M, 2G, 50%); half of the "
+          "machine's otherwise")
+      ->type_name("SIZE");
+}

@@ -1,0 +1,228 @@
+#include "ConstraintText.h"
+
+#include "Bytes.h"
+
+namespace Grammar {
+
+namespace {
+
+/// Reads a text from left to right; each step takes something off the front, or does not.
+class Scanner {
+ public:
+  explicit Scanner(std::string_view TextPassIn) : Rest(TextPassIn) {}
+
+  std::string_view Remaining() const { return Rest; }
+
+  std::string_view TakeSpace() { return TakeWhile(IsSpace); }
+
+  bool Take(char Byte) {
+    if (Rest.empty() || Rest.front() != Byte) {
+      return false;
+    }
+    Rest.remove_prefix(1);
+    return true;
+  }
+
+  bool TakeWord(std::string_view Capitals) {
+    if (Rest.size() < Capitals.size()) {
+      return false;
+    }
+    for (std::size_t Position = 0; Position < Capitals.size(); ++Position) {
+      if (ToUpper(Rest[Position]) != Capitals[Position]) {
+        return false;
+      }
+    }
+    Rest.remove_prefix(Capitals.size());
+    return true;
+  }
+
+  template <typename WantedT>
+  std::string_view TakeWhile(WantedT Wanted) {
+    std::size_t Size = 0;
+    while (Size < Rest.size() && Wanted(Rest[Size])) {
+      ++Size;
+    }
+    const std::string_view Taken = Rest.substr(0, Size);
+    Rest.remove_prefix(Size);
+    return Taken;
+  }
+
+  /// Node = ( "x" | "y" ) Digit { Digit }
+  bool TakeNode(NodeText& NodeReturn) {
+    constexpr std::size_t MaxDigits = 9;
+    const std::string_view Before = Rest;
+    NodeReturn.Side = Rest.empty() ? ' ' : ToUpper(Rest.front());
+    if (NodeReturn.Side != 'X' && NodeReturn.Side != 'Y') {
+      return false;
+    }
+    Rest.remove_prefix(1);
+    const std::string_view Digits = TakeWhile(IsDigit);
+    if (Digits.empty() || Digits.size() > MaxDigits) {
+      Rest = Before;
+      return false;
+    }
+    NodeReturn.Index = 0;
+    for (const char Digit : Digits) {
+      NodeReturn.Index = NodeReturn.Index * 10 + (Digit - '0');
+    }
+    NodeReturn.Text = Before.substr(0, Digits.size() + 1);
+    return true;
+  }
+
+  void GoBackTo(std::string_view Earlier) { Rest = Earlier; }
+
+ private:
+  std::string_view Rest;
+};
+
+bool IsValueByte(char Byte) {
+  return Byte != '(' && Byte != ')' && Byte != '=';
+}
+
+bool IsFeatureByte(char Byte) {
+  return IsValueByte(Byte);
+}
+
+/// The words of a disjunction may have come out of a merging with a negation.
+bool IsWordsByte(char Byte) {
+  return Byte != ')' && Byte != '=';
+}
+
+bool IsEquals(char Byte) {
+  return Byte == '=';
+}
+
+/// The part of `Text` between what is left of it before and after.
+std::string_view Between(std::string_view Before, const Scanner& After) {
+  return Before.substr(0, Before.size() - After.Remaining().size());
+}
+
+/// Whether what stands behind a node is a feature. The library would drop the blank before a "*".
+bool IsFeature(std::string_view Blank, std::string_view Feature) {
+  return !Blank.empty() && !Feature.empty() && Feature.front() != '*';
+}
+
+/// Left = "((" Node blank Feature ")" | "(" Node
+bool TakeLeft(Scanner& ScanReturn, ConstraintText& PartsReturn) {
+  ScanReturn.TakeSpace();
+  if (!ScanReturn.Take('(')) {
+    return false;
+  }
+  ScanReturn.TakeSpace();
+  PartsReturn.IsWholeNode = !ScanReturn.Take('(');
+  ScanReturn.TakeSpace();
+  if (!ScanReturn.TakeNode(PartsReturn.Left)) {
+    return false;
+  }
+  const std::string_view Blank = ScanReturn.TakeSpace();
+  if (PartsReturn.IsWholeNode) {
+    return true;
+  }
+  PartsReturn.Feature = Trimmed(ScanReturn.TakeWhile(IsFeatureByte));
+  return IsFeature(Blank, PartsReturn.Feature) && ScanReturn.Take(')');
+}
+
+/// Reference = "(" Node [ blank Feature ] ")"
+bool TakeReference(Scanner& ScanReturn, ConstraintText& PartsReturn) {
+  NodeText Node;
+  ScanReturn.TakeSpace();
+  if (!ScanReturn.TakeNode(Node)) {
+    return false;
+  }
+  const std::string_view Blank = ScanReturn.TakeSpace();
+  PartsReturn.RightFeature = Trimmed(ScanReturn.TakeWhile(IsFeatureByte));
+  if (!IsFeature(Blank, PartsReturn.RightFeature) || !ScanReturn.Take(')')) {
+    return false;
+  }
+  PartsReturn.Kind = RightKind::Reference;
+  PartsReturn.RightNode = Node;
+  return true;
+}
+
+/// "*OR*" blank Word { blank Word } ")", and the same with "*NOT*"
+bool TakeWords(Scanner& ScanReturn, ConstraintText& PartsReturn) {
+  if (ScanReturn.TakeWord("*OR*")) {
+    PartsReturn.Kind = RightKind::Or;
+  } else if (ScanReturn.TakeWord("*NOT*")) {
+    PartsReturn.Kind = RightKind::Not;
+  } else {
+    return false;
+  }
+  const std::string_view Blank = ScanReturn.TakeSpace();
+  PartsReturn.Value = WithoutTrailingSpace(ScanReturn.TakeWhile(IsWordsByte));
+  return !Blank.empty() && !PartsReturn.Value.empty() && ScanReturn.Take(')');
+}
+
+/// Right = Node | Reference | Value
+bool TakeRight(Scanner& ScanReturn, ConstraintText& PartsReturn) {
+  const std::string_view Before = ScanReturn.Remaining();
+  bool IsRead = true;
+  if (ScanReturn.Take('(')) {
+    const std::string_view Inner = ScanReturn.Remaining();
+    if (!TakeReference(ScanReturn, PartsReturn)) {
+      ScanReturn.GoBackTo(Inner);
+      IsRead = TakeWords(ScanReturn, PartsReturn);
+    }
+    PartsReturn.Right = Between(Before, ScanReturn);
+    return IsRead;
+  }
+  const std::string_view All = ScanReturn.TakeWhile(IsValueByte);
+  PartsReturn.Value = WithoutTrailingSpace(All);
+  PartsReturn.Right = PartsReturn.Value;
+  Scanner Inside(PartsReturn.Value);
+  NodeText Node;
+  if (Inside.TakeNode(Node) && Inside.Remaining().empty()) {
+    PartsReturn.RightNode = Node;
+    PartsReturn.Kind = PartsReturn.IsWholeNode ? RightKind::Node : RightKind::Value;
+    PartsReturn.SpaceBehindNode = All.substr(Node.Text.size());
+  }
+  return !PartsReturn.Value.empty();
+}
+
+bool TakeAll(Scanner& ScanReturn, ConstraintText& PartsReturn) {
+  if (!TakeLeft(ScanReturn, PartsReturn)) {
+    return false;
+  }
+  ScanReturn.TakeSpace();
+  PartsReturn.Equals = ScanReturn.TakeWhile(IsEquals);
+  ScanReturn.TakeSpace();
+  if (PartsReturn.Equals.empty() || !TakeRight(ScanReturn, PartsReturn)) {
+    return false;
+  }
+  // A reference and a negation may lack the parenthesis that the library does not write.
+  ScanReturn.TakeSpace();
+  const bool MayLackOne =
+      PartsReturn.Kind == RightKind::Reference || PartsReturn.Kind == RightKind::Not;
+  if (!ScanReturn.Take(')') && !MayLackOne) {
+    return false;
+  }
+  // More of them close the rule's body.
+  ScanReturn.TakeWhile([](char Byte) { return IsSpace(Byte) || Byte == ')'; });
+  return ScanReturn.Remaining().empty();
+}
+
+}  // namespace
+
+std::optional<ConstraintText> ParseConstraint(std::string_view Text, std::size_t& StoppedReturn) {
+  Scanner Scan(Text);
+  std::optional<ConstraintText> Parts(std::in_place);
+  if (!TakeAll(Scan, *Parts)) {
+    StoppedReturn = Text.size() - Scan.Remaining().size();
+    Parts.reset();
+  }
+  return Parts;
+}
+
+bool IsMistakenForValue(const ConstraintText& Parts) {
+  return Parts.Equals.size() > 1 && !Parts.IsWholeNode && Parts.Kind == RightKind::Reference;
+}
+
+std::string ForLibrary(std::string_view Text, const ConstraintText& Parts) {
+  std::string Result(Text);
+  if (IsMistakenForValue(Parts)) {
+    Result.erase(OffsetIn(Text, Parts.Equals), Parts.Equals.size() - 1);
+  }
+  return Result;
+}
+
+}  // namespace Grammar

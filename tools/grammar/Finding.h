@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Grammar {
+
+enum class Severity { Warning, Error };
+
+/// "warning" or "error".
+std::string_view NameOf(Severity Which);
+
+/// What is known of each code: it keeps its number and its meaning for ever.
+struct CodeInfo {
+  std::string_view Code;   ///< "TR001"
+  Severity Level;          ///< whether the rule cannot be used, or will only surprise
+  std::string_view Title;  ///< a few words
+};
+
+/// All codes, ascending.
+const std::vector<CodeInfo>& AllCodes();
+
+/// What is known of a code; null where there is no such code.
+const CodeInfo* FindCode(std::string_view Code);
+
+/// Something that is wrong with a rule, or will surprise, and where.
+///
+///   Finding{"np.txt", 12, 3, 2, Severity::Error, "TR009", "x4 is constrained, but …",
+///           "((x4 num) = sg)", "", "", 0}
+struct Finding {
+  std::string File;        ///< as it was named, "-" for standard input
+  std::size_t Line = 1;    ///< from 1
+  std::size_t Column = 1;  ///< in bytes, from 1
+  std::size_t Length = 1;  ///< how many bytes of the line are meant, at least 1
+  Severity Level = Severity::Error;
+  std::string Code;        ///< "TR001" …
+  std::string Message;     ///< one line
+  std::string LineText;    ///< the line itself, without its end
+  std::string Suggestion;  ///< what to write instead; empty where that cannot be said
+  std::string OtherFile;   ///< where the first of two rules stands; empty without another place
+  std::size_t OtherLine = 0;
+};
+
+/// The order in which findings are told: by line, column and code.
+bool ComesBefore(const Finding& Left, const Finding& Right);
+
+}  // namespace Grammar

@@ -1,0 +1,272 @@
+// Sections: text, JSON, SARIF.
+
+#include "FindingWriter.h"
+
+#include "Bytes.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstdint>
+#include <string_view>
+
+namespace Grammar {
+
+FindingWriter::~FindingWriter() = default;
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// Whether a byte continues a character of several bytes.
+bool IsContinuation(char Byte) {
+  return (static_cast<unsigned char>(Byte) & 0xC0U) == 0x80U;
+}
+
+std::size_t CountCharacters(std::string_view Text) {
+  return Text.size() -
+         static_cast<std::size_t>(std::count_if(Text.begin(), Text.end(), IsContinuation));
+}
+
+// ---- Text -------------------------------------------------------------------------------------
+
+constexpr std::string_view Bold = "\x1b[1m";
+constexpr std::string_view Red = "\x1b[1;31m";
+constexpr std::string_view Magenta = "\x1b[1;35m";
+constexpr std::string_view Green = "\x1b[32m";
+constexpr std::string_view Plain = "\x1b[0m";
+
+std::string Coloured(std::string_view Colour, std::string Text, bool Colours) {
+  return Colours ? std::string(Colour) + Text + std::string(Plain) : Text;
+}
+
+/// What a line looks like: bytes that would move the cursor are shown as question marks.
+std::string Shown(std::string_view Text) {
+  std::string Line(Text);
+  for (char& Byte : Line) {
+    const auto Value = static_cast<unsigned char>(Byte);
+    constexpr unsigned char Delete = 0x7F;
+    if ((Value < ' ' && Byte != '\t') || Value == Delete) {
+      Byte = '?';
+    }
+  }
+  return Line;
+}
+
+/// As much of a long line as fits around what is meant, and where that begins in it.
+std::string_view Window(const Finding& Each, std::size_t& StartReturn) {
+  constexpr std::size_t MaxShown = 160;
+  constexpr std::size_t Before = 40;
+  const std::string_view Line = Each.LineText;
+  const std::size_t Start = std::min(Each.Column - 1, Line.size());
+  std::size_t From = Line.size() > MaxShown && Start > Before ? Start - Before : 0;
+  while (From < Start && IsContinuation(Line[From])) {
+    ++From;
+  }
+  StartReturn = Start - From;
+  return Line.substr(From, MaxShown);
+}
+
+/// The caret, below a line whose tabs it keeps.
+std::string CaretLine(std::string_view Line, std::size_t Start, std::size_t Length) {
+  std::string Caret;
+  for (const char Byte : Line.substr(0, Start)) {
+    if (!IsContinuation(Byte)) {
+      Caret += Byte == '\t' ? '\t' : ' ';
+    }
+  }
+  const std::size_t Width = CountCharacters(Line.substr(std::min(Start, Line.size()), Length));
+  return Caret + '^' + std::string(std::max<std::size_t>(Width, 1) - 1, '~');
+}
+
+}  // namespace
+
+std::string TextOf(const Finding& Each, bool Colours) {
+  std::size_t Start = 0;
+  const std::string_view Line = Window(Each, Start);
+  const std::string Place =
+      Each.File + ':' + std::to_string(Each.Line) + ':' + std::to_string(Each.Column) + ": ";
+  const std::string Label = std::string(NameOf(Each.Level)) + ' ' + Each.Code;
+  std::string Text = Coloured(Bold, Shown(Place), Colours);
+  Text += Coloured(Each.Level == Severity::Error ? Red : Magenta, Label, Colours);
+  Text += ": " + Shown(Each.Message) + "\n  " + Shown(Line) + "\n  ";
+  Text += Coloured(Green, CaretLine(Line, Start, Each.Length), Colours) + '\n';
+  if (!Each.Suggestion.empty()) {
+    Text += "  instead: " + Shown(Each.Suggestion) + '\n';
+  }
+  if (!Each.OtherFile.empty()) {
+    Text += "  see " + Shown(Each.OtherFile) + ':' + std::to_string(Each.OtherLine) + '\n';
+  }
+  return Text;
+}
+
+namespace {
+
+class TextWriter : public FindingWriter {
+ public:
+  TextWriter(OutputFile& OutputPassIn, bool ColoursPassIn)
+      : Output(OutputPassIn), Colours(ColoursPassIn) {}
+
+  void Begin() override {}
+  void Write(const Finding& Each) override { Output.Write(TextOf(Each, Colours)); }
+  void End() override {}
+
+ private:
+  OutputFile& Output;
+  bool Colours;
+};
+
+// ---- JSON -------------------------------------------------------------------------------------
+
+/// On one line; bytes that are no UTF-8 become the sign for that.
+std::string Dumped(const Json& Value) {
+  return Value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+/// Writes an array with one object on each line, between a beginning and an end.
+class ArrayWriter : public FindingWriter {
+ public:
+  explicit ArrayWriter(OutputFile& OutputPassIn) : Output(OutputPassIn) {}
+
+  void Begin() override { Output.Write(Head()); }
+
+  void Write(const Finding& Each) override {
+    Output.Write(IsFirst ? "\n" : ",\n");
+    Output.Write(Dumped(ObjectOf(Each)));
+    IsFirst = false;
+  }
+
+  void End() override { Output.Write((IsFirst ? "" : "\n") + Tail()); }
+
+ protected:
+  virtual std::string Head() const = 0;
+  virtual Json ObjectOf(const Finding& Each) const = 0;
+  virtual std::string Tail() const = 0;
+
+ private:
+  OutputFile& Output;
+  bool IsFirst = true;
+};
+
+class JsonWriter : public ArrayWriter {
+ public:
+  using ArrayWriter::ArrayWriter;
+
+ protected:
+  std::string Head() const override { return "["; }
+
+  Json ObjectOf(const Finding& Each) const override {
+    Json Object = {{"file", Each.File},
+                   {"line", Each.Line},
+                   {"column", Each.Column},
+                   {"length", Each.Length},
+                   {"severity", NameOf(Each.Level)},
+                   {"code", Each.Code},
+                   {"message", Each.Message},
+                   {"text", Each.LineText}};
+    if (!Each.Suggestion.empty()) {
+      Object["suggestion"] = Each.Suggestion;
+    }
+    if (!Each.OtherFile.empty()) {
+      Object["other"] = {{"file", Each.OtherFile}, {"line", Each.OtherLine}};
+    }
+    return Object;
+  }
+
+  std::string Tail() const override { return "]\n"; }
+};
+
+// ---- SARIF ------------------------------------------------------------------------------------
+
+/// A file name as a URI reference.
+std::string UriOf(std::string_view Name) {
+  constexpr std::string_view Digits = "0123456789ABCDEF";
+  constexpr std::string_view Unreserved = "-._~/";
+  std::string Uri;
+  for (const char Byte : Name) {
+    const auto Value = static_cast<unsigned char>(Byte);
+    const char Capital = ToUpper(Byte);
+    if (IsDigit(Byte) || (Capital >= 'A' && Capital <= 'Z') || Contains(Unreserved, {&Byte, 1})) {
+      Uri += Byte;
+    } else {
+      Uri.append("%").append(1, Digits[Value >> 4U]).append(1, Digits[Value & 15U]);
+    }
+  }
+  return Uri;
+}
+
+class SarifWriter : public ArrayWriter {
+ public:
+  SarifWriter(OutputFile& OutputPassIn, std::string VersionPassIn)
+      : ArrayWriter(OutputPassIn), Version(std::move(VersionPassIn)) {}
+
+ protected:
+  std::string Head() const override {
+    Json Rules = Json::array();
+    for (const CodeInfo& Each : AllCodes()) {
+      Rules.push_back({{"id", Each.Code},
+                       {"shortDescription", {{"text", Each.Title}}},
+                       {"defaultConfiguration", {{"level", NameOf(Each.Level)}}}});
+    }
+    const Json Driver = {{"name", "trrule"}, {"version", Version}, {"rules", Rules}};
+    return R"({"version":"2.1.0","runs":[{"tool":{"driver":)" + Dumped(Driver) +
+           R"(},"columnKind":"unicodeCodePoints","results":[)";
+  }
+
+  Json ObjectOf(const Finding& Each) const override {
+    Json Object = {{"ruleId", Each.Code},
+                   {"level", NameOf(Each.Level)},
+                   {"message", {{"text", MessageOf(Each)}}},
+                   {"locations", Json::array({Location(Each.File, RegionOf(Each))})}};
+    if (!Each.OtherFile.empty()) {
+      Object["relatedLocations"] =
+          Json::array({Location(Each.OtherFile, {{"startLine", Each.OtherLine}})});
+    }
+    return Object;
+  }
+
+  std::string Tail() const override { return "]}]}\n"; }
+
+ private:
+  static Json Location(const std::string& File, const Json& Region) {
+    return {
+        {"physicalLocation", {{"artifactLocation", {{"uri", UriOf(File)}}}, {"region", Region}}}};
+  }
+
+  static std::string MessageOf(const Finding& Each) {
+    return Each.Suggestion.empty() ? Each.Message : Each.Message + "; instead: " + Each.Suggestion;
+  }
+
+  /// Columns in characters, where a finding has them in bytes.
+  static Json RegionOf(const Finding& Each) {
+    const std::string_view Line = Each.LineText;
+    const std::size_t Start = std::min(Each.Column - 1, Line.size());
+    const std::size_t Column = CountCharacters(Line.substr(0, Start)) + 1;
+    const std::size_t Width =
+        std::max<std::size_t>(CountCharacters(Line.substr(Start, Each.Length)), 1);
+    return {{"startLine", Each.Line},
+            {"startColumn", Column},
+            {"endColumn", Column + Width},
+            {"snippet", {{"text", Each.LineText}}}};
+  }
+
+  std::string Version;
+};
+
+}  // namespace
+
+std::unique_ptr<FindingWriter> MakeFindingWriter(FindingFormat Format, bool Colours,
+                                                 const std::string& Version,
+                                                 OutputFile& OutputReturn) {
+  switch (Format) {
+    case FindingFormat::Json:
+      return std::make_unique<JsonWriter>(OutputReturn);
+    case FindingFormat::Sarif:
+      return std::make_unique<SarifWriter>(OutputReturn, Version);
+    case FindingFormat::Text:
+      break;
+  }
+  return std::make_unique<TextWriter>(OutputReturn, Colours);
+}
+
+}  // namespace Grammar

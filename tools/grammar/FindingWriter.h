@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Finding.h"
+#include "OutputFile.h"
+
+#include <memory>
+#include <string>
+
+namespace Grammar {
+
+enum class FindingFormat { Text, Json, Sarif };
+
+/// Writes findings one after the other, in a form for people, editors or pipelines.
+class FindingWriter {
+ public:
+  virtual ~FindingWriter();
+
+  /// Writes what stands before the first finding.
+  virtual void Begin() = 0;
+  virtual void Write(const Finding& Each) = 0;
+  /// Writes what stands behind the last one.
+  virtual void End() = 0;
+};
+
+/// @param Colours whether the text form has colours
+/// @param Version the program's own version, which the SARIF form names
+std::unique_ptr<FindingWriter> MakeFindingWriter(FindingFormat Format, bool Colours,
+                                                 const std::string& Version,
+                                                 OutputFile& OutputReturn);
+
+/// A finding on three lines or more: place and message, the line, and a caret below what is meant.
+std::string TextOf(const Finding& Each, bool Colours);
+
+}  // namespace Grammar

@@ -1,0 +1,124 @@
+#include "JsonCommand.h"
+
+#include "OutputFile.h"
+#include "Progress.h"
+#include "RuleFiles.h"
+#include "RuleJson.h"
+#include "RunError.h"
+
+#include <iostream>
+#include <string>
+
+namespace Grammar {
+
+namespace {
+
+class JsonWriter : public RuleVisitor {
+ public:
+  explicit JsonWriter(OutputFile& OutputPassIn) : Output(OutputPassIn) {}
+
+  void TakeRule(RuleRecord& Record) override {
+    WritePending();
+    AppendJson(Record, Line);
+    WriteLine();
+  }
+
+  /// A text waits until it is known whether its last line has to be ended.
+  void TakeText(std::string_view Text) override {
+    WritePending();
+    Pending = Text;
+  }
+
+  void EndLine() override { Pending += '\n'; }
+
+  void WritePending() {
+    if (!Pending.empty()) {
+      AppendJsonOfText(Pending, Line);
+      WriteLine();
+      Pending.clear();
+    }
+  }
+
+ private:
+  void WriteLine() {
+    Output.Write(Line);
+    Line.clear();
+  }
+
+  OutputFile& Output;
+  std::string Line;
+  std::string Pending;
+};
+
+/// Turns the lines of one run into rules.
+class LineReader {
+ public:
+  LineReader(OutputFile& OutputPassIn, Progress& ShownPassIn)
+      : Output(OutputPassIn), Shown(ShownPassIn) {}
+
+  void ReadFile(const std::string& Name) {
+    InputFile File(Name);
+    std::string Line;
+    for (std::size_t Number = 1; std::getline(File.Stream(), Line); ++Number) {
+      Shown.Advance(Line.size() + 1);
+      if (Line.find_first_not_of(" \t\r") != std::string::npos) {
+        ReadLine(Line, Name + ':' + std::to_string(Number));
+      }
+    }
+  }
+
+  int Status() const { return Result; }
+
+ private:
+  void ReadLine(const std::string& Line, const std::string& Place) {
+    Text.clear();
+    const bool IsRead = Reader.Read(Line, Text);
+    for (const std::string& sProblem : Reader.Problems()) {
+      std::cerr << Place << ": " << (IsRead ? "warning: " : "error: ") << sProblem << '\n';
+      Result = StatusFindings;
+    }
+    if (IsRead && !Text.empty()) {
+      // A rule begins a line, also behind a text whose last line has no end.
+      if (LacksLineEnd && Reader.HasReadRule()) {
+        Output.Write("\n");
+      }
+      Output.Write(Text);
+      LacksLineEnd = Text.back() != '\n';
+    }
+  }
+
+  OutputFile& Output;
+  Progress& Shown;
+  JsonReader Reader;
+  std::string Text;
+  bool LacksLineEnd = false;
+  int Result = StatusClean;
+};
+
+}  // namespace
+
+int RunJson(const RunOptions& Run) {
+  OutputFile Output(Run.Output);
+  JsonWriter Writer(Output);
+  const int Status = VisitRules(Run, Writer);
+  Writer.WritePending();
+  Output.Finish();
+  return Status;
+}
+
+int RunFromJson(const RunOptions& Run) {
+  std::vector<std::string> vsNames = Run.vsFiles;
+  if (vsNames.empty()) {
+    vsNames.emplace_back("-");
+  }
+  OutputFile Output(Run.Output);
+  Progress Shown(Run.Quiet, TotalSize(vsNames));
+  LineReader Lines(Output, Shown);
+  for (const std::string& sName : vsNames) {
+    Lines.ReadFile(sName);
+  }
+  Output.Finish();
+  return Lines.Status();
+}
+
+}  // namespace Grammar

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// @file
+/// Bytes in JSON, whose texts are Unicode.
+///
+/// A rule is bytes, in whatever encoding. What is UTF-8 goes into JSON as it is. Each other byte,
+/// 80 to FF, becomes one character of the private range U+F780 to U+F7FF: U+F700 and the byte.
+/// Bytes that spell one of these characters are taken apart in the same way, so that every text
+/// has one form in JSON, and comes back as it was.
+
+namespace Grammar {
+
+/// The bytes as UTF-8.
+std::string ToUnicode(std::string_view Bytes);
+
+/// The bytes that such a text stands for.
+std::string ToBytes(std::string_view Unicode);
+
+}  // namespace Grammar

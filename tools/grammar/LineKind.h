@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string_view>
+
+namespace Grammar {
+
+enum class LineKind {
+  Blank,       ///< nothing but white space
+  Comment,     ///< begins with ";", unless it is an alignment behind ";--;"
+  Header,      ///< "{NP,8}"
+  Sequence,    ///< "NP::NP : [DET N] -> [N DET]"
+  Alignment,   ///< "(X1::Y2)"
+  Constraint,  ///< "((x0 num) = sg)"
+  Open,        ///< "(" alone
+  Close,       ///< ")" alone
+  Other,       ///< anything else: the reader passes over it
+};
+
+/// A line, taken apart. The views point into it.
+struct LineParts {
+  LineKind Kind = LineKind::Blank;
+  std::string_view Code;     ///< what is not comment, without white space at its ends
+  std::string_view Comment;  ///< from ";;" on, without carriage returns at its end; may be empty
+  bool HasQuotes = false;    ///< whether there are double quotes in the code
+};
+
+/// Tells what a line is. A comment is a comment, whatever it contains; ";;" inside of double quotes
+/// begins none. Linear.
+LineParts PartsOf(std::string_view Line);
+
+/// Whether a line of the body closes it, too: it ends in a ")" behind another one or a blank, and
+/// has more ")" than "(".
+bool ClosesBody(std::string_view Code);
+
+}  // namespace Grammar

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace Grammar {
+
+/// The number of bytes that a text names: `65536`, `64K`, `64M`, `2G` or `1T`, each letter 1024
+/// times the one before, small letters and a B behind it allowed; `50%` is half of the machine's
+/// memory. Nothing where the text is no such size, is 0, or names more than can be counted.
+std::optional<std::size_t> ParseMemorySize(std::string_view Text);
+
+/// The memory of the machine, in bytes.
+std::size_t MachineMemory();
+
+}  // namespace Grammar

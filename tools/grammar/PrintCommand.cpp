@@ -1,0 +1,90 @@
+#include "PrintCommand.h"
+
+#include "LineKind.h"
+#include "OutputFile.h"
+#include "RunError.h"
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+namespace Grammar {
+
+namespace {
+
+/// Appends the comments of a text, a line each. @return whether there is nothing but comments
+bool AppendComments(std::string_view Others, std::string& TextReturn) {
+  while (!Others.empty()) {
+    const std::size_t End = std::min(Others.find('\n'), Others.size() - 1);
+    const LineParts Parts = PartsOf(Others.substr(0, End + (Others[End] == '\n' ? 0 : 1)));
+    if (!Parts.Code.empty()) {
+      return false;
+    }
+    if (!Parts.Comment.empty()) {
+      TextReturn.append(Parts.Comment).append(1, '\n');
+    }
+    Others.remove_prefix(End + 1);
+  }
+  return true;
+}
+
+class Printer : public RuleVisitor {
+ public:
+  Printer(const PrintOptions& OptionsPassIn, OutputFile& OutputPassIn)
+      : Options(OptionsPassIn), Output(OutputPassIn) {}
+
+  void TakeRule(RuleRecord& Record) override {
+    std::string Why;
+    if (Options.Flip && !Flip(Record, Why)) {
+      std::cerr << "trrule: a rule cannot be turned round: " << Why << '\n';
+      HasFailed = true;
+      return;
+    }
+    Text.clear();
+    AppendNormalForm(Record, Options.Form, Text);
+    Output.Write(Text);
+  }
+
+  /// Comments without a rule get the normal form, too; what is no rule stays as it is, but for the
+  /// line that it has to fit on.
+  void TakeText(std::string_view Others) override {
+    Text.clear();
+    const bool IsComment = AppendComments(Others, Text);
+    IsRaw = !IsComment && !Options.Form.OneLine;
+    if (IsRaw) {
+      Output.Write(Others);
+    } else if (!IsComment) {
+      Output.Write(Folded(Others) + '\n');
+    } else if (!Options.Form.NoComments && !Text.empty()) {
+      Output.Write(Options.Form.OneLine ? Folded(Text) + '\n' : Text);
+    }
+  }
+
+  void EndLine() override {
+    if (IsRaw) {
+      Output.Write("\n");
+    }
+  }
+
+  bool HasLostOne() const { return HasFailed; }
+
+ private:
+  PrintOptions Options;
+  OutputFile& Output;
+  std::string Text;
+  bool IsRaw = false;  ///< whether the last text went out as it was
+  bool HasFailed = false;
+};
+
+}  // namespace
+
+int RunPrint(const RunOptions& Run, const PrintOptions& Options) {
+  OutputFile Output(Run.Output);
+  Printer Visitor(Options, Output);
+  const int Status = VisitRules(Run, Visitor);
+  Output.Finish();
+  return Visitor.HasLostOne() ? StatusFindings : Status;
+}
+
+}  // namespace Grammar

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "Progress.h"
+#include "RuleReader.h"
+
+#include <cstdint>
+#include <istream>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Grammar {
+
+/// The size of all files together; 0 where one of them is no regular file.
+std::uint64_t TotalSize(const std::vector<std::string>& vsNames);
+
+/// A file that is read from its beginning to its end, or standard input for "-". Throws `RunError`
+/// where it cannot be opened or read.
+class InputFile {
+ public:
+  explicit InputFile(const std::string& Name);
+  ~InputFile();
+
+  InputFile(const InputFile&) = delete;
+  InputFile& operator=(const InputFile&) = delete;
+
+  std::istream& Stream() { return Input; }
+
+ private:
+  class Buffer;
+
+  std::unique_ptr<Buffer> Bytes;
+  std::istream Input;
+};
+
+/// The rules of several files, one after the other, with the progress shown on the way.
+///
+///   RuleFiles Files({"a.trr", "-"}, false);
+///   for (RuleText Text; Files.Next(Text);) { … }
+class RuleFiles {
+ public:
+  /// @param vsNamesPassIn the files, "-" for standard input; none stands for standard input
+  /// @param FoldedPassIn whether each rule stands on one line, as `print --one-line` writes it
+  RuleFiles(std::vector<std::string> vsNamesPassIn, bool Quiet, bool FoldedPassIn = false);
+  ~RuleFiles();
+
+  /// Gives the next rule. @return false behind the last rule of the last file
+  bool Next(RuleText& TextReturn);
+
+ private:
+  bool OpenNext();
+
+  struct Unfolded;
+
+  std::vector<std::string> vsNames;
+  bool IsFolded;
+  std::size_t NextName = 0;
+  std::unique_ptr<InputFile> File;
+  std::unique_ptr<Unfolded> Lines;
+  std::unique_ptr<RuleReader> Reader;
+  Progress Shown;
+};
+
+}  // namespace Grammar

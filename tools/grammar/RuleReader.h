@@ -1,0 +1,75 @@
+#pragma once
+
+#include "LineKind.h"
+#include "RuleText.h"
+
+#include <cstdint>
+#include <istream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Grammar {
+
+/// Reads a grammar rule by rule, holding little more than one rule at a time.
+///
+/// A rule begins at its header, or at its sequence line where it has no header, together with the
+/// comment and blank lines right before it; it ends before the next one begins. Every byte of the
+/// input is in exactly one of the texts that are handed out, in order.
+///
+///   RuleReader Reader(std::cin, "-");
+///   for (RuleText Text; Reader.Next(Text);) { … }
+class RuleReader {
+ public:
+  /// A rule text that grows beyond this is handed out in pieces.
+  static constexpr std::size_t MaxHeld = 1U << 20U;
+
+  /// @param StreamPassIn is read to its end; has to outlive the reader
+  /// @param FilePassIn the name for findings
+  RuleReader(std::istream& StreamPassIn, std::string FilePassIn);
+
+  /// Gives the next rule, using again the storage of the argument.
+  /// @return false at the end, and where the stream cannot be read: see `HasFailed`
+  bool Next(RuleText& TextReturn);
+
+  /// Whether the end was not the end of the input, but a failure to read it.
+  bool HasFailed() const { return Failed; }
+
+  /// How many bytes have been handed out.
+  std::uint64_t BytesRead() const { return Bytes; }
+
+ private:
+  /// What has been seen of the rule so far, and what of the next one.
+  struct Progress {
+    bool HasHeader = false;
+    bool HasSequence = false;
+    bool HasBody = false;
+    bool IsOpen = false;
+    bool WasOpened = false;
+    bool InsideLine = false;  ///< the last piece ended in the middle of a line
+  };
+
+  bool Fill();
+  bool FindLineEnd(std::size_t From, std::size_t& EndReturn);
+  bool StartsRule(LineKind Kind, std::string_view Code);
+  void NoteBody(LineKind Kind, std::string_view Code);
+  RuleText::Span SpanOf(std::size_t From, std::size_t End) const;
+  void HandOut(std::size_t Size, std::size_t Lines, RuleText& TextReturn);
+  bool HandOutPiece(std::size_t Size, RuleText& TextReturn);
+
+  std::string_view Rest() const { return std::string_view(Buffer).substr(Start); }
+
+  std::istream& Stream;
+  std::string File;
+  std::string Buffer;     // what has been read and not been handed out begins at `Start`
+  std::size_t Start = 0;  // all other places are counted from here
+  std::size_t LineNumber = 1;
+  std::vector<RuleText::Span> vSpans;
+  std::uint64_t Bytes = 0;
+  Progress Seen;
+  bool AtEnd = false;
+  bool Failed = false;
+  bool Continues = false;
+};
+
+}  // namespace Grammar

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "RuleRecord.h"
+#include "RuleText.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Grammar {
+
+/// What every command over the rules of some files is told.
+struct RunOptions {
+  std::vector<std::string> vsFiles;  ///< "-" for standard input; none stands for standard input
+  std::string Output;                ///< "" or "-" for standard output
+  bool Quiet = false;                ///< show no progress
+  bool Folded = false;               ///< each rule stands on one line
+  bool KeepBad = false;              ///< carry along what cannot be read as a rule, as it stands
+};
+
+/// What is done with the rules of a run, one after the other.
+class RuleVisitor {
+ public:
+  virtual ~RuleVisitor();
+
+  virtual void TakeRule(RuleRecord& Record) = 0;
+
+  /// Takes a text that goes on as it stands: the comments of a file without rules, and, where
+  /// that is wanted, what cannot be read as a rule.
+  virtual void TakeText(std::string_view Text) = 0;
+
+  /// Is told when the last line of such a text has no end, and something else follows or the run
+  /// is over.
+  virtual void EndLine() { TakeText("\n"); }
+};
+
+/// Hands all rules to the visitor. What cannot be read is told on standard error.
+/// @return `StatusFindings` where something could not be read, `StatusClean` otherwise
+int VisitRules(const RunOptions& Options, RuleVisitor& Visitor);
+
+/// What of the memory that a run may use is left for sorting: the rest is the program itself, and
+/// the rule at hand.
+std::size_t MemoryForSorting(std::size_t Memory);
+
+/// A number as eight bytes that sort like it.
+std::string SortableNumber(std::uint64_t Number);
+
+}  // namespace Grammar

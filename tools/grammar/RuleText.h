@@ -1,0 +1,58 @@
+#pragma once
+
+#include "LineKind.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Grammar {
+
+/// The lines of one rule, byte for byte as they stand in their file, with the comment and blank
+/// lines right before it.
+struct RuleText {
+  /// Where a line stands in `Text`, without its line end and without the carriage return before it,
+  /// and what it is: taking a line apart is what reading a grammar spends its time on.
+  struct Span {
+    std::size_t Begin = 0;
+    std::size_t End = 0;
+    LineKind Kind = LineKind::Blank;
+    std::size_t CodeBegin = 0;
+    std::size_t CodeEnd = 0;
+    std::size_t CommentBegin = 0;
+    std::size_t CommentEnd = 0;
+    bool HasQuotes = false;
+  };
+
+  std::string File;           ///< the name of the file, "-" for standard input
+  std::size_t FirstLine = 1;  ///< the number of the first line in its file, from 1
+  std::string Text;           ///< all bytes, line ends included
+  std::vector<Span> vLines;   ///< the lines of `Text`, in order
+  bool HasRule = false;       ///< whether there is more than comment and blank lines
+  bool HasReturns = false;    ///< whether some line ends in CRLF
+  bool LacksLastEnd = false;  ///< whether the last line has no line end
+
+  /// A rule that is longer than `RuleReader::MaxHeld` comes in pieces; none can be read as a rule.
+  bool IsPiece = false;
+  bool Continues = false;  ///< whether this is a piece, and not the first
+
+  /// A line, without its end.
+  std::string_view Line(std::size_t Index) const {
+    return Between(vLines[Index].Begin, vLines[Index].End);
+  }
+
+  /// The same line, taken apart as `PartsOf` does.
+  LineParts Parts(std::size_t Index) const {
+    const Span& Each = vLines[Index];
+    return {Each.Kind, Between(Each.CodeBegin, Each.CodeEnd),
+            Between(Each.CommentBegin, Each.CommentEnd), Each.HasQuotes};
+  }
+
+ private:
+  std::string_view Between(std::size_t Begin, std::size_t End) const {
+    return std::string_view(Text).substr(Begin, End - Begin);
+  }
+};
+
+}  // namespace Grammar

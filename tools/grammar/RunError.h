@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cerrno>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+
+namespace Grammar {
+
+/// How a run ends, for every command alike.
+constexpr int StatusClean = 0;     ///< nothing was found
+constexpr int StatusFindings = 1;  ///< something was found in the rules
+constexpr int StatusFailed = 2;    ///< the run itself failed
+
+/// What makes it impossible to go on with the run: a file that cannot be read, a full disk. The
+/// command prints it in one line and ends with `StatusFailed`.
+class RunError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Nobody reads the output any more. That is no error of the run, and there is nobody to tell.
+class ClosedOutput : public RunError {
+ public:
+  ClosedOutput() : RunError("nobody reads the output any more") {}
+};
+
+/// A failure of the system's, such as `cannot read a.trr: No such file or directory`.
+inline RunError SystemError(const std::string& What, int Error = errno) {
+  return RunError(What + ": " + std::strerror(Error));
+}
+
+}  // namespace Grammar

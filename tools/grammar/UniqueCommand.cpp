@@ -1,0 +1,216 @@
+#include "UniqueCommand.h"
+
+#include "CommentMerger.h"
+#include "ExternalSorter.h"
+#include "NormalForm.h"
+#include "OutputFile.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Grammar {
+
+namespace {
+
+/// What is kept of a rule beside its comparison text.
+struct Kept {
+  std::uint64_t Place;  ///< the how many-th text of the run it is
+  int Count;
+  std::vector<std::string> vsComments;
+  std::string_view Header;
+};
+
+struct KeptHead {
+  std::uint64_t Place;
+  std::uint64_t CommentSize;
+  int Count;
+};
+
+void Pack(const RuleRecord& Record, std::uint64_t Place, std::string_view Header,
+          std::string& BytesReturn) {
+  KeptHead Head{};
+  Head.Place = Place;
+  Head.Count = Record.Count();
+  BytesReturn.assign(sizeof Head, '\0');
+  for (const std::string& sComment : Record.Comments()) {
+    BytesReturn.append(sComment) += '\n';
+  }
+  Head.CommentSize = BytesReturn.size() - sizeof Head;
+  std::memcpy(BytesReturn.data(), &Head, sizeof Head);
+  BytesReturn.append(Header);
+}
+
+Kept Unpack(std::string_view Bytes) {
+  KeptHead Head{};
+  std::memcpy(&Head, Bytes.data(), sizeof Head);
+  Bytes.remove_prefix(sizeof Head);
+  Kept Result{Head.Place, Head.Count, {}, Bytes.substr(Head.CommentSize)};
+  for (std::string_view Rest = Bytes.substr(0, Head.CommentSize); !Rest.empty();) {
+    const std::size_t End = Rest.find('\n');
+    Result.vsComments.emplace_back(Rest.substr(0, End));
+    Rest.remove_prefix(End + 1);
+  }
+  return Result;
+}
+
+/// The same number for the same bytes, and rarely for others.
+std::uint64_t HashOf(std::string_view Bytes) {
+  std::uint64_t Hash = 0x9E3779B97F4A7C15U ^ Bytes.size();
+  while (!Bytes.empty()) {
+    std::uint64_t Piece = 0;
+    std::memcpy(&Piece, Bytes.data(), std::min(Bytes.size(), sizeof Piece));
+    Hash = (Hash ^ Piece) * 0xD6E8FEB86659FD93U;
+    Hash ^= Hash >> 32U;
+    Bytes.remove_prefix(std::min(Bytes.size(), sizeof Piece));
+  }
+  return Hash;
+}
+
+/// Rules that say the same, being put together.
+class Group {
+ public:
+  explicit Group(const UniqueOptions& OptionsPassIn) : Options(OptionsPassIn) {}
+
+  bool IsEmpty() const { return Rules == 0; }
+  bool Has(std::string_view OtherKey) const { return Key == OtherKey; }
+  std::uint64_t Rank() const { return Place; }
+  bool IsWanted() const { return !Options.Repeated || Rules > 1; }
+
+  void Start(std::string_view KeyPassIn) {
+    Key = KeyPassIn;
+    Rules = 0;
+    Count = 0;
+    Comments = CommentMerger(Options.Examples.value_or(std::numeric_limits<std::size_t>::max()));
+  }
+
+  void Add(std::string_view Payload) {
+    const Kept Rule = Unpack(Payload);
+    if (Rules == 0) {
+      Place = Rule.Place;
+      Header = Rule.Header;
+    }
+    ++Rules;
+    Count += Rule.Count;
+    Comments.Add(Rule.vsComments);
+  }
+
+  /// The rule that stands for all of them.
+  std::string Text() {
+    std::string Lines = CommentLines();
+    Lines.append(Header).append(Key, Key.find('\n') + 1) += '\n';
+    return Options.Count ? std::to_string(Rules) + '\t' + Folded(Lines) + '\n' : Lines;
+  }
+
+ private:
+  std::string CommentLines() {
+    std::string Lines;
+    // The record knows where its count is written; a rule alone has it there already.
+    if (Rules > 1) {
+      constexpr std::int64_t Max = std::numeric_limits<int>::max();
+      constexpr std::int64_t Min = std::numeric_limits<int>::min();
+      Scratch.SetComments(Comments.Comments());
+      Scratch.SetCount(static_cast<int>(std::clamp(Count, Min, Max)));
+    }
+    for (const std::string& sComment : Rules > 1 ? Scratch.Comments() : Comments.Comments()) {
+      Lines.append(sComment) += '\n';
+    }
+    return Lines;
+  }
+
+  const UniqueOptions& Options;
+  std::string Key;
+  std::uint64_t Place = 0;
+  std::uint64_t Rules = 0;
+  std::int64_t Count = 0;
+  std::string Header;
+  CommentMerger Comments;
+  RuleRecord Scratch;
+};
+
+/// Brings rules that say the same together, and then what is left into its order. For the order
+/// of first appearance, rules are grouped by a hash before their comparison texts, which makes
+/// comparing quick, and the groups sorted by their first places; else the texts' order will do.
+class Uniquer : public RuleVisitor {
+ public:
+  explicit Uniquer(const UniqueOptions& OptionsPassIn)
+      : Options(OptionsPassIn),
+        Rules(MemoryForSorting(Options.Memory) / 2),
+        Results(MemoryForSorting(Options.Memory) / 2) {}
+
+  void TakeRule(RuleRecord& Record) override {
+    Form.clear();
+    FormOptions WithoutComments;
+    WithoutComments.NoComments = true;
+    AppendNormalForm(Record, WithoutComments, Form);
+    const std::string_view Header =
+        std::string_view(Form).substr(0, Form.size() - Record.Block().size() - 1);
+    Pack(Record, Place++, Header, Bytes);
+    Key = Options.Sorted ? "" : SortableNumber(HashOf(Record.ComparisonText()));
+    Key += Record.ComparisonText();
+    Rules.Add(Key, Bytes);
+  }
+
+  void TakeText(std::string_view Text) override {
+    if (!Options.Repeated && !Options.Count) {
+      Results.Add(SortableNumber((Options.Sorted ? BehindAll : 0) + Place++), Text);
+    }
+  }
+
+  void WriteTo(OutputFile& Output) {
+    Rules.Sort();
+    Group Same(Options);
+    for (SortRecord Each; Rules.Next(Each);) {
+      const std::string_view Text = Each.Key.substr(Options.Sorted ? 0 : HashSize);
+      if (Same.IsEmpty() || !Same.Has(Text)) {
+        Finish(Same, Output);
+        Same.Start(Text);
+      }
+      Same.Add(Each.Payload);
+    }
+    Finish(Same, Output);
+    Results.Sort();
+    for (SortRecord Each; Results.Next(Each);) {
+      Output.Write(Each.Payload);
+    }
+  }
+
+ private:
+  static constexpr std::size_t HashSize = sizeof(std::uint64_t);
+  static constexpr std::uint64_t BehindAll = std::uint64_t{1} << 63;
+
+  void Finish(Group& Same, OutputFile& Output) {
+    if (Same.IsEmpty() || !Same.IsWanted()) {
+      return;
+    }
+    if (Options.Sorted) {
+      Output.Write(Same.Text());
+    } else {
+      Results.Add(SortableNumber(Same.Rank()), Same.Text());
+    }
+  }
+
+  UniqueOptions Options;
+  ExternalSorter Rules;
+  ExternalSorter Results;
+  std::uint64_t Place = 0;
+  std::string Form;
+  std::string Bytes;
+  std::string Key;
+};
+
+}  // namespace
+
+int RunUnique(const RunOptions& Run, const UniqueOptions& Options) {
+  OutputFile Output(Run.Output);
+  Uniquer Rules(Options);
+  const int Status = VisitRules(Run, Rules);
+  Rules.WriteTo(Output);
+  Output.Finish();
+  return Status;
+}
+
+}  // namespace Grammar
