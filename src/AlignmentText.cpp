@@ -16,54 +16,25 @@ bool HasOuterParentheses(std::string_view Alignments) {
   return Alignments.size() <= 2 || (Alignments.front() == '(' && Alignments.back() == ')');
 }
 
-namespace {
-
-/// Takes a number of up to nine digits off the front of a text, with the byte that ends it.
-/// @return the number, -1 when there is none
-int TakeNumber(std::string_view& TextReturn, char End) {
-  constexpr std::size_t MaxDigits = 9;
-  int Number = 0;
-  std::size_t Size = 0;
-  for (; Size < TextReturn.size() && IsDigit(TextReturn[Size]); ++Size) {
-    if (Size == MaxDigits) {
-      return -1;
-    }
-    Number = Number * 10 + (TextReturn[Size] - '0');
-  }
-  if (Size == 0 || Size == TextReturn.size() || TextReturn[Size] != End) {
-    return -1;
-  }
-  TextReturn.remove_prefix(Size + 1);
-  return Number;
-}
-
-bool TakeByte(std::string_view& TextReturn, char Byte) {
-  if (TextReturn.empty() || TextReturn.front() != Byte) {
-    return false;
-  }
-  TextReturn.remove_prefix(1);
-  return true;
-}
-
-}  // namespace
-
 // Canonical = "(" Pair { "," Pair } ")"; Pair = "(" x "," y ")", each after the one before
 bool IsCanonical(std::string_view Alignments) {
-  if (!TakeByte(Alignments, '(')) {
+  if (!Take(Alignments, "(")) {
     return false;
   }
   int LastX = -1;
   int LastY = -1;
   do {
-    const bool HasPair = TakeByte(Alignments, '(');
-    const int X = TakeNumber(Alignments, ',');
-    const int Y = TakeNumber(Alignments, ')');
-    if (!HasPair || X < 0 || Y < 0 || X < LastX || (X == LastX && Y <= LastY)) {
+    const bool HasX = Take(Alignments, "(");
+    const int X = TakeNumber(Alignments);
+    const bool HasY = Take(Alignments, ",");
+    const int Y = TakeNumber(Alignments);
+    const bool IsPair = HasX && HasY && Take(Alignments, ")");
+    if (!IsPair || X < 0 || Y < 0 || X < LastX || (X == LastX && Y <= LastY)) {
       return false;
     }
     LastX = X;
     LastY = Y;
-  } while (TakeByte(Alignments, ','));
+  } while (Take(Alignments, ","));
   return Alignments == ")";
 }
 
@@ -177,66 +148,40 @@ std::string CanonicalAlignments(std::string_view Alignments,
 
 // ---- Display ----------------------------------------------------------------------------------
 
-namespace {
-
-/// Walks the pairs of a string by position. The comma and the parenthesis before it are looked
-/// for again only when the walk has passed them, so that the walk is linear in any text.
-class DisplayWalk {
- public:
-  explicit DisplayWalk(std::string_view TextPassIn) : Text(TextPassIn) {}
-
-  bool Next(DisplayPair& PairReturn) {
-    if (Begin >= Text.size() || !FindComma()) {
-      return false;
-    }
-    const std::size_t Close = Text.find(')', Begin);
-    PairReturn = {XText(Close), Between(Comma + 1, Close)};
-    constexpr std::size_t CloseAndSeparator = 2;
-    Begin = Close == std::string_view::npos ? Text.size() : Close + CloseAndSeparator;
-    return true;
+bool DisplayWalk::Next(DisplayPair& PairReturn) {
+  if (Begin >= Text.size() || !FindComma()) {
+    return false;
   }
+  const std::size_t Close = Text.find(')', Begin);
+  PairReturn = {XText(Close), Between(Comma + 1, Close)};
+  constexpr std::size_t CloseAndSeparator = 2;
+  Begin = Close == std::string_view::npos ? Text.size() : Close + CloseAndSeparator;
+  return true;
+}
 
- private:
-  /// Finds the first comma of the rest and the last "(" before it; false where the rest holds no
-  /// comma that a pair can have.
-  bool FindComma() {
-    if (Comma == std::string_view::npos || Comma < Begin) {
-      Comma = Text.find(',', Begin);
-      const std::size_t OpenInRest = Text.substr(Begin, Comma - Begin).rfind('(');
-      Open = OpenInRest == std::string_view::npos ? OpenInRest : Begin + OpenInRest;
-    }
-    return Comma != std::string_view::npos && Comma + 1 < Text.size() && Text[Comma + 1] != '(';
+/// Finds the first comma of the rest and the last "(" before it; false where the rest holds no
+/// comma that a pair can have. Both are looked for again only when the walk has passed them, so
+/// that it is linear.
+bool DisplayWalk::FindComma() {
+  if (Comma == std::string_view::npos || Comma < Begin) {
+    Comma = Text.find(',', Begin);
+    const std::size_t OpenInRest = Text.substr(Begin, Comma - Begin).rfind('(');
+    Open = OpenInRest == std::string_view::npos ? OpenInRest : Begin + OpenInRest;
   }
+  return Comma != std::string_view::npos && Comma + 1 < Text.size() && Text[Comma + 1] != '(';
+}
 
-  /// Without a "(" of its own, x begins where the rest does, unless its pair is closed already.
-  std::string_view XText(std::size_t Close) const {
-    const bool HasOpen = Open != std::string_view::npos && Open >= Begin;
-    if (HasOpen) {
-      return Between(Open + 1, Comma);
-    }
-    return Close < Comma ? std::string_view() : Between(Begin, Comma);
+/// Without a "(" of its own, x begins where the rest does, unless its pair is closed already.
+std::string_view DisplayWalk::XText(std::size_t Close) const {
+  const bool HasOpen = Open != std::string_view::npos && Open >= Begin;
+  if (HasOpen) {
+    return Between(Open + 1, Comma);
   }
+  return Close < Comma ? std::string_view() : Between(Begin, Comma);
+}
 
-  std::string_view Between(std::size_t Start, std::size_t End) const {
-    return End < Start ? std::string_view() : Text.substr(Start, End - Start);
-  }
-
-  std::string_view Text;
-  std::size_t Begin = 0;
-  std::size_t Comma = std::string_view::npos;
-  std::size_t Open = std::string_view::npos;
-};
-
-}  // namespace
-
-std::vector<DisplayPair> DisplayPairs(std::string_view Alignments) {
-  std::vector<DisplayPair> vPairs;
-  vPairs.reserve(static_cast<std::size_t>(std::count(Alignments.begin(), Alignments.end(), ')')));
-  DisplayWalk Walk(Alignments);
-  for (DisplayPair Pair; Walk.Next(Pair);) {
-    vPairs.push_back(Pair);
-  }
-  return vPairs;
+std::string_view DisplayWalk::Between(std::size_t Start, std::size_t End) const {
+  return End < Start ? std::string_view() : Text.substr(Start, End - Start);
 }
 
 // ---- Exchanging the sides ---------------------------------------------------------------------

@@ -42,9 +42,25 @@ struct DisplayPair {
   std::string_view Y;
 };
 
-/// The pairs of a string in the order in which they stand. The walk ends where a comma is followed
-/// by "(", which it cannot step over. Linear.
-std::vector<DisplayPair> DisplayPairs(std::string_view Alignments);
+/// Walks the pairs of a string in the order in which they stand. The walk ends where a comma is
+/// followed by "(", which it cannot step over. Linear in any text.
+class DisplayWalk {
+ public:
+  explicit DisplayWalk(std::string_view TextPassIn) : Text(TextPassIn) {}
+
+  /// Gives the next pair in `PairReturn`; false when there is none.
+  bool Next(DisplayPair& PairReturn);
+
+ private:
+  bool FindComma();
+  std::string_view XText(std::size_t Close) const;
+  std::string_view Between(std::size_t Start, std::size_t End) const;
+
+  std::string_view Text;
+  std::size_t Begin = 0;
+  std::size_t Comma = std::string_view::npos;
+  std::size_t Open = std::string_view::npos;
+};
 
 /// The string with x and y exchanged in every pair, in the order in which they stand and without
 /// the white space around the numbers; "" for "". Only 100,000 bytes behind the first pair are

@@ -154,6 +154,31 @@ constexpr int ToInt(std::string_view Text) {
   return static_cast<int>(static_cast<std::uint32_t>(Negative ? ~Value + 1 : Value));
 }
 
+/// Takes a start off the front of a text; false when the text begins otherwise.
+constexpr bool Take(std::string_view& TextReturn, std::string_view Start) {
+  if (!StartsWith(TextReturn, Start)) {
+    return false;
+  }
+  TextReturn.remove_prefix(Start.size());
+  return true;
+}
+
+/// Takes a number without a sign off the front of a text.
+/// @return the number; -1 when there is none, or one of more than nine digits
+constexpr int TakeNumber(std::string_view& TextReturn) {
+  constexpr std::size_t MaxDigits = 9;
+  int Number = 0;
+  std::size_t Size = 0;
+  for (; Size < TextReturn.size() && IsDigit(TextReturn[Size]); ++Size) {
+    if (Size == MaxDigits) {
+      return -1;
+    }
+    Number = Number * 10 + (TextReturn[Size] - '0');
+  }
+  TextReturn.remove_prefix(Size);
+  return Size == 0 ? -1 : Number;
+}
+
 /// A number in decimal, with a minus sign when negative, for the time of one expression.
 class Decimal {
  public:

@@ -8,6 +8,7 @@
 #include "PieceCutter.h"
 
 #include <algorithm>
+#include <array>
 #include <iostream>
 #include <string_view>
 #include <utility>
@@ -19,6 +20,7 @@ using TrRuleInternal::IsDigit;
 using TrRuleInternal::IsSpace;
 using TrRuleInternal::PiecePair;
 using TrRuleInternal::StartsWith;
+using TrRuleInternal::Take;
 using TrRuleInternal::ToInt;
 
 namespace {
@@ -32,7 +34,11 @@ constexpr std::string_view WholeNode = "all";
 
 // ---- Lifecycle and order ----------------------------------------------------------------------
 
-Constraint::Constraint() : Constraint(UnknownCategory, UnknownIndex, "", "", UnknownRank, true) {}
+Constraint::Constraint()
+    : Category(UnknownCategory),
+      ConstrainedIndex(UnknownIndex),
+      RankInCategory(UnknownRank),
+      ValueConstraint(true) {}
 
 Constraint::Constraint(int CategoryPassIn, int ConstrainedIndexPassIn, std::string FeaturePassIn,
                        std::string FeatValuePassIn, int RankInCategoryPassIn,
@@ -167,29 +173,28 @@ std::string_view Trimmed(std::string_view Text) {
   return TrRuleInternal::WithoutTrailingSpace(TrRuleInternal::WithoutLeadingSpace(Text, MaxRest));
 }
 
-/// Whether the white space at `Position` separates a node's name from its feature: it follows a
-/// digit and is not the blank before "=" or "*". Such a blank is kept; the others mean nothing.
-bool IsFeatureBlank(std::string_view Text, std::size_t Position) {
-  if (Position == 0 || Position + 1 == Text.size() || !IsDigit(Text[Position - 1])) {
-    return false;
-  }
-  const char Next = Text[Position + 1];
-  return Next != '=' && Next != '*';
+/// Whether a blank between two bytes separates a node's name from its feature: it follows a digit
+/// and is not the blank before "=" or "*". Such a blank is kept; the others mean nothing.
+constexpr bool IsFeatureBlank(char Previous, char Next) {
+  return IsDigit(Previous) & (Next != '=') & (Next != '*');
 }
 
-/// Gives the text in capitals and without white space, but for one blank between a node's name and
-/// its feature.
+/// Gives the text, which begins and ends with neither blank, in capitals and without white space,
+/// but for one blank between a node's name and its feature. Every byte is written, and stays when
+/// the next one is not written over it: where the blanks stand cannot be foreseen.
 void Compact(std::string_view Text, std::string& CompactReturn) {
   CompactReturn.resize(Text.size());
   std::size_t Size = 0;
-  for (std::size_t Position = 0; Position < Text.size(); ++Position) {
-    if (!IsSpace(Text[Position])) {
-      CompactReturn[Size++] = TrRuleInternal::ToUpper(Text[Position]);
-    } else if (IsFeatureBlank(Text, Position)) {
-      CompactReturn[Size++] = ' ';
-    }
+  char Previous = 0;
+  for (std::size_t Position = 0; Position + 1 < Text.size(); ++Position) {
+    const char Byte = Text[Position];
+    const bool IsBlank = IsSpace(Byte);
+    CompactReturn[Size] = IsBlank ? ' ' : TrRuleInternal::ToUpper(Byte);
+    Size += static_cast<std::size_t>(!IsBlank | IsFeatureBlank(Previous, Text[Position + 1]));
+    Previous = Byte;
   }
-  CompactReturn.resize(Size);
+  CompactReturn[Size] = TrRuleInternal::ToUpper(Text.back());
+  CompactReturn.resize(Size + 1);
 }
 
 /// A node's name, "((X0" or "(Y12", without its parentheses and side letters.
@@ -218,17 +223,13 @@ std::string ParseValue(std::string_view RightSide) {
 /// The category that the left side of a constraint gives by itself: 1 where it holds "(X", else 3
 /// where it holds "(Y0", else 4 where it holds "(Y"; unknown where it names no node.
 int CategoryOfNode(std::string_view LeftSide) {
-  int Category = UnknownCategory;
-  for (std::size_t Open = 0; Open + 1 < LeftSide.size(); ++Open) {
-    const std::string_view Node = LeftSide.substr(Open);
-    if (StartsWith(Node, "(X")) {
-      return 1;
-    }
-    if (StartsWith(Node, "(Y")) {
-      Category = Category == 3 || StartsWith(Node, "(Y0") ? 3 : 4;
-    }
+  if (Contains(LeftSide, "(X")) {
+    return 1;
   }
-  return Category;
+  if (!Contains(LeftSide, "(Y")) {
+    return UnknownCategory;
+  }
+  return Contains(LeftSide, "(Y0") ? 3 : 4;
 }
 
 bool HasOnePiece(std::string_view Text, std::string_view Delimiter) {
@@ -250,9 +251,13 @@ void Constraint::Parse(std::string_view Text, std::string& ScratchReturn) {
   }
 }
 
-// Constraint = Side "=" Side, any number of "=" counting as one.
+// Constraint = UsualForm | Side "=" Side, any number of "=" counting as one.
 bool Constraint::ParseSides(std::string_view Text, std::string& CompactReturn) {
   const std::string_view Whole = Trimmed(Text);
+  // What lies far behind a cut is dropped, which only the general rules see to.
+  if (Whole.size() <= TrRuleInternal::PieceCutter::MaxRest && ParseUsualForm(Whole)) {
+    return true;
+  }
   const std::optional<PiecePair> Sides = CutInTwo(Whole, "=");
   if (!Sides) {
     return false;
@@ -267,6 +272,106 @@ bool Constraint::ParseSides(std::string_view Text, std::string& CompactReturn) {
   }
   if (const std::optional<PiecePair> CompactSides = CutInTwo(CompactReturn, "=")) {
     ParseWholeNodeForm(CompactSides->First, CompactSides->Second);
+  }
+  return true;
+}
+
+namespace {
+
+/// A node as it is usually written, "x1" or "Y0".
+struct UsualNode {
+  int Category;
+  int Index;
+  std::string_view Name;
+};
+
+// UsualNode = ( "x" | "X" | "y" | "Y" ) Index
+std::optional<UsualNode> TakeNode(std::string_view& TextReturn) {
+  const std::string_view Whole = TextReturn;
+  const char Side = Whole.empty() ? ' ' : TrRuleInternal::ToUpper(Whole.front());
+  if (Side != 'X' && Side != 'Y') {
+    return std::nullopt;
+  }
+  TextReturn.remove_prefix(1);
+  const int TargetCategory = StartsWith(TextReturn, "0") ? 3 : 4;
+  const int Index = TrRuleInternal::TakeNumber(TextReturn);
+  if (Index < 0) {
+    return std::nullopt;
+  }
+  return UsualNode{Side == 'X' ? 1 : TargetCategory, Index,
+                   Whole.substr(0, Whole.size() - TextReturn.size())};
+}
+
+/// The bytes of features and values that mean nothing but themselves.
+constexpr std::array<bool, 256> WordBytes() {
+  std::array<bool, 256> Table{};
+  for (const char Byte : std::string_view("+-_0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ")) {
+    Table[static_cast<unsigned char>(Byte)] = true;
+    Table[static_cast<unsigned char>(TrRuleInternal::ToLower(Byte))] = true;
+  }
+  return Table;
+}
+
+/// Takes a word, which may be empty, off the front of a text.
+std::string_view TakeWord(std::string_view& TextReturn) {
+  static constexpr std::array<bool, 256> IsWordByte = WordBytes();
+  const std::string_view Rest = TrRuleInternal::DropFront(
+      TextReturn, [](char Byte) { return IsWordByte[static_cast<unsigned char>(Byte)]; });
+  const std::string_view Word = TextReturn.substr(0, TextReturn.size() - Rest.size());
+  TextReturn = Rest;
+  return Word;
+}
+
+/// Takes words with the blanks and asterisks between them, "*OR* sg pl", off the front of a text.
+void TakeMarkedWords(std::string_view& TextReturn) {
+  while (!TakeWord(TextReturn).empty() || Take(TextReturn, " ") || Take(TextReturn, "*")) {
+  }
+}
+
+// UsualRightSide = "(" Node " " Word "))"
+//                | Node ")"                            for a whole node
+//                | Word ")" | "(*" MarkedWords "))"    for a feature
+bool IsUsualRightSide(std::string_view Text, bool IsWholeNode) {
+  if (!IsWholeNode && Take(Text, "(*")) {
+    TakeMarkedWords(Text);
+    return Text == "))";
+  }
+  if (Take(Text, "(")) {
+    return TakeNode(Text) && Take(Text, " ") && !TakeWord(Text).empty() && Text == "))";
+  }
+  return (IsWholeNode ? TakeNode(Text).has_value() : !TakeWord(Text).empty()) && Text == ")";
+}
+
+}  // namespace
+
+// UsualForm = "((" Node " " Word ") = " UsualRightSide
+//           | "(" Node ( " = " | " == " ) UsualRightSide
+//
+// Most constraints are written so, and read in one go. The general rules, which follow, read them
+// alike.
+bool Constraint::ParseUsualForm(std::string_view Text) {
+  const bool IsWholeNode = !Take(Text, "((");
+  if (IsWholeNode && !Take(Text, "(")) {
+    return false;
+  }
+  const std::optional<UsualNode> Node = TakeNode(Text);
+  if (!Node || (!IsWholeNode && !Take(Text, " "))) {
+    return false;
+  }
+  const std::string_view Word = IsWholeNode ? WholeNode : TakeWord(Text);
+  const bool HasSign = IsWholeNode ? Take(Text, " = ") || Take(Text, " == ") : Take(Text, ") = ");
+  if (Word.empty() || !HasSign || !IsUsualRightSide(Text, IsWholeNode)) {
+    return false;
+  }
+  const bool IsValue = !IsWholeNode && (!StartsWith(Text, "(") || StartsWith(Text, "(*"));
+  ValueConstraint = IsValue;
+  FeatValue = ParseValue(IsValue || IsWholeNode ? Text : Text.substr(0, Text.find(' ')));
+  Category = Node->Category;
+  ConstrainedIndex = Node->Index;
+  Feature = Word;
+  if (!IsWholeNode) {
+    Category = Category != 1 && Contains(FeatValue, "X") ? 2 : Category;
+    TrRuleInternal::MakeUpper(Feature);
   }
   return true;
 }

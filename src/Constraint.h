@@ -121,6 +121,7 @@ class __attribute__((visibility("default"))) Constraint {
   static int AgreedIndexIn(std::string_view FeatValue);
   void Parse(std::string_view Text, std::string& ScratchReturn);
   bool ParseSides(std::string_view Text, std::string& CompactReturn);
+  bool ParseUsualForm(std::string_view Text);
   void ParseFeatureForm(std::string_view LeftSide, std::string_view RightSide,
                         std::string_view WrittenRightSide);
   void ParseWholeNodeForm(std::string_view LeftSide, std::string_view RightSide);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <utility>
 
 namespace TrRuleInternal {
@@ -12,54 +13,83 @@ namespace {
 /// waits for it.
 using Edge = std::pair<std::size_t, std::size_t>;
 
-std::vector<int> AscendingKeys(const std::vector<Reference>& vReferences) {
+/// The references by their keys in `vReferencesReturn`, and each key once.
+std::vector<int> AscendingKeys(std::vector<Reference>& vReferencesReturn) {
+  const auto HasLowerKey = [](const Reference& Left, const Reference& Right) {
+    return Left.Key < Right.Key;
+  };
+  std::sort(vReferencesReturn.begin(), vReferencesReturn.end(), HasLowerKey);
   std::vector<int> vKeys;
-  vKeys.reserve(vReferences.size());
-  for (const Reference& Each : vReferences) {
-    vKeys.push_back(Each.Key);
+  vKeys.reserve(vReferencesReturn.size());
+  for (const Reference& Each : vReferencesReturn) {
+    if (vKeys.empty() || vKeys.back() != Each.Key) {
+      vKeys.push_back(Each.Key);
+    }
   }
-  std::sort(vKeys.begin(), vKeys.end());
-  vKeys.erase(std::unique(vKeys.begin(), vKeys.end()), vKeys.end());
   return vKeys;
 }
 
-/// The references from one key to another, ascending.
-std::vector<Edge> AscendingEdges(const std::vector<Reference>& vReferences,
-                                 const std::vector<int>& vKeys) {
-  const auto PositionOf = [&](int Number) {
-    const auto Found = std::lower_bound(vKeys.begin(), vKeys.end(), Number);
-    const bool IsKey = Found != vKeys.end() && *Found == Number;
-    return IsKey ? static_cast<std::size_t>(Found - vKeys.begin()) : vKeys.size();
-  };
-  std::vector<Edge> vEdges;
+/// Number and position, where the number is a key's target and the position that key's.
+using Waiter = std::pair<int, std::size_t>;
+
+/// Who waits for whom, by the target's number, out of references that ascend by key.
+std::vector<Waiter> AscendingWaiters(const std::vector<Reference>& vReferences,
+                                     const std::vector<int>& vKeys) {
+  std::vector<Waiter> vWaiters;
+  vWaiters.reserve(vReferences.size());
+  std::size_t Key = 0;
   for (const Reference& Each : vReferences) {
-    const std::size_t Target = Each.Target == Each.Key ? vKeys.size() : PositionOf(Each.Target);
-    if (Target != vKeys.size()) {
-      vEdges.emplace_back(Target, PositionOf(Each.Key));
+    while (vKeys[Key] != Each.Key) {
+      ++Key;
+    }
+    if (Each.Target != Each.Key) {
+      vWaiters.emplace_back(Each.Target, Key);
     }
   }
-  std::sort(vEdges.begin(), vEdges.end());
+  std::sort(vWaiters.begin(), vWaiters.end());
+  return vWaiters;
+}
+
+/// The references from one key to another, ascending; a target that is no key is waited for by
+/// nobody.
+std::vector<Edge> AscendingEdges(const std::vector<Waiter>& vWaiters,
+                                 const std::vector<int>& vKeys) {
+  std::vector<Edge> vEdges;
+  std::size_t Target = 0;
+  for (const auto& [Number, Key] : vWaiters) {
+    while (Target < vKeys.size() && vKeys[Target] < Number) {
+      ++Target;
+    }
+    if (Target < vKeys.size() && vKeys[Target] == Number) {
+      vEdges.emplace_back(Target, Key);
+    }
+  }
   return vEdges;
 }
 
-/// Places the keys that wait for nothing once the given one is placed.
-void PlaceWaiters(std::size_t Placed, const std::vector<Edge>& vEdges,
-                  std::vector<std::size_t>& vWaitingReturn,
-                  std::vector<std::size_t>& vPlacedReturn) {
-  auto Waiter = std::lower_bound(vEdges.begin(), vEdges.end(), Edge(Placed, 0));
-  for (; Waiter != vEdges.end() && Waiter->first == Placed; ++Waiter) {
-    if (--vWaitingReturn[Waiter->second] == 0) {
-      vPlacedReturn.push_back(Waiter->second);
-    }
+/// Where the edges of each position begin, and behind the last position, where all end.
+std::vector<std::size_t> EdgeStarts(const std::vector<Edge>& vEdges, std::size_t KeyCount) {
+  std::vector<std::size_t> vStarts(KeyCount + 1, 0);
+  for (const Edge& Each : vEdges) {
+    ++vStarts[Each.first + 1];
   }
+  std::partial_sum(vStarts.begin(), vStarts.end(), vStarts.begin());
+  return vStarts;
 }
 
-/// Places the keys level by level: those that wait for nothing, then those that waited for them.
-std::vector<std::size_t> PlaceByLevels(const std::vector<Edge>& vEdges, std::size_t KeyCount) {
+/// How many references each position waits for.
+std::vector<std::size_t> WaitingCounts(const std::vector<Edge>& vEdges, std::size_t KeyCount) {
   std::vector<std::size_t> vWaiting(KeyCount, 0);
   for (const Edge& Each : vEdges) {
     ++vWaiting[Each.second];
   }
+  return vWaiting;
+}
+
+/// Places the keys level by level: those that wait for nothing, then those that waited for them.
+std::vector<std::size_t> PlaceByLevels(const std::vector<Edge>& vEdges, std::size_t KeyCount) {
+  const std::vector<std::size_t> vStarts = EdgeStarts(vEdges, KeyCount);
+  std::vector<std::size_t> vWaiting = WaitingCounts(vEdges, KeyCount);
   std::vector<std::size_t> vPlaced;
   vPlaced.reserve(KeyCount);
   for (std::size_t Key = 0; Key < KeyCount; ++Key) {
@@ -67,22 +97,27 @@ std::vector<std::size_t> PlaceByLevels(const std::vector<Edge>& vEdges, std::siz
       vPlaced.push_back(Key);
     }
   }
-  std::size_t LevelStart = 0;
-  while (LevelStart < vPlaced.size()) {
-    const std::size_t LevelEnd = vPlaced.size();
-    for (; LevelStart < LevelEnd; ++LevelStart) {
-      PlaceWaiters(vPlaced[LevelStart], vEdges, vWaiting, vPlaced);
+  std::size_t LevelEnd = vPlaced.size();
+  for (std::size_t Next = 0; Next < vPlaced.size(); ++Next) {
+    if (Next == LevelEnd) {
+      std::sort(vPlaced.begin() + static_cast<std::ptrdiff_t>(LevelEnd), vPlaced.end());
+      LevelEnd = vPlaced.size();
     }
-    std::sort(vPlaced.begin() + static_cast<std::ptrdiff_t>(LevelEnd), vPlaced.end());
+    const std::size_t Placed = vPlaced[Next];
+    for (std::size_t Each = vStarts[Placed]; Each < vStarts[Placed + 1]; ++Each) {
+      if (--vWaiting[vEdges[Each].second] == 0) {
+        vPlaced.push_back(vEdges[Each].second);
+      }
+    }
   }
   return vPlaced;
 }
 
 }  // namespace
 
-bool OrderByDependency(const std::vector<Reference>& vReferences, std::vector<int>& vOrderReturn) {
+bool OrderByDependency(std::vector<Reference> vReferences, std::vector<int>& vOrderReturn) {
   std::vector<int> vKeys = AscendingKeys(vReferences);
-  const std::vector<Edge> vEdges = AscendingEdges(vReferences, vKeys);
+  const std::vector<Edge> vEdges = AscendingEdges(AscendingWaiters(vReferences, vKeys), vKeys);
   if (vEdges.empty()) {
     vOrderReturn = std::move(vKeys);
     return true;
@@ -94,10 +129,10 @@ bool OrderByDependency(const std::vector<Reference>& vReferences, std::vector<in
   return vOrderReturn.size() == vKeys.size();
 }
 
-std::vector<int> OrderOrHalt(const std::vector<Reference>& vReferences, HaltReason What,
+std::vector<int> OrderOrHalt(std::vector<Reference> vReferences, HaltReason What,
                              const char* Message) {
   std::vector<int> vOrder;
-  if (!OrderByDependency(vReferences, vOrder)) {
+  if (!OrderByDependency(std::move(vReferences), vOrder)) {
     Halt(What, Message);
   }
   return vOrder;

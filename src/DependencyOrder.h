@@ -25,11 +25,11 @@ struct Reference {
 /// @param vOrderReturn gets each key once, in order; those that wait for themselves in a cycle, or
 ///        for such a key, are left out
 /// @return true when every key has its place, false when there is a cycle
-bool OrderByDependency(const std::vector<Reference>& vReferences, std::vector<int>& vOrderReturn);
+bool OrderByDependency(std::vector<Reference> vReferences, std::vector<int>& vOrderReturn);
 
 /// The keys in the order of `OrderByDependency`; where there is a cycle, halts with what happened
 /// and its message.
-std::vector<int> OrderOrHalt(const std::vector<Reference>& vReferences, HaltReason What,
+std::vector<int> OrderOrHalt(std::vector<Reference> vReferences, HaltReason What,
                              const char* Message);
 
 }  // namespace TrRuleInternal

@@ -14,12 +14,15 @@
 #include <iostream>
 #include <iterator>
 #include <optional>
+#include <tuple>
 
 using TrRuleInternal::Append;
 using TrRuleInternal::Contains;
 using TrRuleInternal::CutInTwo;
 using TrRuleInternal::CutInTwoTrimmed;
 using TrRuleInternal::Decimal;
+using TrRuleInternal::DisplayPair;
+using TrRuleInternal::DisplayWalk;
 using TrRuleInternal::DropBack;
 using TrRuleInternal::DropFront;
 using TrRuleInternal::Halt;
@@ -593,8 +596,9 @@ std::string TrRule::GetAlignmentStr() const {
 
 std::vector<std::string> TrRule::GetAlignments() const {
   std::vector<std::string> vsLines;
-  for (const auto& [X, Y] : TrRuleInternal::DisplayPairs(AlignmentString)) {
-    AppendAlignmentLine(vsLines.emplace_back(), X, Y);
+  DisplayWalk Walk(AlignmentString);
+  for (DisplayPair Pair; Walk.Next(Pair);) {
+    AppendAlignmentLine(vsLines.emplace_back(), Pair.X, Pair.Y);
   }
   return vsLines;
 }
@@ -709,10 +713,11 @@ std::string_view WithoutReturn(std::string_view Line) {
 
 /// Sequence = "[" Labels "]". Empty where there is none; "[]" gives "]", which is a label.
 std::string_view ParseSequence(std::string_view Part) {
-  if (!Contains(Part, "[") || !Contains(Part, "]")) {
+  const std::size_t Open = Part.find('[');
+  if (Open == std::string_view::npos || !Contains(Part, "]")) {
     return {};
   }
-  std::string_view Sequence = DropFront(Part, AnyBut('['));
+  std::string_view Sequence = Part.substr(Open);
   if (Sequence.size() > 1) {
     Sequence.remove_prefix(1);
   }
@@ -749,54 +754,46 @@ namespace {
 
 /// What a line holds, and so what it is read as.
 struct LineMarks {
-  bool Comment = false;
-  bool Header = false;
-  bool TypeLine = false;
-  bool Alignment = false;
-  bool Constraint = false;
+  bool Comment;
+  bool Header;
+  bool TypeLine;
+  bool Alignment;
+  bool Constraint;
 };
 
-/// Notes the mark that a text begins with.
-void MarkAt(std::string_view Text, LineMarks& MarksReturn) {
-  switch (Text.front()) {
-    case ';':
-      MarksReturn.Comment = MarksReturn.Comment || StartsWith(Text, ";;");
-      break;
-    case '{':
-      MarksReturn.Header = true;
-      break;
-    case ']':
-      MarksReturn.TypeLine = MarksReturn.TypeLine || StartsWith(Text, "] -> [");
-      break;
-    case ':':
-      MarksReturn.Alignment = MarksReturn.Alignment || StartsWith(Text, "::");
-      break;
-    default:
-      MarksReturn.Constraint = true;
-      break;
+constexpr std::array<char, 5> MarkBytes{';', '{', ']', ':', '='};
+
+/// One bit for each byte that a mark begins with.
+constexpr unsigned BitOf(char MarkByte) {
+  unsigned Bit = 1;
+  for (const char Byte : MarkBytes) {
+    if (Byte == MarkByte) {
+      return Bit;
+    }
+    Bit <<= 1U;
   }
+  return 0;
 }
 
-/// The bytes that begin a mark, as a table: most bytes of a line are none.
-constexpr std::array<bool, 256> MarkBytes() {
-  std::array<bool, 256> Table{};
-  for (const char Byte : {';', '{', ']', ':', '='}) {
-    Table[static_cast<unsigned char>(Byte)] = true;
+constexpr std::array<unsigned char, 256> MarkBits() {
+  std::array<unsigned char, 256> Table{};
+  for (const char Byte : MarkBytes) {
+    Table[static_cast<unsigned char>(Byte)] = static_cast<unsigned char>(BitOf(Byte));
   }
   return Table;
 }
 
-/// Looks at each byte of a line once.
+/// Looks at each byte of a line once, and at no byte differently from any other, because what a
+/// line holds cannot be foreseen; only a mark whose first byte is there is looked for as a whole.
 LineMarks MarksOf(std::string_view Line) {
-  static constexpr std::array<bool, 256> IsMark = MarkBytes();
-  LineMarks Marks;
-  for (std::size_t Position = 0; Position < Line.size(); ++Position) {
-    if (!IsMark[static_cast<unsigned char>(Line[Position])]) {
-      continue;
-    }
-    MarkAt(Line.substr(Position), Marks);
+  static constexpr std::array<unsigned char, 256> Bits = MarkBits();
+  unsigned Seen = 0;
+  for (const char Byte : Line) {
+    Seen |= Bits[static_cast<unsigned char>(Byte)];
   }
-  return Marks;
+  return {(Seen & BitOf(';')) != 0 && Contains(Line, ";;"), (Seen & BitOf('{')) != 0,
+          (Seen & BitOf(']')) != 0 && Contains(Line, "] -> ["),
+          (Seen & BitOf(':')) != 0 && Contains(Line, "::"), (Seen & BitOf('=')) != 0};
 }
 
 }  // namespace
@@ -807,6 +804,10 @@ LineMarks MarksOf(std::string_view Line) {
 bool TrRule::ParseLine(std::string_view Line, ReadState& StateReturn) {
   const LineMarks Marks = MarksOf(Line);
   if (Marks.Comment) {
+    constexpr std::size_t UsualCount = 4;
+    if (Comments.empty()) {
+      Comments.reserve(UsualCount);
+    }
     Comments.emplace_back(Line);
   }
   if (Marks.Header) {
@@ -974,8 +975,9 @@ void TrRule::AppendAlignmentLine(std::string& TextReturn, std::string_view X,
 void TrRule::AppendAlignments(std::string& TextReturn) const {
   AppendRuleLine(TextReturn);
   TextReturn += BlockStart;
-  for (const auto& [X, Y] : TrRuleInternal::DisplayPairs(AlignmentString)) {
-    AppendAlignmentLine(TextReturn, X, Y);
+  DisplayWalk Walk(AlignmentString);
+  for (DisplayPair Pair; Walk.Next(Pair);) {
+    AppendAlignmentLine(TextReturn, Pair.X, Pair.Y);
     TextReturn += '\n';
   }
 }
@@ -1084,9 +1086,12 @@ std::string TrRule::ComparisonText() const {
 
 namespace {
 
-/// An agreement constraint with the index that its value refers to.
+/// An agreement constraint with the index that its value refers to, the group that its category is
+/// ordered with, and its place among all in key order.
 struct Agreement {
+  std::size_t Group;
   int Index;
+  std::size_t Place;
   int AgreedIndex;
   const Constraint* Stored;
 };
@@ -1106,7 +1111,6 @@ constexpr std::array<GroupFailure, 3> GroupFailures{{
     {HaltReason::Category3and4Order,
      "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category3and4 order."},
 }};
-using AgreementGroups = std::array<std::vector<Agreement>, GroupFailures.size()>;
 
 /// The group of a category; nothing for categories that are not printed.
 std::optional<std::size_t> GroupOfCategory(int Category) {
@@ -1116,38 +1120,61 @@ std::optional<std::size_t> GroupOfCategory(int Category) {
   return Category == 4 ? 2 : static_cast<std::size_t>(Category - 1);
 }
 
+bool ComesBefore(const Agreement& Left, const Agreement& Right) {
+  return std::tie(Left.Group, Left.Index, Left.Place) <
+         std::tie(Right.Group, Right.Index, Right.Place);
+}
+
+using AgreementIterator = std::vector<Agreement>::const_iterator;
+
 /// Category 2 is ordered by index alone: there a constraint refers to nothing but itself.
-std::vector<TrRuleInternal::Reference> ReferencesOf(const std::vector<Agreement>& vAgreements,
-                                                    bool ByIndexAlone) {
+std::vector<TrRuleInternal::Reference> ReferencesOf(AgreementIterator First,
+                                                    AgreementIterator Last) {
   std::vector<TrRuleInternal::Reference> vReferences;
-  vReferences.reserve(vAgreements.size());
-  for (const Agreement& Each : vAgreements) {
-    vReferences.push_back({Each.Index, ByIndexAlone ? Each.Index : Each.AgreedIndex});
+  vReferences.reserve(static_cast<std::size_t>(std::distance(First, Last)));
+  for (; First != Last; ++First) {
+    vReferences.push_back(
+        {First->Index, First->Group == Category2Group ? First->Index : First->AgreedIndex});
   }
   return vReferences;
 }
 
-bool HasLowerIndex(const Agreement& Left, const Agreement& Right) {
-  return Left.Index < Right.Index;
+/// Appends those that share the index of `First`, and gives where the next index begins.
+AgreementIterator AppendOneIndex(AgreementIterator First, AgreementIterator Last,
+                                 std::vector<const Constraint*>& vOrderReturn) {
+  const int Index = First->Index;
+  for (; First != Last && First->Index == Index; ++First) {
+    vOrderReturn.push_back(First->Stored);
+  }
+  return First;
 }
 
 /// Appends the constraints of a group, index by index in the order of their references; those of
 /// one index stay in key order.
-void AppendInOrder(std::vector<Agreement>& vGroup, std::size_t Group,
+void AppendInOrder(AgreementIterator First, AgreementIterator Last,
                    std::vector<const Constraint*>& vOrderReturn) {
-  if (vGroup.empty()) {
+  if (First->Index == std::prev(Last)->Index) {
+    AppendOneIndex(First, Last, vOrderReturn);
     return;
   }
-  const auto& [What, Message] = GroupFailures[Group];
-  const std::vector<int> vIndices =
-      TrRuleInternal::OrderOrHalt(ReferencesOf(vGroup, Group == Category2Group), What, Message);
-  std::stable_sort(vGroup.begin(), vGroup.end(), HasLowerIndex);
-  for (const int Index : vIndices) {
-    const auto [First, Last] =
-        std::equal_range(vGroup.begin(), vGroup.end(), Agreement{Index, 0, nullptr}, HasLowerIndex);
-    for (auto Each = First; Each != Last; ++Each) {
-      vOrderReturn.push_back(Each->Stored);
-    }
+  const auto& [What, Message] = GroupFailures[First->Group];
+  for (const int Index : TrRuleInternal::OrderOrHalt(ReferencesOf(First, Last), What, Message)) {
+    const auto IsLower = [Index](const Agreement& Each) { return Each.Index < Index; };
+    AppendOneIndex(std::partition_point(First, Last, IsLower), Last, vOrderReturn);
+  }
+}
+
+/// Appends the constraints of all groups, one group after the other.
+void AppendInOrder(std::vector<Agreement> vAgreements,
+                   std::vector<const Constraint*>& vOrderReturn) {
+  std::sort(vAgreements.begin(), vAgreements.end(), ComesBefore);
+  for (auto First = vAgreements.cbegin(); First != vAgreements.cend();) {
+    const auto IsOfGroup = [Group = First->Group](const Agreement& Each) {
+      return Each.Group == Group;
+    };
+    const auto Last = std::partition_point(First, vAgreements.cend(), IsOfGroup);
+    AppendInOrder(First, Last, vOrderReturn);
+    First = Last;
   }
 }
 
@@ -1156,7 +1183,7 @@ void AppendInOrder(std::vector<Agreement>& vGroup, std::size_t Group,
 std::vector<const Constraint*> TrRule::ConstraintsInPrintOrder() const {
   std::vector<const Constraint*> vOrder;
   vOrder.reserve(ConstraintsMap.size());
-  AgreementGroups Groups;
+  std::vector<Agreement> vAgreements;
   for (const auto& [Key, Stored] : ConstraintsMap) {
     if (Stored.ValueConstraint) {
       vOrder.push_back(&Stored);
@@ -1169,12 +1196,12 @@ std::vector<const Constraint*> TrRule::ConstraintsInPrintOrder() const {
                Stored.ReturnAsString());
     }
     if (const std::optional<std::size_t> Group = GroupOfCategory(Stored.Category)) {
-      Groups[*Group].push_back({Stored.ConstrainedIndex, AgreedIndex, &Stored});
+      vAgreements.reserve(ConstraintsMap.size());
+      vAgreements.push_back(
+          {*Group, Stored.ConstrainedIndex, vAgreements.size(), AgreedIndex, &Stored});
     }
   }
-  for (std::size_t Group = 0; Group < Groups.size(); ++Group) {
-    AppendInOrder(Groups[Group], Group, vOrder);
-  }
+  AppendInOrder(std::move(vAgreements), vOrder);
   return vOrder;
 }
 

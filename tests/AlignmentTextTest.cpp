@@ -18,6 +18,7 @@ using std::string_literals::operator""s;
 using Slow::Ordered;
 using Slow::TextPairs;
 using TrRuleInternal::DisplayPair;
+using TrRuleInternal::DisplayWalk;
 using TrRuleInternal::MissingIndex;
 using TrRuleInternal::ReversedAlignments;
 
@@ -34,7 +35,8 @@ Ordered Canonical(const std::string& Alignments) {
 
 TextPairs Displayed(const std::string& Alignments) {
   TextPairs vPairs;
-  for (const DisplayPair& Pair : TrRuleInternal::DisplayPairs(Alignments)) {
+  DisplayWalk Walk(Alignments);
+  for (DisplayPair Pair; Walk.Next(Pair);) {
     vPairs.emplace_back(Pair.X, Pair.Y);
   }
   return vPairs;
@@ -297,10 +299,14 @@ TEST(AlignmentText, APairThatIsNotClosedRunsToTheEndOfTheDisplay) {
 }
 
 TEST(AlignmentText, DisplayedTextsPointIntoTheString) {
-  const std::vector<DisplayPair> vPairs = TrRuleInternal::DisplayPairs(Sample);
-  ASSERT_EQ(vPairs.size(), 3U);
-  EXPECT_EQ(vPairs[0].X.data(), Sample.data() + 2);
-  EXPECT_EQ(vPairs[2].Y.data(), Sample.data() + 16);
+  DisplayWalk Walk(Sample);
+  DisplayPair Pair;
+  ASSERT_TRUE(Walk.Next(Pair));
+  EXPECT_EQ(Pair.X.data(), Sample.data() + 2);
+  ASSERT_TRUE(Walk.Next(Pair));
+  ASSERT_TRUE(Walk.Next(Pair));
+  EXPECT_EQ(Pair.Y.data(), Sample.data() + 16);
+  EXPECT_FALSE(Walk.Next(Pair));
 }
 
 TEST(AlignmentText, DisplaysAsItsTwinDoesAtEveryPrefixOfAString) {

@@ -147,7 +147,8 @@ void ExpectOrderedAsByTheTwin(const std::string& Alignments, ErrorCollector& Err
 
 void ExpectCutAsByTheTwin(const std::string& Alignments) {
   Slow::TextPairs vDisplayed;
-  for (const TrRuleInternal::DisplayPair& Pair : TrRuleInternal::DisplayPairs(Alignments)) {
+  TrRuleInternal::DisplayWalk Walk(Alignments);
+  for (TrRuleInternal::DisplayPair Pair; Walk.Next(Pair);) {
     vDisplayed.emplace_back(Pair.X, Pair.Y);
   }
   ASSERT_EQ(vDisplayed, Slow::Displayed(Alignments)) << Alignments;

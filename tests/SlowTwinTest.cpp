@@ -191,7 +191,8 @@ Slow::Ordered Ordered(const std::string& Alignments) {
 
 Slow::TextPairs Displayed(const std::string& Alignments) {
   Slow::TextPairs vPairs;
-  for (const TrRuleInternal::DisplayPair& Pair : TrRuleInternal::DisplayPairs(Alignments)) {
+  TrRuleInternal::DisplayWalk Walk(Alignments);
+  for (TrRuleInternal::DisplayPair Pair; Walk.Next(Pair);) {
     vPairs.emplace_back(Pair.X, Pair.Y);
   }
   return vPairs;

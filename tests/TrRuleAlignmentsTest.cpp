@@ -643,8 +643,9 @@ TEST(TrRuleGetAlignments, EndAtACommaThatIsLast) {
   };
   for (const auto& [Text, vsPairs] : Cases) {
     Strings vsFound;
-    for (const auto& [X, Y] : TrRuleInternal::DisplayPairs(Text)) {
-      vsFound.push_back(std::string(X) + "/" + std::string(Y));
+    TrRuleInternal::DisplayWalk Walk(Text);
+    for (TrRuleInternal::DisplayPair Pair; Walk.Next(Pair);) {
+      vsFound.push_back(std::string(Pair.X) + "/" + std::string(Pair.Y));
     }
     EXPECT_EQ(vsFound, vsPairs) << Text;
   }
