@@ -1,6 +1,7 @@
 # shellcheck shell=sh
 # Sourced by the tests of this folder, which CTest starts with
 #   SOURCE     the project's sources
+#   BUILD      the build tree that the tests belong to
 #   WORK       an empty folder of the build tree for what the tests make
 #   CMAKE, CXX, GENERATOR, PKG_CONFIG, NM   the tools of the build
 #   VERSION, SOVERSION   the project's version, and that of its shared object

@@ -1,5 +1,5 @@
 #!/bin/sh
-# All that is installed, by name, and the programs run from where they were put.
+# All that is installed, by name, and the driver run from where it was put.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 
@@ -18,10 +18,3 @@ done
 
 run_and_compare "$Folder/prefix/bin/trrule-demo" "$SOURCE/tests/data/driver_output.txt"
 check_linkage "$Folder/prefix/bin/trrule-demo"
-
-if [ "$Kind" = shared ]; then
-  echo "trrule $VERSION" >"$Folder/version.txt"
-  "$Folder/prefix/bin/trrule" --version >"$Folder/out.txt" || fail "trrule ended with status $?"
-  compare "$Folder/version.txt" "$Folder/out.txt"
-  check_linkage "$Folder/prefix/bin/trrule"
-fi
