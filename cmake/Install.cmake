@@ -52,7 +52,7 @@ install(FILES "${PROJECT_BINARY_DIR}/trrule.pc" DESTINATION "${CMAKE_INSTALL_LIB
 
 # The pages link to each other and to the examples, so they keep their places.
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION "${DocDir}")
-install(DIRECTORY docs DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.md")
+install(DIRECTORY docs DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.md" PATTERN "*.svg")
 install(DIRECTORY examples DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.cpp" PATTERN "*.txt"
                                                                   PATTERN "*.trr"
                                                                   PATTERN "CMakeLists.txt" EXCLUDE)
