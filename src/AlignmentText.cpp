@@ -97,7 +97,7 @@ std::vector<IndexedPair> ParsePairs(const std::vector<std::string_view>& vTexts,
   std::vector<IndexedPair> vPairs;
   vPairs.reserve(vTexts.size());
   IndexedPair Pair{0, 0, {}};
-  const auto Take = [&](std::optional<int> Number, int& IndexReturn, MissingIndex Which) {
+  const auto Note = [&](std::optional<int> Number, int& IndexReturn, MissingIndex Which) {
     if (Number) {
       IndexReturn = *Number;
     } else {
@@ -105,8 +105,8 @@ std::vector<IndexedPair> ParsePairs(const std::vector<std::string_view>& vTexts,
     }
   };
   for (const std::string_view Text : vTexts) {
-    Take(NumberBetween(Text, '(', ','), Pair.X, MissingIndex::X);
-    Take(NumberBetween(Text, ',', ')'), Pair.Y, MissingIndex::Y);
+    Note(NumberBetween(Text, '(', ','), Pair.X, MissingIndex::X);
+    Note(NumberBetween(Text, ',', ')'), Pair.Y, MissingIndex::Y);
     Pair.Text = Text;
     vPairs.push_back(Pair);
   }

@@ -176,25 +176,22 @@ std::string_view Trimmed(std::string_view Text) {
 /// Whether a blank between two bytes separates a node's name from its feature: it follows a digit
 /// and is not the blank before "=" or "*". Such a blank is kept; the others mean nothing.
 constexpr bool IsFeatureBlank(char Previous, char Next) {
-  return IsDigit(Previous) & (Next != '=') & (Next != '*');
+  return IsDigit(Previous) && Next != '=' && Next != '*';
 }
 
-/// Gives the text, which begins and ends with neither blank, in capitals and without white space,
-/// but for one blank between a node's name and its feature. Every byte is written, and stays when
-/// the next one is not written over it: where the blanks stand cannot be foreseen.
+/// Gives the text, which begins and ends with something else than a blank, in capitals and without
+/// white space, but for one blank between a node's name and its feature.
 void Compact(std::string_view Text, std::string& CompactReturn) {
   CompactReturn.resize(Text.size());
   std::size_t Size = 0;
-  char Previous = 0;
-  for (std::size_t Position = 0; Position + 1 < Text.size(); ++Position) {
-    const char Byte = Text[Position];
-    const bool IsBlank = IsSpace(Byte);
-    CompactReturn[Size] = IsBlank ? ' ' : TrRuleInternal::ToUpper(Byte);
-    Size += static_cast<std::size_t>(!IsBlank | IsFeatureBlank(Previous, Text[Position + 1]));
-    Previous = Byte;
+  for (std::size_t Position = 0; Position < Text.size(); ++Position) {
+    if (!IsSpace(Text[Position])) {
+      CompactReturn[Size++] = TrRuleInternal::ToUpper(Text[Position]);
+    } else if (IsFeatureBlank(Text[Position - 1], Text[Position + 1])) {
+      CompactReturn[Size++] = ' ';
+    }
   }
-  CompactReturn[Size] = TrRuleInternal::ToUpper(Text.back());
-  CompactReturn.resize(Size + 1);
+  CompactReturn.resize(Size);
 }
 
 /// A node's name, "((X0" or "(Y12", without its parentheses and side letters.
@@ -282,13 +279,11 @@ namespace {
 struct UsualNode {
   int Category;
   int Index;
-  std::string_view Name;
 };
 
 // UsualNode = ( "x" | "X" | "y" | "Y" ) Index
 std::optional<UsualNode> TakeNode(std::string_view& TextReturn) {
-  const std::string_view Whole = TextReturn;
-  const char Side = Whole.empty() ? ' ' : TrRuleInternal::ToUpper(Whole.front());
+  const char Side = TextReturn.empty() ? ' ' : TrRuleInternal::ToUpper(TextReturn.front());
   if (Side != 'X' && Side != 'Y') {
     return std::nullopt;
   }
@@ -298,8 +293,7 @@ std::optional<UsualNode> TakeNode(std::string_view& TextReturn) {
   if (Index < 0) {
     return std::nullopt;
   }
-  return UsualNode{Side == 'X' ? 1 : TargetCategory, Index,
-                   Whole.substr(0, Whole.size() - TextReturn.size())};
+  return UsualNode{Side == 'X' ? 1 : TargetCategory, Index};
 }
 
 /// The bytes of features and values that mean nothing but themselves.

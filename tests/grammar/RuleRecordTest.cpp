@@ -127,8 +127,10 @@ TEST(RuleRecord, TellsWhyARuleCannotBeRead) {
   for (const auto& [sText, vsExpected] : Cases) {
     RuleRecord Record;
     std::vector<Finding> vFindings;
-    const Written Streams =
-        WrittenBy([&] { EXPECT_FALSE(Record.Read(RulesOf(sText).at(0), vFindings)) << sText; });
+    const std::vector<Grammar::RuleText> vRules = RulesOf(sText);
+    bool IsRead = true;
+    const Written Streams = WrittenBy([&] { IsRead = Record.Read(vRules.at(0), vFindings); });
+    EXPECT_FALSE(IsRead) << sText;
     EXPECT_EQ(PlacesOf(vFindings), vsExpected) << sText;
     EXPECT_EQ(Streams, (Written{"", ""})) << sText;
   }
