@@ -9,6 +9,7 @@
 #include <iostream>
 #include <new>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -31,6 +32,14 @@ int Fail(std::string Message) {
   return Grammar::StatusFailed;
 }
 
+/// The parser would only say that a command is required.
+bool IsKnownFirst(const CLI::App& Program, const std::string& Argument) {
+  const auto IsIt = [&](const CLI::App* Command) { return Command->check_name(Argument); };
+  const std::vector<const CLI::App*> vCommands = Program.get_subcommands(nullptr);
+  return std::any_of(vCommands.begin(), vCommands.end(), IsIt) ||
+         Program.get_option_no_throw(Argument) != nullptr;
+}
+
 int RunProgram(int ArgumentCount, char** Arguments) {
   CLI::App Program("Checks, prints, sorts and converts files of transfer rules.", "trrule");
   Action Chosen;
@@ -43,6 +52,9 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddUniqueCommand(Program, Chosen);
   AddJsonCommand(Program, Chosen);
   AddFromJsonCommand(Program, Chosen);
+  if (ArgumentCount > 1 && !IsKnownFirst(Program, Arguments[1])) {
+    return Fail(std::string("there is no command ") + Arguments[1]);
+  }
   try {
     Program.parse(ArgumentCount, Arguments);
   } catch (const CLI::ParseError& Error) {

@@ -89,6 +89,11 @@ TEST(RuleRecord, ReadsBackWhatTheStringWriterWrote) {
   EXPECT_EQ(Second.Rule().ReturnAsStringForPrint(), First.Rule().ReturnAsStringForPrint());
 }
 
+TEST(RuleRecord, KeepsAlignmentsWithoutTheirBlanks) {
+  RuleRecord Record = Read("NP::NP : [A B] -> [C D]\n;--;(X2::Y1)\n(x1 ::\t Y2 )\n");
+  EXPECT_EQ(Record.Rule().GetAlignmentStr(), "((1,2),(2,1))");
+}
+
 TEST(RuleRecord, WritesACountWhereTheOldOneStood) {
   const std::vector<std::pair<std::string, Strings>> Cases{
       {";; a\n;; Score: 2\n;; b\n", {";; a", ";;Score:9", ";; b"}},

@@ -69,6 +69,16 @@ bool RuleRecord::Read(const RuleText& TextPassIn, std::vector<Finding>& vFinding
 
 namespace {
 
+/// Without the blanks in it, which the library would keep in a pair and write again.
+/// @return whether the text is an alignment
+bool AppendAlignment(std::string_view Code, std::string& BodyReturn) {
+  const std::optional<AlignmentLine> Parts = ParseAlignmentLine(Code);
+  if (Parts) {
+    BodyReturn.append("(").append(Parts->XText).append("::").append(Parts->YText).append(")\n");
+  }
+  return Parts.has_value();
+}
+
 /// @return whether the text is a constraint
 bool AppendConstraint(std::string_view Code, std::string& BodyReturn) {
   std::size_t Stopped = 0;
@@ -97,8 +107,7 @@ void RuleRecord::ReadLine(const LineParts& Parts, Reading& StateReturn) {
       break;
     }
     case LineKind::Alignment:
-      StateReturn.IsSound = ParseAlignmentLine(Parts.Code).has_value();
-      Body.append(Parts.Code).append(1, '\n');
+      StateReturn.IsSound = AppendAlignment(Parts.Code, Body);
       break;
     case LineKind::Constraint:
       StateReturn.IsSound = AppendConstraint(Parts.Code, Body);
