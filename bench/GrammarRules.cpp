@@ -41,6 +41,13 @@ int WriteRules(long Count) {
   return std::fflush(stdout) == 0 ? 0 : 2;
 }
 
+/// Reads a rule, writes it to a string and gives its memory back.
+std::size_t ReadAndWrite(const std::string& Text) {
+  TrRule Record;
+  Record.SetTrRuleFromString(Text);
+  return Record.ReturnAsStringForPrint().size();
+}
+
 /// Reads each rule and writes it to a string; making the rules does not count.
 int MeasureLibrary(long Count) {
   std::ostringstream Ignored;
@@ -51,9 +58,7 @@ int MeasureLibrary(long Count) {
   for (long Rule = 0; Rule < Count; ++Rule) {
     const std::string Text = Generator.NextRule();
     const Clock::time_point Start = Clock::now();
-    TrRule Record;
-    Record.SetTrRuleFromString(Text);
-    Size += Record.ReturnAsStringForPrint().size();
+    Size += ReadAndWrite(Text);
     Seconds += SecondsSince(Start);
     Ignored.str("");
   }
