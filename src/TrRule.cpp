@@ -768,11 +768,11 @@ constexpr unsigned BitOf(char MarkByte) {
   unsigned Bit = 1;
   for (const char Byte : MarkBytes) {
     if (Byte == MarkByte) {
-      return Bit;
+      break;
     }
     Bit <<= 1U;
   }
-  return 0;
+  return Bit;
 }
 
 constexpr std::array<unsigned char, 256> MarkBits() {
