@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/SlowTwins.h"
+#include "support/FastTwins.h"
 
 #include <optional>
 #include <string>
@@ -15,6 +15,8 @@
 #include <vector>
 
 using std::string_literals::operator""s;
+using Fast::Canonical;
+using Fast::Displayed;
 using Slow::Ordered;
 using Slow::TextPairs;
 using TrRuleInternal::DisplayPair;
@@ -23,24 +25,6 @@ using TrRuleInternal::MissingIndex;
 using TrRuleInternal::ReversedAlignments;
 
 namespace {
-
-Ordered Canonical(const std::string& Alignments) {
-  std::vector<MissingIndex> vMissing;
-  Ordered Result{TrRuleInternal::CanonicalAlignments(Alignments, vMissing), ""};
-  for (const MissingIndex Each : vMissing) {
-    Result.Missing += Each == MissingIndex::X ? 'x' : 'y';
-  }
-  return Result;
-}
-
-TextPairs Displayed(const std::string& Alignments) {
-  TextPairs vPairs;
-  DisplayWalk Walk(Alignments);
-  for (DisplayPair Pair; Walk.Next(Pair);) {
-    vPairs.emplace_back(Pair.X, Pair.Y);
-  }
-  return vPairs;
-}
 
 const std::string Sample = "((1,1),(2,3),(3,2))";
 

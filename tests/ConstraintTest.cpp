@@ -6,6 +6,7 @@
 #include "StringUtils.h"
 #include "support/ChildProcess.h"
 #include "support/DebugLevel.h"
+#include "support/Samples.h"
 #include "support/SlowTwins.h"
 #include "support/StreamCapture.h"
 
@@ -83,18 +84,6 @@ const std::vector<Perturbed> vPerturbed = {
     {"value", Constraint(4, 1, "NUM", "PL", 2, true), true},
     {"rank", Constraint(4, 1, "NUM", "SG", 3, true), false},
     {"kind", Constraint(4, 1, "NUM", "SG", 2, false), true},
-};
-
-const std::vector<std::string> vsSamples = {
-    "((x0 det) = x1)",
-    "((x0 mod) = x2)",
-    "(x0 = x3)",
-    "(y0 = x0)",
-    "(y1 == (y0 det))",
-    "((y1 num) = sg)",
-    "((y3 agr gen) = (y2 agr gen))",
-    "((x1 num) = (*OR* sg pl))",
-    "((x1 num) = (*NOT* sg))",
 };
 
 }  // namespace
@@ -209,7 +198,7 @@ TEST(Constraint, ReadsLiteralsAndStringsAlike) {
 
 TEST(Constraint, DoesNotTellSmallLettersFromCapitals) {
   EXPECT_NE(Read("(X0 = X4)").Record, Read("(x0 = x3)").Record);
-  for (const std::string& sText : vsSamples) {
+  for (const std::string& sText : ConstraintSamples) {
     EXPECT_EQ(Read(StringUtils::StringToUpper(sText)).Record, Read(sText).Record) << sText;
   }
 }
@@ -455,7 +444,7 @@ void ExpectReadsLikeTheSlowReader(const std::string& Text) {
 }  // namespace
 
 TEST(Constraint, ReadsEveryPrefixOfTheSampleTextsStepByStep) {
-  for (const std::string& sText : vsSamples) {
+  for (const std::string& sText : ConstraintSamples) {
     for (std::size_t Size = 0; Size <= sText.size(); ++Size) {
       for (const char* Ending : {"", "\r\n", "\n", ")", " = x1)", "="}) {
         ExpectReadsLikeTheSlowReader(sText.substr(0, Size) + Ending);
@@ -525,7 +514,7 @@ TEST(Constraint, IsWrittenBackWithWhatTheReaderKept) {
 }
 
 TEST(Constraint, TextIsStableAfterItsFirstRewriting) {
-  for (const std::string& sText : vsSamples) {
+  for (const std::string& sText : ConstraintSamples) {
     const Constraint Once(sText);
     ASSERT_NE(Once.ReturnAsString(), sText);
     const Constraint Twice(Once.ReturnAsString());

@@ -6,7 +6,7 @@
 #include "Constraint.h"
 #include "Tokenizer.h"
 #include "TrRule.h"
-#include "support/SlowTwins.h"
+#include "support/FastTwins.h"
 
 #include <gtest/gtest.h>
 
@@ -111,15 +111,6 @@ namespace {
 
 const std::string AlignmentAlphabet = "(),12 ";
 
-Slow::Ordered Ordered(const std::string& Alignments) {
-  std::vector<TrRuleInternal::MissingIndex> vMissing;
-  Slow::Ordered Result{TrRuleInternal::CanonicalAlignments(Alignments, vMissing), ""};
-  for (const TrRuleInternal::MissingIndex Each : vMissing) {
-    Result.Missing += Each == TrRuleInternal::MissingIndex::X ? 'x' : 'y';
-  }
-  return Result;
-}
-
 /// What a rule says of the indices that are missing in a string.
 std::string MissingLines(const Slow::Ordered& Result, const std::string& Alignments) {
   std::string Lines;
@@ -132,12 +123,13 @@ std::string MissingLines(const Slow::Ordered& Result, const std::string& Alignme
 
 void ExpectOrderedAsByTheTwin(const std::string& Alignments, ErrorCollector& Errors) {
   const Slow::Ordered Expected = Slow::Canonical(Alignments);
-  ASSERT_EQ(Ordered(Alignments), Expected) << Alignments;
+  ASSERT_EQ(Fast::Canonical(Alignments), Expected) << Alignments;
   // What is in order is seen to be so at once, but for indices that are no plain numbers.
   ASSERT_TRUE(!TrRuleInternal::IsCanonical(Alignments) || Slow::IsOrdered(Alignments))
       << Alignments;
   // With all indices there, ordering again changes nothing.
-  ASSERT_TRUE(!Expected.Missing.empty() || Ordered(Expected.Text) == Expected) << Alignments;
+  ASSERT_TRUE(!Expected.Missing.empty() || Fast::Canonical(Expected.Text) == Expected)
+      << Alignments;
   Errors.Text.clear();
   TrRule Rule;
   Rule.SetAlignment(Alignments);
@@ -146,12 +138,7 @@ void ExpectOrderedAsByTheTwin(const std::string& Alignments, ErrorCollector& Err
 }
 
 void ExpectCutAsByTheTwin(const std::string& Alignments) {
-  Slow::TextPairs vDisplayed;
-  TrRuleInternal::DisplayWalk Walk(Alignments);
-  for (TrRuleInternal::DisplayPair Pair; Walk.Next(Pair);) {
-    vDisplayed.emplace_back(Pair.X, Pair.Y);
-  }
-  ASSERT_EQ(vDisplayed, Slow::Displayed(Alignments)) << Alignments;
+  ASSERT_EQ(Fast::Displayed(Alignments), Slow::Displayed(Alignments)) << Alignments;
   ASSERT_EQ(TrRuleInternal::ReversedAlignments(Alignments), Slow::Reversed(Alignments))
       << Alignments;
 }

@@ -8,6 +8,7 @@
 #include "AlignmentText.h"
 #include "StringUtils.h"
 #include "TrRule.h"
+#include "support/FastTwins.h"
 #include "support/HaltGuard.h"
 #include "support/PrivateAccess.h"
 #include "support/Samples.h"
@@ -180,24 +181,6 @@ namespace {
 
 const std::string AlignmentBytes = "((()),,,1290- x\0\xFF"s;
 
-Slow::Ordered Ordered(const std::string& Alignments) {
-  std::vector<TrRuleInternal::MissingIndex> vMissing;
-  Slow::Ordered Result{TrRuleInternal::CanonicalAlignments(Alignments, vMissing), ""};
-  for (const TrRuleInternal::MissingIndex Each : vMissing) {
-    Result.Missing += Each == TrRuleInternal::MissingIndex::X ? 'x' : 'y';
-  }
-  return Result;
-}
-
-Slow::TextPairs Displayed(const std::string& Alignments) {
-  Slow::TextPairs vPairs;
-  TrRuleInternal::DisplayWalk Walk(Alignments);
-  for (TrRuleInternal::DisplayPair Pair; Walk.Next(Pair);) {
-    vPairs.emplace_back(Pair.X, Pair.Y);
-  }
-  return vPairs;
-}
-
 }  // namespace
 
 TEST_F(SlowTwin, OrdersAlignments) {
@@ -205,7 +188,7 @@ TEST_F(SlowTwin, OrdersAlignments) {
   for (int Case = 0; Case < Cases; ++Case) {
     const std::string Text = Case % 2 == 0 ? Pairs() : '(' + Damaged(Pairs(), AlignmentBytes) + ')';
     const Slow::Ordered Expected = Slow::Canonical(Text);
-    ASSERT_EQ(Ordered(Text), Expected) << Text;
+    ASSERT_EQ(Fast::Canonical(Text), Expected) << Text;
     ASSERT_TRUE(!TrRuleInternal::IsCanonical(Text) || Slow::IsOrdered(Text)) << Text;
     ASSERT_TRUE(Case % 2 != 0 || TrRuleInternal::IsCanonical(Text) == Slow::IsOrdered(Text));
     // With all indices there, what is in order stays as it is.
@@ -220,7 +203,7 @@ TEST_F(SlowTwin, OrdersAlignments) {
 TEST_F(SlowTwin, CutsAlignmentsForDisplay) {
   for (int Case = 0; Case < Cases; ++Case) {
     const std::string Text = Case % 2 == 0 ? Pairs() : Damaged(Pairs(), AlignmentBytes);
-    ASSERT_EQ(Displayed(Text), Slow::Displayed(Text)) << Text;
+    ASSERT_EQ(Fast::Displayed(Text), Slow::Displayed(Text)) << Text;
   }
 }
 
@@ -245,17 +228,6 @@ std::string Fields(const Constraint& Record) {
          (Record.IsValueConstraint() ? "__value" : "__reference");
 }
 
-const Strings vsConstraintTexts = {
-    "((x0 det) = x1)",
-    "(x0 = x3)",
-    "(y0 = x0)",
-    "(y1 == (y0 det))",
-    "((y1 num) = sg)",
-    "((y3 agr gen) = (y2 agr gen))",
-    "((x1 num) = (*OR* sg pl))",
-    "((x1 num) = (*NOT* sg))",
-};
-
 const std::string ConstraintBytes = "()=* xyXY0129-\t\r_orOR\0\xE9"s;
 
 }  // namespace
@@ -267,7 +239,7 @@ TEST_F(SlowTwin, ReadsConstraintTexts) {
   StreamCapture Streams;
   for (int Case = 0; Case < Cases; ++Case) {
     const std::string Text =
-        Case % 2 == 0 ? Damaged(Pick(vsConstraintTexts), ConstraintBytes) : WordsOf(vsWords, 16);
+        Case % 2 == 0 ? Damaged(Pick(ConstraintSamples), ConstraintBytes) : WordsOf(vsWords, 16);
     const Slow::Reading Expected = Slow::Read(Text);
     const Constraint Record(Text);
     ASSERT_EQ(Fields(Record), Fields(Expected.Record)) << Text;

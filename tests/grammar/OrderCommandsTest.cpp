@@ -5,6 +5,7 @@
 #include "SortCommand.h"
 #include "TestFolder.h"
 #include "UniqueCommand.h"
+#include "support/ChildProcess.h"
 #include "support/StreamCapture.h"
 
 #include <gtest/gtest.h>
@@ -21,26 +22,9 @@ using Grammar::SortBy;
 using Grammar::SortOptions;
 using Grammar::UniqueOptions;
 
-/// What a command did: its status, its output, and what it told on standard error.
-struct Result {
-  int Status;
-  std::string Out;
-  std::string Err;
-
-  friend bool operator==(const Result& Left, const Result& Right) {
-    return Left.Status == Right.Status && Left.Out == Right.Out && Left.Err == Right.Err;
-  }
-
-  friend std::ostream& operator<<(std::ostream& Stream, const Result& End) {
-    return Stream << "\nstatus " << End.Status << "\n--- out ---\n"
-                  << End.Out << "--- err ---\n"
-                  << End.Err;
-  }
-};
-
 /// Runs a command on texts, each in a file of its own.
 template <typename RunT>
-Result ResultOf(const std::vector<std::string>& vsTexts, bool KeepBad, RunT Run) {
+ChildEnd ResultOf(const std::vector<std::string>& vsTexts, bool KeepBad, RunT Run) {
   const TestFolder Folder;
   RunOptions Options;
   Options.Output = Folder.Path("out");
@@ -59,14 +43,14 @@ Result ResultOf(const std::vector<std::string>& vsTexts, bool KeepBad, RunT Run)
   return {Status, Folder.Read("out"), Err};
 }
 
-Result Sorted(const std::vector<std::string>& vsTexts, const SortOptions& Options = {},
-              bool KeepBad = false) {
+ChildEnd Sorted(const std::vector<std::string>& vsTexts, const SortOptions& Options = {},
+                bool KeepBad = false) {
   return ResultOf(vsTexts, KeepBad,
                   [&](const RunOptions& Run) { return Grammar::RunSort(Run, Options); });
 }
 
-Result Unique(const std::vector<std::string>& vsTexts, const UniqueOptions& Options = {},
-              bool KeepBad = false) {
+ChildEnd Unique(const std::vector<std::string>& vsTexts, const UniqueOptions& Options = {},
+                bool KeepBad = false) {
   return ResultOf(vsTexts, KeepBad,
                   [&](const RunOptions& Run) { return Grammar::RunUnique(Run, Options); });
 }
@@ -91,9 +75,9 @@ const std::string None = Rule("", "AP::NP", "ADJ N", ";;Score:11\n");
 const std::string Bad = "{XP,1}\nXP::XP : [N -> [N]\n(X1::Y1)\n";
 
 TEST(SortCommand, OrdersByTheTextThatTellsRulesApart) {
-  EXPECT_EQ(Sorted({Ten + Nine, Minus + None}), (Result{0, None + Minus + Ten + Nine, ""}));
+  EXPECT_EQ(Sorted({Ten + Nine, Minus + None}), (ChildEnd{0, None + Minus + Ten + Nine, ""}));
   EXPECT_EQ(Sorted({Ten + Nine, Minus + None}, By(SortBy::Form, true)),
-            (Result{0, Nine + Ten + Minus + None, ""}));
+            (ChildEnd{0, Nine + Ten + Minus + None, ""}));
 }
 
 TEST(SortCommand, OrdersByNumberTypeCountAndLength) {
@@ -109,28 +93,28 @@ TEST(SortCommand, OrdersByNumberTypeCountAndLength) {
       {SortBy::Length, Nine + Ten + None + Minus, Minus + Ten + None + Nine},
   };
   for (const auto& Each : Cases) {
-    EXPECT_EQ(Sorted({All}, By(Each.Key)), (Result{0, Each.Up, ""}));
-    EXPECT_EQ(Sorted({All}, By(Each.Key, true)), (Result{0, Each.Down, ""}));
+    EXPECT_EQ(Sorted({All}, By(Each.Key)), (ChildEnd{0, Each.Up, ""}));
+    EXPECT_EQ(Sorted({All}, By(Each.Key, true)), (ChildEnd{0, Each.Down, ""}));
   }
 }
 
 TEST(SortCommand, WritesTheNormalForm) {
   EXPECT_EQ(Sorted({"\n; why\r\n{NP,007}\r\nNP::NP : [n] -> [n]\r\n(\r\n(x1::y1)\r\n((x1 num) == "
                     "sg)\r\n(x0 = x1))"}),
-            (Result{0,
-                    "; why\n{NP,7}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n((X1 NUM) = SG)\n(X0 = "
-                    "X1)\n)\n",
-                    ""}));
-  EXPECT_EQ(Sorted({""}), (Result{0, "", ""}));
+            (ChildEnd{0,
+                      "; why\n{NP,7}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n((X1 NUM) = SG)\n(X0 = "
+                      "X1)\n)\n",
+                      ""}));
+  EXPECT_EQ(Sorted({""}), (ChildEnd{0, "", ""}));
 }
 
 TEST(SortCommand, PutsWhatIsNoRuleBehindAllRules) {
-  const Result Passed = Sorted({Ten + Bad, "; no rule", Nine});
+  const ChildEnd Passed = Sorted({Ten + Bad, "; no rule", Nine});
   EXPECT_EQ(Passed.Status, 1);
   EXPECT_NE(Passed.Err, "");
   EXPECT_EQ(Passed.Out, Ten + Nine + "; no rule\n");
-  const Result Kept = Sorted({Ten + Bad, "; no rule", Nine}, {}, true);
-  EXPECT_EQ(Kept, (Result{1, Ten + Nine + Bad + "; no rule\n", Passed.Err}));
+  const ChildEnd Kept = Sorted({Ten + Bad, "; no rule", Nine}, {}, true);
+  EXPECT_EQ(Kept, (ChildEnd{1, Ten + Nine + Bad + "; no rule\n", Passed.Err}));
 }
 
 TEST(SortCommand, FailsWithoutOutputWhereAFileCannotBeRead) {
@@ -158,13 +142,13 @@ const std::string Both =
     Body;
 
 TEST(UniqueCommand, AddsCountsCommentsAndExamples) {
-  EXPECT_EQ(Unique({First, Second}), (Result{0, Both, ""}));
+  EXPECT_EQ(Unique({First, Second}), (ChildEnd{0, Both, ""}));
   EXPECT_EQ(Unique({Both, Both}).Out,
             "; first\n;; SL: the car\n;; TL: el auto\n; second\n;; SL: the house\n;; TL: la casa\n"
             ";;Score:8\n" +
                 Body);
-  EXPECT_EQ(Unique({First}), (Result{0, First, ""}));
-  EXPECT_EQ(Unique({""}), (Result{0, "", ""}));
+  EXPECT_EQ(Unique({First}), (ChildEnd{0, First, ""}));
+  EXPECT_EQ(Unique({""}), (ChildEnd{0, "", ""}));
 }
 
 TEST(UniqueCommand, KeepsTheOrderOfFirstAppearanceUnlessItShallSort) {
@@ -196,11 +180,11 @@ TEST(UniqueCommand, CountsRulesOnOneLineEach) {
 
 TEST(UniqueCommand, HoldsTheCountAtTheLargestNumber) {
   const std::string Most = Rule("{NP,1}\n", "NP::NP", "N", ";;Score:2147483647\n");
-  EXPECT_EQ(Unique({Most + Most}), (Result{0, Most, ""}));
+  EXPECT_EQ(Unique({Most + Most}), (ChildEnd{0, Most, ""}));
 }
 
 TEST(UniqueCommand, LeavesWhatIsNoRuleInItsPlace) {
-  const Result Kept = Unique({Ten + Bad, "; no rule", Nine, Ten}, {}, true);
+  const ChildEnd Kept = Unique({Ten + Bad, "; no rule", Nine, Ten}, {}, true);
   EXPECT_EQ(Kept.Status, 1);
   EXPECT_EQ(Kept.Out,
             ";;Score:4\n" + Rule("{NP,10}\n", "NP::NP", "DET N") + Bad + "; no rule\n" + Nine);
@@ -227,7 +211,7 @@ TEST(OrderCommands, GiveTheSameWithLittleMemory) {
        {SortBy::Form, SortBy::Index, SortBy::Type, SortBy::Count, SortBy::Length}) {
     SortOptions Little = By(Key, Key == SortBy::Type);
     Little.Memory = 1;
-    const Result Expected = Sorted({Text}, By(Key, Key == SortBy::Type));
+    const ChildEnd Expected = Sorted({Text}, By(Key, Key == SortBy::Type));
     EXPECT_GT(Expected.Out.size(), Text.size() / 2);
     EXPECT_TRUE(Sorted({Text}, Little) == Expected);
   }
@@ -236,7 +220,7 @@ TEST(OrderCommands, GiveTheSameWithLittleMemory) {
     Plenty.Sorted = IsSorted;
     UniqueOptions Little = Plenty;
     Little.Memory = 1;
-    const Result Expected = Unique({Text}, Plenty);
+    const ChildEnd Expected = Unique({Text}, Plenty);
     EXPECT_LT(Expected.Out.size(), Text.size() * 9 / 10);
     EXPECT_TRUE(Unique({Text}, Little) == Expected);
   }

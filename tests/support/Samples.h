@@ -47,6 +47,19 @@ inline const std::string SamplePrinted =
 /// Lists as they are written in expectations.
 using Strings = std::vector<std::string>;
 
+/// A constraint of each form.
+inline const Strings ConstraintSamples = {
+    "((x0 det) = x1)",
+    "((x0 mod) = x2)",
+    "(x0 = x3)",
+    "(y0 = x0)",
+    "(y1 == (y0 det))",
+    "((y1 num) = sg)",
+    "((y3 agr gen) = (y2 agr gen))",
+    "((x1 num) = (*OR* sg pl))",
+    "((x1 num) = (*NOT* sg))",
+};
+
 /// A rule as `Print` shows it, which is the only way to see its comments and its header type.
 std::string Printed(TrRule& Rule);
 

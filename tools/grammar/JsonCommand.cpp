@@ -107,10 +107,7 @@ int RunJson(const RunOptions& Run) {
 }
 
 int RunFromJson(const RunOptions& Run) {
-  std::vector<std::string> vsNames = Run.vsFiles;
-  if (vsNames.empty()) {
-    vsNames.emplace_back("-");
-  }
+  const std::vector<std::string> vsNames = OrStandardInput(Run.vsFiles);
   OutputFile Output(Run.Output);
   Progress Shown(Run.Quiet, TotalSize(vsNames));
   LineReader Lines(Output, Shown);

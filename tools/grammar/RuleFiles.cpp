@@ -15,18 +15,18 @@ namespace Grammar {
 
 namespace {
 
+std::string Shown(const std::string& Name) {
+  return Name == "-" ? "standard input" : Name;
+}
+
+}  // namespace
+
 std::vector<std::string> OrStandardInput(std::vector<std::string> vsNames) {
   if (vsNames.empty()) {
     vsNames.emplace_back("-");
   }
   return vsNames;
 }
-
-std::string Shown(const std::string& Name) {
-  return Name == "-" ? "standard input" : Name;
-}
-
-}  // namespace
 
 std::uint64_t TotalSize(const std::vector<std::string>& vsNames) {
   std::uint64_t Total = 0;

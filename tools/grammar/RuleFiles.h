@@ -11,6 +11,9 @@
 
 namespace Grammar {
 
+/// The names, or "-" for standard input where there are none.
+std::vector<std::string> OrStandardInput(std::vector<std::string> vsNames);
+
 /// The size of all files together; 0 where one of them is no regular file.
 std::uint64_t TotalSize(const std::vector<std::string>& vsNames);
 

@@ -69,6 +69,14 @@ int VisitRules(const RunOptions& Options, RuleVisitor& Visitor) {
   return Status;
 }
 
+int CollectRules(const RunOptions& Options, RuleCollector& Collector) {
+  OutputFile Output(Options.Output);
+  const int Status = VisitRules(Options, Collector);
+  Collector.WriteTo(Output);
+  Output.Finish();
+  return Status;
+}
+
 std::size_t MemoryForSorting(std::size_t Memory) {
   constexpr std::size_t Program = std::size_t{12} << 20;
   return Memory > 2 * Program ? Memory - Program : Memory / 2;

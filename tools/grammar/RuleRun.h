@@ -1,5 +1,6 @@
 #pragma once
 
+#include "OutputFile.h"
 #include "RuleRecord.h"
 #include "RuleText.h"
 
@@ -36,9 +37,19 @@ class RuleVisitor {
   virtual void EndLine() { TakeText("\n"); }
 };
 
+/// A visitor that has to see all rules before it can write the first.
+class RuleCollector : public RuleVisitor {
+ public:
+  virtual void WriteTo(OutputFile& OutputReturn) = 0;
+};
+
 /// Hands all rules to the visitor. What cannot be read is told on standard error.
 /// @return `StatusFindings` where something could not be read, `StatusClean` otherwise
 int VisitRules(const RunOptions& Options, RuleVisitor& Visitor);
+
+/// Hands all rules to the collector and then has it write to the output of the run.
+/// @return as `VisitRules`
+int CollectRules(const RunOptions& Options, RuleCollector& Collector);
 
 /// What of the memory that a run may use is left for sorting: the rest is the program itself, and
 /// the rule at hand.

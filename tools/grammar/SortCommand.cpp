@@ -25,7 +25,7 @@ std::string IndexKey(RuleRecord& Record) {
 
 /// Sorts what it is handed. Of the comparison text and the normal form, the block of the rule is
 /// the same; sorted by the former, it is kept once.
-class Sorter : public RuleVisitor {
+class Sorter : public RuleCollector {
  public:
   explicit Sorter(const SortOptions& Options)
       : By(Options.By),
@@ -44,7 +44,7 @@ class Sorter : public RuleVisitor {
 
   void TakeText(std::string_view Text) override { Others.Append(Text); }
 
-  void WriteTo(OutputFile& Output) {
+  void WriteTo(OutputFile& Output) override {
     Rules.Sort();
     for (SortRecord Each; Rules.Next(Each);) {
       Output.Write(Each.Payload);
@@ -101,12 +101,8 @@ class Sorter : public RuleVisitor {
 }  // namespace
 
 int RunSort(const RunOptions& Run, const SortOptions& Options) {
-  OutputFile Output(Run.Output);
   Sorter Rules(Options);
-  const int Status = VisitRules(Run, Rules);
-  Rules.WriteTo(Output);
-  Output.Finish();
-  return Status;
+  return CollectRules(Run, Rules);
 }
 
 }  // namespace Grammar

@@ -134,7 +134,7 @@ class Group {
 /// Brings rules that say the same together, and then what is left into its order. For the order
 /// of first appearance, rules are grouped by a hash before their comparison texts, which makes
 /// comparing quick, and the groups sorted by their first places; else the texts' order will do.
-class Uniquer : public RuleVisitor {
+class Uniquer : public RuleCollector {
  public:
   explicit Uniquer(const UniqueOptions& OptionsPassIn)
       : Options(OptionsPassIn),
@@ -160,7 +160,7 @@ class Uniquer : public RuleVisitor {
     }
   }
 
-  void WriteTo(OutputFile& Output) {
+  void WriteTo(OutputFile& Output) override {
     Rules.Sort();
     Group Same(Options);
     for (SortRecord Each; Rules.Next(Each);) {
@@ -205,12 +205,8 @@ class Uniquer : public RuleVisitor {
 }  // namespace
 
 int RunUnique(const RunOptions& Run, const UniqueOptions& Options) {
-  OutputFile Output(Run.Output);
   Uniquer Rules(Options);
-  const int Status = VisitRules(Run, Rules);
-  Rules.WriteTo(Output);
-  Output.Finish();
-  return Status;
+  return CollectRules(Run, Rules);
 }
 
 }  // namespace Grammar
