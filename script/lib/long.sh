@@ -16,11 +16,10 @@ analyse_with_cppcheck() {
     --error-exitcode=1 --suppressions-list=.cppcheck-suppressions -I src src
 }
 
-# The tests, as each compiler builds them for each of two standards (dev-clang has had its turn),
-# with an optimiser and checking containers, and under the sanitizers of the other compiler; those
-# that use threads under one more.
+# The tests, as each compiler builds them for each of two standards, with an optimiser and checking
+# containers, and under the sanitizers of the other compiler; those that use threads under one more.
 test_other_presets() {
-  for Preset in dev cxx20 cxx20-clang assertions sanitize-clang thread; do
+  for Preset in dev dev-clang cxx20 cxx20-clang assertions sanitize thread; do
     build_preset "$Preset"
     test_preset "$Preset"
   done

@@ -53,6 +53,7 @@ want_command_tools() {
 want_test_tools() {
   want_command_tools
   want pkg-config have_command pkg-config
+  want libbenchmark-dev have_header benchmark/benchmark.h
   # Where there are Debian packages, one is made and tried, with the libraries that it depends on.
   if have_command dpkg; then
     want dpkg-dev have_command dpkg-shlibdeps
@@ -68,7 +69,6 @@ want_check_tools() {
   want doxygen have_command doxygen
   # The sanitize preset compiles GoogleTest itself.
   want googletest have_file /usr/src/googletest/CMakeLists.txt
-  want libbenchmark-dev have_header benchmark/benchmark.h
 }
 
 as_root() {

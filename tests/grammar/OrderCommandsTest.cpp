@@ -197,7 +197,7 @@ TEST(UniqueCommand, LeavesWhatIsNoRuleInItsPlace) {
 /// Generated rules, each of them once, and some of them again.
 std::string ManyRules() {
   std::string Text;
-  const std::vector<std::string> vsRules = GeneratedRules(11, 3000);
+  const std::vector<std::string> vsRules = GeneratedRules(11, 1000);
   for (std::size_t Number = 0; Number < vsRules.size(); ++Number) {
     Text += vsRules[Number];
     Text += Number % 3 == 0 ? vsRules[Number / 2] : "";

@@ -99,7 +99,7 @@ TEST(TrruleProgram, TellsTheStatusOfARunWithABadRule) {
 /// A grammar that takes a while.
 std::string LargeGrammar() {
   std::string Text;
-  for (const std::string& sRule : GeneratedRules(5, 20000)) {
+  for (const std::string& sRule : GeneratedRules(5, 4000)) {
     Text += sRule;
   }
   return Text;
