@@ -55,9 +55,9 @@ bool HasSameIndices(const IndexedPair& Left, const IndexedPair& Right) {
   return Left.X == Right.X && Left.Y == Right.Y;
 }
 
-/// Whether the comma separates two pairs, as in "),(".
+/// Whether the comma, which has a byte behind it, separates two pairs, as in "),(".
 bool IsSeparator(std::string_view Text, std::size_t Comma) {
-  return Comma > 0 && Comma + 1 < Text.size() && Text[Comma - 1] == ')' && Text[Comma + 1] == '(';
+  return Comma > 0 && Text[Comma - 1] == ')' && Text[Comma + 1] == '(';
 }
 
 /// Cuts the text between the outer parentheses at its separators.

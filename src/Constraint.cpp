@@ -399,7 +399,7 @@ void Constraint::ParseWholeNodeForm(std::string_view LeftSide, std::string_view 
   if (Category == UnknownCategory) {
     Category = 4;
   }
-  ConstrainedIndex = ParseNodeIndex(LeftSide.substr(0, LeftSide.find(' ')));
+  ConstrainedIndex = ParseNodeIndex(LeftSide);
   if (Contains(RightSide, ")")) {
     FeatValue = ParseValue(RightSide);
   }

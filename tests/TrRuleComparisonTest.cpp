@@ -585,14 +585,31 @@ TEST(TrRuleLess, OrdersTheAlignmentsOfBothSides) {
 }
 
 TEST(TrRuleLess, ReportsMalformedAlignmentsInTheOrderOfItsCopies) {
+  TrRule Plain;
   TrRule Left;
   TrRule Right;
   FillMalformed(Left, "(1,1)");
   FillMalformed(Right, "(2,2)");
-  bool IsLess = false;
-  EXPECT_EQ(WrittenBy([&] { IsLess = Left < Right; }),
-            (Written{"", CopyMessages("(2,2)") + CopyMessages("(1,1)") + CopyMessages("(2,2)")}));
-  EXPECT_TRUE(IsLess);
+  const std::string OfLeft = CopyMessages("(1,1)");
+  const std::string OfRight = CopyMessages("(2,2)");
+  struct Case {
+    const TrRule& Left;
+    const TrRule& Right;
+    std::string Messages;
+    bool IsLess;
+  };
+  const Case Cases[] = {
+      {Left, Right, OfRight + OfLeft + OfRight, true},
+      {Plain, Right, OfRight + OfRight, false},
+      {Left, Plain, OfLeft, true},
+      {Plain, Plain, "", false},
+  };
+  for (const Case& Each : Cases) {
+    SCOPED_TRACE(Each.Messages);
+    bool IsLess = !Each.IsLess;
+    EXPECT_EQ(WrittenBy([&] { IsLess = Each.Left < Each.Right; }), (Written{"", Each.Messages}));
+    EXPECT_EQ(IsLess, Each.IsLess);
+  }
 }
 
 TEST(TrRuleLess, EndsTheProcessOnConstraintsWithoutOrderTheOtherRuleFirst) {
