@@ -399,6 +399,7 @@ void Constraint::ParseWholeNodeForm(std::string_view LeftSide, std::string_view 
   if (Category == UnknownCategory) {
     Category = 4;
   }
+  // A blank stands only behind a digit, and so ends the number like any other byte.
   ConstrainedIndex = ParseNodeIndex(LeftSide);
   if (Contains(RightSide, ")")) {
     FeatValue = ParseValue(RightSide);

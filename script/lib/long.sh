@@ -17,9 +17,9 @@ analyse_with_cppcheck() {
 }
 
 # The tests, as each compiler builds them for each of two standards, with an optimiser and checking
-# containers, and under the sanitizers of the other compiler; those that use threads under one more.
+# containers, and under the sanitizers of each; those that use threads under one more.
 test_other_presets() {
-  for Preset in dev dev-clang cxx20 cxx20-clang assertions sanitize thread; do
+  for Preset in dev dev-clang cxx20 cxx20-clang assertions sanitize sanitize-clang-all thread; do
     build_preset "$Preset"
     test_preset "$Preset"
   done
