@@ -17,25 +17,34 @@ bool HasOuterParentheses(std::string_view Alignments) {
 }
 
 // Canonical = "(" Pair { "," Pair } ")"; Pair = "(" x "," y ")", each after the one before
-bool IsCanonical(std::string_view Alignments) {
+std::optional<IndexPair> LastOfCanonical(std::string_view Alignments) {
   if (!Take(Alignments, "(")) {
-    return false;
+    return std::nullopt;
   }
-  int LastX = -1;
-  int LastY = -1;
+  IndexPair Last{-1, -1};
   do {
     const bool HasX = Take(Alignments, "(");
     const int X = TakeNumber(Alignments);
     const bool HasY = Take(Alignments, ",");
     const int Y = TakeNumber(Alignments);
     const bool IsPair = HasX && HasY && Take(Alignments, ")");
-    if (!IsPair || X < 0 || Y < 0 || X < LastX || (X == LastX && Y <= LastY)) {
-      return false;
+    if (!IsPair || X < 0 || Y < 0 || IndexPair(X, Y) <= Last) {
+      return std::nullopt;
     }
-    LastX = X;
-    LastY = Y;
+    Last = {X, Y};
   } while (Take(Alignments, ","));
-  return Alignments == ")";
+  return Alignments == ")" ? std::optional<IndexPair>(Last) : std::nullopt;
+}
+
+void AppendPair(std::string& AlignmentsReturn, std::string_view X, std::string_view Y) {
+  constexpr std::size_t Usual = 32;
+  if (AlignmentsReturn.empty()) {
+    AlignmentsReturn.reserve(Usual);
+    AlignmentsReturn += '(';
+  } else {
+    AlignmentsReturn.back() = ',';
+  }
+  Append(AlignmentsReturn, {"(", X, ",", Y, "))"});
 }
 
 namespace {

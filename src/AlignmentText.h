@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// @file
@@ -22,9 +23,21 @@ enum class MissingIndex { X, Y };
 /// Whether the text has outer parentheses. Texts of up to two characters count as if they had.
 bool HasOuterParentheses(std::string_view Alignments);
 
-/// Whether the string is in canonical order already, with plain numbers of up to nine digits in
-/// every pair; false where that cannot be told from one look. Linear.
-bool IsCanonical(std::string_view Alignments);
+/// The indices of one pair: x, then y.
+using IndexPair = std::pair<int, int>;
+
+/// The last pair of a string that is in canonical order already, with plain numbers of up to nine
+/// digits in every pair; nothing where that cannot be told from one look. Linear.
+std::optional<IndexPair> LastOfCanonical(std::string_view Alignments);
+
+/// Whether `LastOfCanonical` gives a pair. Linear.
+inline bool IsCanonical(std::string_view Alignments) {
+  return LastOfCanonical(Alignments).has_value();
+}
+
+/// Puts a pair behind the others of an alignment string, in place of its last parenthesis.
+/// Linear in the pair.
+void AppendPair(std::string& AlignmentsReturn, std::string_view X, std::string_view Y);
 
 /// The string with its pairs in ascending x, then y, each (x, y) once: the first of several stays.
 /// A pair keeps its own text. What stands behind the last separator is lost when it is empty: a

@@ -38,10 +38,21 @@ constexpr char ToLower(char Byte) {
   return Byte >= 'A' && Byte <= 'Z' ? static_cast<char>(Byte - 'A' + 'a') : Byte;
 }
 
+/// The capital of each byte, as a table: the texts here are short, and looking a byte up beats the
+/// preparations of a loop that takes many bytes at once.
+constexpr std::array<char, 256> UpperBytes() {
+  std::array<char, 256> Table{};
+  for (std::size_t Byte = 0; Byte < Table.size(); ++Byte) {
+    Table[Byte] = ToUpper(static_cast<char>(static_cast<unsigned char>(Byte)));
+  }
+  return Table;
+}
+
 /// Upper-cases every byte of a text where it stands.
 inline void MakeUpper(std::string& TextReturn) {
+  static constexpr std::array<char, 256> Table = UpperBytes();
   for (char& Byte : TextReturn) {
-    Byte = ToUpper(Byte);
+    Byte = Table[static_cast<unsigned char>(Byte)];
   }
 }
 
@@ -79,6 +90,9 @@ constexpr std::size_t Find(std::string_view Text, std::string_view Part) {
     return std::string_view::npos;
   }
   std::size_t Position = Text.find(Part.front());
+  if (Part.size() == 1) {
+    return Position;
+  }
   while (Position != std::string_view::npos && !StartsWith(Text.substr(Position), Part)) {
     Position = Text.find(Part.front(), Position + 1);
   }

@@ -3,7 +3,10 @@
 #include "Tokenizer.h"
 
 #include <string>
-#include <string_view>
+
+namespace TrRuleInternal {
+class RuleLoader;
+}
 
 /// One feature constraint of a transfer rule: which node it constrains, which feature, and the
 /// value or the other node that it is tied to.
@@ -111,20 +114,11 @@ class __attribute__((visibility("default"))) Constraint {
   int GetAgreedIndex(std::string FeatValuePassIn) const;
 
  private:
-  // A rule reads and writes its constraints in place.
+  // A rule reads, merges and writes its constraints in place.
   friend class TrRule;
-
-  /// Reads a text as `Constraint(std::string)` does, in storage that serves for many texts.
-  Constraint(std::string_view Text, std::string& ScratchReturn);
+  friend class TrRuleInternal::RuleLoader;
 
   void AppendTo(std::string& TextReturn) const;
-  static int AgreedIndexIn(std::string_view FeatValue);
-  void Parse(std::string_view Text, std::string& ScratchReturn);
-  bool ParseSides(std::string_view Text, std::string& CompactReturn);
-  bool ParseUsualForm(std::string_view Text);
-  void ParseFeatureForm(std::string_view LeftSide, std::string_view RightSide,
-                        std::string_view WrittenRightSide);
-  void ParseWholeNodeForm(std::string_view LeftSide, std::string_view RightSide);
 
   int Category;
   int ConstrainedIndex;

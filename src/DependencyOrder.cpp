@@ -129,13 +129,4 @@ bool OrderByDependency(std::vector<Reference> vReferences, std::vector<int>& vOr
   return vOrderReturn.size() == vKeys.size();
 }
 
-std::vector<int> OrderOrHalt(std::vector<Reference> vReferences, HaltReason What,
-                             const char* Message) {
-  std::vector<int> vOrder;
-  if (!OrderByDependency(std::move(vReferences), vOrder)) {
-    Halt(What, Message);
-  }
-  return vOrder;
-}
-
 }  // namespace TrRuleInternal

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Halt.h"
-
 #include <vector>
 
 /// @file
@@ -26,10 +24,5 @@ struct Reference {
 ///        for such a key, are left out
 /// @return true when every key has its place, false when there is a cycle
 bool OrderByDependency(std::vector<Reference> vReferences, std::vector<int>& vOrderReturn);
-
-/// The keys in the order of `OrderByDependency`; where there is a cycle, halts with what happened
-/// and its message.
-std::vector<int> OrderOrHalt(std::vector<Reference> vReferences, HaltReason What,
-                             const char* Message);
 
 }  // namespace TrRuleInternal

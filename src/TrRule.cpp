@@ -6,8 +6,11 @@
 
 #include "AlignmentText.h"
 #include "Ascii.h"
-#include "DependencyOrder.h"
+#include "HeaderLine.h"
+#include "LineScan.h"
 #include "PieceCutter.h"
+#include "PrintOrder.h"
+#include "RuleLoader.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +19,9 @@
 #include <optional>
 #include <tuple>
 
+using TrRuleInternal::AlignmentParts;
 using TrRuleInternal::Append;
+using TrRuleInternal::ConstraintParts;
 using TrRuleInternal::Contains;
 using TrRuleInternal::CutInTwo;
 using TrRuleInternal::CutInTwoTrimmed;
@@ -26,9 +31,17 @@ using TrRuleInternal::DisplayWalk;
 using TrRuleInternal::DropBack;
 using TrRuleInternal::DropFront;
 using TrRuleInternal::Halt;
+using TrRuleInternal::HeaderParts;
 using TrRuleInternal::IsSpace;
+using TrRuleInternal::LineMarks;
+using TrRuleInternal::Merging;
+using TrRuleInternal::OrderedConstraint;
+using TrRuleInternal::ParseLabels;
 using TrRuleInternal::PieceCutter;
 using TrRuleInternal::PiecePair;
+using TrRuleInternal::PrintGroup;
+using TrRuleInternal::RuleLineParts;
+using TrRuleInternal::RuleLoader;
 using TrRuleInternal::StartsWith;
 using TrRuleInternal::ToInt;
 
@@ -279,20 +292,6 @@ void TraceRenewedMap(std::string_view Map, std::string_view Setter,
     std::cout << "Now printing inited " << Map << " map (from " << Setter << ").\n";
     PrintEntries(miiMap);
   }
-}
-
-// Labels = { " " } { Label " " { " " } }; what trimming leaves empty is no label.
-std::vector<std::string> ParseLabels(std::string_view Text) {
-  std::vector<std::string> vsLabels;
-  vsLabels.reserve(static_cast<std::size_t>(std::count(Text.begin(), Text.end(), ' ')) + 1);
-  PieceCutter Pieces(Text, " ");
-  for (std::string_view Piece; Pieces.Next(Piece);) {
-    const std::string_view Label = TrRuleInternal::TrimmedPiece(Piece);
-    if (!Label.empty()) {
-      vsLabels.emplace_back(Label);
-    }
-  }
-  return vsLabels;
 }
 
 }  // namespace
@@ -552,16 +551,6 @@ std::optional<std::string_view> ParseYSide(std::string_view Side) {
   return std::nullopt;
 }
 
-/// Puts a pair behind the others of an alignment string, in place of its last parenthesis.
-void AppendPair(std::string& AlignmentsReturn, std::string_view X, std::string_view Y) {
-  if (AlignmentsReturn.empty()) {
-    AlignmentsReturn = "(";
-  } else {
-    AlignmentsReturn.back() = ',';
-  }
-  Append(AlignmentsReturn, {"(", X, ",", Y, "))"});
-}
-
 }  // namespace
 
 // AlignmentLine = any XSide "::" YSide any
@@ -582,7 +571,7 @@ bool TrRule::AddAlignment(std::string AlignmentPassIn) {
   if (!Y) {
     return false;
   }
-  AppendPair(AlignmentString, *X, *Y);
+  TrRuleInternal::AppendPair(AlignmentString, *X, *Y);
   if (Traces(1)) {
     std::cout << "At the end of AddAlignment, AlignmentString is:" << AlignmentString << '\n';
   }
@@ -730,19 +719,84 @@ std::string_view ParseSequence(std::string_view Part) {
 
 }  // namespace
 
+namespace {
+
+/// Prints what the merging of values says.
+void PrintMergings(const std::vector<Merging>& vMergings) {
+  for (const auto& [OldValue, NewValue, NewKey] : vMergings) {
+    std::cout << "OldFeat:|" << OldValue << "|\nInsertFeat:|" << NewValue
+              << "|\nNewKey is now:" << NewKey << '\n';
+  }
+}
+
+/// Whether a line is a comment and nothing else.
+bool IsPlainComment(std::string_view Line) {
+  return StartsWith(Line, ";;") && !Contains(Line, "{") && !Contains(Line, "]") &&
+         !Contains(Line, "=") && !Contains(Line, "::");
+}
+
+/// The header keeps two letters of its type and the last digit of its number; grammars rely on it.
+constexpr std::size_t KeptLetters = 2;
+
+// CommonLine = Comment | Header | RuleLine
+bool LoadPlainLine(std::string_view Line, RuleLoader& LoaderReturn) {
+  if (IsPlainComment(Line)) {
+    LoaderReturn.AddComment(Line);
+    return true;
+  }
+  if (HeaderParts Parts; ParseCommonHeader(Line, Parts)) {
+    LoaderReturn.SetHeader(Parts.Type.substr(0, KeptLetters), Parts.Number.back() - '0');
+    return true;
+  }
+  RuleLineParts Parts;
+  return ParseCommonRuleLine(Line, Parts) && LoaderReturn.SetRuleLine(Parts);
+}
+
+// BodyLine = "(" | AlignmentLine | ConstraintText
+bool LoadBodyLine(std::string_view Line, RuleLoader& LoaderReturn) {
+  if (Line.size() == 1) {
+    return true;
+  }
+  if (AlignmentParts Parts; Line[1] != '(' && ParseCommonAlignment(Line, Parts)) {
+    return LoaderReturn.AddAlignment(Parts);
+  }
+  ConstraintParts Parts;
+  if (!ParseCommonForm(Line, Parts)) {
+    return false;
+  }
+  std::vector<Merging> vMergings;
+  LoaderReturn.AddConstraint(Parts, vMergings);
+  if (!vMergings.empty()) {
+    PrintMergings(vMergings);
+  }
+  return true;
+}
+
+/// Loads a line in its common form, of which nothing but its mergings has to be reported: traces
+/// follow the general rules step by step, and so does whatever is written otherwise.
+/// @return whether the line was such a line
+bool LoadLine(std::string_view Line, RuleLoader& LoaderReturn) {
+  if (Line.empty() || Line.size() > PieceCutter::MaxRest || Traces(1) || Traces(4)) {
+    return false;
+  }
+  return Line.front() == '(' ? LoadBodyLine(Line, LoaderReturn) : LoadPlainLine(Line, LoaderReturn);
+}
+
+}  // namespace
+
 // RuleText = { Line "\n" }, in any order
 bool TrRule::SetTrRuleFromString(std::string TRStringPassIn) {
-  ReadState State;
+  RuleLoader Loader(*this);
   PieceCutter Lines(TRStringPassIn, "\n");
   for (std::string_view Line; Lines.Next(Line);) {
-    if (!ParseLine(WithoutReturn(Line), State)) {
+    Line = WithoutReturn(Line);
+    if (!LoadLine(Line, Loader) && !ParseLine(Line, Loader)) {
       return false;
     }
   }
-  if (!State.HasTypeLine || !State.HasAlignment) {
+  if (!Loader.Finish()) {
     return ReadError("Couldn't set rule -- something missing.");
   }
-  vsAllAlignments.push_back(AlignmentString);
   if (Traces(1)) {
     std::cout << "Successfully read in a transfer rule from a string:\n";
     Print();
@@ -752,90 +806,11 @@ bool TrRule::SetTrRuleFromString(std::string TRStringPassIn) {
 
 namespace {
 
-/// What a line holds, and so what it is read as.
-struct LineMarks {
-  bool Comment;
-  bool Header;
-  bool TypeLine;
-  bool Alignment;
-  bool Constraint;
-};
-
-constexpr std::array<char, 5> MarkBytes{';', '{', ']', ':', '='};
-
-/// One bit for each byte that a mark begins with.
-constexpr unsigned BitOf(char MarkByte) {
-  unsigned Bit = 1;
-  for (const char Byte : MarkBytes) {
-    if (Byte == MarkByte) {
-      break;
-    }
-    Bit <<= 1U;
-  }
-  return Bit;
-}
-
-constexpr std::array<unsigned char, 256> MarkBits() {
-  std::array<unsigned char, 256> Table{};
-  for (const char Byte : MarkBytes) {
-    Table[static_cast<unsigned char>(Byte)] = static_cast<unsigned char>(BitOf(Byte));
-  }
-  return Table;
-}
-
-/// Looks at each byte of a line once, and at no byte differently from any other, because what a
-/// line holds cannot be foreseen; only a mark whose first byte is there is looked for as a whole.
-LineMarks MarksOf(std::string_view Line) {
-  static constexpr std::array<unsigned char, 256> Bits = MarkBits();
-  unsigned Seen = 0;
-  for (const char Byte : Line) {
-    Seen |= Bits[static_cast<unsigned char>(Byte)];
-  }
-  return {(Seen & BitOf(';')) != 0 && Contains(Line, ";;"), (Seen & BitOf('{')) != 0,
-          (Seen & BitOf(']')) != 0 && Contains(Line, "] -> ["),
-          (Seen & BitOf(':')) != 0 && Contains(Line, "::"), (Seen & BitOf('=')) != 0};
-}
-
-}  // namespace
-
-// Line = [ Comment ] [ Header ] [ TypeLine | AlignmentLine | ConstraintText ]
-//
-// What a line is follows from what it holds: a comment is read as the other kinds, too.
-bool TrRule::ParseLine(std::string_view Line, ReadState& StateReturn) {
-  const LineMarks Marks = MarksOf(Line);
-  if (Marks.Comment) {
-    constexpr std::size_t UsualCount = 4;
-    if (Comments.empty()) {
-      Comments.reserve(UsualCount);
-    }
-    Comments.emplace_back(Line);
-  }
-  if (Marks.Header) {
-    ParseHeader(Line);
-  }
-  if (Marks.TypeLine) {
-    if (StateReturn.HasTypeLine) {
-      return ReadError("duplicate type and const seq information.");
-    }
-    StateReturn.HasTypeLine = true;
-    return ParseTypeAndSequences(Line);
-  }
-  if (Marks.Alignment) {
-    StateReturn.HasAlignment = true;
-    return AddAlignment(std::string(Line)) ||
-           ReadError("Alignment couldn't be set:" + std::string(Line));
-  }
-  if (Marks.Constraint) {
-    InsertConstraintIntoMap(Constraint(Line, StateReturn.Scratch));
-  }
-  return true;
-}
-
 // Header = any "{" Type "," any Digit "}" any
 //
 // The type is cut behind its second letter when the brace comes first, and only the last digit of
 // the number is read; grammars rely on both.
-void TrRule::ParseHeader(std::string_view Line) {
+void ParseHeader(std::string_view Line, RuleLoader& LoaderReturn) {
   PieceCutter Pieces(Line, ",");
   std::string_view TypePiece;
   std::string_view NumberPiece;
@@ -847,8 +822,36 @@ void TrRule::ParseHeader(std::string_view Line) {
   if (Open == std::string_view::npos || Close == std::string_view::npos || Close == 0) {
     return;
   }
-  POS = TypePiece.substr(Open + 1, Open + 2);
-  RuleIndex = ToInt(NumberPiece.substr(Close - 1, 1));
+  LoaderReturn.SetHeader(TypePiece.substr(Open + 1, Open + KeptLetters),
+                         ToInt(NumberPiece.substr(Close - 1, 1)));
+}
+
+}  // namespace
+
+// Line = [ Comment ] [ Header ] [ RuleLine | AlignmentLine | ConstraintText ]
+//
+// What a line is follows from what it holds: a comment is read as the other kinds, too.
+bool TrRule::ParseLine(std::string_view Line, RuleLoader& LoaderReturn) {
+  const LineMarks Marks = TrRuleInternal::ScanLine(Line).Whole;
+  if (Marks.HasComment) {
+    LoaderReturn.AddComment(Line);
+  }
+  if (Marks.HasBrace) {
+    ParseHeader(Line, LoaderReturn);
+  }
+  if (Marks.HasArrow) {
+    return LoaderReturn.NoteRuleLine() ? ParseTypeAndSequences(Line)
+                                       : ReadError("duplicate type and const seq information.");
+  }
+  if (Marks.HasColons) {
+    LoaderReturn.NoteAlignment();
+    return AddAlignment(std::string(Line)) ||
+           ReadError("Alignment couldn't be set:" + std::string(Line));
+  }
+  if (Marks.HasEquals) {
+    SetConstraint(std::string(Line));
+  }
+  return true;
 }
 
 // TypeLine = SLPart " -> " TLPart; a part without "::" is a TL part, wherever it stands.
@@ -1086,122 +1089,39 @@ std::string TrRule::ComparisonText() const {
 
 namespace {
 
-/// An agreement constraint with the index that its value refers to, the group that its category is
-/// ordered with, and its place among all in key order.
-struct Agreement {
-  std::size_t Group;
-  int Index;
-  std::size_t Place;
-  int AgreedIndex;
-  const Constraint* Stored;
-};
-
-/// How the order of a group of categories fails; the position in the array is the group's number.
-struct GroupFailure {
-  HaltReason What;
-  const char* Message;
-};
-
-constexpr std::size_t Category2Group = 1;
-constexpr std::array<GroupFailure, 3> GroupFailures{{
-    {HaltReason::Category1Order,
-     "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category1 order."},
-    {HaltReason::Category2Order,
-     "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category2 order."},
-    {HaltReason::Category3and4Order,
-     "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category3and4 order."},
-}};
-
-/// The group of a category; nothing for categories that are not printed.
-std::optional<std::size_t> GroupOfCategory(int Category) {
-  if (Category < 1 || Category > 4) {
-    return std::nullopt;
-  }
-  return Category == 4 ? 2 : static_cast<std::size_t>(Category - 1);
-}
-
-bool ComesBefore(const Agreement& Left, const Agreement& Right) {
-  return std::tie(Left.Group, Left.Index, Left.Place) <
-         std::tie(Right.Group, Right.Index, Right.Place);
-}
-
-using AgreementIterator = std::vector<Agreement>::const_iterator;
-
-/// Category 2 is ordered by index alone: there a constraint refers to nothing but itself.
-std::vector<TrRuleInternal::Reference> ReferencesOf(AgreementIterator First,
-                                                    AgreementIterator Last) {
-  std::vector<TrRuleInternal::Reference> vReferences;
-  vReferences.reserve(static_cast<std::size_t>(std::distance(First, Last)));
-  for (; First != Last; ++First) {
-    vReferences.push_back(
-        {First->Index, First->Group == Category2Group ? First->Index : First->AgreedIndex});
-  }
-  return vReferences;
-}
-
-/// Appends those that share the index of `First`, and gives where the next index begins.
-AgreementIterator AppendOneIndex(AgreementIterator First, AgreementIterator Last,
-                                 std::vector<const Constraint*>& vOrderReturn) {
-  const int Index = First->Index;
-  for (; First != Last && First->Index == Index; ++First) {
-    vOrderReturn.push_back(First->Stored);
-  }
-  return First;
-}
-
-/// Appends the constraints of a group, index by index in the order of their references; those of
-/// one index stay in key order.
-void AppendInOrder(AgreementIterator First, AgreementIterator Last,
-                   std::vector<const Constraint*>& vOrderReturn) {
-  if (First->Index == std::prev(Last)->Index) {
-    AppendOneIndex(First, Last, vOrderReturn);
-    return;
-  }
-  const auto& [What, Message] = GroupFailures[First->Group];
-  for (const int Index : TrRuleInternal::OrderOrHalt(ReferencesOf(First, Last), What, Message)) {
-    const auto IsLower = [Index](const Agreement& Each) { return Each.Index < Index; };
-    AppendOneIndex(std::partition_point(First, Last, IsLower), Last, vOrderReturn);
-  }
-}
-
-/// Appends the constraints of all groups, one group after the other.
-void AppendInOrder(std::vector<Agreement> vAgreements,
-                   std::vector<const Constraint*>& vOrderReturn) {
-  std::sort(vAgreements.begin(), vAgreements.end(), ComesBefore);
-  for (auto First = vAgreements.cbegin(); First != vAgreements.cend();) {
-    const auto IsOfGroup = [Group = First->Group](const Agreement& Each) {
-      return Each.Group == Group;
-    };
-    const auto Last = std::partition_point(First, vAgreements.cend(), IsOfGroup);
-    AppendInOrder(First, Last, vOrderReturn);
-    First = Last;
-  }
+[[noreturn]] void HaltForAgreedIndex(const Constraint& Stored) {
+  Halt(HaltReason::AgreedIndex,
+       "ERROR in TrRule::GetConstraintsInPrintOrder. Can't find agreed index for constraint " +
+           Stored.ReturnAsString());
 }
 
 }  // namespace
 
 std::vector<const Constraint*> TrRule::ConstraintsInPrintOrder() const {
-  std::vector<const Constraint*> vOrder;
-  vOrder.reserve(ConstraintsMap.size());
-  std::vector<Agreement> vAgreements;
+  std::vector<const Constraint*> vStored;
+  std::vector<OrderedConstraint> vOrdered;
+  vStored.reserve(ConstraintsMap.size());
+  vOrdered.reserve(ConstraintsMap.size());
   for (const auto& [Key, Stored] : ConstraintsMap) {
-    if (Stored.ValueConstraint) {
-      vOrder.push_back(&Stored);
-      continue;
+    OrderedConstraint& New = vOrdered.emplace_back(
+        OrderedConstraint{Stored.Category, Stored.ConstrainedIndex, std::nullopt});
+    if (!Stored.ValueConstraint) {
+      New.AgreedIndex = TrRuleInternal::AgreedIndexIn(Stored.FeatValue);
+      if (New.AgreedIndex == -1) {
+        HaltForAgreedIndex(Stored);
+      }
     }
-    const int AgreedIndex = Constraint::AgreedIndexIn(Stored.FeatValue);
-    if (AgreedIndex == -1) {
-      Halt(HaltReason::AgreedIndex,
-           "ERROR in TrRule::GetConstraintsInPrintOrder. Can't find agreed index for constraint " +
-               Stored.ReturnAsString());
-    }
-    if (const std::optional<std::size_t> Group = GroupOfCategory(Stored.Category)) {
-      vAgreements.reserve(ConstraintsMap.size());
-      vAgreements.push_back(
-          {*Group, Stored.ConstrainedIndex, vAgreements.size(), AgreedIndex, &Stored});
-    }
+    vStored.push_back(&Stored);
   }
-  AppendInOrder(std::move(vAgreements), vOrder);
+  std::vector<std::size_t> vPlaces;
+  if (const std::optional<PrintGroup> Failed = FindPrintOrder(vOrdered, vPlaces)) {
+    TrRuleInternal::HaltForOrder(*Failed);
+  }
+  std::vector<const Constraint*> vOrder;
+  vOrder.reserve(vPlaces.size());
+  for (const std::size_t Place : vPlaces) {
+    vOrder.push_back(vStored[Place]);
+  }
   return vOrder;
 }
 
@@ -1219,14 +1139,6 @@ namespace {
 
 /// Stands for a value that is not there, in arguments and in results.
 constexpr std::string_view NoValue = "empty";
-
-/// The key that a constraint is stored under.
-std::string ConstraintKey(int Category, int ConstrainedIndex, std::string_view Feature,
-                          std::string_view Value) {
-  std::string Key;
-  Append(Key, {Decimal(Category), "__", Decimal(ConstrainedIndex), "__", Feature, "__", Value});
-  return Key;
-}
 
 }  // namespace
 
@@ -1352,73 +1264,15 @@ void TrRule::SetConstraint(int ConstrainedIndexPassIn, std::string FeaturePassIn
   InsertConstraintIntoMap(std::move(New));
 }
 
-namespace {
-
-/// The alternatives of a value, "(*OR* SG PL)" or "SG", that are not in the set yet; they are
-/// added to it and appended to the text, each behind a blank.
-void AppendAlternatives(const std::string& Value, std::set<std::string>& ssTakenReturn,
-                        std::string& TextReturn) {
-  PieceCutter Pieces(Value, " ");
-  for (std::string_view Piece; Pieces.Next(Piece);) {
-    std::string Alternative(TrRuleInternal::TrimmedPiece(Piece));
-    Alternative = StringUtils::ReplaceAll(std::move(Alternative), "(*OR*", "");
-    Alternative = StringUtils::ReplaceAll(std::move(Alternative), ")", "");
-    if (!Alternative.empty() && ssTakenReturn.insert(Alternative).second) {
-      TextReturn.append(" ").append(Alternative);
-    }
-  }
-}
-
-std::string MergedValue(const std::string& OldValue, const std::string& NewValue) {
-  std::set<std::string> ssTaken;
-  std::string Merged = "(*OR*";
-  AppendAlternatives(OldValue, ssTaken, Merged);
-  AppendAlternatives(NewValue, ssTaken, Merged);
-  return Merged += ')';
-}
-
-/// Whether an entry beside the place of a key begins with the prefix of that key; all entries that
-/// do stand together.
-bool HasNeighbour(const ConstraintMap& Constraints, ConstraintMap::const_iterator Place,
-                  std::string_view Prefix) {
-  return (Place != Constraints.end() && StartsWith(Place->first, Prefix)) ||
-         (Place != Constraints.begin() && StartsWith(std::prev(Place)->first, Prefix));
-}
-
-}  // namespace
-
 bool TrRule::InsertConstraintIntoMap(Constraint ConstraintPassIn) {
-  std::string Key = ConstraintKey(ConstraintPassIn.Category, ConstraintPassIn.ConstrainedIndex,
-                                  ConstraintPassIn.Feature, ConstraintPassIn.FeatValue);
-  auto Place = ConstraintsMap.lower_bound(Key);
-  if (Place != ConstraintsMap.end() && Place->first == Key) {
-    return false;
-  }
-  const std::size_t PrefixSize = Key.size() - ConstraintPassIn.FeatValue.size();
-  const std::string_view Prefix = std::string_view(Key).substr(0, PrefixSize);
-  if (ConstraintPassIn.ValueConstraint && HasNeighbour(ConstraintsMap, Place, Prefix)) {
-    MergeStoredValues(ConstraintPassIn, std::string(Prefix));
-    Key.replace(PrefixSize, std::string::npos, ConstraintPassIn.FeatValue);
-    Place = ConstraintsMap.lower_bound(Key);
-  }
-  ConstraintsMap.emplace_hint(Place, std::move(Key), std::move(ConstraintPassIn));
-  return true;
-}
-
-void TrRule::MergeStoredValues(Constraint& ConstraintReturn, const std::string& Prefix) {
-  auto Entry = ConstraintsMap.lower_bound(Prefix);
-  while (Entry != ConstraintsMap.end() && StartsWith(Entry->first, Prefix)) {
-    if (!Entry->second.ValueConstraint) {
-      ++Entry;
-      continue;
-    }
-    const std::string& OldValue = Entry->second.FeatValue;
-    std::string& NewValue = ConstraintReturn.FeatValue;
-    std::cout << "OldFeat:|" << OldValue << "|\nInsertFeat:|" << NewValue << "|\n";
-    NewValue = MergedValue(OldValue, NewValue);
-    std::cout << "NewKey is now:" << Prefix << NewValue << '\n';
-    Entry = ConstraintsMap.erase(Entry);
-  }
+  std::vector<Merging> vMergings;
+  const bool IsNew = RuleLoader(*this).AddConstraint(
+      {ConstraintPassIn.Category, ConstraintPassIn.ConstrainedIndex,
+       std::move(ConstraintPassIn.Feature), std::move(ConstraintPassIn.FeatValue),
+       ConstraintPassIn.ValueConstraint},
+      ConstraintPassIn.RankInCategory, vMergings);
+  PrintMergings(vMergings);
+  return IsNew;
 }
 
 namespace {
@@ -1459,8 +1313,8 @@ bool TrRule::EraseConstraint(int ConstrainedIndexPassIn, std::string FeaturePass
       HaltForOtherValue(Found->first);
     }
     const std::string& ErasedValue = FeatValuePassIn != NoValue ? FeatValuePassIn : FeatAgrPassIn;
-    ConstraintsMap.erase(
-        ConstraintKey(Found->second.Category, ConstrainedIndexPassIn, FeaturePassIn, ErasedValue));
+    ConstraintsMap.erase(TrRuleInternal::ConstraintKey(
+        Found->second.Category, ConstrainedIndexPassIn, FeaturePassIn, ErasedValue));
   }
   TraceKeys("Constraints map after erasing:", ConstraintsMap);
   return HasFound;

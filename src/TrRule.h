@@ -453,16 +453,10 @@ class __attribute__((visibility("default"))) TrRule {
   bool IsOneToOne(int XPassIn, int YPassIn) const;
   std::vector<std::string> GetConstraintsInPrintOrder();
 
-  /// What the reader knows from line to line: which of the lines that a rule needs it has seen,
-  /// and the storage that its constraint lines are read in.
-  struct ReadState {
-    bool HasTypeLine = false;
-    bool HasAlignment = false;
-    std::string Scratch;
-  };
+  // The loader fills the members without a word.
+  friend class TrRuleInternal::RuleLoader;
 
-  bool ParseLine(std::string_view Line, ReadState& StateReturn);
-  void ParseHeader(std::string_view Line);
+  bool ParseLine(std::string_view Line, TrRuleInternal::RuleLoader& LoaderReturn);
   bool ParseTypeAndSequences(std::string_view Line);
   bool ParseSLPart(std::string_view Part);
   bool ParseTLPart(std::string_view Part);
@@ -476,7 +470,6 @@ class __attribute__((visibility("default"))) TrRule {
   std::string ComparisonText() const;
   bool HasCanonicalAlignments() const;
   std::vector<const Constraint*> ConstraintsInPrintOrder() const;
-  void MergeStoredValues(Constraint& ConstraintReturn, const std::string& Prefix);
 
   std::vector<std::string> Comments;
   std::vector<std::string> SLWords;

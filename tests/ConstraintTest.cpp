@@ -6,7 +6,6 @@
 #include "StringUtils.h"
 #include "support/ChildProcess.h"
 #include "support/DebugLevel.h"
-#include "support/PrivateAccess.h"
 #include "support/Samples.h"
 #include "support/SlowTwins.h"
 #include "support/StreamCapture.h"
@@ -22,12 +21,6 @@
 #include <vector>
 
 using std::string_literals::operator""s;
-
-struct UsualFormTag {
-  using Member = bool (Constraint::*)(std::string_view);
-  friend constexpr Member GetMember(UsualFormTag Tag);
-};
-template struct PrivateMember<UsualFormTag, &Constraint::ParseUsualForm>;
 
 namespace {
 
@@ -465,70 +458,6 @@ TEST(Constraint, ReadsEveryPrefixOfTheSampleTextsStepByStep) {
 //
 // What is not in the usual form is read step by step and comes out the same, only later; so the
 // tests above would not notice if nothing were read in one go.
-
-namespace {
-
-bool ReadsInOneGo(Constraint& Record, std::string_view Text) {
-  return (Record.*GetMember(UsualFormTag()))(Text);
-}
-
-}  // namespace
-
-TEST(ConstraintUsualForm, IsReadInOneGo) {
-  const std::string Word = "+-_0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
-  for (const std::string& sText :
-       {"(x0 = x3)"s, "(Y0 = X0)"s, "(x12 == y345678901)"s, "(y1 == (y0 det))"s, "((x0 det) = x1)"s,
-        "((y1 num) = sg)"s, "((x1 tense) = +)"s, "((y3 agr) = (y2 agr))"s, "((y0 agr) = (x2 agr))"s,
-        "((x1 num) = (*OR* sg pl))"s, "((X1 NUM) = (*NOT* SG))"s, "((x1 num) = (* sg ** pl *))"s,
-        "((x1 " + Word + ") = " + Word + ")", "((x1 num) = (y1 " + Word + "))",
-        "((x1 num) = (*" + Word + "))"}) {
-    Constraint Record;
-    ASSERT_TRUE(ReadsInOneGo(Record, sText)) << sText;
-    EXPECT_EQ(Fields(Record), Fields(Slow::Read(sText).Record)) << sText;
-  }
-}
-
-TEST(ConstraintUsualForm, LeavesTheRestToTheGeneralRules) {
-  for (const std::string_view Text : {"",
-                                      "(",
-                                      "((",
-                                      "x1 = x2",
-                                      "(x = x1)",
-                                      "(z1 = x1)",
-                                      "(x1",
-                                      "(x1 = x)",
-                                      "(x1 = sg)",
-                                      "(x1 = x2",
-                                      "(x1 = x2))",
-                                      "(x1=x2)",
-                                      "(x1 === x2)",
-                                      "(x1 = (*OR* sg))",
-                                      "(x1 = (y2))",
-                                      "(x9999999999 = x1)",
-                                      "((x num) = sg)",
-                                      "((x1num) = sg)",
-                                      "((x1 num)= sg)",
-                                      "((x1 num) =sg)",
-                                      "((x1 num) == sg)",
-                                      "((x1 ) = sg)",
-                                      "((x1 num) = )",
-                                      "((x1 num) = sg",
-                                      "((x1 num) = sg))",
-                                      "((x1 num) = (y2))",
-                                      "((x1 num) = (y2 ))",
-                                      "((x1 num) = (y2 num)",
-                                      "((x1 num) = (z2 num))",
-                                      "((x1 num) = (sg))",
-                                      "((x1 num) = (*OR* sg)",
-                                      "((x1 num) = (*OR* s.g))",
-                                      "((y3 agr gen) = sg)",
-                                      "((x1 n\xE9) = sg)",
-                                      "((x1 num) = s.g)"}) {
-    Constraint Record;
-    EXPECT_FALSE(ReadsInOneGo(Record, Text)) << Text;
-    EXPECT_EQ(Fields(Record), EmptyFields) << Text;
-  }
-}
 
 // ---- Writing ----------------------------------------------------------------------------------
 

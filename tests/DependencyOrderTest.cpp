@@ -6,10 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/ChildProcess.h"
-
 #include <climits>
-#include <iostream>
 #include <map>
 #include <random>
 #include <set>
@@ -18,7 +15,6 @@
 #include <vector>
 
 using TrRuleInternal::OrderByDependency;
-using TrRuleInternal::OrderOrHalt;
 using TrRuleInternal::Reference;
 
 namespace {
@@ -100,13 +96,6 @@ DependencyTable RandomTable(std::mt19937& Engine, bool Damage) {
   return misiTable;
 }
 
-const char* const Category1 =
-    "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category1 order.";
-const char* const Category2 =
-    "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category2 order.";
-const char* const Category3and4 =
-    "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category3and4 order.";
-
 }  // namespace
 
 TEST(DependencyOrder, GoesByLevelsAndAscendsWithinALevel) {
@@ -184,25 +173,4 @@ TEST(DependencyOrder, TakesReferencesInAnyOrderAndSeveralTimes) {
   const std::vector<Reference> vReferences{{4, 4}, {2, 3}, {1, 2}, {2, 3}, {1, 9}, {1, 2}, {4, 4}};
   EXPECT_EQ(OrderOfReferences(vReferences), Result(true, {2, 4, 1}));
   EXPECT_EQ(OrderOfReferences({vReferences.rbegin(), vReferences.rend()}), Result(true, {2, 4, 1}));
-}
-
-TEST(DependencyOrder, OrderOrHaltGivesTheOrder) {
-  EXPECT_EQ(OrderOrHalt({}, HaltReason::Category1Order, Category1), Ints{});
-  EXPECT_EQ(OrderOrHalt({{1, 2}, {2, 3}}, HaltReason::Category1Order, Category1), (Ints{2, 1}));
-}
-
-TEST(DependencyOrder, OrderOrHaltEndsTheProcessAtACycle) {
-  const std::pair<HaltReason, const char*> Cases[] = {
-      {HaltReason::Category1Order, Category1},
-      {HaltReason::Category2Order, Category2},
-      {HaltReason::Category3and4Order, Category3and4},
-  };
-  for (const auto& Each : Cases) {
-    SCOPED_TRACE(Each.second);
-    const ChildEnd End = RunInChild([&Each] {
-      OrderOrHalt({{1, 2}, {2, 1}, {3, 3}}, Each.first, Each.second);
-      std::cout << "not reached\n";
-    });
-    EXPECT_EQ(End, (ChildEnd{1, "", std::string(Each.second) + "\n"}));
-  }
 }

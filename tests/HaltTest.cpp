@@ -5,7 +5,7 @@
 #include "Halt.h"
 
 #include "Constraint.h"
-#include "DependencyOrder.h"
+#include "PrintOrder.h"
 #include "StringUtils.h"
 #include "TrRule.h"
 #include "support/ChildProcess.h"
@@ -117,11 +117,7 @@ const FatalInput FatalInputs[] = {
      PrintedHead, "NP||||(X1 = X2)|(X2 = X1)", ClearConstraints},
     // No rule leads to this one: category 2 is ordered by index.
     {"a cycle in category 2", HaltReason::Category2Order, Nothing,
-     [](TrRule& /*Rule*/) {
-       TrRuleInternal::OrderOrHalt({{1, 2}, {2, 1}}, HaltReason::Category2Order,
-                                   "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't "
-                                   "resolve Category2 order.");
-     },
+     [](TrRule& /*Rule*/) { TrRuleInternal::HaltForOrder(TrRuleInternal::PrintGroup::Category2); },
      "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category2 order.", false, "",
      "NP|||", Nothing},
     {"a cycle in categories 3 and 4", HaltReason::Category3and4Order,
@@ -461,20 +457,6 @@ TEST(FatalInputs, KeepBytesOfEveryKindInTheMessage) {
             (Written{"", Message + '\n'}));
   EXPECT_EQ(Halt, (Halted{HaltReason::AlignmentFormat, Message}));
   EXPECT_EQ(Rule.GetAlignmentStr(), Text);
-}
-
-TEST(FatalInputs, DoNotHaltWhereTheTableHasNoCycle) {
-  std::vector<int> vOrder;
-  EXPECT_EQ(WrittenBy([&] {
-              EXPECT_EQ(HaltOf([&] {
-                          vOrder =
-                              TrRuleInternal::OrderOrHalt({{1, 2}, {2, 2}, {2, 3}, {4, 4}},
-                                                          HaltReason::Category2Order, "unused");
-                        }),
-                        std::nullopt);
-            }),
-            (Written{"", ""}));
-  EXPECT_EQ(vOrder, (std::vector<int>{2, 4, 1}));
 }
 
 // ---- The calls that never return

@@ -1,0 +1,61 @@
+#include "ConstraintStore.h"
+
+#include "Ascii.h"
+#include "PieceCutter.h"
+#include "StringUtils.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+namespace TrRuleInternal {
+
+std::string ConstraintKey(int Category, int ConstrainedIndex, std::string_view Feature,
+                          std::string_view FeatValue) {
+  constexpr char Separator = '_';
+  constexpr std::ptrdiff_t SeparatorSize = 2;
+  const Decimal CategoryText(Category);
+  const Decimal IndexText(ConstrainedIndex);
+  const std::array<std::string_view, 4> Parts{CategoryText, IndexText, Feature, FeatValue};
+  std::size_t Size = (Parts.size() - 1) * SeparatorSize;
+  for (const std::string_view Part : Parts) {
+    Size += Part.size();
+  }
+  std::string Key(Size, Separator);
+  auto At = Key.begin() - SeparatorSize;
+  for (const std::string_view Part : Parts) {
+    At = std::copy(Part.begin(), Part.end(), At + SeparatorSize);
+  }
+  return Key;
+}
+
+namespace {
+
+constexpr const char* DisjunctionOpen = "(*OR*";
+
+/// The alternatives of a value, "(*OR* SG PL)" or "SG", that are not in the set yet; they are
+/// added to it and appended to the text, each behind a blank.
+void AppendAlternatives(const std::string& Value, std::set<std::string>& ssTakenReturn,
+                        std::string& TextReturn) {
+  PieceCutter Pieces(Value, " ");
+  for (std::string_view Piece; Pieces.Next(Piece);) {
+    std::string Alternative(TrimmedPiece(Piece));
+    Alternative = StringUtils::ReplaceAll(std::move(Alternative), DisjunctionOpen, "");
+    Alternative = StringUtils::ReplaceAll(std::move(Alternative), ")", "");
+    if (!Alternative.empty() && ssTakenReturn.insert(Alternative).second) {
+      TextReturn.append(" ").append(Alternative);
+    }
+  }
+}
+
+}  // namespace
+
+std::string MergedValue(const std::string& OldValue, const std::string& NewValue) {
+  std::set<std::string> ssTaken;
+  std::string Merged = DisjunctionOpen;
+  AppendAlternatives(OldValue, ssTaken, Merged);
+  AppendAlternatives(NewValue, ssTaken, Merged);
+  return Merged += ')';
+}
+
+}  // namespace TrRuleInternal

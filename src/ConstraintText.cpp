@@ -1,0 +1,356 @@
+// Sections, in the order of the header: the common form, the fields it gives, the lenient rules,
+// the agreed index.
+
+#include "ConstraintText.h"
+
+#include "Ascii.h"
+#include "PieceCutter.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace TrRuleInternal {
+
+// ---- The common form --------------------------------------------------------------------------
+
+namespace {
+
+// Node = ( "x" | "X" | "y" | "Y" ) Index
+bool TakeNode(std::string_view& TextReturn, NodeText& NodeReturn) {
+  NodeReturn.Text = TextReturn;
+  NodeReturn.Side = TextReturn.empty() ? ' ' : ToUpper(TextReturn.front());
+  if (NodeReturn.Side != 'X' && NodeReturn.Side != 'Y') {
+    return false;
+  }
+  TextReturn.remove_prefix(1);
+  NodeReturn.Index = TakeNumber(TextReturn);
+  NodeReturn.Text.remove_suffix(TextReturn.size());
+  return NodeReturn.Index >= 0;
+}
+
+/// The bytes of features and values that mean nothing but themselves.
+constexpr std::array<bool, 256> WordBytes() {
+  std::array<bool, 256> Table{};
+  for (const char Byte : std::string_view("+-_0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ")) {
+    Table[static_cast<unsigned char>(Byte)] = true;
+    Table[static_cast<unsigned char>(ToLower(Byte))] = true;
+  }
+  return Table;
+}
+
+/// Takes a word, which may be empty, off the front of a text.
+std::string_view TakeWord(std::string_view& TextReturn) {
+  static constexpr std::array<bool, 256> IsWordByte = WordBytes();
+  std::size_t Size = 0;
+  while (Size < TextReturn.size() && IsWordByte[static_cast<unsigned char>(TextReturn[Size])]) {
+    ++Size;
+  }
+  const std::string_view Word = TextReturn.substr(0, Size);
+  TextReturn.remove_prefix(Size);
+  return Word;
+}
+
+/// Takes words with the blanks between them, "sg pl", off the front of a text.
+std::string_view TakeWords(std::string_view& TextReturn) {
+  const std::string_view Before = TextReturn;
+  while (!TakeWord(TextReturn).empty() || Take(TextReturn, " ")) {
+  }
+  return Before.substr(0, Before.size() - TextReturn.size());
+}
+
+/// Whether a text begins with a mark, in small letters or capitals, and a blank behind it.
+bool BeginsWithMark(std::string_view Text, std::string_view Capitals) {
+  const auto IsSame = [](char Written, char Capital) { return ToUpper(Written) == Capital; };
+  return Text.size() > Capitals.size() && Text[Capitals.size()] == ' ' &&
+         std::equal(Capitals.begin(), Capitals.end(), Text.begin(),
+                    [&](char Capital, char Written) { return IsSame(Written, Capital); });
+}
+
+// Marked = "(*OR* " Words "))" | "(*NOT* " Words "))"
+bool ParseMarked(std::string_view Text, ConstraintParts& PartsReturn) {
+  const bool IsOr = BeginsWithMark(Text, "(*OR*");
+  if (!IsOr && !BeginsWithMark(Text, "(*NOT*")) {
+    return false;
+  }
+  PartsReturn.Kind = IsOr ? RightKind::Or : RightKind::Not;
+  PartsReturn.Right = Text.substr(0, Text.size() - 1);
+  Text.remove_prefix(Text.find(' ') + 1);
+  PartsReturn.Value = WithoutTrailingSpace(TakeWords(Text));
+  return !PartsReturn.Value.empty() && Text == "))";
+}
+
+// Reference = "(" Node " " Word "))"
+bool ParseReference(std::string_view Text, ConstraintParts& PartsReturn) {
+  PartsReturn.Kind = RightKind::Reference;
+  PartsReturn.Right = Text.substr(0, Text.size() - 1);
+  NodeText Node;
+  if (!Take(Text, "(") || !TakeNode(Text, Node) || !Take(Text, " ")) {
+    return false;
+  }
+  PartsReturn.RightNode = Node;
+  PartsReturn.RightFeature = TakeWord(Text);
+  return !PartsReturn.RightFeature.empty() && Text == "))";
+}
+
+// Word = Node ")" for a whole node | Value ")"
+bool ParseWord(std::string_view Text, ConstraintParts& PartsReturn) {
+  PartsReturn.Value = TakeWord(Text);
+  PartsReturn.Right = PartsReturn.Value;
+  PartsReturn.Kind = PartsReturn.IsWholeNode ? RightKind::Node : RightKind::Value;
+  std::string_view Rest = PartsReturn.Value;
+  NodeText Node;
+  if (TakeNode(Rest, Node) && Rest.empty()) {
+    PartsReturn.RightNode = Node;
+  } else if (PartsReturn.IsWholeNode) {
+    return false;
+  }
+  return !PartsReturn.Value.empty() && Text == ")";
+}
+
+// RightSide = Marked, for a feature | Reference | Word
+bool ParseRightSide(std::string_view Text, ConstraintParts& PartsReturn) {
+  if (!StartsWith(Text, "(")) {
+    return ParseWord(Text, PartsReturn);
+  }
+  if (StartsWith(Text, "(*")) {
+    return !PartsReturn.IsWholeNode && ParseMarked(Text, PartsReturn);
+  }
+  return ParseReference(Text, PartsReturn);
+}
+
+/// Takes the signs between the sides off the front of a text: one, or for a whole node also two.
+bool TakeEquals(std::string_view& TextReturn, ConstraintParts& PartsReturn) {
+  if (!Take(TextReturn, PartsReturn.IsWholeNode ? " =" : ") =")) {
+    return false;
+  }
+  const bool IsDoubled = PartsReturn.IsWholeNode && StartsWith(TextReturn, "=");
+  PartsReturn.Equals = std::string_view(TextReturn.data() - 1, IsDoubled ? 2 : 1);
+  TextReturn.remove_prefix(IsDoubled ? 1 : 0);
+  return Take(TextReturn, " ");
+}
+
+}  // namespace
+
+// CommonForm = "((" Node " " Word ") = " RightSide
+//            | "(" Node ( " = " | " == " ) RightSide
+bool ParseCommonForm(std::string_view Text, ConstraintParts& PartsReturn) {
+  PartsReturn.IsWholeNode = !Take(Text, "((");
+  PartsReturn.RightNode.reset();
+  if (PartsReturn.IsWholeNode && !Take(Text, "(")) {
+    return false;
+  }
+  if (!TakeNode(Text, PartsReturn.Left)) {
+    return false;
+  }
+  if (!PartsReturn.IsWholeNode) {
+    if (!Take(Text, " ")) {
+      return false;
+    }
+    PartsReturn.Feature = TakeWord(Text);
+    if (PartsReturn.Feature.empty()) {
+      return false;
+    }
+  }
+  return TakeEquals(Text, PartsReturn) && ParseRightSide(Text, PartsReturn);
+}
+
+// ---- The fields of the common form ------------------------------------------------------------
+
+namespace {
+
+constexpr int SourceNode = 1;
+constexpr int FromSource = 2;
+constexpr int TargetRoot = 3;
+constexpr int TargetNode = 4;
+constexpr int UnknownCategory = -1;
+
+/// A target node's feature whose value holds an X anywhere counts as coming from the source side,
+/// also where that is a word of its own, such as NEXT.
+int WithSource(int Category, std::string_view FeatValue) {
+  const bool IsTarget = Category == TargetRoot || Category == TargetNode;
+  return IsTarget && FeatValue.find('X') != std::string_view::npos ? FromSource : Category;
+}
+
+int CategoryOfSide(const NodeText& Node) {
+  if (Node.Side == 'X') {
+    return SourceNode;
+  }
+  return Node.Text[1] == '0' ? TargetRoot : TargetNode;
+}
+
+/// The right side as it is kept: without the parenthesis that ends a reference or a negation.
+std::string_view KeptRight(const ConstraintParts& Parts) {
+  switch (Parts.Kind) {
+    case RightKind::Reference:
+      return Parts.Right.substr(
+          0, Parts.IsWholeNode ? Parts.Right.size() - 1 : Parts.RightNode->Text.size() + 1);
+    case RightKind::Not:
+      return Parts.Right.substr(0, Parts.Right.size() - 1);
+    default:
+      return Parts.Right;
+  }
+}
+
+}  // namespace
+
+ConstraintFields FieldsOfCommonForm(const ConstraintParts& Parts) {
+  ConstraintFields Fields;
+  Fields.Category = CategoryOfSide(Parts.Left);
+  Fields.ConstrainedIndex = Parts.Left.Index;
+  Fields.Feature = Parts.IsWholeNode ? std::string(WholeNode) : Upper(std::string(Parts.Feature));
+  Fields.FeatValue = Upper(std::string(KeptRight(Parts)));
+  Fields.ValueConstraint = !Parts.IsWholeNode && Parts.Kind != RightKind::Reference;
+  if (!Parts.IsWholeNode) {
+    Fields.Category = WithSource(Fields.Category, Fields.FeatValue);
+  }
+  return Fields;
+}
+
+// ---- The lenient rules ------------------------------------------------------------------------
+
+namespace {
+
+/// The text without leading and trailing white space.
+std::string_view TrimmedText(std::string_view Text) {
+  return WithoutTrailingSpace(WithoutLeadingSpace(Text, PieceCutter::MaxRest));
+}
+
+/// Whether a blank between two bytes separates a node's name from its feature: it follows a digit
+/// and is not the blank before "=" or "*". Such a blank is kept; the others mean nothing.
+constexpr bool IsFeatureBlank(char Previous, char Next) {
+  return IsDigit(Previous) && Next != '=' && Next != '*';
+}
+
+/// The text, which begins and ends with something else than a blank, in capitals and without white
+/// space, but for one blank between a node's name and its feature.
+std::string Compact(std::string_view Text) {
+  std::string Compacted(Text.size(), '\0');
+  std::size_t Size = 0;
+  for (std::size_t Position = 0; Position < Text.size(); ++Position) {
+    if (!IsSpace(Text[Position])) {
+      Compacted[Size++] = ToUpper(Text[Position]);
+    } else if (IsFeatureBlank(Text[Position - 1], Text[Position + 1])) {
+      Compacted[Size++] = ' ';
+    }
+  }
+  Compacted.resize(Size);
+  return Compacted;
+}
+
+/// A node's name, "((X0" or "(Y12", without its parentheses and side letters.
+int ParseNodeIndex(std::string_view Node) {
+  const auto IsSkipped = [](char Byte) { return Byte == '(' || Byte == 'X' || Byte == 'Y'; };
+  const std::string_view Name = DropFront(Node, IsSkipped);
+  if (std::none_of(Name.begin(), Name.end(), IsSkipped)) {
+    return ToInt(Name);
+  }
+  std::string Number(Name);
+  Number.erase(std::remove_if(Number.begin(), Number.end(), IsSkipped), Number.end());
+  return ToInt(Number);
+}
+
+/// The value that a right side holds, in capitals: the text up to its first ")", which a
+/// disjunction gets back. A negation does not: "(*NOT* SG" is how such a value is kept and written.
+std::string ParseValue(std::string_view RightSide) {
+  std::string Value = Upper(std::string(RightSide.substr(0, RightSide.find(')'))));
+  if (Contains(Value, "*OR*")) {
+    Value += ')';
+  }
+  return Value;
+}
+
+/// The category that the left side of a constraint gives by itself: 1 where it holds "(X", else 3
+/// where it holds "(Y0", else 4 where it holds "(Y"; unknown where it names no node.
+int CategoryOfText(std::string_view LeftSide) {
+  if (Contains(LeftSide, "(X")) {
+    return SourceNode;
+  }
+  if (!Contains(LeftSide, "(Y")) {
+    return UnknownCategory;
+  }
+  return Contains(LeftSide, "(Y0") ? TargetRoot : TargetNode;
+}
+
+bool HasOnePiece(std::string_view Text, std::string_view Delimiter) {
+  PieceCutter Cutter(Text, Delimiter);
+  std::string_view Piece;
+  return Cutter.Next(Piece) && !Cutter.Next(Piece);
+}
+
+// FeatureForm = "((" Side Index " " Feature ")=" ( "(" Side Index " " Feature "))" | Value ")" ).
+// A value is taken from the side as it was written, so that the blanks of a disjunction survive.
+void ReadFeatureForm(const PiecePair& Compacted, std::string_view WrittenRightSide,
+                     ConstraintFields& FieldsReturn) {
+  const auto& [LeftSide, RightSide] = Compacted;
+  const bool IsValue = !StartsWith(RightSide, "(X") && !StartsWith(RightSide, "(Y");
+  FieldsReturn.ValueConstraint = IsValue;
+  if (IsValue && Contains(RightSide, ")")) {
+    FieldsReturn.FeatValue = ParseValue(WrittenRightSide);
+  } else if (!IsValue && Contains(RightSide, " ")) {
+    FieldsReturn.FeatValue = RightSide.substr(0, RightSide.find(' '));
+  }
+  FieldsReturn.Category = WithSource(CategoryOfText(LeftSide), FieldsReturn.FeatValue);
+  const std::size_t Blank = LeftSide.find(' ');
+  FieldsReturn.ConstrainedIndex = ParseNodeIndex(LeftSide.substr(0, Blank));
+  if (Blank != std::string_view::npos) {
+    FieldsReturn.Feature = LeftSide.substr(Blank + 1);
+  }
+}
+
+// WholeNodeForm = "(" Side Index "=" ( Side Index | "(" Side Index " " Feature ")" ) ")".
+void ReadWholeNodeForm(const PiecePair& Compacted, ConstraintFields& FieldsReturn) {
+  const auto& [LeftSide, RightSide] = Compacted;
+  FieldsReturn.ValueConstraint = false;
+  FieldsReturn.Feature = WholeNode;
+  const int Category = CategoryOfText(LeftSide);
+  FieldsReturn.Category = Category == UnknownCategory ? TargetNode : Category;
+  // A blank stands only behind a digit, and so ends the number like any other byte.
+  FieldsReturn.ConstrainedIndex = ParseNodeIndex(LeftSide);
+  if (Contains(RightSide, ")")) {
+    FieldsReturn.FeatValue = ParseValue(RightSide);
+  }
+}
+
+}  // namespace
+
+// Constraint = CommonForm | Side "=" Side, any number of "=" counting as one
+bool ReadConstraint(std::string_view Written, ConstraintFields& FieldsReturn) {
+  const std::string_view Whole = TrimmedText(Written);
+  // What lies far behind a cut is dropped, which only the lenient rules see to.
+  ConstraintParts Parts;
+  if (Whole.size() <= PieceCutter::MaxRest && ParseCommonForm(Whole, Parts)) {
+    FieldsReturn = FieldsOfCommonForm(Parts);
+    return true;
+  }
+  const std::optional<PiecePair> Sides = CutInTwo(Whole, "=");
+  if (!Sides) {
+    return false;
+  }
+  const std::string Text = Compact(Whole);
+  if (const std::optional<PiecePair> Compacted = CutInTwo(Text, ")=")) {
+    ReadFeatureForm(*Compacted, TrimmedText(Sides->Second), FieldsReturn);
+    return true;
+  }
+  if (!HasOnePiece(Text, ")=")) {
+    return false;
+  }
+  if (const std::optional<PiecePair> Compacted = CutInTwo(Text, "=")) {
+    ReadWholeNodeForm(*Compacted, FieldsReturn);
+  }
+  return true;
+}
+
+// ---- The agreed index -------------------------------------------------------------------------
+
+int AgreedIndexIn(std::string_view FeatValue) {
+  constexpr std::size_t MaxNumber = 1000;
+  constexpr int UnknownIndex = -1;
+  const std::size_t Letter = FeatValue.find_last_of("XY");
+  if (Letter == std::string_view::npos || Letter + 1 == FeatValue.size()) {
+    return UnknownIndex;
+  }
+  return ToInt(FeatValue.substr(Letter + 1, MaxNumber));
+}
+
+}  // namespace TrRuleInternal

@@ -1,0 +1,146 @@
+#include "PrintOrder.h"
+
+#include "DependencyOrder.h"
+#include "Halt.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <tuple>
+#include <utility>
+
+namespace TrRuleInternal {
+
+namespace {
+
+/// An agreement with the group that it is ordered in, and its place among all constraints.
+struct Agreement {
+  PrintGroup Group;
+  int Index;
+  std::size_t Place;
+  int AgreedIndex;
+};
+
+using AgreementIterator = std::vector<Agreement>::const_iterator;
+
+/// The group of a category; nothing for categories that are not written.
+std::optional<PrintGroup> GroupOfCategory(int Category) {
+  switch (Category) {
+    case 1:
+      return PrintGroup::Category1;
+    case 2:
+      return PrintGroup::Category2;
+    case 3:
+    case 4:
+      return PrintGroup::Category3and4;
+    default:
+      return std::nullopt;
+  }
+}
+
+bool ComesBefore(const Agreement& Left, const Agreement& Right) {
+  return std::tie(Left.Group, Left.Index, Left.Place) <
+         std::tie(Right.Group, Right.Index, Right.Place);
+}
+
+/// Appends the values, and gives the agreements, sorted by group, index and place.
+std::vector<Agreement> AppendValues(const std::vector<OrderedConstraint>& vConstraints,
+                                    std::vector<std::size_t>& vOrderReturn) {
+  std::vector<Agreement> vAgreements;
+  for (std::size_t Place = 0; Place < vConstraints.size(); ++Place) {
+    const OrderedConstraint& Constraint = vConstraints[Place];
+    if (!Constraint.AgreedIndex) {
+      vOrderReturn.push_back(Place);
+    } else if (const std::optional<PrintGroup> Group = GroupOfCategory(Constraint.Category)) {
+      vAgreements.reserve(vConstraints.size());
+      vAgreements.push_back({*Group, Constraint.ConstrainedIndex, Place, *Constraint.AgreedIndex});
+    }
+  }
+  std::sort(vAgreements.begin(), vAgreements.end(), ComesBefore);
+  return vAgreements;
+}
+
+/// Category 2 is ordered by index alone: there an agreement refers to nothing but its own node.
+std::vector<Reference> ReferencesOf(AgreementIterator First, AgreementIterator Last) {
+  std::vector<Reference> vReferences;
+  vReferences.reserve(static_cast<std::size_t>(std::distance(First, Last)));
+  for (; First != Last; ++First) {
+    vReferences.push_back(
+        {First->Index, First->Group == PrintGroup::Category2 ? First->Index : First->AgreedIndex});
+  }
+  return vReferences;
+}
+
+/// Appends the agreements that constrain the node of `First`, in the order of their places.
+void AppendOneIndex(AgreementIterator First, AgreementIterator Last,
+                    std::vector<std::size_t>& vOrderReturn) {
+  const int Index = First->Index;
+  for (; First != Last && First->Index == Index; ++First) {
+    vOrderReturn.push_back(First->Place);
+  }
+}
+
+/// Appends the agreements of a group, node by node in the order of their references.
+/// @return whether they can be put in order
+bool AppendGroup(AgreementIterator First, AgreementIterator Last,
+                 std::vector<std::size_t>& vOrderReturn) {
+  if (First->Index == std::prev(Last)->Index) {
+    AppendOneIndex(First, Last, vOrderReturn);
+    return true;
+  }
+  std::vector<int> vIndices;
+  if (!OrderByDependency(ReferencesOf(First, Last), vIndices)) {
+    return false;
+  }
+  for (const int Index : vIndices) {
+    const auto IsLower = [Index](const Agreement& Each) { return Each.Index < Index; };
+    AppendOneIndex(std::partition_point(First, Last, IsLower), Last, vOrderReturn);
+  }
+  return true;
+}
+
+}  // namespace
+
+std::optional<PrintGroup> FindPrintOrder(const std::vector<OrderedConstraint>& vConstraints,
+                                         std::vector<std::size_t>& vOrderReturn) {
+  vOrderReturn.clear();
+  vOrderReturn.reserve(vConstraints.size());
+  const std::vector<Agreement> vAgreements = AppendValues(vConstraints, vOrderReturn);
+  for (auto First = vAgreements.begin(); First != vAgreements.end();) {
+    const auto IsOfGroup = [Group = First->Group](const Agreement& Each) {
+      return Each.Group == Group;
+    };
+    const auto Last = std::partition_point(First, vAgreements.end(), IsOfGroup);
+    if (!AppendGroup(First, Last, vOrderReturn)) {
+      return First->Group;
+    }
+    First = Last;
+  }
+  return std::nullopt;
+}
+
+namespace {
+
+/// How the order of a group fails; the position in the array is the group's number.
+struct GroupFailure {
+  HaltReason What;
+  const char* Message;
+};
+
+constexpr std::array<GroupFailure, 3> GroupFailures{{
+    {HaltReason::Category1Order,
+     "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category1 order."},
+    {HaltReason::Category2Order,
+     "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category2 order."},
+    {HaltReason::Category3and4Order,
+     "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category3and4 order."},
+}};
+
+}  // namespace
+
+void HaltForOrder(PrintGroup Group) {
+  const auto& [What, Message] = GroupFailures[static_cast<std::size_t>(Group)];
+  Halt(What, Message);
+}
+
+}  // namespace TrRuleInternal

@@ -1,0 +1,86 @@
+#include "RuleLine.h"
+
+#include "Ascii.h"
+#include "PieceCutter.h"
+
+#include <algorithm>
+#include <array>
+
+namespace TrRuleInternal {
+
+namespace {
+
+/// The bytes of types and labels that mean nothing but themselves; white space is not among them.
+constexpr std::array<bool, 256> LabelBytes() {
+  std::array<bool, 256> Table{};
+  for (std::size_t Byte = 0; Byte < Table.size(); ++Byte) {
+    Table[Byte] = !IsSpace(static_cast<char>(Byte));
+  }
+  for (const char Byte : std::string_view("[]{}:;=>")) {
+    Table[static_cast<unsigned char>(Byte)] = false;
+  }
+  return Table;
+}
+
+/// Takes bytes of types and labels, and `Also`, off the front of a text; there may be none.
+std::string_view TakeLabelBytes(std::string_view& TextReturn, char Also) {
+  static constexpr std::array<bool, 256> IsLabelByte = LabelBytes();
+  std::size_t Size = 0;
+  while (Size < TextReturn.size() &&
+         (IsLabelByte[static_cast<unsigned char>(TextReturn[Size])] || TextReturn[Size] == Also)) {
+    ++Size;
+  }
+  const std::string_view Taken = TextReturn.substr(0, Size);
+  TextReturn.remove_prefix(Size);
+  return Taken;
+}
+
+std::string_view TakeType(std::string_view& TextReturn) {
+  constexpr char NothingElse = '_';
+  return TakeLabelBytes(TextReturn, NothingElse);
+}
+
+std::string_view TakeLabels(std::string_view& TextReturn) {
+  return TakeLabelBytes(TextReturn, ' ');
+}
+
+bool HasLabel(std::string_view Labels) {
+  return Labels.find_first_not_of(' ') != std::string_view::npos;
+}
+
+}  // namespace
+
+// CommonRuleLine = Type "::" Type ( " [" | " : [" ) Labels "] -> [" Labels "]"
+bool ParseCommonRuleLine(std::string_view Line, RuleLineParts& PartsReturn) {
+  PartsReturn.SLType = TakeType(Line);
+  if (!Take(Line, "::")) {
+    return false;
+  }
+  PartsReturn.TLType = TakeType(Line);
+  if (!Take(Line, " : [") && !Take(Line, " [")) {
+    return false;
+  }
+  PartsReturn.SLLabels = TakeLabels(Line);
+  if (!Take(Line, "] -> [")) {
+    return false;
+  }
+  PartsReturn.TLLabels = TakeLabels(Line);
+  return Line == "]" && !PartsReturn.SLType.empty() && !PartsReturn.TLType.empty() &&
+         HasLabel(PartsReturn.SLLabels) && HasLabel(PartsReturn.TLLabels);
+}
+
+// Labels = { " " } { Label " " { " " } }; what trimming leaves empty is no label.
+std::vector<std::string> ParseLabels(std::string_view Sequence) {
+  std::vector<std::string> vsLabels;
+  vsLabels.reserve(static_cast<std::size_t>(std::count(Sequence.begin(), Sequence.end(), ' ')) + 1);
+  PieceCutter Pieces(Sequence, " ");
+  for (std::string_view Piece; Pieces.Next(Piece);) {
+    const std::string_view Label = TrimmedPiece(Piece);
+    if (!Label.empty()) {
+      vsLabels.emplace_back(Label);
+    }
+  }
+  return vsLabels;
+}
+
+}  // namespace TrRuleInternal
