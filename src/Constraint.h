@@ -2,6 +2,9 @@
 
 #include "Tokenizer.h"
 
+// A static initialiser of a host may read a text, which may print a message: the streams have to be
+// there by then.
+#include <iostream>
 #include <string>
 #include <string_view>
 

@@ -1,13 +1,17 @@
 #pragma once
 
-#include "Constraint.h"
+// First, so that the settings are constructed before all else that a program sets up statically.
 #include "GlobalParams.h"
+
+#include "Constraint.h"
 #include "Halt.h"
 #include "LineUp.h"
 #include "StringUtils.h"
 #include "Tokenizer.h"
 #include "Utils.h"
 
+// A static initialiser of a host may print a rule: the streams have to be there by then.
+#include <iostream>
 #include <map>
 #include <set>
 #include <string>
