@@ -1238,13 +1238,6 @@ void TrRule::SetConstraint(int CategoryPassIn, int ConstrainedIndexPassIn,
                                      RankInCategoryPassIn, ValueConstraintPassIn));
 }
 
-void TrRule::SetConstraint(int CategoryPassIn, int ConstrainedIndexPassIn,
-                           std::string FeaturePassIn, std::string FeatValuePassIn,
-                           int RankInCategoryPassIn, int ValueConstraintPassIn) {
-  SetConstraint(CategoryPassIn, ConstrainedIndexPassIn, std::move(FeaturePassIn),
-                std::move(FeatValuePassIn), RankInCategoryPassIn, ValueConstraintPassIn != 0);
-}
-
 void TrRule::SetConstraint(std::string ConstraintPassIn) {
   InsertConstraintIntoMap(Constraint(std::move(ConstraintPassIn)));
 }
