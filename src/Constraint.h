@@ -50,17 +50,14 @@ class __attribute__((visibility("default"))) Constraint {
   /// leaves the constraint as `Constraint()` makes it. A whole-node text whose "=" signs leave
   /// fewer than two sides does the same without a message. Nothing ends the process. Linear.
   /// @param ConstraintPassIn the text
-  explicit Constraint(std::string ConstraintPassIn);
+  Constraint(std::string ConstraintPassIn);
 
-  /// Copies the six values.
+  /// Copies the six values. There is no move: `std::move` of a constraint leaves it as it was.
   Constraint(const Constraint& OtherPassIn);
-
-  /// Takes the six values over.
-  Constraint(Constraint&& OtherPassIn) noexcept;
 
   ~Constraint();
 
-  /// Takes the six values of the other constraint.
+  /// Copies the six values of the other constraint.
   void operator=(Constraint OtherPassIn);
 
   /// Orders constraints by their written text, byte by byte; rank and category count only where
@@ -114,12 +111,14 @@ class __attribute__((visibility("default"))) Constraint {
   int GetAgreedIndex(std::string FeatValuePassIn) const;
 
  private:
-  // A rule reads and writes its constraints in place.
+  // A rule reads and writes its constraints in place, and moves a new one into its map.
   friend class TrRule;
 
   /// Reads a text as `Constraint(std::string)` does, in storage that serves for many texts.
   Constraint(std::string_view Text, std::string& ScratchReturn);
 
+  /// Takes the six values out of a constraint that nobody needs any more.
+  void TakeOver(Constraint& OtherReturn);
   void AppendTo(std::string& TextReturn) const;
   static int AgreedIndexIn(std::string_view FeatValue);
   void Parse(std::string_view Text, std::string& ScratchReturn);

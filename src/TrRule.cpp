@@ -826,7 +826,8 @@ bool TrRule::ParseLine(std::string_view Line, ReadState& StateReturn) {
            ReadError("Alignment couldn't be set:" + std::string(Line));
   }
   if (Marks.Constraint) {
-    InsertConstraintIntoMap(Constraint(Line, StateReturn.Scratch));
+    Constraint New(Line, StateReturn.Scratch);
+    TakeConstraint(New);
   }
   return true;
 }
@@ -1233,13 +1234,14 @@ std::string ConstraintKey(int Category, int ConstrainedIndex, std::string_view F
 void TrRule::SetConstraint(int CategoryPassIn, int ConstrainedIndexPassIn,
                            std::string FeaturePassIn, std::string FeatValuePassIn,
                            int RankInCategoryPassIn, bool ValueConstraintPassIn) {
-  InsertConstraintIntoMap(Constraint(CategoryPassIn, ConstrainedIndexPassIn,
-                                     std::move(FeaturePassIn), std::move(FeatValuePassIn),
-                                     RankInCategoryPassIn, ValueConstraintPassIn));
+  Constraint New(CategoryPassIn, ConstrainedIndexPassIn, std::move(FeaturePassIn),
+                 std::move(FeatValuePassIn), RankInCategoryPassIn, ValueConstraintPassIn);
+  TakeConstraint(New);
 }
 
 void TrRule::SetConstraint(std::string ConstraintPassIn) {
-  InsertConstraintIntoMap(Constraint(std::move(ConstraintPassIn)));
+  Constraint New(std::move(ConstraintPassIn));
+  TakeConstraint(New);
 }
 
 namespace {
@@ -1342,7 +1344,7 @@ void TrRule::SetConstraint(int ConstrainedIndexPassIn, std::string FeaturePassIn
   New.SetRankInCategory(RankInCategoryPassIn);
   New.SetValueConstraint(IsValue);
   New.SetCategory(CategoryPassIn);
-  InsertConstraintIntoMap(std::move(New));
+  TakeConstraint(New);
 }
 
 namespace {
@@ -1370,6 +1372,12 @@ std::string MergedValue(const std::string& OldValue, const std::string& NewValue
   return Merged += ')';
 }
 
+/// Whether the entry at a place that `lower_bound` gave has that key.
+bool HasKey(const ConstraintMap& Constraints, ConstraintMap::const_iterator Place,
+            const std::string& Key) {
+  return Place != Constraints.end() && Place->first == Key;
+}
+
 /// Whether an entry beside the place of a key begins with the prefix of that key; all entries that
 /// do stand together.
 bool HasNeighbour(const ConstraintMap& Constraints, ConstraintMap::const_iterator Place,
@@ -1381,24 +1389,36 @@ bool HasNeighbour(const ConstraintMap& Constraints, ConstraintMap::const_iterato
 }  // namespace
 
 bool TrRule::InsertConstraintIntoMap(Constraint ConstraintPassIn) {
-  std::string Key = ConstraintKey(ConstraintPassIn.Category, ConstraintPassIn.ConstrainedIndex,
-                                  ConstraintPassIn.Feature, ConstraintPassIn.FeatValue);
+  return TakeConstraint(ConstraintPassIn);
+}
+
+bool TrRule::TakeConstraint(Constraint& NewReturn) {
+  std::string Key = ConstraintKey(NewReturn.Category, NewReturn.ConstrainedIndex, NewReturn.Feature,
+                                  NewReturn.FeatValue);
   auto Place = ConstraintsMap.lower_bound(Key);
-  if (Place != ConstraintsMap.end() && Place->first == Key) {
+  if (HasKey(ConstraintsMap, Place, Key)) {
     return false;
   }
-  const std::size_t PrefixSize = Key.size() - ConstraintPassIn.FeatValue.size();
+  const std::size_t PrefixSize = Key.size() - NewReturn.FeatValue.size();
   const std::string_view Prefix = std::string_view(Key).substr(0, PrefixSize);
-  if (ConstraintPassIn.ValueConstraint && HasNeighbour(ConstraintsMap, Place, Prefix)) {
-    MergeStoredValues(ConstraintPassIn, std::string(Prefix));
-    Key.replace(PrefixSize, std::string::npos, ConstraintPassIn.FeatValue);
+  if (NewReturn.ValueConstraint && HasNeighbour(ConstraintsMap, Place, Prefix)) {
+    MergeStoredValues(NewReturn, std::string(Prefix));
+    Key.replace(PrefixSize, std::string::npos, NewReturn.FeatValue);
     Place = ConstraintsMap.lower_bound(Key);
+    // An agreement may have the key of the merged value, and stays.
+    if (HasKey(ConstraintsMap, Place, Key)) {
+      return true;
+    }
   }
-  ConstraintsMap.emplace_hint(Place, std::move(Key), std::move(ConstraintPassIn));
+  // A constraint has no move: an empty one is put in place and filled there.
+  const auto Entry = ConstraintsMap.emplace_hint(Place, std::piecewise_construct,
+                                                 std::forward_as_tuple(std::move(Key)),
+                                                 std::forward_as_tuple());
+  Entry->second.TakeOver(NewReturn);
   return true;
 }
 
-void TrRule::MergeStoredValues(Constraint& ConstraintReturn, const std::string& Prefix) {
+void TrRule::MergeStoredValues(Constraint& NewReturn, const std::string& Prefix) {
   auto Entry = ConstraintsMap.lower_bound(Prefix);
   while (Entry != ConstraintsMap.end() && StartsWith(Entry->first, Prefix)) {
     if (!Entry->second.ValueConstraint) {
@@ -1406,7 +1426,7 @@ void TrRule::MergeStoredValues(Constraint& ConstraintReturn, const std::string& 
       continue;
     }
     const std::string& OldValue = Entry->second.FeatValue;
-    std::string& NewValue = ConstraintReturn.FeatValue;
+    std::string& NewValue = NewReturn.FeatValue;
     std::cout << "OldFeat:|" << OldValue << "|\nInsertFeat:|" << NewValue << "|\n";
     NewValue = MergedValue(OldValue, NewValue);
     std::cout << "NewKey is now:" << Prefix << NewValue << '\n';
@@ -1506,7 +1526,7 @@ std::string TextOf(const Constraint& Stored) {
   return Stored.ReturnAsString();
 }
 
-Constraint CopyOf(const Constraint& Stored) {
+const Constraint& Itself(const Constraint& Stored) {
   return Stored;
 }
 
@@ -1529,11 +1549,11 @@ std::set<std::string> TrRule::GetConstraintsAsSet(int CategoryPassIn) const {
 }
 
 std::set<Constraint> TrRule::GetConstraintsAsSetC() const {
-  return Collect<std::set<Constraint>>(ConstraintsMap, IsAny, CopyOf);
+  return Collect<std::set<Constraint>>(ConstraintsMap, IsAny, Itself);
 }
 
 std::set<Constraint> TrRule::GetConstraintsAsSetC(int CategoryPassIn) const {
-  return Collect<std::set<Constraint>>(ConstraintsMap, IsOfCategory(CategoryPassIn), CopyOf);
+  return Collect<std::set<Constraint>>(ConstraintsMap, IsOfCategory(CategoryPassIn), Itself);
 }
 
 std::map<std::string, std::pair<std::string, std::string>> TrRule::GetConstraintsForInd(

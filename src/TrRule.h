@@ -487,7 +487,8 @@ class __attribute__((visibility("default"))) TrRule {
   std::string ComparisonText() const;
   bool HasCanonicalAlignments() const;
   std::vector<const Constraint*> ConstraintsInPrintOrder() const;
-  void MergeStoredValues(Constraint& ConstraintReturn, const std::string& Prefix);
+  bool TakeConstraint(Constraint& NewReturn);
+  void MergeStoredValues(Constraint& NewReturn, const std::string& Prefix);
 
   std::vector<std::string> Comments;
   std::vector<std::string> SLWords;

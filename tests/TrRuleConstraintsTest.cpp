@@ -149,6 +149,13 @@ TEST(TrRuleConstraints, SameTextTwiceLeavesOneAndPrintsNothing) {
   }
 }
 
+TEST(TrRuleConstraints, ATextIsInsertedAsTheConstraintThatItIs) {
+  TrRule Rule;
+  EXPECT_TRUE(Rule.InsertConstraintIntoMap(std::string("(x0 = x3)")));
+  EXPECT_FALSE(Rule.InsertConstraintIntoMap("(X0 = X3)"s));
+  EXPECT_EQ(Records(Rule), (Strings{"1|0|all|X3|-1|agreement"}));
+}
+
 TEST(TrRuleConstraints, RuleKeepsCopies) {
   Constraint Record(4, 1, "NUM", "SG", 1, true);
   TrRule Rule;
