@@ -51,17 +51,19 @@ Constraint::Constraint(std::string ConstraintPassIn) : Constraint() {
 
 Constraint::Constraint(const Constraint& OtherPassIn) = default;
 
-Constraint::Constraint(Constraint&& OtherPassIn) noexcept = default;
-
 Constraint::~Constraint() = default;
 
 void Constraint::operator=(Constraint OtherPassIn) {
-  Category = OtherPassIn.Category;
-  ConstrainedIndex = OtherPassIn.ConstrainedIndex;
-  Feature = std::move(OtherPassIn.Feature);
-  FeatValue = std::move(OtherPassIn.FeatValue);
-  RankInCategory = OtherPassIn.RankInCategory;
-  ValueConstraint = OtherPassIn.ValueConstraint;
+  TakeOver(OtherPassIn);
+}
+
+void Constraint::TakeOver(Constraint& OtherReturn) {
+  Category = OtherReturn.Category;
+  ConstrainedIndex = OtherReturn.ConstrainedIndex;
+  Feature = std::move(OtherReturn.Feature);
+  FeatValue = std::move(OtherReturn.FeatValue);
+  RankInCategory = OtherReturn.RankInCategory;
+  ValueConstraint = OtherReturn.ValueConstraint;
 }
 
 bool Constraint::operator<(Constraint OtherPassIn) const {

@@ -2,6 +2,9 @@
 
 #include "Tokenizer.h"
 
+// A static initialiser of a host may read a text, which may print a message: the streams have to be
+// there by then.
+#include <iostream>
 #include <string>
 
 namespace TrRuleInternal {
@@ -50,17 +53,14 @@ class __attribute__((visibility("default"))) Constraint {
   /// leaves the constraint as `Constraint()` makes it. A whole-node text whose "=" signs leave
   /// fewer than two sides does the same without a message. Nothing ends the process. Linear.
   /// @param ConstraintPassIn the text
-  explicit Constraint(std::string ConstraintPassIn);
+  Constraint(std::string ConstraintPassIn);
 
-  /// Copies the six values.
+  /// Copies the six values. There is no move: `std::move` of a constraint leaves it as it was.
   Constraint(const Constraint& OtherPassIn);
-
-  /// Takes the six values over.
-  Constraint(Constraint&& OtherPassIn) noexcept;
 
   ~Constraint();
 
-  /// Takes the six values of the other constraint.
+  /// Copies the six values of the other constraint.
   void operator=(Constraint OtherPassIn);
 
   /// Orders constraints by their written text, byte by byte; rank and category count only where
@@ -118,6 +118,8 @@ class __attribute__((visibility("default"))) Constraint {
   friend class TrRule;
   friend class TrRuleInternal::RuleLoader;
 
+  /// Takes the six values out of a constraint that nobody needs any more.
+  void TakeOver(Constraint& OtherReturn);
   void AppendTo(std::string& TextReturn) const;
 
   int Category;

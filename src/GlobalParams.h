@@ -16,26 +16,29 @@
 /// @endcode
 ///
 /// The members are plain, unsynchronised variables: set them before other threads use the library.
+/// A source that includes `TrRule.h` may set them and use rules in its own static initialisers,
+/// too, however the library is linked: the members are defined in this header, so they are
+/// constructed before anything that the source defines below the include, and destroyed after it.
 class __attribute__((visibility("default"))) GlobalParams {
  public:
-  static std::string L2;                         ///< empty
-  static int DebuggingLevel;                     ///< 0; selects the traces
-  static bool SeedGenOnly;                       ///< false
-  static bool ComposOnly;                        ///< false
-  static bool MoveToPOS;                         ///< false
-  static bool BasicConstraints;                  ///< false
-  static std::string OrigGrammarFile;            ///< empty
-  static std::string HeadTableFile;              ///< empty
-  static bool Compounds;                         ///< false
-  static bool ProDrop;                           ///< false
-  static bool FindL2Root;                        ///< false
-  static bool AdvConstraints;                    ///< false
-  static bool ComplexCases;                      ///< false
-  static bool MaxCompos;                         ///< false
-  static bool LeaveLexForDiffPOS;                ///< false
-  static bool LenientPOS;                        ///< false
-  static bool FilterRules;                       ///< false
-  static std::set<std::string> ssRelevantTypes;  ///< empty
-  static bool NounPerson3;                       ///< false
-  static bool StrictValConstr;                   ///< false
+  inline static std::string L2;                         ///< empty
+  inline static int DebuggingLevel = 0;                 ///< 0; selects the traces
+  inline static bool SeedGenOnly = false;               ///< false
+  inline static bool ComposOnly = false;                ///< false
+  inline static bool MoveToPOS = false;                 ///< false
+  inline static bool BasicConstraints = false;          ///< false
+  inline static std::string OrigGrammarFile;            ///< empty
+  inline static std::string HeadTableFile;              ///< empty
+  inline static bool Compounds = false;                 ///< false
+  inline static bool ProDrop = false;                   ///< false
+  inline static bool FindL2Root = false;                ///< false
+  inline static bool AdvConstraints = false;            ///< false
+  inline static bool ComplexCases = false;              ///< false
+  inline static bool MaxCompos = false;                 ///< false
+  inline static bool LeaveLexForDiffPOS = false;        ///< false
+  inline static bool LenientPOS = false;                ///< false
+  inline static bool FilterRules = false;               ///< false
+  inline static std::set<std::string> ssRelevantTypes;  ///< empty
+  inline static bool NounPerson3 = false;               ///< false
+  inline static bool StrictValConstr = false;           ///< false
 };

@@ -78,7 +78,8 @@ void EraseTwo(TrRule& R1, const std::set<int>& siCategories) {
 }  // namespace
 
 int main() {
-  TrRule R1;
+  // The rule lasts as long as the process: it is never released.
+  static TrRule& R1 = *new TrRule;
   R1.SetTrRuleFromString(SampleRule);
   PrintFramed("----------- 1) Now printing Rule 1 (R1) ------------------", R1);
   AddConstraints(R1);

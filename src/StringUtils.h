@@ -1,5 +1,7 @@
 #pragma once
 
+// A static initialiser of a host may call what prints: the streams have to be there by then.
+#include <iostream>
 #include <string>
 #include <vector>
 

@@ -1145,20 +1145,14 @@ constexpr std::string_view NoValue = "empty";
 void TrRule::SetConstraint(int CategoryPassIn, int ConstrainedIndexPassIn,
                            std::string FeaturePassIn, std::string FeatValuePassIn,
                            int RankInCategoryPassIn, bool ValueConstraintPassIn) {
-  InsertConstraintIntoMap(Constraint(CategoryPassIn, ConstrainedIndexPassIn,
-                                     std::move(FeaturePassIn), std::move(FeatValuePassIn),
-                                     RankInCategoryPassIn, ValueConstraintPassIn));
-}
-
-void TrRule::SetConstraint(int CategoryPassIn, int ConstrainedIndexPassIn,
-                           std::string FeaturePassIn, std::string FeatValuePassIn,
-                           int RankInCategoryPassIn, int ValueConstraintPassIn) {
-  SetConstraint(CategoryPassIn, ConstrainedIndexPassIn, std::move(FeaturePassIn),
-                std::move(FeatValuePassIn), RankInCategoryPassIn, ValueConstraintPassIn != 0);
+  Constraint New(CategoryPassIn, ConstrainedIndexPassIn, std::move(FeaturePassIn),
+                 std::move(FeatValuePassIn), RankInCategoryPassIn, ValueConstraintPassIn);
+  TakeConstraint(New);
 }
 
 void TrRule::SetConstraint(std::string ConstraintPassIn) {
-  InsertConstraintIntoMap(Constraint(std::move(ConstraintPassIn)));
+  Constraint New(std::move(ConstraintPassIn));
+  TakeConstraint(New);
 }
 
 namespace {
@@ -1261,16 +1255,19 @@ void TrRule::SetConstraint(int ConstrainedIndexPassIn, std::string FeaturePassIn
   New.SetRankInCategory(RankInCategoryPassIn);
   New.SetValueConstraint(IsValue);
   New.SetCategory(CategoryPassIn);
-  InsertConstraintIntoMap(std::move(New));
+  TakeConstraint(New);
 }
 
 bool TrRule::InsertConstraintIntoMap(Constraint ConstraintPassIn) {
+  return TakeConstraint(ConstraintPassIn);
+}
+
+bool TrRule::TakeConstraint(Constraint& NewReturn) {
   std::vector<Merging> vMergings;
   const bool IsNew = RuleLoader(*this).AddConstraint(
-      {ConstraintPassIn.Category, ConstraintPassIn.ConstrainedIndex,
-       std::move(ConstraintPassIn.Feature), std::move(ConstraintPassIn.FeatValue),
-       ConstraintPassIn.ValueConstraint},
-      ConstraintPassIn.RankInCategory, vMergings);
+      {NewReturn.Category, NewReturn.ConstrainedIndex, std::move(NewReturn.Feature),
+       std::move(NewReturn.FeatValue), NewReturn.ValueConstraint},
+      NewReturn.RankInCategory, vMergings);
   PrintMergings(vMergings);
   return IsNew;
 }
@@ -1367,7 +1364,7 @@ std::string TextOf(const Constraint& Stored) {
   return Stored.ReturnAsString();
 }
 
-Constraint CopyOf(const Constraint& Stored) {
+const Constraint& Itself(const Constraint& Stored) {
   return Stored;
 }
 
@@ -1390,11 +1387,11 @@ std::set<std::string> TrRule::GetConstraintsAsSet(int CategoryPassIn) const {
 }
 
 std::set<Constraint> TrRule::GetConstraintsAsSetC() const {
-  return Collect<std::set<Constraint>>(ConstraintsMap, IsAny, CopyOf);
+  return Collect<std::set<Constraint>>(ConstraintsMap, IsAny, Itself);
 }
 
 std::set<Constraint> TrRule::GetConstraintsAsSetC(int CategoryPassIn) const {
-  return Collect<std::set<Constraint>>(ConstraintsMap, IsOfCategory(CategoryPassIn), CopyOf);
+  return Collect<std::set<Constraint>>(ConstraintsMap, IsOfCategory(CategoryPassIn), Itself);
 }
 
 std::map<std::string, std::pair<std::string, std::string>> TrRule::GetConstraintsForInd(

@@ -1,17 +1,22 @@
 #pragma once
 
-#include "Constraint.h"
+// First, so that the settings are constructed before all else that a program sets up statically.
 #include "GlobalParams.h"
+
+#include "Constraint.h"
 #include "Halt.h"
 #include "LineUp.h"
 #include "StringUtils.h"
 #include "Tokenizer.h"
 #include "Utils.h"
 
+// A static initialiser of a host may print a rule: the streams have to be there by then.
+#include <iostream>
 #include <map>
 #include <set>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -327,11 +332,17 @@ class __attribute__((visibility("default"))) TrRule {
                      std::string FeatValuePassIn, int RankInCategoryPassIn,
                      bool ValueConstraintPassIn);
 
-  /// The same with the flag as a number, 0 for an agreement: without this form, a call with a
-  /// literal 0 as index and a number as flag would fit the form that begins with the index, too.
+  /// The same with the flag as a number of any integral type, 0 for an agreement. Without this
+  /// form, a call with a literal 0 as index and a number as flag would fit the form that begins
+  /// with the index as well, where the number is the category.
+  template <typename FlagT, typename = std::enable_if_t<std::is_integral_v<FlagT>>>
   void SetConstraint(int CategoryPassIn, int ConstrainedIndexPassIn, std::string FeaturePassIn,
                      std::string FeatValuePassIn, int RankInCategoryPassIn,
-                     int ValueConstraintPassIn);
+                     FlagT ValueConstraintPassIn) {
+    const bool IsValue = ValueConstraintPassIn != 0;
+    SetConstraint(CategoryPassIn, ConstrainedIndexPassIn, std::move(FeaturePassIn),
+                  std::move(FeatValuePassIn), RankInCategoryPassIn, IsValue);
+  }
 
   /// Adds a constraint from its text, as `Constraint(std::string)` reads it, with its messages.
   /// What could not be read is added all the same, as the empty constraint.
@@ -470,6 +481,7 @@ class __attribute__((visibility("default"))) TrRule {
   std::string ComparisonText() const;
   bool HasCanonicalAlignments() const;
   std::vector<const Constraint*> ConstraintsInPrintOrder() const;
+  bool TakeConstraint(Constraint& NewReturn);
 
   std::vector<std::string> Comments;
   std::vector<std::string> SLWords;

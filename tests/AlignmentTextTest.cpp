@@ -374,3 +374,32 @@ TEST(AlignmentText, ReversingLooksAt100000BytesBehindAPair) {
               "((1,1),(" + Digits.substr(0, 99998) + ",2))");
   }
 }
+
+TEST(AlignmentText, ReversingReadsThePairUnderTheCutInPart) {
+  constexpr std::size_t MaxRest = 100000;
+  const std::string Second = "2,";
+  const std::string Tail = "),(34,56))";
+  struct Case {
+    std::size_t KeptOfTail;
+    std::optional<std::string> LastPairs;  ///< behind the digits; nothing where none can be read
+  };
+  const Case Cases[] = {
+      {0, ",2))"},         {1, ",2))"},
+      {2, "),2))"},        // the separator's comma keeps the parenthesis in the index
+      {3, ",2))"},         // the last pair is lost
+      {4, std::nullopt},   // "3"
+      {5, std::nullopt},   // "34"
+      {6, std::nullopt},   // "34,"
+      {7, ",2),(5,34))"},  // an index that lost its end
+      {8, ",2),(56,34))"}, {9, ",2),(56,34))"},
+  };
+  for (const Case& Each : Cases) {
+    SCOPED_TRACE(Each.KeptOfTail);
+    const std::string Digits(MaxRest - Second.size() - Each.KeptOfTail, '7');
+    std::optional<std::string> Expected;
+    if (Each.LastPairs) {
+      Expected = "((1,1),(" + Digits + *Each.LastPairs;
+    }
+    EXPECT_EQ(ReversedAlignments("((1,1),(" + Second + Digits + Tail), Expected);
+  }
+}

@@ -112,10 +112,35 @@ TEST(Constraint, CopiesCarryAllSixFields) {
     ASSERT_NE(Fields(Each.Record), Fields(Base));
     const Constraint Copy(Each.Record);
     EXPECT_EQ(Fields(Copy), Fields(Each.Record));
-    Constraint Source(Each.Record);
-    const Constraint Moved(std::move(Source));
-    EXPECT_EQ(Fields(Moved), Fields(Each.Record));
   }
+}
+
+TEST(Constraint, MovingCopiesIt) {
+  const std::string LongValue(100, 'V');  // too long to be copied along with the string itself
+  Constraint Source(4, 1, LongValue + "1", LongValue + "2", 2, true);
+  const std::string Expected = Fields(Source);
+  const Constraint Moved(std::move(Source));
+  EXPECT_EQ(Fields(Moved), Expected);
+  EXPECT_EQ(Fields(Source), Expected);  // nothing has been taken out of it
+  Constraint Assigned;
+  Assigned = std::move(Source);
+  EXPECT_EQ(Fields(Assigned), Expected);
+  EXPECT_EQ(Fields(Source), Expected);
+  TrRule Rule;
+  EXPECT_TRUE(Rule.InsertConstraintIntoMap(std::move(Source)));
+  EXPECT_EQ(Fields(*Rule.GetConstraintsAsSetC().begin()), Expected);
+  EXPECT_EQ(Fields(Source), Expected);
+}
+
+TEST(Constraint, ATextConvertsToAConstraint) {
+  static_assert(std::is_convertible_v<std::string, Constraint>);
+  const Constraint Record = std::string("(x0 = x3)");
+  EXPECT_EQ(Fields(Record), "1|0|all|X3|-1|agreement");
+  Constraint Assigned;
+  Assigned = std::string("((y1 num) = sg)");
+  EXPECT_EQ(Fields(Assigned), "4|1|NUM|SG|-1|value");
+  EXPECT_TRUE(Record < std::string("(x0 = x4)"));
+  EXPECT_FALSE(Record < std::string("(x0 = x3)"));
 }
 
 TEST(Constraint, AssignmentReplacesAllSixFieldsAndReturnsNothing) {

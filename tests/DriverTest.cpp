@@ -24,18 +24,18 @@ namespace {
 
 /// Runs the driver in a child process, after the child has been prepared.
 ChildEnd RunDriver(
-    const std::vector<std::string>& vsArguments = {},
-    const std::function<void()>& Prepare = [] {}) {
+    const std::vector<std::string>& vsArguments = {}, const std::function<void()>& Prepare = [] {},
+    const char* Program = BuildPaths::DriverProgram) {
   return RunInChild([&] {
     Prepare();
-    std::vector<std::string> vsAll{BuildPaths::DriverProgram};
+    std::vector<std::string> vsAll{Program};
     vsAll.insert(vsAll.end(), vsArguments.begin(), vsArguments.end());
     std::vector<char*> vArguments;
     for (std::string& sArgument : vsAll) {
       vArguments.push_back(sArgument.data());
     }
     vArguments.push_back(nullptr);
-    execv(BuildPaths::DriverProgram, vArguments.data());
+    execv(Program, vArguments.data());
   });
 }
 
@@ -168,6 +168,13 @@ TEST(Driver, ReadsNoInput) {
 TEST(Driver, ReturnsZeroEvenWhereNothingCanBeWritten) {
   EXPECT_EQ(RunDriver({}, [] { dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO); }),
             (ChildEnd{0, "", ""}));
+}
+
+// The watch reports the rule of its own, which shows that it works, and no other.
+TEST(Driver, ReleasesNoRuleBeforeTheProcessEnds) {
+  const auto AsItIs = [] {};
+  EXPECT_EQ(RunDriver({}, AsItIs, BuildPaths::WatchedDriverProgram),
+            (ChildEnd{0, Golden(), "a rule was released\n"}));
 }
 
 // Each flush is one packet of the socket that stands for standard output here.

@@ -16,6 +16,7 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -146,6 +147,13 @@ TEST(TrRuleConstraints, SameTextTwiceLeavesOneAndPrintsNothing) {
     EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Text); }), Nothing);
     EXPECT_EQ(Rule.GetNumConstraints(), 1);
   }
+}
+
+TEST(TrRuleConstraints, ATextIsInsertedAsTheConstraintThatItIs) {
+  TrRule Rule;
+  EXPECT_TRUE(Rule.InsertConstraintIntoMap(std::string("(x0 = x3)")));
+  EXPECT_FALSE(Rule.InsertConstraintIntoMap("(X0 = X3)"s));
+  EXPECT_EQ(Records(Rule), (Strings{"1|0|all|X3|-1|agreement"}));
 }
 
 TEST(TrRuleConstraints, RuleKeepsCopies) {
@@ -305,6 +313,53 @@ TEST(TrRuleConstraints, TheFlagMayBeANumber) {
   Rule.SetConstraint(3, 0, "all", "X0", 0, 0);
   EXPECT_EQ(Records(Rule),
             (Strings{"4|0|GEN|M|2|value", "4|1|NUM|SG|2|value", "3|0|all|X0|0|agreement"}));
+}
+
+namespace {
+
+template <typename FlagT>
+void ExpectFlagOfType() {
+  SCOPED_TRACE(typeid(FlagT).name());
+  const auto No = static_cast<FlagT>(0);
+  const auto Yes = static_cast<FlagT>(1);
+  const int Index = 0;
+  TrRule Rule;
+  Rule.SetConstraint(4, 0, "A", "V", 2, Yes);
+  Rule.SetConstraint(4, 0, "B", "V", 2, No);
+  Rule.SetConstraint(4, Index, "C", "V", 2, Yes);
+  Rule.SetConstraint(4, Index, "D"s, "V"s, 2, No);
+  EXPECT_EQ(Records(Rule), (Strings{"4|0|A|V|2|value", "4|0|B|V|2|agreement", "4|0|C|V|2|value",
+                                    "4|0|D|V|2|agreement"}));
+}
+
+}  // namespace
+
+TEST(TrRuleConstraints, TheFlagMayBeOfAnyIntegralType) {
+  ExpectFlagOfType<bool>();
+  ExpectFlagOfType<char>();
+  ExpectFlagOfType<signed char>();
+  ExpectFlagOfType<unsigned char>();
+  ExpectFlagOfType<wchar_t>();
+  ExpectFlagOfType<char16_t>();
+  ExpectFlagOfType<char32_t>();
+  ExpectFlagOfType<short>();
+  ExpectFlagOfType<unsigned short>();
+  ExpectFlagOfType<int>();
+  ExpectFlagOfType<unsigned>();
+  ExpectFlagOfType<long>();
+  ExpectFlagOfType<unsigned long>();
+  ExpectFlagOfType<long long>();
+  ExpectFlagOfType<unsigned long long>();
+}
+
+TEST(TrRuleConstraints, AFlagIsTrueAsSoonAsAnyOfItsBitsIs) {
+  TrRule Rule;
+  Rule.SetConstraint(4, 1, "A", "V", 2, 256U);
+  Rule.SetConstraint(4, 1, "B", "V", 2, LLONG_MIN);
+  Rule.SetConstraint(4, 1, "C", "V", 2, Rule.GetConstraintsAsSet().count("((Y1 A) = V)"));
+  Rule.SetConstraint(4, 1, "D", "V", 2, Rule.GetConstraintsAsSet().count("none"));
+  EXPECT_EQ(Records(Rule), (Strings{"4|1|A|V|2|value", "4|1|B|V|2|value", "4|1|C|V|2|value",
+                                    "4|1|D|V|2|agreement"}));
 }
 
 TEST(TrRuleConstraints, LiteralTextsPickTheTextForms) {

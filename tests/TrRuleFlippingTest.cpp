@@ -371,6 +371,19 @@ TEST(TrRuleFlipping, EndsTheProcessOnAStringThatCannotBeTurned) {
   }
 }
 
+TEST(TrRuleFlipping, EndsTheProcessOnALongStringWhoseLastPairTheCutLeavesInHalf) {
+  const std::string Digits(99996, '7');
+  const std::string Uncut = "((1,1),(2," + Digits.substr(4) + "),(3,4))";
+  const std::string Cut = "((1,1),(2," + Digits.substr(2) + "),(3,4))";
+  TrRule Rule;
+  Rule.SetsWordLevelAl(Uncut);
+  Rule.FlipRuleNoConstraints();
+  EXPECT_EQ(Rule.GetsWordLevelAl(), "((1,1),(" + Digits.substr(4) + ",2),(4,3))");
+  Rule.SetsWordLevelAl(Cut);
+  EXPECT_EQ(RunInChild([&] { Rule.FlipRuleNoConstraints(); }),
+            (ChildEnd{1, "", ReversedMessage(Cut)}));
+}
+
 TEST(TrRuleFlipping, EndsTheProcessAtEveryLevelAfterTheTraces) {
   for (const int Level : {0, 1, 2, 3, 4}) {
     SCOPED_TRACE(Level);

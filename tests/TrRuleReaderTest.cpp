@@ -728,6 +728,35 @@ TEST(TrRuleReader, ReadsAHundredThousandBytesAfterTheFirstLine) {
       "");
 }
 
+TEST(TrRuleReader, ReadsALineUnderTheCutInPart) {
+  const std::string Start = "A::B [C] -> [D]\n";
+  const auto WithLastLine = [&](const std::string& Kept, const std::string& Lost) {
+    const std::string Lines = "(X1::Y1)\n";
+    const std::string Fill(100000 - Lines.size() - 1 - Kept.size(), '.');
+    return Start + Lines + Fill + "\n" + Kept + Lost;
+  };
+  ExpectReadings("",
+                 {{WithLastLine("(X2::Y3)", ""), "{,-1} | A::B [C] -> [D] | ((1,1),(2,3))"},
+                  {WithLastLine("(X2::Y3", ")"), WholeBrief, BadAlignment("(X2::Y3")},
+                  {WithLastLine("(X2::", "Y3)"), WholeBrief, BadAlignment("(X2::")},
+                  {WithLastLine("(X2:", ":Y3)"), WholeBrief},
+                  {WithLastLine("((y1 num) = sg)", ""), WholeBrief + " | ((Y1 NUM) = SG)"},
+                  {WithLastLine("((y1 num) = sg", ")"), WholeBrief + " | ((Y1 NUM) = )"},
+                  {WithLastLine("((y1 num) = s", "g)"), WholeBrief + " | ((Y1 NUM) = )"},
+                  {WithLastLine("((y1 num) =", " sg)"), WholeBrief + " | ((Y-1 ) = )",
+                   BadConstraint("((Y1 NUM) =")},
+                  {WithLastLine("((y1 num) ", "= sg)"), WholeBrief},
+                  {WithLastLine("(x0 = x3", ")"), WholeBrief + " | (X0 = )"}},
+                 "");
+  // The last one refers to nothing now, which nobody notices before the rule is written.
+  TrRule Rule;
+  ASSERT_TRUE(Read(Rule, WithLastLine("(x0 = x3", ")")).Result);
+  EXPECT_EQ(RunInChild([&] { Rule.ReturnAsStringForPrint(); }),
+            (ChildEnd{1, "",
+                      "ERROR in TrRule::GetConstraintsInPrintOrder. Can't find agreed index for "
+                      "constraint (X0 = )\n"}));
+}
+
 TEST(TrRuleReader, ReadsAHundredThousandBytesAfterACutInsideALine) {
   const std::string Fill(99998, 'x');
   ExpectReadings("",

@@ -29,6 +29,8 @@ skip() {
   exit 77
 }
 
+command -v "$CXX" >/dev/null || skip "there is no $CXX on this machine"
+
 # A folder of this test's own, gone when the test ends, however it ends.
 fresh_folder() {
   Folder=$(mktemp -d "$WORK/$(basename "$0" .sh)-$Kind-XXXXXX")
@@ -55,6 +57,14 @@ run_and_compare() {
   "$1" >"$Folder/out.txt" 2>"$Folder/err.txt" || fail "$1 ended with status $?"
   compare "$2" "$Folder/out.txt"
   compare /dev/null "$Folder/err.txt"
+}
+
+# run_consumers FOLDER: the programs of consumer/, which were built there.
+run_consumers() {
+  for Program in consumer early-use; do
+    run_and_compare "$1/$Program" "$Here/expected/$Program.txt"
+    check_linkage "$1/$Program"
+  done
 }
 
 # Shared means that the program asks for the versioned shared object, static that it does not.

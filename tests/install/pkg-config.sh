@@ -1,5 +1,5 @@
 #!/bin/sh
-# A program without a build system that takes the installed library by pkg-config.
+# Programs without a build system that take the installed library by pkg-config.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 
@@ -11,6 +11,7 @@ export PKG_CONFIG_PATH="$Folder/prefix/lib/pkgconfig"
 Flags=$("$PKG_CONFIG" --cflags --libs trrule)
 # shellcheck disable=SC2086  # a list of arguments
 "$CXX" -std=c++17 "$Here/consumer/Consumer.cpp" -o "$Folder/consumer" $Flags
+# shellcheck disable=SC2086
+"$CXX" -std=c++17 "$Here/consumer/EarlyUse.cpp" -o "$Folder/early-use" $Flags
 [ "$Kind" = static ] || export LD_LIBRARY_PATH="$Folder/prefix/lib"
-run_and_compare "$Folder/consumer" "$Here/expected/consumer.txt"
-check_linkage "$Folder/consumer"
+run_consumers "$Folder"

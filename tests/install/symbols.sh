@@ -10,7 +10,7 @@ Ours='(TrRule|Constraint|StringUtils|Utils|Tokenizer|GlobalParams|LineUp)'
 # that any program may bring as well.
 sed -e 's/^[0-9a-f]* //' -e 's/\[abi:cxx11\]//' "$Folder/raw.txt" >"$Folder/all.txt"
 grep -v '^[VWvw] .*std::' "$Folder/all.txt" | grep -v '^u ' |
-  grep -Ev "^[A-Za-z] ((typeinfo|typeinfo name|vtable) for )?$Ours(::|\$)" |
+  grep -Ev "^[A-Za-z] ((typeinfo|typeinfo name|vtable|guard variable) for )?$Ours(::|\$)" |
   grep -Ev '^T (Set|Get)HaltHandler\(' >"$Folder/others.txt" || true
 compare /dev/null "$Folder/others.txt"
 
