@@ -51,8 +51,9 @@ install(FILES "${PROJECT_BINARY_DIR}/trrule.pc" DESTINATION "${CMAKE_INSTALL_LIB
 # --- Documentation -----------------------------------------------------------------------------
 
 # The pages link to each other and to the examples, so they keep their places.
-install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION "${DocDir}")
-install(DIRECTORY docs DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.md" PATTERN "*.svg")
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md LICENSE DESTINATION "${DocDir}")
+install(DIRECTORY docs DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.md" PATTERN "*.svg"
+                                                              PATTERN "*.json")
 install(DIRECTORY examples DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.cpp" PATTERN "*.txt"
                                                                   PATTERN "*.trr"
                                                                   PATTERN "CMakeLists.txt" EXCLUDE)

@@ -3,11 +3,13 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_SOURCE_GENERATOR OFF)
 set(CPACK_PACKAGE_NAME trrule)
-set(CPACK_PACKAGE_CONTACT "The maintainers of TrRule <trrule@localhost>")
+set(CPACK_PACKAGE_CONTACT "The TrRule authors <trrule@users.noreply.invalid>")
 set(CPACK_PACKAGE_DIRECTORY "${PROJECT_BINARY_DIR}")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/debian/Places.cmake")
+set(CPACK_TRRULE_COPYRIGHT "${PROJECT_SOURCE_DIR}/cmake/debian/copyright")
 # Whatever the umask of who makes the package: everyone may enter the folders.
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ
@@ -21,7 +23,8 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "The library, its headers, its documentation and its demonstration driver trrule-demo.")
+    "The library and its headers, the command trrule over files of rules with its man page and
+completions, the demonstration driver trrule-demo, and the documentation.")
 # What the package depends on is read from its programs, where the tools for that are installed.
 find_program(TRRULE_DPKG_SHLIBDEPS dpkg-shlibdeps)
 find_program(TRRULE_FILE file)

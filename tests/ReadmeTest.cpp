@@ -1,5 +1,6 @@
-// README.md shows what is there: the program and its output, what the driver prints, and links that
-// lead somewhere.
+// The pages show what is there: programs and their outputs, what the driver prints, the version,
+// and links that lead somewhere. What README.md shows of `trrule` is compared with the tests of the
+// command.
 
 #include <gtest/gtest.h>
 
@@ -11,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 namespace {
 
@@ -61,21 +63,38 @@ Strings FileLinksOf(const std::string& Page) {
   return vsTargets;
 }
 
-/// The lines of what a console shows that the scripts have not written about themselves.
-std::string WithoutNotes(const std::string& Console) {
-  std::string Text;
-  for (const std::string& sLine : Tokenizer()(Console, "\n")) {
-    if (sLine.rfind("$ ", 0) != 0 && sLine.rfind("== ", 0) != 0) {
-      Text += sLine + '\n';
+/// What a console shows, but for commands and the notes of scripts about themselves, cut where a
+/// line "…" says that something is left out.
+Strings PiecesOf(const std::string& Console) {
+  Strings vsPieces{""};
+  std::istringstream Lines(Console);
+  for (std::string Line; std::getline(Lines, Line);) {
+    if (Line == "…") {
+      vsPieces.emplace_back();
+    } else if (Line.rfind("$ ", 0) != 0 && Line.rfind("== ", 0) != 0) {
+      vsPieces.back() += Line + '\n';
     }
   }
-  return Text;
+  vsPieces.erase(std::remove(vsPieces.begin(), vsPieces.end(), ""), vsPieces.end());
+  return vsPieces;
+}
+
+/// The console that begins with a command.
+std::string ConsoleOf(const std::string& Page, const std::string& Command) {
+  for (const std::string& sConsole : FencesOf(Page, "console")) {
+    if (sConsole.rfind("$ " + Command + '\n', 0) == 0) {
+      return sConsole;
+    }
+  }
+  ADD_FAILURE() << "no console begins with " << Command;
+  return "";
 }
 
 const Strings& Pages() {
-  static const Strings vsPages{"README.md",         "CHANGELOG.md",   "CONTRIBUTING.md",
-                               "docs/behaviour.md", "docs/design.md", "docs/embedding.md",
-                               "docs/format.md"};
+  static const Strings vsPages{"README.md",           "CHANGELOG.md",      "CONTRIBUTING.md",
+                               "SECURITY.md",         "docs/assurance.md", "docs/behaviour.md",
+                               "docs/design.md",      "docs/embedding.md", "docs/format.md",
+                               "docs/performance.md", "docs/trrule.md"};
   return vsPages;
 }
 
@@ -88,12 +107,71 @@ TEST(Readme, ShowsTheExampleProgramAndItsOutput) {
             Strings{ReadFile(Source / "examples/expected/ReadAndPrint.txt")});
 }
 
-TEST(Readme, ShowsHowTheOutputOfTheDriverBegins) {
-  const Strings vsConsoles = FencesOf(ReadFile(Source / "README.md"), "console");
-  ASSERT_EQ(vsConsoles.size(), 2U);
-  const std::string Shown = WithoutNotes(vsConsoles.front());
-  EXPECT_FALSE(Shown.empty());
-  EXPECT_EQ(ReadFile(Source / "tests/data/driver_output.txt").substr(0, Shown.size()), Shown);
+TEST(Readme, ShowsPiecesOfTheOutputOfTheDriverInTheirOrder) {
+  const std::string Output = '\n' + ReadFile(Source / "tests/data/driver_output.txt");
+  const Strings vsPieces = PiecesOf(ConsoleOf(ReadFile(Source / "README.md"), "script/demo"));
+  EXPECT_EQ(vsPieces.size(), 2U);
+  std::size_t End = 0;
+  for (const std::string& sPiece : vsPieces) {
+    const std::size_t Begin = Output.find('\n' + sPiece, End);
+    ASSERT_NE(Begin, std::string::npos) << sPiece;
+    EXPECT_TRUE(End != 0 || Begin == 0) << "the first piece is not the beginning";
+    End = Begin + sPiece.size();
+  }
+}
+
+TEST(Readme, InstallsTheLibraryAsTheirPageDoes) {
+  const std::string Command = "cmake --preset library";
+  const std::string Commands = ConsoleOf(ReadFile(Source / "README.md"), Command);
+  EXPECT_EQ(ConsoleOf(ReadFile(Source / "docs/embedding.md"), Command), Commands);
+}
+
+TEST(Readme, CountsTheOtherExamples) {
+  int Count = 0;
+  for (const auto& Entry : std::filesystem::directory_iterator(Source / "examples")) {
+    Count += Entry.path().extension() == ".cpp" ? 1 : 0;
+  }
+  EXPECT_EQ(Count, 6);
+  const std::string Page = ReadFile(Source / "README.md");
+  EXPECT_NE(Page.find("Five more programs stand beside it."), std::string::npos);
+  EXPECT_NE(Page.find("| six small programs, "), std::string::npos);
+}
+
+TEST(Embedding, ShowsHowAnExampleCutsATextIntoRules) {
+  const std::string Program = ReadFile(Source / "examples/ReadManyRules.cpp");
+  for (const std::string& sFence : FencesOf(ReadFile(Source / "docs/embedding.md"), "cpp")) {
+    if (sFence.find("CutIntoRules") != std::string::npos) {
+      EXPECT_NE(Program.find('\n' + sFence + '\n'), std::string::npos) << sFence;
+      return;
+    }
+  }
+  ADD_FAILURE() << "the page does not show it";
+}
+
+TEST(Changelog, HasTheUnreleasedChangesAboveThoseOfTheVersion) {
+  const std::string Project = ReadFile(Source / "CMakeLists.txt");
+  const std::size_t Begin = Project.find("VERSION ", Project.find("project(")) + 8;
+  const std::string Version = Project.substr(Begin, Project.find('\n', Begin) - Begin);
+  Strings vsHeadings;
+  for (const std::string& sLine : Tokenizer()(ReadFile(Source / "CHANGELOG.md"), "\n")) {
+    if (sLine.rfind("## ", 0) == 0) {
+      vsHeadings.push_back(sLine.substr(3));
+    }
+  }
+  ASSERT_GE(vsHeadings.size(), 2U);
+  EXPECT_EQ(vsHeadings[0], "Unreleased");
+  EXPECT_EQ(vsHeadings[1], Version);
+}
+
+TEST(License, IsNamedInOneWayEverywhere) {
+  const std::string License = ReadFile(Source / "LICENSE");
+  EXPECT_NE(License.find("\nSPDX-License-Identifier: Apache-2.0\n"), std::string::npos);
+  const std::string Copyright = ReadFile(Source / "cmake/debian/copyright");
+  EXPECT_NE(Copyright.find("\nLicense: Apache-2.0\n"), std::string::npos);
+  for (const std::string& sText : {License, Copyright}) {
+    EXPECT_NE(sText.find("the TrRule authors"), std::string::npos);
+    EXPECT_NE(sText.find("/usr/share/common-licenses/Apache-2.0"), std::string::npos);
+  }
 }
 
 TEST(Documents, LinkOnlyToFilesThatExist) {

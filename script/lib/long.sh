@@ -80,6 +80,7 @@ measure_coverage() {
 }
 
 count_growth() {
+  build_preset bench trrule-growth
   say "Counting how the work grows with its input"
   script/growth
 }

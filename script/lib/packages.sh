@@ -40,8 +40,6 @@ want_build_tools() {
   want g++ have_command "${CXX:-c++}"
   want cmake have_command cmake
   want ninja-build have_command ninja
-  # A top-level build has the tests in it, whether they are asked for or not.
-  want libgtest-dev have_header gtest/gtest.h
 }
 
 # What the command over files of rules is built with; without it, the build leaves that out.
@@ -52,13 +50,19 @@ want_command_tools() {
 
 want_test_tools() {
   want_command_tools
+  want libgtest-dev have_header gtest/gtest.h
   want pkg-config have_command pkg-config
-  want libbenchmark-dev have_header benchmark/benchmark.h
-  # Where there are Debian packages, one is made and tried, with the libraries that it depends on.
+  # Where there are Debian packages, one is made, with the libraries that it depends on, and tried
+  # in a folder of its own, with the shell that it brings a completion for.
   if have_command dpkg; then
     want dpkg-dev have_command dpkg-shlibdeps
     want file have_command file
+    want zsh have_command zsh
   fi
+}
+
+want_benchmark_tools() {
+  want libbenchmark-dev have_header benchmark/benchmark.h
 }
 
 want_check_tools() {
@@ -67,6 +71,8 @@ want_check_tools() {
   want clang-format have_command clang-format
   want clang-tidy have_command clang-tidy
   want doxygen have_command doxygen
+  # The benchmarks are built here, warnings being errors.
+  want_benchmark_tools
   # The sanitize preset compiles GoogleTest itself.
   want googletest have_file /usr/src/googletest/CMakeLists.txt
 }
@@ -94,7 +100,7 @@ install_missing() {
     ! apt-cache show "$Package" >/dev/null 2>&1 || Missing="$Missing $Package"
   done
   # shellcheck disable=SC2086  # a list of words
-  run apt-install.log as_root env DEBIAN_FRONTEND=noninteractive \
+  run_long apt-install.log as_root env LC_ALL=C DEBIAN_FRONTEND=noninteractive \
     apt-get -q -y -o DPkg::Lock::Timeout=120 --no-install-recommends install $Missing
   Missing=
 }

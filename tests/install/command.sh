@@ -7,12 +7,28 @@
 fresh_folder
 "$CMAKE" --install "$BUILD" --prefix "$Folder/prefix" >/dev/null
 
-(cd "$Folder/prefix" && find . ! -type d ! -path './share/doc/*' | LC_ALL=C sort) >"$Folder/tree.txt"
-sed -e "s/@VERSION@/$VERSION/" -e "s/@SOVERSION@/$SOVERSION/" "$Here/expected/tree-$Kind.txt" \
-  "$Here/expected/tree-command.txt" | LC_ALL=C sort >"$Folder/expected.txt"
-compare "$Folder/expected.txt" "$Folder/tree.txt"
+expect_tree "$Folder/prefix" '' "tree-$Kind.txt" tree-command.txt
+
+# docs/embedding.md has a row for each place, and nothing else stands anywhere.
+# shellcheck disable=SC2016  # the page's own marks
+sed -n '/^## What is installed/,/^## /s/^| `\([^`]*\)`.*/\1/p' "$SOURCE/docs/embedding.md" \
+  >"$Folder/places.txt"
+while read -r Place; do
+  # shellcheck disable=SC2086  # a pattern
+  ls -d "$Folder/prefix"/$Place >/dev/null || fail "docs/embedding.md names $Place"
+done <"$Folder/places.txt"
+(cd "$Folder/prefix" && find ./* ! -type d | cut -c 3-) | while read -r File; do
+  Known=
+  while read -r Place; do
+    # shellcheck disable=SC2254  # a pattern
+    case $File in
+      $Place | ${Place%/}/*) Known=yes ;;
+    esac
+  done <"$Folder/places.txt"
+  [ -n "$Known" ] || echo "$File"
+done >"$Folder/unknown.txt"
+compare /dev/null "$Folder/unknown.txt"
 
 echo "trrule $VERSION" >"$Folder/version.txt"
-"$Folder/prefix/bin/trrule" --version >"$Folder/out.txt" || fail "trrule ended with status $?"
-compare "$Folder/version.txt" "$Folder/out.txt"
+run_and_compare "$Folder/prefix/bin/trrule" "$Folder/version.txt" --version
 check_linkage "$Folder/prefix/bin/trrule"

@@ -52,10 +52,15 @@ compare() {
   diff -u "$1" "$2" || fail "$2 is not what $1 says"
 }
 
-# run_and_compare PROGRAM EXPECTED: status 0, nothing on standard error, the whole standard output.
+# run_and_compare PROGRAM EXPECTED ARGUMENTS...: status 0, nothing on standard error, the whole
+# standard output.
 run_and_compare() {
-  "$1" >"$Folder/out.txt" 2>"$Folder/err.txt" || fail "$1 ended with status $?"
-  compare "$2" "$Folder/out.txt"
+  Program=$1
+  Expected=$2
+  shift 2
+  "$Program" "$@" >"$Folder/out.txt" 2>"$Folder/err.txt" ||
+    fail "$Program ended with status $? and said: $(cat "$Folder/err.txt")"
+  compare "$Expected" "$Folder/out.txt"
   compare /dev/null "$Folder/err.txt"
 }
 
@@ -65,6 +70,36 @@ run_consumers() {
     run_and_compare "$1/$Program" "$Here/expected/$Program.txt"
     check_linkage "$1/$Program"
   done
+}
+
+# expect_tree PREFIX CHANGE LIST...: the files under a prefix, but for the documentation, are those
+# of the lists in expected/, after a change by sed.
+expect_tree() {
+  Prefix=$1
+  Change=$2
+  shift 2
+  (cd "$Prefix" && find . ! -type d ! -path './share/doc/*' | LC_ALL=C sort) >"$Folder/tree.txt"
+  (cd "$Here/expected" && cat "$@") |
+    sed -e "s/@VERSION@/$VERSION/" -e "s/@SOVERSION@/$SOVERSION/" -e "$Change" |
+    LC_ALL=C sort >"$Folder/expected.txt"
+  compare "$Folder/expected.txt" "$Folder/tree.txt"
+}
+
+# make_package BUILD: the Debian package of a build tree, in this test's folder.
+make_package() {
+  for Tool in dpkg dpkg-deb; do
+    command -v "$Tool" >/dev/null || skip "there is no $Tool on this machine"
+  done
+  "$(dirname "$CMAKE")/cpack" --config "$1/CPackConfig.cmake" -G DEB -B "$Folder/package"
+  set -- "$Folder/package/trrule_${VERSION}_"*.deb
+  [ -e "$1" ] || fail "no package was made"
+  Package=$1
+}
+
+# Nothing is installed into the system: what the package puts under / goes under $Root.
+unpack_package() {
+  Root=$Folder/root
+  dpkg-deb --extract "$Package" "$Root"
 }
 
 # Shared means that the program asks for the versioned shared object, static that it does not.

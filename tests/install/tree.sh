@@ -6,15 +6,26 @@
 fresh_folder
 install_into "$Folder/prefix"
 
-(cd "$Folder/prefix" && find . ! -type d ! -path './share/doc/*' | LC_ALL=C sort) >"$Folder/tree.txt"
-sed -e "s/@VERSION@/$VERSION/" -e "s/@SOVERSION@/$SOVERSION/" "$Here/expected/tree-$Kind.txt" \
-  >"$Folder/expected.txt"
-compare "$Folder/expected.txt" "$Folder/tree.txt"
+expect_tree "$Folder/prefix" '' "tree-$Kind.txt"
 
-for Page in "$SOURCE"/*.md "$SOURCE"/docs/*.md "$SOURCE"/examples/*.cpp; do
-  Installed=$Folder/prefix/share/doc/trrule${Page#"$SOURCE"}
-  cmp "$Page" "$Installed" || fail "$Installed is not in place"
+Doc=$Folder/prefix/share/doc/trrule
+for Page in "$SOURCE"/*.md "$SOURCE/LICENSE" "$SOURCE"/docs/*.md "$SOURCE"/examples/*.cpp; do
+  cmp "$Page" "$Doc${Page#"$SOURCE"}" || fail "$Doc${Page#"$SOURCE"} is not in place"
 done
+
+# The files that a page links to, outside of its fenced blocks.
+links_of() {
+  # shellcheck disable=SC2016  # the page's own marks
+  sed '/^```/,/^```/d' "$1" | grep -o ']([^)]*)' | sed -e 's/^](//' -e 's/[)#].*//' |
+    grep -v -e '^$' -e '://' | LC_ALL=C sort -u
+}
+
+for Page in "$Doc"/*.md "$Doc"/docs/*.md; do
+  links_of "$Page" | while read -r Target; do
+    [ -e "$(dirname "$Page")/$Target" ] || echo "${Page#"$Doc/"} links to $Target"
+  done
+done >"$Folder/broken.txt"
+compare /dev/null "$Folder/broken.txt"
 
 run_and_compare "$Folder/prefix/bin/trrule-demo" "$SOURCE/tests/data/driver_output.txt"
 check_linkage "$Folder/prefix/bin/trrule-demo"
