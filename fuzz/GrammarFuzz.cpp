@@ -7,6 +7,7 @@
 #include "RuleChecker.h"
 #include "RuleReader.h"
 #include "RuleRecord.h"
+#include "StrayText.h"
 #include "support/StreamCapture.h"
 
 #include <algorithm>
@@ -52,11 +53,13 @@ void RequireLinesAccountedFor(const RuleText& Rule, const RuleRecord& Record,
   std::size_t Comments = 0;
   for (std::size_t Line = 0; Line < Rule.vLines.size(); ++Line) {
     const Grammar::LineParts Parts = Grammar::PartsOf(Rule.Line(Line));
-    Comments += Parts.Comment.empty() ? 0 : 1;
-    Require(Parts.Kind != LineKind::Other || HasFindingOn(vFindings, Rule.FirstLine + Line),
-            "a line that is dropped is told of");
+    const std::size_t Strays = Grammar::StrayTexts(Parts).size();
+    Comments += Strays + (Parts.Comment.empty() ? 0 : 1);
+    Require(Parts.Kind != LineKind::Other || Strays == 1, "a line that means nothing is stray");
+    Require(Strays == 0 || HasFindingOn(vFindings, Rule.FirstLine + Line),
+            "stray text is reported");
   }
-  Require(Record.Comments().size() == Comments, "every comment is kept");
+  Require(Record.Comments().size() == Comments, "every comment and every stray text is kept");
 }
 
 void RequirePlaces(const RuleText& Rule, const std::vector<Finding>& vFindings) {
@@ -86,6 +89,7 @@ void RequireStable(const RuleRecord& Record) {
   RuleRecord Again;
   std::vector<Finding> vFindings;
   Require(Again.Read(vRules[0], vFindings), "the normal form can be read");
+  Require(vFindings.empty(), "the normal form has no stray text");
   Require(NormalFormOf(Again, false) == Once, "the normal form stays as it is");
   const std::string Folded = NormalFormOf(Record, true);
   Require(std::count(Folded.begin(), Folded.end(), '\n') == 1, "one line is one line");

@@ -4,17 +4,24 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "grammar/RuleRun.h"
 
 /// What the command line has chosen to do; gives the exit status.
 using Action = std::function<int()>;
 
-/// Adds the options that every command over rules has: files, -o, --quiet.
+/// Adds the options that every command over rules has: files, -o, --force, --quiet.
 void AddRunOptions(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
 
 /// Adds --keep-bad.
 void AddKeepBad(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
+
+/// The command of a name; null where there is none.
+const CLI::App* FindCommand(const CLI::App& Program, const std::string& Name);
+
+/// What to say of a command that there is not.
+std::string UnknownCommand(const CLI::App& Program, const std::string& Name);
 
 // Each adds one command, which puts into `ActionReturn` what is to be done when it is chosen.
 
@@ -24,3 +31,5 @@ void AddSortCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddUniqueCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddFromJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn);
+void AddHelpCommand(CLI::App& ProgramReturn, Action& ActionReturn);
+void AddVersionCommand(CLI::App& ProgramReturn, Action& ActionReturn);

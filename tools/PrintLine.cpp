@@ -11,7 +11,8 @@ struct PrintLine {
 constexpr const char* Footer =
     "The normal form of a rule: its comments, header, rule line, alignments in order,\n"
     "constraints in the order in which they can be applied. Printing it again changes\n"
-    "nothing. Rules that cannot be read are told on standard error and passed over.\n"
+    "nothing. Rules that cannot be read are reported on standard error and left out; text that is\n"
+    "no part of a rule is reported and kept as a comment, \";; not read: ...\".\n"
     "\n"
     "--one-line separates the lines of a rule by tabs, and writes a tab inside of a line\n"
     "as \\t and a backslash as \\\\; --from-one-line reads that.\n"

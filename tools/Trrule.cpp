@@ -5,11 +5,9 @@
 #include "grammar/Cleanup.h"
 #include "grammar/RunError.h"
 
-#include <algorithm>
 #include <iostream>
 #include <new>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -23,21 +21,24 @@ constexpr const char* Footer =
     "  trrule sort --by type np.trr           in order\n"
     "  trrule unique --memory 64M *.trr       each rule once, counts added\n"
     "  trrule json np.trr                     one JSON object a line\n"
-    "  trrule from-json rules.jsonl           and back\n";
+    "  trrule from-json rules.jsonl           and back\n"
+    "  trrule help sort                       all of one command\n";
 
-/// One line for standard error.
-int Fail(std::string Message) {
-  std::replace(Message.begin(), Message.end(), '\n', ' ');
-  std::cerr << "trrule: " << Message << '\n';
+int Fail(const std::string& Message) {
+  Grammar::ReportFailure(Message);
   return Grammar::StatusFailed;
 }
 
 /// The parser would only say that a command is required.
 bool IsKnownFirst(const CLI::App& Program, const std::string& Argument) {
-  const auto IsIt = [&](const CLI::App* Command) { return Command->check_name(Argument); };
-  const std::vector<const CLI::App*> vCommands = Program.get_subcommands(nullptr);
-  return std::any_of(vCommands.begin(), vCommands.end(), IsIt) ||
+  return FindCommand(Program, Argument) != nullptr ||
          Program.get_option_no_throw(Argument) != nullptr;
+}
+
+std::string UnknownFirst(const CLI::App& Program, const std::string& Argument) {
+  return Argument.rfind('-', 0) == 0
+             ? "unknown option \"" + Argument + "\"; trrule help lists the options"
+             : UnknownCommand(Program, Argument);
 }
 
 int RunProgram(int ArgumentCount, char** Arguments) {
@@ -52,8 +53,14 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddUniqueCommand(Program, Chosen);
   AddJsonCommand(Program, Chosen);
   AddFromJsonCommand(Program, Chosen);
-  if (ArgumentCount > 1 && !IsKnownFirst(Program, Arguments[1])) {
-    return Fail(std::string("there is no command ") + Arguments[1]);
+  AddHelpCommand(Program, Chosen);
+  AddVersionCommand(Program, Chosen);
+  if (ArgumentCount < 2) {
+    std::cerr << Program.help();
+    return Grammar::StatusFailed;
+  }
+  if (!IsKnownFirst(Program, Arguments[1])) {
+    return Fail(UnknownFirst(Program, Arguments[1]));
   }
   try {
     Program.parse(ArgumentCount, Arguments);

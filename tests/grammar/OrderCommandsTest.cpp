@@ -69,8 +69,8 @@ std::string Rule(const std::string& Header, const std::string& Types, const std:
 }
 
 const std::string Ten = Rule("{NP,10}\n", "NP::NP", "DET N", ";;Score:2\n");
-const std::string Nine = Rule("{VP,9}\n", "VP::NP", "N", "; nine\n;;Score:-3\n");
-const std::string Minus = Rule("{NP,-5}\n", "NP::NP", "ADJ N DET");
+const std::string Nine = Rule("{VP,9}\n", "VP::NP", "N", "; nine\n;;Score:1\n");
+const std::string Minus = Rule("{NP,-5}\n", "NP::NP", "ADJ N DET", ";;Score:3\n");
 const std::string None = Rule("", "AP::NP", "ADJ N", ";;Score:11\n");
 const std::string Bad = "{XP,1}\nXP::XP : [N -> [N]\n(X1::Y1)\n";
 
@@ -89,7 +89,7 @@ TEST(SortCommand, OrdersByNumberTypeCountAndLength) {
   } Cases[] = {
       {SortBy::Index, None + Minus + Nine + Ten, Ten + Nine + Minus + None},
       {SortBy::Type, None + Ten + Minus + Nine, Nine + Ten + Minus + None},
-      {SortBy::Count, Nine + Minus + Ten + None, None + Ten + Minus + Nine},
+      {SortBy::Count, Nine + Ten + Minus + None, None + Minus + Ten + Nine},
       {SortBy::Length, Nine + Ten + None + Minus, Minus + Ten + None + Nine},
   };
   for (const auto& Each : Cases) {
@@ -109,12 +109,13 @@ TEST(SortCommand, WritesTheNormalForm) {
 }
 
 TEST(SortCommand, PutsWhatIsNoRuleBehindAllRules) {
-  const ChildEnd Passed = Sorted({Ten + Bad, "; no rule", Nine});
-  EXPECT_EQ(Passed.Status, 1);
-  EXPECT_NE(Passed.Err, "");
-  EXPECT_EQ(Passed.Out, Ten + Nine + "; no rule\n");
-  const ChildEnd Kept = Sorted({Ten + Bad, "; no rule", Nine}, {}, true);
-  EXPECT_EQ(Kept, (ChildEnd{1, Ten + Nine + Bad + "; no rule\n", Passed.Err}));
+  const std::string Report =
+      "0.trr:8:1: error TR007: this is no alignment of one x with one y\n"
+      "0.trr:7:1: error TR001: the rule has no sequence line\n";
+  EXPECT_EQ(Sorted({Ten + Bad, "; no rule", Nine}),
+            (ChildEnd{1, Ten + Nine + "; no rule\n", Report + "1 of 3 rules was left out\n"}));
+  EXPECT_EQ(Sorted({Ten + Bad, "; no rule", Nine}, {}, true),
+            (ChildEnd{1, Ten + Nine + Bad + "; no rule\n", Report}));
 }
 
 TEST(SortCommand, FailsWithoutOutputWhereAFileCannotBeRead) {
@@ -122,8 +123,12 @@ TEST(SortCommand, FailsWithoutOutputWhereAFileCannotBeRead) {
   RunOptions Run;
   Run.Output = Folder.Path("out");
   Run.vsFiles = {Folder.Write("a", Ten), Folder.Path("none")};
-  EXPECT_THROW(Grammar::RunSort(Run, {}), Grammar::RunError);
-  EXPECT_THROW(Grammar::RunUnique(Run, {}), Grammar::RunError);
+  const std::string Report =
+      "trrule: cannot read " + Folder.Path("none") + ": No such file or directory\n";
+  EXPECT_EQ(WrittenBy([&] { EXPECT_THROW(Grammar::RunSort(Run, {}), Grammar::RunError); }),
+            (Written{"", Report}));
+  EXPECT_EQ(WrittenBy([&] { EXPECT_THROW(Grammar::RunUnique(Run, {}), Grammar::RunError); }),
+            (Written{"", Report}));
   EXPECT_EQ(Folder.Names(), std::set<std::string>{"a"});
 }
 
@@ -154,7 +159,7 @@ TEST(UniqueCommand, AddsCountsCommentsAndExamples) {
 TEST(UniqueCommand, KeepsTheOrderOfFirstAppearanceUnlessItShallSort) {
   UniqueOptions Options;
   EXPECT_EQ(Unique({Nine + First + Ten, Second + Nine}).Out,
-            "; nine\n;;Score:-6\n" + Rule("{VP,9}\n", "VP::NP", "N") + Both + Ten);
+            "; nine\n;;Score:2\n" + Rule("{VP,9}\n", "VP::NP", "N") + Both + Ten);
   Options.Sorted = true;
   EXPECT_EQ(Unique({Nine + First + Ten, Second}, Options).Out, Both + Ten + Nine);
 }
@@ -175,7 +180,7 @@ TEST(UniqueCommand, CountsRulesOnOneLineEach) {
             "2\t; first\t;; SL: the car\t;; TL: el auto\t; second\t;; SL: the house\t;; TL: la "
             "casa\t;;Score:4\t{NP,1}\tNP::NP [DET N] -> [DET N]\t(\t(X1::Y1)\t((X1 NUM) = "
             "SG)\t((X2 NUM) = PL)\t)\n"
-            "1\t; nine\t;;Score:-3\t{VP,9}\tVP::NP [N] -> [N]\t(\t(X1::Y1)\t)\n");
+            "1\t; nine\t;;Score:1\t{VP,9}\tVP::NP [N] -> [N]\t(\t(X1::Y1)\t)\n");
 }
 
 TEST(UniqueCommand, HoldsTheCountAtTheLargestNumber) {

@@ -115,7 +115,7 @@ TEST(OutputFile, IsStandardOutputWithoutAName) {
 }
 
 TEST(OutputFile, IsRemovedBySignalsThatEndTheRun) {
-  for (const int Signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
+  for (const int Signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE}) {
     const TestFolder Folder;
     EXPECT_EQ(RunInChild([&] {
                 signal(Signal, SIG_DFL);

@@ -63,7 +63,9 @@ TEST(RuleChecker, TellsWhatIsNotKeptAsItIsWritten) {
       {"(x0 = x3) ;; c", {}},
       {"(X1::Y2) ;; (see there)", {"7:10+14 TR029"}},
       {"(X1::Y2) ;; see = there", {}},
-      {"see there", {"7:1+9 TR035?"}}};
+      {"see there", {"7:1+9 TR035?"}},
+      {"(X1::Y2) see", {"7:10+3 TR035"}},
+      {"1. (X1::Y2) a::b", {"7:1+2 TR035", "7:13+4 TR035"}}};
   for (const auto& [sLine, vsExpected] : Cases) {
     EXPECT_EQ(PlacesOf(FindingsIn(RuleWith(sLine))), vsExpected) << sLine;
   }
@@ -102,7 +104,7 @@ TEST(RuleChecker, TellsWhatAHeaderLoses) {
       {"{NP,8}", {}},
       {"{ADJP,8}", {"1:2+4 TR021"}},
       {"{NP, 12 }", {"1:6+2 TR022"}},
-      {"a,{ADJP,-1}", {"1:4+4 TR021", "1:9+2 TR022"}},
+      {"a,{ADJP,-1}", {"1:1+2 TR035", "1:4+4 TR021", "1:9+2 TR022"}},
       {"{NP}", {"1:1+4 TR023?"}},
       {"(x0 = x1)\n;; a\n{NP,8}", {"1:1+9 TR037"}}};
   for (const auto& [sHeader, vsExpected] : Cases) {
@@ -344,7 +346,7 @@ TEST(PrintCommand, PassesOverWhatCannotBeReadOrThroughAsItStands) {
   const PrintEnd Without = Print(Bad + Good, {});
   EXPECT_EQ(Without.Status, Grammar::StatusFindings);
   EXPECT_EQ(Without.Result, Good);
-  EXPECT_EQ(Without.Err, BadMessage);
+  EXPECT_EQ(Without.Err, BadMessage + "1 of 2 rules was left out\n");
   const PrintEnd With = Print(Bad + Good, {}, true);
   EXPECT_EQ(With.Status, Grammar::StatusFindings);
   EXPECT_EQ(With.Result, Bad + Good);

@@ -144,6 +144,19 @@ TEST(RuleReader, GivesARuleThatIsTooLongToBeHeldInPieces) {
   EXPECT_EQ(RulesOf(Long + "{N,2}\n").back().Text, "{N,2}\n");
 }
 
+TEST(RuleReader, EndsALineInPiecesBeforeTheNextRule) {
+  const std::string Long = "{N,1}\n" + std::string(2 * RuleReader::MaxHeld + 500, 'a');
+  const std::vector<RuleText> vRules = RulesOf(Long + "\n{N,2}\nN::N : [N] -> [N]\n");
+  EXPECT_EQ(vRules.back().Text, "{N,2}\nN::N : [N] -> [N]\n");
+  EXPECT_FALSE(vRules.back().IsPiece);
+  for (const std::string sEnd : {"", "\n", "\n\n;; end\n"}) {
+    const RuleText Last = RulesOf(Long + sEnd).back();
+    EXPECT_TRUE(Last.HasRule);
+    EXPECT_TRUE(Last.Continues);
+    ExpectAllBytes(Long + sEnd);
+  }
+}
+
 TEST(RuleReader, ForgetsWhatTheTextHeldBefore) {
   std::istringstream Stream("{N,1}");
   RuleReader Reader(Stream, "b.trr");

@@ -1,10 +1,11 @@
 // The command as people meet it: its statuses, its one-line complaints, how it ends when somebody
 // stops it, and that its help, its manual and its completions know the same options.
 
+#include "Finding.h"
 #include "GrammarPaths.h"
+#include "ProgramRun.h"
 #include "RuleGenerator.h"
 #include "TestFolder.h"
-#include "support/ChildProcess.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -25,24 +26,8 @@ using Strings = std::vector<std::string>;
 using StringSet = std::set<std::string>;
 
 const Strings Commands{"check", "print", "sort", "unique", "json", "from-json"};
-
-void Execute(Strings vsArguments) {
-  vsArguments.insert(vsArguments.begin(), GrammarPaths::Program);
-  std::vector<char*> vArguments;
-  for (std::string& sArgument : vsArguments) {
-    vArguments.push_back(sArgument.data());
-  }
-  vArguments.push_back(nullptr);
-  execv(GrammarPaths::Program, vArguments.data());
-}
-
-/// Runs the command with empty standard input.
-ChildEnd RunTrrule(const Strings& vsArguments) {
-  return RunInChild([&] {
-    dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
-    Execute(vsArguments);
-  });
-}
+const Strings AllCommands{"check", "print",     "sort", "unique",
+                          "json",  "from-json", "help", "version"};
 
 std::string ReadSource(const std::string& Path) {
   std::ifstream File(std::string(GrammarPaths::SourceFolder) + "/" + Path, std::ios::binary);
@@ -55,10 +40,20 @@ TEST(TrruleProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
       {{"sort", "/"}, "cannot read /: Is a directory"},
       {{"sort", "-o", "/no/such/file"}, "cannot write /no/such/file: No such file or directory"},
       {{"sort", "-o", "/dev/full", "/dev/null"}, ""},
-      {{}, "A subcommand is required"},
-      {{"chekc", "a.trr"}, "there is no command chekc"},
-      {{"--frob", "check"}, "there is no command --frob"},
-      {{""}, "there is no command "},
+      {{"chekc", "a.trr"}, "unknown command \"chekc\"; did you mean check?"},
+      {{"CHECK", "a.trr"}, "unknown command \"CHECK\"; did you mean check?"},
+      {{"Srot"}, "unknown command \"Srot\"; did you mean sort?"},
+      {{"HELP"}, "unknown command \"HELP\"; did you mean help?"},
+      {{"fromjson"}, "unknown command \"fromjson\"; did you mean from-json?"},
+      {{"frob"}, "unknown command \"frob\"; trrule help lists the commands"},
+      {{"a.trr"}, "unknown command \"a.trr\"; trrule help lists the commands"},
+      {{""}, "unknown command \"\"; trrule help lists the commands"},
+      {{"--frob", "check"}, "unknown option \"--frob\"; trrule help lists the options"},
+      {{"help", "srot"}, "unknown command \"srot\"; did you mean sort?"},
+      {{"check", "--only", "TR35"}, "unknown code \"TR35\"; did you mean TR035?"},
+      {{"check", "--except", "TR009,tr036x"}, "unknown code \"tr036x\"; did you mean TR036?"},
+      {{"check", "--only", "TR9x"}, "unknown code \"TR9x\"; trrule check --help lists the codes"},
+      {{"check", "--only", ""}, "unknown code \"\"; trrule check --help lists the codes"},
       {{"sort", "--frob"}, "The following argument was not expected: --frob"},
       {{"sort", "--memory", "3Q"}, "--memory: 3Q is no size, such as 64M, 2G or 50%"},
       {{"unique", "--memory", "0"}, "--memory: 0 is no size, such as 64M, 2G or 50%"},
@@ -72,6 +67,43 @@ TEST(TrruleProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
     const ChildEnd Expected =
         sMessage.empty() ? ChildEnd{0, "", ""} : ChildEnd{2, "", "trrule: " + sMessage + "\n"};
     EXPECT_EQ(RunTrrule(vsArguments), Expected);
+  }
+}
+
+TEST(TrruleProgram, ExplainsItself) {
+  const std::string Help = RunTrrule({"--help"}).Out;
+  EXPECT_EQ(Help.substr(0, Help.find('\n', Help.find('\n') + 1)),
+            "Checks, prints, sorts and converts files of transfer rules.\n"
+            "Usage: trrule [OPTIONS] SUBCOMMAND");
+  EXPECT_EQ(RunTrrule({"-h"}), (ChildEnd{0, Help, ""}));
+  EXPECT_EQ(RunTrrule({"help"}), (ChildEnd{0, Help, ""}));
+  // Nothing was done, and scripts should see that.
+  EXPECT_EQ(RunTrrule({}), (ChildEnd{2, "", Help}));
+  const ChildEnd Version = RunTrrule({"--version"});
+  EXPECT_EQ(Version.Status, 0);
+  EXPECT_EQ(Version.Out.substr(0, 7), "trrule ");
+  EXPECT_EQ(RunTrrule({"version"}), Version);
+}
+
+TEST(TrruleProgram, ExplainsEachCommandInBothWays) {
+  for (const std::string& sCommand : AllCommands) {
+    const ChildEnd Help = RunTrrule({sCommand, "--help"});
+    EXPECT_EQ(Help.Status, 0) << sCommand;
+    EXPECT_EQ(RunTrrule({"help", sCommand}), Help);
+  }
+}
+
+TEST(TrruleProgram, TakesCodesInAnyCase) {
+  const TestFolder Folder;
+  Folder.Write("a.trr", "{ADJP,12}\nNP::NP : [N] -> [N]\n(X1::Y1)\n");
+  const std::string Number =
+      "a.trr:1:7: warning TR022: the library's reader keeps the last digit of this number, 2; here "
+      "it stays whole\n  {ADJP,12}\n        ^~\n";
+  for (const Strings& vsOptions : {Strings{"--only", "tr022"}, Strings{"--only", "TR001, Tr022 "},
+                                   Strings{"--except=tr021"}}) {
+    Strings vsArguments{"check", "a.trr"};
+    vsArguments.insert(vsArguments.end(), vsOptions.begin(), vsOptions.end());
+    EXPECT_EQ(RunTrrule(vsArguments, Folder.Path("")), (ChildEnd{1, Number, ""})) << vsOptions[0];
   }
 }
 
@@ -112,7 +144,8 @@ TEST(TrruleProgram, ReplacesTheFileThatItReads) {
   EXPECT_EQ(Folder.Read("a.trr"), "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n");
 }
 
-TEST(TrruleProgram, LeavesNothingBehindWhenItIsInterrupted) {
+/// Runs sort with much input and then stops it by a signal.
+void ExpectNothingLeftBy(int Signal) {
   const TestFolder Folder;
   Folder.Write("out", "before");
   int Input[2] = {};
@@ -121,9 +154,9 @@ TEST(TrruleProgram, LeavesNothingBehindWhenItIsInterrupted) {
   if (Child == 0) {
     dup2(Input[0], STDIN_FILENO);
     close(Input[1]);
-    signal(SIGINT, SIG_DFL);
+    signal(Signal, SIG_DFL);
     setenv("TMPDIR", Folder.Path("").c_str(), 1);
-    Execute({"sort", "--memory", "1K", "-o", Folder.Path("out")});
+    ExecuteTrrule({"sort", "--memory", "1K", "-o", Folder.Path("out")});
     _exit(1);
   }
   close(Input[0]);
@@ -135,13 +168,19 @@ TEST(TrruleProgram, LeavesNothingBehindWhenItIsInterrupted) {
     Done += static_cast<std::size_t>(Count);
   }
   EXPECT_EQ(Folder.Names().size(), 2U);
-  kill(Child, SIGINT);
+  kill(Child, Signal);
   int Status = 0;
   waitpid(Child, &Status, 0);
   close(Input[1]);
-  EXPECT_TRUE(WIFSIGNALED(Status) && WTERMSIG(Status) == SIGINT);
+  EXPECT_TRUE(WIFSIGNALED(Status) && WTERMSIG(Status) == Signal);
   EXPECT_EQ(Folder.Names(), StringSet{"out"});
   EXPECT_EQ(Folder.Read("out"), "before");
+}
+
+TEST(TrruleProgram, LeavesNothingBehindWhenItIsInterrupted) {
+  for (const int Signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+    ExpectNothingLeftBy(Signal);
+  }
 }
 
 TEST(TrruleProgram, EndsQuietlyWhereNobodyReads) {
@@ -152,7 +191,7 @@ TEST(TrruleProgram, EndsQuietlyWhereNobodyReads) {
                 int Ends[2] = {};
                 signal(SIGPIPE, IsIgnored ? SIG_IGN : SIG_DFL);
                 if (pipe(Ends) == 0 && close(Ends[0]) == 0 && dup2(Ends[1], STDOUT_FILENO) >= 0) {
-                  Execute({"print", Path});
+                  ExecuteTrrule({"print", Path});
                 }
               }),
               (ChildEnd{IsIgnored ? 2 : -SIGPIPE, "", ""}));
@@ -208,12 +247,30 @@ std::string OfferedByBash(const std::string& Words, int Position) {
 
 TEST(TrruleProgram, IsCompletedByBash) {
   EXPECT_EQ(OfferedByBash("trrule ''", 1),
-            "check print sort unique json from-json -h --help --version\n");
+            "check print sort unique json from-json help version -h --help --version\n");
+  EXPECT_EQ(OfferedByBash("trrule help ''", 2),
+            "check print sort unique json from-json help version\n");
   EXPECT_EQ(OfferedByBash("trrule p", 1), "print\n");
   EXPECT_EQ(OfferedByBash("trrule sort --r", 2), "--reverse\n");
   EXPECT_EQ(OfferedByBash("trrule sort --by ''", 3), "index type count length\n");
   EXPECT_EQ(OfferedByBash("trrule unique --ex", 2), "--examples\n");
   EXPECT_EQ(OfferedByBash("trrule unique --examples ''", 3), "\n");
+}
+
+TEST(TrruleProgram, HasItsCodesCompletedByBash) {
+  const std::string Check = "'" + std::string(GrammarPaths::Program) + "' check ";
+  std::string All;
+  for (const Grammar::CodeInfo& Each : Grammar::AllCodes()) {
+    All.append(All.empty() ? "" : " ").append(Each.Code);
+  }
+  EXPECT_EQ(OfferedByBash(Check + "--only ''", 3), All + "\n");
+  EXPECT_EQ(OfferedByBash(Check + "--except TR01", 3), "TR010 TR011 TR012 TR013 TR014\n");
+  EXPECT_EQ(OfferedByBash(Check + "--except tr01", 3), "TR010 TR011 TR012 TR013 TR014\n");
+  EXPECT_EQ(OfferedByBash(Check + "--only TR001,TR03", 3).substr(0, 23), "TR001,TR030 TR001,TR031");
+  EXPECT_EQ(OfferedByBash(Check + "--only TR001,TR002,TR010", 3), "TR001,TR002,TR010\n");
+  EXPECT_EQ(OfferedByBash(Check + "--only = TR01", 4), "TR010 TR011 TR012 TR013 TR014\n");
+  EXPECT_EQ(OfferedByBash(Check + "--only =", 3), All + "\n");
+  EXPECT_EQ(OfferedByBash("/no/such/trrule check --only ''", 3), "\n");
 }
 
 }  // namespace

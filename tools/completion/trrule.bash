@@ -1,22 +1,52 @@
-# Completion of trrule's commands, options and files, for bash.
+# Completion of trrule's commands, options, codes and files, for bash.
+
+# The codes for the end of a list with commas, each behind the rest of the list. The command knows
+# them itself.
+_trrule_codes() {
+  local Program=$1 Word=${2^^}
+  local List='' Code
+  if [[ $Word == *,* ]]; then
+    List=${Word%,*},
+  fi
+  for Code in $("$Program" check --help 2>/dev/null | sed -n 's/^  \(TR[0-9]*\) .*/\1/p'); do
+    if [[ $Code == "${Word##*,}"* ]]; then
+      COMPREPLY+=("$List$Code")
+    fi
+  done
+}
 
 _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
-  local Common='-o --output -q --quiet -h --help'
+  local Common='-o --output --force -q --quiet -h --help'
+  local Commands='check print sort unique json from-json help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    Words='check print sort unique json from-json -h --help --version'
+    Words="$Commands -h --help --version"
     mapfile -t COMPREPLY < <(compgen -W "$Words" -- "$Word")
     return
+  fi
+  # An equals sign is a word of its own.
+  if [ "$Word" = '=' ]; then
+    Word=''
+  elif [ "$Before" = '=' ]; then
+    Before=${COMP_WORDS[COMP_CWORD - 2]}
   fi
   case $Before in
     --format) Words='text json sarif' ;;
     --severity) Words='error warning' ;;
     --by) Words='index type count length' ;;
     --memory) Words='64M 256M 1G 50%' ;;
-    --only | --except | --examples) return ;;
+    --only | --except)
+      _trrule_codes "${COMP_WORDS[0]}" "$Word"
+      return
+      ;;
+    --examples) return ;;
+  esac
+  case ${COMP_WORDS[1]} in
+    help) Words=$Commands ;;
+    version) return ;;
   esac
   if [ -z "$Words" ] && [[ $Word == -* ]]; then
     case ${COMP_WORDS[1]} in

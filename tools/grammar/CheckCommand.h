@@ -17,8 +17,8 @@ struct CheckOptions {
 };
 
 /// Tells everything that is wrong with the rules or will surprise. Throws `RunError`, also where a
-/// code is not known.
+/// code is not known, in whatever case it is written, and where the output would replace an input.
 /// @return `StatusFindings` where something was told
-int RunCheck(const RunOptions& Run, const CheckOptions& Options);
+int RunCheck(const RunOptions& Run, const CheckOptions& OptionsPassIn);
 
 }  // namespace Grammar

@@ -15,7 +15,7 @@ namespace Grammar {
 
 namespace {
 
-constexpr std::array<int, 4> EndingSignals{SIGINT, SIGTERM, SIGHUP, SIGPIPE};
+constexpr std::array<int, 5> EndingSignals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE};
 
 // A handler may look at lock-free atomics and at little else, hence no container.
 std::array<std::atomic<const char*>, 8> UnfinishedNames{};

@@ -8,8 +8,8 @@
 
 namespace Grammar {
 
-/// Makes SIGINT, SIGTERM, SIGHUP and SIGPIPE remove the unfinished files before they end the
-/// process. The process still dies of the signal, so that a shell sees why. Signals that the
+/// Makes SIGINT, SIGTERM, SIGHUP, SIGQUIT and SIGPIPE remove the unfinished files before they end
+/// the process. The process still dies of the signal, so that a shell sees why. Signals that the
 /// process has been told to ignore, as under nohup, stay ignored.
 void RemoveUnfinishedFilesOnSignals();
 

@@ -39,10 +39,11 @@ const std::vector<CodeInfo>& AllCodes() {
       {"TR032", Severity::Warning, "two values of a feature become one disjunction"},
       {"TR033", Severity::Warning, "two rules say the same"},
       {"TR034", Severity::Warning, "two rules have the same type and number"},
-      {"TR035", Severity::Warning, "the line means nothing and is dropped"},
+      {"TR035", Severity::Error, "text that is no part of a rule"},
       {"TR036", Severity::Warning, "an alignment is given twice"},
       {"TR037", Severity::Warning, "the line stands before the header of its rule"},
       {"TR038", Severity::Warning, "a blank becomes part of a value"},
+      {"TR039", Severity::Warning, "the count is not read as it is written"},
   };
   return vCodes;
 }

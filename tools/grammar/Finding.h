@@ -15,7 +15,7 @@ std::string_view NameOf(Severity Which);
 /// What is known of each code: it keeps its number and its meaning for ever.
 struct CodeInfo {
   std::string_view Code;   ///< "TR001"
-  Severity Level;          ///< whether the rule cannot be used, or will only surprise
+  Severity Level;          ///< the gravest that its findings have
   std::string_view Title;  ///< a few words
 };
 

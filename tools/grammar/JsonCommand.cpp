@@ -56,10 +56,23 @@ class LineReader {
   LineReader(OutputFile& OutputPassIn, Progress& ShownPassIn)
       : Output(OutputPassIn), Shown(ShownPassIn) {}
 
+  /// Reads a file, as far as it can be read.
   void ReadFile(const std::string& Name) {
-    InputFile File(Name);
+    try {
+      InputFile File(Name);
+      ReadLines(File.Stream(), Name);
+    } catch (const InputError& Error) {
+      ReportFailure(Error.what());
+      Tally.HasUnreadFiles = true;
+    }
+  }
+
+  const RunTally& Result() const { return Tally; }
+
+ private:
+  void ReadLines(std::istream& Input, const std::string& Name) {
     std::string Line;
-    for (std::size_t Number = 1; std::getline(File.Stream(), Line); ++Number) {
+    for (std::size_t Number = 1; std::getline(Input, Line); ++Number) {
       Shown.Advance(Line.size() + 1);
       if (Line.find_first_not_of(" \t\r") != std::string::npos) {
         ReadLine(Line, Name + ':' + std::to_string(Number));
@@ -67,16 +80,16 @@ class LineReader {
     }
   }
 
-  int Status() const { return Result; }
-
- private:
   void ReadLine(const std::string& Line, const std::string& Place) {
     Text.clear();
     const bool IsRead = Reader.Read(Line, Text);
     for (const std::string& sProblem : Reader.Problems()) {
       std::cerr << Place << ": " << (IsRead ? "warning: " : "error: ") << sProblem << '\n';
-      Result = StatusFindings;
+      Tally.HasFindings = true;
     }
+    // What is no object at all may have been meant as a rule.
+    Tally.Rules += !IsRead || Reader.HasReadRule() ? 1 : 0;
+    Tally.LeftOut += IsRead ? 0 : 1;
     if (IsRead && !Text.empty()) {
       // A rule begins a line, also behind a text whose last line has no end.
       if (LacksLineEnd && Reader.HasReadRule()) {
@@ -92,7 +105,7 @@ class LineReader {
   JsonReader Reader;
   std::string Text;
   bool LacksLineEnd = false;
-  int Result = StatusClean;
+  RunTally Tally;
 };
 
 }  // namespace
@@ -100,10 +113,9 @@ class LineReader {
 int RunJson(const RunOptions& Run) {
   OutputFile Output(Run.Output);
   JsonWriter Writer(Output);
-  const int Status = VisitRules(Run, Writer);
+  const RunTally Tally = VisitRules(Run, Writer);
   Writer.WritePending();
-  Output.Finish();
-  return Status;
+  return FinishRun(Run, Tally, Output);
 }
 
 int RunFromJson(const RunOptions& Run) {
@@ -114,8 +126,7 @@ int RunFromJson(const RunOptions& Run) {
   for (const std::string& sName : vsNames) {
     Lines.ReadFile(sName);
   }
-  Output.Finish();
-  return Lines.Status();
+  return FinishRun(Run, Lines.Result(), Output, false);
 }
 
 }  // namespace Grammar

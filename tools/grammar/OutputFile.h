@@ -36,6 +36,9 @@ class OutputFile {
   /// Passes on what has been written so far.
   void Flush();
 
+  /// Whether a file is put in its place at the end, rather than written directly.
+  bool AppearsAtTheEnd() const { return Unfinished != nullptr; }
+
   /// Puts the file in its place. To be called once, after the last `Write`.
   void Finish();
 

@@ -2,10 +2,8 @@
 
 #include "LineKind.h"
 #include "OutputFile.h"
-#include "RunError.h"
 
 #include <algorithm>
-#include <iostream>
 #include <string>
 #include <string_view>
 
@@ -37,10 +35,9 @@ class Printer : public RuleVisitor {
   void TakeRule(RuleRecord& Record) override {
     std::string Why;
     if (Options.Flip && !Flip(Record, Why)) {
-      std::cerr << "trrule: a rule cannot be turned round: " << Why << '\n';
-      HasFailed = true;
-      return;
+      throw UnwritableRule("the rule cannot be flipped: " + Why);
     }
+    HasStrayText = HasStrayText || Record.HasStrayText();
     Text.clear();
     AppendNormalForm(Record, Options.Form, Text);
     Output.Write(Text);
@@ -67,14 +64,15 @@ class Printer : public RuleVisitor {
     }
   }
 
-  bool HasLostOne() const { return HasFailed; }
+  /// Whether a rule was written that had text on its lines that is no part of it.
+  bool HasWrittenStrayText() const { return HasStrayText; }
 
  private:
   PrintOptions Options;
   OutputFile& Output;
   std::string Text;
   bool IsRaw = false;  ///< whether the last text went out as it was
-  bool HasFailed = false;
+  bool HasStrayText = false;
 };
 
 }  // namespace
@@ -82,9 +80,9 @@ class Printer : public RuleVisitor {
 int RunPrint(const RunOptions& Run, const PrintOptions& Options) {
   OutputFile Output(Run.Output);
   Printer Visitor(Options, Output);
-  const int Status = VisitRules(Run, Visitor);
-  Output.Finish();
-  return Visitor.HasLostOne() ? StatusFindings : Status;
+  RunTally Tally = VisitRules(Run, Visitor);
+  Tally.HasLostText = Options.Form.NoComments && Visitor.HasWrittenStrayText();
+  return FinishRun(Run, Tally, Output);
 }
 
 }  // namespace Grammar

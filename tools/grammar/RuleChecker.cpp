@@ -6,10 +6,12 @@
 #include "Bytes.h"
 #include "ConstraintCycles.h"
 #include "ConstraintText.h"
+#include "CountText.h"
 #include "HeaderText.h"
 #include "LibraryScope.h"
 #include "LineKind.h"
 #include "LineTexts.h"
+#include "StrayText.h"
 
 #include <algorithm>
 #include <iterator>
@@ -44,16 +46,18 @@ class Checker {
 
   void Check();
   void CheckOrder();
+  void AddToRule(std::string_view Code, std::string Message, std::string Suggestion = "");
   void AddLibraryMessage(const std::string& Why);
 
  private:
   void Add(std::string_view Code, std::size_t Line, std::string_view Part, std::string Message,
            std::string Suggestion = "");
-  void AddToRule(std::string_view Code, std::string Message, std::string Suggestion = "");
 
   void CheckLine(std::size_t Line);
   void CheckComment(std::size_t Line, std::string_view Comment);
   void CheckCommentBehind(std::size_t Line, const LineParts& Parts);
+  void CheckCount(std::size_t Line, std::string_view Comment);
+  void CheckStrayTexts(std::size_t Line, const LineParts& Parts);
   void CheckHeader(std::size_t Line, std::string_view Code);
   void CheckSequence(std::size_t Line, std::string_view Code);
   void CheckAlignment(std::size_t Line, std::string_view Code);
@@ -78,6 +82,8 @@ class Checker {
   bool HasCode = false;
   std::optional<std::size_t> HeaderLine;
   std::optional<std::size_t> SequenceLine;
+  std::optional<std::size_t> CountLine;
+  bool IsInside = false;  // between the first line of the rule and the one that closes its body
   bool HasAlignmentLine = false;
   bool HasLabels = false;
   std::vector<std::string> vsSource;
@@ -118,6 +124,7 @@ void Checker::AddToRule(std::string_view Code, std::string Message, std::string 
 
 void Checker::CheckLine(std::size_t Line) {
   const LineParts Parts = Text.Parts(Line);
+  CheckCount(Line, Parts.Comment);
   if (Parts.Kind == LineKind::Comment) {
     CheckComment(Line, Parts.Comment);
     return;
@@ -142,13 +149,10 @@ void Checker::CheckLine(std::size_t Line) {
     case LineKind::Constraint:
       CheckConstraint(Line, Parts.Code);
       break;
-    case LineKind::Other:
-      Add("TR035", Line, Parts.Code, "this line is no part of a rule, and is dropped",
-          ";; " + std::string(Parts.Code));
-      break;
     default:
       break;
   }
+  CheckStrayTexts(Line, Parts);
   if (!Parts.Comment.empty()) {
     CheckCommentBehind(Line, Parts);
   }
@@ -199,6 +203,40 @@ void Checker::CheckCommentBehind(std::size_t Line, const LineParts& Parts) {
     Add("TR029", Line, Parts.Comment,
         "the library's reader takes this comment for part of the line; here it stays a comment");
   }
+}
+
+/// The first comment with the label is the one that is read.
+void Checker::CheckCount(std::size_t Line, std::string_view Comment) {
+  std::string_view Written;
+  if (!Text.HasRule || !TakeLabel(Comment, ScoreLabel, Written)) {
+    return;
+  }
+  const std::string_view Part = Written.empty() ? Comment : Written;
+  const CountText Count = ParseCount(Written);
+  if (CountLine) {
+    Add("TR039", Line, Part,
+        "the rule has a count already, on line " + std::to_string(Text.FirstLine + *CountLine));
+    return;
+  }
+  CountLine = Line;
+  if (!Count.IsExact) {
+    Add("TR039", Line, Part,
+        Quoted(Written) + " is not a count: it is read as " + std::to_string(Count.Value));
+  }
+}
+
+/// What means nothing is an error within a rule, where something was meant to be part of it.
+void Checker::CheckStrayTexts(std::size_t Line, const LineParts& Parts) {
+  const bool BeginsRule = Parts.Kind == LineKind::Header || Parts.Kind == LineKind::Sequence;
+  IsInside = IsInside || BeginsRule || Parts.Kind == LineKind::Open;
+  const bool IsWholeLine = Parts.Kind == LineKind::Other;
+  for (const std::string_view Stray : StrayTexts(Parts)) {
+    Add("TR035", Line, Stray,
+        std::string("this ") + (IsWholeLine ? "line" : "text") + " is no part of a rule",
+        IsWholeLine ? ";; " + std::string(Stray) : "");
+    vFindings.back().Level = IsInside ? Severity::Error : Severity::Warning;
+  }
+  IsInside = IsInside && Parts.Kind != LineKind::Close && !ClosesBody(Parts.Code);
 }
 
 void Checker::CheckHeader(std::size_t Line, std::string_view Code) {
@@ -584,7 +622,8 @@ void Checker::AddLibraryMessage(const std::string& Why) {
 
 /// Whether a rule with such an error cannot be used; the others can be written all the same.
 bool IsUnreadable(const Finding& Each) {
-  return Each.Level == Severity::Error && Each.Code != "TR009" && Each.Code != "TR010";
+  return Each.Level == Severity::Error && Each.Code != "TR009" && Each.Code != "TR010" &&
+         Each.Code != "TR035";
 }
 
 bool IsAtSamePlace(const Finding& Left, const Finding& Right) {
@@ -604,6 +643,23 @@ void ExplainUnreadable(const RuleText& TextPassIn, const std::string& WhyPassIn,
     Each.AddLibraryMessage(WhyPassIn);
   }
   std::copy_if(vAll.begin(), vAll.end(), std::back_inserter(vFindingsReturn), IsUnreadable);
+}
+
+void ReportUnwritable(const RuleText& TextPassIn, const std::string& WhyPassIn,
+                      std::vector<Finding>& vFindingsReturn) {
+  std::vector<Finding> vAll;
+  Checker Each(TextPassIn, vAll);
+  Each.Check();
+  vAll.clear();
+  Each.AddToRule("TR014", WhyPassIn.substr(0, WhyPassIn.find('\n')));
+  std::move(vAll.begin(), vAll.end(), std::back_inserter(vFindingsReturn));
+}
+
+void ReportStrayText(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn) {
+  std::vector<Finding> vAll;
+  Checker(TextPassIn, vAll).Check();
+  std::copy_if(vAll.begin(), vAll.end(), std::back_inserter(vFindingsReturn),
+               [](const Finding& Each) { return Each.Code == "TR035"; });
 }
 
 bool CheckRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,

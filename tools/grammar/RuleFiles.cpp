@@ -47,7 +47,7 @@ class InputFile::Buffer : public std::streambuf {
   explicit Buffer(const std::string& NamePassIn) : Name(NamePassIn), vBytes(std::size_t{1} << 17) {
     Descriptor = Name == "-" ? STDIN_FILENO : open(Name.c_str(), O_RDONLY | O_CLOEXEC);
     if (Descriptor < 0) {
-      throw SystemError("cannot read " + Name);
+      throw InputError(SystemError("cannot read " + Name).what());
     }
   }
 
@@ -67,7 +67,7 @@ class InputFile::Buffer : public std::streambuf {
       Count = read(Descriptor, vBytes.data(), vBytes.size());
     } while (Count < 0 && errno == EINTR);
     if (Count < 0) {
-      throw SystemError("cannot read " + Shown(Name));
+      throw InputError(SystemError("cannot read " + Shown(Name)).what());
     }
     setg(vBytes.data(), vBytes.data(), vBytes.data() + Count);
     return Count == 0 ? traits_type::eof() : traits_type::to_int_type(vBytes.front());
@@ -104,26 +104,44 @@ RuleFiles::RuleFiles(std::vector<std::string> vsNamesPassIn, bool Quiet, bool Fo
 
 RuleFiles::~RuleFiles() = default;
 
+void RuleFiles::Open(const std::string& Name) {
+  File = std::make_unique<InputFile>(Name);
+  if (IsFolded) {
+    Lines = std::make_unique<Unfolded>(File->Stream());
+  }
+  Reader = std::make_unique<RuleReader>(IsFolded ? Lines->Stream : File->Stream(), Name);
+}
+
+/// Opens the next file that can be opened. @return false where there is none
 bool RuleFiles::OpenNext() {
   Reader = nullptr;
   Lines = nullptr;
   File = nullptr;
-  if (NextName == vsNames.size()) {
+  while (Reader == nullptr && NextName < vsNames.size()) {
+    try {
+      Open(vsNames[NextName++]);
+    } catch (const InputError& Error) {
+      ReportFailure(Error.what());
+      Failed = true;
+    }
+  }
+  return Reader != nullptr;
+}
+
+/// The next rule of the open file. What a file gives before it fails has been handed out by then.
+bool RuleFiles::ReadNext(RuleText& TextReturn) {
+  try {
+    return Reader->Next(TextReturn);
+  } catch (const InputError& Error) {
+    ReportFailure(Error.what());
+    Failed = true;
     return false;
   }
-  File = std::make_unique<InputFile>(vsNames[NextName]);
-  if (IsFolded) {
-    Lines = std::make_unique<Unfolded>(File->Stream());
-  }
-  Reader =
-      std::make_unique<RuleReader>(IsFolded ? Lines->Stream : File->Stream(), vsNames[NextName]);
-  ++NextName;
-  return true;
 }
 
 bool RuleFiles::Next(RuleText& TextReturn) {
   while (Reader != nullptr || OpenNext()) {
-    if (Reader->Next(TextReturn)) {
+    if (ReadNext(TextReturn)) {
       Shown.Advance(TextReturn.Text.size());
       return true;
     }

@@ -17,8 +17,8 @@ std::vector<std::string> OrStandardInput(std::vector<std::string> vsNames);
 /// The size of all files together; 0 where one of them is no regular file.
 std::uint64_t TotalSize(const std::vector<std::string>& vsNames);
 
-/// A file that is read from its beginning to its end, or standard input for "-". Throws `RunError`
-/// where it cannot be opened or read.
+/// A file that is read from its beginning to its end, or standard input for "-". Throws
+/// `InputError` where it cannot be opened or read.
 class InputFile {
  public:
   explicit InputFile(const std::string& Name);
@@ -40,6 +40,8 @@ class InputFile {
 ///
 ///   RuleFiles Files({"a.trr", "-"}, false);
 ///   for (RuleText Text; Files.Next(Text);) { … }
+///
+/// A file that cannot be read is reported on standard error, and the others are read all the same.
 class RuleFiles {
  public:
   /// @param vsNamesPassIn the files, "-" for standard input; none stands for standard input
@@ -50,8 +52,13 @@ class RuleFiles {
   /// Gives the next rule. @return false behind the last rule of the last file
   bool Next(RuleText& TextReturn);
 
+  /// Whether some file could not be read, or not to its end.
+  bool HasFailed() const { return Failed; }
+
  private:
   bool OpenNext();
+  void Open(const std::string& Name);
+  bool ReadNext(RuleText& TextReturn);
 
   struct Unfolded;
 
@@ -62,6 +69,7 @@ class RuleFiles {
   std::unique_ptr<Unfolded> Lines;
   std::unique_ptr<RuleReader> Reader;
   Progress Shown;
+  bool Failed = false;
 };
 
 }  // namespace Grammar

@@ -304,11 +304,9 @@ RuleRecord RecordFrom(const Json& Object) {
   RuleRecord Record;
   Record.SetComments(CommentsFrom(Object));
   Record.SetHeader(HeaderFrom(Object));
-  std::string_view Rest;
-  Strings vsComments = Record.Comments();
+  // A count that no comment can hold is reported by its member, as all that is lost.
   const int Count = Member(Object, "count").AsNumber(1);
-  const bool HasCount = FindLabel(vsComments, "Score:", Rest) != vsComments.end();
-  if (Count != (HasCount ? std::atoi(std::string(Rest).c_str()) : 1)) {
+  if (Count != CountIn(Record.Comments()) && Count > 0) {
     Record.SetCount(Count);
   }
   const LibraryScope Scope;

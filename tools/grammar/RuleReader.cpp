@@ -116,7 +116,10 @@ bool RuleReader::Next(RuleText& TextReturn) {
   for (std::size_t End = 0; FindLineEnd(From, End); From = End) {
     const RuleText::Span Line = SpanOf(From, End);
     if (Seen.InsideLine) {
+      // The end of a line that came in pieces is this rule's, whatever it looks like.
       Seen.InsideLine = false;
+      RuleEnd = End;
+      RuleLines = vSpans.size() + 1;
     } else if (Line.Kind != LineKind::Blank && Line.Kind != LineKind::Comment) {
       if (StartsRule(Line.Kind, Rest().substr(Line.CodeBegin, Line.CodeEnd - Line.CodeBegin))) {
         // Where nothing is left of a rule that came in pieces, an empty piece ends it.

@@ -2,14 +2,15 @@
 
 #include "Bytes.h"
 #include "ConstraintText.h"
+#include "CountText.h"
 #include "HeaderText.h"
 #include "LibraryScope.h"
 #include "LineTexts.h"
 #include "NormalForm.h"
 #include "RuleChecker.h"
+#include "StrayText.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 #include <utility>
 
@@ -20,25 +21,27 @@ namespace {
 /// How many bytes the library looks at behind a cut.
 constexpr std::size_t ReaderLimit = 100000;
 
-constexpr std::string_view ScoreLabel = "Score:";
+/// Whether the library does not get to see the end of a text.
+bool IsCut(std::string_view Text) {
+  const std::size_t Cut = Text.find('\n') + 1;
+  return Cut != 0 && Text.size() - Cut > ReaderLimit &&
+         !Trimmed(Text.substr(Cut + ReaderLimit)).empty();
+}
 
 }  // namespace
 
 bool IsTooLong(const RuleText& TextPassIn) {
-  const std::string_view Text = TextPassIn.Text;
   if (TextPassIn.IsPiece) {
     return true;
   }
-  if (Text.size() <= ReaderLimit) {
+  if (TextPassIn.Text.size() <= ReaderLimit) {
     return false;
   }
-  const std::size_t Cut = Text.find('\n') + 1;
-  const bool LosesLines = Cut != 0 && Text.size() - Cut > ReaderLimit &&
-                          !Trimmed(Text.substr(Cut + ReaderLimit)).empty();
   const auto IsLong = [](const RuleText::Span& Each) {
     return Each.End - Each.Begin > ReaderLimit;
   };
-  return LosesLines || std::any_of(TextPassIn.vLines.begin(), TextPassIn.vLines.end(), IsLong);
+  return IsCut(TextPassIn.Text) ||
+         std::any_of(TextPassIn.vLines.begin(), TextPassIn.vLines.end(), IsLong);
 }
 
 RuleRecord::RuleRecord() : Record(std::make_unique<TrRule>()) {}
@@ -50,17 +53,23 @@ void RuleRecord::Clear() {
   Comparison.clear();
   Body.clear();
   IsRestored = false;
+  HasStray = false;
 }
 
 bool RuleRecord::Read(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn) {
   Clear();
   Reading State;
   State.IsSound = !IsTooLong(TextPassIn);
+  // What is written is longer than what was read, but not so much longer.
+  State.NeedsProof = TextPassIn.Text.size() > ReaderLimit / 8;
   for (std::size_t Line = 0; State.IsSound && Line < TextPassIn.vLines.size(); ++Line) {
     ReadLine(TextPassIn.Parts(Line), State);
   }
   std::string Why;
   if (State.IsSound && ReadBody(State, Why) && (!State.NeedsProof || IsStable())) {
+    if (HasStray) {
+      ReportStrayText(TextPassIn, vFindingsReturn);
+    }
     return true;
   }
   ExplainUnreadable(TextPassIn, Why, vFindingsReturn);
@@ -114,6 +123,10 @@ void RuleRecord::ReadLine(const LineParts& Parts, Reading& StateReturn) {
       break;
     default:
       break;
+  }
+  for (const std::string_view Stray : StrayTexts(Parts)) {
+    vsComments.push_back(StrayComment(Stray));
+    HasStray = true;
   }
   if (!Parts.Comment.empty()) {
     vsComments.emplace_back(Parts.Comment);
@@ -183,9 +196,11 @@ bool RuleRecord::IsStable() const {
   RuleRecord Again;
   Reading State;
   std::string_view Rest = Written.Text;
+  State.IsSound = !IsCut(Rest);
   while (State.IsSound && !Rest.empty()) {
     const std::size_t End = Rest.find('\n');
     Again.ReadLine(PartsOf(Rest.substr(0, End)), State);
+    State.IsSound = State.IsSound && End <= ReaderLimit;
     Rest.remove_prefix(End + 1);
   }
   std::string Why;
@@ -222,17 +237,12 @@ std::vector<std::string>::const_iterator FindLabel(const std::vector<std::string
   });
 }
 
-/// The count in the comments, 1 where there is none that can be read.
+}  // namespace
+
 int CountIn(const std::vector<std::string>& vsComments) {
   std::string_view Rest;
-  int Count = 1;
-  if (FindLabel(vsComments, ScoreLabel, Rest) != vsComments.end()) {
-    std::from_chars(Rest.data(), Rest.data() + Rest.size(), Count);
-  }
-  return Count;
+  return FindLabel(vsComments, ScoreLabel, Rest) == vsComments.end() ? 1 : ParseCount(Rest).Value;
 }
-
-}  // namespace
 
 TrRule& RuleRecord::Rule() {
   if (!IsRestored) {

@@ -36,7 +36,9 @@ class RuleRecord {
   ///
   /// A rule that the library does not take, that loses something on the way into it, or that it
   /// cannot write, is not read: the findings, all of them errors, tell why. Warnings are the
-  /// business of `RuleChecker`. Nothing reaches the standard streams, and nothing ends the process.
+  /// business of `RuleChecker`. Text on its lines that is no part of the rule keeps no rule from
+  /// being read: it becomes a comment, and is reported. Nothing reaches the standard streams, and
+  /// nothing ends the process.
   /// @return whether the record holds the rule
   bool Read(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn);
 
@@ -44,6 +46,9 @@ class RuleRecord {
   /// the count that the comments ";;SL:", ";;TL:", ";;C-Structure:" and ";;Score:" hold. After
   /// changing anything that shows in the comparison text, call `Renew`.
   TrRule& Rule();
+
+  /// Whether some of the comments are text that was no part of the rule; see StrayText.h.
+  bool HasStrayText() const { return HasStray; }
 
   const RuleHeader& Header() const { return RuleHead; }
   /// Sets the header, and the record's number where it is one.
@@ -54,7 +59,7 @@ class RuleRecord {
   /// Sets the comments; words, structure and count are not taken from them again.
   void SetComments(std::vector<std::string> vsCommentsPassIn);
 
-  /// How many examples the rule stands for: ";;Score:" or 1.
+  /// How many examples the rule stands for, from 1; see CountText.h.
   int Count() const;
   /// Sets the count in the record and in the comment ";;Score:", which is added where there is
   /// none.
@@ -89,6 +94,7 @@ class RuleRecord {
   std::string Comparison;
   std::string Body;  // the lines that the library reads
   bool IsRestored = false;
+  bool HasStray = false;
 };
 
 /// Whether a text is cut off when the library reads it: behind the first line end, and within each
@@ -98,5 +104,8 @@ bool IsTooLong(const RuleText& TextPassIn);
 /// Whether a comment begins with a label such as "SL:", with or without blanks behind ";;", and
 /// what stands behind the label and the blanks after it.
 bool TakeLabel(std::string_view Comment, std::string_view Label, std::string_view& RestReturn);
+
+/// The count in the first comment that bears its label; 1 where there is none.
+int CountIn(const std::vector<std::string>& vsComments);
 
 }  // namespace Grammar

@@ -1,8 +1,13 @@
 #include "RuleRun.h"
 
+#include "RuleChecker.h"
 #include "RuleFiles.h"
 #include "RunError.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <iostream>
 
 namespace Grammar {
@@ -43,38 +48,111 @@ class TextCarrier {
 
 RuleVisitor::~RuleVisitor() = default;
 
-int VisitRules(const RunOptions& Options, RuleVisitor& Visitor) {
+namespace {
+
+/// Hands a rule to the visitor, if it can be read and written.
+/// @param vFindingsReturn gets what is to be reported of it
+/// @return whether the visitor has taken it
+bool TakeRule(const RuleText& Text, bool KeepBad, RuleRecord& Record, RuleVisitor& Visitor,
+              std::vector<Finding>& vFindingsReturn) {
+  if (!Record.Read(Text, vFindingsReturn) || (KeepBad && Record.HasStrayText())) {
+    return false;
+  }
+  try {
+    Visitor.TakeRule(Record);
+    return true;
+  } catch (const UnwritableRule& Error) {
+    ReportUnwritable(Text, Error.what(), vFindingsReturn);
+    return false;
+  }
+}
+
+}  // namespace
+
+RunTally VisitRules(const RunOptions& Options, RuleVisitor& Visitor) {
   RuleFiles Files(Options.vsFiles, Options.Quiet, Options.Folded);
   TextCarrier Others(Visitor);
   RuleRecord Record;
   std::vector<Finding> vFindings;
-  int Status = StatusClean;
+  RunTally Tally;
   for (RuleText Text; Files.Next(Text);) {
+    const bool BeginsRule = Text.HasRule && !Text.Continues;
     if (!Text.Continues) {
       Others.EndLine();
     }
     vFindings.clear();
-    const bool IsRule = Text.HasRule && Record.Read(Text, vFindings);
-    if (IsRule) {
-      Visitor.TakeRule(Record);
-    } else if (!Text.HasRule || Options.KeepBad) {
+    const bool IsTaken =
+        Text.HasRule && TakeRule(Text, Options.KeepBad, Record, Visitor, vFindings);
+    if (!IsTaken && (!Text.HasRule || Options.KeepBad)) {
       Others.Carry(Text);
     }
-    if (!IsRule && Text.HasRule) {
-      Report(vFindings);
-      Status = StatusFindings;
-    }
+    Report(vFindings);
+    Tally.HasFindings = Tally.HasFindings || !vFindings.empty();
+    Tally.Rules += BeginsRule ? 1 : 0;
+    Tally.LeftOut += BeginsRule && !IsTaken && !Options.KeepBad ? 1 : 0;
   }
   Others.EndLine();
-  return Status;
+  Tally.HasUnreadFiles = Files.HasFailed();
+  return Tally;
+}
+
+bool ReplacesInput(const RunOptions& Options) {
+  struct stat Output {};
+  if (Options.Output.empty() || Options.Output == "-" ||
+      stat(Options.Output.c_str(), &Output) != 0 || !S_ISREG(Output.st_mode)) {
+    return false;
+  }
+  const std::vector<std::string> vsNames = OrStandardInput(Options.vsFiles);
+  return std::any_of(vsNames.begin(), vsNames.end(), [&](const std::string& sName) {
+    struct stat Input {};
+    const int Result = sName == "-" ? fstat(STDIN_FILENO, &Input) : stat(sName.c_str(), &Input);
+    return Result == 0 && Input.st_dev == Output.st_dev && Input.st_ino == Output.st_ino;
+  });
+}
+
+namespace {
+
+/// "21 of 33 rules were left out"
+std::string LeftOutText(const RunTally& Tally) {
+  return std::to_string(Tally.LeftOut) + " of " + std::to_string(Tally.Rules) +
+         (Tally.Rules == 1 ? " rule " : " rules ") + (Tally.LeftOut == 1 ? "was" : "were") +
+         " left out";
+}
+
+void RequireWholeOutput(const RunOptions& Options, const RunTally& Tally, bool CanKeepBad) {
+  if (Tally.HasUnreadFiles) {
+    throw RunError("did not write " + Options.Output +
+                   ": not all inputs could be read (--force writes it all the same)");
+  }
+  if ((Tally.LeftOut > 0 || Tally.HasLostText) && ReplacesInput(Options)) {
+    throw RunError("did not replace " + Options.Output +
+                   ": it is an input, and what was left out would be lost (" +
+                   (CanKeepBad ? "--keep-bad keeps that, " : "") + "--force drops it)");
+  }
+}
+
+}  // namespace
+
+int FinishRun(const RunOptions& Options, const RunTally& Tally, OutputFile& OutputReturn,
+              bool CanKeepBad) {
+  if (Tally.LeftOut > 0) {
+    std::cerr << LeftOutText(Tally) << '\n';
+  }
+  if (OutputReturn.AppearsAtTheEnd() && !Options.Force) {
+    RequireWholeOutput(Options, Tally, CanKeepBad);
+  }
+  OutputReturn.Finish();
+  if (Tally.HasUnreadFiles) {
+    return StatusFailed;
+  }
+  return Tally.HasFindings ? StatusFindings : StatusClean;
 }
 
 int CollectRules(const RunOptions& Options, RuleCollector& Collector) {
   OutputFile Output(Options.Output);
-  const int Status = VisitRules(Options, Collector);
+  const RunTally Tally = VisitRules(Options, Collector);
   Collector.WriteTo(Output);
-  Output.Finish();
-  return Status;
+  return FinishRun(Options, Tally, Output);
 }
 
 std::size_t MemoryForSorting(std::size_t Memory) {

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,22 @@ struct RunOptions {
   bool Quiet = false;                ///< show no progress
   bool Folded = false;               ///< each rule stands on one line
   bool KeepBad = false;              ///< carry along what cannot be read as a rule, as it stands
+  bool Force = false;                ///< replace the output even where something is missing in it
+};
+
+/// How a run over rules went.
+struct RunTally {
+  std::uint64_t Rules = 0;
+  std::uint64_t LeftOut = 0;    ///< rules that are not written
+  bool HasFindings = false;     ///< something was reported of a rule
+  bool HasLostText = false;     ///< text was left out that was no part of a rule
+  bool HasUnreadFiles = false;  ///< some input could not be read
+};
+
+/// Thrown by a visitor that cannot write a rule; the message says why.
+class UnwritableRule : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
 };
 
 /// What is done with the rules of a run, one after the other.
@@ -26,6 +43,7 @@ class RuleVisitor {
  public:
   virtual ~RuleVisitor();
 
+  /// Takes a rule, or throws `UnwritableRule`.
   virtual void TakeRule(RuleRecord& Record) = 0;
 
   /// Takes a text that goes on as it stands: the comments of a file without rules, and, where
@@ -43,12 +61,27 @@ class RuleCollector : public RuleVisitor {
   virtual void WriteTo(OutputFile& OutputReturn) = 0;
 };
 
-/// Hands all rules to the visitor. What cannot be read is told on standard error.
-/// @return `StatusFindings` where something could not be read, `StatusClean` otherwise
-int VisitRules(const RunOptions& Options, RuleVisitor& Visitor);
+/// Hands all rules to the visitor. What cannot be read is reported on standard error.
+///
+/// A rule with text that is no part of it goes to the visitor with that text as comments; where
+/// bad rules are kept, it is carried along as it stands instead.
+RunTally VisitRules(const RunOptions& Options, RuleVisitor& Visitor);
 
-/// Hands all rules to the collector and then has it write to the output of the run.
-/// @return as `VisitRules`
+/// Whether the output names one of the inputs, under whatever name.
+bool ReplacesInput(const RunOptions& Options);
+
+/// Ends a run: says on standard error how many rules were left out, if any, and puts the output in
+/// its place.
+///
+/// Unless that is forced, a file is not put in its place where some input could not be read, and an
+/// input is not replaced where something of it would be lost: then `RunError` is thrown.
+/// @param CanKeepBad whether the message may advise --keep-bad
+/// @return the status of the run
+int FinishRun(const RunOptions& Options, const RunTally& Tally, OutputFile& OutputReturn,
+              bool CanKeepBad = true);
+
+/// Hands all rules to the collector, has it write to the output of the run, and ends that.
+/// @return as `FinishRun`
 int CollectRules(const RunOptions& Options, RuleCollector& Collector);
 
 /// What of the memory that a run may use is left for sorting: the rest is the program itself, and

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iostream>
 #include <stdexcept>
 #include <string>
 
@@ -12,11 +14,17 @@ constexpr int StatusClean = 0;     ///< nothing was found
 constexpr int StatusFindings = 1;  ///< something was found in the rules
 constexpr int StatusFailed = 2;    ///< the run itself failed
 
-/// What makes it impossible to go on with the run: a file that cannot be read, a full disk. The
-/// command prints it in one line and ends with `StatusFailed`.
+/// What makes it impossible to go on with the run: a full disk, or an output that must not be
+/// replaced. The command prints it in one line and ends with `StatusFailed`.
 class RunError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
+};
+
+/// An input that cannot be opened, or not be read to its end: the run goes on with the next one.
+class InputError : public RunError {
+ public:
+  using RunError::RunError;
 };
 
 /// Nobody reads the output any more. That is no error of the run, and there is nobody to tell.
@@ -28,6 +36,12 @@ class ClosedOutput : public RunError {
 /// A failure of the system's, such as `cannot read a.trr: No such file or directory`.
 inline RunError SystemError(const std::string& What, int Error = errno) {
   return RunError(What + ": " + std::strerror(Error));
+}
+
+/// Writes a failure of the run to standard error, in one line.
+inline void ReportFailure(std::string Message) {
+  std::replace(Message.begin(), Message.end(), '\n', ' ');
+  std::cerr << "trrule: " << Message << '\n';
 }
 
 }  // namespace Grammar

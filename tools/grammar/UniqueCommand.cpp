@@ -206,7 +206,10 @@ class Uniquer : public RuleCollector {
 
 int RunUnique(const RunOptions& Run, const UniqueOptions& Options) {
   Uniquer Rules(Options);
-  return CollectRules(Run, Rules);
+  RunOptions RunAsFits = Run;
+  // What is no rule cannot be counted or be there twice, so that it is left out.
+  RunAsFits.KeepBad = Run.KeepBad && !Options.Repeated && !Options.Count;
+  return CollectRules(RunAsFits, Rules);
 }
 
 }  // namespace Grammar

@@ -1,0 +1,393 @@
+// Sections: reading types and labels, alignments, constraints; their order; writing.
+
+#include "RuleForm.h"
+
+#include "Bytes.h"
+
+#include <ConstraintStore.h>
+#include <PieceCutter.h>
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <tuple>
+#include <utility>
+
+namespace Grammar {
+
+using TrRuleInternal::ConstraintFields;
+using TrRuleInternal::ConstraintParts;
+using TrRuleInternal::NodeText;
+using TrRuleInternal::RightKind;
+
+// ---- Types and labels -------------------------------------------------------------------------
+
+namespace {
+
+/// Cuts a sequence as the library does: at blanks, without the white space at the ends of a label.
+void CutLabels(std::string_view Sequence, std::vector<std::string_view>& vLabelsReturn) {
+  vLabelsReturn.clear();
+  TrRuleInternal::PieceCutter Pieces(Sequence, " ");
+  for (std::string_view Piece; Pieces.Next(Piece);) {
+    const std::string_view Label = TrRuleInternal::TrimmedPiece(Piece);
+    if (!Label.empty()) {
+      vLabelsReturn.push_back(Label);
+    }
+  }
+}
+
+/// As the library sees it: one double quote is both the first and the last.
+bool IsQuoted(std::string_view Label) {
+  return Label.front() == '"' && Label.back() == '"';
+}
+
+}  // namespace
+
+RuleForm::Failure RuleForm::Read(const SourceRule& RulePassIn) {
+  Rule = &RulePassIn;
+  const TrRuleInternal::RuleLineParts& Parts = Rule->RuleLines().front().Parts;
+  Types[Source] = Parts.SLType;
+  Types[Target] = Parts.TLType;
+  CutLabels(Parts.SLLabels, Labels[Source]);
+  CutLabels(Parts.TLLabels, Labels[Target]);
+  ReadAlignments();
+  ReadConstraints();
+  return Order();
+}
+
+// ---- Alignments -------------------------------------------------------------------------------
+
+namespace {
+
+template <typename PairT>
+bool ComesBefore(const PairT& Left, const PairT& Right) {
+  return std::tie(Left.Index[0], Left.Index[1]) < std::tie(Right.Index[0], Right.Index[1]);
+}
+
+template <typename PairT>
+bool IsSamePair(const PairT& Left, const PairT& Right) {
+  return Left.Index[0] == Right.Index[0] && Left.Index[1] == Right.Index[1];
+}
+
+}  // namespace
+
+void RuleForm::ReadAlignments() {
+  vPairs.clear();
+  for (const SourceRule::AlignmentLine& Each : Rule->Alignments()) {
+    vPairs.push_back({{Each.Parts.X, Each.Parts.Y}, {Each.Parts.XText, Each.Parts.YText}});
+  }
+  if (!std::is_sorted(vPairs.begin(), vPairs.end(), ComesBefore<Pair>)) {
+    std::stable_sort(vPairs.begin(), vPairs.end(), ComesBefore<Pair>);
+  }
+  vPairs.erase(std::unique(vPairs.begin(), vPairs.end(), IsSamePair<Pair>), vPairs.end());
+}
+
+void RuleForm::Flip() {
+  std::swap(Types[Source], Types[Target]);
+  std::swap(Labels[Source], Labels[Target]);
+  for (Pair& Each : vPairs) {
+    std::swap(Each.Index[Source], Each.Index[Target]);
+    std::swap(Each.Text[Source], Each.Text[Target]);
+  }
+  std::sort(vPairs.begin(), vPairs.end(), ComesBefore<Pair>);
+}
+
+// ---- Constraints ------------------------------------------------------------------------------
+
+namespace {
+
+/// What the library reads from a constraint line.
+ConstraintFields FieldsOf(const SourceRule::ConstraintLine& Written, std::string_view Code) {
+  if (Written.IsCommon) {
+    return TrRuleInternal::FieldsOfCommonForm(Written.Parts);
+  }
+  ConstraintFields Fields;
+  TrRuleInternal::ReadConstraint(TrRuleInternal::ForLibrary(Code, Written.Parts), Fields);
+  return Fields;
+}
+
+/// Whether a right side is a list of words, and so an alternative of others on its path.
+bool IsWordList(const ConstraintParts& Parts) {
+  return Parts.Kind == RightKind::Or || (Parts.Kind == RightKind::Value && !Parts.RightNode);
+}
+
+/// Appends a feature: its words in capitals, with one blank between them.
+void AppendFeature(std::string_view Feature, std::string& TextReturn) {
+  bool IsInside = false;
+  for (const char Byte : Feature) {
+    if (!IsSpace(Byte)) {
+      TextReturn += ToUpper(Byte);
+      IsInside = true;
+    } else if (IsInside) {
+      TextReturn += ' ';
+      IsInside = false;
+    }
+  }
+}
+
+}  // namespace
+
+std::string_view RuleForm::CodeOf(const Line& Each) const {
+  return Rule->Text().Parts(Each.Written->Line).Code;
+}
+
+void RuleForm::ReadConstraints() {
+  vLines.clear();
+  Stored.clear();
+  HasSeparator = false;
+  for (const SourceRule::ConstraintLine& Each : Rule->Constraints()) {
+    Line& New = vLines.emplace_back();
+    New.Written = &Each;
+    New.Fields = FieldsOf(Each, CodeOf(New));
+    HasSeparator = HasSeparator || Contains(New.Fields.Feature, "__") ||
+                   Contains(New.Fields.FeatValue, "__");
+    AddConstraint(vLines.size() - 1);
+  }
+}
+
+/// Whether two paths are the same: the node's number, and the features in capitals.
+bool RuleForm::IsSamePath(const Line& Left, const Line& Right) const {
+  std::string LeftPath;
+  std::string RightPath;
+  AppendFeature(Left.Written->Parts.Feature, LeftPath);
+  AppendFeature(Right.Written->Parts.Feature, RightPath);
+  return Left.Fields.ConstrainedIndex == Right.Fields.ConstrainedIndex && LeftPath == RightPath;
+}
+
+/// A constraint whose key is there already is dropped by the library. The normal form keeps it where
+/// it says something that the key does not.
+void RuleForm::AddRepetition(std::size_t Place, Entry& EntryReturn) const {
+  std::string Written;
+  AppendWritten(vLines[Place], Written);
+  const auto SaysTheSame = [&](std::size_t Other) {
+    std::string OtherWritten;
+    AppendWritten(vLines[Other], OtherWritten);
+    return OtherWritten == Written;
+  };
+  const bool IsPartOfList = EntryReturn.IsOneList && IsWordList(vLines[Place].Written->Parts) &&
+                            IsSamePath(vLines[EntryReturn.vLines.front()], vLines[Place]);
+  if (!IsPartOfList &&
+      std::none_of(EntryReturn.vLines.begin(), EntryReturn.vLines.end(), SaysTheSame)) {
+    EntryReturn.vLines.push_back(Place);
+    EntryReturn.IsOneList = false;
+  }
+}
+
+/// Stores a constraint under its key, and merges its value with those on the same feature, as the
+/// library does.
+void RuleForm::AddConstraint(std::size_t Place) {
+  const Line& New = vLines[Place];
+  const ConstraintFields& Fields = New.Fields;
+  std::string Key = TrRuleInternal::ConstraintKey(Fields.Category, Fields.ConstrainedIndex,
+                                                  Fields.Feature, Fields.FeatValue);
+  auto Found = Stored.lower_bound(Key);
+  if (Found != Stored.end() && Found->first == Key) {
+    AddRepetition(Place, Found->second);
+    return;
+  }
+  Entry Added;
+  Added.IsOneList = IsWordList(New.Written->Parts);
+  const std::size_t PrefixSize = Key.size() - Fields.FeatValue.size();
+  if (Fields.ValueConstraint &&
+      TrRuleInternal::HasNeighbour(Stored, Found, std::string_view(Key).substr(0, PrefixSize))) {
+    const auto TakeOut = [&](const Entry& Old) -> const std::string* {
+      const Line& OldLine = vLines[Old.vLines.front()];
+      if (!OldLine.Fields.ValueConstraint) {
+        return nullptr;
+      }
+      Added.IsOneList = Added.IsOneList && Old.IsOneList && IsSamePath(OldLine, New);
+      Added.vLines.insert(Added.vLines.end(), Old.vLines.begin(), Old.vLines.end());
+      return &ValueOf(Old);
+    };
+    std::vector<TrRuleInternal::Merging> vMergings;
+    TrRuleInternal::TakeOutAndMerge(Stored, TakeOut, PrefixSize, Key, vMergings);
+    std::sort(Added.vLines.begin(), Added.vLines.end());
+    Added.FeatValue = vMergings.empty() ? "" : Key.substr(PrefixSize);
+    Found = Stored.lower_bound(Key);
+  }
+  Added.vLines.push_back(Place);
+  Stored.emplace_hint(Found, std::move(Key), std::move(Added));
+}
+
+const std::string& RuleForm::ValueOf(const Entry& Each) const {
+  return Each.FeatValue.empty() ? vLines[Each.vLines.front()].Fields.FeatValue : Each.FeatValue;
+}
+
+// ---- Their order ------------------------------------------------------------------------------
+
+RuleForm::Failure RuleForm::Order() {
+  std::vector<TrRuleInternal::OrderedConstraint> vOrdered;
+  std::vector<const Entry*> vEntries;
+  vOrdered.reserve(Stored.size());
+  vEntries.reserve(Stored.size());
+  vOrder.clear();
+  for (const auto& [Key, Each] : Stored) {
+    const ConstraintFields& Fields = vLines[Each.vLines.front()].Fields;
+    TrRuleInternal::OrderedConstraint New{Fields.Category, Fields.ConstrainedIndex, std::nullopt};
+    if (!Fields.ValueConstraint) {
+      New.AgreedIndex = TrRuleInternal::AgreedIndexIn(Fields.FeatValue);
+      if (New.AgreedIndex == -1) {
+        return Failure::NoAgreedIndex;
+      }
+    }
+    vOrdered.push_back(New);
+    vEntries.push_back(&Each);
+  }
+  std::vector<std::size_t> vPlaces;
+  if (TrRuleInternal::FindPrintOrder(vOrdered, vPlaces)) {
+    return Failure::Cycle;
+  }
+  vOrder.reserve(vPlaces.size());
+  for (const std::size_t Place : vPlaces) {
+    vOrder.push_back(vEntries[Place]);
+  }
+  return Failure::None;
+}
+
+// ---- Writing ----------------------------------------------------------------------------------
+
+namespace {
+
+void AppendUpper(std::string_view Text, std::string& TextReturn) {
+  const std::size_t Begin = TextReturn.size();
+  TextReturn.append(Text);
+  std::transform(TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin), TextReturn.end(),
+                 TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin), ToUpper);
+}
+
+/// Appends the left side and the sign, "((X1 NUM) = " or "(X1 = ".
+void AppendLeft(const ConstraintParts& Parts, std::string& TextReturn) {
+  TextReturn += Parts.IsWholeNode ? "(" : "((";
+  TextReturn += Parts.Left.Side;
+  TextReturn += TrRuleInternal::Decimal(Parts.Left.Index);
+  if (!Parts.IsWholeNode) {
+    TextReturn += ' ';
+    AppendFeature(Parts.Feature, TextReturn);
+    TextReturn += ')';
+  }
+  TextReturn += " = ";
+}
+
+/// Whether a constraint in the common form is its own normal form, but for capitals.
+bool IsNormal(const SourceRule::ConstraintLine& Written) {
+  const NodeText& Node = Written.Parts.Left;
+  return Written.IsCommon && Written.Parts.Equals.size() == 1 &&
+         (Node.Text[1] != '0' || Node.Text.size() == 2);
+}
+
+constexpr std::string_view BlockStart = "\n(\n";
+
+}  // namespace
+
+/// Appends one constraint line in the normal form.
+void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
+  const ConstraintParts& Parts = Each.Written->Parts;
+  if (IsNormal(*Each.Written)) {
+    AppendUpper(CodeOf(Each), TextReturn);
+    return;
+  }
+  AppendLeft(Parts, TextReturn);
+  if (Parts.Kind == RightKind::Reference) {
+    TextReturn += '(';
+    AppendUpper(Parts.RightNode->Text, TextReturn);
+    TextReturn += ' ';
+    AppendFeature(Parts.RightFeature, TextReturn);
+    TextReturn += ')';
+  } else {
+    // Of a negation the library keeps all but the parenthesis, unless it takes it for a
+    // disjunction.
+    TextReturn += Each.Fields.FeatValue;
+    TextReturn += Parts.Kind == RightKind::Not && TextReturn.back() != ')' ? ")" : "";
+  }
+  TextReturn += ')';
+}
+
+/// Appends the lines that an entry stands for, each with a line end.
+void RuleForm::AppendEntry(const Entry& Each, std::string& TextReturn) const {
+  if (Each.IsOneList && !Each.FeatValue.empty()) {
+    AppendLeft(vLines[Each.vLines.front()].Written->Parts, TextReturn);
+    TextReturn.append(Each.FeatValue).append(")\n");
+    return;
+  }
+  for (const std::size_t Place : Each.vLines) {
+    AppendWritten(vLines[Place], TextReturn);
+    TextReturn += '\n';
+  }
+}
+
+/// Appends the one line that the library writes of an entry.
+void RuleForm::AppendLibraryEntry(const Entry& Each, std::string& TextReturn) const {
+  const ConstraintFields& Fields = vLines[Each.vLines.front()].Fields;
+  const std::string_view Side = Fields.Category == 1 ? "X" : "Y";
+  const TrRuleInternal::Decimal Index(Fields.ConstrainedIndex);
+  const std::string& FeatValue = ValueOf(Each);
+  using TrRuleInternal::Append;
+  if (Fields.ValueConstraint) {
+    Append(TextReturn, {"((", Side, Index, " ", Fields.Feature, ") = ", FeatValue, ")\n"});
+  } else if (Fields.Feature == TrRuleInternal::WholeNode) {
+    Append(TextReturn, {"(", Side, Index, " = ", FeatValue, ")\n"});
+  } else {
+    Append(TextReturn, {"((", Side, Index, " ", Fields.Feature, ") = ", FeatValue, " ",
+                        Fields.Feature, "))\n"});
+  }
+}
+
+void RuleForm::AppendRuleLine(bool KeepsLiterals, std::string& TextReturn) const {
+  TextReturn.append(Types[Source]).append("::").append(Types[Target]);
+  for (const std::size_t Side : {Source, Target}) {
+    TextReturn += Side == Source ? " [" : "] -> [";
+    for (std::size_t Place = 0; Place < Labels[Side].size(); ++Place) {
+      const std::string_view Label = Labels[Side][Place];
+      TextReturn += Place == 0 ? "" : " ";
+      if (KeepsLiterals && IsQuoted(Label)) {
+        TextReturn += Label;
+      } else {
+        AppendUpper(Label, TextReturn);
+      }
+    }
+  }
+  TextReturn += ']';
+}
+
+void RuleForm::AppendAlignments(std::string& TextReturn) const {
+  for (const Pair& Each : vPairs) {
+    bool IsLexicalized = false;
+    for (const std::size_t Side : {Source, Target}) {
+      const auto Index = static_cast<std::size_t>(Each.Index[Side]);
+      IsLexicalized = IsLexicalized || (Index > 0 && Index <= Labels[Side].size() &&
+                                        IsQuoted(Labels[Side][Index - 1]));
+    }
+    TrRuleInternal::Append(TextReturn, {IsLexicalized ? ";--;(X" : "(X", Each.Text[Source], "::Y",
+                                        Each.Text[Target], ")\n"});
+  }
+}
+
+void RuleForm::AppendBlock(std::string& TextReturn) const {
+  constexpr bool KeepsLiterals = true;
+  AppendRuleLine(KeepsLiterals, TextReturn);
+  TextReturn += BlockStart;
+  AppendAlignments(TextReturn);
+  for (const Entry* Each : vOrder) {
+    AppendEntry(*Each, TextReturn);
+  }
+  TextReturn += ')';
+}
+
+void RuleForm::AppendComparisonText(std::string& TextReturn) const {
+  constexpr bool KeepsLiterals = false;
+  TextReturn += ';';
+  for (const std::string_view Label : Labels[Target]) {
+    AppendUpper(Label, TextReturn);
+    TextReturn += ' ';
+  }
+  TextReturn += '\n';
+  AppendRuleLine(KeepsLiterals, TextReturn);
+  TextReturn += BlockStart;
+  AppendAlignments(TextReturn);
+  for (const Entry* Each : vOrder) {
+    AppendLibraryEntry(*Each, TextReturn);
+  }
+  TextReturn += ')';
+}
+
+}  // namespace Grammar

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "RuleText.h"
+
+#include <AlignmentLine.h>
+#include <ConstraintFormat.h>
+#include <HeaderLine.h>
+#include <RuleLine.h>
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace Grammar {
+
+/// The text of a rule, its lines taken apart once. What checks, prints, sorts or converts a rule
+/// reads these parts; nobody reads a line a second time.
+///
+///   SourceRule Rule;
+///   Rule.Read(Text);
+///   Rule.Constraints().front().Parts.Left.Index;
+///
+/// All views point into the text that was read, which has to outlive them. Lines count from 0 within
+/// the text.
+class SourceRule {
+ public:
+  struct HeaderLine {
+    std::size_t Line;
+    std::optional<TrRuleInternal::HeaderParts> Parts;  ///< nothing where it cannot be read
+  };
+
+  struct RuleLine {
+    std::size_t Line;
+    TrRuleInternal::RuleLineFault Fault;
+    TrRuleInternal::RuleLineParts Parts;  ///< as far as it can be read
+  };
+
+  struct AlignmentLine {
+    std::size_t Line;
+    TrRuleInternal::AlignmentParts Parts;
+  };
+
+  struct ConstraintLine {
+    std::size_t Line;
+    TrRuleInternal::ConstraintParts Parts;
+    bool IsCommon;  ///< whether it is in the common form
+  };
+
+  /// A line of the body that is not in the format.
+  struct BrokenLine {
+    std::size_t Line;
+    LineKind Kind;                        ///< `Alignment` or `Constraint`
+    TrRuleInternal::ConstraintStop Stop;  ///< of a constraint
+  };
+
+  /// Takes the lines of a rule apart; what was read before is gone. Linear.
+  void Read(const RuleText& TextPassIn);
+
+  const RuleText& Text() const { return *Source; }
+
+  // Each in the order of the lines.
+  const std::vector<HeaderLine>& Headers() const { return vHeaders; }
+  const std::vector<RuleLine>& RuleLines() const { return vRuleLines; }
+  const std::vector<AlignmentLine>& Alignments() const { return vAlignments; }
+  const std::vector<ConstraintLine>& Constraints() const { return vConstraints; }
+  const std::vector<BrokenLine>& BrokenLines() const { return vBroken; }
+
+  /// Whether there is an alignment line, in the format or not.
+  bool HasAlignmentLine() const;
+
+  /// Whether all that makes a rule is there and in the format: one rule line, an alignment, and no
+  /// broken line.
+  bool IsWhole() const;
+
+ private:
+  void ReadConstraint(std::size_t Line, std::string_view Code);
+
+  const RuleText* Source = nullptr;
+  std::vector<HeaderLine> vHeaders;
+  std::vector<RuleLine> vRuleLines;
+  std::vector<AlignmentLine> vAlignments;
+  std::vector<ConstraintLine> vConstraints;
+  std::vector<BrokenLine> vBroken;
+};
+
+}  // namespace Grammar

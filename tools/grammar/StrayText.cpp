@@ -1,0 +1,122 @@
+// Sections: what is stray on a line, the comment that keeps it.
+
+#include "StrayText.h"
+
+#include "Bytes.h"
+#include "HeaderText.h"
+#include "LineTexts.h"
+
+namespace Grammar {
+
+namespace {
+
+using Texts = std::vector<std::string_view>;
+
+// ---- What is stray on a line ------------------------------------------------------------------
+
+/// The two texts that are not blank. Hardly a line has any, so that the others need not be read.
+template <typename IsReadT>
+Texts StrayOf(std::string_view Before, std::string_view Behind, IsReadT IsRead) {
+  Texts vStray;
+  for (const std::string_view Text : {Trimmed(Before), Trimmed(Behind)}) {
+    if (!Text.empty()) {
+      vStray.push_back(Text);
+    }
+  }
+  return vStray.empty() || IsRead() ? vStray : Texts();
+}
+
+/// The text without a word that may stand at its beginning.
+std::string_view Without(std::string_view Text, std::string_view Allowed) {
+  const std::string_view Rest = WithoutLeadingSpace(Text);
+  return StartsWith(Rest, Allowed) ? Rest.substr(Allowed.size()) : Rest;
+}
+
+// Header = stray "{" Type "," Number "}" stray; one that cannot be read is kept as it stands
+Texts StrayInHeader(std::string_view Code) {
+  const std::size_t Open = Code.find('{');
+  return StrayOf(Code.substr(0, Open), Code.substr(Code.find('}', Open) + 1),
+                 [&] { return ParseHeader(Code).IsReadable; });
+}
+
+// SequenceLine = Types blank [ ":" ] stray "[" Labels "] -> [" Labels "]" stray
+Texts StrayInSequence(std::string_view Code) {
+  const std::size_t Types = Code.find(' ');
+  return StrayOf(Without(Code.substr(Types, Code.find('[') - Types), ":"),
+                 Code.substr(Code.rfind(']') + 1), [&] {
+                   SequenceText Ignored;
+                   return ParseSequenceLine(Code, Ignored) == SequenceFault::None;
+                 });
+}
+
+// AlignmentLine = [ ";--;" ] stray "(" XNode "::" YNode ")" stray
+Texts StrayInAlignment(std::string_view Code) {
+  return StrayOf(Without(Code.substr(0, Code.find('(')), ";--;"), Code.substr(Code.rfind(')') + 1),
+                 [&] { return ParseAlignmentLine(Code).has_value(); });
+}
+
+}  // namespace
+
+std::vector<std::string_view> StrayTexts(const LineParts& Parts) {
+  switch (Parts.Kind) {
+    case LineKind::Header:
+      return StrayInHeader(Parts.Code);
+    case LineKind::Sequence:
+      return StrayInSequence(Parts.Code);
+    case LineKind::Alignment:
+      return StrayInAlignment(Parts.Code);
+    case LineKind::Other:
+      return {Parts.Code};
+    default:
+      // Nothing may stand around a constraint: with such text it is not in the format.
+      return {};
+  }
+}
+
+// ---- The comment that keeps it ----------------------------------------------------------------
+
+namespace {
+
+constexpr std::string_view HexDigits = "0123456789ABCDEF";
+
+bool IsHexDigit(char Byte) {
+  return Contains(HexDigits, {&Byte, 1}) || (Byte >= 'a' && Byte <= 'f');
+}
+
+bool EndsWith(std::string_view Text, std::string_view End) {
+  return Text.size() >= End.size() && Text.substr(Text.size() - End.size()) == End;
+}
+
+/// Whether the first byte of `Rest` has to be hidden behind what is written already.
+bool IsHidden(std::string_view Written, std::string_view Rest) {
+  switch (Rest.front()) {
+    case '{':
+    case '=':
+      return true;
+    case ':':
+      return EndsWith(Written, ":");
+    case '[':
+      return EndsWith(Written, "] -> ");
+    case '%':
+      return Rest.size() > 2 && IsHexDigit(Rest[1]) && IsHexDigit(Rest[2]);
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+std::string StrayComment(std::string_view Text) {
+  std::string Comment = ";; not read: ";
+  for (; !Text.empty(); Text.remove_prefix(1)) {
+    if (IsHidden(Comment, Text)) {
+      const auto Value = static_cast<unsigned char>(Text.front());
+      Comment.append("%").append(1, HexDigits[Value >> 4U]).append(1, HexDigits[Value & 15U]);
+    } else {
+      Comment += Text.front();
+    }
+  }
+  return Comment;
+}
+
+}  // namespace Grammar
