@@ -1,6 +1,9 @@
 #include "AlignmentLine.h"
 
 #include "Ascii.h"
+#include "PieceCutter.h"
+
+#include <cstddef>
 
 namespace TrRuleInternal {
 
@@ -25,6 +28,29 @@ bool TakeIndex(std::string_view& LineReturn, char Side, std::string_view& TextRe
 bool ParseCommonAlignment(std::string_view Line, AlignmentParts& PartsReturn) {
   return Take(Line, "(") && TakeIndex(Line, 'X', PartsReturn.XText, PartsReturn.X) &&
          Take(Line, "::") && TakeIndex(Line, 'Y', PartsReturn.YText, PartsReturn.Y) && Line == ")";
+}
+
+// Alignment = any "(" XIndex space "::" space YIndex ")" any
+std::optional<AlignmentParts> ParseAlignment(std::string_view Code) {
+  AlignmentParts Parts;
+  if (ParseCommonAlignment(Code, Parts)) {
+    return Parts;
+  }
+  const std::size_t Open = Code.find('(');
+  const std::size_t Close = Code.rfind(')');
+  if (Open == std::string_view::npos || Close == std::string_view::npos || Close < Open) {
+    return std::nullopt;
+  }
+  const std::string_view Inner = Code.substr(Open + 1, Close - Open - 1);
+  const std::size_t Sign = Inner.find("::");
+  if (Sign == std::string_view::npos) {
+    return std::nullopt;
+  }
+  std::string_view X = WithoutTrailingSpace(Inner.substr(0, Sign));
+  std::string_view Y = TrimmedPiece(Inner.substr(Sign + 2));
+  const bool IsRead = TakeIndex(X, 'X', Parts.XText, Parts.X) && X.empty() &&
+                      TakeIndex(Y, 'Y', Parts.YText, Parts.Y) && Y.empty();
+  return IsRead ? std::optional<AlignmentParts>(Parts) : std::nullopt;
 }
 
 }  // namespace TrRuleInternal

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 /// @file
@@ -22,5 +23,10 @@ struct AlignmentParts {
 ///
 /// @return whether the line is in the common form; if not, the parts mean nothing
 bool ParseCommonAlignment(std::string_view Line, AlignmentParts& PartsReturn);
+
+/// Takes an alignment of two numbered components apart, with white space around the "::" and any
+/// text around the parentheses. Linear.
+/// @return nothing where the line is no such alignment
+std::optional<AlignmentParts> ParseAlignment(std::string_view Code);
 
 }  // namespace TrRuleInternal

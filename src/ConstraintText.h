@@ -40,6 +40,7 @@ struct ConstraintParts {
   std::optional<NodeText> RightNode;  ///< of a node and a reference; also of a value like "x1"
   std::string_view RightFeature;      ///< of a reference
   std::string_view Value;             ///< of a value: the word, or the words of a disjunction
+  std::string_view SpaceAfterNode;    ///< between a node on the right and the parenthesis
 };
 
 /// Takes a text in the common form apart: no white space but single blanks where the form has

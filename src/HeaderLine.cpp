@@ -1,6 +1,11 @@
 #include "HeaderLine.h"
 
 #include "Ascii.h"
+#include "PieceCutter.h"
+
+#include <charconv>
+#include <cstddef>
+#include <system_error>
 
 namespace TrRuleInternal {
 
@@ -28,6 +33,34 @@ bool ParseCommonHeader(std::string_view Line, HeaderParts& PartsReturn) {
   Line = DropFront(Line, IsDigit);
   PartsReturn.Number.remove_suffix(Line.size());
   return Line == "}" && !PartsReturn.Type.empty() && !PartsReturn.Number.empty();
+}
+
+std::optional<int> ParseWholeNumber(std::string_view Text) {
+  int Number = 0;
+  const char* const End = Text.data() + Text.size();
+  const auto Result = std::from_chars(Text.data(), End, Number);
+  if (Result.ec != std::errc() || Result.ptr != End) {
+    return std::nullopt;
+  }
+  return Number;
+}
+
+// Header = any "{" Type "," Number "}" any
+std::optional<HeaderParts> ParseHeader(std::string_view Code) {
+  HeaderParts Parts;
+  if (ParseCommonHeader(Code, Parts) && ParseWholeNumber(Parts.Number)) {
+    return Parts;
+  }
+  const std::size_t Open = Code.find('{');
+  const std::size_t Close = Code.find('}', Open);
+  const std::size_t Comma = Code.substr(0, Close).find(',', Open);
+  if (Open == std::string_view::npos || Close == std::string_view::npos ||
+      Comma == std::string_view::npos) {
+    return std::nullopt;
+  }
+  Parts.Type = TrimmedPiece(Code.substr(Open + 1, Comma - Open - 1));
+  Parts.Number = TrimmedPiece(Code.substr(Comma + 1, Close - Comma - 1));
+  return ParseWholeNumber(Parts.Number) ? std::optional<HeaderParts>(Parts) : std::nullopt;
 }
 
 }  // namespace TrRuleInternal

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 /// @file
@@ -20,5 +21,14 @@ struct HeaderParts {
 ///
 /// @return whether the line is in the common form; if not, the parts mean nothing
 bool ParseCommonHeader(std::string_view Line, HeaderParts& PartsReturn);
+
+/// Takes a header apart as it is meant: the whole type and the whole number, without the white
+/// space around them, whatever stands outside the braces. Linear.
+/// @return nothing where there is no "{", type, ",", number that fits 32 bits, "}"
+std::optional<HeaderParts> ParseHeader(std::string_view Code);
+
+/// The value of a number in decimal, with a minus sign or without; nothing where the text is
+/// another one, or the number does not fit.
+std::optional<int> ParseWholeNumber(std::string_view Text);
 
 }  // namespace TrRuleInternal

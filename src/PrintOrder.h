@@ -33,7 +33,4 @@ enum class PrintGroup { Category1, Category2, Category3and4 };
 std::optional<PrintGroup> FindPrintOrder(const std::vector<OrderedConstraint>& vConstraints,
                                          std::vector<std::size_t>& vOrderReturn);
 
-/// Ends the process with the message for a group that cannot be put in order.
-[[noreturn]] void HaltForOrder(PrintGroup Group);
-
 }  // namespace TrRuleInternal

@@ -69,6 +69,58 @@ bool ParseCommonRuleLine(std::string_view Line, RuleLineParts& PartsReturn) {
          HasLabel(PartsReturn.SLLabels) && HasLabel(PartsReturn.TLLabels);
 }
 
+namespace {
+
+/// What stands between the first "[" and the last "]"; nothing where that is no label. The reader
+/// would take "[]" for the label "]".
+std::string_view TextBetweenBrackets(std::string_view Part) {
+  const std::size_t Open = Part.find('[');
+  const std::size_t Close = Part.rfind(']');
+  if (Open == std::string_view::npos || Close == std::string_view::npos || Close <= Open) {
+    return {};
+  }
+  return TrimmedPiece(Part.substr(Open + 1, Close - Open - 1));
+}
+
+/// Types = SLType "::" TLType, without "[", which would be taken for that of the sequence when the
+/// line has been written
+bool ParseTypes(std::string_view Word, RuleLineParts& PartsReturn) {
+  const std::size_t Sign = Word.find("::");
+  if (Sign == std::string_view::npos) {
+    return false;
+  }
+  PartsReturn.SLType = Word.substr(0, Sign);
+  PartsReturn.TLType = Word.substr(Sign + 2);
+  return !PartsReturn.SLType.empty() && !PartsReturn.TLType.empty() &&
+         !Contains(PartsReturn.TLType, "::") && !Contains(Word, "[");
+}
+
+}  // namespace
+
+// RuleLine = Types blank any "[" Labels "] -> [" Labels "]" any
+RuleLineFault ParseRuleLine(std::string_view Code, RuleLineParts& PartsReturn) {
+  if (ParseCommonRuleLine(Code, PartsReturn)) {
+    return RuleLineFault::None;
+  }
+  constexpr std::string_view Arrow = " -> ";
+  const std::size_t Cut = Code.find(Arrow);
+  const std::string_view Left = Code.substr(0, Cut);
+  const std::string_view Right = Code.substr(Cut + Arrow.size());
+  if (!ParseTypes(Left.substr(0, Left.find(' ')), PartsReturn)) {
+    return RuleLineFault::Types;
+  }
+  PartsReturn.SLLabels = TextBetweenBrackets(Left);
+  if (PartsReturn.SLLabels.empty()) {
+    return RuleLineFault::SourceSide;
+  }
+  PartsReturn.TLLabels = TextBetweenBrackets(Right);
+  // Another arrow makes a third part, and a "::" turns a part into a source side.
+  if (PartsReturn.TLLabels.empty() || Contains(Right, Arrow) || Contains(Right, "::")) {
+    return RuleLineFault::TargetSide;
+  }
+  return RuleLineFault::None;
+}
+
 // Labels = { " " } { Label " " { " " } }; what trimming leaves empty is no label.
 std::vector<std::string> ParseLabels(std::string_view Sequence) {
   std::vector<std::string> vsLabels;

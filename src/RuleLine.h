@@ -25,6 +25,14 @@ struct RuleLineParts {
 /// @return whether the line is in the common form; if not, the parts mean nothing
 bool ParseCommonRuleLine(std::string_view Line, RuleLineParts& PartsReturn);
 
+/// What is wrong with a rule line; `None` where it is whole.
+enum class RuleLineFault { None, Types, SourceSide, TargetSide };
+
+/// Takes a rule line apart as far as it can be read. The library's reader understands the same.
+/// Linear.
+/// @param Code a line with "] -> [" in it, without its comment
+RuleLineFault ParseRuleLine(std::string_view Code, RuleLineParts& PartsReturn);
+
 /// The labels of a sequence, without the brackets around it: what stands between blanks, without
 /// the white space at its ends, unless that leaves nothing. Linear.
 std::vector<std::string> ParseLabels(std::string_view Sequence);

@@ -8,6 +8,7 @@
 #include "Ascii.h"
 #include "HeaderLine.h"
 #include "LineScan.h"
+#include "OrderHalt.h"
 #include "PieceCutter.h"
 #include "PrintOrder.h"
 #include "RuleLoader.h"

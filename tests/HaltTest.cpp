@@ -5,7 +5,7 @@
 #include "Halt.h"
 
 #include "Constraint.h"
-#include "PrintOrder.h"
+#include "OrderHalt.h"
 #include "StringUtils.h"
 #include "TrRule.h"
 #include "support/ChildProcess.h"

@@ -2,9 +2,15 @@
 
 #include "RuleRecord.h"
 
+#include <optional>
 #include <string_view>
 
 namespace Grammar {
+
+/// The header of a rule as it is kept.
+/// @param Parts the parts of the line; nothing where it cannot be read
+/// @param Code the line itself
+RuleHeader HeaderOf(const std::optional<TrRuleInternal::HeaderParts>& Parts, std::string_view Code);
 
 /// Reads a header line, such as "{ADJP,12}", whole.
 RuleHeader ParseHeader(std::string_view Code);

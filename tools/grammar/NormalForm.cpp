@@ -1,8 +1,5 @@
 #include "NormalForm.h"
 
-#include "Bytes.h"
-#include "LibraryScope.h"
-
 #include <utility>
 #include <vector>
 
@@ -38,10 +35,16 @@ void AppendLines(const RuleRecord& Record, bool NoComments, std::string& TextRet
     }
   }
   AppendHeader(Record.Header(), TextReturn);
-  TextReturn.append(Record.Block());
+  Record.Form().AppendBlock(TextReturn);
 }
 
 }  // namespace
+
+std::string HeaderLine(const RuleHeader& Header) {
+  std::string Line;
+  AppendHeader(Header, Line);
+  return Line;
+}
 
 std::string Folded(std::string_view LinesPassIn) {
   if (!LinesPassIn.empty() && LinesPassIn.back() == '\n') {
@@ -75,41 +78,6 @@ void AppendUnfolded(std::string_view FoldedPassIn, std::string& TextReturn) {
       TextReturn += Byte == '\t' ? '\n' : Byte;
     }
   }
-}
-
-namespace {
-
-/// The comment with the label of the other side, where it has one of the two.
-std::string Turned(const std::string& sComment) {
-  std::string_view Rest;
-  const bool IsSource = TakeLabel(sComment, "SL:", Rest);
-  if (!IsSource && !TakeLabel(sComment, "TL:", Rest)) {
-    return sComment;
-  }
-  std::string sTurned = sComment;
-  sTurned[sTurned.find(IsSource ? "SL:" : "TL:")] = IsSource ? 'T' : 'S';
-  return sTurned;
-}
-
-}  // namespace
-
-bool Flip(RuleRecord& RecordReturn, std::string& WhyReturn) {
-  TrRule& Rule = RecordReturn.Rule();
-  try {
-    const LibraryScope Scope;
-    Rule.FlipRuleNoConstraints();
-    // Turning leaves the pairs where they stood; setting them puts them in order.
-    Rule.SetAlignment(Rule.GetAlignmentStr());
-  } catch (const LibraryHalt& Halt) {
-    WhyReturn = Halt.what();
-    return false;
-  }
-  std::vector<std::string> vsTurned;
-  for (const std::string& sComment : RecordReturn.Comments()) {
-    vsTurned.push_back(Turned(sComment));
-  }
-  RecordReturn.SetComments(std::move(vsTurned));
-  return RecordReturn.Renew(WhyReturn);
 }
 
 }  // namespace Grammar

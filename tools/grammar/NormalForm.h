@@ -21,16 +21,14 @@ struct FormOptions {
 void AppendNormalForm(const RuleRecord& RecordPassIn, const FormOptions& OptionsPassIn,
                       std::string& TextReturn);
 
+/// The header with a line end, as it is written; empty where there is none.
+std::string HeaderLine(const RuleHeader& Header);
+
 /// Lines on one line, as above, without a line end; the last line end is left out.
 std::string Folded(std::string_view LinesPassIn);
 
 /// Appends what was folded, unfolded: a tab becomes a line end, and "\t" and "\\" a tab and a
 /// backslash. A backslash before any other byte stays as it is.
 void AppendUnfolded(std::string_view FoldedPassIn, std::string& TextReturn);
-
-/// Exchanges source and target: types, sequences, words, alignments, and the labels of the
-/// comments ";;SL:" and ";;TL:". The constraints stay as they are.
-/// @return false where the library cannot turn the rule; `WhyReturn` then tells why
-bool Flip(RuleRecord& RecordReturn, std::string& WhyReturn);
 
 }  // namespace Grammar

@@ -33,9 +33,8 @@ class Printer : public RuleVisitor {
       : Options(OptionsPassIn), Output(OutputPassIn) {}
 
   void TakeRule(RuleRecord& Record) override {
-    std::string Why;
-    if (Options.Flip && !Flip(Record, Why)) {
-      throw UnwritableRule("the rule cannot be flipped: " + Why);
+    if (Options.Flip) {
+      Record.Flip();
     }
     HasStrayText = HasStrayText || Record.HasStrayText();
     Text.clear();

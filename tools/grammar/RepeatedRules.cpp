@@ -51,7 +51,7 @@ void RepeatedRules::Check(const RuleText& TextPassIn, const RuleRecord& RecordPa
   if (WantsForms) {
     const std::size_t Line = LineOfKind(TextPassIn, LineKind::Sequence);
     if (const Place* First =
-            FindOrAdd(Forms, RecordPassIn.ComparisonText(), TextPassIn.FirstLine + Line)) {
+            FindOrAdd(Forms, RecordPassIn.SamenessText(), TextPassIn.FirstLine + Line)) {
       Report("TR033", "this rule says the same as another one", TextPassIn, Line, *First,
              vFindingsReturn);
     }

@@ -467,10 +467,10 @@ void Checker::CheckValue(const CheckedConstraint& Each) {
         "a value with an X counts as a reference to the source side: the constraint is of "
         "category 2");
   }
-  if (!Parts.SpaceBehindNode.empty()) {
-    Add("TR038", Each.Line, Parts.SpaceBehindNode,
+  if (!Parts.SpaceAfterNode.empty()) {
+    Add("TR038", Each.Line, Parts.SpaceAfterNode,
         "the blank becomes part of the value: " + Each.Record.ReturnAsString(),
-        Replaced(Each.Code, Parts.SpaceBehindNode, ""));
+        Replaced(Each.Code, Parts.SpaceAfterNode, ""));
   }
 }
 

@@ -6,6 +6,7 @@
 
 #include <ConstraintStore.h>
 #include <PieceCutter.h>
+#include <RuleLoader.h>
 
 #include <algorithm>
 #include <charconv>
@@ -139,8 +140,8 @@ void RuleForm::ReadConstraints() {
     Line& New = vLines.emplace_back();
     New.Written = &Each;
     New.Fields = FieldsOf(Each, CodeOf(New));
-    HasSeparator = HasSeparator || Contains(New.Fields.Feature, "__") ||
-                   Contains(New.Fields.FeatValue, "__");
+    HasSeparator =
+        HasSeparator || Contains(New.Fields.Feature, "__") || Contains(New.Fields.FeatValue, "__");
     AddConstraint(vLines.size() - 1);
   }
 }
@@ -154,8 +155,8 @@ bool RuleForm::IsSamePath(const Line& Left, const Line& Right) const {
   return Left.Fields.ConstrainedIndex == Right.Fields.ConstrainedIndex && LeftPath == RightPath;
 }
 
-/// A constraint whose key is there already is dropped by the library. The normal form keeps it where
-/// it says something that the key does not.
+/// A constraint whose key is there already is dropped by the library. The normal form keeps it
+/// where it says something that the key does not.
 void RuleForm::AddRepetition(std::size_t Place, Entry& EntryReturn) const {
   std::string Written;
   AppendWritten(vLines[Place], Written);
@@ -242,6 +243,20 @@ RuleForm::Failure RuleForm::Order() {
     vOrder.push_back(vEntries[Place]);
   }
   return Failure::None;
+}
+
+void RuleForm::Load(TrRule& RecordReturn) const {
+  constexpr int UnknownRank = -1;
+  TrRuleInternal::RuleLoader Loader(RecordReturn);
+  std::vector<TrRuleInternal::Merging> vMergings;
+  Loader.SetRuleLine(Rule->RuleLines().front().Parts);
+  for (const SourceRule::AlignmentLine& Each : Rule->Alignments()) {
+    Loader.AddAlignment(Each.Parts);
+  }
+  for (const Line& Each : vLines) {
+    Loader.AddConstraint(Each.Fields, UnknownRank, vMergings);
+  }
+  Loader.Finish();
 }
 
 // ---- Writing ----------------------------------------------------------------------------------

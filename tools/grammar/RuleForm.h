@@ -47,6 +47,10 @@ class RuleForm {
   /// @param RulePassIn has to be whole; it and its text have to outlive the form
   Failure Read(const SourceRule& RulePassIn);
 
+  /// Fills a new record of the library with the rule line, the alignments and the constraints, in
+  /// the order in which they stand. Prints nothing.
+  void Load(TrRule& RecordReturn) const;
+
   /// Exchanges types, labels and the sides of the alignments; the constraints stay as they are.
   void Flip();
 

@@ -88,8 +88,9 @@ Json AlternativesJson(const TrRule& Rule) {
           {"slWordLabels", List(vvsSL, Texts)},       {"tlWordLabels", List(vvsTL, Texts)}};
 }
 
-Json RuleJson(RuleRecord& Record) {
-  const TrRule& Rule = Record.Rule();
+Json RuleJson(const RuleRecord& Record) {
+  TrRule Rule;
+  Record.Load(Rule);
   Json Result;
   Result["header"] = HeaderJson(Record.Header());
   Result["ruleIndex"] = Rule.GetRuleIndex();
@@ -300,34 +301,39 @@ Strings CommentsFrom(const Json& Object) {
   return vsComments;
 }
 
-RuleRecord RecordFrom(const Json& Object) {
-  RuleRecord Record;
-  Record.SetComments(CommentsFrom(Object));
-  Record.SetHeader(HeaderFrom(Object));
+/// The lines that the members of an object stand for.
+std::string LinesFrom(const Json& Object) {
+  RuleRecord Head;
+  Head.SetComments(CommentsFrom(Object));
   // A count that no comment can hold is reported by its member, as all that is lost.
   const int Count = Member(Object, "count").AsNumber(1);
-  if (Count != CountIn(Record.Comments()) && Count > 0) {
-    Record.SetCount(Count);
+  if (Count != CountIn(Head.Comments()) && Count > 0) {
+    Head.SetCount(Count);
   }
-  const LibraryScope Scope;
-  TrRule& Rule = Record.Rule();
+  std::string Lines;
+  for (const std::string& sComment : Head.Comments()) {
+    Lines.append(sComment) += '\n';
+  }
+  Lines += HeaderLine(HeaderFrom(Object));
+  TrRule Rule;
   Rule.SetSLType(OneLine("slType", Member(Object, "slType").AsText()));
   Rule.SetTLType(OneLine("tlType", Member(Object, "tlType").AsText()));
   Rule.SetSLPOS(Member(Object, "slLabels").AsTexts());
   Rule.SetTLPOS(Member(Object, "tlLabels").AsTexts());
+  const LibraryScope Scope;
   Rule.SetAlignment(Member(Object, "alignments").AsText());
   AddConstraints(Object, Rule);
-  return Record;
+  const std::string Text = Rule.ReturnAsStringForComparison();
+  return Lines.append(Text, Text.find('\n') + 1) += '\n';
 }
 
 /// The only rule of a text; nothing where there are several.
-bool ReadBack(const std::string& Form, RuleRecord& RecordReturn) {
+bool ReadBack(const std::string& Form, RuleText& TextReturn, RuleRecord& RecordReturn) {
   std::istringstream Stream(Form);
   RuleReader Reader(Stream, "-");
-  RuleText Whole;
   std::vector<Finding> vFindings;
-  return Reader.Next(Whole) && Whole.Text.size() == Form.size() &&
-         RecordReturn.Read(Whole, vFindings);
+  return Reader.Next(TextReturn) && TextReturn.Text.size() == Form.size() &&
+         RecordReturn.Read(TextReturn, vFindings);
 }
 
 /// The constraints, whatever their order, with all of their members.
@@ -346,8 +352,9 @@ bool IsHeld(const std::string& Name, const Json& Object, const Json& Back) {
 
 /// A line for each member that is not the same when the text is read.
 Strings LostMembers(const Json& Object, const std::string& Form) {
+  RuleText Text;
   RuleRecord Record;
-  if (!ReadBack(Form, Record)) {
+  if (!ReadBack(Form, Text, Record)) {
     return {"what is written cannot be read as one rule"};
   }
   const Json Back = RuleJson(Record);
@@ -396,14 +403,15 @@ bool JsonReader::Read(std::string_view Line, std::string& TextReturn) {
       TextReturn += Member(Object, "text").AsText();
       return true;
     }
-    RuleRecord Record = RecordFrom(Object);
+    const std::string Lines = LinesFrom(Object);
+    RuleText LinesText;
+    RuleRecord Record;
+    if (!ReadBack(Lines, LinesText, Record)) {
+      throw JsonProblem("what is written cannot be read as one rule");
+    }
     // The comments say what words, structure and count say, whatever they said before.
     Object["comments"] = Texts(Record.Comments());
     std::string Form;
-    std::string Why;
-    if (!Record.Renew(Why)) {
-      throw JsonProblem(Why);
-    }
     AppendNormalForm(Record, {}, Form);
     vsProblems = LostMembers(Object, Form);
     TextReturn += Form;

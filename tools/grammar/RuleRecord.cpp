@@ -1,17 +1,17 @@
 #include "RuleRecord.h"
 
 #include "Bytes.h"
-#include "ConstraintText.h"
 #include "CountText.h"
 #include "HeaderText.h"
-#include "LibraryScope.h"
-#include "LineTexts.h"
 #include "NormalForm.h"
 #include "RuleChecker.h"
+#include "RuleReader.h"
 #include "StrayText.h"
 
+#include <TrRule.h>
+
 #include <algorithm>
-#include <optional>
+#include <sstream>
 #include <utility>
 
 namespace Grammar {
@@ -44,171 +44,112 @@ bool IsTooLong(const RuleText& TextPassIn) {
          std::any_of(TextPassIn.vLines.begin(), TextPassIn.vLines.end(), IsLong);
 }
 
-RuleRecord::RuleRecord() : Record(std::make_unique<TrRule>()) {}
+RuleRecord::RuleRecord() = default;
 
 void RuleRecord::Clear() {
-  Record = std::make_unique<TrRule>();
   RuleHead = RuleHeader();
   vsComments.clear();
-  Comparison.clear();
-  Body.clear();
-  IsRestored = false;
   HasStray = false;
 }
 
 bool RuleRecord::Read(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn) {
   Clear();
-  Reading State;
-  State.IsSound = !IsTooLong(TextPassIn);
-  // What is written is longer than what was read, but not so much longer.
-  State.NeedsProof = TextPassIn.Text.size() > ReaderLimit / 8;
-  for (std::size_t Line = 0; State.IsSound && Line < TextPassIn.vLines.size(); ++Line) {
-    ReadLine(TextPassIn.Parts(Line), State);
+  Source.Read(TextPassIn);
+  const bool IsWhole = !IsTooLong(TextPassIn) && Source.IsWhole();
+  bool IsRead = IsWhole && OrderedForm.Read(Source) == RuleForm::Failure::None;
+  if (IsRead) {
+    ReadComments(TextPassIn);
+    IsRead = !NeedsProof(TextPassIn) || IsStable();
   }
-  std::string Why;
-  if (State.IsSound && ReadBody(State, Why) && (!State.NeedsProof || IsStable())) {
-    if (HasStray) {
-      ReportStrayText(TextPassIn, vFindingsReturn);
+  if (!IsRead) {
+    ExplainUnreadable(TextPassIn, "", vFindingsReturn);
+  } else if (HasStray) {
+    ReportStrayText(TextPassIn, vFindingsReturn);
+  }
+  return IsRead;
+}
+
+/// Keeps the header, the comments, and what is no part of the rule.
+void RuleRecord::ReadComments(const RuleText& TextPassIn) {
+  for (const SourceRule::HeaderLine& Each : Source.Headers()) {
+    RuleHead = HeaderOf(Each.Parts, TextPassIn.Parts(Each.Line).Code);
+  }
+  for (std::size_t Line = 0; Line < TextPassIn.vLines.size(); ++Line) {
+    const LineParts Parts = TextPassIn.Parts(Line);
+    for (const std::string_view Stray : StrayTexts(Parts)) {
+      vsComments.push_back(StrayComment(Stray));
+      HasStray = true;
     }
-    return true;
+    if (!Parts.Comment.empty()) {
+      vsComments.emplace_back(Parts.Comment);
+    }
   }
-  ExplainUnreadable(TextPassIn, Why, vFindingsReturn);
-  return false;
+}
+
+/// Whether reading the written rule is the only way to know that it says the same: quotes hide the
+/// sign of a comment, and the written line may have other quotes; keys that hold their own
+/// separator merge in ways that depend on their order; and what is written may be too long.
+bool RuleRecord::NeedsProof(const RuleText& TextPassIn) const {
+  const auto HidesSign = [&](std::size_t Line) {
+    const LineParts Parts = TextPassIn.Parts(Line);
+    return Parts.HasQuotes && (!Parts.Comment.empty() || Contains(Parts.Code, ";;"));
+  };
+  bool Needed = OrderedForm.HasSeparatorInKey() || TextPassIn.Text.size() > ReaderLimit / 8;
+  for (std::size_t Line = 0; !Needed && Line < TextPassIn.vLines.size(); ++Line) {
+    Needed = HidesSign(Line);
+  }
+  return Needed;
 }
 
 namespace {
 
-/// Without the blanks in it, which the library would keep in a pair and write again.
-/// @return whether the text is an alignment
-bool AppendAlignment(std::string_view Code, std::string& BodyReturn) {
-  const std::optional<AlignmentLine> Parts = ParseAlignmentLine(Code);
-  if (Parts) {
-    BodyReturn.append("(").append(Parts->XText).append("::").append(Parts->YText).append(")\n");
-  }
-  return Parts.has_value();
-}
-
-/// @return whether the text is a constraint
-bool AppendConstraint(std::string_view Code, std::string& BodyReturn) {
-  std::size_t Stopped = 0;
-  const std::optional<ConstraintText> Parts = ParseConstraint(Code, Stopped);
-  if (Parts && IsMistakenForValue(*Parts)) {
-    BodyReturn.append(ForLibrary(Code, *Parts));
-  } else {
-    BodyReturn.append(Code);
-  }
-  BodyReturn += '\n';
-  return Parts.has_value();
+/// Reads a text that is one rule. @return false where it is several
+bool ReadOnlyRule(const std::string& Written, RuleText& TextReturn) {
+  std::istringstream Stream(Written);
+  RuleReader Reader(Stream, "");
+  return Reader.Next(TextReturn) && TextReturn.Text.size() == Written.size();
 }
 
 }  // namespace
-
-/// Takes a line: comments and header are kept here, the lines of the rule are for the library.
-void RuleRecord::ReadLine(const LineParts& Parts, Reading& StateReturn) {
-  switch (Parts.Kind) {
-    case LineKind::Header:
-      RuleHead = ParseHeader(Parts.Code);
-      break;
-    case LineKind::Sequence: {
-      SequenceText Sequence;
-      StateReturn.IsSound = ParseSequenceLine(Parts.Code, Sequence) == SequenceFault::None;
-      Body.append(Parts.Code).append(1, '\n');
-      break;
-    }
-    case LineKind::Alignment:
-      StateReturn.IsSound = AppendAlignment(Parts.Code, Body);
-      break;
-    case LineKind::Constraint:
-      StateReturn.IsSound = AppendConstraint(Parts.Code, Body);
-      break;
-    default:
-      break;
-  }
-  for (const std::string_view Stray : StrayTexts(Parts)) {
-    vsComments.push_back(StrayComment(Stray));
-    HasStray = true;
-  }
-  if (!Parts.Comment.empty()) {
-    vsComments.emplace_back(Parts.Comment);
-  }
-  // Quotes hide the sign of a comment; the written line may have other quotes than this one.
-  StateReturn.NeedsProof =
-      StateReturn.NeedsProof ||
-      (Parts.HasQuotes && (!Parts.Comment.empty() || Contains(Parts.Code, ";;")));
-}
-
-namespace {
-
-/// Whether all that the library said tells of values that it has merged.
-bool IsMergingOnly(std::string_view Messages) {
-  while (!Messages.empty()) {
-    if (!StartsWith(Messages, "OldFeat:|") && !StartsWith(Messages, "InsertFeat:|") &&
-        !StartsWith(Messages, "NewKey is now:")) {
-      return false;
-    }
-    Messages.remove_prefix(std::min(Messages.find('\n'), Messages.size() - 1) + 1);
-  }
-  return true;
-}
-
-}  // namespace
-
-bool RuleRecord::ReadBody(Reading& StateReturn, std::string& WhyReturn) {
-  // In a feature, "__" makes the library mistake one feature for another, and what is merged then
-  // depends on the order of the constraints, which is another one when they are written.
-  StateReturn.NeedsProof = StateReturn.NeedsProof || Contains(Body, "__");
-  {
-    const LibraryScope Scope;
-    try {
-      if (!Record->SetTrRuleFromString(Body) || !IsMergingOnly(Scope.Messages())) {
-        WhyReturn = Scope.Messages();
-        return false;
-      }
-      StateReturn.NeedsProof = StateReturn.NeedsProof || Contains(Scope.Messages(), "*NOT*");
-    } catch (const LibraryHalt& Halt) {
-      WhyReturn = Halt.what();
-      return false;
-    }
-  }
-  Record->SetRuleIndex(RuleHead.IsPresent ? NumberOf(RuleHead) : -1);
-  return Renew(WhyReturn);
-}
-
-bool RuleRecord::Renew(std::string& WhyReturn) {
-  const LibraryScope Scope;
-  try {
-    Comparison = Record->ReturnAsStringForComparison();
-    return true;
-  } catch (const LibraryHalt& Halt) {
-    WhyReturn = Halt.what();
-    return false;
-  }
-}
-
-std::string_view RuleRecord::Block() const {
-  return std::string_view(Comparison).substr(Comparison.find('\n') + 1);
-}
 
 /// Whether reading what is written gives the same again.
 bool RuleRecord::IsStable() const {
-  RuleText Written;
-  AppendNormalForm(*this, FormOptions(), Written.Text);
-  RuleRecord Again;
-  Reading State;
-  std::string_view Rest = Written.Text;
-  State.IsSound = !IsCut(Rest);
-  while (State.IsSound && !Rest.empty()) {
-    const std::size_t End = Rest.find('\n');
-    Again.ReadLine(PartsOf(Rest.substr(0, End)), State);
-    State.IsSound = State.IsSound && End <= ReaderLimit;
-    Rest.remove_prefix(End + 1);
+  std::string Written;
+  AppendNormalForm(*this, FormOptions(), Written);
+  RuleText Again;
+  if (IsCut(Written) || !ReadOnlyRule(Written, Again) || IsTooLong(Again)) {
+    return false;
   }
-  std::string Why;
+  RuleRecord Other;
+  Other.Source.Read(Again);
+  if (!Other.Source.IsWhole() || Other.OrderedForm.Read(Other.Source) != RuleForm::Failure::None) {
+    return false;
+  }
+  Other.ReadComments(Again);
   std::string WrittenAgain;
-  if (State.IsSound && Again.ReadBody(State, Why)) {
-    AppendNormalForm(Again, FormOptions(), WrittenAgain);
+  AppendNormalForm(Other, FormOptions(), WrittenAgain);
+  return Written == WrittenAgain && ComparisonText() == Other.ComparisonText();
+}
+
+std::string RuleRecord::Block() const {
+  std::string Text;
+  OrderedForm.AppendBlock(Text);
+  return Text;
+}
+
+std::string RuleRecord::SamenessText() const {
+  std::string Text = ComparisonText();
+  const std::string OwnBlock = Block();
+  if (Text.compare(Text.find('\n') + 1, std::string::npos, OwnBlock) != 0) {
+    Text.append(1, '\0').append(OwnBlock);
   }
-  return Written.Text == WrittenAgain;
+  return Text;
+}
+
+std::string RuleRecord::ComparisonText() const {
+  std::string Text;
+  OrderedForm.AppendComparisonText(Text);
+  return Text;
 }
 
 // ---- What stands in comments ------------------------------------------------------------------
@@ -244,35 +185,7 @@ int CountIn(const std::vector<std::string>& vsComments) {
   return FindLabel(vsComments, ScoreLabel, Rest) == vsComments.end() ? 1 : ParseCount(Rest).Value;
 }
 
-TrRule& RuleRecord::Rule() {
-  if (!IsRestored) {
-    RestoreExample();
-  }
-  return *Record;
-}
-
-void RuleRecord::RestoreExample() {
-  const LibraryScope Scope;
-  std::string_view Rest;
-  IsRestored = true;
-  if (FindLabel(vsComments, "SL:", Rest) != vsComments.end()) {
-    Record->SetSLWords(std::string(Rest));
-  }
-  if (FindLabel(vsComments, "TL:", Rest) != vsComments.end()) {
-    Record->SetTLWords(std::string(Rest));
-  }
-  if (FindLabel(vsComments, "C-Structure:", Rest) != vsComments.end()) {
-    Record->SetCStructure(std::string(Rest));
-  }
-  Record->SetNumTrExamples(CountIn(vsComments));
-}
-
-int RuleRecord::Count() const {
-  return IsRestored ? Record->GetNumTrExamples() : CountIn(vsComments);
-}
-
 void RuleRecord::SetCount(int CountPassIn) {
-  Rule().SetNumTrExamples(CountPassIn);
   std::string sLine = ";;" + std::string(ScoreLabel) + std::to_string(CountPassIn);
   std::string_view Rest;
   const auto Found = FindLabel(vsComments, ScoreLabel, Rest);
@@ -283,14 +196,47 @@ void RuleRecord::SetCount(int CountPassIn) {
   }
 }
 
-void RuleRecord::SetHeader(RuleHeader HeaderPassIn) {
-  RuleHead = std::move(HeaderPassIn);
-  Record->SetRuleIndex(RuleHead.IsPresent ? NumberOf(RuleHead) : -1);
+void RuleRecord::SetComments(std::vector<std::string> vsCommentsPassIn) {
+  vsComments = std::move(vsCommentsPassIn);
 }
 
-void RuleRecord::SetComments(std::vector<std::string> vsCommentsPassIn) {
-  Rule();
-  vsComments = std::move(vsCommentsPassIn);
+// ---- Flipping and the library's record --------------------------------------------------------
+
+namespace {
+
+/// The comment with the label of the other side, where it has one of the two.
+std::string Flipped(const std::string& sComment) {
+  std::string_view Rest;
+  const bool IsSource = TakeLabel(sComment, "SL:", Rest);
+  if (!IsSource && !TakeLabel(sComment, "TL:", Rest)) {
+    return sComment;
+  }
+  std::string sFlipped = sComment;
+  sFlipped[sFlipped.find(IsSource ? "SL:" : "TL:")] = IsSource ? 'T' : 'S';
+  return sFlipped;
+}
+
+}  // namespace
+
+void RuleRecord::Flip() {
+  OrderedForm.Flip();
+  std::transform(vsComments.begin(), vsComments.end(), vsComments.begin(), Flipped);
+}
+
+void RuleRecord::Load(TrRule& RecordReturn) const {
+  OrderedForm.Load(RecordReturn);
+  RecordReturn.SetRuleIndex(RuleHead.IsPresent ? NumberOf(RuleHead) : -1);
+  std::string_view Rest;
+  if (FindLabel(vsComments, "SL:", Rest) != vsComments.end()) {
+    RecordReturn.SetSLWords(std::string(Rest));
+  }
+  if (FindLabel(vsComments, "TL:", Rest) != vsComments.end()) {
+    RecordReturn.SetTLWords(std::string(Rest));
+  }
+  if (FindLabel(vsComments, "C-Structure:", Rest) != vsComments.end()) {
+    RecordReturn.SetCStructure(std::string(Rest));
+  }
+  RecordReturn.SetNumTrExamples(Count());
 }
 
 }  // namespace Grammar

@@ -1,6 +1,7 @@
 #include "SortCommand.h"
 
 #include "ExternalSorter.h"
+#include "HeaderText.h"
 #include "NormalForm.h"
 #include "OutputFile.h"
 
@@ -18,13 +19,13 @@ std::string NumberKey(int Number) {
   return SortableNumber(static_cast<std::uint64_t>(Middle + Number));
 }
 
-std::string IndexKey(RuleRecord& Record) {
+std::string IndexKey(const RuleRecord& Record) {
   const bool HasNumber = Record.Header().IsPresent && Record.Header().IsReadable;
-  return HasNumber ? NumberKey(Record.Rule().GetRuleIndex()) : std::string();
+  return HasNumber ? NumberKey(NumberOf(Record.Header())) : std::string();
 }
 
-/// Sorts what it is handed. Of the comparison text and the normal form, the block of the rule is
-/// the same; sorted by the former, it is kept once.
+/// Sorts what it is handed. Sorted by the comparison text, a rule whose block ends that text, too,
+/// is kept without its block.
 class Sorter : public RuleCollector {
  public:
   explicit Sorter(const SortOptions& Options)
@@ -35,11 +36,14 @@ class Sorter : public RuleCollector {
   void TakeRule(RuleRecord& Record) override {
     Form.clear();
     AppendNormalForm(Record, {}, Form);
-    if (By == SortBy::Form) {
-      Rules.Add(Record.ComparisonText(), WithoutBlock(Record));
+    const std::string Key = KeyOf(Record);
+    if (By == SortBy::Form && EndsWithBlock(Form, Key)) {
+      Form.resize(Form.size() - BlockOf(Key).size() - 1);
+      Form += BlockIsInKey;
     } else {
-      Rules.Add(KeyOf(Record), Form);
+      Form += BlockIsHere;
     }
+    Rules.Add(Key, Form);
   }
 
   void TakeText(std::string_view Text) override { Others.Append(Text); }
@@ -47,8 +51,8 @@ class Sorter : public RuleCollector {
   void WriteTo(OutputFile& Output) override {
     Rules.Sort();
     for (SortRecord Each; Rules.Next(Each);) {
-      Output.Write(Each.Payload);
-      if (By == SortBy::Form) {
+      Output.Write(Each.Payload.substr(0, Each.Payload.size() - 1));
+      if (Each.Payload.back() == BlockIsInKey) {
         Output.Write(BlockOf(Each.Key));
         Output.Write("\n");
       }
@@ -57,25 +61,31 @@ class Sorter : public RuleCollector {
   }
 
  private:
-  std::string_view WithoutBlock(const RuleRecord& Record) const {
-    return std::string_view(Form).substr(0, Form.size() - Record.Block().size() - 1);
+  // The last byte of what is kept of a rule.
+  static constexpr char BlockIsHere = '0';
+  static constexpr char BlockIsInKey = '1';
+
+  static bool EndsWithBlock(std::string_view Form, std::string_view ComparisonText) {
+    const std::string_view Block = BlockOf(ComparisonText);
+    Form.remove_suffix(1);
+    return Form.size() >= Block.size() && Form.substr(Form.size() - Block.size()) == Block;
   }
 
   static std::string_view BlockOf(std::string_view ComparisonText) {
     return ComparisonText.substr(ComparisonText.find('\n') + 1);
   }
 
-  std::string KeyOf(RuleRecord& Record) const {
-    TrRule& Rule = Record.Rule();
+  std::string KeyOf(const RuleRecord& Record) const {
+    const RuleForm& Rule = Record.Form();
     switch (By) {
       case SortBy::Index:
         return IndexKey(Record);
       case SortBy::Type:
-        return Rule.GetSLType() + '\0' + Rule.GetTLType();
+        return std::string(Rule.SLType()).append(1, '\0').append(Rule.TLType());
       case SortBy::Count:
         return NumberKey(Record.Count());
       case SortBy::Length:
-        return SortableNumber(Rule.GetSLPOS().size()) + SortableNumber(Rule.GetTLPOS().size());
+        return SortableNumber(Rule.SLSize()) + SortableNumber(Rule.TLSize());
       case SortBy::Form:
         break;
     }

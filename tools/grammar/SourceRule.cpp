@@ -57,9 +57,8 @@ void SourceRule::Read(const RuleText& TextPassIn) {
 
 bool SourceRule::HasAlignmentLine() const {
   return !vAlignments.empty() ||
-         std::any_of(vBroken.begin(), vBroken.end(), [](const BrokenLine& Each) {
-           return Each.Kind == LineKind::Alignment;
-         });
+         std::any_of(vBroken.begin(), vBroken.end(),
+                     [](const BrokenLine& Each) { return Each.Kind == LineKind::Alignment; });
 }
 
 bool SourceRule::IsWhole() const {

@@ -21,8 +21,8 @@ namespace Grammar {
 ///   Rule.Read(Text);
 ///   Rule.Constraints().front().Parts.Left.Index;
 ///
-/// All views point into the text that was read, which has to outlive them. Lines count from 0 within
-/// the text.
+/// All views point into the text that was read, which has to outlive them. Lines count from 0
+/// within the text.
 class SourceRule {
  public:
   struct HeaderLine {

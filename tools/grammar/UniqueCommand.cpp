@@ -70,6 +70,15 @@ std::uint64_t HashOf(std::string_view Bytes) {
   return Hash;
 }
 
+/// The block of the normal form in such a text.
+std::string_view BlockIn(std::string_view Sameness) {
+  // No line of a comparison text begins with the byte behind its last one.
+  constexpr std::string_view End("\n)\0", 3);
+  const std::size_t Found = Sameness.find(End);
+  return Sameness.substr(Found == std::string_view::npos ? Sameness.find('\n') + 1
+                                                         : Found + End.size());
+}
+
 /// Rules that say the same, being put together.
 class Group {
  public:
@@ -101,7 +110,7 @@ class Group {
   /// The rule that stands for all of them.
   std::string Text() {
     std::string Lines = CommentLines();
-    Lines.append(Header).append(Key, Key.find('\n') + 1) += '\n';
+    Lines.append(Header).append(BlockIn(Key)) += '\n';
     return Options.Count ? std::to_string(Rules) + '\t' + Folded(Lines) + '\n' : Lines;
   }
 
@@ -142,15 +151,10 @@ class Uniquer : public RuleCollector {
         Results(MemoryForSorting(Options.Memory) / 2) {}
 
   void TakeRule(RuleRecord& Record) override {
-    Form.clear();
-    FormOptions WithoutComments;
-    WithoutComments.NoComments = true;
-    AppendNormalForm(Record, WithoutComments, Form);
-    const std::string_view Header =
-        std::string_view(Form).substr(0, Form.size() - Record.Block().size() - 1);
-    Pack(Record, Place++, Header, Bytes);
-    Key = Options.Sorted ? "" : SortableNumber(HashOf(Record.ComparisonText()));
-    Key += Record.ComparisonText();
+    const std::string Form = Record.SamenessText();
+    Pack(Record, Place++, HeaderLine(Record.Header()), Bytes);
+    Key = Options.Sorted ? "" : SortableNumber(HashOf(Form));
+    Key += Form;
     Rules.Add(Key, Bytes);
   }
 
@@ -197,7 +201,6 @@ class Uniquer : public RuleCollector {
   ExternalSorter Rules;
   ExternalSorter Results;
   std::uint64_t Place = 0;
-  std::string Form;
   std::string Bytes;
   std::string Key;
 };
