@@ -1411,9 +1411,9 @@ bool TrRule::TakeConstraint(Constraint& NewReturn) {
     }
   }
   // A constraint has no move: an empty one is put in place and filled there.
-  const auto Entry = ConstraintsMap.emplace_hint(Place, std::piecewise_construct,
-                                                 std::forward_as_tuple(std::move(Key)),
-                                                 std::forward_as_tuple());
+  const auto Entry =
+      ConstraintsMap.emplace_hint(Place, std::piecewise_construct,
+                                  std::forward_as_tuple(std::move(Key)), std::forward_as_tuple());
   Entry->second.TakeOver(NewReturn);
   return true;
 }
