@@ -14,22 +14,25 @@ using Texts = std::vector<std::string_view>;
 
 // ---- What is stray on a line ------------------------------------------------------------------
 
-/// The two texts that are not blank. Hardly a line has any, so that the others need not be read.
+/// The two texts, where they are not blank. Hardly a line has any: the others need not be read.
 template <typename IsReadT>
 Texts StrayOf(std::string_view Before, std::string_view Behind, IsReadT IsRead) {
   Texts vStray;
+  if ((Before.empty() && Behind.empty()) || !IsRead()) {
+    return vStray;
+  }
   for (const std::string_view Text : {Trimmed(Before), Trimmed(Behind)}) {
     if (!Text.empty()) {
       vStray.push_back(Text);
     }
   }
-  return vStray.empty() || IsRead() ? vStray : Texts();
+  return vStray;
 }
 
-/// The text without a word that may stand at its beginning.
+/// The text without the blanks and the word that may stand at its beginning.
 std::string_view Without(std::string_view Text, std::string_view Allowed) {
   const std::string_view Rest = WithoutLeadingSpace(Text);
-  return StartsWith(Rest, Allowed) ? Rest.substr(Allowed.size()) : Rest;
+  return StartsWith(Rest, Allowed) ? WithoutLeadingSpace(Rest.substr(Allowed.size())) : Rest;
 }
 
 // Header = stray "{" Type "," Number "}" stray; one that cannot be read is kept as it stands
@@ -51,6 +54,10 @@ Texts StrayInSequence(std::string_view Code) {
 
 // AlignmentLine = [ ";--;" ] stray "(" XNode "::" YNode ")" stray
 Texts StrayInAlignment(std::string_view Code) {
+  // As good as all of them, and most lines of a grammar.
+  if (Code.front() == '(' && Code.back() == ')') {
+    return {};
+  }
   return StrayOf(Without(Code.substr(0, Code.find('(')), ";--;"), Code.substr(Code.rfind(')') + 1),
                  [&] { return ParseAlignmentLine(Code).has_value(); });
 }
