@@ -71,8 +71,18 @@ class Scanner {
 
   void GoBackTo(std::string_view Earlier) { Rest = Earlier; }
 
+  /// Notes what the text should go on with.
+  /// @return false, for the step that has failed
+  bool Expect(std::string_view What) {
+    Missing = What;
+    return false;
+  }
+
+  std::string_view Expected() const { return Missing; }
+
  private:
   std::string_view Rest;
+  std::string_view Missing;
 };
 
 bool IsValueByte(char Byte) {
@@ -102,24 +112,37 @@ bool IsFeature(std::string_view Blank, std::string_view Feature) {
   return !Blank.empty() && !Feature.empty() && Feature.front() != '*';
 }
 
+constexpr std::string_view OpenParenthesis = "\"(\"";
+constexpr std::string_view CloseParenthesis = "\")\"";
+constexpr std::string_view EqualsSign = "\"=\"";
+constexpr std::string_view NodeName = "a node such as x1 or y2";
+constexpr std::string_view FeatureName = "a blank and a feature";
+constexpr std::string_view RightSide = "a value or a node";
+constexpr std::string_view InsideRight = "a node and a feature, or *OR* or *NOT* and words";
+constexpr std::string_view ListWords = "a blank and words";
+constexpr std::string_view TheEnd = "the end";
+
 /// Left = "((" Node blank Feature ")" | "(" Node
 bool TakeLeft(Scanner& ScanReturn, ConstraintText& PartsReturn) {
   ScanReturn.TakeSpace();
   if (!ScanReturn.Take('(')) {
-    return false;
+    return ScanReturn.Expect(OpenParenthesis);
   }
   ScanReturn.TakeSpace();
   PartsReturn.IsWholeNode = !ScanReturn.Take('(');
   ScanReturn.TakeSpace();
   if (!ScanReturn.TakeNode(PartsReturn.Left)) {
-    return false;
+    return ScanReturn.Expect(NodeName);
   }
   const std::string_view Blank = ScanReturn.TakeSpace();
   if (PartsReturn.IsWholeNode) {
     return true;
   }
   PartsReturn.Feature = Trimmed(ScanReturn.TakeWhile(IsFeatureByte));
-  return IsFeature(Blank, PartsReturn.Feature) && ScanReturn.Take(')');
+  if (!IsFeature(Blank, PartsReturn.Feature)) {
+    return ScanReturn.Expect(FeatureName);
+  }
+  return ScanReturn.Take(')') || ScanReturn.Expect(CloseParenthesis);
 }
 
 /// Reference = "(" Node [ blank Feature ] ")"
@@ -146,11 +169,14 @@ bool TakeWords(Scanner& ScanReturn, ConstraintText& PartsReturn) {
   } else if (ScanReturn.TakeWord("*NOT*")) {
     PartsReturn.Kind = RightKind::Not;
   } else {
-    return false;
+    return ScanReturn.Expect(InsideRight);
   }
   const std::string_view Blank = ScanReturn.TakeSpace();
   PartsReturn.Value = WithoutTrailingSpace(ScanReturn.TakeWhile(IsWordsByte));
-  return !Blank.empty() && !PartsReturn.Value.empty() && ScanReturn.Take(')');
+  if (Blank.empty() || PartsReturn.Value.empty()) {
+    return ScanReturn.Expect(ListWords);
+  }
+  return ScanReturn.Take(')') || ScanReturn.Expect(CloseParenthesis);
 }
 
 /// Right = Node | Reference | Value
@@ -176,7 +202,7 @@ bool TakeRight(Scanner& ScanReturn, ConstraintText& PartsReturn) {
     PartsReturn.Kind = PartsReturn.IsWholeNode ? RightKind::Node : RightKind::Value;
     PartsReturn.SpaceBehindNode = All.substr(Node.Text.size());
   }
-  return !PartsReturn.Value.empty();
+  return !PartsReturn.Value.empty() || ScanReturn.Expect(RightSide);
 }
 
 bool TakeAll(Scanner& ScanReturn, ConstraintText& PartsReturn) {
@@ -186,7 +212,10 @@ bool TakeAll(Scanner& ScanReturn, ConstraintText& PartsReturn) {
   ScanReturn.TakeSpace();
   PartsReturn.Equals = ScanReturn.TakeWhile(IsEquals);
   ScanReturn.TakeSpace();
-  if (PartsReturn.Equals.empty() || !TakeRight(ScanReturn, PartsReturn)) {
+  if (PartsReturn.Equals.empty()) {
+    return ScanReturn.Expect(EqualsSign);
+  }
+  if (!TakeRight(ScanReturn, PartsReturn)) {
     return false;
   }
   // A reference and a negation may lack the parenthesis that the library does not write.
@@ -194,21 +223,30 @@ bool TakeAll(Scanner& ScanReturn, ConstraintText& PartsReturn) {
   const bool MayLackOne =
       PartsReturn.Kind == RightKind::Reference || PartsReturn.Kind == RightKind::Not;
   if (!ScanReturn.Take(')') && !MayLackOne) {
-    return false;
+    return ScanReturn.Expect(CloseParenthesis);
   }
   // More of them close the rule's body.
   ScanReturn.TakeWhile([](char Byte) { return IsSpace(Byte) || Byte == ')'; });
-  return ScanReturn.Remaining().empty();
+  return ScanReturn.Remaining().empty() || ScanReturn.Expect(TheEnd);
 }
 
 }  // namespace
 
-std::optional<ConstraintText> ParseConstraint(std::string_view Text, std::size_t& StoppedReturn) {
+std::optional<ConstraintText> ParseConstraint(std::string_view Text, ConstraintStop& StopReturn) {
   Scanner Scan(Text);
   std::optional<ConstraintText> Parts(std::in_place);
   if (!TakeAll(Scan, *Parts)) {
-    StoppedReturn = Text.size() - Scan.Remaining().size();
+    StopReturn = {Text.size() - Scan.Remaining().size(), Scan.Expected()};
     Parts.reset();
+  }
+  return Parts;
+}
+
+std::optional<ConstraintText> ParseConstraint(std::string_view Text, std::size_t& StoppedReturn) {
+  ConstraintStop Stop;
+  std::optional<ConstraintText> Parts = ParseConstraint(Text, Stop);
+  if (!Parts) {
+    StoppedReturn = Stop.Place;
   }
   return Parts;
 }

@@ -45,11 +45,20 @@ bool IsMistakenForValue(const ConstraintText& Parts);
 /// @param Text what was taken apart
 std::string ForLibrary(std::string_view Text, const ConstraintText& Parts);
 
+/// Where a text stops being in the format, and what would have had to stand there.
+struct ConstraintStop {
+  std::size_t Place = 0;
+  std::string_view Expected;  ///< such as "a node such as x1 or y2"
+};
+
 /// Takes a text of the format apart, in small letters or capitals, and also as the library writes
 /// it, with some parentheses missing. Nothing where the text is not in the format: then
-/// `StoppedReturn` is the place in it from which on it is not.
+/// `StopReturn` says where and why.
 ///
-///   ParseConstraint("((y1 num) = (y2 num))", Stopped)->RightNode->Index;  // 2
+///   ParseConstraint("((y1 num) = (y2 num))", Stop)->RightNode->Index;  // 2
+std::optional<ConstraintText> ParseConstraint(std::string_view Text, ConstraintStop& StopReturn);
+
+/// The same, where only the place is wanted.
 std::optional<ConstraintText> ParseConstraint(std::string_view Text, std::size_t& StoppedReturn);
 
 }  // namespace Grammar

@@ -121,10 +121,17 @@ bool RuleFiles::OpenNext() {
   return true;
 }
 
+bool RuleFiles::NextInFile(RuleText& TextReturn) {
+  if (!Reader->Next(TextReturn)) {
+    return false;
+  }
+  Shown.Advance(TextReturn.Text.size());
+  return true;
+}
+
 bool RuleFiles::Next(RuleText& TextReturn) {
   while (Reader != nullptr || OpenNext()) {
-    if (Reader->Next(TextReturn)) {
-      Shown.Advance(TextReturn.Text.size());
+    if (NextInFile(TextReturn)) {
       return true;
     }
     if (!OpenNext()) {

@@ -50,9 +50,17 @@ class RuleFiles {
   /// Gives the next rule. @return false behind the last rule of the last file
   bool Next(RuleText& TextReturn);
 
- private:
+  /// Goes on with the next file, wherever in this one it is. @return false behind the last one
   bool OpenNext();
 
+  /// The name of the file that is open, and what comes next in it.
+  const std::string& Name() const { return vsNames[NextName - 1]; }
+  std::string_view Ahead() { return Reader->Ahead(); }
+
+  /// Gives the next rule of the file that is open. @return false behind its last rule
+  bool NextInFile(RuleText& TextReturn);
+
+ private:
   struct Unfolded;
 
   std::vector<std::string> vsNames;
