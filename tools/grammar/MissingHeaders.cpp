@@ -44,6 +44,7 @@ void MissingHeaders::Check(const RuleText& TextPassIn, std::vector<Finding>& vFi
   if (!HasSeenHeader) {
     return;
   }
+  constexpr std::size_t MaxLineText = 1000;
   const std::size_t Line = FirstLineOf(TextPassIn);
   const LineParts Parts = TextPassIn.Parts(Line);
   Finding New;
@@ -54,7 +55,7 @@ void MissingHeaders::Check(const RuleText& TextPassIn, std::vector<Finding>& vFi
   New.Code = "TR045";
   New.Level = FindCode(New.Code)->Level;
   New.Message = "this rule has no header, while rules before it have one";
-  New.LineText = TextPassIn.Line(Line);
+  New.LineText = TextPassIn.Line(Line).substr(0, MaxLineText);
   vFindingsReturn.push_back(std::move(New));
 }
 

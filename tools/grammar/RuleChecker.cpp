@@ -143,7 +143,7 @@ Finding& Checker::Add(std::string_view Code, std::size_t Line, std::string_view 
   New.Code = Code;
   New.Message = std::move(Message);
   New.LineText = Whole.substr(0, MaxLineText);
-  if (!Mended.By.empty()) {
+  if (!Mended.By.empty() && Whole.size() <= MaxLineText) {
     New.Suggestion = Replaced(Whole, Mended.Of, Mended.By);
   }
   vFindings.push_back(std::move(New));
@@ -496,11 +496,13 @@ void Checker::CheckSequence(std::size_t Line, std::string_view Code) {
 }
 
 void Checker::CheckNames(std::size_t Line, std::string_view Code, const SequenceText& Sequence) {
-  for (const NameSlip& Each : FindNameSlips(Sequence)) {
+  const std::vector<NameSlip> vSlips = FindNameSlips(Sequence);
+  const std::string Mended = vSlips.empty() ? "" : MendedSequence(Code);
+  for (const NameSlip& Each : vSlips) {
     const std::string Sign = IsSpace(Each.Sign.front()) ? "a tab" : Quoted(Each.Sign);
     Add("TR039", Line, Each.Sign,
         Sign + " becomes part of the " + (Each.IsType ? "type " : "label ") + Quoted(Each.Name),
-        {Code, MendedSequence(Code)});
+        {Code, Mended});
   }
   if (!HasBytesBeyond) {
     return;
@@ -903,11 +905,6 @@ bool IsUnreadable(const Finding& Each) {
   return Each.Level == Severity::Error && Each.Code != "TR009" && Each.Code != "TR010";
 }
 
-bool IsAtSamePlace(const Finding& Left, const Finding& Right) {
-  return std::tie(Left.Line, Left.Column, Left.Code) ==
-         std::tie(Right.Line, Right.Column, Right.Code);
-}
-
 }  // namespace
 
 void ExplainUnreadable(const RuleText& TextPassIn, const std::string& WhyPassIn,
@@ -931,17 +928,28 @@ void ExplainUnreadable(const RuleText& TextPassIn, const std::string& WhyPassIn,
 
 namespace {
 
+/// Adds the findings that are not there yet.
+void AddMissing(std::vector<Finding> vMore, std::vector<Finding>& vAllReturn) {
+  if (vMore.empty()) {
+    return;
+  }
+  std::set<std::tuple<std::size_t, std::size_t, std::string>> ssPlaces;
+  for (const Finding& Each : vAllReturn) {
+    ssPlaces.emplace(Each.Line, Each.Column, Each.Code);
+  }
+  for (Finding& Each : vMore) {
+    if (ssPlaces.count({Each.Line, Each.Column, Each.Code}) == 0) {
+      vAllReturn.push_back(std::move(Each));
+    }
+  }
+}
+
 /// All that is found in a rule, with suggestions that nobody has tried.
 bool CheckOnce(const RuleText& Text, RuleRecord& RecordReturn, std::vector<Finding>& vAllReturn) {
   std::vector<Finding> vErrors;
   Checker(Text, vAllReturn).Check();
   const bool IsRead = Text.HasRule && RecordReturn.Read(Text, vErrors);
-  for (Finding& Each : vErrors) {
-    if (std::none_of(vAllReturn.begin(), vAllReturn.end(),
-                     [&](const Finding& Other) { return IsAtSamePlace(Each, Other); })) {
-      vAllReturn.push_back(std::move(Each));
-    }
-  }
+  AddMissing(std::move(vErrors), vAllReturn);
   SortFindings(vAllReturn);
   return IsRead;
 }
