@@ -796,9 +796,9 @@ TEST(Suggestions, MendTheLinesOfAllCorpora) {
 TEST(Suggestions, MendTheMistakesOfPeople) {
   std::size_t Count = 0;
   for (const auto& [pMistakes, MakeRule] :
-       {std::pair(&AlignmentMistakes(), InBody), std::pair(&ConstraintMistakes(), InBody),
-        std::pair(&OtherMistakes(), InBody), std::pair(&SequenceMistakes(), AsRuleLine),
-        std::pair(&HeaderMistakes(), AsHeader)}) {
+       {std::pair(&AlignmentMistakes(), &InBody), std::pair(&ConstraintMistakes(), &InBody),
+        std::pair(&OtherMistakes(), &InBody), std::pair(&SequenceMistakes(), &AsRuleLine),
+        std::pair(&HeaderMistakes(), &AsHeader)}) {
     for (const Mistake& Each : *pMistakes) {
       EXPECT_EQ(FoundInMendedLines(MakeRule(Each.Line), Count), "") << Each.Line;
     }
