@@ -73,6 +73,24 @@ void RequirePlaces(const RuleText& Rule, const std::vector<Finding>& vFindings) 
   }
 }
 
+/// A line that is replaced by what was suggested for it has no finding any more.
+void RequireSuggestionsMend(const RuleText& Rule, const std::vector<Finding>& vFindings) {
+  for (const Finding& Each : vFindings) {
+    if (Each.Suggestion.empty()) {
+      continue;
+    }
+    const RuleText::Span& Place = Rule.vLines[Each.Line - Rule.FirstLine];
+    std::string Text = Rule.Text;
+    Text.replace(Place.Begin, Place.End - Place.Begin, Each.Suggestion);
+    RuleRecord Record;
+    std::vector<Finding> vAfter;
+    for (const RuleText& Part : RulesOf(Text)) {
+      Grammar::CheckRule(Part, Record, vAfter);
+    }
+    Require(!HasFindingOn(vAfter, Each.Line - Rule.FirstLine + 1), "a suggestion mends its line");
+  }
+}
+
 std::string NormalFormOf(const RuleRecord& Record, bool OneLine) {
   Grammar::FormOptions Options;
   Options.OneLine = OneLine;
@@ -113,6 +131,7 @@ void RequireRule(const RuleText& Rule) {
   std::vector<Finding> vFindings;
   const bool IsRead = Grammar::CheckRule(Rule, Record, vFindings);
   RequirePlaces(Rule, vFindings);
+  RequireSuggestionsMend(Rule, vFindings);
   const bool HasErrors = std::any_of(vFindings.begin(), vFindings.end(), [](const Finding& Each) {
     return Each.Level == Grammar::Severity::Error;
   });

@@ -184,4 +184,24 @@ TEST(ConstraintText, TellsWhereItStopsBeingInTheFormat) {
   }
 }
 
+TEST(ConstraintText, TellsWhatIsExpectedWhereItStops) {
+  const std::vector<std::pair<std::string, std::string>> Cases{
+      {"x0 = x1", "\"(\""},
+      {"(z0 = x1)", "a node such as x1 or y2"},
+      {"((x0) = a)", "a blank and a feature"},
+      {"((x0 num = a)", "\")\""},
+      {"(x0 x1)", "\"=\""},
+      {"(x0 = )", "a value or a node"},
+      {"((x0 num) = sg", "\")\""},
+      {"((x0 num) = (a b))", "a node and a feature, or *OR* or *NOT* and words"},
+      {"((x0 num) = (*OR*))", "a blank and words"},
+      {"((x0 num) = (*OR* a = b))", "\")\""},
+      {"(x0 = x1) a", "the end"}};
+  for (const auto& [sText, sExpected] : Cases) {
+    Grammar::ConstraintStop Stop;
+    EXPECT_FALSE(Grammar::ParseConstraint(sText, Stop)) << sText;
+    EXPECT_EQ(Stop.Expected, sExpected) << sText;
+  }
+}
+
 }  // namespace

@@ -112,15 +112,15 @@ TEST(RuleRecord, WritesACountWhereTheOldOneStood) {
 TEST(RuleRecord, TellsWhyARuleCannotBeRead) {
   const std::string Head = "{NP,8}\nNP::NP : [N] -> [N]\n";
   const std::vector<std::pair<std::string, Strings>> Cases{
-      {"{NP,8}\n(X1::Y1)\n", {"1:1+6 TR001?"}},
-      {Head, {"2:1+19 TR002?"}},
+      {"{NP,8}\n(X1::Y1)\n", {"1:1+6 TR001"}},
+      {Head, {"2:1+19 TR002"}},
       {Head + "NP::NP : [N] -> [N]\n(X1::Y1)\n", {"3:1+19 TR003"}},
-      {"NP ::NP : [N] -> [N]\n(X1::Y1)\n", {"1:1+2 TR004?"}},
+      {"NP ::NP : [N] -> [N]\n(X1::Y1)\n", {"1:1+2 TR004"}},
       {"NP::NP : N] -> [N]\n(X1::Y1)\n", {"1:1+11 TR005"}},
       {"NP::NP : [N] -> [N\n(X1::Y1)\n", {"1:17+2 TR006"}},
-      {Head + "(X1::Y1))\n", {"3:1+9 TR007?"}},
-      {Head + "(X1::Y1)\n  (x0 x1) = a\n", {"4:7+7 TR008?"}},
-      {Head + "(X1::Y1)\n(x0 = n)\n", {"4:7+1 TR012?"}},
+      {Head + "(X1::Y1))\n", {"3:1+9 TR007"}},
+      {Head + "(X1::Y1)\n  (x0 x1) = a\n", {"4:7+7 TR008"}},
+      {Head + "(X1::Y1)\n(x0 = n)\n", {"4:7+1 TR012"}},
       {Head + "(X1::Y1)\n(x0 = x1)\n(x1 = x0)\n", {"4:1+9 TR011"}},
       {Head + "(X1::Y1)\n" + std::string(100001, '(') + '\n', {"1:1+1 TR013"}},
       {"NP::NP \"a [b;;\" c] -> [N]\n(X1::Y1)\n", {"1:1+25 TR014"}},

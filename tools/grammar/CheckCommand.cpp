@@ -1,6 +1,8 @@
 #include "CheckCommand.h"
 
 #include "Bytes.h"
+#include "FileKind.h"
+#include "MissingHeaders.h"
 #include "NearestName.h"
 #include "OutputFile.h"
 #include "RepeatedRules.h"
@@ -12,6 +14,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 namespace Grammar {
 
@@ -55,28 +59,79 @@ bool WantsColours(const RunOptions& Run) {
          (NoColour == nullptr || *NoColour == '\0');
 }
 
-RunTally CheckFiles(const RunOptions& Run, const CheckOptions& Options, FindingWriter& Writer) {
-  RuleFiles Files(Run.vsFiles, Run.Quiet);
-  RepeatedRules Repeated(IsWantedCode(Options, "TR033"), IsWantedCode(Options, "TR034"));
-  RuleRecord Record;
-  std::vector<Finding> vFindings;
-  RunTally Tally;
-  for (RuleText Text; Files.Next(Text);) {
+/// What is said of a file that is no grammar, at its first line.
+Finding FileFinding(const std::string& Name, std::string_view Start, std::string Message) {
+  constexpr std::size_t MaxLineText = 80;
+  Finding New;
+  New.File = Name;
+  New.Code = "TR016";
+  New.Level = FindCode(New.Code)->Level;
+  New.Message = std::move(Message);
+  New.LineText = Start.substr(0, std::min(Start.find_first_of("\r\n"), MaxLineText));
+  return New;
+}
+
+/// Goes through the files, and through what is found in their rules.
+class FileChecker {
+ public:
+  FileChecker(const CheckOptions& OptionsPassIn, FindingWriter& WriterPassIn)
+      : Options(OptionsPassIn),
+        Writer(WriterPassIn),
+        Repeated(IsWantedCode(Options, "TR033"), IsWantedCode(Options, "TR034")) {}
+
+  void Check(RuleFiles& Files) {
+    while (Files.OpenNext()) {
+      if (!IsOther(Files)) {
+        for (RuleText Text; Files.NextInFile(Text);) {
+          CheckText(Text);
+        }
+      }
+    }
+  }
+
+  bool HasTold() const { return Told; }
+
+ private:
+  /// Whether the file is no grammar, and that has been told.
+  bool IsOther(RuleFiles& Files) {
+    if (!IsWantedCode(Options, "TR016")) {
+      return false;
+    }
+    const std::string_view Start = Files.Ahead();
+    std::optional<std::string> Why = WhyNoGrammar(Start);
+    if (Why) {
+      Tell(FileFinding(Files.Name(), Start, std::move(*Why)));
+    }
+    return Why.has_value();
+  }
+
+  void CheckText(const RuleText& Text) {
     vFindings.clear();
     if (!Text.Continues && CheckRule(Text, Record, vFindings)) {
       Repeated.Check(Text, Record, vFindings);
     }
-    std::stable_sort(vFindings.begin(), vFindings.end(), ComesBefore);
+    Headers.Check(Text, vFindings);
+    SortFindings(vFindings);
     for (const Finding& Each : vFindings) {
       if (IsWanted(Options, Each.Code, Each.Level)) {
-        Writer.Write(Each);
-        Tally.HasFindings = true;
+        Tell(Each);
       }
     }
   }
-  Tally.HasUnreadFiles = Files.HasFailed();
-  return Tally;
-}
+
+  void Tell(const Finding& Each) {
+    Writer.Write(Each);
+    Told = true;
+  }
+
+  const CheckOptions& Options;
+  FindingWriter& Writer;
+  RepeatedRules Repeated;
+  MissingHeaders Headers;
+  RuleRecord Record;
+  std::vector<Finding> vFindings;
+  bool Told = false;
+};
 
 }  // namespace
 
@@ -92,8 +147,13 @@ int RunCheck(const RunOptions& Run, const CheckOptions& OptionsPassIn) {
   const std::unique_ptr<FindingWriter> Writer =
       MakeFindingWriter(Options.Format, WantsColours(Run), Options.Version, Output);
   Writer->Begin();
-  const RunTally Tally = CheckFiles(Run, Options, *Writer);
+  RuleFiles Files(Run.vsFiles, Run.Quiet);
+  FileChecker Checker(Options, *Writer);
+  Checker.Check(Files);
   Writer->End();
+  RunTally Tally;
+  Tally.HasFindings = Checker.HasTold();
+  Tally.HasUnreadFiles = Files.HasFailed();
   return FinishRun(Run, Tally, Output);
 }
 

@@ -92,7 +92,10 @@ std::string TextOf(const Finding& Each, bool Colours) {
   Text += ": " + Shown(Each.Message) + "\n  " + Shown(Line) + "\n  ";
   Text += Coloured(Green, CaretLine(Line, Start, Each.Length), Colours) + '\n';
   if (!Each.Suggestion.empty()) {
-    Text += "  instead: " + Shown(Each.Suggestion) + '\n';
+    Text += "  instead: " + Shown(Trimmed(Each.Suggestion)) + '\n';
+  }
+  if (!Each.Example.empty()) {
+    Text += "  for example: " + Shown(Each.Example) + '\n';
   }
   if (!Each.OtherFile.empty()) {
     Text += "  see " + Shown(Each.OtherFile) + ':' + std::to_string(Each.OtherLine) + '\n';
@@ -167,6 +170,9 @@ class JsonWriter : public ArrayWriter {
     if (!Each.Suggestion.empty()) {
       Object["suggestion"] = Each.Suggestion;
     }
+    if (!Each.Example.empty()) {
+      Object["example"] = Each.Example;
+    }
     if (!Each.OtherFile.empty()) {
       Object["other"] = {{"file", Each.OtherFile}, {"line", Each.OtherLine}};
     }
@@ -234,7 +240,14 @@ class SarifWriter : public ArrayWriter {
   }
 
   static std::string MessageOf(const Finding& Each) {
-    return Each.Suggestion.empty() ? Each.Message : Each.Message + "; instead: " + Each.Suggestion;
+    std::string Message = Each.Message;
+    if (!Each.Suggestion.empty()) {
+      Message.append("; instead: ").append(Trimmed(Each.Suggestion));
+    }
+    if (!Each.Example.empty()) {
+      Message.append("; for example: ").append(Each.Example);
+    }
+    return Message;
   }
 
   /// Columns in characters, where a finding has them in bytes.

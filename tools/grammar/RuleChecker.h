@@ -20,10 +20,6 @@ bool CheckRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,
 void ExplainUnreadable(const RuleText& TextPassIn, const std::string& WhyPassIn,
                        std::vector<Finding>& vFindingsReturn);
 
-/// Adds an error for a rule that was read and then cannot be written.
-void ReportUnwritable(const RuleText& TextPassIn, const std::string& WhyPassIn,
-                      std::vector<Finding>& vFindingsReturn);
-
 /// Adds what is no part of a rule that was read.
 void ReportStrayText(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn);
 

@@ -139,10 +139,17 @@ bool RuleFiles::ReadNext(RuleText& TextReturn) {
   }
 }
 
+bool RuleFiles::NextInFile(RuleText& TextReturn) {
+  const bool IsRead = ReadNext(TextReturn);
+  if (IsRead) {
+    Shown.Advance(TextReturn.Text.size());
+  }
+  return IsRead;
+}
+
 bool RuleFiles::Next(RuleText& TextReturn) {
   while (Reader != nullptr || OpenNext()) {
-    if (ReadNext(TextReturn)) {
-      Shown.Advance(TextReturn.Text.size());
+    if (NextInFile(TextReturn)) {
       return true;
     }
     if (!OpenNext()) {

@@ -55,8 +55,17 @@ class RuleFiles {
   /// Whether some file could not be read, or not to its end.
   bool HasFailed() const { return Failed; }
 
- private:
+  /// Goes on with the next file, wherever in this one it is. @return false behind the last one
   bool OpenNext();
+
+  /// The name of the file that is open, and what comes next in it.
+  const std::string& Name() const { return vsNames[NextName - 1]; }
+  std::string_view Ahead() { return Reader->Ahead(); }
+
+  /// Gives the next rule of the file that is open. @return false behind its last rule
+  bool NextInFile(RuleText& TextReturn);
+
+ private:
   void Open(const std::string& Name);
   bool ReadNext(RuleText& TextReturn);
 

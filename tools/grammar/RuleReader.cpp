@@ -28,6 +28,13 @@ bool RuleReader::Fill() {
   return Count > 0;
 }
 
+std::string_view RuleReader::Ahead() {
+  if (Rest().empty()) {
+    Fill();
+  }
+  return Rest();
+}
+
 /// The end of the line that begins at `From`, with its line end; false where it is too long to be
 /// held, or where there is no line.
 bool RuleReader::FindLineEnd(std::size_t From, std::size_t& EndReturn) {

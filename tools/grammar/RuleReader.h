@@ -32,6 +32,10 @@ class RuleReader {
   /// @return false at the end, and where the stream cannot be read: see `HasFailed`
   bool Next(RuleText& TextReturn);
 
+  /// What comes next, as far as it has been read; at the beginning of the input at least a block of
+  /// 65,536 bytes, unless it is shorter. Valid until the next rule is asked for.
+  std::string_view Ahead();
+
   /// Whether the end was not the end of the input, but a failure to read it.
   bool HasFailed() const { return Failed; }
 

@@ -58,13 +58,8 @@ bool TakeRule(const RuleText& Text, bool KeepBad, RuleRecord& Record, RuleVisito
   if (!Record.Read(Text, vFindingsReturn) || (KeepBad && Record.HasStrayText())) {
     return false;
   }
-  try {
-    Visitor.TakeRule(Record);
-    return true;
-  } catch (const UnwritableRule& Error) {
-    ReportUnwritable(Text, Error.what(), vFindingsReturn);
-    return false;
-  }
+  Visitor.TakeRule(Record);
+  return true;
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,18 +31,11 @@ struct RunTally {
   bool HasUnreadFiles = false;  ///< some input could not be read
 };
 
-/// Thrown by a visitor that cannot write a rule; the message says why.
-class UnwritableRule : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
 /// What is done with the rules of a run, one after the other.
 class RuleVisitor {
  public:
   virtual ~RuleVisitor();
 
-  /// Takes a rule, or throws `UnwritableRule`.
   virtual void TakeRule(RuleRecord& Record) = 0;
 
   /// Takes a text that goes on as it stands: the comments of a file without rules, and, where

@@ -1,0 +1,62 @@
+#include "MissingHeaders.h"
+
+#include "Bytes.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Grammar {
+
+namespace {
+
+bool HasLineOfKind(const RuleText& Text, LineKind Kind) {
+  return std::any_of(Text.vLines.begin(), Text.vLines.end(),
+                     [Kind](const RuleText::Span& Each) { return Each.Kind == Kind; });
+}
+
+/// The rule line, or the first line that is no comment.
+std::size_t FirstLineOf(const RuleText& Text) {
+  const auto IsRuleLine = [](const RuleText::Span& Each) {
+    return Each.Kind == LineKind::Sequence;
+  };
+  const auto HasCode = [](const RuleText::Span& Each) { return Each.CodeEnd > Each.CodeBegin; };
+  auto Found = std::find_if(Text.vLines.begin(), Text.vLines.end(), IsRuleLine);
+  if (Found == Text.vLines.end()) {
+    Found = std::find_if(Text.vLines.begin(), Text.vLines.end(), HasCode);
+  }
+  return static_cast<std::size_t>(Found - Text.vLines.begin());
+}
+
+}  // namespace
+
+void MissingHeaders::Check(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn) {
+  if (TextPassIn.FirstLine == 1 || File != TextPassIn.File) {
+    File = TextPassIn.File;
+    HasSeenHeader = false;
+  }
+  if (!TextPassIn.HasRule || TextPassIn.Continues) {
+    return;
+  }
+  if (HasLineOfKind(TextPassIn, LineKind::Header)) {
+    HasSeenHeader = true;
+    return;
+  }
+  if (!HasSeenHeader) {
+    return;
+  }
+  constexpr std::size_t MaxLineText = 1000;
+  const std::size_t Line = FirstLineOf(TextPassIn);
+  const LineParts Parts = TextPassIn.Parts(Line);
+  Finding New;
+  New.File = TextPassIn.File;
+  New.Line = TextPassIn.FirstLine + Line;
+  New.Column = OffsetIn(TextPassIn.Line(Line), Parts.Code) + 1;
+  New.Length = Parts.Code.size();
+  New.Code = "TR045";
+  New.Level = FindCode(New.Code)->Level;
+  New.Message = "this rule has no header, while rules before it have one";
+  New.LineText = TextPassIn.Line(Line).substr(0, MaxLineText);
+  vFindingsReturn.push_back(std::move(New));
+}
+
+}  // namespace Grammar

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Finding.h"
+#include "RuleText.h"
+
+#include <string>
+#include <vector>
+
+namespace Grammar {
+
+/// Finds rules without a header in files whose rules have one: there, it was probably forgotten, or
+/// is misspelt.
+class MissingHeaders {
+ public:
+  /// Looks at the next rule of a file (TR045).
+  void Check(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn);
+
+ private:
+  std::string File;
+  bool HasSeenHeader = false;
+};
+
+}  // namespace Grammar
