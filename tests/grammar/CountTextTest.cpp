@@ -58,9 +58,9 @@ const std::string Body = "{NP,1}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n";
 
 TEST(CountText, IsTheSameInTheRecordAndInItsRule) {
   for (const Case& Each : Cases) {
-    Grammar::RuleRecord Record;
+    OwnedRecord Record;
     std::vector<Grammar::Finding> vFindings;
-    ASSERT_TRUE(Record.Read(RulesOf(";;Score:" + Each.Text + '\n' + Body).at(0), vFindings));
+    ASSERT_TRUE(Record.ReadFirst(";;Score:" + Each.Text + '\n' + Body, vFindings));
     EXPECT_EQ(Record.Count(), Each.Value) << Each.Text;
     EXPECT_EQ(Record.Rule().GetNumTrExamples(), Each.Value) << Each.Text;
     EXPECT_EQ(Record.Count(), Each.Value) << Each.Text;

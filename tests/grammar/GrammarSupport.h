@@ -6,6 +6,7 @@
 #include "RuleReader.h"
 #include "RuleRecord.h"
 
+#include <TrRule.h>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -46,6 +47,26 @@ inline std::vector<Grammar::Finding> FindingsIn(const std::string& Text) {
   }
   return vFindings;
 }
+
+/// A record with the text that it was read from.
+class OwnedRecord : public Grammar::RuleRecord {
+ public:
+  /// Reads the first rule of a text.
+  bool ReadFirst(const std::string& Text, std::vector<Grammar::Finding>& vFindingsReturn) {
+    OwnText = RulesOf(Text).at(0);
+    return Read(OwnText, vFindingsReturn);
+  }
+
+  /// A copy of what the library makes of the rule.
+  TrRule Rule() const {
+    TrRule Record;
+    Load(Record);
+    return Record;
+  }
+
+ private:
+  Grammar::RuleText OwnText;
+};
 
 /// The normal form of the rules that can be read.
 inline std::string NormalFormOf(const std::string& Text,

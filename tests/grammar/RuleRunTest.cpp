@@ -321,40 +321,4 @@ TEST(RuleRun, WritesNoFileWhereAnInputIsMissing) {
   EXPECT_EQ(Folder.Names(), (std::set<std::string>{"a.trr", "b.trr"}));
 }
 
-// ---- Rules that cannot be written -------------------------------------------------------------
-
-/// Cannot write rules of the source type "VP".
-class Chooser : public Grammar::RuleVisitor {
- public:
-  std::string Text;
-
-  void TakeRule(Grammar::RuleRecord& Record) override {
-    if (Record.Rule().GetSLType() == "VP") {
-      throw Grammar::UnwritableRule("no verbs\nat all");
-    }
-    Text += "rule\n";
-  }
-
-  void TakeText(std::string_view PassIn) override { Text += PassIn; }
-};
-
-TEST(RuleRun, TreatsARuleThatCannotBeWrittenAsABadOne) {
-  const TestFolder Folder;
-  const std::string Verb = ";; v\n{VP,1}\nVP::VP : [V] -> [V]\n(X1::Y1)\n";
-  for (const bool KeepBad : {false, true}) {
-    Grammar::RunOptions Run;
-    Run.vsFiles = {Folder.Write("a.trr", Verb + Good)};
-    Run.KeepBad = KeepBad;
-    Chooser Visitor;
-    Grammar::RunTally Tally;
-    EXPECT_EQ(WrittenBy([&] { Tally = VisitRules(Run, Visitor); }),
-              (Written{"", Folder.Path("a.trr") + ":3:1: error TR014: no verbs\n"}));
-    EXPECT_EQ(Visitor.Text, KeepBad ? Verb + "rule\n" : "rule\n");
-    EXPECT_EQ(Tally.Rules, 2U);
-    EXPECT_EQ(Tally.LeftOut, KeepBad ? 0U : 1U);
-    EXPECT_TRUE(Tally.HasFindings);
-    EXPECT_FALSE(Tally.HasUnreadFiles);
-  }
-}
-
 }  // namespace

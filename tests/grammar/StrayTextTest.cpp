@@ -172,10 +172,10 @@ TEST(StrayText, IsNothingButACommentForTheLibrary) {
 TEST(StrayText, IsNeitherAnExampleNorACount) {
   for (const std::string sText :
        {"SL: a car", "TL: un auto", "C-Structure: (NP)", "Score: 7", ";;SL: a car", ";;Score: 7"}) {
-    Grammar::RuleRecord Record;
+    OwnedRecord Record;
     std::vector<Grammar::Finding> vFindings;
     const std::string Text = Head + Grammar::StrayComment(sText) + '\n' + Rest;
-    ASSERT_TRUE(Record.Read(RulesOf(Text).at(0), vFindings));
+    ASSERT_TRUE(Record.ReadFirst(Text, vFindings));
     EXPECT_EQ(Record.Count(), 1);
     EXPECT_EQ(Record.Rule().GetSLString() + Record.Rule().GetTLString(), "");
     EXPECT_EQ(Record.Rule().GetCStructure(), "");
