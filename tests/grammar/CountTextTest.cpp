@@ -84,7 +84,7 @@ TEST(CountText, IsReportedWhereItIsNotReadAsItIsWritten) {
         FindingsIn("\n;;Score: " + Each.Text + '\n' + Body);
     ASSERT_EQ(vFindings.size(), Each.IsExact ? 0U : 1U) << Each.Text;
     if (!Each.IsExact) {
-      EXPECT_EQ(vFindings[0].Code, "TR039");
+      EXPECT_EQ(vFindings[0].Code, "TR049");
       EXPECT_EQ(vFindings[0].Line, 2U);
       EXPECT_EQ(vFindings[0].Message,
                 '"' + Each.Text + "\" is not a count: it is read as " + std::to_string(Each.Value));
@@ -109,13 +109,13 @@ TEST(CountText, IsReportedWithItsPlace) {
                ";; Scores: nor this\n");
   EXPECT_EQ(RunTrrule({"check", "a.trr"}, Folder.Path("")),
             (ChildEnd{1,
-                      "a.trr:1:11: warning TR039: \"abc\" is not a count: it is read as 1\n"
+                      "a.trr:1:11: warning TR049: \"abc\" is not a count: it is read as 1\n"
                       "  ;; Score: abc\n"
                       "            ^~~\n"
-                      "a.trr:5:18: warning TR039: the rule has a count already, on line 1\n"
+                      "a.trr:5:18: warning TR049: the rule has a count already, on line 1\n"
                       "  (X1::Y1) ;;Score:4\n"
                       "                   ^\n"
-                      "a.trr:7:1: warning TR039: \"\" is not a count: it is read as 1\n"
+                      "a.trr:7:1: warning TR049: \"\" is not a count: it is read as 1\n"
                       "  ;;Score:\n"
                       "  ^~~~~~~~\n",
                       ""}));

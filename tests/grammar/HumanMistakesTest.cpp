@@ -64,16 +64,16 @@ std::string AsHeader(const std::string& Line) {
 const std::vector<Mistake>& AlignmentMistakes() {
   static const std::vector<Mistake> vMistakes{
       {"(X1:Y2)",
-       "7:1+7 warning TR035: this line is no part of a rule, and is dropped; an alignment needs \"::\"\n"
+       "7:1+7 error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
        "  instead: (X1::Y2)\n"},
       {"(X1-Y2)",
-       "7:1+7 warning TR035: this line is no part of a rule, and is dropped; an alignment needs \"::\"\n"
+       "7:1+7 error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
        "  instead: (X1::Y2)\n"},
       {"(X1,Y2)",
-       "7:1+7 warning TR035: this line is no part of a rule, and is dropped; an alignment needs \"::\"\n"
+       "7:1+7 error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
        "  instead: (X1::Y2)\n"},
       {"(X1 Y2)",
-       "7:1+7 warning TR035: this line is no part of a rule, and is dropped; an alignment needs \"::\"\n"
+       "7:1+7 error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
        "  instead: (X1::Y2)\n"},
       {"X1::Y2",
        "7:1+6 error TR007: this is no alignment of one x with one y\n"
@@ -95,19 +95,19 @@ const std::vector<Mistake>& AlignmentMistakes() {
        "7:1+8 error TR007: this is no alignment of one x with one y\n"
        "  instead: (X1::Y2)\n"},
       {"(X1::Y2) see there",
-       "7:10+9 warning TR035: this text is no part of a rule, and is dropped\n"
+       "7:10+9 error TR035: this text is no part of a rule\n"
        "  instead: (X1::Y2) ;; see there\n"},
       {"(X1::Y2) ; see there",
-       "7:10+11 warning TR035: this text is no part of a rule, and is dropped\n"
+       "7:10+11 error TR035: this text is no part of a rule\n"
        "  instead: (X1::Y2) ;; see there\n"},
       {"(X1::Y2),",
-       "7:9+1 warning TR035: this text is no part of a rule, and is dropped\n"
+       "7:9+1 error TR035: this text is no part of a rule\n"
        "  instead: (X1::Y2)\n"},
       {"1. (X1::Y2)",
-       "7:1+2 warning TR035: this text is no part of a rule, and is dropped\n"
+       "7:1+2 error TR035: this text is no part of a rule\n"
        "  instead: (X1::Y2)\n"},
       {"- (X1::Y2)",
-       "7:1+1 warning TR035: this text is no part of a rule, and is dropped\n"
+       "7:1+1 error TR035: this text is no part of a rule\n"
        "  instead: (X1::Y2)\n"},
       {"(X1::Y2) (X2::Y1)",
        "7:1+17 error TR007: this is more than one alignment: each stands on a line of its own\n"},
@@ -119,13 +119,13 @@ const std::vector<Mistake>& AlignmentMistakes() {
        "7:2+2 error TR007: this is no alignment of one x with one y; here stands U+03A7 GREEK CAPITAL LETTER CHI, which looks like X\n"
        "  instead: (X1::Y2)\n"},
       {"(X1\uFF1A\uFF1AY2)",
-       "7:4+3 warning TR035: this line is no part of a rule, and is dropped; here stands U+FF1A FULLWIDTH COLON, which looks like :\n"
+       "7:4+3 error TR035: this line is no part of a rule; here stands U+FF1A FULLWIDTH COLON, which looks like :\n"
        "  instead: (X1::Y2)\n"},
       {"\uFF08X1::Y2\uFF09",
        "7:1+3 error TR007: this is no alignment of one x with one y; here stands U+FF08 FULLWIDTH LEFT PARENTHESIS, which looks like (\n"
        "  instead: (X1::Y2)\n"},
       {"(X1\u2237Y2)",
-       "7:4+3 warning TR035: this line is no part of a rule, and is dropped; here stands U+2237 PROPORTION, which looks like ::\n"
+       "7:4+3 error TR035: this line is no part of a rule; here stands U+2237 PROPORTION, which looks like ::\n"
        "  instead: (X1::Y2)\n"},
       {"(X\u2081::Y\u2082)",
        "7:3+3 error TR007: this is no alignment of one x with one y; here stands U+2081 SUBSCRIPT ONE, which looks like 1\n"
@@ -143,19 +143,19 @@ const std::vector<Mistake>& AlignmentMistakes() {
 const std::vector<Mistake>& ConstraintMistakes() {
   static const std::vector<Mistake> vMistakes{
       {"((x1 num) -> sg)",
-       "7:1+16 warning TR035: this line is no part of a rule, and is dropped; a constraint needs \"=\"\n"
+       "7:1+16 error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1 num) : sg)",
-       "7:1+15 warning TR035: this line is no part of a rule, and is dropped; a constraint needs \"=\"\n"
+       "7:1+15 error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1 num) sg)",
-       "7:1+13 warning TR035: this line is no part of a rule, and is dropped; a constraint needs \"=\"\n"
+       "7:1+13 error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1 num) (x2 num))",
-       "7:1+19 warning TR035: this line is no part of a rule, and is dropped; a constraint needs \"=\"\n"
+       "7:1+19 error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
        "  instead: ((x1 num) = (x2 num))\n"},
       {"(x0 x3)",
-       "7:1+7 warning TR035: this line is no part of a rule, and is dropped; a constraint needs \"=\"\n"
+       "7:1+7 error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
        "  instead: (x0 = x3)\n"},
       {"((x1 num) := sg)",
        "7:11+6 error TR008: the constraint is not in the format from here on: expected \"=\"\n"
@@ -273,7 +273,7 @@ const std::vector<Mistake>& ConstraintMistakes() {
        "7:13+3 warning TR048: here stands U+201C LEFT DOUBLE QUOTATION MARK, which looks like \"\n"
        "  instead: ((x1 num) = \"sg\")\n"},
       {"((x1 num) \uFF1D sg)",
-       "7:11+3 warning TR035: this line is no part of a rule, and is dropped; here stands U+FF1D FULLWIDTH EQUALS SIGN, which looks like =\n"
+       "7:11+3 error TR035: this line is no part of a rule; here stands U+FF1D FULLWIDTH EQUALS SIGN, which looks like =\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1 num) = s\u0435)",
        "7:14+2 warning TR048: here stands U+0435 CYRILLIC SMALL LETTER IE, which looks like e\n"
@@ -300,31 +300,31 @@ const std::vector<Mistake>& ConstraintMistakes() {
 const std::vector<Mistake>& OtherMistakes() {
   static const std::vector<Mistake> vMistakes{
       {"see there",
-       "7:1+9 warning TR035: this line is no part of a rule, and is dropped\n"
+       "7:1+9 error TR035: this line is no part of a rule\n"
        "  instead: ;; see there\n"},
       {"# note",
-       "7:1+6 warning TR035: this line is no part of a rule, and is dropped; a comment begins with \";;\"\n"
+       "7:1+6 error TR035: this line is no part of a rule; a comment begins with \";;\"\n"
        "  instead: ;; note\n"},
       {"// note",
-       "7:1+7 warning TR035: this line is no part of a rule, and is dropped; a comment begins with \";;\"\n"
+       "7:1+7 error TR035: this line is no part of a rule; a comment begins with \";;\"\n"
        "  instead: ;; note\n"},
       {"% note",
-       "7:1+6 warning TR035: this line is no part of a rule, and is dropped; a comment begins with \";;\"\n"
+       "7:1+6 error TR035: this line is no part of a rule; a comment begins with \";;\"\n"
        "  instead: ;; note\n"},
       {"-- note",
-       "7:1+7 warning TR035: this line is no part of a rule, and is dropped; a comment begins with \";;\"\n"
+       "7:1+7 error TR035: this line is no part of a rule; a comment begins with \";;\"\n"
        "  instead: ;; note\n"},
       {"/* note */",
-       "7:1+10 warning TR035: this line is no part of a rule, and is dropped; a comment begins with \";;\"\n"
+       "7:1+10 error TR035: this line is no part of a rule; a comment begins with \";;\"\n"
        "  instead: ;; note\n"},
       {"))",
-       "7:1+2 warning TR035: this line is no part of a rule, and is dropped\n"
+       "7:1+2 error TR035: this line is no part of a rule\n"
        "  instead: )\n"},
-      {"()", "7:1+2 warning TR035: this line is no part of a rule, and is dropped\n"},
+      {"()", "7:1+2 error TR035: this line is no part of a rule\n"},
       {"(NP,9)",
-       "7:1+6 warning TR035: this line is no part of a rule, and is dropped; a header is written {NP,9}\n"},
+       "7:1+6 error TR035: this line is no part of a rule; a header is written {NP,9}\n"},
       {"SL: the red car",
-       "7:1+15 warning TR035: this line is no part of a rule, and is dropped\n"
+       "7:1+15 error TR035: this line is no part of a rule\n"
        "  instead: ;; SL: the red car\n"},
       {";; SL the red car",
        "7:4+2 warning TR047: this is kept as a mere comment: the label is written \";;SL:\"\n"
@@ -345,7 +345,7 @@ const std::vector<Mistake>& OtherMistakes() {
        "7:4+5 warning TR047: this is kept as a mere comment: the label is written \";;SL:\"\n"
        "  instead: ;; SL: the red car\n"},
       {"\uFF1B\uFF1B note",
-       "7:1+3 warning TR035: this line is no part of a rule, and is dropped; here stands U+FF1B FULLWIDTH SEMICOLON, which looks like ;\n"
+       "7:1+3 error TR035: this line is no part of a rule; here stands U+FF1B FULLWIDTH SEMICOLON, which looks like ;\n"
        "  instead: ;; note\n"},
   };
   return vMistakes;
@@ -465,13 +465,13 @@ const std::vector<Mistake>& SequenceMistakes() {
       {"NP::NP : [DET N] -> []",
        "2:21+2 error TR006: the target side is no [sequence of labels]\n"},
       {"NP::NP : [DET N] -> [N DET] see",
-       "2:29+3 warning TR035: this text is no part of a rule, and is dropped\n"
+       "2:29+3 error TR035: this text is no part of a rule\n"
        "  instead: NP::NP : [DET N] -> [N DET] ;; see\n"},
       {"NP::NP : [DET N] -> [N DET];",
-       "2:28+1 warning TR035: this text is no part of a rule, and is dropped\n"
+       "2:28+1 error TR035: this text is no part of a rule\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP see : [DET N] -> [N DET]",
-       "2:8+5 warning TR035: this text is no part of a rule, and is dropped\n"
+       "2:8+5 error TR035: this text is no part of a rule\n"
        "  instead: NP::NP : [DET N] -> [N DET] ;; see\n"},
       {"NP\u2237NP : [DET N] -> [N DET]",
        "2:3+3 error TR004: the line does not begin with two types, as in NP::NP; here stands U+2237 PROPORTION, which looks like ::\n"
@@ -537,22 +537,22 @@ const std::vector<Mistake>& HeaderMistakes() {
        "1:5+3 warning TR023: the header is not {type,number}: it gives the rule no number; here stands U+FF18 FULLWIDTH DIGIT EIGHT, which looks like 8\n"
        "  instead: {NP,8}\n"},
       {"(NP,8)",
-       "1:1+6 warning TR035: this line is no part of a rule, and is dropped; a header is written {NP,8}\n"
+       "1:1+6 error TR035: this line is no part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"[NP,8]",
-       "1:1+6 warning TR035: this line is no part of a rule, and is dropped; a header is written {NP,8}\n"
+       "1:1+6 error TR035: this line is no part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"<NP,8>",
-       "1:1+6 warning TR035: this line is no part of a rule, and is dropped; a header is written {NP,8}\n"
+       "1:1+6 error TR035: this line is no part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"NP,8",
-       "1:1+4 warning TR035: this line is no part of a rule, and is dropped; a header is written {NP,8}\n"
+       "1:1+4 error TR035: this line is no part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"{NP,8} see",
-       "1:8+3 warning TR035: this text is no part of a rule, and is dropped\n"
+       "1:8+3 error TR035: this text is no part of a rule\n"
        "  instead: {NP,8} ;; see\n"},
       {"1. {NP,8}",
-       "1:1+2 warning TR035: this text is no part of a rule, and is dropped\n"
+       "1:1+2 error TR035: this text is no part of a rule\n"
        "  instead: {NP,8}\n"},
       {"{VP,8}",
        "1:2+2 warning TR040: the header has the type \"VP\", and the rule on line 2 has \"NP\"\n"},
@@ -560,7 +560,7 @@ const std::vector<Mistake>& HeaderMistakes() {
        "1:1+3 warning TR048: here stands U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
        "  instead: {NP,8}\n"},
       {"\uFEFF;; SL: the car",
-       "1:1+3 warning TR035: this line is no part of a rule, and is dropped; here stands U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
+       "1:1+3 error TR035: this line is no part of a rule; here stands U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
        "  instead: ;; SL: the car\n"},
   };
   return vMistakes;
@@ -667,7 +667,7 @@ TEST(HumanMistakes, AMissingHeaderIsTold) {
             "8:1: warning TR045: this rule has no header, while rules before it have one\n");
   EXPECT_EQ(
       Checked("{NP,1}\n" + Rule + ")\n(NP,2)\nV" + Rule + ")\n{NP,3}\nA" + Rule + ")\n"),
-      "7:1: warning TR035: this line is no part of a rule, and is dropped; a header is written "
+      "7:1: error TR035: this line is no part of a rule; a header is written "
       "{NP,2}\n"
       "8:1: warning TR045: this rule has no header, while rules before it have one\n");
   EXPECT_EQ(
@@ -731,17 +731,17 @@ TEST(HumanMistakes, AFileThatIsNoGrammarHasOneFinding) {
 TEST(HumanMistakes, AFileWithSomeRulesIsAGrammar) {
   // Three lines tell too little; and one line in four is enough.
   EXPECT_EQ(Checked("a\n{NP,1}\n" + Rule + ")\nb\nc\nd\n"),
-            "1:1: warning TR035: this line is no part of a rule, and is dropped\n"
+            "1:1: error TR035: this line is no part of a rule\n"
             "1:1: warning TR037: this line stands before the header of its rule\n"
-            "8:1: warning TR035: this line is no part of a rule, and is dropped\n"
-            "9:1: warning TR035: this line is no part of a rule, and is dropped\n"
-            "10:1: warning TR035: this line is no part of a rule, and is dropped\n");
+            "8:1: error TR035: this line is no part of a rule\n"
+            "9:1: error TR035: this line is no part of a rule\n"
+            "10:1: error TR035: this line is no part of a rule\n");
   EXPECT_EQ(Checked("a\nb\nc\n"),
             "1:1: error TR001: the rule has no sequence line\n"
             "1:1: error TR002: the rule has no alignment\n"
-            "1:1: warning TR035: this line is no part of a rule, and is dropped\n"
-            "2:1: warning TR035: this line is no part of a rule, and is dropped\n"
-            "3:1: warning TR035: this line is no part of a rule, and is dropped\n");
+            "1:1: error TR035: this line is no part of a rule\n"
+            "2:1: error TR035: this line is no part of a rule\n"
+            "3:1: error TR035: this line is no part of a rule\n");
   EXPECT_EQ(Checked(""), "");
   EXPECT_EQ(Checked(";; a\n;; b\n;; c\n;; d\n"), "");
 }
