@@ -117,6 +117,10 @@ TEST(CountText, IsReportedWithItsPlace) {
                       "                   ^\n"
                       "a.trr:7:1: warning TR049: \"\" is not a count: it is read as 1\n"
                       "  ;;Score:\n"
+                      "  ^~~~~~~~\n"
+                      "a.trr:11:1: warning TR047: this is kept as a mere comment: the label is "
+                      "written \";;Score:\"\n"
+                      "  ; Score: not a label\n"
                       "  ^~~~~~~~\n",
                       ""}));
   Folder.Write("a.trr", ";;Score: abc\n");

@@ -131,7 +131,7 @@ const std::vector<Mistake>& AlignmentMistakes() {
        "7:3+3 error TR007: this is no alignment of one x with one y; here stands U+2081 SUBSCRIPT ONE, which looks like 1\n"
        "  instead: (X1::Y2)\n"},
       {"(X1::Y2)\u00A0",
-       "7:9+2 warning TR048: here stands U+00A0 NO-BREAK SPACE, which looks like a blank\n"
+       "7:9+2 error TR035: this text is no part of a rule; here stands U+00A0 NO-BREAK SPACE, which looks like a blank\n"
        "  instead: (X1::Y2)\n"},
       {"(X1::\u200BY2)",
        "7:6+3 error TR007: this is no alignment of one x with one y; here stands U+200B ZERO WIDTH SPACE, which cannot be seen\n"
@@ -321,8 +321,7 @@ const std::vector<Mistake>& OtherMistakes() {
        "7:1+2 error TR035: this line is no part of a rule\n"
        "  instead: )\n"},
       {"()", "7:1+2 error TR035: this line is no part of a rule\n"},
-      {"(NP,9)",
-       "7:1+6 error TR035: this line is no part of a rule; a header is written {NP,9}\n"},
+      {"(NP,9)", "7:1+6 error TR035: this line is no part of a rule; a header is written {NP,9}\n"},
       {"SL: the red car",
        "7:1+15 error TR035: this line is no part of a rule\n"
        "  instead: ;; SL: the red car\n"},
@@ -537,16 +536,16 @@ const std::vector<Mistake>& HeaderMistakes() {
        "1:5+3 warning TR023: the header is not {type,number}: it gives the rule no number; here stands U+FF18 FULLWIDTH DIGIT EIGHT, which looks like 8\n"
        "  instead: {NP,8}\n"},
       {"(NP,8)",
-       "1:1+6 error TR035: this line is no part of a rule; a header is written {NP,8}\n"
+       "1:1+6 warning TR035: this line is no part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"[NP,8]",
-       "1:1+6 error TR035: this line is no part of a rule; a header is written {NP,8}\n"
+       "1:1+6 warning TR035: this line is no part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"<NP,8>",
-       "1:1+6 error TR035: this line is no part of a rule; a header is written {NP,8}\n"
+       "1:1+6 warning TR035: this line is no part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"NP,8",
-       "1:1+4 error TR035: this line is no part of a rule; a header is written {NP,8}\n"
+       "1:1+4 warning TR035: this line is no part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"{NP,8} see",
        "1:8+3 error TR035: this text is no part of a rule\n"
@@ -557,10 +556,10 @@ const std::vector<Mistake>& HeaderMistakes() {
       {"{VP,8}",
        "1:2+2 warning TR040: the header has the type \"VP\", and the rule on line 2 has \"NP\"\n"},
       {"\uFEFF{NP,8}",
-       "1:1+3 warning TR048: here stands U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
+       "1:1+3 error TR035: this text is no part of a rule; here stands U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
        "  instead: {NP,8}\n"},
       {"\uFEFF;; SL: the car",
-       "1:1+3 error TR035: this line is no part of a rule; here stands U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
+       "1:1+3 warning TR035: this line is no part of a rule; here stands U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
        "  instead: ;; SL: the car\n"},
   };
   return vMistakes;
@@ -665,11 +664,10 @@ const std::string Rule = "NP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n(X2::Y1)\n";
 TEST(HumanMistakes, AMissingHeaderIsTold) {
   EXPECT_EQ(Checked("{NP,1}\n" + Rule + ")\n\nV" + Rule + "((x2 num) = sg)\n)\n"),
             "8:1: warning TR045: this rule has no header, while rules before it have one\n");
-  EXPECT_EQ(
-      Checked("{NP,1}\n" + Rule + ")\n(NP,2)\nV" + Rule + ")\n{NP,3}\nA" + Rule + ")\n"),
-      "7:1: error TR035: this line is no part of a rule; a header is written "
-      "{NP,2}\n"
-      "8:1: warning TR045: this rule has no header, while rules before it have one\n");
+  EXPECT_EQ(Checked("{NP,1}\n" + Rule + ")\n(NP,2)\nV" + Rule + ")\n{NP,3}\nA" + Rule + ")\n"),
+            "7:1: warning TR035: this line is no part of a rule; a header is written "
+            "{NP,2}\n"
+            "8:1: warning TR045: this rule has no header, while rules before it have one\n");
   EXPECT_EQ(
       Checked(Rule + ")\nV" + Rule + ")\n{ANP,1}\nA" + Rule + ")\n"),
       "11:2: warning TR021: the library's reader keeps two letters of this type, \"AN\"; here "
@@ -731,17 +729,17 @@ TEST(HumanMistakes, AFileThatIsNoGrammarHasOneFinding) {
 TEST(HumanMistakes, AFileWithSomeRulesIsAGrammar) {
   // Three lines tell too little; and one line in four is enough.
   EXPECT_EQ(Checked("a\n{NP,1}\n" + Rule + ")\nb\nc\nd\n"),
-            "1:1: error TR035: this line is no part of a rule\n"
+            "1:1: warning TR035: this line is no part of a rule\n"
             "1:1: warning TR037: this line stands before the header of its rule\n"
-            "8:1: error TR035: this line is no part of a rule\n"
-            "9:1: error TR035: this line is no part of a rule\n"
-            "10:1: error TR035: this line is no part of a rule\n");
+            "8:1: warning TR035: this line is no part of a rule\n"
+            "9:1: warning TR035: this line is no part of a rule\n"
+            "10:1: warning TR035: this line is no part of a rule\n");
   EXPECT_EQ(Checked("a\nb\nc\n"),
             "1:1: error TR001: the rule has no sequence line\n"
             "1:1: error TR002: the rule has no alignment\n"
-            "1:1: error TR035: this line is no part of a rule\n"
-            "2:1: error TR035: this line is no part of a rule\n"
-            "3:1: error TR035: this line is no part of a rule\n");
+            "1:1: warning TR035: this line is no part of a rule\n"
+            "2:1: warning TR035: this line is no part of a rule\n"
+            "3:1: warning TR035: this line is no part of a rule\n");
   EXPECT_EQ(Checked(""), "");
   EXPECT_EQ(Checked(";; a\n;; b\n;; c\n;; d\n"), "");
 }

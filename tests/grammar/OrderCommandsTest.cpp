@@ -110,8 +110,8 @@ TEST(SortCommand, WritesTheNormalForm) {
 
 TEST(SortCommand, PutsWhatIsNoRuleBehindAllRules) {
   const std::string Report =
-      "0.trr:8:1: error TR007: this is no alignment of one x with one y\n"
-      "0.trr:7:1: error TR001: the rule has no sequence line\n";
+      "0.trr:8:12: error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt "
+      "otherwise\n";
   EXPECT_EQ(Sorted({Ten + Bad, "; no rule", Nine}),
             (ChildEnd{1, Ten + Nine + "; no rule\n", Report + "1 of 3 rules was left out\n"}));
   EXPECT_EQ(Sorted({Ten + Bad, "; no rule", Nine}, {}, true),

@@ -64,8 +64,8 @@ TEST(RuleChecker, TellsWhatIsNotKeptAsItIsWritten) {
       {"(X1::Y2) ;; (see there)", {"7:10+14 TR029"}},
       {"(X1::Y2) ;; see = there", {}},
       {"see there", {"7:1+9 TR035?"}},
-      {"(X1::Y2) see", {"7:10+3 TR035"}},
-      {"1. (X1::Y2) a::b", {"7:1+2 TR035", "7:13+4 TR035"}}};
+      {"(X1::Y2) see", {"7:10+3 TR035?"}},
+      {"1. (X1::Y2) a::b", {"7:1+2 TR035?", "7:13+4 TR035?"}}};
   for (const auto& [sLine, vsExpected] : Cases) {
     EXPECT_EQ(PlacesOf(FindingsIn(RuleWith(sLine))), vsExpected) << sLine;
   }

@@ -209,7 +209,7 @@ TEST(NormalForm, KeepsWhatARuleMeans) {
       {"((x0 a b) = u)\n((x0 ab) = t)", "((X0 A B) = U)\n((X0 AB) = T)\n"},
       {"((x0 det) = x2)\n((x0 det) = x1)", "((X0 DET) = X2)\n((X0 DET) = X1)\n"},
       // the same twice, in whatever writing
-      {"((x1 num) = sg)\n( ( X01 Num ) = SG )", "((X1 NUM) = SG)\n"},
+      {"((x1 num) = sg)\n( ( X01 Num ) = SG)", "((X1 NUM) = SG)\n"},
   };
   for (const auto& [sLines, sExpected] : Cases) {
     EXPECT_EQ(NormalFormOf(Head + sLines + "\n)\n"), Head + sExpected + ")\n") << sLines;

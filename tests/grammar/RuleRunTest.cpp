@@ -37,9 +37,9 @@ const std::string StrayReport =
     "a.trr:2:8: error TR035: this text is no part of a rule\n"
     "a.trr:3:29: error TR035: this text is no part of a rule\n"
     "a.trr:5:10: error TR035: this text is no part of a rule\n"
-    "a.trr:6:1: error TR035: this line is no part of a rule\n"
-    "a.trr:8:1: error TR035: this line is no part of a rule\n"
-    "a.trr:9:1: error TR035: this line is no part of a rule\n";
+    "a.trr:6:1: error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
+    "a.trr:8:1: error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
+    "a.trr:9:1: error TR035: this line is no part of a rule; a comment begins with \";;\"\n";
 
 const std::string StrayBlock =
     "{NP,1}\n"
@@ -135,14 +135,15 @@ TEST(RuleRun, SaysHowManyRulesWereLeftOut) {
     EXPECT_EQ(RunOn(Each.Text, {"json"}).Err, Each.Err);
   }
   // A rule with stray text is not left out.
-  EXPECT_EQ(RunOn(Bad + Stray.substr(0, Stray.find("# note")) + ")\n", {"print"}).Err,
-            OneReport +
-                "a.trr:4:8: error TR035: this text is no part of a rule\n"
-                "a.trr:5:29: error TR035: this text is no part of a rule\n"
-                "a.trr:7:10: error TR035: this text is no part of a rule\n"
-                "a.trr:8:1: error TR035: this line is no part of a rule\n"
-                "a.trr:10:1: error TR035: this line is no part of a rule\n"
-                "1 of 2 rules was left out\n");
+  EXPECT_EQ(
+      RunOn(Bad + Stray.substr(0, Stray.find("# note")) + ")\n", {"print"}).Err,
+      OneReport +
+          "a.trr:4:8: error TR035: this text is no part of a rule\n"
+          "a.trr:5:29: error TR035: this text is no part of a rule\n"
+          "a.trr:7:10: error TR035: this text is no part of a rule\n"
+          "a.trr:8:1: error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
+          "a.trr:10:1: error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
+          "1 of 2 rules was left out\n");
   EXPECT_EQ(RunOn(Bad + Good, {"print", "--keep-bad"}), (ChildEnd{1, Bad + Good, OneReport}));
 }
 

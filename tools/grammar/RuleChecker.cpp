@@ -172,7 +172,8 @@ void Checker::AddFault(std::string_view Code, std::size_t Line, std::string_view
   }
   BlamedLine = Line;
   Add(Code, Line, Found->Place, Message + "; here stands " + Described(*Found->Which),
-      {Text.Line(Line), Replaced(Text.Line(Line), Whole, WithoutLookAlikes(Whole))});
+      {Text.Line(Line), std::string(WithoutTrailingSpace(
+                            Replaced(Text.Line(Line), Whole, WithoutLookAlikes(Whole))))});
 }
 
 // ---- Single lines -----------------------------------------------------------------------------
@@ -278,8 +279,13 @@ void Checker::CheckCount(std::size_t Line, std::string_view Comment) {
 void Checker::CheckStrayTexts(std::size_t Line, const LineParts& Parts) {
   if (Parts.Kind != LineKind::Other) {
     for (const std::string_view Stray : StrayTexts(Parts)) {
-      AddStray(Line, Stray, "this text is no part of a rule",
-               {Parts.Code, WithTextAsComment(Parts.Code, Stray)});
+      const std::string Message = "this text is no part of a rule";
+      if (HasBytesBeyond && FindLookAlike(Stray)) {
+        AddFault("TR035", Line, Stray, Message, "");
+        vFindings.back().Level = IsInside ? Severity::Error : Severity::Warning;
+      } else {
+        AddStray(Line, Stray, Message, {Parts.Code, WithTextAsComment(Parts.Code, Stray)});
+      }
     }
   }
 }
