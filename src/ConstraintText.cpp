@@ -135,8 +135,8 @@ bool TakeEquals(std::string_view& TextReturn, ConstraintParts& PartsReturn) {
 // CommonForm = "((" Node " " Word ") = " RightSide
 //            | "(" Node ( " = " | " == " ) RightSide
 bool ParseCommonForm(std::string_view Text, ConstraintParts& PartsReturn) {
+  PartsReturn = {};
   PartsReturn.IsWholeNode = !Take(Text, "((");
-  PartsReturn.RightNode.reset();
   if (PartsReturn.IsWholeNode && !Take(Text, "(")) {
     return false;
   }
