@@ -14,6 +14,9 @@ using Action = std::function<int()>;
 /// Adds the options that every command over rules has: files, -o, --force, --quiet.
 void AddRunOptions(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
 
+/// Adds --threads, which changes nothing of what is written.
+void AddThreads(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
+
 /// Adds --keep-bad.
 void AddKeepBad(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
 

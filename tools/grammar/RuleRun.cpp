@@ -1,6 +1,6 @@
 #include "RuleRun.h"
 
-#include "RuleChecker.h"
+#include "Pipeline.h"
 #include "RuleFiles.h"
 #include "RunError.h"
 
@@ -50,43 +50,109 @@ RuleVisitor::~RuleVisitor() = default;
 
 namespace {
 
-/// Hands a rule to the visitor, if it can be read and written.
-/// @param vFindingsReturn gets what is to be reported of it
-/// @return whether the visitor has taken it
-bool TakeRule(const RuleText& Text, bool KeepBad, RuleRecord& Record, RuleVisitor& Visitor,
-              std::vector<Finding>& vFindingsReturn) {
-  if (!Record.Read(Text, vFindingsReturn) || (KeepBad && Record.HasStrayText())) {
-    return false;
+/// Rules that are read together, and what has been made of them.
+struct RuleBatch {
+  struct Rule {
+    RuleText Text;
+    bool IsTaken = false;
+    bool HasStrayText = false;
+    std::size_t KeyEnd = 0;   // in `Keys`
+    std::size_t TextEnd = 0;  // in `Texts`
+    std::vector<Finding> vFindings;
+  };
+
+  std::vector<Rule> vRules;
+  std::string Keys;
+  std::string Texts;
+};
+
+/// Reads about so many bytes of rules, at least one rule.
+bool ReadBatch(RuleFiles& Files, RuleBatch& BatchReturn) {
+  constexpr std::size_t WantedSize = std::size_t{1} << 16;
+  BatchReturn = RuleBatch();
+  for (std::size_t Size = 0; Size < WantedSize;) {
+    RuleBatch::Rule& New = BatchReturn.vRules.emplace_back();
+    if (!Files.Next(New.Text)) {
+      BatchReturn.vRules.pop_back();
+      break;
+    }
+    Size += New.Text.Text.size();
   }
-  Visitor.TakeRule(Record);
-  return true;
+  return !BatchReturn.vRules.empty();
 }
+
+/// Reads the lines of each rule and makes of them what the visitor takes.
+void PrepareBatch(const RuleVisitor& Visitor, bool KeepBad, RuleBatch& BatchReturn) {
+  RuleRecord Record;
+  for (RuleBatch::Rule& Each : BatchReturn.vRules) {
+    Each.IsTaken = Each.Text.HasRule && Record.Read(Each.Text, Each.vFindings) &&
+                   !(KeepBad && Record.HasStrayText());
+    if (Each.IsTaken) {
+      Visitor.PrepareRule(Record, BatchReturn.Keys, BatchReturn.Texts);
+      Each.HasStrayText = Record.HasStrayText();
+    }
+    Each.KeyEnd = BatchReturn.Keys.size();
+    Each.TextEnd = BatchReturn.Texts.size();
+  }
+}
+
+/// Hands batches to a visitor, in the order of the input, and counts.
+class BatchFinisher {
+ public:
+  BatchFinisher(RuleVisitor& VisitorPassIn, bool KeepBadPassIn)
+      : Visitor(VisitorPassIn), Others(VisitorPassIn), KeepBad(KeepBadPassIn) {}
+
+  void Finish(const RuleBatch& Batch) {
+    std::size_t Key = 0;
+    std::size_t Text = 0;
+    for (const RuleBatch::Rule& Each : Batch.vRules) {
+      const std::string_view Keys = Batch.Keys;
+      const std::string_view Texts = Batch.Texts;
+      Finish(Each, Keys.substr(Key, Each.KeyEnd - Key), Texts.substr(Text, Each.TextEnd - Text));
+      Key = Each.KeyEnd;
+      Text = Each.TextEnd;
+    }
+  }
+
+  RunTally End() {
+    Others.EndLine();
+    return Tally;
+  }
+
+ private:
+  void Finish(const RuleBatch::Rule& Each, std::string_view Key, std::string_view Text) {
+    const bool BeginsRule = Each.Text.HasRule && !Each.Text.Continues;
+    if (!Each.Text.Continues) {
+      Others.EndLine();
+    }
+    if (Each.IsTaken) {
+      Visitor.TakeRule(Key, Text);
+    } else if (!Each.Text.HasRule || KeepBad) {
+      Others.Carry(Each.Text);
+    }
+    Report(Each.vFindings);
+    Tally.HasFindings = Tally.HasFindings || !Each.vFindings.empty();
+    Tally.HasStrayText = Tally.HasStrayText || Each.HasStrayText;
+    Tally.Rules += BeginsRule ? 1 : 0;
+    Tally.LeftOut += BeginsRule && !Each.IsTaken && !KeepBad ? 1 : 0;
+  }
+
+  RuleVisitor& Visitor;
+  TextCarrier Others;
+  bool KeepBad;
+  RunTally Tally;
+};
 
 }  // namespace
 
 RunTally VisitRules(const RunOptions& Options, RuleVisitor& Visitor) {
   RuleFiles Files(Options.vsFiles, Options.Quiet, Options.Folded);
-  TextCarrier Others(Visitor);
-  RuleRecord Record;
-  std::vector<Finding> vFindings;
-  RunTally Tally;
-  for (RuleText Text; Files.Next(Text);) {
-    const bool BeginsRule = Text.HasRule && !Text.Continues;
-    if (!Text.Continues) {
-      Others.EndLine();
-    }
-    vFindings.clear();
-    const bool IsTaken =
-        Text.HasRule && TakeRule(Text, Options.KeepBad, Record, Visitor, vFindings);
-    if (!IsTaken && (!Text.HasRule || Options.KeepBad)) {
-      Others.Carry(Text);
-    }
-    Report(vFindings);
-    Tally.HasFindings = Tally.HasFindings || !vFindings.empty();
-    Tally.Rules += BeginsRule ? 1 : 0;
-    Tally.LeftOut += BeginsRule && !IsTaken && !Options.KeepBad ? 1 : 0;
-  }
-  Others.EndLine();
+  BatchFinisher Finisher(Visitor, Options.KeepBad);
+  RunPipeline<RuleBatch>(
+      ThreadCount(Options.Threads), [&](RuleBatch& Batch) { return ReadBatch(Files, Batch); },
+      [&](RuleBatch& Batch) { PrepareBatch(Visitor, Options.KeepBad, Batch); },
+      [&](const RuleBatch& Batch) { Finisher.Finish(Batch); });
+  RunTally Tally = Finisher.End();
   Tally.HasUnreadFiles = Files.HasFailed();
   return Tally;
 }
