@@ -23,7 +23,8 @@ constexpr const char* Footer =
     "  trrule sort --by type np.trr           in order\n"
     "  trrule unique --memory 64M *.trr       each rule once, counts added\n"
     "  trrule json np.trr                     one JSON object a line\n"
-    "  trrule from-json rules.jsonl           and back\n";
+    "  trrule from-json rules.jsonl           and back\n"
+    "  trrule translate np.trr --text TEXT    what the rules make of a text\n";
 
 /// One line for standard error.
 int Fail(std::string Message) {
@@ -52,6 +53,7 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddUniqueCommand(Program, Chosen);
   AddJsonCommand(Program, Chosen);
   AddFromJsonCommand(Program, Chosen);
+  AddTranslateCommand(Program, Chosen);
   if (ArgumentCount > 1 && !IsKnownFirst(Program, Arguments[1])) {
     return Fail(std::string("there is no command ") + Arguments[1]);
   }

@@ -185,6 +185,7 @@ TEST(TrruleProgram, HasHelpWithAnExampleForEachCommand) {
 
 TEST(TrruleProgram, KnowsTheSameOptionsInHelpManualAndCompletions) {
   StringSet ssOptions = OptionsIn(RunTrrule({"--help"}).Out);
+  ssOptions.merge(OptionsIn(RunTrrule({"translate", "--help"}).Out));
   for (const std::string& sCommand : Commands) {
     ssOptions.merge(OptionsIn(RunTrrule({sCommand, "--help"}).Out));
   }
@@ -208,7 +209,7 @@ std::string OfferedByBash(const std::string& Words, int Position) {
 
 TEST(TrruleProgram, IsCompletedByBash) {
   EXPECT_EQ(OfferedByBash("trrule ''", 1),
-            "check print sort unique json from-json -h --help --version\n");
+            "check print sort unique json from-json translate -h --help --version\n");
   EXPECT_EQ(OfferedByBash("trrule p", 1), "print\n");
   EXPECT_EQ(OfferedByBash("trrule sort --r", 2), "--reverse\n");
   EXPECT_EQ(OfferedByBash("trrule sort --by ''", 3), "index type count length\n");

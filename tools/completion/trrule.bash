@@ -7,16 +7,22 @@ _trrule() {
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    Words='check print sort unique json from-json -h --help --version'
+    Words='check print sort unique json from-json translate -h --help --version'
     mapfile -t COMPREPLY < <(compgen -W "$Words" -- "$Word")
     return
   fi
   case $Before in
-    --format) Words='text json sarif' ;;
+    --format)
+      case ${COMP_WORDS[1]} in
+        translate) Words='plain json tree' ;;
+        *) Words='text json sarif' ;;
+      esac
+      ;;
     --severity) Words='error warning' ;;
     --by) Words='index type count length' ;;
     --memory) Words='64M 256M 1G 50%' ;;
-    --only | --except | --examples) return ;;
+    --only | --except | --examples | --text | -k | --start | --threads) return ;;
+    --max-chain | --max-constituents | --max-derivations) return ;;
   esac
   if [ -z "$Words" ] && [[ $Word == -* ]]; then
     case ${COMP_WORDS[1]} in
@@ -26,6 +32,11 @@ _trrule() {
       unique) Words="$Common --keep-bad --memory --sorted --repeated --count --examples" ;;
       json) Words="$Common --keep-bad" ;;
       from-json) Words=$Common ;;
+      translate)
+        Words="$Common --text --lexicon -k --all-derivations --start --partial --reverse"
+        Words="$Words --match-case --format --count --max-chain --max-constituents"
+        Words="$Words --max-derivations --threads"
+        ;;
     esac
   fi
   if [ -n "$Words" ]; then
