@@ -44,59 +44,62 @@ BestDerivations::Kind BestDerivations::KindOf(NodeId Node) const {
   return Node == GoalsNode() ? Kind::Goals : Kind::Group;
 }
 
-/// Visits the ways of a constituent, the steps of an item, or the members of a group.
+/// Visits the ways of a constituent, the steps of an item, or the members of a group, each with the
+/// one or two nodes that it is made of; `NoEntry` for none.
 template <typename VisitT>
 void BestDerivations::ForEachAlternative(NodeId Node, VisitT Visit) const {
   switch (KindOf(Node)) {
     case Kind::Constituent:
       for (std::uint32_t Way = Parsed.Constituents()[Node].FirstWay; Way != NoEntry;
            Way = Parsed.Ways()[Way].Next) {
-        Visit(Way);
+        Visit(Way, PartOfWay(Way), NoEntry);
       }
       break;
     case Kind::Item:
       for (std::uint32_t Step = Parsed.Items()[Node - NodeOfItem(0)].FirstStep; Step != NoEntry;
            Step = Parsed.Steps()[Step].Next) {
-        Visit(Step);
+        Visit(Step, FirstOfStep(Step), LastOfStep(Step));
       }
       break;
     case Kind::Group: {
       const Chart::Group& Group = Parsed.Groups()[Node - NodeOfGroup(0)];
       for (std::uint32_t Index = 0; Index < Group.Count; ++Index) {
-        Visit(Parsed.Members()[Group.First + Index]);
+        const std::uint32_t Member = Parsed.Members()[Group.First + Index];
+        Visit(Member, Member, NoEntry);
       }
       break;
     }
     case Kind::Goals:
       for (const std::uint32_t Goal : vGoals) {
-        Visit(Goal);
+        Visit(Goal, Goal, NoEntry);
       }
       break;
   }
 }
 
-/// The one or two nodes that an alternative is made of; `NoEntry` for none.
+BestDerivations::NodeId BestDerivations::PartOfWay(std::uint32_t Way) const {
+  const Chart::Way& Each = Parsed.Ways()[Way];
+  return Each.IsUnary() ? Each.Part() : NodeOfItem(Each.Part());
+}
+
+BestDerivations::NodeId BestDerivations::FirstOfStep(std::uint32_t Step) const {
+  const std::uint32_t Before = Parsed.Steps()[Step].Before;
+  return Before == NoEntry ? NoEntry : NodeOfItem(Before);
+}
+
+BestDerivations::NodeId BestDerivations::LastOfStep(std::uint32_t Step) const {
+  const std::uint32_t Group = Parsed.Steps()[Step].Group;
+  return Group == NoEntry ? NoEntry : NodeOfGroup(Group);
+}
+
+/// The one or two nodes that an alternative is made of.
 void BestDerivations::PartsOf(NodeId Node, std::uint32_t Alternative, NodeId& FirstReturn,
                               NodeId& LastReturn) const {
-  LastReturn = NoEntry;
-  switch (KindOf(Node)) {
-    case Kind::Constituent: {
-      const Chart::Way& Way = Parsed.Ways()[Alternative];
-      const bool IsUnary = Parsed.Grammar().IsUnary(Parsed.Grammar().At(Way.Rule));
-      FirstReturn = IsUnary ? Way.From : NodeOfItem(Way.From);
-      break;
-    }
-    case Kind::Item: {
-      const Chart::Step& Step = Parsed.Steps()[Alternative];
-      FirstReturn = Step.Before == NoEntry ? NoEntry : NodeOfItem(Step.Before);
-      LastReturn = Step.Group == NoEntry ? NoEntry : NodeOfGroup(Step.Group);
-      break;
-    }
-    case Kind::Group:
-    case Kind::Goals:
-      FirstReturn = Alternative;
-      break;
-  }
+  const Kind What = KindOf(Node);
+  FirstReturn = What == Kind::Constituent ? PartOfWay(Alternative)
+                : What == Kind::Item      ? FirstOfStep(Alternative)
+                                          : Alternative;
+  LastReturn = What == Kind::Item ? LastOfStep(Alternative) : NoEntry;
 }
 
 // ---- Candidates -------------------------------------------------------------------------------
@@ -122,36 +125,25 @@ bool BestDerivations::IsBetter(Kind What, const Candidate& Left, const Candidate
 }
 
 /// An alternative with the parts of some rank, which have to be known.
-BestDerivations::Candidate BestDerivations::MakeCandidate(NodeId Node, std::uint32_t Alternative,
+BestDerivations::Candidate BestDerivations::MakeCandidate(Kind What, const Parts& Of,
                                                           std::uint32_t Rank,
                                                           std::uint32_t LastRank) {
-  NodeId FirstPart = NoEntry;
-  NodeId LastPart = NoEntry;
-  PartsOf(Node, Alternative, FirstPart, LastPart);
-  Candidate New{0, Alternative, Rank, LastRank, Derivations::NoList, NoEntry};
-  if (FirstPart != NoEntry) {
-    New.First = Ranked(FirstPart, Rank);
+  Candidate New{0, Of.Alternative, Rank, LastRank, Derivations::NoList, NoEntry};
+  if (Of.First != NoEntry) {
+    New.First = Ranked(Of.First, Rank);
   }
-  switch (KindOf(Node)) {
-    case Kind::Constituent: {
-      const RuleSet::Rule& Rule = Parsed.Grammar().At(Parsed.Ways()[Alternative].Rule);
-      if (Parsed.Grammar().IsUnary(Rule)) {
-        New.First = Store.List(Derivations::NoList, New.First);
-      }
-      New.Score = Store.ScoreOfList(New.First) + Rule.Weight;
-      break;
+  if (What == Kind::Constituent) {
+    const Chart::Way& Way = Parsed.Ways()[Of.Alternative];
+    New.First = Way.IsUnary() ? Store.List(Derivations::NoList, New.First) : New.First;
+    New.Score = Store.ScoreOfList(New.First) + Way.Weight;
+  } else if (What == Kind::Item) {
+    New.Score = Store.ScoreOfList(New.First);
+    if (Of.Last != NoEntry) {
+      New.Last = Ranked(Of.Last, LastRank);
+      New.Score += Store.ScoreOfTree(New.Last);
     }
-    case Kind::Item:
-      New.Score = Store.ScoreOfList(New.First);
-      if (LastPart != NoEntry) {
-        New.Last = Ranked(LastPart, LastRank);
-        New.Score += Store.ScoreOfTree(New.Last);
-      }
-      break;
-    case Kind::Group:
-    case Kind::Goals:
-      New.Score = Store.ScoreOfTree(New.First);
-      break;
+  } else {
+    New.Score = Store.ScoreOfTree(New.First);
   }
   return New;
 }
@@ -160,8 +152,8 @@ BestDerivations::Candidate BestDerivations::MakeCandidate(NodeId Node, std::uint
 std::uint32_t BestDerivations::Keep(NodeId Node, const Candidate& Which) {
   switch (KindOf(Node)) {
     case Kind::Constituent: {
-      const std::uint32_t Rule = Parsed.Ways()[Which.Alternative].Rule;
-      return Store.Tree(Rule, Which.First, Parsed.Grammar().At(Rule).Weight);
+      const Chart::Way& Way = Parsed.Ways()[Which.Alternative];
+      return Store.Tree(Way.Rule, Which.First, Way.Weight);
     }
     case Kind::Item:
       return Which.Last == NoEntry ? Which.First : Store.List(Which.First, Which.Last);
@@ -172,39 +164,61 @@ std::uint32_t BestDerivations::Keep(NodeId Node, const Candidate& Which) {
 
 // ---- The best ---------------------------------------------------------------------------------
 
-/// Works nodes out, each after those that its alternatives are made of.
-template <typename IsKnownT, typename WorkOutT>
-void BestDerivations::WorkOut(NodeId Root, IsKnownT IsKnown, WorkOutT WorkOutNode) {
-  vStack.assign(1, Root);
-  while (!vStack.empty()) {
-    const NodeId Node = vStack.back();
-    if (IsKnown(Node)) {
-      vStack.pop_back();
-      continue;
+/// The score of a node's best derivation, which the chart knows.
+std::int64_t BestDerivations::ScoreOf(NodeId Node) const {
+  switch (KindOf(Node)) {
+    case Kind::Constituent:
+      return Parsed.Constituents()[Node].Score;
+    case Kind::Item:
+      return Parsed.Items()[Node - NodeOfItem(0)].Score;
+    case Kind::Group:
+      return Parsed.Groups()[Node - NodeOfGroup(0)].Score;
+    case Kind::Goals:
+      break;
+  }
+  std::int64_t Best = Parsed.Constituents()[vGoals.front()].Score;
+  for (const std::uint32_t Goal : vGoals) {
+    Best = std::max(Best, Parsed.Constituents()[Goal].Score);
+  }
+  return Best;
+}
+
+/// Visits the alternatives with the best score: only between those the rules have to decide.
+template <typename VisitT>
+void BestDerivations::ForEachBestAlternative(NodeId Node, VisitT Visit) const {
+  const bool HasWeight = KindOf(Node) == Kind::Constituent;
+  const std::int64_t Best = ScoreOf(Node);
+  ForEachAlternative(Node, [&](std::uint32_t Alternative, NodeId First, NodeId Last) {
+    const std::int64_t Score = (HasWeight ? Parsed.Ways()[Alternative].Weight : 0) +
+                               (First == NoEntry ? 0 : ScoreOf(First)) +
+                               (Last == NoEntry ? 0 : ScoreOf(Last));
+    if (Score == Best) {
+      Visit(Alternative, First, Last);
     }
-    const std::size_t Size = vStack.size();
-    ForEachAlternative(Node, [&](std::uint32_t Alternative) {
-      NodeId First = NoEntry;
-      NodeId Last = NoEntry;
-      PartsOf(Node, Alternative, First, Last);
-      for (const NodeId Part : {First, Last}) {
-        if (Part != NoEntry && !IsKnown(Part)) {
-          vStack.push_back(Part);
-        }
+  });
+}
+
+/// Puts on the stack what has to be worked out before a node.
+void BestDerivations::PushUnknownParts(NodeId Node, bool OnlyBest) {
+  const auto Push = [&](std::uint32_t, NodeId First, NodeId Last) {
+    for (const NodeId Part : {First, Last}) {
+      if (Part != NoEntry && !IsKnown(Part, OnlyBest)) {
+        vStack.push_back(Part);
       }
-    });
-    if (vStack.size() == Size) {
-      WorkOutNode(Node);
-      vStack.pop_back();
     }
+  };
+  if (OnlyBest) {
+    ForEachBestAlternative(Node, Push);
+  } else {
+    ForEachAlternative(Node, Push);
   }
 }
 
 void BestDerivations::ChooseBest(NodeId Node) {
   const Kind What = KindOf(Node);
   std::optional<Candidate> Best;
-  ForEachAlternative(Node, [&](std::uint32_t Alternative) {
-    const Candidate New = MakeCandidate(Node, Alternative, 0, 0);
+  ForEachBestAlternative(Node, [&](std::uint32_t Alternative, NodeId First, NodeId Last) {
+    const Candidate New = MakeCandidate(What, {Alternative, First, Last}, 0, 0);
     if (!Best || IsBetter(What, New, *Best)) {
       Best = New;
     }
@@ -212,10 +226,28 @@ void BestDerivations::ChooseBest(NodeId Node) {
   vBest[Node] = Keep(Node, *Best);
 }
 
-void BestDerivations::FindBest(NodeId Root) {
-  WorkOut(
-      Root, [&](NodeId Node) { return vBest[Node] != NoEntry; },
-      [&](NodeId Node) { ChooseBest(Node); });
+/// Works the best derivation of a node out, or its count, and first that of what it is made of.
+void BestDerivations::WorkOut(NodeId Root, bool OnlyBest) {
+  vStack.assign(1, Root);
+  while (!vStack.empty()) {
+    const NodeId Node = vStack.back();
+    const std::size_t Size = vStack.size();
+    if (!IsKnown(Node, OnlyBest)) {
+      PushUnknownParts(Node, OnlyBest);
+    }
+    if (vStack.size() > Size) {
+      continue;
+    }
+    vStack.pop_back();
+    if (IsKnown(Node, OnlyBest)) {
+      continue;
+    }
+    if (OnlyBest) {
+      ChooseBest(Node);
+    } else {
+      CountNode(Node);
+    }
+  }
 }
 
 // ---- Those behind it --------------------------------------------------------------------------
@@ -274,8 +306,13 @@ BestDerivations::Frontier& BestDerivations::Open(NodeId Node) {
   if (vFrontiers[Node] == NoEntry) {
     vFrontiers[Node] = static_cast<std::uint32_t>(Opened.size());
     Frontier& New = Opened.emplace_back();
-    ForEachAlternative(Node, [&](std::uint32_t Alternative) {
-      PushCandidate(Node, MakeCandidate(Node, Alternative, 0, 0), New);
+    ForEachAlternative(Node, [&](std::uint32_t Alternative, NodeId First, NodeId Last) {
+      for (const NodeId Part : {First, Last}) {
+        if (Part != NoEntry) {
+          WorkOut(Part, true);
+        }
+      }
+      PushCandidate(Node, MakeCandidate(KindOf(Node), {Alternative, First, Last}, 0, 0), New);
     });
     TakeBest(Node, New);
   }
@@ -309,8 +346,10 @@ bool BestDerivations::Settle(NodeId Node, Frontier& FrontierReturn) {
     }
     FrontierReturn.vPending.pop_back();
     if (FirstPart == PartState::Known && LastPart == PartState::Known) {
-      PushCandidate(Node, MakeCandidate(Node, Each.Alternative, Each.Rank, Each.LastRank),
-                    FrontierReturn);
+      PushCandidate(
+          Node,
+          MakeCandidate(KindOf(Node), {Each.Alternative, First, Last}, Each.Rank, Each.LastRank),
+          FrontierReturn);
     }
   }
   return true;
@@ -361,7 +400,7 @@ std::optional<Derivations::TreeId> BestDerivations::Next() {
     return std::nullopt;
   }
   const NodeId Goals = GoalsNode();
-  FindBest(Goals);
+  WorkOut(Goals, true);
   if (NextRank > 0) {
     FindRanked(Goals, NextRank);
   }
@@ -376,10 +415,7 @@ std::optional<Derivations::TreeId> BestDerivations::Next() {
 void BestDerivations::CountNode(NodeId Node) {
   std::uint64_t Sum = 0;
   bool IsTooMany = false;
-  ForEachAlternative(Node, [&](std::uint32_t Alternative) {
-    NodeId First = NoEntry;
-    NodeId Last = NoEntry;
-    PartsOf(Node, Alternative, First, Last);
+  ForEachAlternative(Node, [&](std::uint32_t, NodeId First, NodeId Last) {
     std::uint64_t Product = 1;
     for (const NodeId Part : {First, Last}) {
       if (Part != NoEntry) {
@@ -401,9 +437,7 @@ std::optional<std::uint64_t> BestDerivations::CountGoals() {
     vCounts.assign(vBest.size(), 0);
     vIsTooMany.assign(vBest.size(), false);
   }
-  WorkOut(
-      GoalsNode(), [&](NodeId Node) { return vCounts[Node] != 0; },
-      [&](NodeId Node) { CountNode(Node); });
+  WorkOut(GoalsNode(), false);
   return vIsTooMany[GoalsNode()] ? std::nullopt
                                  : std::optional<std::uint64_t>(vCounts[GoalsNode()]);
 }

@@ -52,6 +52,13 @@ class BestDerivations {
     std::uint32_t Last;   ///< a tree behind a list of an item's
   };
 
+  /// An alternative, and the nodes that it is made of.
+  struct Parts {
+    std::uint32_t Alternative;
+    NodeId First;
+    NodeId Last;
+  };
+
   /// What is known of a node beyond its best.
   struct Frontier {
     std::vector<std::uint32_t> vBest;  ///< trees or lists, in order
@@ -69,17 +76,21 @@ class BestDerivations {
 
   template <typename VisitT>
   void ForEachAlternative(NodeId Node, VisitT Visit) const;
+  NodeId PartOfWay(std::uint32_t Way) const;
+  NodeId FirstOfStep(std::uint32_t Step) const;
+  NodeId LastOfStep(std::uint32_t Step) const;
   void PartsOf(NodeId Node, std::uint32_t Alternative, NodeId& FirstReturn,
                NodeId& LastReturn) const;
   bool IsBetter(Kind What, const Candidate& Left, const Candidate& Right) const;
   int Compare(Kind What, const Candidate& Left, const Candidate& Right) const;
-  Candidate MakeCandidate(NodeId Node, std::uint32_t Alternative, std::uint32_t Rank,
-                          std::uint32_t LastRank);
+  Candidate MakeCandidate(Kind What, const Parts& Of, std::uint32_t Rank, std::uint32_t LastRank);
   std::uint32_t Keep(NodeId Node, const Candidate& Which);
 
-  template <typename IsKnownT, typename WorkOutT>
-  void WorkOut(NodeId Root, IsKnownT IsKnown, WorkOutT WorkOutNode);
-  void FindBest(NodeId Root);
+  template <typename VisitT>
+  void ForEachBestAlternative(NodeId Node, VisitT Visit) const;
+  std::int64_t ScoreOf(NodeId Node) const;
+  void PushUnknownParts(NodeId Node, bool OnlyBest);
+  void WorkOut(NodeId Root, bool OnlyBest);
   void ChooseBest(NodeId Node);
 
   std::uint32_t Ranked(NodeId Node, std::uint32_t Rank) const;
@@ -94,6 +105,9 @@ class BestDerivations {
   bool Settle(NodeId Node, Frontier& FrontierReturn);
 
   void CountNode(NodeId Node);
+  bool IsKnown(NodeId Node, bool OnlyBest) const {
+    return OnlyBest ? vBest[Node] != NoEntry : vCounts[Node] != 0;
+  }
 
   struct Wanted {
     NodeId Node;

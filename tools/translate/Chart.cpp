@@ -52,7 +52,7 @@ bool Chart::Parse(std::string_view Text, const ChartLimits& LimitsPassIn,
   Tokenize(Text);
   const auto Size = static_cast<std::uint32_t>(vTokens.size());
   vFirstCell.assign(Size + 2, 0);
-  vItemsAtEnd.assign(Size + 1, None);
+  vFrontiers.assign(Size + 1, {false, false, 0, 0, None});
   for (std::uint32_t Start = Size; Start > 0; --Start) {
     vFirstCell[Start - 1] = static_cast<std::uint32_t>(vCells.size());
     if (!ParseFrom(Start - 1)) {
@@ -67,23 +67,84 @@ bool Chart::Parse(std::string_view Text, const ChartLimits& LimitsPassIn,
 /// Finds all constituents that begin at a token, the shortest first. Those that begin further to
 /// the right are there already.
 bool Chart::ParseFrom(std::uint32_t Start) {
-  CurrentStart = Start;
-  FirstItem = static_cast<std::uint32_t>(vItems.size());
-  ItemIndex.Clear();
-  FollowLiteral(None, SourceTrie::Root, Start);
+  vLinks.clear();
+  vGoingOn.clear();
+  Touch(Start + 1);
   bool IsWithin = true;
   while (!vEnds.empty()) {
     std::pop_heap(vEnds.begin(), vEnds.end(), std::greater<>());
     const std::uint32_t End = vEnds.back();
     vEnds.pop_back();
-    IsWithin = IsWithin && FillCell(Start, End);
-    for (std::uint32_t Each = vItemsAtEnd[End]; IsWithin && Each != None;
-         Each = vItems[Each].NextAtEnd) {
-      Extend(Each);
+    if (IsWithin) {
+      ReachEnd(Start, End);
+      IsWithin = FillCell(Start, End);
+      GoOn(End);
     }
-    vItemsAtEnd[End] = None;
+    vTouched.push_back(End);
   }
+  for (const std::uint32_t End : vTouched) {
+    vFrontiers[End] = {false, false, 0, 0, None};
+  }
+  vTouched.clear();
   return IsWithin;
+}
+
+void Chart::Touch(std::uint32_t End) {
+  if (!vFrontiers[End].IsTouched) {
+    vFrontiers[End].IsTouched = true;
+    vEnds.push_back(End);
+    std::push_heap(vEnds.begin(), vEnds.end(), std::greater<>());
+  }
+}
+
+/// Makes the items that end at a token: those before it go on with a literal, or over a cell.
+void Chart::ReachEnd(std::uint32_t Start, std::uint32_t End) {
+  FirstItem = static_cast<std::uint32_t>(vItems.size());
+  ItemIndex.Clear();
+  if (End == Start + 1) {
+    FollowLiteral(None, SourceTrie::Root, Start);
+  }
+  const Frontier& Into = vFrontiers[End];
+  if (Into.WantsLiteral) {
+    const Frontier& From = vFrontiers[End - 1];
+    for (std::uint32_t Index = From.First; Index < From.First + From.Count; ++Index) {
+      FollowLiteral(vGoingOn[Index], vItems[vGoingOn[Index]].Node, End - 1);
+    }
+  }
+  for (std::uint32_t Link = Into.Cells; Link != None; Link = vLinks[Link].Next) {
+    const Frontier& From = vFrontiers[vCells[vLinks[Link].Cell].Start];
+    for (std::uint32_t Index = From.First; Index < From.First + From.Count; ++Index) {
+      ExtendOver(vGoingOn[Index], vLinks[Link].Cell);
+    }
+  }
+}
+
+/// Notes how far the items that end at a token will reach.
+void Chart::GoOn(std::uint32_t End) {
+  Frontier& From = vFrontiers[End];
+  if (End == vTokens.size()) {
+    return;
+  }
+  bool WantsLiteral = false;
+  From.First = static_cast<std::uint32_t>(vGoingOn.size());
+  for (std::uint32_t Item = FirstItem; Item < vItems.size(); ++Item) {
+    if (Rules.Trie().HasEdges(vItems[Item].Node)) {
+      vGoingOn.push_back(Item);
+      WantsLiteral = WantsLiteral || Rules.Trie().HasLiterals(vItems[Item].Node);
+    }
+  }
+  From.Count = static_cast<std::uint32_t>(vGoingOn.size()) - From.First;
+  if (WantsLiteral && vLiterals[End] != RuleSet::None) {
+    Touch(End + 1);
+    vFrontiers[End + 1].WantsLiteral = true;
+  }
+  // The cells of a start stand behind those of the starts to the right of it.
+  for (std::uint32_t Cell = vFirstCell[End]; From.Count > 0 && Cell < vFirstCell[End - 1]; ++Cell) {
+    Frontier& Into = vFrontiers[vCells[Cell].End];
+    Touch(vCells[Cell].End);
+    vLinks.push_back({Cell, Into.Cells});
+    Into.Cells = static_cast<std::uint32_t>(vLinks.size() - 1);
+  }
 }
 
 // ---- One cell ---------------------------------------------------------------------------------
@@ -93,7 +154,7 @@ bool Chart::FillCell(std::uint32_t Start, std::uint32_t End) {
   Cell New{Start, End, static_cast<std::uint32_t>(vConstituents.size()), 0, 0, 0};
   CellStart = New.FirstConstituent;
   ConstituentIndex.Clear();
-  for (std::uint32_t Each = vItemsAtEnd[End]; Each != None; Each = vItems[Each].NextAtEnd) {
+  for (std::uint32_t Each = FirstItem; Each < vItems.size(); ++Each) {
     if (!Complete(Each)) {
       return false;
     }
@@ -115,11 +176,11 @@ bool Chart::FillCell(std::uint32_t Start, std::uint32_t End) {
 /// Applies the rules whose sequence an item has come through.
 bool Chart::Complete(std::uint32_t Through) {
   const auto InCell = static_cast<std::uint32_t>(vCells.size());
-  for (const std::uint32_t Index : Rules.Trie().Rules(vItems[Through].Node)) {
-    const RuleSet::Rule& Rule = Rules.At(Index);
-    const std::optional<StructurePair> Made = Equations->Evaluate(Rule, vItems[Through].Keys);
-    if (Made && !AddConstituent({InCell, Rule.Types, Made->Source, Made->Target, 0, None}, Index,
-                                Through)) {
+  for (const RuleSet::Ending& By : Rules.EndingsAt(vItems[Through].Node)) {
+    const std::optional<StructurePair> Made =
+        Equations->Evaluate(By.Evaluation, vItems[Through].Keys);
+    if (Made &&
+        !AddConstituent({InCell, By.Types, Made->Source, Made->Target, 0, None, 0}, By, Through)) {
       return false;
     }
   }
@@ -128,7 +189,7 @@ bool Chart::Complete(std::uint32_t Through) {
 
 /// Adds a way to make a constituent, and the constituent where it is new.
 /// @return false where there are too many of them
-bool Chart::AddConstituent(Constituent New, std::uint32_t Rule, std::uint32_t From) {
+bool Chart::AddConstituent(Constituent New, const RuleSet::Ending& By, std::uint32_t From) {
   const auto HashOfOne = [](const Constituent& Each) {
     return Mixed(Mixed(Pair(Each.Source, Each.Target)) ^ Pair(Each.Types, Each.Chain));
   };
@@ -138,15 +199,18 @@ bool Chart::AddConstituent(Constituent New, std::uint32_t Rule, std::uint32_t Fr
            Other.Chain == New.Chain;
   });
   const auto NewWay = static_cast<std::uint32_t>(vWays.size());
+  const std::uint32_t Part = From & ~Way::UnaryMark;
+  New.Score = By.Weight + (Part == From ? vItems[Part].Score : vConstituents[Part].Score);
   if (Slot != NoEntry) {
-    vWays.push_back({Rule, From, vConstituents[Slot].FirstWay});
+    vConstituents[Slot].Score = std::max(vConstituents[Slot].Score, New.Score);
+    vWays.push_back({By.Rule, From, vConstituents[Slot].FirstWay, By.Weight});
     vConstituents[Slot].FirstWay = NewWay;
     return true;
   }
   if (vConstituents.size() >= Limits.MaxConstituents) {
     return false;
   }
-  vWays.push_back({Rule, From, None});
+  vWays.push_back({By.Rule, From, None, By.Weight});
   New.FirstWay = NewWay;
   Slot = static_cast<std::uint32_t>(vConstituents.size());
   vConstituents.push_back(New);
@@ -171,19 +235,18 @@ bool Chart::ApplyUnary(std::uint32_t Below, SourceSymbol Slot) {
   if (vChains[Part.Chain].Size >= Limits.MaxChain) {
     return true;
   }
-  for (const std::uint32_t Index : Rules.UnaryRules(Slot)) {
-    if (Contains(Part.Chain, Index)) {
+  for (const RuleSet::Ending& By : Rules.UnaryRules(Slot)) {
+    if (Contains(Part.Chain, By.Rule)) {
       continue;
     }
-    const RuleSet::Rule& Rule = Rules.At(Index);
     Evaluator::KeysId Keys = Evaluator::NoKeys;
-    if (Rule.Evaluation != RuleSet::None && Rules.EvaluationAt(Rule.Evaluation).Keys > 0) {
+    if (By.Evaluation != RuleSet::None && Rules.EvaluationAt(By.Evaluation).Keys > 0) {
       Keys = Equations->AddKey(Keys, {Part.Source, Part.Target});
     }
-    const std::optional<StructurePair> Made = Equations->Evaluate(Rule, Keys);
-    if (Made && !AddConstituent({Part.Cell, Rule.Types, Made->Source, Made->Target,
-                                 ChainWith(Part.Chain, Index), None},
-                                Index, Below)) {
+    const std::optional<StructurePair> Made = Equations->Evaluate(By.Evaluation, Keys);
+    if (Made && !AddConstituent({Part.Cell, By.Types, Made->Source, Made->Target,
+                                 ChainWith(Part.Chain, By.Rule), None, 0},
+                                By, Below | Way::UnaryMark)) {
       return false;
     }
   }
@@ -275,7 +338,11 @@ std::uint32_t Chart::GroupsOf(std::uint32_t Entry, std::uint8_t Needs) {
 void Chart::MakeGroups(SlotEntry& EntryReturn, std::uint8_t Needs) {
   if (Needs == 0) {
     EntryReturn.FirstGroup[Needs] = static_cast<std::uint32_t>(vGroups.size());
-    vGroups.push_back({{}, EntryReturn.First, EntryReturn.Count, None});
+    vGroups.push_back({{},
+                       EntryReturn.First,
+                       EntryReturn.Count,
+                       None,
+                       BestScore(EntryReturn.First, EntryReturn.Count)});
     return;
   }
   const auto IsLess = [&](std::uint32_t Left, std::uint32_t Right) {
@@ -293,11 +360,21 @@ void Chart::MakeGroups(SlotEntry& EntryReturn, std::uint8_t Needs) {
       ++End;
     }
     vGroups.push_back({KeyOf(vSorted[Begin], Needs), static_cast<std::uint32_t>(vMembers.size()),
-                       End - Begin, EntryReturn.FirstGroup[Needs]});
+                       End - Begin, EntryReturn.FirstGroup[Needs], 0});
     EntryReturn.FirstGroup[Needs] = static_cast<std::uint32_t>(vGroups.size() - 1);
     vMembers.insert(vMembers.end(), vSorted.begin() + Begin, vSorted.begin() + End);
+    vGroups.back().Score = BestScore(vGroups.back().First, End - Begin);
     Begin = End;
   }
+}
+
+/// The best score of a stretch of members.
+std::int64_t Chart::BestScore(std::uint32_t First, std::uint32_t Count) const {
+  std::int64_t Best = vConstituents[vMembers[First]].Score;
+  for (std::uint32_t Index = 1; Index < Count; ++Index) {
+    Best = std::max(Best, vConstituents[vMembers[First + Index]].Score);
+  }
+  return Best;
 }
 
 std::uint32_t Chart::FindEntry(const Cell& In, SourceSymbol Slot) const {
@@ -320,22 +397,6 @@ void Chart::StartItems(const Cell& From) {
     if (Node != NoEntry) {
       Follow(None, Node, Over, Entry);
     }
-  }
-}
-
-/// Goes on with what begins where an item ends.
-void Chart::Extend(std::uint32_t Before) {
-  const std::uint32_t At = vItems[Before].End;
-  if (At == vTokens.size() || !Rules.Trie().HasEdges(vItems[Before].Node)) {
-    return;
-  }
-  FollowLiteral(Before, vItems[Before].Node, At);
-  if (Rules.Trie().Slots(vItems[Before].Node).size() == 0) {
-    return;
-  }
-  // The cells of a start stand behind those of the starts to the right of it.
-  for (std::uint32_t Over = vFirstCell[At]; Over < vFirstCell[At - 1]; ++Over) {
-    ExtendOver(Before, Over);
   }
 }
 
@@ -388,27 +449,23 @@ void Chart::FollowLiteral(std::uint32_t Before, std::uint32_t Node, std::uint32_
 
 /// Adds a step to an item, and the item where it is new.
 void Chart::AddItem(std::uint32_t Node, std::uint32_t End, Evaluator::KeysId Keys, Step Last) {
-  const auto HashOfItem = [](const Item& Each) {
-    return Mixed(Pair(Each.Node, Each.End) ^ Mixed(Each.Keys));
-  };
-  Item New{Node, End, Keys, None, vItemsAtEnd[End]};
+  const auto HashOfItem = [](const Item& Each) { return Mixed(Pair(Each.Node, Each.Keys)); };
+  Item New{Node, End, Keys, None, 0};
+  New.Score = (Last.Before == None ? 0 : vItems[Last.Before].Score) +
+              (Last.Group == None ? 0 : vGroups[Last.Group].Score);
   std::uint32_t& Slot = ItemIndex.Find(HashOfItem(New), [&](std::uint32_t Each) {
-    return vItems[Each].Node == Node && vItems[Each].End == End && vItems[Each].Keys == Keys;
+    return vItems[Each].Node == Node && vItems[Each].Keys == Keys;
   });
   const auto NewStep = static_cast<std::uint32_t>(vSteps.size());
   if (Slot != NoEntry) {
+    vItems[Slot].Score = std::max(vItems[Slot].Score, New.Score);
     Last.Next = vItems[Slot].FirstStep;
     vItems[Slot].FirstStep = NewStep;
     vSteps.push_back(Last);
     return;
   }
-  if (vItemsAtEnd[End] == None) {
-    vEnds.push_back(End);
-    std::push_heap(vEnds.begin(), vEnds.end(), std::greater<>());
-  }
   New.FirstStep = NewStep;
   Slot = static_cast<std::uint32_t>(vItems.size());
-  vItemsAtEnd[End] = Slot;
   vSteps.push_back(Last);
   vItems.push_back(New);
   ItemIndex.NoteAdded([&](std::uint32_t Each) { return HashOfItem(vItems[Each]); });

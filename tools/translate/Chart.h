@@ -19,11 +19,12 @@ struct ChartLimits {
 
 /// All constituents of a text, each once, with all ways to make it.
 ///
-/// Spans are worked on from the right to the left, and from the shorter to the longer. What begins
-/// at a token is an *item*: a node of the trie of source sequences, the position that was reached,
-/// and what rules may look at in the parts so far. An item goes on with a literal, or with a
-/// *group*: the constituents of a span that all rules behind that item take for the same. So every
-/// part of a sequence is looked for once, whatever comes before it.
+/// Spans are worked on from the right to the left, and from the shorter to the longer, so that what
+/// a span needs is there when its turn comes. What begins at a token is an *item*: a node of the
+/// trie of source sequences, the position that was reached, and what rules may look at in the parts
+/// so far. An item goes on with a literal, or with a *group*: the constituents of a span that all
+/// rules behind that item take for the same. So every part of a sequence is looked for once,
+/// whatever comes before it.
 ///
 ///   Chart Parsed(Rules);
 ///   Parsed.Parse("the red car", Limits, Equations);   // false where there are too many
@@ -40,13 +41,21 @@ class Chart {
     StructureId Target;
     std::uint32_t Chain;  ///< the unary rules of the chain that it ends
     std::uint32_t FirstWay;
+    std::int64_t Score;  ///< of its best derivation
   };
 
   /// A rule that makes a constituent, from an item, or, if it is unary, from a constituent.
   struct Way {
+    static constexpr std::uint32_t UnaryMark = 0x80000000U;
+
     std::uint32_t Rule;
     std::uint32_t From;
     std::uint32_t Next;
+    std::int32_t Weight;  ///< of the rule
+
+    bool IsUnary() const { return (From & UnaryMark) != 0; }
+    /// The item, or the constituent below.
+    std::uint32_t Part() const { return From & ~UnaryMark; }
   };
 
   struct Item {
@@ -54,7 +63,7 @@ class Chart {
     std::uint32_t End;
     Evaluator::KeysId Keys;
     std::uint32_t FirstStep;
-    std::uint32_t NextAtEnd;
+    std::int64_t Score;  ///< of the best derivations of its parts together
   };
 
   /// An item is another one, `None` at its beginning, and a group behind it, `None` for a literal.
@@ -70,6 +79,7 @@ class Chart {
     std::uint32_t First;  ///< in the list of members
     std::uint32_t Count;
     std::uint32_t Next;
+    std::int64_t Score;  ///< of the best derivation of any of them
   };
 
   /// A span with constituents.
@@ -134,19 +144,36 @@ class Chart {
     std::uint32_t Size;
   };
 
+  /// What is known of the items from one token to an end.
+  struct Frontier {
+    bool IsTouched;       ///< whether some item ends there, or will
+    bool WantsLiteral;    ///< whether some item just before may go on with a literal
+    std::uint32_t First;  ///< of those that can go on, in a list of their own
+    std::uint32_t Count;
+    std::uint32_t Cells;  ///< the cells over which items reach the end, a list
+  };
+
+  /// A list of cells.
+  struct CellLink {
+    std::uint32_t Cell;
+    std::uint32_t Next;
+  };
+
   void Clear();
   void Tokenize(std::string_view Text);
   bool ParseFrom(std::uint32_t Start);
+  void Touch(std::uint32_t End);
+  void ReachEnd(std::uint32_t Start, std::uint32_t End);
+  void GoOn(std::uint32_t End);
   bool FillCell(std::uint32_t Start, std::uint32_t End);
   bool Complete(std::uint32_t Through);
   bool AddUnary(std::uint32_t Below);
   bool ApplyUnary(std::uint32_t Below, SourceSymbol Slot);
-  bool AddConstituent(Constituent New, std::uint32_t Rule, std::uint32_t From);
+  bool AddConstituent(Constituent New, const RuleSet::Ending& By, std::uint32_t From);
   std::uint32_t ChainWith(std::uint32_t Before, std::uint32_t Rule);
   bool Contains(std::uint32_t Which, std::uint32_t Rule) const;
   void FillSlots(Cell& CellReturn);
   void StartItems(const Cell& From);
-  void Extend(std::uint32_t Before);
   void ExtendOver(std::uint32_t Before, std::uint32_t Over);
   void Follow(std::uint32_t Before, std::uint32_t Node, std::uint32_t Over, std::uint32_t Entry);
   void FollowLiteral(std::uint32_t Before, std::uint32_t Node, std::uint32_t At);
@@ -154,6 +181,7 @@ class Chart {
   std::uint32_t GroupsOf(std::uint32_t Entry, std::uint8_t Needs);
   StructurePair KeyOf(std::uint32_t Which, std::uint8_t Needs) const;
   void MakeGroups(SlotEntry& EntryReturn, std::uint8_t Needs);
+  std::int64_t BestScore(std::uint32_t First, std::uint32_t Count) const;
   std::uint32_t FindEntry(const Cell& In, SourceSymbol Slot) const;
 
   const RuleSet& Rules;
@@ -178,13 +206,15 @@ class Chart {
   std::vector<std::uint32_t> vChainOfStep;  // … and the chain that they make
   IndexTable ChainIndex;
 
-  // Of the token that is worked on, and of the cell.
-  std::uint32_t CurrentStart = 0;
-  std::uint32_t FirstItem = 0;
+  // Of the token that is worked on, of the end, and of the cell.
+  std::vector<Frontier> vFrontiers;  // by end
+  std::vector<CellLink> vLinks;
+  std::vector<std::uint32_t> vGoingOn;  // the items that can go on
+  std::vector<std::uint32_t> vEnds;     // a heap of the ends that are touched, the least on top
+  std::vector<std::uint32_t> vTouched;
+  std::uint32_t FirstItem = 0;  // of the end
   IndexTable ItemIndex;
-  std::vector<std::uint32_t> vItemsAtEnd;  // by end
-  std::vector<std::uint32_t> vEnds;        // a heap of the ends that have items, the least first
-  std::uint32_t CellStart = 0;             // the first constituent of the cell
+  std::uint32_t CellStart = 0;  // the first constituent of the cell
   IndexTable ConstituentIndex;
   std::vector<std::uint64_t> vBySlot;
   std::vector<std::uint32_t> vSorted;

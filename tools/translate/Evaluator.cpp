@@ -45,14 +45,11 @@ Evaluator::KeysId Evaluator::AddKey(KeysId Before, StructurePair Key) {
   return Number;
 }
 
-std::optional<StructurePair> Evaluator::Evaluate(const RuleSet::Rule& Rule, KeysId Keys) {
-  if (Rule.Evaluation == RuleSet::None) {
-    return StructurePair();
-  }
+std::optional<StructurePair> Evaluator::LookUp(std::uint32_t Evaluation, KeysId Keys) {
   const auto HashOfKnown = [](const Known& Each) {
     return Mixed(Pair(Each.Evaluation, Each.Keys));
   };
-  Known New{Rule.Evaluation, Keys, {}, false};
+  Known New{Evaluation, Keys, {}, false};
   std::uint32_t& Slot = KnownIndex.Find(HashOfKnown(New), [&](std::uint32_t Each) {
     return vKnown[Each].Evaluation == New.Evaluation && vKnown[Each].Keys == Keys;
   });

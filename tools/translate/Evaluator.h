@@ -25,8 +25,10 @@ class Evaluator {
   /// The list with one more pair; what is not looked at is to be open.
   KeysId AddKey(KeysId Before, StructurePair Key);
 
-  /// The structures that a rule makes of its parts; nothing where its equations clash.
-  std::optional<StructurePair> Evaluate(const RuleSet::Rule& Rule, KeysId Keys);
+  /// The structures that a rule's evaluation makes of its parts; nothing where its equations clash.
+  std::optional<StructurePair> Evaluate(std::uint32_t Evaluation, KeysId Keys) {
+    return Evaluation == RuleSet::None ? StructurePair() : LookUp(Evaluation, Keys);
+  }
 
   /// The same with the structures of all of the rule's parts, not worked out before.
   std::optional<StructurePair> EvaluateParts(const RuleSet::Rule& Rule,
@@ -56,6 +58,7 @@ class Evaluator {
   };
 
   void Clear();
+  std::optional<StructurePair> LookUp(std::uint32_t Evaluation, KeysId Keys);
   void RunProgram(Known& KnownReturn);
 
   const RuleSet& Rules;

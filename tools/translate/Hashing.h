@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -68,9 +69,11 @@ class IndexTable {
     }
   }
 
+  /// Forgets all entries. What was used well is kept, since the next use will be like the last.
   void Clear() {
     if (Count > 0) {
-      vSlots.assign(FirstSize, NoEntry);
+      const bool WasUsed = Count * 16 > vSlots.size();
+      vSlots.assign(WasUsed ? vSlots.size() : std::max(vSlots.size() / 2, FirstSize), NoEntry);
       Count = 0;
     }
   }

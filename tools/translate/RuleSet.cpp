@@ -96,7 +96,8 @@ void RuleSet::SetWeights() {
   }
   for (Rule& Each : vRules) {
     const auto Total = static_cast<long double>(vTotals[Each.SourceType]);
-    Each.Weight = std::llround(Million * std::log(static_cast<long double>(Each.Count) / Total));
+    Each.Weight = static_cast<std::int32_t>(
+        std::llround(Million * std::log(static_cast<long double>(Each.Count) / Total)));
   }
   vIsSourceType.resize(Labels.Size());
   for (const Rule& Each : vRules) {
@@ -106,7 +107,7 @@ void RuleSet::SetWeights() {
 
 // ---- Slots and trie ---------------------------------------------------------------------------
 
-/// Sorts unary rules by the slot of their only place, and finds the slots that types fill.
+/// Counts unary rules by the slot of their only place, and finds the slots that types fill.
 void RuleSet::FillSlots() {
   vFirstUnary.assign(Slots.Size() + 1, 0);
   for (const Rule& Each : vRules) {
@@ -116,13 +117,6 @@ void RuleSet::FillSlots() {
   }
   for (std::size_t Slot = 0; Slot < Slots.Size(); ++Slot) {
     vFirstUnary[Slot + 1] += vFirstUnary[Slot];
-  }
-  vUnary.resize(vFirstUnary.back());
-  std::vector<std::uint32_t> vNext(vFirstUnary);
-  for (std::uint32_t Index = 0; Index < vRules.size(); ++Index) {
-    if (IsUnary(vRules[Index])) {
-      vUnary[vNext[vSymbols[vRules[Index].FirstSymbol]]++] = Index;
-    }
   }
   for (std::uint32_t Types = 0; Types < TypePairs.Size(); ++Types) {
     vAnySlots.push_back(Slots.Find(TypePairs.First(Types), None));
@@ -222,11 +216,30 @@ void RuleSet::SetEvaluations() {
   }
 }
 
+/// Copies what is needed of the rules to where it is needed.
+void RuleSet::FillEndings() {
+  const auto EndingOf = [&](std::uint32_t Index) {
+    const Rule& Each = vRules[Index];
+    return Ending{Index, Each.Types, Each.Evaluation, Each.Weight};
+  };
+  for (const std::uint32_t Index : Sequences.AllRules()) {
+    vEndings.push_back(EndingOf(Index));
+  }
+  vUnary.resize(vFirstUnary.back());
+  std::vector<std::uint32_t> vNext(vFirstUnary);
+  for (std::uint32_t Index = 0; Index < vRules.size(); ++Index) {
+    if (IsUnary(vRules[Index])) {
+      vUnary[vNext[vSymbols[vRules[Index].FirstSymbol]]++] = EndingOf(Index);
+    }
+  }
+}
+
 void RuleSet::Finish() {
   SetWeights();
   FillSlots();
   FillTrie();
   SetEvaluations();
+  FillEndings();
 }
 
 // ---- Questions --------------------------------------------------------------------------------

@@ -63,7 +63,15 @@ class RuleSet {
     std::uint32_t Evaluation;  ///< `None` where it has no equations
     std::uint32_t SymbolCount;
     std::uint32_t TargetCount;
-    std::int64_t Weight;  ///< a million times the logarithm of its share
+    std::int32_t Weight;  ///< a million times the logarithm of its share
+  };
+
+  /// What is needed of a rule to apply it. Those of one node of the trie stand side by side.
+  struct Ending {
+    std::uint32_t Rule;
+    std::uint32_t Types;
+    std::uint32_t Evaluation;
+    std::int32_t Weight;
   };
 
   explicit RuleSet(const RuleSetOptions& OptionsPassIn) : Options(OptionsPassIn) {}
@@ -119,8 +127,13 @@ class RuleSet {
 
   /// The rules that are not unary.
   const SourceTrie& Trie() const { return Sequences; }
+  /// The rules that end at a node of the trie.
+  SourceTrie::Range<Ending> EndingsAt(std::uint32_t Node) const {
+    return {vEndings.data() + Sequences.RulesBefore(Node),
+            vEndings.data() + Sequences.RulesBefore(Node + 1)};
+  }
   /// The unary rules that take a constituent for a slot.
-  SourceTrie::Range<std::uint32_t> UnaryRules(SourceSymbol Slot) const {
+  SourceTrie::Range<Ending> UnaryRules(SourceSymbol Slot) const {
     return {vUnary.data() + vFirstUnary[Slot], vUnary.data() + vFirstUnary[Slot + 1]};
   }
   bool IsUnary(const Rule& Each) const {
@@ -139,6 +152,7 @@ class RuleSet {
   void FillTrie();
   void FillSlots();
   void SetEvaluations();
+  void FillEndings();
   void AddNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsReturn) const;
   std::uint32_t AddEvaluation(std::uint32_t Program, const std::vector<std::uint8_t>& vNeeds);
 
@@ -154,7 +168,8 @@ class RuleSet {
   std::vector<SourceSymbol> vAnySlots;
   std::vector<SourceSymbol> vBothSlots;
   std::vector<std::uint32_t> vFirstUnary;
-  std::vector<std::uint32_t> vUnary;
+  std::vector<Ending> vUnary;
+  std::vector<Ending> vEndings;
   SourceTrie Sequences;
   std::vector<Program> vPrograms;
   std::unordered_map<std::string, std::uint32_t> ProgramNumbers;

@@ -68,6 +68,11 @@ class SourceTrie {
     return {vRules.data() + vFirstRule[Node], vRules.data() + vFirstRule[Node + 1]};
   }
 
+  /// How many rules end at the nodes before.
+  std::size_t RulesBefore(std::uint32_t Node) const { return vFirstRule[Node]; }
+  /// The rules of all nodes.
+  const std::vector<std::uint32_t>& AllRules() const { return vRules; }
+
   /// The edges of a node to slots, ascending.
   Range<EdgeTo> Slots(std::uint32_t Node) const {
     return {vEdges.data() + vFirstEdge[Node], vEdges.data() + vFirstLiteral[Node]};
