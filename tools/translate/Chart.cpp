@@ -127,10 +127,10 @@ void Chart::GoOn(std::uint32_t End) {
   }
   bool WantsLiteral = false;
   From.First = static_cast<std::uint32_t>(vGoingOn.size());
-  for (std::uint32_t Item = FirstItem; Item < vItems.size(); ++Item) {
-    if (Rules.Trie().HasEdges(vItems[Item].Node)) {
-      vGoingOn.push_back(Item);
-      WantsLiteral = WantsLiteral || Rules.Trie().HasLiterals(vItems[Item].Node);
+  for (std::uint32_t Each = FirstItem; Each < vItems.size(); ++Each) {
+    if (Rules.Trie().HasEdges(vItems[Each].Node)) {
+      vGoingOn.push_back(Each);
+      WantsLiteral = WantsLiteral || Rules.Trie().HasLiterals(vItems[Each].Node);
     }
   }
   From.Count = static_cast<std::uint32_t>(vGoingOn.size()) - From.First;
@@ -139,10 +139,10 @@ void Chart::GoOn(std::uint32_t End) {
     vFrontiers[End + 1].WantsLiteral = true;
   }
   // The cells of a start stand behind those of the starts to the right of it.
-  for (std::uint32_t Cell = vFirstCell[End]; From.Count > 0 && Cell < vFirstCell[End - 1]; ++Cell) {
-    Frontier& Into = vFrontiers[vCells[Cell].End];
-    Touch(vCells[Cell].End);
-    vLinks.push_back({Cell, Into.Cells});
+  for (std::uint32_t Over = vFirstCell[End]; From.Count > 0 && Over < vFirstCell[End - 1]; ++Over) {
+    Frontier& Into = vFrontiers[vCells[Over].End];
+    Touch(vCells[Over].End);
+    vLinks.push_back({Over, Into.Cells});
     Into.Cells = static_cast<std::uint32_t>(vLinks.size() - 1);
   }
 }

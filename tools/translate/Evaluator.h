@@ -22,6 +22,9 @@ class Evaluator {
 
   explicit Evaluator(const RuleSet& RulesPassIn);
 
+  Evaluator(const Evaluator&) = delete;
+  Evaluator& operator=(const Evaluator&) = delete;
+
   /// The list with one more pair; what is not looked at is to be open.
   KeysId AddKey(KeysId Before, StructurePair Key);
 

@@ -76,6 +76,9 @@ class RuleSet {
 
   explicit RuleSet(const RuleSetOptions& OptionsPassIn) : Options(OptionsPassIn) {}
 
+  RuleSet(const RuleSet&) = delete;
+  RuleSet& operator=(const RuleSet&) = delete;
+
   /// Adds a rule that can be used. Rules have to come in the order of their numbers.
   void Add(const SourceRule& Source, std::uint32_t Number);
 

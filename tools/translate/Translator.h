@@ -69,6 +69,9 @@ class Translator {
   explicit Translator(const RuleSet& RulesPassIn)
       : Rules(RulesPassIn), Equations(RulesPassIn), Parsed(RulesPassIn), Best(Parsed) {}
 
+  Translator(const Translator&) = delete;
+  Translator& operator=(const Translator&) = delete;
+
   /// Translates a text.
   /// @param Text has to outlive what is asked about it
   TextResult Translate(std::string_view Text, const TextOptions& Options);
