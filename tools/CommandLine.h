@@ -34,5 +34,6 @@ void AddSortCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddUniqueCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddFromJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn);
+void AddTranslateCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddHelpCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddVersionCommand(CLI::App& ProgramReturn, Action& ActionReturn);

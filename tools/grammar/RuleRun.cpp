@@ -53,6 +53,7 @@ namespace {
 /// Rules that are read together, and what has been made of them.
 struct RuleBatch {
   struct Rule {
+    std::vector<std::string> vsFailures;  // of files that should have come before
     RuleText Text;
     bool IsTaken = false;
     bool HasStrayText = false;
@@ -66,20 +67,46 @@ struct RuleBatch {
   std::string Texts;
 };
 
-/// Reads about so many bytes of rules, at least one rule.
-bool ReadBatch(RuleFiles& Files, RuleBatch& BatchReturn) {
-  constexpr std::size_t WantedSize = std::size_t{1} << 16;
-  BatchReturn = RuleBatch();
-  for (std::size_t Size = 0; Size < WantedSize;) {
-    RuleBatch::Rule& New = BatchReturn.vRules.emplace_back();
-    if (!Files.Next(New.Text)) {
-      BatchReturn.vRules.pop_back();
-      break;
-    }
-    Size += New.Text.Text.size();
+void ReportFailures(const std::vector<std::string>& vsFailures) {
+  for (const std::string& sFailure : vsFailures) {
+    ReportFailure(sFailure);
   }
-  return !BatchReturn.vRules.empty();
 }
+
+/// Reads the files of a run batch by batch. A file that cannot be read is reported in its turn.
+class BatchReader {
+ public:
+  explicit BatchReader(const RunOptions& Options)
+      : Files(Options.vsFiles, Options.Quiet, Options.Folded) {
+    Files.ReportFailuresTo([this](const std::string& Message) { vsFailures.push_back(Message); });
+  }
+
+  /// Reads about so many bytes of rules, at least one rule. @return false behind the last one
+  bool Read(RuleBatch& BatchReturn) {
+    constexpr std::size_t WantedSize = std::size_t{1} << 16;
+    BatchReturn = RuleBatch();
+    for (std::size_t Size = 0; Size < WantedSize;) {
+      RuleBatch::Rule& New = BatchReturn.vRules.emplace_back();
+      if (!Files.Next(New.Text)) {
+        BatchReturn.vRules.pop_back();
+        break;
+      }
+      New.vsFailures.swap(vsFailures);
+      Size += New.Text.Text.size();
+    }
+    return !BatchReturn.vRules.empty();
+  }
+
+  /// To be called after the last batch has been finished. @return whether some file has failed
+  bool End() const {
+    ReportFailures(vsFailures);
+    return Files.HasFailed();
+  }
+
+ private:
+  RuleFiles Files;
+  std::vector<std::string> vsFailures;  // since the last rule
+};
 
 /// Reads the lines of each rule and makes of them what the visitor takes.
 void PrepareBatch(const RuleVisitor& Visitor, bool KeepBad, RuleBatch& BatchReturn) {
@@ -122,6 +149,7 @@ class BatchFinisher {
  private:
   void Finish(const RuleBatch::Rule& Each, std::string_view Key, std::string_view Text) {
     const bool BeginsRule = Each.Text.HasRule && !Each.Text.Continues;
+    ReportFailures(Each.vsFailures);
     if (!Each.Text.Continues) {
       Others.EndLine();
     }
@@ -146,14 +174,14 @@ class BatchFinisher {
 }  // namespace
 
 RunTally VisitRules(const RunOptions& Options, RuleVisitor& Visitor) {
-  RuleFiles Files(Options.vsFiles, Options.Quiet, Options.Folded);
+  BatchReader Reader(Options);
   BatchFinisher Finisher(Visitor, Options.KeepBad);
   RunPipeline<RuleBatch>(
-      ThreadCount(Options.Threads), [&](RuleBatch& Batch) { return ReadBatch(Files, Batch); },
+      ThreadCount(Options.Threads), [&](RuleBatch& Batch) { return Reader.Read(Batch); },
       [&](RuleBatch& Batch) { PrepareBatch(Visitor, Options.KeepBad, Batch); },
       [&](const RuleBatch& Batch) { Finisher.Finish(Batch); });
   RunTally Tally = Finisher.End();
-  Tally.HasUnreadFiles = Files.HasFailed();
+  Tally.HasUnreadFiles = Reader.End();
   return Tally;
 }
 
