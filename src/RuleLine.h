@@ -25,7 +25,10 @@ struct RuleLineParts {
 /// @return whether the line is in the common form; if not, the parts mean nothing
 bool ParseCommonRuleLine(std::string_view Line, RuleLineParts& PartsReturn);
 
-/// The labels of a sequence, without the brackets around it: what stands between blanks, without
+/// The labels of a sequence in its common form, in capitals. Linear.
+std::vector<std::string> UpperLabels(std::string_view Sequence);
+
+/// The labels of any sequence, without the brackets around it: what stands between blanks, without
 /// the white space at its ends, unless that leaves nothing. Linear.
 std::vector<std::string> ParseLabels(std::string_view Sequence);
 

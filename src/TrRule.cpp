@@ -730,8 +730,9 @@ void PrintMergings(const std::vector<Merging>& vMergings) {
 
 /// Whether a line is a comment and nothing else.
 bool IsPlainComment(std::string_view Line) {
-  return StartsWith(Line, ";;") && !Contains(Line, "{") && !Contains(Line, "]") &&
-         !Contains(Line, "=") && !Contains(Line, "::");
+  constexpr std::size_t None = std::string_view::npos;
+  return StartsWith(Line, ";;") && Line.find('{') == None && Line.find(']') == None &&
+         Line.find('=') == None && !Contains(Line, "::");
 }
 
 /// The header keeps two letters of its type and the last digit of its number; grammars rely on it.
@@ -751,7 +752,7 @@ bool LoadPlainLine(std::string_view Line, RuleLoader& LoaderReturn) {
   return ParseCommonRuleLine(Line, Parts) && LoaderReturn.SetRuleLine(Parts);
 }
 
-// BodyLine = "(" | AlignmentLine | ConstraintText
+// BodyLine = "(" | ")" | AlignmentLine | ConstraintText
 bool LoadBodyLine(std::string_view Line, RuleLoader& LoaderReturn) {
   if (Line.size() == 1) {
     return true;
@@ -771,14 +772,15 @@ bool LoadBodyLine(std::string_view Line, RuleLoader& LoaderReturn) {
   return true;
 }
 
-/// Loads a line in its common form, of which nothing but its mergings has to be reported: traces
-/// follow the general rules step by step, and so does whatever is written otherwise.
+/// Loads a line in its common form, of which nothing but its mergings has to be reported; whatever
+/// is written otherwise follows the general rules.
 /// @return whether the line was such a line
 bool LoadLine(std::string_view Line, RuleLoader& LoaderReturn) {
-  if (Line.empty() || Line.size() > PieceCutter::MaxRest || Traces(1) || Traces(4)) {
+  if (Line.empty() || Line.size() > PieceCutter::MaxRest) {
     return false;
   }
-  return Line.front() == '(' ? LoadBodyLine(Line, LoaderReturn) : LoadPlainLine(Line, LoaderReturn);
+  const bool IsInBody = Line.front() == '(' || Line == ")";
+  return IsInBody ? LoadBodyLine(Line, LoaderReturn) : LoadPlainLine(Line, LoaderReturn);
 }
 
 }  // namespace
@@ -786,10 +788,13 @@ bool LoadLine(std::string_view Line, RuleLoader& LoaderReturn) {
 // RuleText = { Line "\n" }, in any order
 bool TrRule::SetTrRuleFromString(std::string TRStringPassIn) {
   RuleLoader Loader(*this);
+  // The general rules are traced step by step.
+  const bool IsTraced = Traces(1) || Traces(4);
   PieceCutter Lines(TRStringPassIn, "\n");
   for (std::string_view Line; Lines.Next(Line);) {
     Line = WithoutReturn(Line);
-    if (!LoadLine(Line, Loader) && !ParseLine(Line, Loader)) {
+    const bool IsLoaded = !IsTraced && LoadLine(Line, Loader);
+    if (!IsLoaded && !ParseLine(Line, Loader)) {
       return false;
     }
   }
@@ -1219,9 +1224,8 @@ void TrRule::SetConstraint(int ConstrainedIndexPassIn, std::string FeaturePassIn
 bool TrRule::InsertConstraintIntoMap(Constraint ConstraintPassIn) {
   std::vector<Merging> vMergings;
   const bool IsNew = RuleLoader(*this).AddConstraint(
-      {ConstraintPassIn.Category, ConstraintPassIn.ConstrainedIndex,
-       std::move(ConstraintPassIn.Feature), std::move(ConstraintPassIn.FeatValue),
-       ConstraintPassIn.ValueConstraint},
+      {ConstraintPassIn.Category, ConstraintPassIn.ConstrainedIndex, ConstraintPassIn.Feature,
+       ConstraintPassIn.FeatValue, ConstraintPassIn.ValueConstraint},
       ConstraintPassIn.RankInCategory, vMergings);
   PrintMergings(vMergings);
   return IsNew;
@@ -1265,8 +1269,9 @@ bool TrRule::EraseConstraint(int ConstrainedIndexPassIn, std::string FeaturePass
       HaltForOtherValue(Found->first);
     }
     const std::string& ErasedValue = FeatValuePassIn != NoValue ? FeatValuePassIn : FeatAgrPassIn;
-    ConstraintsMap.erase(TrRuleInternal::ConstraintKey(
-        Found->second.Category, ConstrainedIndexPassIn, FeaturePassIn, ErasedValue));
+    ConstraintsMap.erase(TrRuleInternal::MakeKey(Found->second.Category, ConstrainedIndexPassIn,
+                                                 FeaturePassIn, ErasedValue)
+                             .Text);
   }
   TraceKeys("Constraints map after erasing:", ConstraintsMap);
   return HasFound;
