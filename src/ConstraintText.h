@@ -83,7 +83,7 @@ std::size_t WriteName(std::string& TextReturn, std::size_t Begin, std::size_t Si
 /// Reads any text. One that cannot be read leaves the fields as they were, and so does, but without
 /// being an error, a whole node's text whose "=" signs leave fewer than two sides. Linear.
 /// @return false where the text is not in the format
-bool ReadConstraint(std::string_view Text, ConstraintFields& FieldsReturn);
+bool ReadConstraint(std::string_view Written, ConstraintFields& FieldsReturn);
 
 /// The number of the node that a value text refers to: the number behind its last capital X or Y,
 /// read from at most 1000 bytes; -1 where there is no such letter or nothing behind it.

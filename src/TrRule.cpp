@@ -33,7 +33,6 @@ using TrRuleInternal::ConstraintParts;
 using TrRuleInternal::Contains;
 using TrRuleInternal::CutInTwo;
 using TrRuleInternal::CutInTwoTrimmed;
-using TrRuleInternal::Decimal;
 using TrRuleInternal::DisplayPair;
 using TrRuleInternal::DisplayWalk;
 using TrRuleInternal::DropBack;
@@ -699,27 +698,6 @@ std::string_view WithoutReturn(std::string_view Line) {
   return !Line.empty() && Line.back() == '\r' ? Line.substr(0, Line.size() - 1) : Line;
 }
 
-/// Sequence = "[" Labels "]". Empty where there is none; "[]" gives "]", which is a label.
-std::string_view ParseSequence(std::string_view Part) {
-  const std::size_t Open = Part.find('[');
-  if (Open == std::string_view::npos || !Contains(Part, "]")) {
-    return {};
-  }
-  std::string_view Sequence = Part.substr(Open);
-  if (Sequence.size() > 1) {
-    Sequence.remove_prefix(1);
-  }
-  Sequence = DropBack(Sequence, AnyBut(']'));
-  if (Sequence.size() > 1) {
-    Sequence.remove_suffix(1);
-  }
-  return Sequence;
-}
-
-}  // namespace
-
-namespace {
-
 /// Prints what the merging of values says.
 void PrintMergings(const std::vector<Merging>& vMergings) {
   for (const auto& [OldValue, NewValue, NewKey] : vMergings) {
@@ -871,6 +849,27 @@ bool TrRule::ParseTypeAndSequences(std::string_view Line) {
   }
   return true;
 }
+
+namespace {
+
+// Sequence = "[" Labels "]". Empty where there is none; "[]" gives "]", which is a label.
+std::string_view ParseSequence(std::string_view Part) {
+  const std::size_t Open = Part.find('[');
+  if (Open == std::string_view::npos || !Contains(Part, "]")) {
+    return {};
+  }
+  std::string_view Sequence = Part.substr(Open);
+  if (Sequence.size() > 1) {
+    Sequence.remove_prefix(1);
+  }
+  Sequence = DropBack(Sequence, AnyBut(']'));
+  if (Sequence.size() > 1) {
+    Sequence.remove_suffix(1);
+  }
+  return Sequence;
+}
+
+}  // namespace
 
 // SLPart = SLType "::" TLType " " any Sequence any
 bool TrRule::ParseSLPart(std::string_view Part) {
