@@ -16,6 +16,11 @@ class TrRule;
 
 namespace Grammar {
 
+/// Appends the text that the library writes of a constraint.
+/// @param FeatValue its value, which may be merged
+void AppendLibraryText(const TrRuleInternal::ConstraintFields& Fields, std::string_view FeatValue,
+                       std::string& TextReturn);
+
 /// What a rule says, put in the library's order, and the texts that say it.
 ///
 /// The library's own text drops what its record does not hold: it puts literal words in capitals,
@@ -64,6 +69,10 @@ class RuleForm {
   /// Whether a merging depends on what a feature or a value looks like, because it holds the
   /// separator of the library's keys.
   bool HasSeparatorInKey() const { return HasSeparator; }
+
+  /// Whether some constraint may be merged with another one, or is dropped because its key is
+  /// there already. Known as soon as the constraints have been read, also where their order failed.
+  bool HasRepetitions() const { return HasRepetition; }
 
   std::string_view SLType() const { return Types[Source]; }
   std::string_view TLType() const { return Types[Target]; }
@@ -117,6 +126,7 @@ class RuleForm {
   Entries Stored;
   std::vector<const Entry*> vOrder;
   bool HasSeparator = false;
+  bool HasRepetition = false;
 };
 
 }  // namespace Grammar
