@@ -14,24 +14,6 @@
 
 // ---- What a rule holds ------------------------------------------------------------------------
 
-struct ConstraintsTag {
-  using Member = std::map<std::string, Constraint> TrRule::*;
-  friend constexpr Member GetMember(ConstraintsTag Tag);
-};
-template struct PrivateMember<ConstraintsTag, &TrRule::ConstraintsMap>;
-
-struct CommentsTag {
-  using Member = Strings TrRule::*;
-  friend constexpr Member GetMember(CommentsTag Tag);
-};
-template struct PrivateMember<CommentsTag, &TrRule::Comments>;
-
-struct HeaderTypeTag {
-  using Member = std::string TrRule::*;
-  friend constexpr Member GetMember(HeaderTypeTag Tag);
-};
-template struct PrivateMember<HeaderTypeTag, &TrRule::POS>;
-
 const std::map<std::string, Constraint>& ConstraintsOf(const TrRule& Rule) {
   return Rule.*GetMember(ConstraintsTag());
 }

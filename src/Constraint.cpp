@@ -5,9 +5,9 @@
 #include "Ascii.h"
 #include "ConstraintText.h"
 #include "Halt.h"
+#include "LineWriting.h"
 
 #include <iostream>
-#include <string_view>
 #include <utility>
 
 namespace {
@@ -79,16 +79,8 @@ std::string Constraint::ReturnAsString() const {
 }
 
 void Constraint::AppendTo(std::string& TextReturn) const {
-  const std::string_view Side = Category == 1 ? "X" : "Y";
-  const TrRuleInternal::Decimal Index(ConstrainedIndex);
-  if (ValueConstraint) {
-    TrRuleInternal::Append(TextReturn, {"((", Side, Index, " ", Feature, ") = ", FeatValue, ")"});
-  } else if (Feature == TrRuleInternal::WholeNode) {
-    TrRuleInternal::Append(TextReturn, {"(", Side, Index, " = ", FeatValue, ")"});
-  } else {
-    TrRuleInternal::Append(
-        TextReturn, {"((", Side, Index, " ", Feature, ") = ", FeatValue, " ", Feature, "))"});
-  }
+  TrRuleInternal::AppendConstraint(
+      TextReturn, {Category, ConstrainedIndex, Feature, FeatValue, ValueConstraint});
 }
 
 // ---- Plain accessors --------------------------------------------------------------------------

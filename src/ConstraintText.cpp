@@ -135,8 +135,8 @@ bool TakeEquals(std::string_view& TextReturn, ConstraintParts& PartsReturn) {
 // CommonForm = "((" Node " " Word ") = " RightSide
 //            | "(" Node ( " = " | " == " ) RightSide
 bool ParseCommonForm(std::string_view Text, ConstraintParts& PartsReturn) {
+  PartsReturn = {};
   PartsReturn.IsWholeNode = !Take(Text, "((");
-  PartsReturn.RightNode.reset();
   if (PartsReturn.IsWholeNode && !Take(Text, "(")) {
     return false;
   }
@@ -346,11 +346,12 @@ bool ReadConstraint(std::string_view Written, ConstraintFields& FieldsReturn) {
 int AgreedIndexIn(std::string_view FeatValue) {
   constexpr std::size_t MaxNumber = 1000;
   constexpr int UnknownIndex = -1;
-  const std::size_t Letter = FeatValue.find_last_of("XY");
-  if (Letter == std::string_view::npos || Letter + 1 == FeatValue.size()) {
+  const std::string_view UpToLetter =
+      DropBack(FeatValue, [](char Byte) { return Byte != 'X' && Byte != 'Y'; });
+  if (UpToLetter.empty() || UpToLetter.size() == FeatValue.size()) {
     return UnknownIndex;
   }
-  return ToInt(FeatValue.substr(Letter + 1, MaxNumber));
+  return ToInt(FeatValue.substr(UpToLetter.size(), MaxNumber));
 }
 
 }  // namespace TrRuleInternal

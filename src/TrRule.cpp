@@ -9,6 +9,7 @@
 #include "Ascii.h"
 #include "HeaderLine.h"
 #include "LineScan.h"
+#include "LineWriting.h"
 #include "OrderHalt.h"
 #include "PieceCutter.h"
 #include "PrintOrder.h"
@@ -23,7 +24,14 @@
 
 using TrRuleInternal::AlignmentFault;
 using TrRuleInternal::AlignmentParts;
-using TrRuleInternal::Append;
+using TrRuleInternal::AppendHeaderLine;
+using TrRuleInternal::AppendJoined;
+using TrRuleInternal::AppendLabelsLine;
+using TrRuleInternal::AppendListLine;
+using TrRuleInternal::AppendMapLine;
+using TrRuleInternal::AppendScoreLine;
+using TrRuleInternal::AppendTextLine;
+using TrRuleInternal::AppendWordsLine;
 using TrRuleInternal::ConstraintParts;
 using TrRuleInternal::Contains;
 using TrRuleInternal::CutInTwo;
@@ -224,15 +232,6 @@ std::vector<std::string> UpperAll(std::vector<std::string> vsTexts) {
 
 std::vector<std::string> ParseWords(const Tokenizer& Tokenize, std::string sSentence) {
   return Tokenize(TrRuleInternal::Upper(std::move(sSentence)), " ", true);
-}
-
-void AppendJoined(std::string& TextReturn, const std::vector<std::string>& vsTexts) {
-  for (const std::string& sText : vsTexts) {
-    if (&sText != &vsTexts.front()) {
-      TextReturn += ' ';
-    }
-    TextReturn += sText;
-  }
 }
 
 std::string Joined(const std::vector<std::string>& vsTexts) {
@@ -898,45 +897,6 @@ namespace {
 
 constexpr std::string_view BlockStart = "\n(\n";
 
-void AppendHeader(std::string& TextReturn, const std::string& Type, int RuleIndex) {
-  Append(TextReturn, {"{", Type, ",", Decimal(RuleIndex), "}\n"});
-}
-
-void AppendWordsLine(std::string& TextReturn, std::string_view Label,
-                     const std::vector<std::string>& vsWords) {
-  TextReturn += Label;
-  for (const std::string& sWord : vsWords) {
-    Append(TextReturn, {" ", sWord});
-  }
-  TextReturn += '\n';
-}
-
-void AppendScoreLine(std::string& TextReturn, int NumTrExamples) {
-  Append(TextReturn, {";;Score:", Decimal(NumTrExamples), "\n"});
-}
-
-void AppendTextLine(std::string& TextReturn, std::string_view Label, const std::string& sText) {
-  Append(TextReturn, {Label, sText, "\n"});
-}
-
-void AppendMapLine(std::string& TextReturn, std::string_view Label,
-                   const std::map<int, int>& miiMap) {
-  TextReturn += Label;
-  for (const auto& [Word, Component] : miiMap) {
-    Append(TextReturn, {"\t", Decimal(Word), "->", Decimal(Component), ","});
-  }
-  TextReturn += '\n';
-}
-
-void AppendListLine(std::string& TextReturn, std::string_view Label,
-                    const std::vector<std::string>& vsTexts) {
-  TextReturn += Label;
-  for (const std::string& sText : vsTexts) {
-    Append(TextReturn, {"\t", sText});
-  }
-  TextReturn += '\n';
-}
-
 void PrintLines(const std::vector<std::string>& vsLines) {
   for (const std::string& sLine : vsLines) {
     std::cout << sLine << std::endl;
@@ -946,11 +906,7 @@ void PrintLines(const std::vector<std::string>& vsLines) {
 }  // namespace
 
 void TrRule::AppendRuleLine(std::string& TextReturn) const {
-  Append(TextReturn, {SLType, "::", TLType, " ["});
-  AppendJoined(TextReturn, SLPOS);
-  TextReturn += "] -> [";
-  AppendJoined(TextReturn, TLPOS);
-  TextReturn += ']';
+  TrRuleInternal::AppendRuleLine(TextReturn, SLType, TLType, SLPOS, TLPOS);
 }
 
 void TrRule::AppendAlignmentLine(std::string& TextReturn, std::string_view X,
@@ -959,7 +915,7 @@ void TrRule::AppendAlignmentLine(std::string& TextReturn, std::string_view X,
   constexpr int TargetSide = 2;
   const bool Lexicalized =
       IsLexicalized(ToInt(X), SourceSide) || IsLexicalized(ToInt(Y), TargetSide);
-  Append(TextReturn, {Lexicalized ? ";--;(X" : "(X", X, "::Y", Y, ")"});
+  TrRuleInternal::AppendAlignmentLine(TextReturn, X, Y, Lexicalized);
 }
 
 void TrRule::AppendAlignments(std::string& TextReturn) const {
@@ -998,7 +954,7 @@ std::size_t TrRule::ExpectedExampleSize() const {
 }
 
 void TrRule::AppendExample(std::string& TextReturn) const {
-  AppendHeader(TextReturn, SLType, RuleIndex);
+  AppendHeaderLine(TextReturn, SLType, RuleIndex);
   AppendWordsLine(TextReturn, ";;SL:", SLWords);
   AppendWordsLine(TextReturn, ";;TL:", TLWords);
   if (!CStructure.empty()) {
@@ -1010,7 +966,7 @@ void TrRule::AppendExample(std::string& TextReturn) const {
 void TrRule::Print() {
   PrintLines(Comments);
   std::string Lines;
-  AppendHeader(Lines, POS, RuleIndex);
+  AppendHeaderLine(Lines, POS, RuleIndex);
   AppendRuleLine(Lines);
   std::cout << Lines << std::endl;
   std::cout << '(' << std::endl;
@@ -1065,11 +1021,7 @@ std::string TrRule::ReturnAsStringForComparison() {
 std::string TrRule::ComparisonText() const {
   std::string Text;
   Text.reserve(ExpectedBlockSize() + WordLevelTLPOS.size() * 8);
-  Text += ';';
-  for (const std::string& sLabel : WordLevelTLPOS) {
-    Append(Text, {sLabel, " "});
-  }
-  Text += '\n';
+  AppendLabelsLine(Text, WordLevelTLPOS);
   AppendBlock(Text);
   return Text;
 }

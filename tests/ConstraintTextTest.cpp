@@ -3,18 +3,27 @@
 
 #include "ConstraintText.h"
 
+#include "support/RandomInput.h"
+#include "support/Samples.h"
 #include "support/SlowTwins.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 using std::string_literals::operator""s;
+using TrRuleInternal::AgreedIndexIn;
 using TrRuleInternal::ConstraintFields;
 using TrRuleInternal::ConstraintParts;
 using TrRuleInternal::FieldsOfCommonForm;
+using TrRuleInternal::NodeText;
 using TrRuleInternal::ParseCommonForm;
+using TrRuleInternal::ReadConstraint;
+using TrRuleInternal::RightKind;
 
 namespace {
 
@@ -30,7 +39,155 @@ std::string FieldsOf(const ConstraintFields& Fields) {
                              Fields.FeatValue, 0, Fields.ValueConstraint));
 }
 
+std::string NameOf(RightKind Kind) {
+  switch (Kind) {
+    case RightKind::Node:
+      return "node";
+    case RightKind::Reference:
+      return "reference";
+    case RightKind::Value:
+      return "value";
+    case RightKind::Or:
+      return "or";
+    case RightKind::Not:
+      return "not";
+  }
+  return "";
+}
+
+/// Checks that side and number of a node are those of its text, which it gives.
+std::string TextOf(const NodeText& Node) {
+  const std::string Text(Node.Text);
+  EXPECT_EQ(Slow::Upper(Text.substr(0, 1)), std::string(1, Node.Side)) << Text;
+  EXPECT_EQ(Node.Index, std::atoi(Text.substr(1).c_str())) << Text;
+  return Text;
+}
+
+/// The parts in the order of `Slow::ConstraintParts`, in an object that has held others before.
+std::optional<Strings> PartsOf(const std::string& Text) {
+  ConstraintParts Parts;
+  ParseCommonForm("((y9 before) = (y8 before))", Parts);
+  if (!ParseCommonForm(Text, Parts)) {
+    return std::nullopt;
+  }
+  EXPECT_EQ(Parts.IsWholeNode, Parts.Feature.empty()) << Text;
+  return Strings{TextOf(Parts.Left),
+                 std::string(Parts.Feature),
+                 std::string(Parts.Equals),
+                 NameOf(Parts.Kind),
+                 std::string(Parts.Right),
+                 Parts.RightNode ? TextOf(*Parts.RightNode) : "",
+                 std::string(Parts.RightFeature),
+                 std::string(Parts.Value)};
+}
+
+const std::string ConstraintBytes = "()=* xyXY0129-\t\r_orOR\0\xE9"s;
+
 }  // namespace
+
+TEST(ConstraintText, TakesTheCommonFormApart) {
+  const std::pair<std::string, Strings> Cases[] = {
+      {"(x0 = x3)", {"x0", "", "=", "node", "x3", "x3", "", "x3"}},
+      {"(Y0 == X10)", {"Y0", "", "==", "node", "X10", "X10", "", "X10"}},
+      {"(y1 == (y0 det))", {"y1", "", "==", "reference", "(y0 det)", "y0", "det", ""}},
+      {"((x0 det) = x1)", {"x0", "det", "=", "value", "x1", "x1", "", "x1"}},
+      {"((y1 num) = sg)", {"y1", "num", "=", "value", "sg", "", "", "sg"}},
+      {"((y1 num) = x1a)", {"y1", "num", "=", "value", "x1a", "", "", "x1a"}},
+      {"((y1 num) = (y2 gen))", {"y1", "num", "=", "reference", "(y2 gen)", "y2", "gen", ""}},
+      {"((x1 num) = (*OR* sg pl))", {"x1", "num", "=", "or", "(*OR* sg pl)", "", "", "sg pl"}},
+      {"((x1 num) = (*or*  a  b ))", {"x1", "num", "=", "or", "(*or*  a  b )", "", "", " a  b"}},
+      {"((x1 num) = (*Not* sg))", {"x1", "num", "=", "not", "(*Not* sg)", "", "", "sg"}},
+      {"((x01 +-_9) = x1234567890)",
+       {"x01", "+-_9", "=", "value", "x1234567890", "", "", "x1234567890"}},
+  };
+  for (const auto& [Text, vsExpected] : Cases) {
+    EXPECT_EQ(PartsOf(Text), std::optional(vsExpected)) << Text;
+    EXPECT_EQ(Slow::ConstraintParts(Text), std::optional(vsExpected)) << Text;
+  }
+}
+
+TEST(ConstraintText, PartsPointIntoTheText) {
+  const std::string Text = "((x1 num) = (y2 gen))";
+  ConstraintParts Parts;
+  ASSERT_TRUE(ParseCommonForm(Text, Parts));
+  EXPECT_EQ(Parts.Left.Text.data(), Text.data() + 2);
+  EXPECT_EQ(Parts.Feature.data(), Text.data() + 5);
+  EXPECT_EQ(Parts.Equals.data(), Text.data() + 10);
+  EXPECT_EQ(Parts.Right.data(), Text.data() + 12);
+  EXPECT_EQ(Parts.RightNode->Text.data(), Text.data() + 13);
+  EXPECT_EQ(Parts.RightFeature.data(), Text.data() + 16);
+}
+
+TEST(ConstraintText, TakesEveryPrefixApartAsTheReferenceDoes) {
+  for (const std::string& sSample : ConstraintSamples) {
+    for (std::size_t Size = 0; Size <= sSample.size(); ++Size) {
+      const std::string Prefix = sSample.substr(0, Size);
+      EXPECT_EQ(PartsOf(Prefix), Slow::ConstraintParts(Prefix)) << Prefix;
+    }
+  }
+}
+
+TEST(ConstraintText, TakesRandomTextsApartAsTheReferenceDoes) {
+  RandomInput Random;
+  const Strings vsWords = {"((x1 ", "(y0",  " ",      "num",     ") = ", " = ", "==",
+                           "x3",    "(y2 ", "(*OR* ", "(*not* ", "sg",   ")",   "))"};
+  int Taken = 0;
+  for (int Case = 0; Case < 20000; ++Case) {
+    const std::string Text = Case % 2 == 0
+                                 ? Random.Damaged(Random.Pick(ConstraintSamples), ConstraintBytes)
+                                 : Random.WordsOf(vsWords, 7);
+    const std::optional<Strings> vsExpected = Slow::ConstraintParts(Text);
+    ASSERT_EQ(PartsOf(Text), vsExpected) << Text;
+    if (vsExpected) {
+      ConstraintParts Parts;
+      ParseCommonForm(Text, Parts);
+      ASSERT_EQ(FieldsOf(FieldsOfCommonForm(Parts)), FieldsOf(Slow::Read(Text).Record)) << Text;
+      ++Taken;
+    }
+  }
+  EXPECT_GT(Taken, 1000);
+}
+
+TEST(ConstraintText, LeavesTheFieldsAloneWhereATextCannotBeRead) {
+  const std::pair<std::string, bool> Cases[] = {
+      {"", false},
+      {"x", false},
+      {"=", false},
+      {")=", false},
+      {"(x1 = x2 = x3)", false},
+      {"((x1 num)= ", false},
+      {"x1= =", true},
+  };
+  for (const auto& [Text, IsInFormat] : Cases) {
+    ConstraintFields Fields{7, 8, "FEATURE", "VALUE", true};
+    EXPECT_EQ(ReadConstraint(Text, Fields), IsInFormat) << Text;
+    EXPECT_EQ(FieldsOf(Fields), "7|8|FEATURE|VALUE|value") << Text;
+  }
+}
+
+TEST(ConstraintText, FindsTheIndexThatAValueRefersTo) {
+  const std::pair<std::string, int> Cases[] = {
+      {"", -1},
+      {"SG", -1},
+      {"X3", 3},
+      {"(Y2", 2},
+      {"(Y0 DET", 0},
+      {"X", -1},
+      {"X3Y", -1},
+      {"X1 Y12", 12},
+      {"x3", -1},
+      {"XA", 0},
+      {"Y-3", -3},
+      {"NEXT", 0},
+      {"X 4", 4},
+      {"X2147483648", -2147483647 - 1},
+      {"X" + std::string(999, '0') + "7", 7},
+      {"X" + std::string(1000, '0') + "7", 0},
+  };
+  for (const auto& [Value, Expected] : Cases) {
+    EXPECT_EQ(AgreedIndexIn(Value), Expected) << Value;
+  }
+}
 
 TEST(ConstraintText, ReadsTheCommonFormAsTheLenientRulesDo) {
   const std::string Word = "+-_0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";

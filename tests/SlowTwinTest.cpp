@@ -11,98 +11,38 @@
 #include "support/FastTwins.h"
 #include "support/HaltGuard.h"
 #include "support/PrivateAccess.h"
+#include "support/RandomInput.h"
 #include "support/Samples.h"
 #include "support/StreamCapture.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <iostream>
 #include <map>
 #include <optional>
-#include <random>
 #include <set>
 #include <string>
 #include <vector>
 
 using std::string_literals::operator""s;
 
-struct ConstraintsMapTag {
-  using Member = std::map<std::string, Constraint> TrRule::*;
-  friend constexpr Member GetMember(ConstraintsMapTag Tag);
-};
-template struct PrivateMember<ConstraintsMapTag, &TrRule::ConstraintsMap>;
-
 namespace {
 
 /// Of each algorithm; there are ten of them.
 constexpr int Cases = 21000;
 
-/// Makes the random input. Numbers are taken one after the other, in statements of their own: the
-/// order of operands and arguments is the compiler's choice, and the input shall not depend on it.
-class SlowTwin : public testing::Test {
+class SlowTwin : public testing::Test, protected RandomInput {
  protected:
   static void SetUpTestSuite() {
     std::cout << "Random input of TRRULE_TEST_SEED=" << Seed() << '\n';
   }
-
-  static unsigned Seed() {
-    constexpr unsigned UsualSeed = 20411;
-    const char* Given = std::getenv("TRRULE_TEST_SEED");
-    return Given == nullptr ? UsualSeed : static_cast<unsigned>(std::strtoul(Given, nullptr, 10));
-  }
-
-  std::size_t Below(std::size_t Limit) { return Engine() % Limit; }
-
-  /// One element of a vector, or one byte of a string.
-  template <typename CollectionT>
-  auto Pick(const CollectionT& Collection) {
-    return Collection[Below(Collection.size())];
-  }
-
-  /// Up to so many bytes of an alphabet.
-  std::string TextOf(const std::string& Alphabet, std::size_t MaxLength);
-
-  /// The text with some of its bytes lost, replaced or put in front of another.
-  std::string Damaged(std::string Text, const std::string& Bytes);
-
-  /// Up to so many words, in any order.
-  std::string WordsOf(const Strings& vsWords, std::size_t MaxCount);
 
   /// An alignment string with pairs that may repeat, in any order.
   std::string Pairs();
 
   /// Mostly a reference to a greater index, sometimes to any, or a value; rarely to no index.
   Constraint AnyReference();
-
-  std::mt19937 Engine{Seed()};
 };
-
-std::string SlowTwin::TextOf(const std::string& Alphabet, std::size_t MaxLength) {
-  std::string Text(Below(MaxLength + 1), ' ');
-  for (char& Byte : Text) {
-    Byte = Pick(Alphabet);
-  }
-  return Text;
-}
-
-std::string SlowTwin::Damaged(std::string Text, const std::string& Bytes) {
-  for (std::size_t Change = 1 + Below(4); Change > 0 && !Text.empty(); --Change) {
-    const std::size_t Place = Below(Text.size());
-    const std::size_t Lost = Below(2);
-    const std::size_t Added = Below(2);
-    Text.replace(Place, Lost, Added, Pick(Bytes));
-  }
-  return Text;
-}
-
-std::string SlowTwin::WordsOf(const Strings& vsWords, std::size_t MaxCount) {
-  std::string Text;
-  for (std::size_t Left = Below(MaxCount + 1); Left > 0; --Left) {
-    Text += Pick(vsWords);
-  }
-  return Text;
-}
 
 std::string SlowTwin::Pairs() {
   std::string Text = "(";
@@ -331,7 +271,7 @@ struct TwoStores {
   }
 
   void ExpectTheSame() const {
-    ASSERT_EQ(FieldsByKey(Rule.*GetMember(ConstraintsMapTag())), FieldsByKey(Store.Entries()));
+    ASSERT_EQ(FieldsByKey(Rule.*GetMember(ConstraintsTag())), FieldsByKey(Store.Entries()));
   }
 };
 

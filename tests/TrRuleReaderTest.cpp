@@ -3,8 +3,11 @@
 // nothing read before that is undone.
 
 #include "TrRule.h"
+
+#include "RuleChecks.h"
 #include "support/ChildProcess.h"
 #include "support/DebugLevel.h"
+#include "support/ReferenceReader.h"
 #include "support/Samples.h"
 #include "support/StreamCapture.h"
 
@@ -111,147 +114,18 @@ std::string BadConstraint(const std::string& Line) {
 const std::string Whole = "A::B [C] -> [D]\n(X1::Y1)\n";
 const std::string WholeBrief = "{,-1} | A::B [C] -> [D] | ((1,1))";
 
-/// The reader once more, made of the rule's other public operations: slow, and plain enough to be
-/// checked by eye.
-class Twin {
- public:
-  bool Read(const std::string& Text) {
-    for (std::string Line : Tokenize(Text, "\n")) {
-      if (Line.back() == '\r') {
-        Line.pop_back();
-      }
-      if (!ReadLine(Line)) {
-        return false;
-      }
-    }
-    return (TypeSeen && AlignmentSeen) || Fail(Missing);
-  }
-
-  /// What `Brief` should give of the rule that was read.
-  std::string ExpectedBrief() { return Comments + "{" + POS + Brief(Rule).substr(1); }
-
-  /// What `Members` should give of it.
-  std::string ExpectedMembers(bool WasRead) {
-    return WasRead
-               ? StringUtils::ReplaceAll(Members(Rule), "vsAllAlignments: { }\n",
-                                         "vsAllAlignments: { <" + Rule.GetAlignmentStr() + "> }\n")
-               : Members(Rule);
-  }
-
- private:
-  static bool Has(const std::string& Text, const std::string& Part) {
-    return Text.find(Part) != std::string::npos;
-  }
-
-  static bool Fail(const std::string& Message) {
-    std::cerr << Message;
-    return false;
-  }
-
-  bool ReadLine(const std::string& Line) {
-    if (Has(Line, ";;")) {
-      Comments += Line + " | ";
-    }
-    if (Has(Line, "{")) {
-      ReadHeader(Tokenize(Line, ","));
-    }
-    if (Has(Line, "] -> [")) {
-      return TypeSeen ? Fail(Duplicate) : ReadTypeLine(Line);
-    }
-    if (Has(Line, "::")) {
-      AlignmentSeen = Rule.AddAlignment(Line);
-      return AlignmentSeen || Fail(BadAlignment(Line));
-    }
-    if (Has(Line, "=")) {
-      Rule.SetConstraint(Line);
-    }
-    return true;
-  }
-
-  void ReadHeader(const Strings& vsPieces) {
-    if (vsPieces.size() < 2 || !Has(vsPieces[0], "{") || vsPieces[1].find('}') + 1 < 2) {
-      return;
-    }
-    const std::size_t Open = vsPieces[0].find('{');
-    POS = vsPieces[0].substr(Open + 1, Open + 2);
-    const char Digit = vsPieces[1][vsPieces[1].find('}') - 1];
-    Rule.SetRuleIndex(Digit >= '0' && Digit <= '9' ? Digit - '0' : 0);
-  }
-
-  bool ReadTypeLine(const std::string& Line) {
-    TypeSeen = true;
-    const Strings vsParts = Tokenize(Line, " -> ");
-    return std::all_of(vsParts.begin(), vsParts.end(), [this](const std::string& sPart) {
-      return Has(sPart, "::") ? ReadSLPart(sPart) : ReadTLPart(sPart);
-    });
-  }
-
-  bool ReadSLPart(const std::string& Part) {
-    const std::string Word = Tokenize(Part, " ").front();
-    const Strings vsTypes = Tokenize(Word, "::");
-    if (!Has(Word, "::") || vsTypes.size() != 2) {
-      return Fail(BadTypes);
-    }
-    Rule.SetSLType(vsTypes[0]);
-    Rule.SetTLType(vsTypes[1]);
-    const std::string Sequence = SequenceOf(Part);
-    if (Sequence.empty()) {
-      return Fail(BadSL);
-    }
-    Rule.SetSLPOS(Sequence);
-    Rule.SetWordLevelSLPOS(Sequence);
-    return true;
-  }
-
-  bool ReadTLPart(const std::string& Part) {
-    const std::string Sequence = SequenceOf(Part);
-    if (Sequence.empty()) {
-      return Fail(BadTL);
-    }
-    Rule.SetTLPOS(Sequence);
-    Rule.SetWordLevelTLPOS(Sequence);
-    return true;
-  }
-
-  static std::string SequenceOf(std::string Part) {
-    if (!Has(Part, "[") || !Has(Part, "]")) {
-      return "";
-    }
-    while (Part.front() != '[') {
-      Part.erase(0, 1);
-    }
-    if (Part.size() > 1) {
-      Part.erase(0, 1);
-    }
-    while (!Part.empty() && Part.back() != ']') {
-      Part.pop_back();
-    }
-    if (Part.size() > 1) {
-      Part.pop_back();
-    }
-    return Part;
-  }
-
-  TrRule Rule;
-  Tokenizer Tokenize;
-  std::string Comments;
-  std::string POS;
-  bool TypeSeen = false;
-  bool AlignmentSeen = false;
-};
-
-/// Reads the text with the reader and with its twin: result, streams and every member agree.
-void ExpectAsTwin(const std::string& Text) {
+/// Reads the text with the reader and with the reference reader: result, streams and every member
+/// agree.
+void ExpectAsReference(const std::string& Text) {
   SCOPED_TRACE(Text);
   TrRule Rule;
   const Reading Result = Read(Rule, Text);
-  Twin Other;
-  bool TwinResult = false;
-  const Written TwinStreams = WrittenBy([&] { TwinResult = Other.Read(Text); });
-  EXPECT_EQ(Result.Result, TwinResult);
-  EXPECT_EQ(Result.Streams, TwinStreams);
-  EXPECT_EQ(Brief(Rule), Other.ExpectedBrief());
-  EXPECT_EQ(Members(Rule), Other.ExpectedMembers(TwinResult));
+  TrRule Other;
+  Reading Expected;
+  Expected.Streams = WrittenBy([&] { Expected.Result = ReferenceReader(Other).Read(Text); });
+  EXPECT_EQ(Result.Result, Expected.Result);
+  EXPECT_EQ(Result.Streams, Expected.Streams);
+  EXPECT_EQ(MembersOf(Rule), MembersOf(Other));
 }
 
 }  // namespace
@@ -356,7 +230,7 @@ TEST(TrRuleReader, ReadsEveryPrefixOfTheSample) {
   const std::string Windows = StringUtils::ReplaceAll(SampleText, "\n", "\r\n");
   for (const std::string& sText : {SampleText, Windows}) {
     for (std::size_t Size = 0; Size <= sText.size(); ++Size) {
-      ExpectAsTwin(sText.substr(0, Size));
+      ExpectAsReference(sText.substr(0, Size));
     }
   }
 }
@@ -366,7 +240,7 @@ TEST(TrRuleReader, ReadsTheSampleWithAnyByteChanged) {
     for (const char Byte : "{},;:[]()=-> \n\r\xFF"s + '\0') {
       std::string Text = SampleText;
       Text[Place] = Byte;
-      ExpectAsTwin(Text);
+      ExpectAsReference(Text);
     }
   }
 }
@@ -407,9 +281,9 @@ TEST(TrRuleReader, ReadsEveryPairOfLines) {
                         "="};
   for (const std::string& sFirst : vsLines) {
     for (const std::string& sSecond : vsLines) {
-      ExpectAsTwin(sFirst + '\n' + sSecond);
-      ExpectAsTwin(sFirst + '\n' + sSecond + '\n' + Whole);
-      ExpectAsTwin(Whole + sFirst + '\n' + sSecond);
+      ExpectAsReference(sFirst + '\n' + sSecond);
+      ExpectAsReference(sFirst + '\n' + sSecond + '\n' + Whole);
+      ExpectAsReference(Whole + sFirst + '\n' + sSecond);
     }
   }
 }

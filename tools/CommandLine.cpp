@@ -14,6 +14,14 @@ void AddRunOptions(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn) {
   CommandReturn.add_flag("-q,--quiet", RunReturn.Quiet, "show no progress at a terminal");
 }
 
+void AddThreads(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn) {
+  CommandReturn
+      .add_option("--threads", RunReturn.Threads,
+                  "work on so many threads; as many as there are cores otherwise")
+      ->check(CLI::Range(1U, 1024U))
+      ->type_name("N");
+}
+
 void AddKeepBad(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn) {
   CommandReturn.add_flag("--keep-bad", RunReturn.KeepBad,
                          "pass rules that cannot be read, or not whole, through as they stand");

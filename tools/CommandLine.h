@@ -14,6 +14,9 @@ using Action = std::function<int()>;
 /// Adds the options that every command over rules has: files, -o, --force, --quiet.
 void AddRunOptions(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
 
+/// Adds --threads, which changes nothing of what is written.
+void AddThreads(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
+
 /// Adds --keep-bad.
 void AddKeepBad(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
 
@@ -31,5 +34,6 @@ void AddSortCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddUniqueCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddFromJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn);
+void AddTranslateCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddHelpCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddVersionCommand(CLI::App& ProgramReturn, Action& ActionReturn);

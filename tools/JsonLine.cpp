@@ -21,6 +21,7 @@ void AddJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   CLI::App* Command = ProgramReturn.add_subcommand("json", "Write rules as JSON, one a line");
   const auto Run = std::make_shared<Grammar::RunOptions>();
   AddRunOptions(*Command, *Run);
+  AddThreads(*Command, *Run);
   AddKeepBad(*Command, *Run);
   Command->footer(Footer);
   Command->callback([Run, &ActionReturn] { ActionReturn = [Run] { return RunJson(*Run); }; });

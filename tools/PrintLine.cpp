@@ -33,6 +33,7 @@ void AddPrintCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   CLI::App* Command = ProgramReturn.add_subcommand("print", "Write rules in the normal form");
   const auto Line = std::make_shared<PrintLine>();
   AddRunOptions(*Command, Line->Run);
+  AddThreads(*Command, Line->Run);
   AddKeepBad(*Command, Line->Run);
   Command->add_flag("--no-comments", Line->Options.Form.NoComments, "leave comments out");
   Command->add_flag("--one-line", Line->Options.Form.OneLine, "write each rule on one line");

@@ -41,6 +41,7 @@ void AddSortCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   CLI::App* Command = ProgramReturn.add_subcommand("sort", "Write rules in order");
   const auto Line = std::make_shared<SortLine>();
   AddRunOptions(*Command, Line->Run);
+  AddThreads(*Command, Line->Run);
   AddKeepBad(*Command, Line->Run);
   AddMemoryOption(*Command, Line->Options.Memory);
   Command

@@ -22,6 +22,7 @@ constexpr const char* Footer =
     "  trrule unique --memory 64M *.trr       each rule once, counts added\n"
     "  trrule json np.trr                     one JSON object a line\n"
     "  trrule from-json rules.jsonl           and back\n"
+    "  trrule translate np.trr --text TEXT    what the rules make of a text\n"
     "  trrule help sort                       all of one command\n";
 
 int Fail(const std::string& Message) {
@@ -53,6 +54,7 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddUniqueCommand(Program, Chosen);
   AddJsonCommand(Program, Chosen);
   AddFromJsonCommand(Program, Chosen);
+  AddTranslateCommand(Program, Chosen);
   AddHelpCommand(Program, Chosen);
   AddVersionCommand(Program, Chosen);
   if (ArgumentCount < 2) {

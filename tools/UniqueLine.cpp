@@ -45,6 +45,7 @@ void AddUniqueCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
       ProgramReturn.add_subcommand("unique", "Write each rule once, counts and comments added up");
   const auto Line = std::make_shared<UniqueLine>();
   AddRunOptions(*Command, Line->Run);
+  AddThreads(*Command, Line->Run);
   AddKeepBad(*Command, Line->Run);
   AddMemoryOption(*Command, Line->Options.Memory);
   Command->add_flag("--sorted", Line->Options.Sorted, "in order, not as they come first");

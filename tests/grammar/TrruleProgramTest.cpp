@@ -224,6 +224,7 @@ TEST(TrruleProgram, HasHelpWithAnExampleForEachCommand) {
 
 TEST(TrruleProgram, KnowsTheSameOptionsInHelpManualAndCompletions) {
   StringSet ssOptions = OptionsIn(RunTrrule({"--help"}).Out);
+  ssOptions.merge(OptionsIn(RunTrrule({"translate", "--help"}).Out));
   for (const std::string& sCommand : Commands) {
     ssOptions.merge(OptionsIn(RunTrrule({sCommand, "--help"}).Out));
   }
@@ -247,9 +248,9 @@ std::string OfferedByBash(const std::string& Words, int Position) {
 
 TEST(TrruleProgram, IsCompletedByBash) {
   EXPECT_EQ(OfferedByBash("trrule ''", 1),
-            "check print sort unique json from-json help version -h --help --version\n");
+            "check print sort unique json from-json translate help version -h --help --version\n");
   EXPECT_EQ(OfferedByBash("trrule help ''", 2),
-            "check print sort unique json from-json help version\n");
+            "check print sort unique json from-json translate help version\n");
   EXPECT_EQ(OfferedByBash("trrule p", 1), "print\n");
   EXPECT_EQ(OfferedByBash("trrule sort --r", 2), "--reverse\n");
   EXPECT_EQ(OfferedByBash("trrule sort --by ''", 3), "index type count length\n");

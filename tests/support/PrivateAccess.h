@@ -2,7 +2,12 @@
 
 #include "TrRule.h"
 
-/// The private operations of `TrRule`, for the tests that pin them. An explicit instantiation may
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// The private members of `TrRule`, for the tests that pin them. An explicit instantiation may
 /// name private members, which is what this rests on; the class itself knows nothing of it.
 ///
 ///   CallIsOneToOne(Rule, 1, 3);
@@ -34,6 +39,30 @@ struct PrintOrderTag {
   friend constexpr Member GetMember(PrintOrderTag Tag);
 };
 template struct PrivateMember<PrintOrderTag, &TrRule::GetConstraintsInPrintOrder>;
+
+struct CommentsTag {
+  using Member = std::vector<std::string> TrRule::*;
+  friend constexpr Member GetMember(CommentsTag Tag);
+};
+template struct PrivateMember<CommentsTag, &TrRule::Comments>;
+
+struct HeaderTypeTag {
+  using Member = std::string TrRule::*;
+  friend constexpr Member GetMember(HeaderTypeTag Tag);
+};
+template struct PrivateMember<HeaderTypeTag, &TrRule::POS>;
+
+struct AllAlignmentsTag {
+  using Member = std::vector<std::string> TrRule::*;
+  friend constexpr Member GetMember(AllAlignmentsTag Tag);
+};
+template struct PrivateMember<AllAlignmentsTag, &TrRule::vsAllAlignments>;
+
+struct ConstraintsTag {
+  using Member = std::map<std::string, Constraint> TrRule::*;
+  friend constexpr Member GetMember(ConstraintsTag Tag);
+};
+template struct PrivateMember<ConstraintsTag, &TrRule::ConstraintsMap>;
 
 inline bool CallIsOneToOne(const TrRule& Rule, int X, int Y) {
   return (Rule.*GetMember(IsOneToOneTag()))(X, Y);

@@ -1,10 +1,11 @@
-// Sections, in the order of the header: texts, alignment strings, reading constraint texts, keeping
-// constraints, print order.
+// Sections, in the order of the header: texts, lines, alignment strings, reading constraint texts,
+// keeping constraints, print order.
 
 #include "support/SlowTwins.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <regex>
 
 using std::string_literals::operator""s;
 
@@ -113,6 +114,99 @@ std::string Replaced(std::string Text, const std::string& From, const std::strin
     Place = Text.find(From, Place + To.size());
   }
   return Text;
+}
+
+// ---- Lines ------------------------------------------------------------------------------------
+
+Strings MarksIn(const std::string& Text) {
+  Strings vsMarks;
+  for (const std::string& sMark : {";;"s, "{"s, "] -> ["s, "::"s, "="s}) {
+    if (Holds(Text, sMark)) {
+      vsMarks.push_back(sMark);
+    }
+  }
+  return vsMarks;
+}
+
+std::size_t CommentBegin(const std::string& Line) {
+  std::size_t Place = 0;
+  while (Place < Line.size() && Line.substr(Place, 2) != ";;") {
+    const std::size_t Quote = Line[Place] == '"' ? Line.find('"', Place + 1) : None;
+    Place = (Quote == None ? Place : Quote) + 1;
+  }
+  return Place;
+}
+
+namespace {
+
+/// The groups of a pattern that a whole text matches, those without a text empty.
+std::optional<Strings> GroupsOf(const std::string& Text, const std::regex& Pattern) {
+  std::smatch Match;
+  if (!std::regex_match(Text, Match, Pattern)) {
+    return std::nullopt;
+  }
+  return Strings(std::next(Match.begin()), Match.end());
+}
+
+const std::string NodePattern = "[xXyY][0-9]{1,9}";
+const std::string WordPattern = "[-+_0-9A-Za-z]+";
+
+}  // namespace
+
+std::optional<Strings> HeaderParts(const std::string& Line) {
+  static const std::regex Pattern("\\{([-_0-9A-Za-z]+),([0-9]+)\\}");
+  return GroupsOf(Line, Pattern);
+}
+
+std::optional<Strings> RuleLineParts(const std::string& Line) {
+  static const std::string Type = "([^ \t\n\v\f\r\\[\\]{}:;=>]+)";
+  static const std::string Labels =
+      "\\[( *[^ \t\n\v\f\r\\[\\]{}:;=>][^\t\n\v\f\r\\[\\]{}:;=>]*)\\]";
+  static const std::regex Pattern(Type + "::" + Type + "(?: :)? " + Labels + " -> " + Labels);
+  return GroupsOf(Line, Pattern);
+}
+
+std::optional<Strings> AlignmentParts(const std::string& Line) {
+  static const std::regex Pattern("\\([xX]([0-9]{1,9})::[yY]([0-9]{1,9})\\)");
+  return GroupsOf(Line, Pattern);
+}
+
+std::optional<Strings> ConstraintParts(const std::string& Text) {
+  const std::string Left = "\\(\\((" + NodePattern + ") (" + WordPattern + ")\\) = ";
+  static const std::regex Value(Left + "(" + WordPattern + ")\\)");
+  static const std::regex Marked(Left + "(\\(\\*([oO][rR]|[nN][oO][tT])\\* (" + "[-+_0-9A-Za-z ]*" +
+                                 ")\\))\\)");
+  static const std::regex Reference(Left + "(\\((" + NodePattern + ") (" + WordPattern +
+                                    ")\\))\\)");
+  static const std::regex Whole("\\((" + NodePattern + ") (==?) (" + NodePattern + ")\\)");
+  static const std::regex WholeReference("\\((" + NodePattern + ") (==?) (\\((" + NodePattern +
+                                         ") (" + WordPattern + ")\\))\\)");
+  static const std::regex NodeAlone(NodePattern);
+  if (const auto Found = GroupsOf(Text, Value)) {
+    const std::string& Right = Found->at(2);
+    const std::string RightNode = std::regex_match(Right, NodeAlone) ? Right : "";
+    return Strings{Found->at(0), Found->at(1), "=", "value", Right, RightNode, "", Right};
+  }
+  if (const auto Found = GroupsOf(Text, Marked)) {
+    const std::string Words = WithoutTrailingSpace(Found->at(4));
+    const Strings vsParts{
+        Found->at(0), Found->at(1), "=", Upper(Found->at(3)) == "OR" ? "or" : "not",
+        Found->at(2), "",           "",  Words};
+    return Words.empty() ? std::nullopt : std::optional(vsParts);
+  }
+  if (const auto Found = GroupsOf(Text, Reference)) {
+    return Strings{Found->at(0), Found->at(1), "=",          "reference",
+                   Found->at(2), Found->at(3), Found->at(4), ""};
+  }
+  if (const auto Found = GroupsOf(Text, Whole)) {
+    const std::string& Right = Found->at(2);
+    return Strings{Found->at(0), "", Found->at(1), "node", Right, Right, "", Right};
+  }
+  if (const auto Found = GroupsOf(Text, WholeReference)) {
+    return Strings{Found->at(0), "",           Found->at(1), "reference",
+                   Found->at(2), Found->at(3), Found->at(4), ""};
+  }
+  return std::nullopt;
 }
 
 // ---- Alignment strings ------------------------------------------------------------------------
@@ -435,8 +529,6 @@ std::string KeyPrefix(const Constraint& Record) {
          std::to_string(Record.GetConstrainedIndex()) + "__" + Record.GetFeature() + "__";
 }
 
-namespace {
-
 std::string MergedValue(const std::string& Old, const std::string& New) {
   std::set<std::string> ssTaken;
   std::string Both = "(*OR* ";
@@ -451,8 +543,6 @@ std::string MergedValue(const std::string& Old, const std::string& New) {
   Both.pop_back();
   return Both + ")";
 }
-
-}  // namespace
 
 bool Store::Insert(Constraint New, std::string& OutReturn) {
   const std::string Prefix = KeyPrefix(New);

@@ -42,6 +42,30 @@ std::string WithoutSpace(const std::string& Text);
 /// The text with each `From`, which must not be empty, replaced where it stands.
 std::string Replaced(std::string Text, const std::string& From, const std::string& To);
 
+// ---- Lines ------------------------------------------------------------------------------------
+
+/// The marks that a text holds, of `;;`, `{`, `] -> [`, `::` and `=`, in this order.
+Strings MarksIn(const std::string& Text);
+
+/// Where the comment of a line begins; its size where there is none.
+std::size_t CommentBegin(const std::string& Line);
+
+// What the lines in their common form are taken apart into, in the order of the fields; nothing for
+// any other text. They go by regular expressions, which suit short texts alone.
+
+/// Type and number of a header.
+std::optional<Strings> HeaderParts(const std::string& Line);
+
+/// Types and label sequences of a rule line.
+std::optional<Strings> RuleLineParts(const std::string& Line);
+
+/// The index texts of an alignment line.
+std::optional<Strings> AlignmentParts(const std::string& Line);
+
+/// Left node, feature, equals signs, kind of the right side, right side, its node, its feature, its
+/// value. The kind is "node", "reference", "value", "or" or "not"; what a text lacks is empty.
+std::optional<Strings> ConstraintParts(const std::string& Text);
+
 // ---- Alignment strings ------------------------------------------------------------------------
 
 /// A canonical string with the indices that were missing on the way: "x" and "y", in order.
@@ -105,9 +129,15 @@ RankedReading ReadRanked(const std::string& Text, int Rank, int Category);
 /// The beginning of a constraint's key, up to its value.
 std::string KeyPrefix(const Constraint& Record);
 
+/// The words of two values, those of the old one first, each once.
+std::string MergedValue(const std::string& Old, const std::string& New);
+
 /// A store that walks over all of its entries to merge a value.
 class Store {
  public:
+  Store() = default;
+  explicit Store(std::map<std::string, Constraint> Entries) : Stored(std::move(Entries)) {}
+
   /// Whether the key was new; `OutReturn` gets the lines of the merging added.
   bool Insert(Constraint New, std::string& OutReturn);
 

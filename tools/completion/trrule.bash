@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique json from-json help version'
+  local Commands='check print sort unique json from-json translate help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -34,7 +34,12 @@ _trrule() {
     Before=${COMP_WORDS[COMP_CWORD - 2]}
   fi
   case $Before in
-    --format) Words='text json sarif' ;;
+    --format)
+      case ${COMP_WORDS[1]} in
+        translate) Words='plain json tree' ;;
+        *) Words='text json sarif' ;;
+      esac
+      ;;
     --severity) Words='error warning' ;;
     --by) Words='index type count length' ;;
     --memory) Words='64M 256M 1G 50%' ;;
@@ -42,7 +47,8 @@ _trrule() {
       _trrule_codes "${COMP_WORDS[0]}" "$Word"
       return
       ;;
-    --examples) return ;;
+    --examples | --text | -k | --start | --threads) return ;;
+    --max-chain | --max-constituents | --max-derivations) return ;;
   esac
   case ${COMP_WORDS[1]} in
     help) Words=$Commands ;;
@@ -56,6 +62,11 @@ _trrule() {
       unique) Words="$Common --keep-bad --memory --sorted --repeated --count --examples" ;;
       json) Words="$Common --keep-bad" ;;
       from-json) Words=$Common ;;
+      translate)
+        Words="$Common --text --lexicon -k --all-derivations --start --partial --reverse"
+        Words="$Words --match-case --format --count --max-chain --max-constituents"
+        Words="$Words --max-derivations --threads"
+        ;;
     esac
   fi
   if [ -n "$Words" ]; then

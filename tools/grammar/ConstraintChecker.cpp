@@ -5,9 +5,9 @@
 #include "Bytes.h"
 #include "LineSlips.h"
 #include "LookAlikes.h"
-#include "RuleForm.h"
 
 #include <ConstraintFormat.h>
+#include <LineWriting.h>
 
 #include <utility>
 
@@ -83,13 +83,14 @@ bool ConstraintChecker::CheckAgreement(const Constraint& Each) {
 
 // ---- What the library does not keep -----------------------------------------------------------
 
-namespace {
-
-std::string LibraryText(const ConstraintFields& Fields) {
+std::string TextOf(const ConstraintFields& Fields) {
   std::string Text;
-  AppendLibraryText(Fields, Fields.FeatValue, Text);
+  TrRuleInternal::AppendConstraint(Text, {Fields.Category, Fields.ConstrainedIndex, Fields.Feature,
+                                          Fields.FeatValue, Fields.ValueConstraint});
   return Text;
 }
+
+namespace {
 
 std::string WithoutSpace(std::string_view Text) {
   std::string Result;
@@ -129,7 +130,7 @@ std::string AsKept(std::string_view Code, const ConstraintParts& Parts) {
 }  // namespace
 
 std::string ConstraintChecker::LibraryTextOf(const Constraint& Each) const {
-  return LibraryText(Rule.FieldsOf(Each));
+  return TextOf(Rule.FieldsOf(Each));
 }
 
 void ConstraintChecker::CheckEquals(const Constraint& Each) {
@@ -143,7 +144,7 @@ void ConstraintChecker::CheckEquals(const Constraint& Each) {
     ConstraintFields Fields;
     TrRuleInternal::ReadConstraint(Code, Fields);
     Message +=
-        "; the library's reader takes the reference behind it for a value: " + LibraryText(Fields);
+        "; the library's reader takes the reference behind it for a value: " + TextOf(Fields);
   }
   Findings.Add("TR024", Each.Line, Parts.Equals, std::move(Message), {Code, AsKept(Code, Parts)});
 }

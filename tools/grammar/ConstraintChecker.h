@@ -8,6 +8,9 @@
 
 namespace Grammar {
 
+/// What the library writes of a constraint that it has read.
+std::string TextOf(const TrRuleInternal::ConstraintFields& Fields);
+
 /// Finds what is wrong with one constraint line that is in the format, or will surprise.
 ///
 ///   ConstraintChecker(Rule, Findings).Check(Rule.Constraints().front());

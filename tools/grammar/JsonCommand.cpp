@@ -17,10 +17,14 @@ class JsonWriter : public RuleVisitor {
  public:
   explicit JsonWriter(OutputFile& OutputPassIn) : Output(OutputPassIn) {}
 
-  void TakeRule(RuleRecord& Record) override {
+  void PrepareRule(RuleRecord& Record, std::string& /*KeyReturn*/,
+                   std::string& TextReturn) const override {
+    AppendJson(Record, TextReturn);
+  }
+
+  void TakeRule(std::string_view /*Key*/, std::string_view Text) override {
     WritePending();
-    AppendJson(Record, Line);
-    WriteLine();
+    Output.Write(Text);
   }
 
   /// A text waits until it is known whether its last line has to be ended.

@@ -32,15 +32,15 @@ class Printer : public RuleVisitor {
   Printer(const PrintOptions& OptionsPassIn, OutputFile& OutputPassIn)
       : Options(OptionsPassIn), Output(OutputPassIn) {}
 
-  void TakeRule(RuleRecord& Record) override {
+  void PrepareRule(RuleRecord& Record, std::string& /*KeyReturn*/,
+                   std::string& TextReturn) const override {
     if (Options.Flip) {
       Record.Flip();
     }
-    HasStrayText = HasStrayText || Record.HasStrayText();
-    Text.clear();
-    AppendNormalForm(Record, Options.Form, Text);
-    Output.Write(Text);
+    AppendNormalForm(Record, Options.Form, TextReturn);
   }
+
+  void TakeRule(std::string_view /*Key*/, std::string_view Rule) override { Output.Write(Rule); }
 
   /// Comments without a rule get the normal form, too; what is no rule stays as it is, but for the
   /// line that it has to fit on.
@@ -63,15 +63,11 @@ class Printer : public RuleVisitor {
     }
   }
 
-  /// Whether a rule was written that had text on its lines that is no part of it.
-  bool HasWrittenStrayText() const { return HasStrayText; }
-
  private:
   PrintOptions Options;
   OutputFile& Output;
   std::string Text;
   bool IsRaw = false;  ///< whether the last text went out as it was
-  bool HasStrayText = false;
 };
 
 }  // namespace
@@ -80,7 +76,7 @@ int RunPrint(const RunOptions& Run, const PrintOptions& Options) {
   OutputFile Output(Run.Output);
   Printer Visitor(Options, Output);
   RunTally Tally = VisitRules(Run, Visitor);
-  Tally.HasLostText = Options.Form.NoComments && Visitor.HasWrittenStrayText();
+  Tally.HasLostText = Options.Form.NoComments && Tally.HasStrayText;
   return FinishRun(Run, Tally, Output);
 }
 

@@ -718,8 +718,7 @@ void Checker::CheckRepetitions() {
   std::map<Slot, std::size_t> mSlots;
   for (const SourceRule::ConstraintLine* Each : vConstraints) {
     const ConstraintFields Fields = Rule.FieldsOf(*Each);
-    std::string Written;
-    AppendLibraryText(Fields, Fields.FeatValue, Written);
+    const std::string Written = TextOf(Fields);
     const auto [Same, IsNew] =
         mKeys.try_emplace(TrRuleInternal::ConstraintKey(Fields.Category, Fields.ConstrainedIndex,
                                                         Fields.Feature, Fields.FeatValue),

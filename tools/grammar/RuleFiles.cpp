@@ -100,9 +100,15 @@ struct RuleFiles::Unfolded {
 RuleFiles::RuleFiles(std::vector<std::string> vsNamesPassIn, bool Quiet, bool FoldedPassIn)
     : vsNames(OrStandardInput(std::move(vsNamesPassIn))),
       IsFolded(FoldedPassIn),
-      Shown(Quiet, TotalSize(vsNames)) {}
+      Shown(Quiet, TotalSize(vsNames)),
+      Sink(ReportFailure) {}
 
 RuleFiles::~RuleFiles() = default;
+
+void RuleFiles::Fail(const std::string& Message) {
+  Failed = true;
+  Sink(Message);
+}
 
 void RuleFiles::Open(const std::string& Name) {
   File = std::make_unique<InputFile>(Name);
@@ -121,8 +127,7 @@ bool RuleFiles::OpenNext() {
     try {
       Open(vsNames[NextName++]);
     } catch (const InputError& Error) {
-      ReportFailure(Error.what());
-      Failed = true;
+      Fail(Error.what());
     }
   }
   return Reader != nullptr;
@@ -133,8 +138,7 @@ bool RuleFiles::ReadNext(RuleText& TextReturn) {
   try {
     return Reader->Next(TextReturn);
   } catch (const InputError& Error) {
-    ReportFailure(Error.what());
-    Failed = true;
+    Fail(Error.what());
     return false;
   }
 }

@@ -4,9 +4,11 @@
 #include "RuleReader.h"
 
 #include <cstdint>
+#include <functional>
 #include <istream>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Grammar {
@@ -52,6 +54,11 @@ class RuleFiles {
   /// Gives the next rule. @return false behind the last rule of the last file
   bool Next(RuleText& TextReturn);
 
+  /// Has files that cannot be read reported in another way, from now on.
+  void ReportFailuresTo(std::function<void(const std::string&)> SinkPassIn) {
+    Sink = std::move(SinkPassIn);
+  }
+
   /// Whether some file could not be read, or not to its end.
   bool HasFailed() const { return Failed; }
 
@@ -68,6 +75,7 @@ class RuleFiles {
  private:
   void Open(const std::string& Name);
   bool ReadNext(RuleText& TextReturn);
+  void Fail(const std::string& Message);
 
   struct Unfolded;
 
@@ -78,6 +86,7 @@ class RuleFiles {
   std::unique_ptr<Unfolded> Lines;
   std::unique_ptr<RuleReader> Reader;
   Progress Shown;
+  std::function<void(const std::string&)> Sink;
   bool Failed = false;
 };
 

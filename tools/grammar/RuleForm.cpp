@@ -5,6 +5,7 @@
 #include "Bytes.h"
 
 #include <ConstraintStore.h>
+#include <LineWriting.h>
 #include <RuleLoader.h>
 
 #include <algorithm>
@@ -274,21 +275,6 @@ constexpr std::string_view BlockStart = "\n(\n";
 
 }  // namespace
 
-void AppendLibraryText(const ConstraintFields& Fields, std::string_view FeatValue,
-                       std::string& TextReturn) {
-  const std::string_view Side = Fields.Category == 1 ? "X" : "Y";
-  const TrRuleInternal::Decimal Index(Fields.ConstrainedIndex);
-  const std::string& Feature = Fields.Feature;
-  using TrRuleInternal::Append;
-  if (Fields.ValueConstraint) {
-    Append(TextReturn, {"((", Side, Index, " ", Feature, ") = ", FeatValue, ")"});
-  } else if (Feature == TrRuleInternal::WholeNode) {
-    Append(TextReturn, {"(", Side, Index, " = ", FeatValue, ")"});
-  } else {
-    Append(TextReturn, {"((", Side, Index, " ", Feature, ") = ", FeatValue, " ", Feature, "))"});
-  }
-}
-
 /// Appends one constraint line in the normal form.
 void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
   const ConstraintParts& Parts = Each.Written->Parts;
@@ -327,7 +313,10 @@ void RuleForm::AppendEntry(const Entry& Each, std::string& TextReturn) const {
 
 /// Appends the one line that the library writes of an entry.
 void RuleForm::AppendLibraryEntry(const Entry& Each, std::string& TextReturn) const {
-  AppendLibraryText(vLines[Each.vLines.front()].Fields, ValueOf(Each), TextReturn);
+  const ConstraintFields& Fields = vLines[Each.vLines.front()].Fields;
+  TrRuleInternal::AppendConstraint(
+      TextReturn, {Fields.Category, Fields.ConstrainedIndex, Fields.Feature, ValueOf(Each),
+                   Fields.ValueConstraint});
   TextReturn += '\n';
 }
 

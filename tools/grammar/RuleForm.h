@@ -16,11 +16,6 @@ class TrRule;
 
 namespace Grammar {
 
-/// Appends the text that the library writes of a constraint.
-/// @param FeatValue its value, which may be merged
-void AppendLibraryText(const TrRuleInternal::ConstraintFields& Fields, std::string_view FeatValue,
-                       std::string& TextReturn);
-
 /// What a rule says, put in the library's order, and the texts that say it.
 ///
 /// The library's own text drops what its record does not hold: it puts literal words in capitals,

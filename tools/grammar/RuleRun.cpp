@@ -1,6 +1,6 @@
 #include "RuleRun.h"
 
-#include "RuleChecker.h"
+#include "Pipeline.h"
 #include "RuleFiles.h"
 #include "RunError.h"
 
@@ -50,44 +50,138 @@ RuleVisitor::~RuleVisitor() = default;
 
 namespace {
 
-/// Hands a rule to the visitor, if it can be read and written.
-/// @param vFindingsReturn gets what is to be reported of it
-/// @return whether the visitor has taken it
-bool TakeRule(const RuleText& Text, bool KeepBad, RuleRecord& Record, RuleVisitor& Visitor,
-              std::vector<Finding>& vFindingsReturn) {
-  if (!Record.Read(Text, vFindingsReturn) || (KeepBad && Record.HasStrayText())) {
-    return false;
+/// Rules that are read together, and what has been made of them.
+struct RuleBatch {
+  struct Rule {
+    std::vector<std::string> vsFailures;  // of files that should have come before
+    RuleText Text;
+    bool IsTaken = false;
+    bool HasStrayText = false;
+    std::size_t KeyEnd = 0;   // in `Keys`
+    std::size_t TextEnd = 0;  // in `Texts`
+    std::vector<Finding> vFindings;
+  };
+
+  std::vector<Rule> vRules;
+  std::string Keys;
+  std::string Texts;
+};
+
+void ReportFailures(const std::vector<std::string>& vsFailures) {
+  for (const std::string& sFailure : vsFailures) {
+    ReportFailure(sFailure);
   }
-  Visitor.TakeRule(Record);
-  return true;
 }
+
+/// Reads the files of a run batch by batch. A file that cannot be read is reported in its turn.
+class BatchReader {
+ public:
+  explicit BatchReader(const RunOptions& Options)
+      : Files(Options.vsFiles, Options.Quiet, Options.Folded) {
+    Files.ReportFailuresTo([this](const std::string& Message) { vsFailures.push_back(Message); });
+  }
+
+  /// Reads about so many bytes of rules, at least one rule. @return false behind the last one
+  bool Read(RuleBatch& BatchReturn) {
+    constexpr std::size_t WantedSize = std::size_t{1} << 16;
+    BatchReturn = RuleBatch();
+    for (std::size_t Size = 0; Size < WantedSize;) {
+      RuleBatch::Rule& New = BatchReturn.vRules.emplace_back();
+      if (!Files.Next(New.Text)) {
+        BatchReturn.vRules.pop_back();
+        break;
+      }
+      New.vsFailures.swap(vsFailures);
+      Size += New.Text.Text.size();
+    }
+    return !BatchReturn.vRules.empty();
+  }
+
+  /// To be called after the last batch has been finished. @return whether some file has failed
+  bool End() const {
+    ReportFailures(vsFailures);
+    return Files.HasFailed();
+  }
+
+ private:
+  RuleFiles Files;
+  std::vector<std::string> vsFailures;  // since the last rule
+};
+
+/// Reads the lines of each rule and makes of them what the visitor takes.
+void PrepareBatch(const RuleVisitor& Visitor, bool KeepBad, RuleBatch& BatchReturn) {
+  RuleRecord Record;
+  for (RuleBatch::Rule& Each : BatchReturn.vRules) {
+    Each.IsTaken = Each.Text.HasRule && Record.Read(Each.Text, Each.vFindings) &&
+                   !(KeepBad && Record.HasStrayText());
+    if (Each.IsTaken) {
+      Visitor.PrepareRule(Record, BatchReturn.Keys, BatchReturn.Texts);
+      Each.HasStrayText = Record.HasStrayText();
+    }
+    Each.KeyEnd = BatchReturn.Keys.size();
+    Each.TextEnd = BatchReturn.Texts.size();
+  }
+}
+
+/// Hands batches to a visitor, in the order of the input, and counts.
+class BatchFinisher {
+ public:
+  BatchFinisher(RuleVisitor& VisitorPassIn, bool KeepBadPassIn)
+      : Visitor(VisitorPassIn), Others(VisitorPassIn), KeepBad(KeepBadPassIn) {}
+
+  void Finish(const RuleBatch& Batch) {
+    std::size_t Key = 0;
+    std::size_t Text = 0;
+    for (const RuleBatch::Rule& Each : Batch.vRules) {
+      const std::string_view Keys = Batch.Keys;
+      const std::string_view Texts = Batch.Texts;
+      Finish(Each, Keys.substr(Key, Each.KeyEnd - Key), Texts.substr(Text, Each.TextEnd - Text));
+      Key = Each.KeyEnd;
+      Text = Each.TextEnd;
+    }
+  }
+
+  RunTally End() {
+    Others.EndLine();
+    return Tally;
+  }
+
+ private:
+  void Finish(const RuleBatch::Rule& Each, std::string_view Key, std::string_view Text) {
+    const bool BeginsRule = Each.Text.HasRule && !Each.Text.Continues;
+    ReportFailures(Each.vsFailures);
+    if (!Each.Text.Continues) {
+      Others.EndLine();
+    }
+    if (Each.IsTaken) {
+      Visitor.TakeRule(Key, Text);
+    } else if (!Each.Text.HasRule || KeepBad) {
+      Others.Carry(Each.Text);
+    }
+    Report(Each.vFindings);
+    Tally.HasFindings = Tally.HasFindings || !Each.vFindings.empty();
+    Tally.HasStrayText = Tally.HasStrayText || Each.HasStrayText;
+    Tally.Rules += BeginsRule ? 1 : 0;
+    Tally.LeftOut += BeginsRule && !Each.IsTaken && !KeepBad ? 1 : 0;
+  }
+
+  RuleVisitor& Visitor;
+  TextCarrier Others;
+  bool KeepBad;
+  RunTally Tally;
+};
 
 }  // namespace
 
 RunTally VisitRules(const RunOptions& Options, RuleVisitor& Visitor) {
-  RuleFiles Files(Options.vsFiles, Options.Quiet, Options.Folded);
-  TextCarrier Others(Visitor);
-  RuleRecord Record;
-  std::vector<Finding> vFindings;
-  RunTally Tally;
-  for (RuleText Text; Files.Next(Text);) {
-    const bool BeginsRule = Text.HasRule && !Text.Continues;
-    if (!Text.Continues) {
-      Others.EndLine();
-    }
-    vFindings.clear();
-    const bool IsTaken =
-        Text.HasRule && TakeRule(Text, Options.KeepBad, Record, Visitor, vFindings);
-    if (!IsTaken && (!Text.HasRule || Options.KeepBad)) {
-      Others.Carry(Text);
-    }
-    Report(vFindings);
-    Tally.HasFindings = Tally.HasFindings || !vFindings.empty();
-    Tally.Rules += BeginsRule ? 1 : 0;
-    Tally.LeftOut += BeginsRule && !IsTaken && !Options.KeepBad ? 1 : 0;
-  }
-  Others.EndLine();
-  Tally.HasUnreadFiles = Files.HasFailed();
+  BatchReader Reader(Options);
+  BatchFinisher Finisher(Visitor, Options.KeepBad);
+  RunPipeline<RuleBatch>(
+      ThreadCount(Options.Threads), [&](RuleBatch& Batch) { return Reader.Read(Batch); },
+      [&](RuleBatch& Batch) { PrepareBatch(Visitor, Options.KeepBad, Batch); },
+      [&](const RuleBatch& Batch) { Finisher.Finish(Batch); });
+  RunTally Tally = Finisher.End();
+  Tally.HasUnreadFiles = Reader.End();
   return Tally;
 }
 

@@ -20,6 +20,7 @@ struct RunOptions {
   bool Folded = false;               ///< each rule stands on one line
   bool KeepBad = false;              ///< carry along what cannot be read as a rule, as it stands
   bool Force = false;                ///< replace the output even where something is missing in it
+  unsigned Threads = 0;              ///< how many threads work on rules; 0 for one on each core
 };
 
 /// How a run over rules went.
@@ -28,6 +29,7 @@ struct RunTally {
   std::uint64_t LeftOut = 0;    ///< rules that are not written
   bool HasFindings = false;     ///< something was reported of a rule
   bool HasLostText = false;     ///< text was left out that was no part of a rule
+  bool HasStrayText = false;    ///< a rule was taken that had such text
   bool HasUnreadFiles = false;  ///< some input could not be read
 };
 
@@ -36,13 +38,21 @@ class RuleVisitor {
  public:
   virtual ~RuleVisitor();
 
-  virtual void TakeRule(RuleRecord& Record) = 0;
+  /// Makes of a rule what `TakeRule` gets. Called on several threads at once, in any order, so it
+  /// changes nothing but its arguments.
+  /// @param KeyReturn gets what the rule is sorted by, behind what it holds
+  /// @param TextReturn gets what is kept or written of the rule, behind what it holds
+  virtual void PrepareRule(RuleRecord& Record, std::string& KeyReturn,
+                           std::string& TextReturn) const = 0;
+
+  /// Takes what has been made of a rule, in the order of the input.
+  virtual void TakeRule(std::string_view Key, std::string_view Text) = 0;
 
   /// Takes a text that goes on as it stands: the comments of a file without rules, and, where
   /// that is wanted, what cannot be read as a rule.
   virtual void TakeText(std::string_view Text) = 0;
 
-  /// Is told when the last line of such a text has no end, and something else follows or the run
+  /// Is called when the last line of such a text has no end, and something else follows or the run
   /// is over.
   virtual void EndLine() { TakeText("\n"); }
 };

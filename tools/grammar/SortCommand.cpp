@@ -33,18 +33,21 @@ class Sorter : public RuleCollector {
         Rules(MemoryForSorting(Options.Memory),
               Options.Reverse ? SortDirection::Descending : SortDirection::Ascending) {}
 
-  void TakeRule(RuleRecord& Record) override {
-    Form.clear();
-    AppendNormalForm(Record, {}, Form);
+  void PrepareRule(RuleRecord& Record, std::string& KeyReturn,
+                   std::string& TextReturn) const override {
+    const std::size_t Begin = TextReturn.size();
     const std::string Key = KeyOf(Record);
-    if (By == SortBy::Form && EndsWithBlock(Form, Key)) {
-      Form.resize(Form.size() - BlockOf(Key).size() - 1);
-      Form += BlockIsInKey;
+    AppendNormalForm(Record, {}, TextReturn);
+    if (By == SortBy::Form && EndsWithBlock(std::string_view(TextReturn).substr(Begin), Key)) {
+      TextReturn.resize(TextReturn.size() - BlockOf(Key).size() - 1);
+      TextReturn += BlockIsInKey;
     } else {
-      Form += BlockIsHere;
+      TextReturn += BlockIsHere;
     }
-    Rules.Add(Key, Form);
+    KeyReturn += Key;
   }
+
+  void TakeRule(std::string_view Key, std::string_view Text) override { Rules.Add(Key, Text); }
 
   void TakeText(std::string_view Text) override { Others.Append(Text); }
 
@@ -105,7 +108,6 @@ class Sorter : public RuleCollector {
   SortBy By;
   ExternalSorter Rules;
   SpillFile Others;
-  std::string Form;
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "OutputFile.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <limits>
 #include <string>
@@ -30,18 +31,22 @@ struct KeptHead {
   int Count;
 };
 
-void Pack(const RuleRecord& Record, std::uint64_t Place, std::string_view Header,
-          std::string& BytesReturn) {
+/// Appends what is kept of a rule, but for its place.
+void Pack(const RuleRecord& Record, std::string& BytesReturn) {
   KeptHead Head{};
-  Head.Place = Place;
   Head.Count = Record.Count();
-  BytesReturn.assign(sizeof Head, '\0');
+  const std::size_t Begin = BytesReturn.size();
+  BytesReturn.append(sizeof Head, '\0');
   for (const std::string& sComment : Record.Comments()) {
     BytesReturn.append(sComment) += '\n';
   }
-  Head.CommentSize = BytesReturn.size() - sizeof Head;
-  std::memcpy(BytesReturn.data(), &Head, sizeof Head);
-  BytesReturn.append(Header);
+  Head.CommentSize = BytesReturn.size() - Begin - sizeof Head;
+  std::memcpy(BytesReturn.data() + Begin, &Head, sizeof Head);
+  BytesReturn.append(HeaderLine(Record.Header()));
+}
+
+void SetPlace(std::uint64_t Place, std::string& BytesReturn) {
+  std::memcpy(BytesReturn.data() + offsetof(KeptHead, Place), &Place, sizeof Place);
 }
 
 Kept Unpack(std::string_view Bytes) {
@@ -150,11 +155,17 @@ class Uniquer : public RuleCollector {
         Rules(MemoryForSorting(Options.Memory) / 2),
         Results(MemoryForSorting(Options.Memory) / 2) {}
 
-  void TakeRule(RuleRecord& Record) override {
+  void PrepareRule(RuleRecord& Record, std::string& KeyReturn,
+                   std::string& TextReturn) const override {
     const std::string Form = Record.SamenessText();
-    Pack(Record, Place++, HeaderLine(Record.Header()), Bytes);
-    Key = Options.Sorted ? "" : SortableNumber(HashOf(Form));
-    Key += Form;
+    KeyReturn += Options.Sorted ? "" : SortableNumber(HashOf(Form));
+    KeyReturn += Form;
+    Pack(Record, TextReturn);
+  }
+
+  void TakeRule(std::string_view Key, std::string_view Text) override {
+    Bytes.assign(Text);
+    SetPlace(Place++, Bytes);
     Rules.Add(Key, Bytes);
   }
 
@@ -202,7 +213,6 @@ class Uniquer : public RuleCollector {
   ExternalSorter Results;
   std::uint64_t Place = 0;
   std::string Bytes;
-  std::string Key;
 };
 
 }  // namespace

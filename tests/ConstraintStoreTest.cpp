@@ -1,0 +1,175 @@
+// Pins the keys that constraints are stored under, and how the values of one feature become one.
+
+#include "ConstraintStore.h"
+
+#include "support/RandomInput.h"
+#include "support/Samples.h"
+#include "support/SlowTwins.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+using std::string_literals::operator""s;
+using TrRuleInternal::ConstraintKey;
+using TrRuleInternal::HasNeighbour;
+using TrRuleInternal::MergedValue;
+using TrRuleInternal::Merging;
+using TrRuleInternal::TakeOutAndMerge;
+
+namespace {
+
+/// Keys with the values of value constraints; an agreement has none.
+using Entries = std::map<std::string, std::optional<std::string>>;
+
+const std::string* ValueOf(const std::optional<std::string>& Entry) {
+  return Entry ? &*Entry : nullptr;
+}
+
+/// What is left of a map, the new key, and the mergings, as one text each.
+struct Merged {
+  Strings vsKeys;
+  std::string Key;
+  Strings vsMergings;
+
+  friend bool operator==(const Merged& Left, const Merged& Right) {
+    return Left.vsKeys == Right.vsKeys && Left.Key == Right.Key &&
+           Left.vsMergings == Right.vsMergings;
+  }
+
+  friend std::ostream& operator<<(std::ostream& Stream, const Merged& Result) {
+    return Stream << testing::PrintToString(Result.vsKeys) << ' ' << Result.Key << ' '
+                  << testing::PrintToString(Result.vsMergings);
+  }
+};
+
+Merged Merge(Entries Stored, const std::string& Prefix, const std::string& Value) {
+  Merged Result;
+  Result.Key = Prefix + Value;
+  std::vector<Merging> vMergings;
+  TakeOutAndMerge(Stored, ValueOf, Prefix.size(), Result.Key, vMergings);
+  for (const auto& [Key, Entry] : Stored) {
+    Result.vsKeys.push_back(Key);
+  }
+  for (const auto& [OldValue, NewValue, NewKey] : vMergings) {
+    Result.vsMergings.push_back(OldValue + " + " + NewValue + " > " + NewKey);
+  }
+  return Result;
+}
+
+}  // namespace
+
+TEST(ConstraintStore, MakesKeys) {
+  EXPECT_EQ(ConstraintKey(4, 1, "NUM", "SG"), "4__1__NUM__SG");
+  EXPECT_EQ(ConstraintKey(-1, -1, "", ""), "-1__-1____");
+  EXPECT_EQ(ConstraintKey(1, 10, "all", "X3"), "1__10__all__X3");
+  EXPECT_EQ(ConstraintKey(4, 0, "A__B", "(*OR* SG PL)"), "4__0__A__B__(*OR* SG PL)");
+  EXPECT_EQ(ConstraintKey(INT_MIN, INT_MAX, "\0\xE9"s, "\n"),
+            "-2147483648__2147483647__\0\xE9__\n"s);
+}
+
+TEST(ConstraintStore, MergesTheWordsOfTwoValues) {
+  struct Case {
+    std::string Old;
+    std::string New;
+    std::string Expected;
+  };
+  const std::vector<Case> vCases = {
+      {"SG", "PL", "(*OR* SG PL)"},
+      {"PL", "SG", "(*OR* PL SG)"},
+      {"SG", "SG", "(*OR* SG)"},
+      {"(*OR* SG PL)", "DU", "(*OR* SG PL DU)"},
+      {"DU", "(*OR* SG DU PL)", "(*OR* DU SG PL)"},
+      {"(*OR* SG PL)", "(*OR* PL SG)", "(*OR* SG PL)"},
+      {"(*NOT* SG", "PL", "(*OR* (*NOT* SG PL)"},
+      {"(*OR*SG", "PL", "(*OR* SG PL)"},
+      {"", "", "(*OR*)"},
+      {" ", ")", "(*OR*)"},
+      {"\tSG\r", "sg", "(*OR* SG sg)"},
+      {"S)G", "(S(*OR*G", "(*OR* SG (SG)"},
+      {"\0"s, "\xE9", "(*OR* \0 \xE9)"s},
+  };
+  for (const Case& Each : vCases) {
+    EXPECT_EQ(MergedValue(Each.Old, Each.New), Each.Expected) << Each.Old << " / " << Each.New;
+  }
+}
+
+TEST(ConstraintStore, MergesRandomValuesAsTheReferenceDoes) {
+  RandomInput Random;
+  const Strings vsWords = {"(*OR*", "(*NOT*", " ", "  ", "SG", "PL", "DU", ")", "\t", "\xE9"};
+  for (int Case = 0; Case < 20000; ++Case) {
+    const std::string Old = Random.WordsOf(vsWords, 8);
+    const std::string New = Random.WordsOf(vsWords, 8);
+    ASSERT_EQ(MergedValue(Old, New), Slow::MergedValue(Old, New)) << Old << " / " << New;
+  }
+}
+
+TEST(ConstraintStore, SeesTheNeighboursOfAPlace) {
+  const Entries Stored = {{"1__1__B__SG", "SG"}, {"1__1__D__SG", "SG"}};
+  const auto IsBeside = [&](const std::string& Key, const std::string& Prefix) {
+    return HasNeighbour(Stored, Stored.lower_bound(Key), Prefix);
+  };
+  EXPECT_TRUE(IsBeside("1__1__B__A", "1__1__B__"));
+  EXPECT_TRUE(IsBeside("1__1__B__Z", "1__1__B__"));
+  EXPECT_TRUE(IsBeside("1__1__D__A", "1__1__D__"));
+  EXPECT_TRUE(IsBeside("1__1__D__Z", "1__1__D__"));
+  EXPECT_FALSE(IsBeside("1__1__A__SG", "1__1__A__"));
+  EXPECT_FALSE(IsBeside("1__1__C__SG", "1__1__C__"));
+  EXPECT_FALSE(IsBeside("1__1__E__SG", "1__1__E__"));
+  const Entries Empty;
+  EXPECT_FALSE(HasNeighbour(Empty, Empty.begin(), ""));
+}
+
+TEST(ConstraintStore, TakesOutWhatMerges) {
+  struct Case {
+    const char* What;
+    Entries Stored;
+    std::string Value;
+    Merged Expected;
+  };
+  const std::string Prefix = "1__1__F__";
+  const std::vector<Case> vCases = {
+      {"nothing is there", {}, "PL", {{}, "1__1__F__PL", {}}},
+      {"only others are there",
+       {{"1__1__E__SG", "SG"}, {"1__1__F_", "SG"}, {"1__1__G__SG", "SG"}},
+       "PL",
+       {{"1__1__E__SG", "1__1__F_", "1__1__G__SG"}, "1__1__F__PL", {}}},
+      {"one value",
+       {{"1__1__F__SG", "SG"}},
+       "PL",
+       {{}, "1__1__F__(*OR* SG PL)", {"SG + PL > 1__1__F__(*OR* SG PL)"}}},
+      {"an agreement stays",
+       {{"1__1__F__(Y2", std::nullopt}, {"1__1__F__SG", "SG"}, {"1__1__F__X", std::nullopt}},
+       "PL",
+       {{"1__1__F__(Y2", "1__1__F__X"},
+        "1__1__F__(*OR* SG PL)",
+        {"SG + PL > 1__1__F__(*OR* SG PL)"}}},
+      {"values in key order, also of a longer feature",
+       {{"1__1__F__B__SG", "SG"}, {"1__1__F__DU", "DU"}},
+       "PL",
+       {{},
+        "1__1__F__(*OR* DU SG PL)",
+        {"SG + PL > 1__1__F__(*OR* SG PL)", "DU + (*OR* SG PL) > 1__1__F__(*OR* DU SG PL)"}}},
+      {"the value of the entry counts, not its key",
+       {{"1__1__F__SG", "DU"}},
+       "",
+       {{}, "1__1__F__(*OR* DU)", {"DU +  > 1__1__F__(*OR* DU)"}}},
+  };
+  for (const Case& Each : vCases) {
+    EXPECT_EQ(Merge(Each.Stored, Prefix, Each.Value), Each.Expected) << Each.What;
+  }
+}
+
+TEST(ConstraintStore, AddsItsMergingsToThoseThatAreThere) {
+  Entries Stored = {{"1__1__F__SG", "SG"}};
+  std::vector<Merging> vMergings = {{"A", "B", "C"}};
+  std::string Key = "1__1__F__PL";
+  TakeOutAndMerge(Stored, ValueOf, std::string("1__1__F__").size(), Key, vMergings);
+  ASSERT_EQ(vMergings.size(), 2U);
+  EXPECT_EQ(vMergings[0].NewKey, "C");
+  EXPECT_EQ(vMergings[1].NewKey, Key);
+}

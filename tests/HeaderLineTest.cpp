@@ -1,0 +1,79 @@
+// Pins which header lines are in their common form, and what they are taken apart into.
+
+#include "HeaderLine.h"
+
+#include "support/RandomInput.h"
+#include "support/Samples.h"
+#include "support/SlowTwins.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+using std::string_literals::operator""s;
+using TrRuleInternal::HeaderParts;
+using TrRuleInternal::ParseCommonHeader;
+
+namespace {
+
+std::optional<Strings> PartsOf(const std::string& Line) {
+  HeaderParts Parts;
+  if (!ParseCommonHeader(Line, Parts)) {
+    return std::nullopt;
+  }
+  return Strings{std::string(Parts.Type), std::string(Parts.Number)};
+}
+
+}  // namespace
+
+TEST(HeaderLine, TakesTheCommonFormApart) {
+  const std::pair<std::string, Strings> Cases[] = {
+      {"{NP,8}", {"NP", "8"}},       {"{np,8}", {"np", "8"}},
+      {"{ADJP,12}", {"ADJP", "12"}}, {"{N-P_2,007}", {"N-P_2", "007"}},
+      {"{1,1}", {"1", "1"}},         {"{-,99999999999999999999}", {"-", "99999999999999999999"}},
+  };
+  for (const auto& [Line, vsExpected] : Cases) {
+    EXPECT_EQ(PartsOf(Line), std::optional(vsExpected)) << Line;
+  }
+}
+
+TEST(HeaderLine, LeavesOtherLinesAlone) {
+  for (const std::string& sLine :
+       {""s,        "{"s,         "{}"s,        "{NP"s,      "{NP,"s,    "{NP,8"s,
+        "{NP,}"s,   "{,8}"s,      "{,}"s,       "NP,8}"s,    " {NP,8}"s, "{NP,8} "s,
+        "{NP,8}}"s, "{{NP,8}"s,   "{NP ,8}"s,   "{NP, 8}"s,  "{NP,8 }"s, "{NP,-8}"s,
+        "{NP,8x}"s, "{NP,8,9}"s,  "{NP::V,8}"s, "{N=P,8}"s,  "{N;P,8}"s, "{NP;8}"s,
+        "{N\0,8}"s, "{N\xE9,8}"s, "{NP,\xB2}"s, "{NP,8}\r"s, "{N[P],8}"s}) {
+    EXPECT_EQ(PartsOf(sLine), std::nullopt) << sLine;
+  }
+}
+
+TEST(HeaderLine, PartsPointIntoTheLine) {
+  const std::string Line = "{ADJP,12}";
+  HeaderParts Parts;
+  ASSERT_TRUE(ParseCommonHeader(Line, Parts));
+  EXPECT_EQ(Parts.Type.data(), Line.data() + 1);
+  EXPECT_EQ(Parts.Number.data(), Line.data() + 6);
+}
+
+TEST(HeaderLine, NoOtherPrefixIsAHeader) {
+  const std::string Line = "{ADJP,12}";
+  for (std::size_t Size = 0; Size < Line.size(); ++Size) {
+    EXPECT_EQ(PartsOf(Line.substr(0, Size)), std::nullopt) << Line.substr(0, Size);
+  }
+}
+
+TEST(HeaderLine, ReadsRandomLinesAsTheReferenceDoes) {
+  RandomInput Random;
+  int Taken = 0;
+  for (int Case = 0; Case < 20000; ++Case) {
+    const std::string Line = Case % 2 == 0 ? Random.Damaged("{ADJ-P_1,120}", "{},;:= aZ09-_\0\xE9"s)
+                                           : Random.WordsOf({"{", "}", ",", "8", "NP", "_"}, 6);
+    const std::optional<Strings> vsExpected = Slow::HeaderParts(Line);
+    ASSERT_EQ(PartsOf(Line), vsExpected) << Line;
+    Taken += vsExpected ? 1 : 0;
+  }
+  EXPECT_GT(Taken, 500);
+}

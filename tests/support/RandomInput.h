@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <random>
+#include <string>
+#include <vector>
+
+/// Makes random input for tests, the same in every run unless TRRULE_TEST_SEED says otherwise.
+///
+/// Take numbers one after the other, in statements of their own: the order of operands and
+/// arguments is the compiler's choice, and the input shall not depend on it.
+///
+///   RandomInput Random;
+///   Random.Pick(ConstraintSamples);             // one of them
+///   Random.Damaged("((x0 det) = x1)", "()=");   // such as "(x0 det)== x1)"
+class RandomInput {
+ public:
+  /// TRRULE_TEST_SEED of the environment, or the usual seed.
+  static unsigned Seed();
+
+  /// A number below the limit.
+  std::size_t Below(std::size_t Limit) { return Engine() % Limit; }
+
+  /// One element of a vector, or one byte of a string.
+  template <typename CollectionT>
+  auto Pick(const CollectionT& Collection) {
+    return Collection[Below(Collection.size())];
+  }
+
+  /// Up to so many bytes of an alphabet.
+  std::string TextOf(const std::string& Alphabet, std::size_t MaxLength);
+
+  /// The text with some of its bytes lost, replaced or put in front of another.
+  std::string Damaged(std::string Text, const std::string& Bytes);
+
+  /// Up to so many words, in any order.
+  std::string WordsOf(const std::vector<std::string>& vsWords, std::size_t MaxCount);
+
+ private:
+  std::mt19937 Engine{Seed()};
+};

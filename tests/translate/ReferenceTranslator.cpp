@@ -1,0 +1,510 @@
+// Sections: structures, equations, derivations.
+
+#include "ReferenceTranslator.h"
+
+#include "Bytes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <memory>
+#include <set>
+#include <sstream>
+#include <tuple>
+
+namespace {
+
+using Translate::Side;
+using Translate::SourceEquation;
+using Translate::SourcePath;
+using Translate::SourceRule;
+using Translate::ValueKind;
+
+// ---- Structures -------------------------------------------------------------------------------
+
+struct Structure;
+using Ref = std::shared_ptr<Structure>;
+
+struct Structure {
+  enum class Kind { Open, Atomic, Complex };
+  Ref Same;  ///< what this one has become one with
+  Kind What = Kind::Open;
+  bool IsNegated = false;
+  std::set<std::string> ssAtoms;
+  std::map<std::string, Ref> mFeatures;
+};
+using Kind = Structure::Kind;
+
+Ref New() {
+  return std::make_shared<Structure>();
+}
+
+Ref Find(Ref Each) {
+  while (Each->Same) {
+    Each = Each->Same;
+  }
+  return Each;
+}
+
+bool Unify(Ref Left, Ref Right);
+
+bool UnifyAtoms(Structure& Left, const Structure& Right) {
+  std::set<std::string> ssAll = Left.ssAtoms;
+  ssAll.insert(Right.ssAtoms.begin(), Right.ssAtoms.end());
+  std::set<std::string> ssBoth;
+  for (const std::string& sAtom : ssAll) {
+    const bool IsLeft = (Left.ssAtoms.count(sAtom) == 1) != Left.IsNegated;
+    const bool IsRight = (Right.ssAtoms.count(sAtom) == 1) != Right.IsNegated;
+    if ((Left.IsNegated && Right.IsNegated) || (IsLeft && IsRight)) {
+      ssBoth.insert(sAtom);
+    }
+  }
+  Left.IsNegated = Left.IsNegated && Right.IsNegated;
+  Left.ssAtoms = ssBoth;
+  return Left.IsNegated || !ssBoth.empty();
+}
+
+bool Unify(Ref Left, Ref Right) {
+  Left = Find(Left);
+  Right = Find(Right);
+  if (Left == Right) {
+    return true;
+  }
+  if (Left->What == Kind::Open || Right->What == Kind::Open) {
+    (Left->What == Kind::Open ? Left : Right)->Same = Left->What == Kind::Open ? Right : Left;
+    return true;
+  }
+  if (Left->What != Right->What) {
+    return false;
+  }
+  Right->Same = Left;
+  if (Left->What == Kind::Atomic) {
+    return UnifyAtoms(*Left, *Right);
+  }
+  const std::map<std::string, Ref> mOthers = Right->mFeatures;
+  return std::all_of(mOthers.begin(), mOthers.end(), [&](const auto& Each) {
+    Left = Find(Left);
+    const auto [Found, IsNew] = Left->mFeatures.emplace(Each.first, Each.second);
+    return IsNew || Unify(Found->second, Each.second);
+  });
+}
+
+Ref Copy(Ref Each, std::map<Ref, Ref>& mCopiesReturn) {
+  Each = Find(Each);
+  if (mCopiesReturn.count(Each) == 0) {
+    const Ref Result = mCopiesReturn[Each] = New();
+    *Result = *Each;
+    for (auto& [sFeature, Value] : Result->mFeatures) {
+      Value = Copy(Value, mCopiesReturn);
+    }
+  }
+  return mCopiesReturn[Each];
+}
+
+Ref CopyOf(const Ref& Each) {
+  std::map<Ref, Ref> mCopies;
+  return Copy(Each, mCopies);
+}
+
+bool HasCycle(Ref Each, std::set<Ref>& ssInside, std::set<Ref>& ssDone) {
+  Each = Find(Each);
+  if (ssInside.count(Each) == 1 || ssDone.count(Each) == 1) {
+    return ssDone.count(Each) == 0;
+  }
+  ssInside.insert(Each);
+  for (const auto& [sFeature, Value] : Each->mFeatures) {
+    if (HasCycle(Value, ssInside, ssDone)) {
+      return true;
+    }
+  }
+  ssDone.insert(Each);
+  return false;
+}
+
+bool HasCycle(const std::vector<Ref>& vRoots) {
+  std::set<Ref> ssInside;
+  std::set<Ref> ssDone;
+  return std::any_of(vRoots.begin(), vRoots.end(),
+                     [&](const Ref& Each) { return HasCycle(Each, ssInside, ssDone); });
+}
+
+void CountArrivals(Ref Each, std::map<Ref, int>& mArrivals, std::set<Ref>& ssSeen) {
+  Each = Find(Each);
+  if (ssSeen.insert(Each).second) {
+    for (const auto& [sFeature, Value] : Each->mFeatures) {
+      ++mArrivals[Find(Value)];
+      CountArrivals(Value, mArrivals, ssSeen);
+    }
+  }
+}
+
+void Write(Ref Each, const std::map<Ref, int>& mArrivals, std::map<Ref, int>& mNumbers,
+           std::ostream& Out) {
+  Each = Find(Each);
+  const auto Found = mArrivals.find(Each);
+  const bool IsShared = Found != mArrivals.end() && Found->second > 1;
+  if (IsShared) {
+    const auto [Number, IsFirst] = mNumbers.emplace(Each, static_cast<int>(mNumbers.size()) + 1);
+    Out << "{\"#\":" << Number->second << (IsFirst ? ",\"is\":" : "}");
+    if (!IsFirst) {
+      return;
+    }
+  }
+  const bool IsList = Each->IsNegated || Each->ssAtoms.size() > 1;
+  std::string Between =
+      Each->What == Kind::Atomic && IsList ? Each->IsNegated ? "{\"*NOT*\":[" : "{\"*OR*\":[" : "";
+  for (const std::string& sAtom : Each->ssAtoms) {
+    Out << Between << '"' << sAtom << '"';
+    Between = ",";
+  }
+  Out << (IsList ? "]}" : "") << (Each->What == Kind::Atomic ? "" : "{");
+  Between = "";
+  for (const auto& [sFeature, Value] : Each->mFeatures) {
+    Out << Between << '"' << sFeature << "\":";
+    Write(Value, mArrivals, mNumbers, Out);
+    Between = ",";
+  }
+  Out << (Each->What == Kind::Atomic ? "" : "}") << (IsShared ? "}" : "");
+}
+
+std::string TextOf(const Ref& Each) {
+  std::map<Ref, int> mArrivals;
+  std::map<Ref, int> mNumbers;
+  std::set<Ref> ssSeen;
+  std::ostringstream Out;
+  CountArrivals(Each, mArrivals, ssSeen);
+  Write(Each, mArrivals, mNumbers, Out);
+  return Out.str();
+}
+
+// ---- Equations --------------------------------------------------------------------------------
+
+using Nodes = std::map<Side, std::vector<Ref>>;
+
+/// The end of a path, which is made where it is not there; nothing behind an atom.
+Ref Make(const Nodes& Roots, const SourcePath& Path) {
+  Ref At = Find(Roots.at(Path.Of)[Path.Index]);
+  for (const std::string_view Feature : Path.vFeatures) {
+    if (At->What == Kind::Atomic) {
+      return nullptr;
+    }
+    At->What = Kind::Complex;
+    Ref& Next = At->mFeatures[Grammar::Upper(Feature)];
+    Next = Next ? Next : New();
+    At = Find(Next);
+  }
+  return At;
+}
+
+/// The end of a path; nothing where it is not there.
+Ref Look(const Nodes& Roots, const SourcePath& Path) {
+  Ref At = Find(Roots.at(Path.Of)[Path.Index]);
+  for (const std::string_view Feature : Path.vFeatures) {
+    const auto Found = At->mFeatures.find(Grammar::Upper(Feature));
+    if (Found == At->mFeatures.end()) {
+      return nullptr;
+    }
+    At = Find(Found->second);
+  }
+  return At;
+}
+
+bool UnifyAt(const Nodes& Roots, const SourcePath& Path, const Ref& What) {
+  const Ref At = Make(Roots, Path);
+  return At && Unify(At, What);
+}
+
+using Slot = std::tuple<Side, std::uint32_t, std::vector<std::string>>;
+
+Slot SlotOf(const SourcePath& Path) {
+  std::vector<std::string> vsFeatures;
+  for (const std::string_view Feature : Path.vFeatures) {
+    vsFeatures.push_back(Grammar::Upper(Feature));
+  }
+  return {Path.Of, Path.Index, vsFeatures};
+}
+
+/// A value; of alternatives, the value of all of them together.
+Ref ValueOf(const SourceRule& Rule, const SourceEquation& Each) {
+  const Ref Value = New();
+  Value->What = Kind::Atomic;
+  Value->IsNegated = Each.Kind == ValueKind::None;
+  for (const SourceEquation& Other : Rule.vEquations) {
+    const bool IsSame =
+        &Other == &Each || (Each.Kind == ValueKind::Any && Other.Kind == ValueKind::Any &&
+                            SlotOf(Other.Left) == SlotOf(Each.Left));
+    for (const std::string_view Atom : IsSame ? Other.vAtoms : std::vector<std::string_view>()) {
+      Value->ssAtoms.insert(Grammar::Upper(Atom));
+    }
+  }
+  return Value;
+}
+
+/// The equations that hold within one side.
+bool UnifySide(const SourceRule& Rule, Side Which, const Nodes& Roots) {
+  for (const SourceEquation& Each : Rule.vEquations) {
+    if (Each.Left.Of != Which || (Each.Kind == ValueKind::Path && Each.Right.Of != Which)) {
+      continue;
+    }
+    Ref Right;
+    if (Each.Kind == ValueKind::Path) {
+      Right = Make(Roots, Each.Right);
+    } else {
+      Right = ValueOf(Rule, Each);
+    }
+    if (!Right || !UnifyAt(Roots, Each.Left, Right)) {
+      return false;
+    }
+  }
+  return !HasCycle(Roots.at(Which));
+}
+
+bool UnifyTransfers(const SourceRule& Rule, const Nodes& Roots) {
+  for (const SourceEquation& Each : Rule.vEquations) {
+    if (Each.Kind != ValueKind::Path || Each.Left.Of == Each.Right.Of) {
+      continue;
+    }
+    const bool IsLeft = Each.Left.Of == Side::X;
+    const Ref From = Look(Roots, IsLeft ? Each.Left : Each.Right);
+    if (From && From->What != Kind::Open &&
+        !UnifyAt(Roots, IsLeft ? Each.Right : Each.Left, CopyOf(From))) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// ---- Derivations ------------------------------------------------------------------------------
+
+struct Derivation {
+  std::size_t Rule;
+  std::int64_t Score;
+  std::vector<std::uint32_t> vNumbers;  ///< root first, children in order
+  std::string Words;
+  std::string Tree;
+  Ref Source;
+  Ref Target;
+  std::set<std::size_t> ssChain;
+};
+
+using Derivations = std::vector<Derivation>;
+
+/// The derivations of one text.
+class Table {
+ public:
+  Table(const std::vector<SourceRule>& vRulesPassIn,
+        const std::vector<std::uint32_t>& vNumbersPassIn, const std::string& Text)
+      : vRules(vRulesPassIn), vNumbers(vNumbersPassIn) {
+    std::istringstream Stream(Text);
+    for (std::string Token; Stream >> Token;) {
+      vsTokens.push_back(Token);
+    }
+  }
+
+  void Fill(std::size_t MaxChain);
+
+  std::vector<std::string> vsTokens;
+  std::map<std::pair<std::size_t, std::size_t>, Derivations> mSpans;
+  bool IsTooMuch = false;
+
+ private:
+  bool IsUnary(std::size_t Rule) const {
+    return vRules[Rule].X.vLabels.size() == 1 && !Translate::IsLiteral(vRules[Rule].X.vLabels[0]);
+  }
+  bool Fits(std::size_t Rule, std::size_t Component, const Derivation& Part) const;
+  void Cut(std::size_t Rule, std::size_t Component, std::size_t At, std::size_t End,
+           std::vector<const Derivation*>& vParts, Derivations& Made);
+  void Apply(std::size_t Rule, const std::vector<const Derivation*>& vParts, Derivations& Made);
+  std::int64_t Weight(std::size_t Rule) const;
+
+  const std::vector<SourceRule>& vRules;
+  const std::vector<std::uint32_t>& vNumbers;
+};
+
+bool Table::Fits(std::size_t Rule, std::size_t Component, const Derivation& Part) const {
+  const SourceRule& Each = vRules[Rule];
+  const SourceRule& Below = vRules[Part.Rule];
+  for (std::size_t Target = 0; Target < Each.vSources.size(); ++Target) {
+    if (Each.vSources[Target] == Component &&
+        !Translate::IsSameUpper(Each.Y.vLabels[Target], Below.Y.Type)) {
+      return false;
+    }
+  }
+  return Translate::IsSameUpper(Each.X.vLabels[Component], Below.X.Type);
+}
+
+/// Cuts what is left of a span among what is left of a rule's components.
+void Table::Cut(std::size_t Rule, std::size_t Component, std::size_t At, std::size_t End,
+                std::vector<const Derivation*>& vParts, Derivations& Made) {
+  const std::vector<std::string_view>& vLabels = vRules[Rule].X.vLabels;
+  if (Component == vLabels.size()) {
+    if (At == End) {
+      Apply(Rule, vParts, Made);
+    }
+    return;
+  }
+  if (At == End || IsTooMuch) {
+    return;
+  }
+  if (Translate::IsLiteral(vLabels[Component])) {
+    if (Translate::IsSameUpper(Translate::WordOf(vLabels[Component]), vsTokens[At])) {
+      vParts.push_back(nullptr);
+      Cut(Rule, Component + 1, At + 1, End, vParts, Made);
+      vParts.pop_back();
+    }
+    return;
+  }
+  for (std::size_t Middle = At + 1; Middle <= End; ++Middle) {
+    for (const Derivation& Part : mSpans[{At, Middle}]) {
+      if (Fits(Rule, Component, Part)) {
+        vParts.push_back(&Part);
+        Cut(Rule, Component + 1, Middle, End, vParts, Made);
+        vParts.pop_back();
+      }
+    }
+  }
+}
+
+std::int64_t Table::Weight(std::size_t Rule) const {
+  long double Total = 0;
+  for (const SourceRule& Other : vRules) {
+    Total += Translate::IsSameUpper(Other.X.Type, vRules[Rule].X.Type)
+                 ? static_cast<long double>(Other.Count)
+                 : 0;
+  }
+  return std::llround(1000000 * std::log(static_cast<long double>(vRules[Rule].Count) / Total));
+}
+
+/// Takes structures apart that may contain themselves, so that they can go.
+class Releaser {
+ public:
+  explicit Releaser(Nodes& RootsPassIn) : Roots(RootsPassIn) {}
+
+  ~Releaser() {
+    std::vector<Ref> vAll;
+    for (const auto& [Which, vEach] : Roots) {
+      vAll.insert(vAll.end(), vEach.begin(), vEach.end());
+    }
+    std::set<Ref> ssSeen;
+    while (!vAll.empty()) {
+      const Ref Each = vAll.back();
+      vAll.pop_back();
+      if (Each && ssSeen.insert(Each).second) {
+        vAll.push_back(Each->Same);
+        for (const auto& [sFeature, Value] : Each->mFeatures) {
+          vAll.push_back(Value);
+        }
+      }
+    }
+    for (const Ref& Each : ssSeen) {
+      Each->mFeatures.clear();
+    }
+  }
+
+  Releaser(const Releaser&) = delete;
+  Releaser& operator=(const Releaser&) = delete;
+
+ private:
+  Nodes& Roots;
+};
+
+void Table::Apply(std::size_t Rule, const std::vector<const Derivation*>& vParts,
+                  Derivations& Made) {
+  constexpr std::size_t TooMany = 3000;
+  const SourceRule& Each = vRules[Rule];
+  Nodes Roots;
+  const Releaser AtTheEnd(Roots);
+  Roots[Side::X].push_back(New());
+  for (const Derivation* Part : vParts) {
+    Roots[Side::X].push_back(Part != nullptr ? CopyOf(Part->Source) : New());
+  }
+  if (!UnifySide(Each, Side::X, Roots)) {
+    return;
+  }
+  Derivation Result{Rule, Weight(Rule), {vNumbers[Rule]}, "", "", nullptr, nullptr, {}};
+  Result.Source = CopyOf(Roots[Side::X][0]);
+  Roots[Side::Y].push_back(New());
+  for (std::size_t Target = 0; Target < Each.vSources.size(); ++Target) {
+    const bool IsPlace = Each.vSources[Target] != Translate::NoPlace;
+    const Derivation* Part = IsPlace ? vParts[Each.vSources[Target]] : nullptr;
+    Roots[Side::Y].push_back(IsPlace ? CopyOf(Part->Target) : New());
+    const std::string Words =
+        IsPlace ? Part->Words : std::string(Translate::WordOf(Each.Y.vLabels[Target]));
+    Result.Words += (Result.Words.empty() || Words.empty() ? "" : " ") + Words;
+  }
+  if (!UnifyTransfers(Each, Roots) || !UnifySide(Each, Side::Y, Roots)) {
+    return;
+  }
+  Result.Target = CopyOf(Roots[Side::Y][0]);
+  Result.Tree = std::to_string(Each.Line) + TextOf(Result.Source) + TextOf(Result.Target) + '(';
+  for (const Derivation* Part : vParts) {
+    if (Part != nullptr) {
+      Result.Score += Part->Score;
+      Result.vNumbers.insert(Result.vNumbers.end(), Part->vNumbers.begin(), Part->vNumbers.end());
+      Result.Tree += Part->Tree;
+    }
+  }
+  Result.Tree += ')';
+  if (IsUnary(Rule)) {
+    Result.ssChain = vParts[0]->ssChain;
+    Result.ssChain.insert(Rule);
+  }
+  Made.push_back(std::move(Result));
+  IsTooMuch = IsTooMuch || Made.size() > TooMany;
+}
+
+void Table::Fill(std::size_t MaxChain) {
+  for (std::size_t Size = 1; Size <= vsTokens.size(); ++Size) {
+    for (std::size_t Start = 0; Start + Size <= vsTokens.size(); ++Start) {
+      Derivations Made;
+      std::vector<const Derivation*> vParts;
+      for (std::size_t Rule = 0; Rule < vRules.size(); ++Rule) {
+        if (!IsUnary(Rule)) {
+          Cut(Rule, 0, Start, Start + Size, vParts, Made);
+        }
+      }
+      for (std::size_t Below = 0; Below < Made.size(); ++Below) {
+        for (std::size_t Rule = 0; Rule < vRules.size() && !IsTooMuch; ++Rule) {
+          const Derivation Part = Made[Below];
+          if (IsUnary(Rule) && Fits(Rule, 0, Part) && Part.ssChain.count(Rule) == 0 &&
+              Part.ssChain.size() < MaxChain) {
+            Apply(Rule, {&Part}, Made);
+          }
+        }
+      }
+      mSpans[{Start, Start + Size}] = std::move(Made);
+    }
+  }
+}
+
+}  // namespace
+
+ReferenceTranslator::Result ReferenceTranslator::Translate(const std::string& Text,
+                                                           std::size_t MaxChain) const {
+  Result All;
+  Table Spans(vRules, vNumbers, Text);
+  Spans.Fill(MaxChain);
+  All.IsTooMuch = Spans.IsTooMuch;
+  std::set<std::string> ssConstituents;
+  for (const auto& [Span, Made] : Spans.mSpans) {
+    for (const Derivation& Each : Made) {
+      std::string Name = std::to_string(Span.first) + ' ' + std::to_string(Span.second) + ' ' +
+                         Grammar::Upper(vRules[Each.Rule].X.Type) + ' ' +
+                         Grammar::Upper(vRules[Each.Rule].Y.Type) + ' ' + TextOf(Each.Source) +
+                         TextOf(Each.Target);
+      for (const std::size_t Rule : Each.ssChain) {
+        Name += ' ' + std::to_string(Rule);
+      }
+      ssConstituents.insert(Name);
+    }
+  }
+  All.Constituents = ssConstituents.size();
+  Derivations& Whole = Spans.mSpans[{0, Spans.vsTokens.size()}];
+  std::sort(Whole.begin(), Whole.end(), [](const Derivation& Left, const Derivation& Right) {
+    return std::tie(Right.Score, Left.vNumbers) < std::tie(Left.Score, Right.vNumbers);
+  });
+  for (const Derivation& Each : Whole) {
+    All.vDerivations.push_back(std::to_string(Each.Score) + ' ' + Each.Words + ' ' + Each.Tree);
+  }
+  return All;
+}

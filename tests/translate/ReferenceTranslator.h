@@ -1,0 +1,32 @@
+#pragma once
+
+#include "RuleSource.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// The obvious way to apply rules: all derivations of all spans, one by one, each with whole copies
+/// of its structures. For small grammars and texts.
+///
+///   ReferenceTranslator Slow(Read.vRules, Read.vNumbers);
+///   Slow.Translate("the red car").vDerivations.front();  // "-1386294 el auto rojo 4:(12:() …)"
+class ReferenceTranslator {
+ public:
+  struct Result {
+    /// Each with its score, words, and its tree of rule lines and structures; in order.
+    std::vector<std::string> vDerivations;
+    std::size_t Constituents = 0;  ///< how many different ones there are
+    bool IsTooMuch = false;        ///< whether it was given up: then the rest means nothing
+  };
+
+  ReferenceTranslator(const std::vector<Translate::SourceRule>& vRulesPassIn,
+                      const std::vector<std::uint32_t>& vNumbersPassIn)
+      : vRules(vRulesPassIn), vNumbers(vNumbersPassIn) {}
+
+  Result Translate(const std::string& Text, std::size_t MaxChain = 8) const;
+
+ private:
+  const std::vector<Translate::SourceRule>& vRules;
+  const std::vector<std::uint32_t>& vNumbers;
+};

@@ -1,0 +1,138 @@
+#include "CommandLine.h"
+#include "translate/TranslateCommand.h"
+
+#include <charconv>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <thread>
+
+namespace {
+
+struct TranslateLine {
+  Translate::TranslateOptions Options;
+  std::vector<std::string> vsLexicon;
+};
+
+constexpr const char* Footer =
+    "Each line of standard input is a text, or the one behind --text; its words stand between\n"
+    "blanks. It gets the words of its best derivation, on a line of its own; a text without\n"
+    "translation gets an empty line, and is told on standard error. So are rules that are left\n"
+    "out.\n"
+    "\n"
+    "-k N and --all-derivations give a line for each translation, with its score before it, and an\n"
+    "empty line behind each text. --format json gives an object a line, with the derivation and\n"
+    "its feature structures, and --format tree draws it.\n"
+    "\n"
+    "Exit status: 0 all translated, 1 something was told, 2 the run failed.\n"
+    "\n"
+    "Example:\n"
+    "  trrule translate np.trr --lexicon words.trr --text 'the red car'\n"
+    "  trrule translate --start S -k 3 grammar.trr <sentences.txt\n";
+
+const std::map<std::string, Translate::TextFormat> Formats{{"plain", Translate::TextFormat::Plain},
+                                                           {"json", Translate::TextFormat::Json},
+                                                           {"tree", Translate::TextFormat::Tree}};
+
+/// A number from `Least` on, and nothing else.
+std::uint64_t ParseNumber(const std::string& Option, const std::string& Text, std::uint64_t Least) {
+  std::uint64_t Number = 0;
+  const char* End = Text.data() + Text.size();
+  const auto Result = std::from_chars(Text.data(), End, Number);
+  if (Text.empty() || Result.ec != std::errc() || Result.ptr != End || Number < Least) {
+    throw CLI::ValidationError(Option,
+                               Text + " is no number from " + std::to_string(Least) + " on");
+  }
+  return Number;
+}
+
+/// Adds an option with a number behind it.
+template <typename SetT>
+void AddNumber(CLI::App& CommandReturn, const std::string& Name, std::uint64_t Least,
+               const std::string& Help, SetT Set) {
+  CommandReturn
+      .add_option_function<std::string>(
+          Name,
+          [Name, Least, Set](const std::string& Text) { Set(ParseNumber(Name, Text, Least)); },
+          Help)
+      ->type_name("N");
+}
+
+void AddInputs(CLI::App& CommandReturn, TranslateLine& LineReturn) {
+  Translate::TranslateOptions& Options = LineReturn.Options;
+  CommandReturn.add_option("FILE", Options.vsGrammars, "the grammars; - needs --text")->required();
+  CommandReturn.add_option("--lexicon", LineReturn.vsLexicon, "more grammars")
+      ->type_name("FILE ...");
+  CommandReturn.add_option("--text", Options.Text, "translate this text, not standard input")
+      ->type_name("TEXT");
+  CommandReturn.add_option("-o,--output", Options.Output,
+                           "write to this file, which appears whole or not at all");
+  CommandReturn.add_flag("-q,--quiet", Options.Quiet, "show no progress at a terminal");
+  CommandReturn.add_flag("--reverse", Options.Rules.IsReversed,
+                         "translate from the target to the source");
+  CommandReturn.add_flag("--match-case", Options.Rules.MatchCase,
+                         "a literal matches the same bytes only");
+}
+
+void AddWanted(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsReturn) {
+  AddNumber(CommandReturn, "-k", 1, "give so many translations of each text",
+            [&](std::uint64_t Number) { OptionsReturn.Translations = Number; });
+  CommandReturn.add_flag("--all-derivations", OptionsReturn.Texts.AllDerivations,
+                         "also those with a text that was given already");
+  CommandReturn
+      .add_option("--start", OptionsReturn.Starts, "translate as one of these types alone")
+      ->type_name("TYPE,...");
+  CommandReturn.add_flag("--partial", OptionsReturn.Texts.IsPartial,
+                         "cut a text without translation into pieces");
+  CommandReturn
+      .add_option_function<std::string>(
+          "--format",
+          [&](const std::string& Name) { OptionsReturn.Format.Format = Formats.at(Name); },
+          "plain, json or tree")
+      ->type_name("FORM")
+      ->check(CLI::IsMember({"plain", "json", "tree"}));
+  CommandReturn.add_flag("--count", OptionsReturn.Texts.WantsCount,
+                         "tell in JSON how many derivations there are");
+}
+
+void AddLimits(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsReturn) {
+  constexpr std::uint64_t MaxChain = 1000000;
+  constexpr std::uint64_t MaxConstituents = 1000000000;
+  constexpr std::uint64_t MaxThreads = 1024;
+  AddNumber(CommandReturn, "--max-chain", 0, "so many unary rules in a row; 8 otherwise",
+            [&](std::uint64_t Number) {
+              OptionsReturn.Texts.Limits.MaxChain =
+                  static_cast<std::uint32_t>(std::min(Number, MaxChain));
+            });
+  AddNumber(CommandReturn, "--max-constituents", 0,
+            "give a text up with more constituents; 1000000 otherwise", [&](std::uint64_t Number) {
+              OptionsReturn.Texts.Limits.MaxConstituents = std::min(Number, MaxConstituents);
+            });
+  AddNumber(CommandReturn, "--max-derivations", 0,
+            "give up when more have been passed over; 100000 otherwise",
+            [&](std::uint64_t Number) { OptionsReturn.Texts.MaxDerivations = Number; });
+  AddNumber(CommandReturn, "--threads", 1, "translate so many texts at once; all cores otherwise",
+            [&](std::uint64_t Number) {
+              OptionsReturn.Threads = static_cast<unsigned>(std::min(Number, MaxThreads));
+            });
+}
+
+int Run(const TranslateLine& Line) {
+  Translate::TranslateOptions Options = Line.Options;
+  Options.vsGrammars.insert(Options.vsGrammars.end(), Line.vsLexicon.begin(), Line.vsLexicon.end());
+  return RunTranslate(Options);
+}
+
+}  // namespace
+
+void AddTranslateCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
+  CLI::App* Command =
+      ProgramReturn.add_subcommand("translate", "Translate texts by the rules of a grammar");
+  const auto Line = std::make_shared<TranslateLine>();
+  Line->Options.Threads = std::max(std::thread::hardware_concurrency(), 1U);
+  AddInputs(*Command, *Line);
+  AddWanted(*Command, Line->Options);
+  AddLimits(*Command, Line->Options);
+  Command->footer(Footer);
+  Command->callback([Line, &ActionReturn] { ActionReturn = [Line] { return Run(*Line); }; });
+}

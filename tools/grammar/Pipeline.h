@@ -1,0 +1,61 @@
+#pragma once
+
+#include <tbb/parallel_pipeline.h>
+#include <tbb/task_arena.h>
+
+#include <cstddef>
+#include <memory>
+#include <thread>
+
+namespace Grammar {
+
+/// How many threads a run may use: as many as it is told, or for 0 as many as the machine has
+/// cores.
+inline unsigned ThreadCount(unsigned Wanted) {
+  const unsigned Cores = std::thread::hardware_concurrency();
+  return Wanted != 0 ? Wanted : Cores != 0 ? Cores : 1;
+}
+
+/// Reads batches one after the other, works on several at once, and finishes them in the order in
+/// which they were read. So what is written is the same for any number of threads. Only a few
+/// batches are held at a time. What a step throws ends the run and reaches the caller.
+///
+///   RunPipeline<Batch>(2, ReadBatch, WorkOn, Write);
+///
+/// @param Threads how many threads work; with one, all is done by the caller's
+/// @param Read fills a new batch; false where there is nothing more to read
+/// @param Work works on a batch; called on several threads at once
+/// @param Finish takes a batch that has been worked on
+template <typename BatchT, typename ReadT, typename WorkT, typename FinishT>
+void RunPipeline(unsigned Threads, ReadT Read, WorkT Work, FinishT Finish) {
+  if (Threads == 1) {
+    for (BatchT Batch; Read(Batch);) {
+      Work(Batch);
+      Finish(Batch);
+    }
+    return;
+  }
+  using Held = std::shared_ptr<BatchT>;
+  const auto ReadStep = [&](tbb::flow_control& Flow) {
+    Held Batch = std::make_shared<BatchT>();
+    if (!Read(*Batch)) {
+      Flow.stop();
+    }
+    return Batch;
+  };
+  const auto WorkStep = [&](Held Batch) {
+    Work(*Batch);
+    return Batch;
+  };
+  const auto FinishStep = [&](const Held& Batch) { Finish(*Batch); };
+  const std::size_t Most = std::size_t{4} * Threads;
+  tbb::task_arena Arena(static_cast<int>(Threads));
+  Arena.execute([&] {
+    tbb::parallel_pipeline(
+        Most, tbb::make_filter<void, Held>(tbb::filter_mode::serial_in_order, ReadStep) &
+                  tbb::make_filter<Held, Held>(tbb::filter_mode::parallel, WorkStep) &
+                  tbb::make_filter<Held, void>(tbb::filter_mode::serial_in_order, FinishStep));
+  });
+}
+
+}  // namespace Grammar

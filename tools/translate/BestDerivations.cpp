@@ -1,0 +1,445 @@
+// Sections: nodes, candidates, the best, those behind it, goals, counting.
+
+#include "BestDerivations.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Translate {
+
+// ---- Nodes ------------------------------------------------------------------------------------
+
+void BestDerivations::Begin() {
+  const std::size_t Nodes =
+      Parsed.Constituents().size() + Parsed.Items().size() + Parsed.Groups().size() + 1;
+  Store.Clear();
+  vBest.assign(Nodes, NoEntry);
+  vFrontiers.clear();
+  Opened.clear();
+  vCounts.clear();
+  vIsTooMany.clear();
+  vGoals.clear();
+  NextRank = 0;
+}
+
+BestDerivations::NodeId BestDerivations::NodeOfItem(std::uint32_t Item) const {
+  return static_cast<NodeId>(Parsed.Constituents().size() + Item);
+}
+
+BestDerivations::NodeId BestDerivations::NodeOfGroup(std::uint32_t Group) const {
+  return static_cast<NodeId>(Parsed.Constituents().size() + Parsed.Items().size() + Group);
+}
+
+BestDerivations::NodeId BestDerivations::GoalsNode() const {
+  return static_cast<NodeId>(vBest.size() - 1);
+}
+
+BestDerivations::Kind BestDerivations::KindOf(NodeId Node) const {
+  if (Node < Parsed.Constituents().size()) {
+    return Kind::Constituent;
+  }
+  if (Node < NodeOfGroup(0)) {
+    return Kind::Item;
+  }
+  return Node == GoalsNode() ? Kind::Goals : Kind::Group;
+}
+
+/// Visits the ways of a constituent, the steps of an item, or the members of a group, each with the
+/// one or two nodes that it is made of; `NoEntry` for none.
+template <typename VisitT>
+void BestDerivations::ForEachAlternative(NodeId Node, VisitT Visit) const {
+  switch (KindOf(Node)) {
+    case Kind::Constituent:
+      for (std::uint32_t Way = Parsed.Constituents()[Node].FirstWay; Way != NoEntry;
+           Way = Parsed.Ways()[Way].Next) {
+        Visit(Way, PartOfWay(Way), NoEntry);
+      }
+      break;
+    case Kind::Item:
+      for (std::uint32_t Step = Parsed.Items()[Node - NodeOfItem(0)].FirstStep; Step != NoEntry;
+           Step = Parsed.Steps()[Step].Next) {
+        Visit(Step, FirstOfStep(Step), LastOfStep(Step));
+      }
+      break;
+    case Kind::Group: {
+      const Chart::Group& Group = Parsed.Groups()[Node - NodeOfGroup(0)];
+      for (std::uint32_t Index = 0; Index < Group.Count; ++Index) {
+        const std::uint32_t Member = Parsed.Members()[Group.First + Index];
+        Visit(Member, Member, NoEntry);
+      }
+      break;
+    }
+    case Kind::Goals:
+      for (const std::uint32_t Goal : vGoals) {
+        Visit(Goal, Goal, NoEntry);
+      }
+      break;
+  }
+}
+
+BestDerivations::NodeId BestDerivations::PartOfWay(std::uint32_t Way) const {
+  const Chart::Way& Each = Parsed.Ways()[Way];
+  return Each.IsUnary() ? Each.Part() : NodeOfItem(Each.Part());
+}
+
+BestDerivations::NodeId BestDerivations::FirstOfStep(std::uint32_t Step) const {
+  const std::uint32_t Before = Parsed.Steps()[Step].Before;
+  return Before == NoEntry ? NoEntry : NodeOfItem(Before);
+}
+
+BestDerivations::NodeId BestDerivations::LastOfStep(std::uint32_t Step) const {
+  const std::uint32_t Group = Parsed.Steps()[Step].Group;
+  return Group == NoEntry ? NoEntry : NodeOfGroup(Group);
+}
+
+/// The one or two nodes that an alternative is made of.
+void BestDerivations::PartsOf(NodeId Node, std::uint32_t Alternative, NodeId& FirstReturn,
+                              NodeId& LastReturn) const {
+  const Kind What = KindOf(Node);
+  FirstReturn = What == Kind::Constituent ? PartOfWay(Alternative)
+                : What == Kind::Item      ? FirstOfStep(Alternative)
+                                          : Alternative;
+  LastReturn = What == Kind::Item ? LastOfStep(Alternative) : NoEntry;
+}
+
+// ---- Candidates -------------------------------------------------------------------------------
+
+int BestDerivations::Compare(Kind What, const Candidate& Left, const Candidate& Right) const {
+  if (What == Kind::Constituent) {
+    const std::uint32_t One = Parsed.Ways()[Left.Alternative].Rule;
+    const std::uint32_t Other = Parsed.Ways()[Right.Alternative].Rule;
+    if (One != Other) {
+      return One < Other ? -1 : 1;
+    }
+    return Store.CompareLists(Left.First, Right.First);
+  }
+  if (What != Kind::Item) {
+    return Store.CompareTrees(Left.First, Right.First);
+  }
+  const int First = Store.CompareLists(Left.First, Right.First);
+  return First != 0 || Left.Last == NoEntry ? First : Store.CompareTrees(Left.Last, Right.Last);
+}
+
+bool BestDerivations::IsBetter(Kind What, const Candidate& Left, const Candidate& Right) const {
+  return Left.Score != Right.Score ? Left.Score > Right.Score : Compare(What, Left, Right) < 0;
+}
+
+/// An alternative with the parts of some rank, which have to be known.
+BestDerivations::Candidate BestDerivations::MakeCandidate(Kind What, const Parts& Of,
+                                                          std::uint32_t Rank,
+                                                          std::uint32_t LastRank) {
+  Candidate New{0, Of.Alternative, Rank, LastRank, Derivations::NoList, NoEntry};
+  if (Of.First != NoEntry) {
+    New.First = Ranked(Of.First, Rank);
+  }
+  if (What == Kind::Constituent) {
+    const Chart::Way& Way = Parsed.Ways()[Of.Alternative];
+    New.First = Way.IsUnary() ? Store.List(Derivations::NoList, New.First) : New.First;
+    New.Score = Store.ScoreOfList(New.First) + Way.Weight;
+  } else if (What == Kind::Item) {
+    New.Score = Store.ScoreOfList(New.First);
+    if (Of.Last != NoEntry) {
+      New.Last = Ranked(Of.Last, LastRank);
+      New.Score += Store.ScoreOfTree(New.Last);
+    }
+  } else {
+    New.Score = Store.ScoreOfTree(New.First);
+  }
+  return New;
+}
+
+/// The tree or the list that a candidate is.
+std::uint32_t BestDerivations::Keep(NodeId Node, const Candidate& Which) {
+  switch (KindOf(Node)) {
+    case Kind::Constituent: {
+      const Chart::Way& Way = Parsed.Ways()[Which.Alternative];
+      return Store.Tree(Way.Rule, Which.First, Way.Weight);
+    }
+    case Kind::Item:
+      return Which.Last == NoEntry ? Which.First : Store.List(Which.First, Which.Last);
+    default:
+      return Which.First;
+  }
+}
+
+// ---- The best ---------------------------------------------------------------------------------
+
+/// The score of a node's best derivation, which the chart knows.
+std::int64_t BestDerivations::ScoreOf(NodeId Node) const {
+  switch (KindOf(Node)) {
+    case Kind::Constituent:
+      return Parsed.Constituents()[Node].Score;
+    case Kind::Item:
+      return Parsed.Items()[Node - NodeOfItem(0)].Score;
+    case Kind::Group:
+      return Parsed.Groups()[Node - NodeOfGroup(0)].Score;
+    case Kind::Goals:
+      break;
+  }
+  std::int64_t Best = Parsed.Constituents()[vGoals.front()].Score;
+  for (const std::uint32_t Goal : vGoals) {
+    Best = std::max(Best, Parsed.Constituents()[Goal].Score);
+  }
+  return Best;
+}
+
+/// Visits the alternatives with the best score: only between those the rules have to decide.
+template <typename VisitT>
+void BestDerivations::ForEachBestAlternative(NodeId Node, VisitT Visit) const {
+  const bool HasWeight = KindOf(Node) == Kind::Constituent;
+  const std::int64_t Best = ScoreOf(Node);
+  ForEachAlternative(Node, [&](std::uint32_t Alternative, NodeId First, NodeId Last) {
+    const std::int64_t Score = (HasWeight ? Parsed.Ways()[Alternative].Weight : 0) +
+                               (First == NoEntry ? 0 : ScoreOf(First)) +
+                               (Last == NoEntry ? 0 : ScoreOf(Last));
+    if (Score == Best) {
+      Visit(Alternative, First, Last);
+    }
+  });
+}
+
+/// Puts on the stack what has to be worked out before a node.
+void BestDerivations::PushUnknownParts(NodeId Node, bool OnlyBest) {
+  const auto Push = [&](std::uint32_t, NodeId First, NodeId Last) {
+    for (const NodeId Part : {First, Last}) {
+      if (Part != NoEntry && !IsKnown(Part, OnlyBest)) {
+        vStack.push_back(Part);
+      }
+    }
+  };
+  if (OnlyBest) {
+    ForEachBestAlternative(Node, Push);
+  } else {
+    ForEachAlternative(Node, Push);
+  }
+}
+
+void BestDerivations::ChooseBest(NodeId Node) {
+  const Kind What = KindOf(Node);
+  std::optional<Candidate> Best;
+  ForEachBestAlternative(Node, [&](std::uint32_t Alternative, NodeId First, NodeId Last) {
+    const Candidate New = MakeCandidate(What, {Alternative, First, Last}, 0, 0);
+    if (!Best || IsBetter(What, New, *Best)) {
+      Best = New;
+    }
+  });
+  vBest[Node] = Keep(Node, *Best);
+}
+
+/// Works the best derivation of a node out, or its count, and first that of what it is made of.
+void BestDerivations::WorkOut(NodeId Root, bool OnlyBest) {
+  vStack.assign(1, Root);
+  while (!vStack.empty()) {
+    const NodeId Node = vStack.back();
+    const std::size_t Size = vStack.size();
+    if (!IsKnown(Node, OnlyBest)) {
+      PushUnknownParts(Node, OnlyBest);
+    }
+    if (vStack.size() > Size) {
+      continue;
+    }
+    vStack.pop_back();
+    if (IsKnown(Node, OnlyBest)) {
+      continue;
+    }
+    if (OnlyBest) {
+      ChooseBest(Node);
+    } else {
+      CountNode(Node);
+    }
+  }
+}
+
+// ---- Those behind it --------------------------------------------------------------------------
+
+bool BestDerivations::Has(NodeId Node, std::uint32_t Rank) const {
+  if (Rank == 0) {
+    return true;
+  }
+  const std::uint32_t Index = vFrontiers.empty() ? NoEntry : vFrontiers[Node];
+  return Index != NoEntry && Opened[Index].vBest.size() > Rank;
+}
+
+std::uint32_t BestDerivations::Ranked(NodeId Node, std::uint32_t Rank) const {
+  return Rank == 0 ? vBest[Node] : Opened[vFrontiers[Node]].vBest[Rank];
+}
+
+void BestDerivations::PushCandidate(NodeId Node, const Candidate& New,
+                                    Frontier& FrontierReturn) const {
+  const Kind What = KindOf(Node);
+  FrontierReturn.vHeap.push_back(New);
+  std::push_heap(
+      FrontierReturn.vHeap.begin(), FrontierReturn.vHeap.end(),
+      [&](const Candidate& Left, const Candidate& Right) { return IsBetter(What, Right, Left); });
+}
+
+/// Takes the best candidate; those that come behind it have to wait for their parts.
+void BestDerivations::TakeBest(NodeId Node, Frontier& FrontierReturn) {
+  const Kind What = KindOf(Node);
+  std::pop_heap(
+      FrontierReturn.vHeap.begin(), FrontierReturn.vHeap.end(),
+      [&](const Candidate& Left, const Candidate& Right) { return IsBetter(What, Right, Left); });
+  const Candidate Used = FrontierReturn.vHeap.back();
+  FrontierReturn.vHeap.pop_back();
+  FrontierReturn.vBest.push_back(Keep(Node, Used));
+  NodeId First = NoEntry;
+  NodeId Last = NoEntry;
+  PartsOf(Node, Used.Alternative, First, Last);
+  Candidate Next = Used;
+  if (Last != NoEntry) {
+    ++Next.LastRank;
+    FrontierReturn.vPending.push_back(Next);
+  }
+  // Each pair of ranks is reached in one way only.
+  if (First != NoEntry && Used.LastRank == 0) {
+    Next = Used;
+    ++Next.Rank;
+    FrontierReturn.vPending.push_back(Next);
+  }
+}
+
+/// What is known of a node beyond its best, with the best as the first.
+BestDerivations::Frontier& BestDerivations::Open(NodeId Node) {
+  if (vFrontiers.empty()) {
+    vFrontiers.assign(vBest.size(), NoEntry);
+  }
+  if (vFrontiers[Node] == NoEntry) {
+    vFrontiers[Node] = static_cast<std::uint32_t>(Opened.size());
+    Frontier& New = Opened.emplace_back();
+    ForEachAlternative(Node, [&](std::uint32_t Alternative, NodeId First, NodeId Last) {
+      for (const NodeId Part : {First, Last}) {
+        if (Part != NoEntry) {
+          WorkOut(Part, true);
+        }
+      }
+      PushCandidate(Node, MakeCandidate(KindOf(Node), {Alternative, First, Last}, 0, 0), New);
+    });
+    TakeBest(Node, New);
+  }
+  return Opened[vFrontiers[Node]];
+}
+
+/// Whether a part of some rank is there; where that is not known yet, it is put on the stack.
+BestDerivations::PartState BestDerivations::Require(NodeId Node, std::uint32_t Rank) {
+  if (Node == NoEntry || Has(Node, Rank)) {
+    return PartState::Known;
+  }
+  if (Open(Node).IsExhausted) {
+    return PartState::Missing;
+  }
+  vWanted.push_back({Node, Rank});
+  return PartState::Awaited;
+}
+
+/// Makes candidates of all that waits for its parts. @return false where some part is still awaited
+bool BestDerivations::Settle(NodeId Node, Frontier& FrontierReturn) {
+  while (!FrontierReturn.vPending.empty()) {
+    const Candidate Each = FrontierReturn.vPending.back();
+    NodeId First = NoEntry;
+    NodeId Last = NoEntry;
+    PartsOf(Node, Each.Alternative, First, Last);
+    const PartState FirstPart = Require(First, Each.Rank);
+    const PartState LastPart =
+        FirstPart == PartState::Known ? Require(Last, Each.LastRank) : PartState::Known;
+    if (FirstPart == PartState::Awaited || LastPart == PartState::Awaited) {
+      return false;
+    }
+    FrontierReturn.vPending.pop_back();
+    if (FirstPart == PartState::Known && LastPart == PartState::Known) {
+      PushCandidate(
+          Node,
+          MakeCandidate(KindOf(Node), {Each.Alternative, First, Last}, Each.Rank, Each.LastRank),
+          FrontierReturn);
+    }
+  }
+  return true;
+}
+
+/// Finds the next derivation of a node, unless parts of it have to be found before.
+void BestDerivations::Advance(NodeId Node) {
+  Frontier& Known = Open(Node);
+  if (!Settle(Node, Known)) {
+    return;
+  }
+  if (Known.vHeap.empty()) {
+    Known.IsExhausted = true;
+  } else {
+    TakeBest(Node, Known);
+  }
+}
+
+void BestDerivations::FindRanked(NodeId Root, std::uint32_t Rank) {
+  vWanted.assign(1, {Root, Rank});
+  while (!vWanted.empty()) {
+    const Wanted Top = vWanted.back();
+    if (Has(Top.Node, Top.Rank) || Open(Top.Node).IsExhausted) {
+      vWanted.pop_back();
+    } else {
+      Advance(Top.Node);
+    }
+  }
+}
+
+// ---- Goals ------------------------------------------------------------------------------------
+
+void BestDerivations::SetGoals(std::vector<std::uint32_t> vConstituents) {
+  vGoals = std::move(vConstituents);
+  vBest[GoalsNode()] = NoEntry;
+  if (!vFrontiers.empty()) {
+    vFrontiers[GoalsNode()] = NoEntry;
+  }
+  if (!vCounts.empty()) {
+    vCounts[GoalsNode()] = 0;
+    vIsTooMany[GoalsNode()] = false;
+  }
+  NextRank = 0;
+}
+
+std::optional<Derivations::TreeId> BestDerivations::Next() {
+  if (vGoals.empty()) {
+    return std::nullopt;
+  }
+  const NodeId Goals = GoalsNode();
+  WorkOut(Goals, true);
+  if (NextRank > 0) {
+    FindRanked(Goals, NextRank);
+  }
+  if (!Has(Goals, NextRank)) {
+    return std::nullopt;
+  }
+  return Ranked(Goals, NextRank++);
+}
+
+// ---- Counting ---------------------------------------------------------------------------------
+
+void BestDerivations::CountNode(NodeId Node) {
+  std::uint64_t Sum = 0;
+  bool IsTooMany = false;
+  ForEachAlternative(Node, [&](std::uint32_t, NodeId First, NodeId Last) {
+    std::uint64_t Product = 1;
+    for (const NodeId Part : {First, Last}) {
+      if (Part != NoEntry) {
+        IsTooMany = IsTooMany || vIsTooMany[Part] ||
+                    __builtin_mul_overflow(Product, vCounts[Part], &Product);
+      }
+    }
+    IsTooMany = IsTooMany || __builtin_add_overflow(Sum, Product, &Sum);
+  });
+  vCounts[Node] = IsTooMany ? 1 : Sum;
+  vIsTooMany[Node] = IsTooMany;
+}
+
+std::optional<std::uint64_t> BestDerivations::CountGoals() {
+  if (vGoals.empty()) {
+    return 0;
+  }
+  if (vCounts.empty()) {
+    vCounts.assign(vBest.size(), 0);
+    vIsTooMany.assign(vBest.size(), false);
+  }
+  WorkOut(GoalsNode(), false);
+  return vIsTooMany[GoalsNode()] ? std::nullopt
+                                 : std::optional<std::uint64_t>(vCounts[GoalsNode()]);
+}
+
+}  // namespace Translate

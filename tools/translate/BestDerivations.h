@@ -1,0 +1,130 @@
+#pragma once
+
+#include "Chart.h"
+#include "Derivations.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <vector>
+
+namespace Translate {
+
+/// The derivations of some constituents of a chart in order: the higher score first; among equal
+/// scores, the one whose rule numbers come first, listed root first and parts in order.
+///
+/// Only as many are worked out as are asked for: of a constituent, an item or a group the second
+/// best only when its best has been used. Nothing recurses, however deep a derivation is.
+///
+///   BestDerivations Best(Parsed);
+///   Best.SetGoals({Whole});
+///   while (const auto Tree = Best.Next()) { Best.Trees().ScoreOfTree(*Tree); }
+class BestDerivations {
+ public:
+  explicit BestDerivations(const Chart& ParsedPassIn) : Parsed(ParsedPassIn) {}
+
+  /// To be called for each text, after it has been parsed.
+  void Begin();
+
+  /// Sets the constituents whose derivations `Next` gives, from the first on.
+  void SetGoals(std::vector<std::uint32_t> vConstituents);
+
+  /// The next derivation of the goals; nothing behind the last.
+  std::optional<Derivations::TreeId> Next();
+
+  /// How many derivations the goals have; nothing where that does not fit 64 bits.
+  std::optional<std::uint64_t> CountGoals();
+
+  const Derivations& Trees() const { return Store; }
+
+ private:
+  /// Constituents, items, groups and the goals are numbered through.
+  using NodeId = std::uint32_t;
+
+  /// Something that a node may begin with: its how manieth best, in two dimensions for an item.
+  struct Candidate {
+    std::int64_t Score;
+    std::uint32_t Alternative;
+    std::uint32_t Rank;
+    std::uint32_t LastRank;
+    std::uint32_t First;  ///< a tree of a group's, a list of an item's or a constituent's
+    std::uint32_t Last;   ///< a tree behind a list of an item's
+  };
+
+  /// An alternative, and the nodes that it is made of.
+  struct Parts {
+    std::uint32_t Alternative;
+    NodeId First;
+    NodeId Last;
+  };
+
+  /// What is known of a node beyond its best.
+  struct Frontier {
+    std::vector<std::uint32_t> vBest;  ///< trees or lists, in order
+    std::vector<Candidate> vHeap;      ///< the best on top
+    std::vector<Candidate> vPending;   ///< whose parts have to be worked out first
+    bool IsExhausted = false;
+  };
+
+  enum class Kind : std::uint8_t { Constituent, Item, Group, Goals };
+
+  Kind KindOf(NodeId Node) const;
+  NodeId NodeOfItem(std::uint32_t Item) const;
+  NodeId NodeOfGroup(std::uint32_t Group) const;
+  NodeId GoalsNode() const;
+
+  template <typename VisitT>
+  void ForEachAlternative(NodeId Node, VisitT Visit) const;
+  NodeId PartOfWay(std::uint32_t Way) const;
+  NodeId FirstOfStep(std::uint32_t Step) const;
+  NodeId LastOfStep(std::uint32_t Step) const;
+  void PartsOf(NodeId Node, std::uint32_t Alternative, NodeId& FirstReturn,
+               NodeId& LastReturn) const;
+  bool IsBetter(Kind What, const Candidate& Left, const Candidate& Right) const;
+  int Compare(Kind What, const Candidate& Left, const Candidate& Right) const;
+  Candidate MakeCandidate(Kind What, const Parts& Of, std::uint32_t Rank, std::uint32_t LastRank);
+  std::uint32_t Keep(NodeId Node, const Candidate& Which);
+
+  template <typename VisitT>
+  void ForEachBestAlternative(NodeId Node, VisitT Visit) const;
+  std::int64_t ScoreOf(NodeId Node) const;
+  void PushUnknownParts(NodeId Node, bool OnlyBest);
+  void WorkOut(NodeId Root, bool OnlyBest);
+  void ChooseBest(NodeId Node);
+
+  std::uint32_t Ranked(NodeId Node, std::uint32_t Rank) const;
+  bool Has(NodeId Node, std::uint32_t Rank) const;
+  Frontier& Open(NodeId Node);
+  void PushCandidate(NodeId Node, const Candidate& New, Frontier& FrontierReturn) const;
+  void TakeBest(NodeId Node, Frontier& FrontierReturn);
+  void FindRanked(NodeId Root, std::uint32_t Rank);
+  void Advance(NodeId Node);
+  enum class PartState : std::uint8_t { Known, Awaited, Missing };
+  PartState Require(NodeId Node, std::uint32_t Rank);
+  bool Settle(NodeId Node, Frontier& FrontierReturn);
+
+  void CountNode(NodeId Node);
+  bool IsKnown(NodeId Node, bool OnlyBest) const {
+    return OnlyBest ? vBest[Node] != NoEntry : vCounts[Node] != 0;
+  }
+
+  struct Wanted {
+    NodeId Node;
+    std::uint32_t Rank;
+  };
+
+  const Chart& Parsed;
+  Derivations Store;
+  std::vector<std::uint32_t> vBest;       // of each node; `NoEntry` where it is not known yet
+  std::vector<std::uint32_t> vFrontiers;  // of each node that has one
+  std::deque<Frontier> Opened;
+  std::vector<std::uint32_t> vGoals;
+  std::vector<NodeId> vStack;
+  std::vector<Wanted> vWanted;
+  std::vector<std::uint64_t> vCounts;  // of derivations; 0 where it is not known yet
+  std::vector<bool> vIsTooMany;        // where the count does not fit
+  std::uint32_t NextRank = 0;
+};
+
+}  // namespace Translate

@@ -1,0 +1,203 @@
+#include "Program.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Translate {
+
+namespace {
+
+/// The kinds of steps, in the order of their lines.
+enum StepKind : std::uint8_t {
+  AnalysisValue,
+  AnalysisLink,
+  Transfer,
+  GenerationValue,
+  GenerationLink
+};
+
+}  // namespace
+
+ProgramPath ProgramCompiler::AddPath(const SourcePath& Path, Program& ProgramReturn) {
+  ProgramPath New;
+  New.Node = Path.Index;
+  New.FirstFeature = static_cast<std::uint32_t>(ProgramReturn.vFeatures.size());
+  New.FeatureCount = static_cast<std::uint32_t>(Path.vFeatures.size());
+  for (const std::string_view Each : Path.vFeatures) {
+    ProgramReturn.vFeatures.push_back(Features.InternUpper(Each));
+  }
+  std::uint32_t& Max = Path.Of == Side::X ? ProgramReturn.MaxX : ProgramReturn.MaxY;
+  Max = std::max(Max, Path.Index);
+  return New;
+}
+
+void ProgramCompiler::AddLink(const SourceEquation& Each, Program& ProgramReturn) {
+  const bool IsTurned = Each.Left.Of == Side::Y && Each.Right.Of == Side::X;
+  LinkStep New;
+  New.Left = AddPath(IsTurned ? Each.Right : Each.Left, ProgramReturn);
+  New.Right = AddPath(IsTurned ? Each.Left : Each.Right, ProgramReturn);
+  const auto Line = static_cast<std::uint32_t>(Each.Line);
+  if (Each.Left.Of != Each.Right.Of) {
+    ProgramReturn.vTransfers.push_back(New);
+    vLines[Transfer].push_back(Line);
+  } else if (Each.Left.Of == Side::X) {
+    ProgramReturn.vAnalysisLinks.push_back(New);
+    vLines[AnalysisLink].push_back(Line);
+  } else {
+    ProgramReturn.vGenerationLinks.push_back(New);
+    vLines[GenerationLink].push_back(Line);
+  }
+}
+
+std::vector<std::uint32_t> ProgramCompiler::AtomsOf(const SourceEquation& Each) {
+  std::vector<std::uint32_t> vAtoms;
+  for (const std::string_view Atom : Each.vAtoms) {
+    vAtoms.push_back(AtomNames.InternUpper(Atom));
+  }
+  return vAtoms;
+}
+
+void ProgramCompiler::AddSet(Side Of, const ValueStep& Step, std::uint32_t Line,
+                             Program& ProgramReturn) {
+  if (Of == Side::X) {
+    ProgramReturn.vAnalysisValues.push_back(Step);
+    vLines[AnalysisValue].push_back(Line);
+  } else {
+    ProgramReturn.vGenerationValues.push_back(Step);
+    vLines[GenerationValue].push_back(Line);
+  }
+}
+
+/// Values of one written path are alternatives; a negation holds for itself.
+void ProgramCompiler::AddValue(const SourceEquation& Each, Program& ProgramReturn) {
+  const auto Line = static_cast<std::uint32_t>(Each.Line);
+  const ProgramPath Path = AddPath(Each.Left, ProgramReturn);
+  std::vector<std::uint32_t> vAtoms = AtomsOf(Each);
+  if (Each.Kind == ValueKind::None) {
+    AddSet(Each.Left.Of, {Path, Atoms.Intern({true, std::move(vAtoms)})}, Line, ProgramReturn);
+    return;
+  }
+  const auto Start = ProgramReturn.vFeatures.begin() + Path.FirstFeature;
+  std::vector<std::uint32_t> vFeatures(Start, Start + Path.FeatureCount);
+  const auto Found =
+      std::find_if(vAlternatives.begin(), vAlternatives.end(), [&](const Alternatives& Other) {
+        return Other.Of == Each.Left.Of && Other.Path.Node == Path.Node &&
+               Other.vFeatures == vFeatures;
+      });
+  if (Found == vAlternatives.end()) {
+    vAlternatives.push_back({Path, std::move(vFeatures), Each.Left.Of, std::move(vAtoms), Line});
+  } else {
+    ProgramReturn.vFeatures.resize(Path.FirstFeature);
+    Found->vAtoms.insert(Found->vAtoms.end(), vAtoms.begin(), vAtoms.end());
+  }
+}
+
+/// Which nodes begin as copies of what the parts have; those that no equation names do not count.
+void ProgramCompiler::AddParts(const SourceRule& Rule, Program& ProgramReturn) const {
+  std::vector<bool> vIsNamedX(Rule.X.vLabels.size() + 1);
+  std::vector<bool> vIsNamedY(Rule.Y.vLabels.size() + 1);
+  for (const SourceEquation& Each : Rule.vEquations) {
+    (Each.Left.Of == Side::X ? vIsNamedX : vIsNamedY)[Each.Left.Index] = true;
+    if (Each.Kind == ValueKind::Path) {
+      (Each.Right.Of == Side::X ? vIsNamedX : vIsNamedY)[Each.Right.Index] = true;
+    }
+  }
+  std::vector<std::uint32_t> vPlaces;
+  std::uint32_t Places = 0;
+  for (std::size_t Index = 0; Index < Rule.X.vLabels.size(); ++Index) {
+    const bool IsPlace = !IsLiteral(Rule.X.vLabels[Index]);
+    if (IsPlace && vIsNamedX[Index + 1]) {
+      ProgramReturn.vSourceParts.push_back({static_cast<std::uint32_t>(Index + 1), Places});
+    }
+    vPlaces.push_back(Places);
+    Places += IsPlace ? 1 : 0;
+  }
+  for (std::size_t Index = 0; Index < Rule.vSources.size(); ++Index) {
+    if (Rule.vSources[Index] != NoPlace && vIsNamedY[Index + 1]) {
+      ProgramReturn.vTargetParts.push_back(
+          {static_cast<std::uint32_t>(Index + 1), vPlaces[Rule.vSources[Index]]});
+    }
+  }
+}
+
+Program ProgramCompiler::Compile(const SourceRule& Rule, std::vector<std::uint32_t>& vLinesReturn) {
+  Program New;
+  vAlternatives.clear();
+  vLinesReturn.clear();
+  if (Rule.vEquations.empty()) {
+    return New;
+  }
+  for (std::vector<std::uint32_t>& vEach : vLines) {
+    vEach.clear();
+  }
+  for (const SourceEquation& Each : Rule.vEquations) {
+    if (Each.Kind == ValueKind::Path) {
+      AddLink(Each, New);
+    } else {
+      AddValue(Each, New);
+    }
+  }
+  for (Alternatives& Each : vAlternatives) {
+    AddSet(Each.Of, {Each.Path, Atoms.Intern({false, std::move(Each.vAtoms)})}, Each.Line, New);
+  }
+  AddParts(Rule, New);
+  for (const std::vector<std::uint32_t>& vEach : vLines) {
+    vLinesReturn.insert(vLinesReturn.end(), vEach.begin(), vEach.end());
+  }
+  return New;
+}
+
+namespace {
+
+class KeyWriter {
+ public:
+  void Add(std::uint32_t Number) {
+    for (int Byte = 0; Byte < 4; ++Byte) {
+      Text += static_cast<char>(static_cast<unsigned char>(Number >> (8 * Byte)));
+    }
+  }
+  void Add(std::size_t Number) { Add(static_cast<std::uint32_t>(Number)); }
+  void Add(const ProgramPath& Path) {
+    Add(Path.Node);
+    Add(Path.FirstFeature);
+    Add(Path.FeatureCount);
+  }
+  void Add(const ValueStep& Step) {
+    Add(Step.Path);
+    Add(Step.Atoms);
+  }
+  void Add(const LinkStep& Step) {
+    Add(Step.Left);
+    Add(Step.Right);
+  }
+  void Add(const ProgramNode& Node) {
+    Add(Node.Node);
+    Add(Node.Place);
+  }
+  template <typename ElementT>
+  void Add(const std::vector<ElementT>& vElements) {
+    Add(vElements.size());
+    for (const ElementT& Each : vElements) {
+      Add(Each);
+    }
+  }
+
+  std::string Text;
+};
+
+}  // namespace
+
+std::string KeyOf(const Program& Which) {
+  KeyWriter Key;
+  Key.Add(Which.vFeatures);
+  Key.Add(Which.vAnalysisValues);
+  Key.Add(Which.vAnalysisLinks);
+  Key.Add(Which.vTransfers);
+  Key.Add(Which.vGenerationValues);
+  Key.Add(Which.vGenerationLinks);
+  Key.Add(Which.vSourceParts);
+  Key.Add(Which.vTargetParts);
+  return std::move(Key.Text);
+}
+
+}  // namespace Translate

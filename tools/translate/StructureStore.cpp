@@ -1,0 +1,52 @@
+#include "StructureStore.h"
+
+#include <algorithm>
+
+namespace Translate {
+
+void StructureStore::Clear() {
+  vEntries.assign(1, {0, NoEntry});
+  vWords.clear();
+  Index.Clear();
+}
+
+std::uint64_t StructureStore::HashOfEntry(const Entry& Each) const {
+  return Each.Size == 0 ? Mixed(Each.Start) : HashOf(vWords.data() + Each.Start, Each.Size);
+}
+
+StructureId StructureStore::Atomic(AtomSetId Set) {
+  const auto New = static_cast<StructureId>(vEntries.size());
+  std::uint32_t& Slot = Index.Find(Mixed(Set), [&](StructureId Each) {
+    return vEntries[Each].Size == 0 && vEntries[Each].Start == Set;
+  });
+  if (Slot != NoEntry) {
+    return Slot;
+  }
+  Slot = New;
+  vEntries.push_back({Set, 0});
+  Index.NoteAdded([&](StructureId Each) { return HashOfEntry(vEntries[Each]); });
+  return New;
+}
+
+StructureId StructureStore::Complex(const std::vector<std::uint32_t>& vKnot) {
+  const auto New = static_cast<StructureId>(vEntries.size());
+  std::uint32_t& Slot = Index.Find(HashOf(vKnot.data(), vKnot.size()), [&](StructureId Each) {
+    return vEntries[Each].Size == vKnot.size() &&
+           std::equal(vKnot.begin(), vKnot.end(), vWords.data() + vEntries[Each].Start);
+  });
+  if (Slot != NoEntry) {
+    return Slot;
+  }
+  Slot = New;
+  vEntries.push_back(
+      {static_cast<std::uint32_t>(vWords.size()), static_cast<std::uint32_t>(vKnot.size())});
+  vWords.insert(vWords.end(), vKnot.begin(), vKnot.end());
+  Index.NoteAdded([&](StructureId Each) { return HashOfEntry(vEntries[Each]); });
+  return New;
+}
+
+std::size_t StructureStore::Bytes() const {
+  return vEntries.capacity() * sizeof(Entry) + vWords.capacity() * sizeof(std::uint32_t);
+}
+
+}  // namespace Translate

@@ -1,0 +1,15 @@
+#include "SymbolTable.h"
+
+#include "Bytes.h"
+
+#include <algorithm>
+
+namespace Translate {
+
+std::uint32_t SymbolTable::InternUpper(std::string_view Text) {
+  Capitals.assign(Text);
+  std::transform(Capitals.begin(), Capitals.end(), Capitals.begin(), Grammar::ToUpper);
+  return Intern(Capitals);
+}
+
+}  // namespace Translate

@@ -1,0 +1,211 @@
+// Sections: grammars, start types, texts, the run.
+
+#include "TranslateCommand.h"
+
+#include "OrderedTexts.h"
+#include "OutputFile.h"
+#include "Progress.h"
+#include "RuleFiles.h"
+#include "RuleSource.h"
+#include "RunError.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdlib>
+#include <iostream>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+namespace Translate {
+
+// ---- Grammars ---------------------------------------------------------------------------------
+
+namespace {
+
+void Report(const std::vector<Grammar::Finding>& vFindings) {
+  for (const Grammar::Finding& Each : vFindings) {
+    std::cerr << Each.File << ':' << Each.Line << ':' << Each.Column << ": " << NameOf(Each.Level)
+              << ' ' << Each.Code << ": " << Each.Message << '\n';
+  }
+}
+
+}  // namespace
+
+bool LoadRules(const std::vector<std::string>& vsGrammars, bool Quiet, RuleSet& RulesReturn) {
+  Grammar::RuleFiles Files(vsGrammars, Quiet);
+  // With a part of the grammar, texts would mean something else.
+  Files.ReportFailuresTo([](const std::string& Message) { throw Grammar::RunError(Message); });
+  std::vector<Grammar::Finding> vFindings;
+  SourceRule Rule;
+  std::uint32_t Number = 0;
+  bool AllUsable = true;
+  for (Grammar::RuleText Text; Files.Next(Text);) {
+    if (!Text.HasRule || Text.Continues) {
+      continue;
+    }
+    ++Number;
+    vFindings.clear();
+    if (ReadSourceRule(Text, RulesReturn.Settings().IsReversed, Rule, vFindings)) {
+      RulesReturn.Add(Rule, Number);
+    } else {
+      Report(vFindings);
+      AllUsable = false;
+    }
+  }
+  RulesReturn.Finish();
+  return AllUsable;
+}
+
+// ---- Start types ------------------------------------------------------------------------------
+
+namespace {
+
+/// Cuts start types at commas; blanks mean nothing. A type without rules is told.
+std::vector<std::uint32_t> ParseStarts(std::string Text, const RuleSet& Rules) {
+  std::vector<std::uint32_t> vStarts;
+  Text.erase(std::remove(Text.begin(), Text.end(), ' '), Text.end());
+  std::size_t From = 0;
+  while (From <= Text.size()) {
+    const std::size_t End = std::min(Text.find(',', From), Text.size());
+    const std::string Type = Text.substr(From, End - From);
+    const std::uint32_t Label = Rules.FindSourceType(Type);
+    if (Label == RuleSet::None) {
+      std::cerr << "trrule: --start: no usable rule has the type \"" << Type << "\"\n";
+    } else {
+      vStarts.push_back(Label);
+    }
+    From = End + 1;
+  }
+  return vStarts;
+}
+
+TextOptions TextOptionsOf(const TranslateOptions& Options, const RuleSet& Rules) {
+  TextOptions Texts = Options.Texts;
+  Texts.Translations = Options.Translations.value_or(
+      Texts.AllDerivations ? std::numeric_limits<std::uint64_t>::max() : 1);
+  Texts.HasStarts = Options.Starts.has_value();
+  if (Texts.HasStarts) {
+    Texts.vStarts = ParseStarts(*Options.Starts, Rules);
+  }
+  return Texts;
+}
+
+/// Colours are for people: at a terminal, unless they have said that they want none.
+bool WantsColours(const TranslateOptions& Options) {
+  const bool ToStandardOutput = Options.Output.empty() || Options.Output == "-";
+  const char* NoColour = std::getenv("NO_COLOR");
+  return ToStandardOutput && isatty(STDOUT_FILENO) != 0 &&
+         (NoColour == nullptr || *NoColour == '\0');
+}
+
+WriterOptions WriterOptionsOf(const TranslateOptions& Options) {
+  WriterOptions Format = Options.Format;
+  Format.IsList = Options.Texts.AllDerivations || Options.Translations.value_or(1) > 1;
+  Format.HasCount = Options.Texts.WantsCount;
+  Format.Colours = WantsColours(Options);
+  return Format;
+}
+
+// ---- Texts ------------------------------------------------------------------------------------
+
+/// The texts of a run: the one that was given, or the lines of standard input.
+class TextSource {
+ public:
+  TextSource(const TranslateOptions& Options)
+      : Given(Options.Text),
+        Shown(Options.Quiet || Given.has_value(), Given ? 0 : Grammar::TotalSize({"-"})) {
+    if (!Given) {
+      Input = std::make_unique<Grammar::InputFile>("-");
+    }
+  }
+
+  bool Next(std::string& TextReturn) {
+    if (Given) {
+      TextReturn = std::move(*Given);
+      const bool IsFirst = !IsDone;
+      IsDone = true;
+      return IsFirst;
+    }
+    if (!std::getline(Input->Stream(), TextReturn)) {
+      return false;
+    }
+    Shown.Advance(TextReturn.size() + 1);
+    if (!Input->Stream().eof() && !TextReturn.empty() && TextReturn.back() == '\r') {
+      TextReturn.pop_back();
+    }
+    return true;
+  }
+
+  /// What messages name a text by.
+  static std::string Place(std::size_t Line, bool IsGiven) {
+    return (IsGiven ? "--text:" : "-:") + std::to_string(Line);
+  }
+
+ private:
+  std::optional<std::string> Given;
+  std::unique_ptr<Grammar::InputFile> Input;
+  Grammar::Progress Shown;
+  bool IsDone = false;
+};
+
+/// What a thread needs.
+struct Workplace {
+  Workplace(const RuleSet& Rules, const WriterOptions& Format)
+      : Engine(Rules), Writer(Rules, Engine, Format) {}
+
+  Translator Engine;
+  TranslationWriter Writer;
+};
+
+std::string MessageOf(const TextResult& Result, const std::string& Place) {
+  if (!Result.Error.empty()) {
+    return Place + ": error: " + Result.Error + '\n';
+  }
+  return Result.vTranslations.empty() ? Place + ": error: there is no translation\n" : "";
+}
+
+}  // namespace
+
+// ---- The run ----------------------------------------------------------------------------------
+
+int RunTranslate(const TranslateOptions& Options) {
+  const auto IsInput = [](const std::string& sName) { return sName == "-"; };
+  if (!Options.Text && std::any_of(Options.vsGrammars.begin(), Options.vsGrammars.end(), IsInput)) {
+    throw Grammar::RunError("standard input holds the texts: a grammar from there needs --text");
+  }
+  RuleSet Rules(Options.Rules);
+  bool HasFindings = !LoadRules(Options.vsGrammars, Options.Quiet, Rules);
+  const TextOptions Texts = TextOptionsOf(Options, Rules);
+  const WriterOptions Format = WriterOptionsOf(Options);
+  Grammar::OutputFile Output(Options.Output);
+  TextSource Source(Options);
+  const bool IsGiven = Options.Text.has_value();
+  OrderedTexts Run(
+      IsGiven ? 1 : Options.Threads, [&](std::string& Text) { return Source.Next(Text); },
+      [&](const TextOutput& Result, bool IsWaiting) {
+        Output.Write(Result.Out);
+        // What is told about a text comes behind its translation, and behind those before it.
+        if (IsWaiting || !Result.Messages.empty()) {
+          Output.Flush();
+        }
+        std::cerr << Result.Messages;
+        HasFindings = HasFindings || !Result.Messages.empty();
+      });
+  Run.Run([&]() -> OrderedTexts::Worker {
+    const auto Place = std::make_shared<Workplace>(Rules, Format);
+    return [&, Place](const std::string& Text, std::size_t Line) {
+      TextOutput Made;
+      const TextResult Result = Place->Engine.Translate(Text, Texts);
+      Place->Writer.Append(Text, Result, Made.Out);
+      Made.Messages = MessageOf(Result, TextSource::Place(Line, IsGiven));
+      return Made;
+    };
+  });
+  Output.Finish();
+  return HasFindings ? Grammar::StatusFindings : Grammar::StatusClean;
+}
+
+}  // namespace Translate

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "RuleSet.h"
+#include "TranslationWriter.h"
+#include "Translator.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Translate {
+
+/// What a run over texts is told.
+struct TranslateOptions {
+  std::vector<std::string> vsGrammars;  ///< "-" for standard input, with a text of its own
+  std::optional<std::string> Text;      ///< otherwise each line of standard input is one
+  std::string Output;                   ///< "" or "-" for standard output
+  bool Quiet = false;                   ///< show no progress
+  unsigned Threads = 1;
+  RuleSetOptions Rules;
+  std::optional<std::string> Starts;  ///< start types between commas
+  std::optional<std::uint64_t> Translations;
+  TextOptions Texts;  ///< but for the two above
+  WriterOptions Format;
+};
+
+/// Translates texts. Rules that are left out, and texts without translation, are told on standard
+/// error. Throws `Grammar::RunError`.
+/// @return `Grammar::StatusFindings` where something was told of a rule or a text
+int RunTranslate(const TranslateOptions& Options);
+
+/// Reads grammars into a rule set, as every command that applies rules does. What is wrong with
+/// rules that are left out is told on standard error.
+/// @return whether all rules can be used
+bool LoadRules(const std::vector<std::string>& vsGrammars, bool Quiet, RuleSet& RulesReturn);
+
+}  // namespace Translate

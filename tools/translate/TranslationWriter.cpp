@@ -1,0 +1,258 @@
+// Sections: scores, plain, JSON, trees for people.
+
+#include "TranslationWriter.h"
+
+#include <array>
+#include <cstdio>
+
+namespace Translate {
+
+// ---- Scores -----------------------------------------------------------------------------------
+
+void AppendScore(std::int64_t Score, std::string& TextReturn) {
+  constexpr std::int64_t Million = 1000000;
+  const std::uint64_t Size =
+      Score < 0 ? 0 - static_cast<std::uint64_t>(Score) : static_cast<std::uint64_t>(Score);
+  const std::string Digits = std::to_string(Size % Million);
+  TextReturn.append(Score < 0 ? "-" : "").append(std::to_string(Size / Million)).append(1, '.');
+  TextReturn.append(6 - Digits.size(), '0').append(Digits);
+}
+
+namespace {
+
+/// The words of all pieces, joined by blanks.
+std::string JoinedPieces(const TextResult& Result) {
+  std::string Text;
+  for (const Piece& Each : Result.vPieces) {
+    Text.append(Text.empty() || Each.Target.empty() ? "" : " ").append(Each.Target);
+  }
+  return Text;
+}
+
+}  // namespace
+
+void TranslationWriter::Append(std::string_view Text, const TextResult& Result,
+                               std::string& OutReturn) {
+  Out = &OutReturn;
+  switch (Options.Format) {
+    case TextFormat::Plain:
+      AppendPlain(Result);
+      break;
+    case TextFormat::Json:
+      AppendJson(Text, Result);
+      break;
+    case TextFormat::Tree:
+      AppendDrawing(Text, Result);
+      break;
+  }
+}
+
+// ---- Plain ------------------------------------------------------------------------------------
+
+void TranslationWriter::AppendPlain(const TextResult& Result) {
+  for (const Translation& Each : Result.vTranslations) {
+    if (Options.IsList) {
+      AppendScore(Each.Score, *Out);
+      *Out += '\t';
+    }
+    Out->append(Each.Target).append(1, '\n');
+  }
+  if (Result.HasPieces) {
+    Out->append(JoinedPieces(Result)).append(1, '\n');
+  }
+  const bool HasLine = Result.HasPieces || !Result.vTranslations.empty();
+  Out->append(Options.IsList || !HasLine ? "\n" : "");
+}
+
+// ---- JSON -------------------------------------------------------------------------------------
+
+void TranslationWriter::AppendJson(std::string_view Text, const TextResult& Result) {
+  Out->append("{\"source\":");
+  AppendJsonString(Text, *Out);
+  Out->append(",\"translations\":[");
+  for (const Translation& Each : Result.vTranslations) {
+    Out->append(&Each == &Result.vTranslations.front() ? "" : ",").append("{\"target\":");
+    AppendJsonString(Each.Target, *Out);
+    Out->append(",\"score\":");
+    AppendScore(Each.Score, *Out);
+    Out->append(",\"tree\":");
+    AppendJsonTree(Each.Tree, 0);
+    *Out += '}';
+  }
+  *Out += ']';
+  if (Result.HasPieces) {
+    AppendJsonPieces(Result);
+  }
+  if (Options.HasCount) {
+    Out->append(",\"derivations\":");
+    Out->append(Result.Derivations ? std::to_string(*Result.Derivations) : "null");
+  }
+  Out->append(",\"error\":");
+  if (Result.Error.empty()) {
+    Out->append("null");
+  } else {
+    AppendJsonString(Result.Error, *Out);
+  }
+  Out->append("}\n");
+}
+
+namespace {
+
+void AppendSpan(std::size_t Start, std::size_t End, std::string& TextReturn) {
+  TextReturn.append("\"span\":[").append(std::to_string(Start)).append(1, ',');
+  TextReturn.append(std::to_string(End)).append(1, ']');
+}
+
+}  // namespace
+
+void TranslationWriter::AppendJsonPieces(const TextResult& Result) {
+  Out->append(",\"pieces\":[");
+  for (const Piece& Each : Result.vPieces) {
+    Out->append(&Each == &Result.vPieces.front() ? "{" : ",{");
+    AppendSpan(Each.Start, Each.End, *Out);
+    Out->append(",\"target\":");
+    AppendJsonString(Each.Target, *Out);
+    Out->append(",\"tree\":");
+    if (Each.Tree) {
+      AppendJsonTree(*Each.Tree, Each.Start);
+    } else {
+      Out->append("null");
+    }
+    *Out += '}';
+  }
+  *Out += ']';
+}
+
+/// All of a constituent but its children.
+void TranslationWriter::AppendJsonNode(const TreeNode& Node) {
+  const RuleSet::Rule& Rule = Rules.At(Node.Rule);
+  Out->append("{\"rule\":");
+  AppendJsonString(Rules.FileOf(Rule) + ':' + std::to_string(Rule.Line), *Out);
+  Out->append(",\"header\":");
+  if (Rule.Header == RuleSet::None) {
+    Out->append("null");
+  } else {
+    AppendJsonString(Rules.HeaderOf(Rule), *Out);
+  }
+  *Out += ',';
+  AppendSpan(Node.Start, Node.End, *Out);
+  Out->append(",\"types\":[");
+  AppendJsonString(Rules.LabelName(Rule.SourceType), *Out);
+  *Out += ',';
+  AppendJsonString(Rules.LabelName(Rule.TargetType), *Out);
+  Out->append("],\"source\":");
+  Structures.AppendJson(Node.Structures.Source, *Out);
+  Out->append(",\"target\":");
+  Structures.AppendJson(Node.Structures.Target, *Out);
+  Out->append(",\"children\":[");
+}
+
+void TranslationWriter::AppendJsonTree(Derivations::TreeId Tree, std::size_t Start) {
+  std::vector<std::uint32_t> vLeft;  // the children that are still to come, of each open node
+  for (const TreeNode& Node : Engine.NodesOf(Tree, Start)) {
+    AppendJsonNode(Node);
+    vLeft.push_back(Node.Parts);
+    while (!vLeft.empty() && vLeft.back() == 0) {
+      Out->append("]}");
+      vLeft.pop_back();
+      if (!vLeft.empty()) {
+        --vLeft.back();
+        Out->append(vLeft.back() > 0 ? "," : "");
+      }
+    }
+  }
+}
+
+// ---- Trees for people -------------------------------------------------------------------------
+
+namespace {
+
+constexpr std::string_view Bold = "\x1b[1m";
+constexpr std::string_view Blue = "\x1b[34m";
+constexpr std::string_view Green = "\x1b[32m";
+constexpr std::string_view Grey = "\x1b[90m";
+constexpr std::string_view Usual = "\x1b[0m";
+
+}  // namespace
+
+void TranslationWriter::AppendColoured(std::string_view Colour, std::string_view Text) {
+  if (!Options.Colours) {
+    Out->append(Text);
+    return;
+  }
+  Out->append(Colour).append(Text).append(Usual);
+}
+
+/// A line of a tree: what it hangs on, the rule, its words and its structures.
+void TranslationWriter::DrawNode(const TreeNode& Node, const std::string& Branch) {
+  const RuleSet::Rule& Rule = Rules.At(Node.Rule);
+  const std::string Place = Rules.FileOf(Rule) + ':' + std::to_string(Rule.Line);
+  AppendColoured(Grey, Branch);
+  AppendColoured(Bold, Rules.LabelName(Rule.SourceType) + "::" + Rules.LabelName(Rule.TargetType));
+  *Out += ' ';
+  AppendColoured(Blue,
+                 Rule.Header == RuleSet::None ? Place : '{' + Rules.HeaderOf(Rule) + "} " + Place);
+  std::string Words;
+  for (std::size_t At = Node.Start; At < Node.End; ++At) {
+    Words.append(At == Node.Start ? " \"" : " ").append(Engine.ParsedChart().Tokens()[At]);
+  }
+  AppendColoured(Green, Words + '"');
+  if (Node.Structures.Source != StructureStore::Open ||
+      Node.Structures.Target != StructureStore::Open) {
+    *Out += ' ';
+    Structures.AppendShort(Node.Structures.Source, *Out);
+    Out->append(" -> ");
+    Structures.AppendShort(Node.Structures.Target, *Out);
+  }
+  *Out += '\n';
+}
+
+void TranslationWriter::DrawTree(Derivations::TreeId Tree, std::size_t Start) {
+  struct Level {
+    std::uint32_t Left;  // how many parts are still to come
+    std::size_t Indent;
+  };
+  std::vector<Level> vLevels;
+  std::string Indent;
+  for (const TreeNode& Node : Engine.NodesOf(Tree, Start)) {
+    if (vLevels.empty()) {
+      DrawNode(Node, "");
+    } else {
+      const bool IsLast = --vLevels.back().Left == 0;
+      Indent.resize(vLevels.back().Indent);
+      DrawNode(Node, Indent + (IsLast ? "└─ " : "├─ "));
+      Indent += IsLast ? "   " : "│  ";
+    }
+    vLevels.push_back({Node.Parts, Indent.size()});
+    while (!vLevels.empty() && vLevels.back().Left == 0) {
+      vLevels.pop_back();
+    }
+  }
+}
+
+void TranslationWriter::AppendDrawing(std::string_view Text, const TextResult& Result) {
+  Out->append(Text).append(1, '\n');
+  for (const Translation& Each : Result.vTranslations) {
+    AppendScore(Each.Score, *Out);
+    *Out += ' ';
+    AppendColoured(Bold, Each.Target);
+    *Out += '\n';
+    DrawTree(Each.Tree, 0);
+  }
+  if (Result.vTranslations.empty()) {
+    Out->append(Result.Error.empty() ? "no translation\n" : "");
+  }
+  for (const Piece& Each : Result.vPieces) {
+    AppendColoured(Bold, Each.Target);
+    *Out += '\n';
+    if (Each.Tree) {
+      DrawTree(*Each.Tree, Each.Start);
+    }
+  }
+  if (!Result.Error.empty()) {
+    Out->append(Result.Error).append(1, '\n');
+  }
+  *Out += '\n';
+}
+
+}  // namespace Translate

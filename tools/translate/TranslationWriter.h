@@ -1,0 +1,59 @@
+#pragma once
+
+#include "StructureText.h"
+#include "Translator.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Translate {
+
+enum class TextFormat : std::uint8_t { Plain, Json, Tree };
+
+struct WriterOptions {
+  TextFormat Format = TextFormat::Plain;
+  bool IsList = false;    ///< of the plain form: scores, and an empty line behind each text
+  bool HasCount = false;  ///< of JSON: how many derivations there are
+  bool Colours = false;   ///< of trees
+};
+
+/// Writes what has become of texts. One for each translator.
+///
+///   TranslationWriter Writer(Rules, Engine, Options);
+///   Writer.Append(Text, Engine.Translate(Text, …), Out);  // Out has "el auto rojo\n" behind it
+class TranslationWriter {
+ public:
+  TranslationWriter(const RuleSet& RulesPassIn, Translator& EnginePassIn,
+                    const WriterOptions& OptionsPassIn)
+      : Rules(RulesPassIn),
+        Engine(EnginePassIn),
+        Options(OptionsPassIn),
+        Structures(RulesPassIn, EnginePassIn.Structures(), EnginePassIn.Atoms()) {}
+
+  /// Appends the result of the text that was translated last.
+  void Append(std::string_view Text, const TextResult& Result, std::string& OutReturn);
+
+ private:
+  void AppendPlain(const TextResult& Result);
+  void AppendJson(std::string_view Text, const TextResult& Result);
+  void AppendJsonPieces(const TextResult& Result);
+  void AppendJsonTree(Derivations::TreeId Tree, std::size_t Start);
+  void AppendJsonNode(const TreeNode& Node);
+  void AppendDrawing(std::string_view Text, const TextResult& Result);
+  void DrawTree(Derivations::TreeId Tree, std::size_t Start);
+  void DrawNode(const TreeNode& Node, const std::string& Branch);
+  void AppendColoured(std::string_view Colour, std::string_view Text);
+
+  const RuleSet& Rules;
+  Translator& Engine;
+  WriterOptions Options;
+  StructureText Structures;
+  std::string* Out = nullptr;
+};
+
+/// A score in nats with six digits: "-1.386294".
+void AppendScore(std::int64_t Score, std::string& TextReturn);
+
+}  // namespace Translate

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "BestDerivations.h"
+#include "Chart.h"
+#include "Evaluator.h"
+#include "RuleSet.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Translate {
+
+/// What is wanted of each text.
+struct TextOptions {
+  std::uint64_t Translations = 1;      ///< how many, at most
+  bool AllDerivations = false;         ///< also those whose target text has been given already
+  bool IsPartial = false;              ///< cut a text without translation into pieces
+  bool WantsCount = false;             ///< how many derivations there are
+  bool HasStarts = false;              ///< only `vStarts` are start types; otherwise all types are
+  std::vector<std::uint32_t> vStarts;  ///< labels
+  std::uint64_t MaxDerivations = 100000;
+  ChartLimits Limits;
+};
+
+/// A derivation that translates a text.
+struct Translation {
+  std::string Target;
+  std::int64_t Score;
+  Derivations::TreeId Tree;
+};
+
+/// A part of a text that is only translated in part.
+struct Piece {
+  std::size_t Start;
+  std::size_t End;
+  std::string Target;
+  std::optional<Derivations::TreeId> Tree;  ///< nothing for a token that is copied
+};
+
+/// What has become of a text.
+struct TextResult {
+  std::vector<Translation> vTranslations;
+  std::vector<Piece> vPieces;
+  bool HasPieces = false;                    ///< whether pieces were wanted, and are all there is
+  std::optional<std::uint64_t> Derivations;  ///< how many; nothing where that does not fit
+  std::string Error;                         ///< empty where there is none
+};
+
+/// A constituent in a derivation.
+struct TreeNode {
+  std::uint32_t Rule;
+  std::size_t Start;
+  std::size_t End;
+  StructurePair Structures;
+  std::uint32_t Parts;  ///< how many; they follow, each with all that is below it
+};
+
+/// Translates texts, one after the other. One for each thread; all can use the same rules.
+///
+///   Translator Engine(Rules);
+///   const TextResult Result = Engine.Translate("the red car", Options);
+///   Result.vTranslations.front().Target;  // "el auto rojo"
+class Translator {
+ public:
+  explicit Translator(const RuleSet& RulesPassIn)
+      : Rules(RulesPassIn), Equations(RulesPassIn), Parsed(RulesPassIn), Best(Parsed) {}
+
+  Translator(const Translator&) = delete;
+  Translator& operator=(const Translator&) = delete;
+
+  /// Translates a text.
+  /// @param Text has to outlive what is asked about it
+  TextResult Translate(std::string_view Text, const TextOptions& Options);
+
+  // About the last text:
+
+  const Chart& ParsedChart() const { return Parsed; }
+  const StructureStore& Structures() const { return Equations.Structures(); }
+  const AtomSets& Atoms() const { return Equations.Atoms(); }
+
+  /// The constituents of a derivation that begins at a token, root first and parts in order.
+  std::vector<TreeNode> NodesOf(Derivations::TreeId Tree, std::size_t Start);
+
+  /// The words of a derivation, joined by blanks.
+  std::string WordsOf(Derivations::TreeId Tree) const;
+
+ private:
+  std::vector<std::uint32_t> Goals(const TextOptions& Options) const;
+  void AddTranslations(const TextOptions& Options, TextResult& ResultReturn);
+  void AddPieces(TextResult& ResultReturn);
+  Piece MakePiece(std::size_t Start, std::size_t End);
+  void AddNode(Derivations::TreeId Tree, std::vector<TreeNode>& vNodesReturn) const;
+  void SetStructures(std::vector<TreeNode>& vNodesReturn);
+  void SetSpans(std::vector<TreeNode>& vNodesReturn, std::size_t Start) const;
+
+  const RuleSet& Rules;
+  Evaluator Equations;
+  Chart Parsed;
+  BestDerivations Best;
+};
+
+}  // namespace Translate

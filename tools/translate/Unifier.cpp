@@ -1,0 +1,405 @@
+// Sections: nodes, copying on demand, paths, unification, cycles, freezing.
+
+#include "Unifier.h"
+
+#include <optional>
+
+namespace Translate {
+
+// ---- Nodes ------------------------------------------------------------------------------------
+
+void Unifier::Clear() {
+  vNodes.clear();
+  vArcs.clear();
+}
+
+Unifier::NodeId Unifier::Push(Kind What, std::uint32_t Value) {
+  const auto New = static_cast<NodeId>(vNodes.size());
+  vNodes.push_back({New, Value, What, 0, 0, 0, None, 0, 0, true});
+  return New;
+}
+
+Unifier::NodeId Unifier::Add(StructureId Structure) {
+  if (Store.IsOpen(Structure)) {
+    return Push(Kind::Open, 0);
+  }
+  return Store.IsAtomic(Structure) ? Push(Kind::Atomic, Store.Atoms(Structure))
+                                   : Push(Kind::Frozen, Structure);
+}
+
+/// What a node has become one with, with the way there made shorter.
+Unifier::NodeId Unifier::Find(NodeId Node) {
+  while (vNodes[Node].Forward != Node) {
+    const NodeId Next = vNodes[Node].Forward;
+    vNodes[Node].Forward = vNodes[Next].Forward;
+    Node = Next;
+  }
+  return Node;
+}
+
+// ---- Copying on demand ------------------------------------------------------------------------
+
+/// Makes nodes of the features of a frozen structure. Those below stay frozen, unless something is
+/// shared between them.
+void Unifier::Expand(NodeId Node) {
+  const StructureId Structure = vNodes[Node].Value;
+  const std::uint32_t* Word = Store.Knot(Structure);
+  const std::uint32_t Locals = *Word++;
+  vExpanded.assign(1, Node);
+  for (std::uint32_t Local = 1; Local < Locals; ++Local) {
+    vExpanded.push_back(Push(Kind::Complex, NoEntry));
+  }
+  for (const NodeId Local : vExpanded) {
+    const std::uint32_t Head = *Word++;
+    if (StructureStore::IsAlias(Head)) {
+      const NodeId Copy = Add(StructureStore::Unmarked(Head));
+      vNodes[Local].Forward = Copy;
+      continue;
+    }
+    std::uint32_t Last = NoEntry;
+    vNodes[Local].What = Kind::Complex;
+    vNodes[Local].Value = NoEntry;
+    for (std::uint32_t Count = 0; Count < Head; ++Count) {
+      const std::uint32_t Feature = *Word++;
+      const std::uint32_t Target = *Word++;
+      const NodeId To = StructureStore::IsLocal(Target)
+                            ? vExpanded[StructureStore::Unmarked(Target)]
+                            : Add(Target);
+      const auto New = static_cast<std::uint32_t>(vArcs.size());
+      vArcs.push_back({Feature, To, NoEntry});
+      (Last == NoEntry ? vNodes[Local].Value : vArcs[Last].Next) = New;
+      Last = New;
+    }
+  }
+}
+
+// ---- Paths ------------------------------------------------------------------------------------
+
+Unifier::NodeId Unifier::TargetOf(NodeId Node, std::uint32_t Feature) {
+  std::uint32_t Each = vNodes[Node].Value;
+  while (Each != NoEntry && vArcs[Each].Feature < Feature) {
+    Each = vArcs[Each].Next;
+  }
+  return Each != NoEntry && vArcs[Each].Feature == Feature ? vArcs[Each].Target : None;
+}
+
+/// Adds a feature, with an open structure, to a node that does not have it.
+Unifier::NodeId Unifier::AddArc(NodeId Node, std::uint32_t Feature) {
+  const NodeId Target = Push(Kind::Open, 0);
+  const auto New = static_cast<std::uint32_t>(vArcs.size());
+  std::uint32_t Before = NoEntry;
+  std::uint32_t Behind = vNodes[Node].Value;
+  while (Behind != NoEntry && vArcs[Behind].Feature < Feature) {
+    Before = Behind;
+    Behind = vArcs[Behind].Next;
+  }
+  vArcs.push_back({Feature, Target, Behind});
+  (Before == NoEntry ? vNodes[Node].Value : vArcs[Before].Next) = New;
+  return Target;
+}
+
+Unifier::NodeId Unifier::Make(NodeId From, const std::uint32_t* Features, std::size_t Count) {
+  NodeId At = Find(From);
+  for (std::size_t Index = 0; Index < Count; ++Index) {
+    if (vNodes[At].What == Kind::Atomic) {
+      return None;
+    }
+    if (vNodes[At].What == Kind::Frozen) {
+      Expand(At);
+    } else if (vNodes[At].What == Kind::Open) {
+      vNodes[At].What = Kind::Complex;
+      vNodes[At].Value = NoEntry;
+    }
+    const NodeId Next = TargetOf(At, Features[Index]);
+    At = Find(Next == None ? AddArc(At, Features[Index]) : Next);
+  }
+  return At;
+}
+
+Unifier::NodeId Unifier::Look(NodeId From, const std::uint32_t* Features, std::size_t Count) {
+  NodeId At = Find(From);
+  for (std::size_t Index = 0; Index < Count; ++Index) {
+    if (vNodes[At].What == Kind::Frozen) {
+      Expand(At);
+    }
+    const NodeId Next =
+        vNodes[At].What == Kind::Complex ? TargetOf(At, Features[Index]) : NodeId{None};
+    if (Next == None) {
+      return None;
+    }
+    At = Find(Next);
+  }
+  return At;
+}
+
+// ---- Unification ------------------------------------------------------------------------------
+
+bool Unifier::Unify(NodeId Left, NodeId Right) {
+  vPending.assign(1, {Left, Right});
+  while (!vPending.empty()) {
+    const auto [One, Other] = vPending.back();
+    vPending.pop_back();
+    if (!Merge(Find(One), Find(Other))) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool Unifier::Merge(NodeId Left, NodeId Right) {
+  if (Left == Right) {
+    return true;
+  }
+  if (vNodes[Left].What == Kind::Open) {
+    vNodes[Left].Forward = Right;
+    return true;
+  }
+  if (vNodes[Right].What == Kind::Open) {
+    vNodes[Right].Forward = Left;
+    return true;
+  }
+  if (vNodes[Left].What == Kind::Atomic || vNodes[Right].What == Kind::Atomic) {
+    return MergeAtoms(Left, Right);
+  }
+  // Two untouched copies of one structure become one copy of it.
+  if (vNodes[Left].What != Kind::Frozen || vNodes[Right].What != Kind::Frozen ||
+      vNodes[Left].Value != vNodes[Right].Value) {
+    MergeArcs(Left, Right);
+  }
+  vNodes[Right].Forward = Left;
+  return true;
+}
+
+bool Unifier::MergeAtoms(NodeId Left, NodeId Right) {
+  if (vNodes[Left].What != vNodes[Right].What) {
+    return false;
+  }
+  const std::optional<AtomSetId> Both = Atoms.Intersect(vNodes[Left].Value, vNodes[Right].Value);
+  if (Both) {
+    vNodes[Left].Value = *Both;
+    vNodes[Right].Forward = Left;
+  }
+  return Both.has_value();
+}
+
+/// Gives the left node the features of both; what both have is to be unified.
+void Unifier::MergeArcs(NodeId Left, NodeId Right) {
+  for (const NodeId Each : {Left, Right}) {
+    if (vNodes[Each].What == Kind::Frozen) {
+      Expand(Each);
+    }
+  }
+  std::uint32_t One = vNodes[Left].Value;
+  std::uint32_t Other = vNodes[Right].Value;
+  std::uint32_t Last = NoEntry;
+  const auto Append = [&](std::uint32_t Each) {
+    (Last == NoEntry ? vNodes[Left].Value : vArcs[Last].Next) = Each;
+    Last = Each;
+  };
+  while (One != NoEntry && Other != NoEntry) {
+    const bool IsFirst = vArcs[One].Feature <= vArcs[Other].Feature;
+    if (vArcs[One].Feature == vArcs[Other].Feature) {
+      vPending.emplace_back(vArcs[One].Target, vArcs[Other].Target);
+      Other = vArcs[Other].Next;
+    }
+    std::uint32_t& Taken = IsFirst ? One : Other;
+    Append(Taken);
+    Taken = vArcs[Taken].Next;
+  }
+  Append(One == NoEntry ? Other : One);
+}
+
+// ---- Cycles -----------------------------------------------------------------------------------
+
+/// Walks from each node that has not been reached, and looks for an arc back to where it came from.
+bool Unifier::HasCycle() {
+  for (NodeState& Each : vNodes) {
+    Each.Number = 0;
+  }
+  enum State : std::uint32_t { Unseen, Inside, Left };
+  for (NodeId Root = 0; Root < vNodes.size(); ++Root) {
+    if (vNodes[Root].Forward != Root || vNodes[Root].What != Kind::Complex ||
+        vNodes[Root].Number != Unseen) {
+      continue;
+    }
+    vNodes[Root].Number = Inside;
+    vSteps.assign(1, {Root, vNodes[Root].Value});
+    while (!vSteps.empty()) {
+      Step& Top = vSteps.back();
+      if (Top.NextArc == NoEntry) {
+        vNodes[Top.Node].Number = Left;
+        vSteps.pop_back();
+        continue;
+      }
+      const NodeId To = Find(vArcs[Top.NextArc].Target);
+      Top.NextArc = vArcs[Top.NextArc].Next;
+      if (vNodes[To].What != Kind::Complex || vNodes[To].Number == Left) {
+        continue;
+      }
+      if (vNodes[To].Number == Inside) {
+        return true;
+      }
+      vNodes[To].Number = Inside;
+      vSteps.push_back({To, vNodes[To].Value});
+    }
+  }
+  return false;
+}
+
+// ---- Freezing ---------------------------------------------------------------------------------
+
+StructureId Unifier::Freeze(NodeId Node) {
+  Node = Find(Node);
+  if (vNodes[Node].What != Kind::Complex) {
+    return Resolve(Node);
+  }
+  Walk(Node);
+  NoteShared();
+  for (const NodeId Each : vOrder) {
+    if (vNodes[Each].IsClosed) {
+      vNodes[Each].Result = Resolve(Each);
+    }
+  }
+  return vNodes[Node].Result;
+}
+
+void Unifier::Enter(NodeId Node, NodeId Parent) {
+  NodeState& Each = vNodes[Node];
+  Each.Number = ++LastNumber;
+  Each.Last = LastNumber;
+  Each.Arrivals = 1;
+  Each.Parent = Parent;
+  Each.IsClosed = true;
+  vReached.push_back(Node);
+  vSteps.push_back({Node, Each.What == Kind::Complex ? Each.Value : NoEntry});
+}
+
+/// Goes depth first through all that can be reached.
+void Unifier::Walk(NodeId Root) {
+  for (NodeState& Each : vNodes) {
+    Each.Number = 0;
+  }
+  LastNumber = 0;
+  vOrder.clear();
+  vReached.clear();
+  vCrossings.clear();
+  vSteps.clear();
+  Enter(Root, None);
+  while (!vSteps.empty()) {
+    const Step Top = vSteps.back();
+    if (Top.NextArc == NoEntry) {
+      vNodes[Top.Node].Last = LastNumber;
+      vOrder.push_back(Top.Node);
+      vSteps.pop_back();
+      continue;
+    }
+    const NodeId To = Find(vArcs[Top.NextArc].Target);
+    vSteps.back().NextArc = vArcs[Top.NextArc].Next;
+    if (vNodes[To].Number == 0) {
+      Enter(To, Top.Node);
+    } else {
+      ++vNodes[To].Arrivals;
+      vCrossings.emplace_back(Top.Node, To);
+    }
+  }
+}
+
+bool Unifier::IsBelow(const NodeState& Upper, const NodeState& Lower) const {
+  return Upper.Number <= Lower.Number && Lower.Number <= Upper.Last;
+}
+
+/// An arc from one branch of the walk into another opens all nodes that both ends hang on, up to
+/// where the branches part.
+void Unifier::NoteShared() {
+  for (const auto& [From, To] : vCrossings) {
+    MarkUpTo(From, To);
+    MarkUpTo(vNodes[To].Parent, From);
+  }
+}
+
+void Unifier::MarkUpTo(NodeId Node, NodeId Other) {
+  while (!IsBelow(vNodes[Node], vNodes[Other])) {
+    vNodes[Node].IsClosed = false;
+    Node = vNodes[Node].Parent;
+  }
+}
+
+/// The number of a node that shares nothing below it with the outside.
+StructureId Unifier::Resolve(NodeId Node) {
+  const NodeState& Each = vNodes[Node];
+  switch (Each.What) {
+    case Kind::Open:
+      return StructureStore::Open;
+    case Kind::Atomic:
+      return Store.Atomic(Each.Value);
+    case Kind::Frozen:
+      return Each.Value;
+    case Kind::Complex:
+      break;
+  }
+  return KnotOf(Node);
+}
+
+/// Whether a node below a knot is no part of it.
+bool Unifier::IsOwn(const NodeState& Each) const {
+  return Each.IsClosed && Each.Arrivals == 1;
+}
+
+/// Collects the locals of a knot in the order of a walk.
+void Unifier::NumberLocals(NodeId Root) {
+  vLocals.clear();
+  vSteps.clear();
+  for (NodeId Next = Root;;) {
+    if (Next != None) {
+      vNodes[Next].Local = static_cast<std::uint32_t>(vLocals.size());
+      vLocals.push_back(Next);
+      const bool HasArcs = Next == Root || !vNodes[Next].IsClosed;
+      vSteps.push_back({Next, HasArcs ? vNodes[Next].Value : NoEntry});
+      Next = None;
+    }
+    if (vSteps.empty()) {
+      return;
+    }
+    Step& Top = vSteps.back();
+    if (Top.NextArc == NoEntry) {
+      vSteps.pop_back();
+      continue;
+    }
+    const NodeId To = Find(vArcs[Top.NextArc].Target);
+    Top.NextArc = vArcs[Top.NextArc].Next;
+    const bool IsKnown = vNodes[To].Local < vLocals.size() && vLocals[vNodes[To].Local] == To;
+    if (!IsOwn(vNodes[To]) && !IsKnown) {
+      Next = To;
+    }
+  }
+}
+
+std::uint32_t Unifier::ArcCount(NodeId Node) const {
+  std::uint32_t Count = 0;
+  for (std::uint32_t Each = vNodes[Node].Value; Each != NoEntry; Each = vArcs[Each].Next) {
+    ++Count;
+  }
+  return Count;
+}
+
+// knot = count { local }
+StructureId Unifier::KnotOf(NodeId Root) {
+  NumberLocals(Root);
+  vKnot.assign(1, static_cast<std::uint32_t>(vLocals.size()));
+  for (const NodeId Local : vLocals) {
+    if (Local != Root && vNodes[Local].IsClosed) {
+      vKnot.push_back(StructureStore::Alias(vNodes[Local].Result));
+      continue;
+    }
+    vKnot.push_back(ArcCount(Local));
+    for (std::uint32_t Each = vNodes[Local].Value; Each != NoEntry; Each = vArcs[Each].Next) {
+      const NodeId To = Find(vArcs[Each].Target);
+      vKnot.push_back(vArcs[Each].Feature);
+      vKnot.push_back(IsOwn(vNodes[To]) ? vNodes[To].Result
+                                        : StructureStore::LocalTarget(vNodes[To].Local));
+    }
+  }
+  return Store.Complex(vKnot);
+}
+
+}  // namespace Translate

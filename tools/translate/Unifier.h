@@ -1,0 +1,121 @@
+#pragma once
+
+#include "AtomSets.h"
+#include "StructureStore.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace Translate {
+
+/// The structures of one rule while its equations are unified.
+///
+/// A node stands for a structure. What comes from a `StructureStore` stays there until a path or a
+/// unification reaches into it; only then its features become nodes. Nothing recurses, however
+/// deep a structure is.
+///
+///   Unifier Nodes(Store, Atoms);
+///   const auto X1 = Nodes.Add(S);
+///   const auto Num = Nodes.Make(X1, {Num});        // nothing where X1 is atomic
+///   Nodes.Unify(Num, Nodes.Add(Singular));         // false where they clash
+///   Nodes.Freeze(X1);                              // the number of what X1 is now
+class Unifier {
+ public:
+  using NodeId = std::uint32_t;
+  static constexpr NodeId None = NoEntry;
+
+  Unifier(StructureStore& StorePassIn, AtomSets& AtomsPassIn)
+      : Store(StorePassIn), Atoms(AtomsPassIn) {}
+
+  /// Forgets all nodes.
+  void Clear();
+
+  /// A new node: a copy of a structure.
+  NodeId Add(StructureId Structure);
+
+  /// The node at the end of a path, which is made where it is not there.
+  /// @return `None` where the path leads through an atom
+  NodeId Make(NodeId From, const std::uint32_t* Features, std::size_t Count);
+
+  /// The node at the end of a path; `None` where it is not there.
+  NodeId Look(NodeId From, const std::uint32_t* Features, std::size_t Count);
+
+  /// Makes two structures one. @return false where they clash
+  bool Unify(NodeId Left, NodeId Right);
+
+  bool IsOpen(NodeId Node) { return vNodes[Find(Node)].What == Kind::Open; }
+
+  /// Whether some structure contains itself.
+  bool HasCycle();
+
+  /// The number of a node's structure, which must not contain itself.
+  StructureId Freeze(NodeId Node);
+
+ private:
+  enum class Kind : std::uint8_t { Open, Atomic, Frozen, Complex };
+
+  struct NodeState {
+    NodeId Forward;       ///< itself, or what it has become one with
+    std::uint32_t Value;  ///< the set of an atomic one, the structure of a frozen, the first arc
+    Kind What;
+    // What a walk notes of it.
+    std::uint32_t Number;  ///< in the order of the walk, from 1; 0 where it was not reached
+    std::uint32_t Last;    ///< the greatest number below it
+    std::uint32_t Arrivals;
+    NodeId Parent;
+    StructureId Result;
+    std::uint32_t Local;
+    bool IsClosed;  ///< nothing below it is reached but through it
+  };
+
+  /// The arcs of a node are a list in the order of their features.
+  struct Arc {
+    std::uint32_t Feature;
+    NodeId Target;
+    std::uint32_t Next;
+  };
+
+  NodeId Find(NodeId Node);
+  NodeId Push(Kind What, std::uint32_t Value);
+  void Expand(NodeId Node);
+  NodeId TargetOf(NodeId Node, std::uint32_t Feature);
+  NodeId AddArc(NodeId Node, std::uint32_t Feature);
+  bool Merge(NodeId Left, NodeId Right);
+  bool MergeAtoms(NodeId Left, NodeId Right);
+  void MergeArcs(NodeId Left, NodeId Right);
+  void Walk(NodeId Root);
+  void Enter(NodeId Node, NodeId Parent);
+  void NoteShared();
+  void MarkUpTo(NodeId Node, NodeId Other);
+  bool IsBelow(const NodeState& Upper, const NodeState& Lower) const;
+  StructureId Resolve(NodeId Node);
+  StructureId KnotOf(NodeId Root);
+  void NumberLocals(NodeId Root);
+  bool IsOwn(const NodeState& Each) const;
+  std::uint32_t ArcCount(NodeId Node) const;
+
+  /// A place in a walk: a node, and the arc that comes next.
+  struct Step {
+    NodeId Node;
+    std::uint32_t NextArc;
+  };
+
+  StructureStore& Store;
+  AtomSets& Atoms;
+  std::vector<NodeState> vNodes;
+  std::vector<Arc> vArcs;
+  std::vector<std::pair<NodeId, NodeId>> vPending;
+  // Of a walk; kept for their storage.
+  std::vector<Step> vSteps;
+  std::vector<NodeId> vOrder;                         // the nodes that a walk left, in that order
+  std::vector<std::pair<NodeId, NodeId>> vCrossings;  // arcs to nodes that had been reached before
+  std::vector<NodeId> vReached;
+  std::vector<NodeId> vLocals;
+  std::vector<std::uint32_t> vKnot;
+  std::vector<NodeId> vExpanded;
+  std::uint32_t LastNumber = 0;
+};
+
+}  // namespace Translate
