@@ -54,4 +54,28 @@ std::optional<AlignmentParts> ParseAlignment(std::string_view Code) {
   return IsRead ? std::optional<AlignmentParts>(Parts) : std::nullopt;
 }
 
+std::string_view WithinParentheses(std::string_view Line) {
+  const auto IsNoOpen = [](char Byte) { return Byte != '('; };
+  const auto IsNoClose = [](char Byte) { return Byte != ')'; };
+  return DropBack(DropFront(Line, IsNoOpen), IsNoClose);
+}
+
+// AlignmentLine = any "(X" X "::" "Y" Y ")" any
+AlignmentFault ReadAlignment(std::string_view Line, AlignmentTexts& TextsReturn) {
+  const std::optional<PiecePair> Sides = CutInTwoTrimmed(WithinParentheses(Line), "::");
+  if (!Sides) {
+    return AlignmentFault::NoPair;
+  }
+  const auto& [XSide, YSide] = *Sides;
+  if (XSide.size() <= 2 || !StartsWith(XSide, "(X")) {
+    return AlignmentFault::XSide;
+  }
+  if (YSide.size() <= 2 || YSide.front() != 'Y' || YSide.back() != ')') {
+    return AlignmentFault::YSide;
+  }
+  TextsReturn.X = XSide.substr(2);
+  TextsReturn.Y = YSide.substr(1, YSide.size() - 2);
+  return AlignmentFault::None;
+}
+
 }  // namespace TrRuleInternal

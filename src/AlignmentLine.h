@@ -29,4 +29,29 @@ bool ParseCommonAlignment(std::string_view Line, AlignmentParts& PartsReturn);
 /// @return nothing where the line is no such alignment
 std::optional<AlignmentParts> ParseAlignment(std::string_view Code);
 
+/// What stands for the numbers in an alignment line, as the library's reader takes it.
+struct AlignmentTexts {
+  std::string_view X;
+  std::string_view Y;
+};
+
+/// Why the library's reader finds no alignment in a line.
+enum class AlignmentFault {
+  None,
+  NoPair,  ///< not two sides of one "::" in parentheses
+  XSide,
+  YSide,
+};
+
+/// The text from the first "(" to the last ")"; empty where there is none. Linear.
+std::string_view WithinParentheses(std::string_view Line);
+
+/// Takes an alignment line apart by the lenient rules of the library's reader, which does not mind
+/// what stands in the place of the numbers. Linear.
+///
+///   ReadAlignment("1. (X2::Y3) (a)", Texts);  // Texts.X is "2", Texts.Y is "3) (a"
+///
+/// @param Line with capitals for the letters of the sides
+AlignmentFault ReadAlignment(std::string_view Line, AlignmentTexts& TextsReturn);
+
 }  // namespace TrRuleInternal

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -7,6 +8,10 @@
 /// Taking a header line apart: "{NP,8}".
 
 namespace TrRuleInternal {
+
+/// The record keeps two letters of the header's type, and the last digit of its number; grammars
+/// rely on it.
+constexpr std::size_t KeptLetters = 2;
 
 /// A header line, taken apart. The views point into the line.
 struct HeaderParts {

@@ -4,6 +4,7 @@
 
 #include "TrRule.h"
 
+#include "AlignmentLine.h"
 #include "AlignmentText.h"
 #include "Ascii.h"
 #include "HeaderLine.h"
@@ -21,6 +22,7 @@
 #include <optional>
 #include <tuple>
 
+using TrRuleInternal::AlignmentFault;
 using TrRuleInternal::AlignmentParts;
 using TrRuleInternal::AppendHeaderLine;
 using TrRuleInternal::AppendJoined;
@@ -41,6 +43,7 @@ using TrRuleInternal::DropFront;
 using TrRuleInternal::Halt;
 using TrRuleInternal::HeaderParts;
 using TrRuleInternal::IsSpace;
+using TrRuleInternal::KeptLetters;
 using TrRuleInternal::LineMarks;
 using TrRuleInternal::Merging;
 using TrRuleInternal::OrderedConstraint;
@@ -532,45 +535,31 @@ void TraceAlignmentLine(std::string_view Line) {
   }
 }
 
-// XSide = "(X" x
-std::optional<std::string_view> ParseXSide(std::string_view Side) {
-  if (Side.size() > 2 && StartsWith(Side, "(X")) {
-    return Side.substr(2);
+void ReportAlignment(AlignmentFault Fault) {
+  if (Fault == AlignmentFault::XSide) {
+    std::cout << "ERROR in TrRule::AddAlignment: x information missing or incorrect.\n";
+  } else if (Fault == AlignmentFault::YSide) {
+    std::cout << "ERROR in TrRule::AddAlignment, y information missing or incorrect.\n";
   }
-  std::cout << "ERROR in TrRule::AddAlignment: x information missing or incorrect.\n";
-  return std::nullopt;
-}
-
-// YSide = "Y" y ")"
-std::optional<std::string_view> ParseYSide(std::string_view Side) {
-  if (Side.size() > 2 && Side.front() == 'Y' && Side.back() == ')') {
-    return Side.substr(1, Side.size() - 2);
-  }
-  std::cout << "ERROR in TrRule::AddAlignment, y information missing or incorrect.\n";
-  return std::nullopt;
 }
 
 }  // namespace
 
-// AlignmentLine = any XSide "::" YSide any
 bool TrRule::AddAlignment(std::string AlignmentPassIn) {
   const std::string Upper = TrRuleInternal::Upper(std::move(AlignmentPassIn));
   TraceAlignmentLine(Upper);
-  const std::string_view Line = DropBack(DropFront(Upper, AnyBut('(')), AnyBut(')'));
+  const std::string_view Line = TrRuleInternal::WithinParentheses(Upper);
   if (Line.empty()) {
     return false;
   }
   TraceAlignmentLine(Line);
-  const std::optional<PiecePair> Sides = CutInTwoTrimmed(Line, "::");
-  if (!Sides) {
+  TrRuleInternal::AlignmentTexts Texts;
+  const AlignmentFault Fault = TrRuleInternal::ReadAlignment(Line, Texts);
+  ReportAlignment(Fault);
+  if (Fault != AlignmentFault::None) {
     return false;
   }
-  const std::optional<std::string_view> X = ParseXSide(Sides->First);
-  const std::optional<std::string_view> Y = X ? ParseYSide(Sides->Second) : std::nullopt;
-  if (!Y) {
-    return false;
-  }
-  TrRuleInternal::AppendPair(AlignmentString, *X, *Y);
+  TrRuleInternal::AppendPair(AlignmentString, Texts.X, Texts.Y);
   if (Traces(1)) {
     std::cout << "At the end of AddAlignment, AlignmentString is:" << AlignmentString << '\n';
   }
@@ -713,9 +702,6 @@ bool IsPlainComment(std::string_view Line) {
   return StartsWith(Line, ";;") && Line.find('{') == None && Line.find(']') == None &&
          Line.find('=') == None && !Contains(Line, "::");
 }
-
-/// The header keeps two letters of its type and the last digit of its number; grammars rely on it.
-constexpr std::size_t KeptLetters = 2;
 
 // CommonLine = Comment | Header | RuleLine
 bool LoadPlainLine(std::string_view Line, RuleLoader& LoaderReturn) {

@@ -1,9 +1,12 @@
 // The texts of single lines: what a line is, headers, sequence lines, alignments, constraints.
 
-#include "ConstraintText.h"
 #include "HeaderText.h"
 #include "LineKind.h"
-#include "LineTexts.h"
+
+#include <AlignmentLine.h>
+#include <ConstraintFormat.h>
+#include <HeaderLine.h>
+#include <RuleLine.h>
 
 #include <gtest/gtest.h>
 
@@ -16,7 +19,7 @@
 namespace {
 
 using Grammar::LineKind;
-using Grammar::SequenceFault;
+using TrRuleInternal::RuleLineFault;
 
 TEST(LineKind, TellsLinesByWhatTheyContain) {
   const std::vector<std::tuple<std::string, LineKind, std::string, std::string>> Cases{
@@ -47,6 +50,10 @@ TEST(LineKind, TellsLinesByWhatTheyContain) {
   }
 }
 
+Grammar::RuleHeader HeaderOf(const std::string& Code) {
+  return Grammar::HeaderOf(TrRuleInternal::ParseHeader(Code), Code);
+}
+
 TEST(HeaderText, KeepsTypeAndNumberWhole) {
   const std::vector<std::tuple<std::string, std::string, std::string, int>> Cases{
       {"{NP,8}", "NP", "8", 8},
@@ -55,7 +62,7 @@ TEST(HeaderText, KeepsTypeAndNumberWhole) {
       {"{,-1}", "", "-1", -1},
       {"{a{b,2147483647}", "a{b", "2147483647", 2147483647}};
   for (const auto& [sCode, sType, sNumber, Number] : Cases) {
-    const Grammar::RuleHeader Header = Grammar::ParseHeader(sCode);
+    const Grammar::RuleHeader Header = HeaderOf(sCode);
     EXPECT_TRUE(Header.IsPresent && Header.IsReadable) << sCode;
     EXPECT_EQ(Header.Type, sType) << sCode;
     EXPECT_EQ(Header.Number, sNumber) << sCode;
@@ -66,7 +73,7 @@ TEST(HeaderText, KeepsTypeAndNumberWhole) {
 TEST(HeaderText, KeepsWhatItCannotReadAsItIs) {
   for (const std::string sCode : {"{", "{}", "{NP}", "{NP,}", "{NP,a}", "{NP,8", "{NP 8}",
                                   "{NP,+8}", "{NP,8a}", "{NP,8,9}", "{NP,2147483648}", "}NP,8{"}) {
-    const Grammar::RuleHeader Header = Grammar::ParseHeader(sCode);
+    const Grammar::RuleHeader Header = HeaderOf(sCode);
     EXPECT_TRUE(Header.IsPresent) << sCode;
     EXPECT_FALSE(Header.IsReadable) << sCode;
     EXPECT_EQ(Header.Type, sCode);
@@ -80,8 +87,8 @@ TEST(SequenceLine, GivesTypesAndLabels) {
       {"NP::VP [ a ] -> [ b ] c", {"NP", "VP", "a", "b"}},
       {"N::N [[a]] -> [[b]]", {"N", "N", "[a]", "[b]"}}};
   for (const auto& [sCode, vsExpected] : Cases) {
-    Grammar::SequenceText Text;
-    EXPECT_EQ(ParseSequenceLine(sCode, Text), SequenceFault::None) << sCode;
+    TrRuleInternal::RuleLineParts Text;
+    EXPECT_EQ(ParseRuleLine(sCode, Text), RuleLineFault::None) << sCode;
     const std::vector<std::string> vsFound{std::string(Text.SLType), std::string(Text.TLType),
                                            std::string(Text.SLLabels), std::string(Text.TLLabels)};
     EXPECT_EQ(vsFound, vsExpected) << sCode;
@@ -89,29 +96,29 @@ TEST(SequenceLine, GivesTypesAndLabels) {
 }
 
 TEST(SequenceLine, TellsWhichPartIsWrong) {
-  const std::vector<std::pair<std::string, SequenceFault>> Cases{
-      {"[A] -> [A]", SequenceFault::Types},
-      {"N:: N [A] -> [A]", SequenceFault::Types},
-      {"::N [A] -> [A]", SequenceFault::Types},
-      {"N::N::N [A] -> [A]", SequenceFault::Types},
-      {"N::N[A] -> [A]", SequenceFault::Types},
-      {"N::N A] -> [A]", SequenceFault::SourceSide},
-      {"N::N [] -> [A]", SequenceFault::SourceSide},
-      {"N::N [ ] -> [A]", SequenceFault::SourceSide},
-      {"N::N [A] -> [A", SequenceFault::TargetSide},
-      {"N::N [A] -> [ ]", SequenceFault::TargetSide},
-      {"N::N [A] -> [A] -> [A]", SequenceFault::TargetSide},
-      {"N::N [A] -> [A] (X1::Y1)", SequenceFault::TargetSide}};
+  const std::vector<std::pair<std::string, RuleLineFault>> Cases{
+      {"[A] -> [A]", RuleLineFault::Types},
+      {"N:: N [A] -> [A]", RuleLineFault::Types},
+      {"::N [A] -> [A]", RuleLineFault::Types},
+      {"N::N::N [A] -> [A]", RuleLineFault::Types},
+      {"N::N[A] -> [A]", RuleLineFault::Types},
+      {"N::N A] -> [A]", RuleLineFault::SourceSide},
+      {"N::N [] -> [A]", RuleLineFault::SourceSide},
+      {"N::N [ ] -> [A]", RuleLineFault::SourceSide},
+      {"N::N [A] -> [A", RuleLineFault::TargetSide},
+      {"N::N [A] -> [ ]", RuleLineFault::TargetSide},
+      {"N::N [A] -> [A] -> [A]", RuleLineFault::TargetSide},
+      {"N::N [A] -> [A] (X1::Y1)", RuleLineFault::TargetSide}};
   for (const auto& [sCode, Fault] : Cases) {
-    Grammar::SequenceText Text;
-    EXPECT_EQ(ParseSequenceLine(sCode, Text), Fault) << sCode;
+    TrRuleInternal::RuleLineParts Text;
+    EXPECT_EQ(ParseRuleLine(sCode, Text), Fault) << sCode;
   }
 }
 
 TEST(AlignmentLine, NeedsANumberOnBothSides) {
   for (const std::string sCode :
        {"(X12::Y3)", "(x12::y3)", "1. (X12 ::  Y3 ) a", ";--;(X12::Y3)"}) {
-    const auto Line = Grammar::ParseAlignmentLine(sCode);
+    const auto Line = TrRuleInternal::ParseAlignment(sCode);
     ASSERT_TRUE(Line.has_value()) << sCode;
     EXPECT_EQ(Line->X, 12) << sCode;
     EXPECT_EQ(Line->Y, 3) << sCode;
@@ -119,16 +126,16 @@ TEST(AlignmentLine, NeedsANumberOnBothSides) {
   for (const std::string sCode :
        {"X1::Y1", "(X1:Y1)", "(X::Y1)", "(X1::Y)", "(Xa::Y1)", "(Y1::X1)", "(X1::Y1::Y2)",
         "(X1::Y1) (X2::Y2)", "(X1::Y1))", "( X1::Y1)", "(X1234567890::Y1)", ")X1::Y1("}) {
-    EXPECT_FALSE(Grammar::ParseAlignmentLine(sCode).has_value()) << sCode;
+    EXPECT_FALSE(TrRuleInternal::ParseAlignment(sCode).has_value()) << sCode;
   }
 }
 
 /// A constraint as "whole? left feature equals kind right node feature value".
 std::string Described(const std::string& Text) {
-  std::size_t Stopped = 0;
-  const auto Parts = Grammar::ParseConstraint(Text, Stopped);
+  TrRuleInternal::ConstraintStop Stop;
+  const auto Parts = TrRuleInternal::ParseConstraint(Text, Stop);
   if (!Parts) {
-    return "stopped at " + std::to_string(Stopped);
+    return "stopped at " + std::to_string(Stop.Place);
   }
   std::string Line = Parts->IsWholeNode ? "whole " : "";
   Line.append(1, Parts->Left.Side).append(std::to_string(Parts->Left.Index));
@@ -198,8 +205,8 @@ TEST(ConstraintText, TellsWhatIsExpectedWhereItStops) {
       {"((x0 num) = (*OR* a = b))", "\")\""},
       {"(x0 = x1) a", "the end"}};
   for (const auto& [sText, sExpected] : Cases) {
-    Grammar::ConstraintStop Stop;
-    EXPECT_FALSE(Grammar::ParseConstraint(sText, Stop)) << sText;
+    TrRuleInternal::ConstraintStop Stop;
+    EXPECT_FALSE(TrRuleInternal::ParseConstraint(sText, Stop)) << sText;
     EXPECT_EQ(Stop.Expected, sExpected) << sText;
   }
 }

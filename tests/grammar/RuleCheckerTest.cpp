@@ -3,7 +3,6 @@
 #include "RuleChecker.h"
 
 #include "CheckCommand.h"
-#include "ConstraintCycles.h"
 #include "GrammarSupport.h"
 #include "PrintCommand.h"
 #include "RunError.h"
@@ -153,32 +152,6 @@ TEST(RuleChecker, OutlivesEveryPrefixOfTheSampleInSilence) {
     }
   });
   EXPECT_EQ(Streams, (Written{"", ""}));
-}
-
-TEST(ConstraintCycles, AreNamedFromTheirFirstLine) {
-  const std::vector<std::pair<Strings, Strings>> Cases{
-      {{"(x0 = x1)", "(x1 = x2)"}, {}},
-      {{"(x0 = x0)"}, {}},
-      {{"(x1 = x2)", "(x2 = x1)"}, {"1: x1 → x2 → x1"}},
-      {{"(x3 = x1)", "(x1 = x2)", "(x0 = x1)", "(x2 = x3)"}, {"1: x3 → x1 → x2 → x3"}},
-      {{"(y0 = x1)", "(y1 = x0)"}, {"1: y0 → y1 → y0"}},
-      {{"((y1 n) = (x2 n))", "((y2 n) = (x1 n))"}, {}},
-      {{"((x1 n) = x2)", "((x2 n) = x1)"}, {}},
-      {{"(x1 = x2)", "(x2 = x1)", "(y1 = y2)", "(y2 = y1)"},
-       {"1: x1 → x2 → x1", "3: y1 → y2 → y1"}},
-      {{"(x1 = x2)", "(x2 = x1)", "(x3 = x4)", "(x4 = x3)"},
-       {"1: x1 → x2 → x1", "3: x3 → x4 → x3"}}};
-  for (const auto& [vsTexts, vsExpected] : Cases) {
-    std::vector<Grammar::PlacedConstraint> vPlaced;
-    for (const std::string& sText : vsTexts) {
-      vPlaced.push_back({Constraint(sText), vPlaced.size() + 1});
-    }
-    Strings vsFound;
-    for (const Grammar::ConstraintCycle& Each : Grammar::FindCycles(vPlaced)) {
-      vsFound.push_back(std::to_string(Each.Line) + ": " + Each.Nodes);
-    }
-    EXPECT_EQ(vsFound, vsExpected) << vsTexts[0];
-  }
 }
 
 TEST(Codes, AscendAndAreFound) {

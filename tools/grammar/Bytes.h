@@ -1,58 +1,47 @@
 #pragma once
 
+#include <Ascii.h>
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 /// @file
-/// Bytes of ASCII, told apart as the library does, whatever the locale.
+/// Bytes of ASCII, by the classes of the library.
 
 namespace Grammar {
 
-constexpr bool IsSpace(char Byte) {
-  return Byte == ' ' || (Byte >= '\t' && Byte <= '\r');
-}
-
-constexpr bool IsDigit(char Byte) {
-  return Byte >= '0' && Byte <= '9';
-}
-
-constexpr char ToUpper(char Byte) {
-  return Byte >= 'a' && Byte <= 'z' ? static_cast<char>(Byte - 'a' + 'A') : Byte;
-}
+using TrRuleInternal::Contains;
+using TrRuleInternal::IsDigit;
+using TrRuleInternal::IsSpace;
+using TrRuleInternal::StartsWith;
+using TrRuleInternal::ToUpper;
+using TrRuleInternal::WithoutTrailingSpace;
 
 inline std::string Upper(std::string_view Text) {
-  std::string Result(Text);
-  for (char& Byte : Result) {
-    Byte = ToUpper(Byte);
-  }
-  return Result;
+  return TrRuleInternal::Upper(std::string(Text));
 }
 
+/// Whether two texts differ in nothing but the case of their letters.
+constexpr bool IsSameInCapitals(std::string_view Left, std::string_view Right) {
+  if (Left.size() != Right.size()) {
+    return false;
+  }
+  for (std::size_t At = 0; At < Left.size(); ++At) {
+    if (ToUpper(Left[At]) != ToUpper(Right[At])) {
+      return false;
+    }
+  }
+  return true;
+}
+
+/// The whole text without its leading white space, however long it is.
 constexpr std::string_view WithoutLeadingSpace(std::string_view Text) {
-  while (!Text.empty() && IsSpace(Text.front())) {
-    Text.remove_prefix(1);
-  }
-  return Text;
-}
-
-constexpr std::string_view WithoutTrailingSpace(std::string_view Text) {
-  while (!Text.empty() && IsSpace(Text.back())) {
-    Text.remove_suffix(1);
-  }
-  return Text;
+  return TrRuleInternal::DropFront(Text, IsSpace);
 }
 
 constexpr std::string_view Trimmed(std::string_view Text) {
   return WithoutTrailingSpace(WithoutLeadingSpace(Text));
-}
-
-constexpr bool StartsWith(std::string_view Text, std::string_view Start) {
-  return Text.substr(0, Start.size()) == Start;
-}
-
-inline bool Contains(std::string_view Text, std::string_view Part) {
-  return Text.find(Part) != std::string_view::npos;
 }
 
 /// Where a part of a text begins in it.

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <Constraint.h>
-
 #include <cstddef>
 #include <string>
 #include <vector>
 
 namespace Grammar {
 
-/// A constraint with the line that it stands on.
-struct PlacedConstraint {
-  Constraint Record;
+/// An agreement of a constrained node with another one, on a line.
+struct Reference {
+  int Category;
+  int ConstrainedIndex;
+  int AgreedIndex;
   std::size_t Line;
 };
 
@@ -20,9 +20,10 @@ struct ConstraintCycle {
   std::size_t Line;   ///< the first line that has part in it
 };
 
-/// The cycles of a rule's constraints: each reference is part of one at most. As the library sees
+/// The cycles of a rule's agreements: each reference is part of one at most. As the library sees
 /// it, source-side nodes wait for source-side nodes and target-side nodes for target-side nodes,
-/// and of a reference only the number counts.
-std::vector<ConstraintCycle> FindCycles(const std::vector<PlacedConstraint>& vConstraints);
+/// and of a reference only the number counts. n log n.
+/// @param vReferences in the order of their lines
+std::vector<ConstraintCycle> FindCycles(const std::vector<Reference>& vReferences);
 
 }  // namespace Grammar

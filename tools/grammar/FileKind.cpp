@@ -1,13 +1,14 @@
 #include "FileKind.h"
 
 #include "Bytes.h"
-#include "ConstraintText.h"
-#include "HeaderText.h"
 #include "LineKind.h"
 #include "LineMends.h"
-#include "LineTexts.h"
 #include "LookAlikes.h"
-#include "RuleRecord.h"
+
+#include <AlignmentLine.h>
+#include <ConstraintFormat.h>
+#include <HeaderLine.h>
+#include <RuleLine.h>
 
 #include <algorithm>
 
@@ -40,17 +41,18 @@ bool IsBinary(std::string_view Start) {
 }
 
 bool IsSound(const LineParts& Parts) {
-  SequenceText Sequence;
-  std::size_t Stopped = 0;
+  TrRuleInternal::RuleLineParts RuleLine;
+  TrRuleInternal::ConstraintStop Stop;
   switch (Parts.Kind) {
     case LineKind::Header:
-      return ParseHeader(Parts.Code).IsReadable;
+      return TrRuleInternal::ParseHeader(Parts.Code).has_value();
     case LineKind::Sequence:
-      return ParseSequenceLine(Parts.Code, Sequence) == SequenceFault::None;
+      return TrRuleInternal::ParseRuleLine(Parts.Code, RuleLine) ==
+             TrRuleInternal::RuleLineFault::None;
     case LineKind::Alignment:
-      return ParseAlignmentLine(Parts.Code).has_value();
+      return TrRuleInternal::ParseAlignment(Parts.Code).has_value();
     case LineKind::Constraint:
-      return ParseConstraint(Parts.Code, Stopped).has_value();
+      return TrRuleInternal::ParseConstraint(Parts.Code, Stop).has_value();
     default:
       return false;
   }

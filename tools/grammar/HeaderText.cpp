@@ -16,10 +16,6 @@ RuleHeader HeaderOf(const std::optional<TrRuleInternal::HeaderParts>& Parts,
   return Header;
 }
 
-RuleHeader ParseHeader(std::string_view Code) {
-  return HeaderOf(TrRuleInternal::ParseHeader(Code), Code);
-}
-
 int NumberOf(const RuleHeader& Header) {
   constexpr int NoNumber = -1;
   return TrRuleInternal::ParseWholeNumber(Header.Number).value_or(NoNumber);

@@ -12,9 +12,6 @@ namespace Grammar {
 /// @param Code the line itself
 RuleHeader HeaderOf(const std::optional<TrRuleInternal::HeaderParts>& Parts, std::string_view Code);
 
-/// Reads a header line, such as "{ADJP,12}", whole.
-RuleHeader ParseHeader(std::string_view Code);
-
 /// The number of a header, as the record holds it: -1 where it has none that can be read.
 int NumberOf(const RuleHeader& Header);
 

@@ -2,75 +2,16 @@
 
 #include "Bytes.h"
 
+#include <LineScan.h>
+
 #include <algorithm>
-#include <array>
 #include <cstddef>
 
 namespace Grammar {
 
 namespace {
 
-/// What the code of a line holds, and where it ends.
-struct Marks {
-  bool HasBrace = false;
-  bool HasArrow = false;
-  bool HasColons = false;
-  bool HasEquals = false;
-  bool HasQuotes = false;
-  std::size_t End = 0;
-};
-
-/// The bytes that a mark begins with, as a table: most bytes of a line are none.
-constexpr std::array<bool, 256> MarkBytes() {
-  std::array<bool, 256> Table{};
-  for (const char Byte : {';', '"', '{', ']', ':', '='}) {
-    Table[static_cast<unsigned char>(Byte)] = true;
-  }
-  return Table;
-}
-
-/// Whether a text goes on with another one at a place.
-bool ContinuesWith(std::string_view Text, std::size_t At, std::string_view Part) {
-  return Text.compare(At, Part.size(), Part) == 0;
-}
-
-bool HasByteAt(std::string_view Text, std::size_t At, char Byte) {
-  return At < Text.size() && Text[At] == Byte;
-}
-
-/// Looks at each byte up to the comment once. Double quotes hide a ";;", as long as there is one to
-/// close them.
-Marks MarksOf(std::string_view Line) {
-  static constexpr std::array<bool, 256> IsMark = MarkBytes();
-  Marks Found;
-  std::size_t QuotesEnd = 0;
-  std::size_t At = 0;
-  for (; At < Line.size(); ++At) {
-    const char Byte = Line[At];
-    if (!IsMark[static_cast<unsigned char>(Byte)]) {
-      continue;
-    }
-    if (Byte == '=') {
-      Found.HasEquals = true;
-    } else if (Byte == ':') {
-      Found.HasColons = Found.HasColons || HasByteAt(Line, At + 1, ':');
-    } else if (Byte == ']') {
-      Found.HasArrow = Found.HasArrow || ContinuesWith(Line, At, "] -> [");
-    } else if (Byte == '{') {
-      Found.HasBrace = true;
-    } else if (Byte == '"') {
-      Found.HasQuotes = true;
-      // Without another one, the search gives npos, which makes the end 0.
-      QuotesEnd = At < QuotesEnd ? QuotesEnd : Line.find('"', At + 1) + 1;
-    } else if (At >= QuotesEnd && HasByteAt(Line, At + 1, ';')) {
-      break;
-    }
-  }
-  Found.End = At;
-  return Found;
-}
-
-LineKind KindOfCode(std::string_view Code, const Marks& Found) {
+LineKind KindOfCode(std::string_view Code, const TrRuleInternal::LineMarks& Found) {
   if (Code.empty()) {
     return LineKind::Blank;
   }
@@ -109,11 +50,11 @@ LineParts PartsOf(std::string_view Line) {
     Parts.Comment = WithoutReturns(Start);
     return Parts;
   }
-  const Marks Found = MarksOf(Start);
-  Parts.Code = WithoutTrailingSpace(Start.substr(0, Found.End));
-  Parts.Comment = WithoutReturns(Start.substr(Found.End));
-  Parts.Kind = KindOfCode(Parts.Code, Found);
-  Parts.HasQuotes = Found.HasQuotes;
+  const TrRuleInternal::ScannedLine Scan = TrRuleInternal::ScanLine(Start);
+  Parts.Code = WithoutTrailingSpace(Start.substr(0, Scan.CommentBegin));
+  Parts.Comment = WithoutReturns(Start.substr(Scan.CommentBegin));
+  Parts.Kind = KindOfCode(Parts.Code, Scan.Code);
+  Parts.HasQuotes = Scan.HasQuotes;
   return Parts;
 }
 

@@ -3,10 +3,11 @@
 #include "LineMends.h"
 
 #include "Bytes.h"
-#include "ConstraintText.h"
-#include "HeaderText.h"
-#include "LineTexts.h"
-#include "RuleRecord.h"
+
+#include <AlignmentLine.h>
+#include <ConstraintFormat.h>
+#include <HeaderLine.h>
+#include <RuleLine.h>
 
 #include <algorithm>
 #include <optional>
@@ -148,7 +149,7 @@ std::string MendedHeader(std::string_view Code) {
     return "";
   }
   const std::string Mended = '{' + vsWords[0] + ',' + vsWords[1] + '}';
-  return ParseHeader(Mended).IsReadable ? Mended : "";
+  return TrRuleInternal::ParseHeader(Mended) ? Mended : "";
 }
 
 // ---- Rule lines -------------------------------------------------------------------------------
@@ -321,9 +322,9 @@ std::string MendedSequence(std::string_view Code) {
   const std::string SLSide = MendedSide(Pieces.SLSide);
   const std::string TLSide = MendedSide(Pieces.TLSide);
   Mended.append(SLSide).append(" -> ").append(TLSide);
-  SequenceText Sequence;
+  TrRuleInternal::RuleLineParts Parts;
   if (SLSide.empty() || TLSide.empty() || !Contains(Mended, "] -> [") ||
-      ParseSequenceLine(Mended, Sequence) != SequenceFault::None) {
+      TrRuleInternal::ParseRuleLine(Mended, Parts) != TrRuleInternal::RuleLineFault::None) {
     return "";
   }
   return WithComment(Mended, Behind);
@@ -359,7 +360,7 @@ std::string MendedAlignment(std::string_view Code) {
     return "";
   }
   const std::string Mended = '(' + X + "::" + Y + ')';
-  return ParseAlignmentLine(Mended) ? WithComment(Mended, Behind) : "";
+  return TrRuleInternal::ParseAlignment(Mended) ? WithComment(Mended, Behind) : "";
 }
 
 // ---- Constraints ------------------------------------------------------------------------------
@@ -367,8 +368,8 @@ std::string MendedAlignment(std::string_view Code) {
 namespace {
 
 bool IsConstraint(std::string_view Code) {
-  std::size_t Stopped = 0;
-  return ParseConstraint(Code, Stopped).has_value();
+  TrRuleInternal::ConstraintStop Stop;
+  return TrRuleInternal::ParseConstraint(Code, Stop).has_value();
 }
 
 /// The text with the parentheses that it lacks at its ends, if they make it readable.

@@ -1,4 +1,4 @@
-// Sections: rule lines, what is passed over, constraints, comments.
+// Sections: rule lines, constraints, comments.
 
 #include "LineSlips.h"
 
@@ -10,6 +10,10 @@
 #include <cstddef>
 
 namespace Grammar {
+
+using TrRuleInternal::ConstraintParts;
+using TrRuleInternal::RightKind;
+using TrRuleInternal::RuleLineParts;
 
 namespace {
 
@@ -80,65 +84,17 @@ void AddLabelSlips(std::string_view Labels, std::vector<NameSlip>& vSlipsReturn)
 
 }  // namespace
 
-std::vector<NameSlip> FindNameSlips(const SequenceText& Sequence) {
+std::vector<NameSlip> FindNameSlips(const RuleLineParts& Parts) {
   std::vector<NameSlip> vSlips;
-  for (const std::string_view Type : {Sequence.SLType, Sequence.TLType}) {
+  for (const std::string_view Type : {Parts.SLType, Parts.TLType}) {
     const std::string_view Sign = SignInType(Type);
     if (!Sign.empty()) {
       vSlips.push_back({Sign, Type, true});
     }
   }
-  AddLabelSlips(Sequence.SLLabels, vSlips);
-  AddLabelSlips(Sequence.TLLabels, vSlips);
+  AddLabelSlips(Parts.SLLabels, vSlips);
+  AddLabelSlips(Parts.TLLabels, vSlips);
   return vSlips;
-}
-
-// ---- What is passed over ----------------------------------------------------------------------
-
-namespace {
-
-void AddText(std::string_view Text, std::vector<std::string_view>& vTextsReturn) {
-  const std::string_view Part = Trimmed(Text);
-  if (!Part.empty()) {
-    vTextsReturn.push_back(Part);
-  }
-}
-
-void AddAround(std::string_view Code, char Open, char Close,
-               std::vector<std::string_view>& vTextsReturn) {
-  const std::size_t Begin = Code.find(Open);
-  const std::size_t End = Open == '{' ? Code.find(Close, Begin) : Code.rfind(Close);
-  const std::string_view Before = Code.substr(0, Begin);
-  if (Before != ";--;") {
-    AddText(Before, vTextsReturn);
-  }
-  if (End != None) {
-    AddText(Code.substr(End + 1), vTextsReturn);
-  }
-}
-
-/// Between types and sequence, a colon alone is usual.
-void AddAroundLabels(std::string_view Code, std::vector<std::string_view>& vTextsReturn) {
-  const std::size_t TypesEnd = Code.find(' ');
-  const std::string_view Between = Trimmed(From(Code, TypesEnd, Code.find('[', TypesEnd)));
-  if (Between != ":") {
-    AddText(Between, vTextsReturn);
-  }
-  AddText(Code.substr(Code.rfind(']') + 1), vTextsReturn);
-}
-
-}  // namespace
-
-std::vector<std::string_view> FindPassedOver(LineKind Kind, std::string_view Code) {
-  std::vector<std::string_view> vTexts;
-  if (Kind == LineKind::Header) {
-    AddAround(Code, '{', '}', vTexts);
-  } else if (Kind == LineKind::Alignment) {
-    AddAround(Code, '(', ')', vTexts);
-  } else if (Kind == LineKind::Sequence) {
-    AddAroundLabels(Code, vTexts);
-  }
-  return vTexts;
 }
 
 // ---- Constraints ------------------------------------------------------------------------------
@@ -151,7 +107,7 @@ bool IsQuoted(std::string_view Value) {
 
 }  // namespace
 
-std::string_view FindSignSlip(const ConstraintText& Parts) {
+std::string_view FindSignSlip(const ConstraintParts& Parts) {
   const std::string_view Right = Parts.Right;
   if (Right.size() < 2 || Parts.Equals.data() + Parts.Equals.size() != Right.data()) {
     return {};
@@ -161,12 +117,13 @@ std::string_view FindSignSlip(const ConstraintText& Parts) {
   return IsSign || IsLetter ? Right.substr(0, 1) : std::string_view();
 }
 
-bool IsBareList(const ConstraintText& Parts) {
+bool IsBareList(const ConstraintParts& Parts) {
   return Parts.Kind == RightKind::Value && Parts.Value.front() == '*' &&
-         (StartsWith(Upper(Parts.Value), "*OR*") || StartsWith(Upper(Parts.Value), "*NOT*"));
+         (IsSameInCapitals(Parts.Value.substr(0, 4), "*OR*") ||
+          IsSameInCapitals(Parts.Value.substr(0, 5), "*NOT*"));
 }
 
-std::string_view FindWordGap(const ConstraintText& Parts) {
+std::string_view FindWordGap(const ConstraintParts& Parts) {
   const std::string_view Value = Parts.Value;
   if (Value.size() < 3 || IsQuoted(Value)) {
     return {};
@@ -182,14 +139,14 @@ std::string_view FindWordGap(const ConstraintText& Parts) {
   return {};
 }
 
-bool IsAboutItself(const ConstraintText& Parts) {
+bool IsAboutItself(const ConstraintParts& Parts) {
   if (!Parts.RightNode || Parts.RightNode->Side != Parts.Left.Side ||
       Parts.RightNode->Index != Parts.Left.Index) {
     return false;
   }
   return Parts.Kind == RightKind::Node ||
          (Parts.Kind == RightKind::Reference && !Parts.IsWholeNode &&
-          Upper(Parts.Feature) == Upper(Parts.RightFeature));
+          IsSameInCapitals(Parts.Feature, Parts.RightFeature));
 }
 
 // ---- Comments ---------------------------------------------------------------------------------

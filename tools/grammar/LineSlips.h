@@ -1,8 +1,7 @@
 #pragma once
 
-#include "ConstraintText.h"
-#include "LineKind.h"
-#include "LineTexts.h"
+#include <ConstraintText.h>
+#include <RuleLine.h>
 
 #include <string_view>
 #include <vector>
@@ -21,25 +20,21 @@ struct NameSlip {
 
 /// The signs in the types and labels of a rule line that do not belong there, one for each name:
 /// the colon of "NP:", the comma of "DET,", a lone double quote, a bracket, a tab.
-std::vector<NameSlip> FindNameSlips(const SequenceText& Sequence);
-
-/// Text of a line that the library passes over: before the types' brackets, behind a header, an
-/// alignment or a sequence, and in front of the first two. One view for each place.
-std::vector<std::string_view> FindPassedOver(LineKind Kind, std::string_view Code);
+std::vector<NameSlip> FindNameSlips(const TrRuleInternal::RuleLineParts& Parts);
 
 /// What follows the equals sign at once and is meant as part of it: the "c" of "=c sg", the ":" of
 /// "=: sg". Empty where nothing does.
-std::string_view FindSignSlip(const ConstraintText& Parts);
+std::string_view FindSignSlip(const TrRuleInternal::ConstraintParts& Parts);
 
 /// Whether a value is a list without parentheses of its own, such as "*OR* sg pl".
-bool IsBareList(const ConstraintText& Parts);
+bool IsBareList(const TrRuleInternal::ConstraintParts& Parts);
 
 /// The sign or blank that makes a value of several words: "sg pl", "sg|pl", "sg,pl". Empty where
 /// the value is one word, or in double quotes. In a list, only signs count.
-std::string_view FindWordGap(const ConstraintText& Parts);
+std::string_view FindWordGap(const TrRuleInternal::ConstraintParts& Parts);
 
 /// Whether both sides of a constraint are the same.
-bool IsAboutItself(const ConstraintText& Parts);
+bool IsAboutItself(const TrRuleInternal::ConstraintParts& Parts);
 
 /// A comment that looks like ";; SL: …", and is kept as a mere comment.
 struct LabelSlip {

@@ -1,107 +1,103 @@
-// Sections: what is collected, single lines, headers and rule lines, alignments, constraints, the
-// rule as a whole, what is not readable, suggestions.
+// Sections: single lines, comments, headers and rule lines, alignments and constraints, the rule as
+// a whole, what is not readable, all of it.
 
 #include "RuleChecker.h"
 
 #include "Bytes.h"
+#include "ConstraintChecker.h"
 #include "ConstraintCycles.h"
-#include "ConstraintText.h"
 #include "CountText.h"
-#include "HeaderText.h"
-#include "LibraryScope.h"
-#include "LineKind.h"
 #include "LineMends.h"
 #include "LineSlips.h"
-#include "LineTexts.h"
 #include "LookAlikes.h"
-#include "RuleReader.h"
+#include "RuleFindings.h"
 #include "StrayText.h"
+#include "SuggestionTrial.h"
+
+#include <AlignmentLine.h>
+#include <ConstraintStore.h>
+#include <LineScan.h>
 
 #include <algorithm>
 #include <iterator>
 #include <map>
 #include <optional>
 #include <set>
-#include <sstream>
 #include <tuple>
 #include <utility>
 
 namespace Grammar {
 
+using TrRuleInternal::AlignmentTexts;
+using TrRuleInternal::ConstraintFields;
+using TrRuleInternal::LineMarks;
+using TrRuleInternal::NodeText;
+using TrRuleInternal::RuleLineFault;
+using TrRuleInternal::RuleLineParts;
+
 namespace {
-
-/// A constraint that is in the format, as it is written and as the library reads it.
-struct CheckedConstraint {
-  ConstraintText Parts;
-  Constraint Record;
-  std::string_view Code;
-  std::size_t Line;
-};
-
-struct CheckedAlignment {
-  AlignmentLine Parts;
-  std::size_t Line;
-};
-
-/// What to write in the place of a part of a line; nothing, where that is empty.
-struct Mend {
-  std::string_view Of;
-  std::string By;
-};
 
 /// Goes through the lines of one rule and then through what they say together.
 class Checker {
  public:
-  Checker(const RuleText& TextPassIn, std::vector<Finding>& vFindingsPassIn)
-      : Text(TextPassIn), vFindings(vFindingsPassIn) {}
+  Checker(const RuleRecord& RecordPassIn, std::vector<Finding>& vFindingsPassIn)
+      : Record(RecordPassIn),
+        Rule(RecordPassIn.Lines()),
+        Text(Rule.Text()),
+        Findings(Text, vFindingsPassIn),
+        Constraints(Rule, Findings) {}
 
   void Check();
   void CheckOrder();
   void AddToRule(std::string_view Code, std::string Message, std::string Example = "");
-  void AddLibraryMessage(const std::string& Why);
 
  private:
-  Finding& Add(std::string_view Code, std::size_t Line, std::string_view Part, std::string Message,
-               const Mend& Mended = {});
-  void AddFault(std::string_view Code, std::size_t Line, std::string_view Part,
-                const std::string& Message, std::string Mended);
-
   void CheckLine(std::size_t Line);
   void CheckCode(std::size_t Line, const LineParts& Parts);
   void CheckComment(std::size_t Line, std::string_view Comment);
   void CheckLabel(std::size_t Line, std::string_view Comment);
   void CheckLookAlike(std::size_t Line, std::string_view Code);
   void CheckStrayTexts(std::size_t Line, const LineParts& Parts);
-  void AddStray(std::size_t Line, std::string_view Part, std::string Message, const Mend& Mended);
+  void SetStrayLevel(Finding& FindingReturn) const;
   void CheckCount(std::size_t Line, std::string_view Comment);
   void CheckOther(std::size_t Line, std::string_view Code);
-  void CheckCommentBehind(std::size_t Line, const LineParts& Parts);
+  void CheckCommentAfter(std::size_t Line, const LineParts& Parts);
+  bool ReadsTheSame(std::size_t Line, const LineParts& Parts) const;
   void CheckHeader(std::size_t Line, std::string_view Code);
+  void CheckHeaderParts(std::size_t Line, const TrRuleInternal::HeaderParts& Parts);
   void CheckHeaderType();
   void CheckSequence(std::size_t Line, std::string_view Code);
   void CheckSecondSequence(std::size_t Line, std::string_view Code);
   void CheckArrow(std::size_t Line, std::string_view Code);
-  void CheckNames(std::size_t Line, std::string_view Code, const SequenceText& Sequence);
+  void CheckNames(std::size_t Line, std::string_view Code, const RuleLineParts& Parts);
+  bool CheckMisspeltSequence(std::size_t Line, std::string_view Code);
   void CheckAlignment(std::size_t Line, std::string_view Code);
   void CheckConstraint(std::size_t Line, std::string_view Code);
 
-  void CheckWording(const CheckedConstraint& Each);
-  void CheckEquals(const CheckedConstraint& Each);
-  void CheckFeatures(const CheckedConstraint& Each);
-  void CheckLetters(const CheckedConstraint& Each);
-  void CheckValue(const CheckedConstraint& Each);
-  void CheckWords(const CheckedConstraint& Each);
-  bool CheckAgreement(const CheckedConstraint& Each);
-
   void CheckAlignments();
+  void CheckRepeatedAlignments();
+  void CheckIndex(std::size_t Line, char Side, int Index, std::string_view Digits);
   void CheckComponents();
-  void CheckComponent(const NodeText& Node, std::size_t Line, std::set<std::string>& ssToldReturn);
+  void CheckComponent(const NodeText& Node, std::size_t Line);
   void CheckRepetitions();
 
-  std::size_t LabelsOf(char Side) const { return Side == 'X' ? vsSource.size() : vsTarget.size(); }
+  const std::vector<std::string_view>& LabelsOf(char Side) const {
+    return Side == 'X' ? Rule.SLLabels() : Rule.TLLabels();
+  }
 
+  const RuleRecord& Record;
+  const SourceRule& Rule;
   const RuleText& Text;
-  std::vector<Finding>& vFindings;
+  RuleFindings Findings;
+  ConstraintChecker Constraints;
+
+  // The parts of the rule whose lines come next.
+  std::size_t NextHeader = 0;
+  std::size_t NextRuleLine = 0;
+  std::size_t NextAlignment = 0;
+  std::size_t NextConstraint = 0;
+  std::size_t NextBroken = 0;
+
   std::size_t FirstCodeLine = 0;  // where the findings go that concern the rule as a whole
   bool HasCode = false;
   std::optional<std::size_t> HeaderLine;
@@ -114,66 +110,18 @@ class Checker {
   bool HasAlignmentLine = false;
   bool HasLabels = false;
   bool HasBodyLine = false;
-  bool IsMerged = false;  // what comes now belongs to another rule, whose header is missing
-  bool HasBytesBeyond = false;
-  std::optional<std::size_t> BlamedLine;  // a look-alike on it has been told
-  std::vector<std::string> vsSource;
-  std::vector<std::string> vsTarget;
-  std::vector<CheckedAlignment> vAlignments;
-  std::vector<CheckedConstraint> vConstraints;
+  bool IsMerged = false;       // what comes now belongs to another rule, whose header is missing
+  std::size_t Alignments = 0;  // how many of the rule's alignments are its own
+  std::vector<const SourceRule::ConstraintLine*> vConstraints;  // those that the library can use
+  std::vector<bool> vIsAligned[2];
+  std::set<std::string> ssTold;  // components without an alignment
 };
 
-std::string Quoted(std::string_view Part) {
-  return "\"" + std::string(Part) + "\"";
-}
-
-// ---- What is collected ------------------------------------------------------------------------
-
-/// A text with a part of it replaced.
-std::string Replaced(std::string_view Code, std::string_view Part, std::string_view By) {
-  const std::size_t Start = OffsetIn(Code, Part);
-  std::string Text(Code.substr(0, Start));
-  return Text.append(By).append(Code.substr(Start + Part.size()));
-}
-
-Finding& Checker::Add(std::string_view Code, std::size_t Line, std::string_view Part,
-                      std::string Message, const Mend& Mended) {
-  constexpr std::size_t MaxLineText = 1000;
-  const std::string_view Whole = Text.Line(Line);
-  Finding New;
-  New.File = Text.File;
-  New.Line = Text.FirstLine + Line;
-  New.Column = Part.empty() ? 1 : OffsetIn(Whole, Part) + 1;
-  New.Length = std::max<std::size_t>(Part.size(), 1);
-  New.Level = FindCode(Code)->Level;
-  New.Code = Code;
-  New.Message = std::move(Message);
-  New.LineText = Whole.substr(0, MaxLineText);
-  if (!Mended.By.empty() && Whole.size() <= MaxLineText) {
-    New.Suggestion = Replaced(Whole, Mended.Of, Mended.By);
-  }
-  vFindings.push_back(std::move(New));
-  return vFindings.back();
-}
-
-void Checker::AddToRule(std::string_view Code, std::string Message, std::string Example) {
-  const std::size_t Line = SequenceLine.value_or(HeaderLine.value_or(FirstCodeLine));
-  Add(Code, Line, Trimmed(Text.Line(Line)), std::move(Message)).Example = std::move(Example);
-}
-
-/// For a line that cannot be read: where it holds a look-alike, that is the reason.
-void Checker::AddFault(std::string_view Code, std::size_t Line, std::string_view Part,
-                       const std::string& Message, std::string Mended) {
-  const std::string_view Whole = Text.Parts(Line).Code;
-  const std::optional<FoundLookAlike> Found = HasBytesBeyond ? FindLookAlike(Whole) : std::nullopt;
-  if (!Found) {
-    Add(Code, Line, Part, Message, {Whole, std::move(Mended)});
-    return;
-  }
-  BlamedLine = Line;
-  Add(Code, Line, Found->Place, Message + "; here stands " + Described(*Found->Which),
-      {Text.Line(Line), std::string(WithoutTrailingSpace(
-                            Replaced(Text.Line(Line), Whole, WithoutLookAlikes(Whole))))});
+/// The part of a line, where it is the one that comes next.
+template <typename PartT>
+const PartT* TakePart(const std::vector<PartT>& vParts, std::size_t Line, std::size_t& NextReturn) {
+  const bool IsHere = NextReturn < vParts.size() && vParts[NextReturn].Line == Line;
+  return IsHere ? &vParts[NextReturn++] : nullptr;
 }
 
 // ---- Single lines -----------------------------------------------------------------------------
@@ -195,11 +143,13 @@ void Checker::CheckLine(std::size_t Line) {
   const bool BeginsRule = Parts.Kind == LineKind::Header || Parts.Kind == LineKind::Sequence;
   IsInside = IsInside || BeginsRule || Parts.Kind == LineKind::Open;
   CheckCode(Line, Parts);
-  CheckStrayTexts(Line, Parts);
+  if (!Record.IsRead() || Record.HasStrayText()) {
+    CheckStrayTexts(Line, Parts);
+    IsInside = IsInside && Parts.Kind != LineKind::Close && !ClosesBody(Parts.Code);
+  }
   CheckLookAlike(Line, Parts.Code);
-  IsInside = IsInside && Parts.Kind != LineKind::Close && !ClosesBody(Parts.Code);
   if (!Parts.Comment.empty()) {
-    CheckCommentBehind(Line, Parts);
+    CheckCommentAfter(Line, Parts);
   }
 }
 
@@ -227,12 +177,12 @@ void Checker::CheckCode(std::size_t Line, const LineParts& Parts) {
 
 /// A line that can be read, and holds a look-alike.
 void Checker::CheckLookAlike(std::size_t Line, std::string_view Code) {
-  if (!HasBytesBeyond || BlamedLine == Line || !HasBytesBeyondAscii(Code)) {
+  if (!Findings.HasBytesBeyond() || Findings.IsExplained(Line) || !HasBytesBeyondAscii(Code)) {
     return;
   }
   if (const std::optional<FoundLookAlike> Found = FindLookAlike(Code)) {
-    Add("TR048", Line, Found->Place, "here stands " + Described(*Found->Which),
-        {Code, std::string(Trimmed(WithoutLookAlikes(Code)))});
+    Findings.Add("TR048", Line, Found->Place, "here stands " + Described(*Found->Which),
+                 {Code, std::string(Trimmed(WithoutLookAlikes(Code)))});
   }
 }
 
@@ -263,38 +213,35 @@ void Checker::CheckCount(std::size_t Line, std::string_view Comment) {
   const std::string_view Part = Written.empty() ? Comment : Written;
   const CountText Count = ParseCount(Written);
   if (CountLine) {
-    Add("TR049", Line, Part,
+    Findings.Add(
+        "TR049", Line, Part,
         "the rule has a count already, on line " + std::to_string(Text.FirstLine + *CountLine));
     return;
   }
   CountLine = Line;
   if (!Count.IsExact) {
-    Add("TR049", Line, Part,
-        Quoted(Written) + " is not a count: it is read as " + std::to_string(Count.Value));
-  }
-}
-
-/// What means nothing is an error within a rule, where something was meant to be part of it. A
-/// whole line is looked at by `CheckOther`.
-void Checker::CheckStrayTexts(std::size_t Line, const LineParts& Parts) {
-  if (Parts.Kind != LineKind::Other) {
-    for (const std::string_view Stray : StrayTexts(Parts)) {
-      const std::string Message = "this text is no part of a rule";
-      if (HasBytesBeyond && FindLookAlike(Stray)) {
-        AddFault("TR035", Line, Stray, Message, "");
-        vFindings.back().Level = IsInside ? Severity::Error : Severity::Warning;
-      } else {
-        AddStray(Line, Stray, Message, {Parts.Code, WithTextAsComment(Parts.Code, Stray)});
-      }
-    }
+    Findings.Add("TR049", Line, Part,
+                 Quoted(Written) + " is not a count: it is read as " + std::to_string(Count.Value));
   }
 }
 
 /// What is stray is an error where it stands inside a rule.
-void Checker::AddStray(std::size_t Line, std::string_view Part, std::string Message,
-                       const Mend& Mended) {
-  Finding& New = Add("TR035", Line, Part, std::move(Message), Mended);
-  New.Level = IsInside ? Severity::Error : Severity::Warning;
+void Checker::SetStrayLevel(Finding& FindingReturn) const {
+  FindingReturn.Level = IsInside ? Severity::Error : Severity::Warning;
+}
+
+/// A whole line is looked at by `CheckOther`.
+void Checker::CheckStrayTexts(std::size_t Line, const LineParts& Parts) {
+  if (Parts.Kind == LineKind::Other) {
+    return;
+  }
+  const std::string Message = "this text is no part of a rule";
+  for (const std::string_view Stray : StrayTexts(Parts)) {
+    const bool HasLookAlike = Findings.HasBytesBeyond() && FindLookAlike(Stray);
+    SetStrayLevel(HasLookAlike ? Findings.AddFault("TR035", Line, Stray, Message, "")
+                               : Findings.Add("TR035", Line, Stray, Message,
+                                              {Parts.Code, WithTextAsComment(Parts.Code, Stray)}));
+  }
 }
 
 /// What a line that means nothing was probably meant as.
@@ -337,11 +284,11 @@ Meaning MeaningOf(std::string_view Code) {
 }
 
 void Checker::CheckOther(std::size_t Line, std::string_view Code) {
-  const std::string Plain = HasBytesBeyond ? WithoutLookAlikes(Code) : std::string(Code);
+  const std::string Plain = Findings.HasBytesBeyond() ? WithoutLookAlikes(Code) : std::string(Code);
+  const bool HasLookAlike = Plain != Code;
   const std::string Message = "this line is no part of a rule";
-  if (Plain != Code && (Plain.empty() || PartsOf(Plain).Kind != LineKind::Other)) {
-    AddFault("TR035", Line, Code, Message, "");
-    vFindings.back().Level = IsInside ? Severity::Error : Severity::Warning;
+  if (HasLookAlike && (Plain.empty() || PartsOf(Plain).Kind != LineKind::Other)) {
+    SetStrayLevel(Findings.AddFault("TR035", Line, Code, Message, ""));
     return;
   }
   if (!SequenceLine && LooksLikeSequence(Plain) && !MendedSequence(Plain).empty()) {
@@ -350,35 +297,41 @@ void Checker::CheckOther(std::size_t Line, std::string_view Code) {
   }
   Meaning Meant = MeaningOf(Plain);
   const bool IsMeantAsComment = Meant.Hint.empty();
-  if (Plain != Code && !IsMeantAsComment) {
-    AddFault("TR035", Line, Code, Message + Meant.Hint, "");
-    vFindings.back().Level = IsInside ? Severity::Error : Severity::Warning;
+  if (HasLookAlike && !IsMeantAsComment) {
+    SetStrayLevel(Findings.AddFault("TR035", Line, Code, Message + Meant.Hint, ""));
     return;
   }
-  BlamedLine = Line;
-  AddStray(Line, Code, Message + Meant.Hint,
-           {Code, IsMeantAsComment && Plain != Code ? AsComment(Code) : std::move(Meant.Mended)});
+  Findings.SetExplained(Line);
+  SetStrayLevel(Findings.Add("TR035", Line, Code, Message + Meant.Hint,
+                             {Code, HasLookAlike ? AsComment(Code) : std::move(Meant.Mended)}));
 }
 
-/// What the reader takes a comment for, too; null where it is only a comment.
-const char* AlsoReadAs(std::string_view Comment) {
-  if (Contains(Comment, "] -> [")) {
+// ---- Comments ---------------------------------------------------------------------------------
+
+/// What the library's reader takes a line with some marks for, which is a comment here; null where
+/// it is a comment there, too.
+const char* AlsoReadAs(const LineMarks& Marks) {
+  if (Marks.HasArrow) {
     return "a sequence line";
   }
-  if (Contains(Comment, "::")) {
+  if (Marks.HasColons) {
     return "an alignment";
   }
-  if (Contains(Comment, "=")) {
+  if (Marks.HasEquals) {
     return "a constraint";
   }
-  return Contains(Comment, "{") ? "a header" : nullptr;
+  return Marks.HasBrace ? "a header" : nullptr;
+}
+
+LineMarks MarksOf(std::string_view Comment) {
+  return TrRuleInternal::ScanLine(Comment).Whole;
 }
 
 void Checker::CheckComment(std::size_t Line, std::string_view Comment) {
-  if (const char* Kind = AlsoReadAs(Comment)) {
-    Add("TR029", Line, Comment,
-        std::string("the library's reader takes this comment for ") + Kind +
-            ", too; here it stays a comment");
+  if (const char* Kind = AlsoReadAs(MarksOf(Comment))) {
+    Findings.Add("TR029", Line, Comment,
+                 std::string("the library's reader takes this comment for ") + Kind +
+                     ", too; here it stays a comment");
   }
   CheckLabel(Line, Comment);
 }
@@ -390,34 +343,56 @@ void Checker::CheckLabel(std::size_t Line, std::string_view Comment) {
   }
   const std::string_view Behind = Comment.substr(OffsetIn(Comment, Slip.Place) + Slip.Place.size());
   const bool LacksSign = Slip.Place.data() == Comment.data();
-  Add("TR047", Line, Slip.Place,
+  Findings.Add(
+      "TR047", Line, Slip.Place,
       "this is kept as a mere comment: the label is written \";;" + std::string(Slip.Label) + '"',
       {Comment, std::string(LacksSign ? ";; " : Comment.substr(0, OffsetIn(Comment, Slip.Place)))
                     .append(Slip.Label)
                     .append(Behind)});
 }
 
-/// A comment behind a line is harmless, as long as the reader understands the same without it.
-void Checker::CheckCommentBehind(std::size_t Line, const LineParts& Parts) {
-  const std::string Whole(Text.Line(Line));
-  bool IsSame = !Contains(Parts.Comment, "{") && !Contains(Parts.Comment, "] -> [");
-  if (Parts.Kind == LineKind::Alignment) {
-    TrRule With;
-    TrRule Without;
-    const LibraryScope Scope;
-    With.AddAlignment(Whole);
-    Without.AddAlignment(std::string(Parts.Code));
-    IsSame = IsSame && With.GetAlignmentStr() == Without.GetAlignmentStr();
-  } else if (Parts.Kind == LineKind::Constraint) {
-    const LibraryScope Scope;
-    IsSame =
-        IsSame && !Contains(Parts.Comment, "::") &&
-        Constraint(Whole).ReturnAsString() == Constraint(std::string(Parts.Code)).ReturnAsString();
-  } else {
-    IsSame = AlsoReadAs(Parts.Comment) == nullptr;
+/// Whether the library's reader takes two texts for the same alignment.
+bool IsSameAlignment(std::string_view Left, std::string_view Right) {
+  const std::string Capitals[] = {Upper(Left), Upper(Right)};
+  AlignmentTexts Texts[2];
+  const auto LeftFault = TrRuleInternal::ReadAlignment(Capitals[0], Texts[0]);
+  const auto RightFault = TrRuleInternal::ReadAlignment(Capitals[1], Texts[1]);
+  const bool IsRead = LeftFault == TrRuleInternal::AlignmentFault::None;
+  return IsRead == (RightFault == TrRuleInternal::AlignmentFault::None) &&
+         (!IsRead || (Texts[0].X == Texts[1].X && Texts[0].Y == Texts[1].Y));
+}
+
+/// Whether the library's reader takes two texts for the same constraint.
+bool IsSameConstraint(std::string_view Left, std::string_view Right) {
+  ConstraintFields Fields[2];
+  TrRuleInternal::ReadConstraint(Left, Fields[0]);
+  TrRuleInternal::ReadConstraint(Right, Fields[1]);
+  const auto AsTuple = [](const ConstraintFields& Each) {
+    return std::tie(Each.Category, Each.ConstrainedIndex, Each.Feature, Each.FeatValue,
+                    Each.ValueConstraint);
+  };
+  return AsTuple(Fields[0]) == AsTuple(Fields[1]);
+}
+
+/// Whether the library's reader, which looks at the whole line, takes it for what it is without its
+/// comment.
+bool Checker::ReadsTheSame(std::size_t Line, const LineParts& Parts) const {
+  const LineMarks Marks = MarksOf(Parts.Comment);
+  switch (Parts.Kind) {
+    case LineKind::Alignment:
+      return !Marks.HasBrace && !Marks.HasArrow && IsSameAlignment(Text.Line(Line), Parts.Code);
+    case LineKind::Constraint:
+      return !Marks.HasBrace && !Marks.HasArrow && !Marks.HasColons &&
+             IsSameConstraint(Text.Line(Line), Parts.Code);
+    default:
+      return AlsoReadAs(Marks) == nullptr;
   }
-  if (!IsSame) {
-    Add("TR029", Line, Parts.Comment,
+}
+
+void Checker::CheckCommentAfter(std::size_t Line, const LineParts& Parts) {
+  if (!ReadsTheSame(Line, Parts)) {
+    Findings.Add(
+        "TR029", Line, Parts.Comment,
         "the library's reader takes this comment for part of the line; here it stays a comment");
   }
 }
@@ -425,62 +400,62 @@ void Checker::CheckCommentBehind(std::size_t Line, const LineParts& Parts) {
 // ---- Headers and rule lines -------------------------------------------------------------------
 
 void Checker::CheckHeader(std::size_t Line, std::string_view Code) {
-  constexpr std::size_t KeptLetters = 2;
   HeaderLine = Line;
-  const RuleHeader Header = ParseHeader(Code);
-  if (!Header.IsReadable) {
+  const SourceRule::HeaderLine* Header = TakePart(Rule.Headers(), Line, NextHeader);
+  if (Header->Parts) {
+    CheckHeaderParts(Line, *Header->Parts);
+  } else {
     std::string Mended = MendedHeader(Code);
     const bool IsMended = !Mended.empty();
-    AddFault("TR023", Line, Code, "the header is not {type,number}: it gives the rule no number",
-             std::move(Mended));
-    if (!IsMended && vFindings.back().Suggestion.empty()) {
-      vFindings.back().Example = "{NP,8}";
-    }
-  } else {
-    const std::string_view Type = Trimmed(Code.substr(Code.find('{') + 1));
-    HeaderType = Type.substr(0, Header.Type.size());
-    if (Header.Type.size() > KeptLetters) {
-      Add("TR021", Line, Type.substr(0, Header.Type.size()),
-          "the library's reader keeps two letters of this type, " +
-              Quoted(Header.Type.substr(0, KeptLetters)) + "; here it stays whole");
-    }
-    if (Header.Number.size() > 1) {
-      const std::string_view Number = Trimmed(Code.substr(Code.find(',', Code.find('{')) + 1));
-      Add("TR022", Line, Trimmed(Number.substr(0, Number.find('}'))),
-          "the library's reader keeps the last digit of this number, " +
-              Header.Number.substr(Header.Number.size() - 1) + "; here it stays whole");
-    }
+    Finding& New = Findings.AddFault("TR023", Line, Code,
+                                     "the header is not {type,number}: it gives the rule no number",
+                                     std::move(Mended));
+    New.Example = !IsMended && New.Suggestion.empty() ? "{NP,8}" : "";
   }
   for (std::size_t Before = FirstCodeLine; Before < Line; ++Before) {
     const LineParts Parts = Text.Parts(Before);
     if (!Parts.Code.empty()) {
-      Add("TR037", Before, Parts.Code, "this line stands before the header of its rule");
+      Findings.Add("TR037", Before, Parts.Code, "this line stands before the header of its rule");
     }
   }
 }
 
-std::vector<std::string> LabelsIn(std::string_view Text) {
-  TrRule Rule;
-  Rule.SetSLPOS(std::string(Text));
-  return Rule.GetSLPOS();
+void Checker::CheckHeaderParts(std::size_t Line, const TrRuleInternal::HeaderParts& Parts) {
+  using TrRuleInternal::KeptLetters;
+  HeaderType = Parts.Type;
+  if (Parts.Type.size() > KeptLetters) {
+    Findings.Add("TR021", Line, Parts.Type,
+                 "the library's reader keeps two letters of this type, " +
+                     Quoted(Parts.Type.substr(0, KeptLetters)) + "; here it stays whole");
+  }
+  if (Parts.Number.size() == 1) {
+    return;
+  }
+  const std::string Number = std::to_string(*TrRuleInternal::ParseWholeNumber(Parts.Number));
+  if (Number.size() > 1) {
+    Findings.Add("TR022", Line, Parts.Number,
+                 "the library's reader keeps the last digit of this number, " +
+                     Number.substr(Number.size() - 1) + "; here it stays whole");
+  }
 }
 
 /// In a file of rules, the header has the type of the source side; flipping a rule keeps it, and
 /// the library's own writer cuts it to two letters.
 void Checker::CheckHeaderType() {
-  constexpr std::size_t KeptLetters = 2;
+  using TrRuleInternal::KeptLetters;
   if (HeaderType.empty() || SLType.empty() || HeaderType == SLType) {
     return;
   }
-  const std::string Type = Upper(HeaderType);
-  for (const std::string& sOfRule : {Upper(SLType), Upper(TLType)}) {
-    if (Type == sOfRule || (Type.size() == KeptLetters && StartsWith(sOfRule, Type))) {
+  for (const std::string_view OfRule : {SLType, TLType}) {
+    const std::string_view Kept =
+        HeaderType.size() == KeptLetters ? OfRule.substr(0, KeptLetters) : OfRule;
+    if (IsSameInCapitals(HeaderType, Kept)) {
       return;
     }
   }
-  Add("TR040", *HeaderLine, HeaderType,
-      "the header has the type " + Quoted(HeaderType) + ", and the rule on line " +
-          std::to_string(Text.FirstLine + *SequenceLine) + " has " + Quoted(SLType));
+  Findings.Add("TR040", *HeaderLine, HeaderType,
+               "the header has the type " + Quoted(HeaderType) + ", and the rule on line " +
+                   std::to_string(Text.FirstLine + *SequenceLine) + " has " + Quoted(SLType));
 }
 
 void Checker::CheckSecondSequence(std::size_t Line, std::string_view Code) {
@@ -490,7 +465,7 @@ void Checker::CheckSecondSequence(std::size_t Line, std::string_view Code) {
     Message += "; if another rule begins here, it lacks its header";
     IsMerged = true;
   }
-  AddFault("TR003", Line, Code, Message, "");
+  Findings.AddFault("TR003", Line, Code, Message, "");
 }
 
 /// A rule line whose arrow is not "] -> [", so that it is none for the library.
@@ -500,298 +475,115 @@ void Checker::CheckArrow(std::size_t Line, std::string_view Code) {
     return;
   }
   SequenceLine = Line;
-  AddFault("TR001", Line, ArrowIn(Code),
-           "the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise",
-           MendedSequence(Code));
+  Findings.AddFault("TR001", Line, ArrowIn(Code),
+                    "the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise",
+                    MendedSequence(Code));
 }
 
 void Checker::CheckSequence(std::size_t Line, std::string_view Code) {
+  const SourceRule::RuleLine& Each = *TakePart(Rule.RuleLines(), Line, NextRuleLine);
   if (SequenceLine) {
     CheckSecondSequence(Line, Code);
     return;
   }
   SequenceLine = Line;
-  SequenceText Sequence;
   const std::size_t Arrow = Code.find(" -> ");
-  const std::string_view Types = Code.substr(0, Code.find(' '));
-  switch (ParseSequenceLine(Code, Sequence)) {
-    case SequenceFault::Types:
-      AddFault("TR004", Line, Types, "the line does not begin with two types, as in NP::NP",
-               MendedSequence(Code));
+  switch (Each.Fault) {
+    case RuleLineFault::Types:
+      Findings.AddFault("TR004", Line, Code.substr(0, Code.find(' ')),
+                        "the line does not begin with two types, as in NP::NP",
+                        MendedSequence(Code));
       break;
-    case SequenceFault::SourceSide:
-      AddFault("TR005", Line, Code.substr(0, Arrow), "the source side is no [sequence of labels]",
-               MendedSequence(Code));
+    case RuleLineFault::SourceSide:
+      Findings.AddFault("TR005", Line, Code.substr(0, Arrow),
+                        "the source side is no [sequence of labels]", MendedSequence(Code));
       break;
-    case SequenceFault::TargetSide:
-      AddFault("TR006", Line, Code.substr(Arrow + 4), "the target side is no [sequence of labels]",
-               MendedSequence(Code));
+    case RuleLineFault::TargetSide:
+      Findings.AddFault("TR006", Line, Code.substr(Arrow + 4),
+                        "the target side is no [sequence of labels]", MendedSequence(Code));
       break;
-    case SequenceFault::None:
+    case RuleLineFault::None:
       HasLabels = true;
-      vsSource = LabelsIn(Sequence.SLLabels);
-      vsTarget = LabelsIn(Sequence.TLLabels);
-      SLType = Sequence.SLType;
-      TLType = Sequence.TLType;
-      CheckNames(Line, Code, Sequence);
+      SLType = Each.Parts.SLType;
+      TLType = Each.Parts.TLType;
+      CheckNames(Line, Code, Each.Parts);
       break;
   }
 }
 
-void Checker::CheckNames(std::size_t Line, std::string_view Code, const SequenceText& Sequence) {
-  const std::vector<NameSlip> vSlips = FindNameSlips(Sequence);
+void Checker::CheckNames(std::size_t Line, std::string_view Code, const RuleLineParts& Parts) {
+  const std::vector<NameSlip> vSlips = FindNameSlips(Parts);
   const std::string Mended = vSlips.empty() ? "" : MendedSequence(Code);
   for (const NameSlip& Each : vSlips) {
     const std::string Sign = IsSpace(Each.Sign.front()) ? "a tab" : Quoted(Each.Sign);
-    Add("TR039", Line, Each.Sign,
+    Findings.Add(
+        "TR039", Line, Each.Sign,
         Sign + " becomes part of the " + (Each.IsType ? "type " : "label ") + Quoted(Each.Name),
         {Code, Mended});
   }
-  if (!HasBytesBeyond) {
+  if (!Findings.HasBytesBeyond()) {
     return;
   }
-  for (const std::string_view Side : {Sequence.SLLabels, Sequence.TLLabels}) {
+  for (const std::string_view Side : {Parts.SLLabels, Parts.TLLabels}) {
     const std::string_view Letter = FirstSmallLetterBeyondAscii(Side);
     if (!Letter.empty() && !Contains(Side, "\"")) {
-      Add("TR046", Line, Letter,
+      Findings.Add(
+          "TR046", Line, Letter,
           Quoted(Letter) + " stays small: of a label, only the letters of ASCII become capitals",
           {Side, WithCapitalsBeyondAscii(Upper(Side))});
     }
   }
 }
 
-// ---- Alignments -------------------------------------------------------------------------------
+// ---- Alignments and constraints ---------------------------------------------------------------
+
+/// For a line that is not in the format: whether it was meant as a rule line.
+bool Checker::CheckMisspeltSequence(std::size_t Line, std::string_view Code) {
+  const bool IsMeant =
+      LooksLikeSequence(Findings.HasBytesBeyond() ? WithoutLookAlikes(Code) : std::string(Code));
+  if (IsMeant) {
+    CheckArrow(Line, Code);
+  }
+  return IsMeant;
+}
 
 void Checker::CheckAlignment(std::size_t Line, std::string_view Code) {
-  const std::optional<AlignmentLine> Parts = ParseAlignmentLine(Code);
-  if (!Parts && LooksLikeSequence(HasBytesBeyond ? WithoutLookAlikes(Code) : std::string(Code))) {
-    CheckArrow(Line, Code);
+  const bool IsBroken = TakePart(Rule.BrokenLines(), Line, NextBroken) != nullptr;
+  if (IsBroken && CheckMisspeltSequence(Line, Code)) {
     return;
   }
   HasAlignmentLine = true;
   HasBodyLine = SequenceLine.has_value();
-  if (!Parts) {
+  if (IsBroken) {
     const bool IsOne = Code.find("::") == Code.rfind("::");
-    AddFault("TR007", Line, Code,
-             IsOne ? "this is no alignment of one x with one y"
-                   : "this is more than one alignment: each stands on a line of its own",
-             MendedAlignment(Code));
-    return;
-  }
-  if (!IsMerged) {
-    vAlignments.push_back({*Parts, Line});
+    Findings.AddFault("TR007", Line, Code,
+                      IsOne ? "this is no alignment of one x with one y"
+                            : "this is more than one alignment: each stands on a line of its own",
+                      MendedAlignment(Code));
+  } else if (!IsMerged) {
+    ++Alignments;
   }
 }
 
-// ---- Constraints ------------------------------------------------------------------------------
-
 void Checker::CheckConstraint(std::size_t Line, std::string_view Code) {
-  ConstraintStop Stop;
-  const std::optional<ConstraintText> Parts = ParseConstraint(Code, Stop);
-  if (!Parts && LooksLikeSequence(HasBytesBeyond ? WithoutLookAlikes(Code) : std::string(Code))) {
-    CheckArrow(Line, Code);
+  const SourceRule::ConstraintLine* Each = TakePart(Rule.Constraints(), Line, NextConstraint);
+  if (Each == nullptr && CheckMisspeltSequence(Line, Code)) {
+    ++NextBroken;
     return;
   }
   HasBodyLine = SequenceLine.has_value();
-  if (!Parts) {
+  if (Each == nullptr) {
+    const auto& Stop = TakePart(Rule.BrokenLines(), Line, NextBroken)->Stop;
     const std::string_view Rest = Code.substr(Stop.Place);
-    AddFault("TR008", Line, Rest.empty() ? Code : Rest,
-             std::string(Rest.empty() ? "the constraint ends too early"
-                                      : "the constraint is not in the format from here on") +
-                 ": expected " + std::string(Stop.Expected),
-             MendedConstraint(Code));
-    return;
+    Findings.AddFault(
+        "TR008", Line, Rest.empty() ? Code : Rest,
+        std::string(Rest.empty() ? "the constraint ends too early"
+                                 : "the constraint is not in the format from here on") +
+            ": expected " + std::string(Stop.Expected),
+        MendedConstraint(Code));
+  } else if (Constraints.Check(*Each) && !IsMerged) {
+    vConstraints.push_back(Each);
   }
-  CheckedConstraint New{*Parts, Constraint(ForLibrary(Code, *Parts)), Code, Line};
-  if (CheckAgreement(New)) {
-    CheckWording(New);
-    if (!IsMerged) {
-      vConstraints.push_back(std::move(New));
-    }
-  }
-}
-
-bool Checker::CheckAgreement(const CheckedConstraint& Each) {
-  const ConstraintText& Parts = Each.Parts;
-  if (Parts.IsWholeNode && !Parts.RightNode) {
-    const std::string Node(Parts.Left.Text);
-    const std::string_view Sign = FindSignSlip(Parts);
-    AddFault("TR012", Each.Line, Parts.Right,
-             Quoted(Parts.Right) + " is no node, and only a node can equal " + Node,
-             Sign.empty() ? "" : Replaced(Each.Code, Sign, ""));
-    if (vFindings.back().Suggestion.empty()) {
-      vFindings.back().Example = "((" + Node + " feature) = " + std::string(Parts.Right) + ')';
-    }
-    return false;
-  }
-  if (!Each.Record.IsValueConstraint() &&
-      Each.Record.GetAgreedIndex(Each.Record.GetFeatValue()) == -1) {
-    Add("TR012", Each.Line, Parts.Right,
-        "no number stands behind the last X or Y on this side, where the library looks for one");
-    return false;
-  }
-  return true;
-}
-
-void Checker::CheckWording(const CheckedConstraint& Each) {
-  CheckEquals(Each);
-  CheckFeatures(Each);
-  CheckValue(Each);
-  CheckWords(Each);
-  if (HasBytesBeyond) {
-    CheckLetters(Each);
-  }
-  if (IsAboutItself(Each.Parts)) {
-    Add("TR044", Each.Line, Each.Code, "the constraint says nothing: both sides are the same");
-  }
-}
-
-std::string WithoutSpace(std::string_view Text) {
-  std::string Result;
-  for (const char Byte : Text) {
-    if (!IsSpace(Byte)) {
-      Result += Byte;
-    }
-  }
-  return Result;
-}
-
-/// The constraint as it is kept: with one equals sign, its features in one word, and the left one
-/// on the right, too. Empty where both sides would be the same.
-std::string AsKept(std::string_view Code, const ConstraintText& Parts) {
-  const std::string Feature = WithoutSpace(Parts.Feature);
-  std::string Text(Code);
-  if (!Parts.RightFeature.empty()) {
-    if (Parts.RightNode->Side == Parts.Left.Side && Parts.RightNode->Index == Parts.Left.Index) {
-      return "";
-    }
-    const std::size_t Size = Parts.RightFeature.size();
-    Text.replace(OffsetIn(Code, Parts.RightFeature), Size,
-                 Parts.IsWholeNode ? WithoutSpace(Parts.RightFeature)
-                 : Upper(Feature) == Upper(WithoutSpace(Parts.RightFeature))
-                     ? WithoutSpace(Parts.RightFeature)
-                     : Feature);
-  }
-  Text.replace(OffsetIn(Code, Parts.Equals), Parts.Equals.size(), "=");
-  if (!Parts.Feature.empty()) {
-    Text.replace(OffsetIn(Code, Parts.Feature), Parts.Feature.size(), Feature);
-  }
-  return Text;
-}
-
-void Checker::CheckEquals(const CheckedConstraint& Each) {
-  const ConstraintText& Parts = Each.Parts;
-  if (Parts.Equals.size() == 1) {
-    return;
-  }
-  std::string Message = Quoted(Parts.Equals) + " is kept as \"=\"";
-  if (IsMistakenForValue(Parts)) {
-    Message += "; the library's reader takes the reference behind it for a value: " +
-               Constraint(std::string(Each.Code)).ReturnAsString();
-  }
-  Add("TR024", Each.Line, Parts.Equals, std::move(Message), {Each.Code, AsKept(Each.Code, Parts)});
-}
-
-void Checker::CheckFeatures(const CheckedConstraint& Each) {
-  const ConstraintText& Parts = Each.Parts;
-  for (const std::string_view Feature : {Parts.Feature, Parts.RightFeature}) {
-    const std::string Joined = WithoutSpace(Feature);
-    if (Joined.size() != Feature.size()) {
-      Add("TR025", Each.Line, Feature,
-          "a feature of several words is kept as one word: " + Upper(Joined),
-          {Each.Code, AsKept(Each.Code, Parts)});
-    }
-  }
-  if (!Parts.IsWholeNode && Parts.Kind == RightKind::Reference &&
-      Upper(WithoutSpace(Parts.Feature)) != Upper(WithoutSpace(Parts.RightFeature))) {
-    Add("TR026", Each.Line, Parts.RightFeature,
-        "the feature on the right is not kept: " + Each.Record.ReturnAsString(),
-        {Each.Code, AsKept(Each.Code, Parts)});
-  }
-}
-
-/// Values are words of a language, and may be in small letters throughout.
-void Checker::CheckLetters(const CheckedConstraint& Each) {
-  for (const std::string_view Feature : {Each.Parts.Feature, Each.Parts.RightFeature}) {
-    const std::string_view Letter = FirstSmallLetterBeyondAscii(Feature);
-    if (!Letter.empty()) {
-      Add("TR046", Each.Line, Letter,
-          Quoted(Letter) +
-              " stays small: of a feature, only the letters of ASCII become capitals: " +
-              Upper(Feature),
-          {Each.Code, Replaced(Each.Code, Feature, WithCapitalsBeyondAscii(Upper(Feature)))});
-    }
-  }
-}
-
-void Checker::CheckValue(const CheckedConstraint& Each) {
-  const ConstraintText& Parts = Each.Parts;
-  const auto Closes = std::count(Parts.Right.begin(), Parts.Right.end(), ')');
-  const std::string_view Behind =
-      Each.Code.substr(OffsetIn(Each.Code, Parts.Right) + Parts.Right.size());
-  if (Parts.Kind == RightKind::Not && Closes > 0 && Contains(Behind, ")")) {
-    Add("TR027", Each.Line, Parts.Right,
-        "a negation is kept without its own parenthesis: " + Each.Record.ReturnAsString());
-  }
-  if (Parts.Left.Side == 'Y' && !Parts.IsWholeNode && !Parts.RightNode &&
-      Contains(Upper(Parts.Value), "X")) {
-    Add("TR028", Each.Line, Parts.Value,
-        "a value with an X counts as a reference to the source side: the constraint is of "
-        "category 2");
-  }
-  if (!Parts.SpaceAfterNode.empty()) {
-    Add("TR038", Each.Line, Parts.SpaceAfterNode,
-        "the blank becomes part of the value: " + Each.Record.ReturnAsString(),
-        {Each.Code, Replaced(Each.Code, Parts.SpaceAfterNode, "")});
-  }
-}
-
-/// The words of a list or value with blanks between them, and no other signs.
-std::string PlainWords(std::string_view Words) {
-  std::string Plain;
-  for (const char Byte : Words) {
-    const bool IsGap = IsSpace(Byte) || Byte == ',' || Byte == '|';
-    if (!IsGap) {
-      Plain += Byte;
-    } else if (!Plain.empty() && Plain.back() != ' ') {
-      Plain += ' ';
-    }
-  }
-  return std::string(WithoutTrailingSpace(Plain));
-}
-
-/// What of the right side is probably not meant as part of a value, or as one value.
-void Checker::CheckWords(const CheckedConstraint& Each) {
-  const ConstraintText& Parts = Each.Parts;
-  const std::string_view Sign = FindSignSlip(Parts);
-  if (!Sign.empty()) {
-    Add("TR041", Each.Line, Sign,
-        "the sign is read as \"=\", and " + Quoted(Sign) +
-            " becomes part of the value: " + Each.Record.ReturnAsString(),
-        {Each.Code, Replaced(Each.Code, Sign, "")});
-    return;
-  }
-  if (IsBareList(Parts)) {
-    Add("TR042", Each.Line, Parts.Right,
-        "the list has no parentheses of its own, and is one value: " + Each.Record.ReturnAsString(),
-        {Each.Code, Replaced(Each.Code, Parts.Right, '(' + std::string(Parts.Right) + ')')});
-    return;
-  }
-  const std::string_view Gap = FindWordGap(Parts);
-  if (Gap.empty()) {
-    return;
-  }
-  const std::string Plain = PlainWords(Parts.Value);
-  if (Parts.Kind != RightKind::Value) {
-    Add("TR039", Each.Line, Gap, Quoted(Gap) + " becomes part of a word of the list",
-        {Each.Code, Replaced(Each.Code, Parts.Value, Plain)});
-    return;
-  }
-  const std::string List = Replaced(Each.Code, Parts.Value, "(*OR* " + Plain + ')');
-  Finding& New = Add("TR043", Each.Line, Parts.Value,
-                     Quoted(Parts.Value) + " is one value; alternatives are written as a list",
-                     {Each.Code, IsSpace(Gap.front()) ? "" : List});
-  New.Example = New.Suggestion.empty() ? List : "";
 }
 
 // ---- The rule as a whole ----------------------------------------------------------------------
@@ -800,13 +592,14 @@ void Checker::Check() {
   if (IsTooLong(Text)) {
     // Of a rule in pieces, the first one tells.
     if (!Text.Continues) {
-      Add("TR013", 0, {},
+      Findings.Add(
+          "TR013", 0, {},
           "the library's reader takes 100,000 bytes behind the first line of a rule, and as many of "
           "a line");
     }
     return;
   }
-  HasBytesBeyond = HasBytesBeyondAscii(Text.Text);
+  vConstraints.reserve(Rule.Constraints().size());
   for (std::size_t Line = 0; Line < Text.vLines.size(); ++Line) {
     CheckLine(Line);
   }
@@ -831,93 +624,124 @@ std::string CountOf(std::size_t Labels, char Side) {
 }
 
 void Checker::CheckAlignments() {
-  std::set<std::pair<int, int>> ssPairs;
-  for (const auto& [Parts, Line] : vAlignments) {
-    if (!ssPairs.emplace(Parts.X, Parts.Y).second) {
-      Add("TR036", Line, Trimmed(Text.Line(Line)), "this alignment stands here twice");
-    }
-    for (const auto& [Index, Written, Side] :
-         {std::tuple(Parts.X, Parts.XText, 'X'), std::tuple(Parts.Y, Parts.YText, 'Y')}) {
-      if (HasLabels && (Index < 1 || static_cast<std::size_t>(Index) > LabelsOf(Side))) {
-        Add("TR010", Line, Written,
-            "there is no " + std::string(Written) + ": " + CountOf(LabelsOf(Side), Side));
-      }
-    }
+  CheckRepeatedAlignments();
+  for (std::size_t Place = 0; HasLabels && Place < Alignments; ++Place) {
+    const auto& [Line, Parts] = Rule.Alignments()[Place];
+    CheckIndex(Line, 'X', Parts.X, Parts.XText);
+    CheckIndex(Line, 'Y', Parts.Y, Parts.YText);
   }
+}
+
+/// Alignments in ascending order, as most rules have them, hold no pair twice.
+void Checker::CheckRepeatedAlignments() {
+  const auto First = Rule.Alignments().begin();
+  const auto Last = First + static_cast<std::ptrdiff_t>(Alignments);
+  const auto PairOf = [](const SourceRule::AlignmentLine& Each) {
+    return std::pair(Each.Parts.X, Each.Parts.Y);
+  };
+  const auto IsAfter = [&](const auto& Left, const auto& Right) {
+    return PairOf(Left) >= PairOf(Right);
+  };
+  if (std::adjacent_find(First, Last, IsAfter) == Last) {
+    return;
+  }
+  std::set<std::pair<int, int>> ssPairs;
+  std::for_each(First, Last, [&](const SourceRule::AlignmentLine& Each) {
+    if (!ssPairs.insert(PairOf(Each)).second) {
+      Findings.Add("TR036", Each.Line, Trimmed(Text.Line(Each.Line)),
+                   "this alignment stands here twice");
+    }
+  });
+}
+
+/// Whether a side has a component of a number.
+bool HasComponent(const std::vector<std::string_view>& vLabels, int Index) {
+  return Index > 0 && static_cast<std::size_t>(Index) <= vLabels.size();
+}
+
+/// Looks at one side of an alignment, and notes the component as aligned.
+void Checker::CheckIndex(std::size_t Line, char Side, int Index, std::string_view Digits) {
+  const std::vector<std::string_view>& vLabels = LabelsOf(Side);
+  std::vector<bool>& vAligned = vIsAligned[Side == 'X' ? 0 : 1];
+  vAligned.resize(vLabels.size() + 1);
+  if (HasComponent(vLabels, Index)) {
+    vAligned[static_cast<std::size_t>(Index)] = true;
+    return;
+  }
+  const std::string_view Name(Digits.data() - 1, Digits.size() + 1);
+  Findings.Add("TR010", Line, Name,
+               "there is no " + std::string(Name) + ": " + CountOf(vLabels.size(), Side));
 }
 
 void Checker::CheckComponents() {
   if (!HasLabels) {
     return;
   }
-  std::set<std::string> ssTold;
-  for (const CheckedConstraint& Each : vConstraints) {
-    CheckComponent(Each.Parts.Left, Each.Line, ssTold);
-    if (Each.Parts.RightNode) {
-      CheckComponent(*Each.Parts.RightNode, Each.Line, ssTold);
+  for (const SourceRule::ConstraintLine* Each : vConstraints) {
+    CheckComponent(Each->Parts.Left, Each->Line);
+    if (Each->Parts.RightNode) {
+      CheckComponent(*Each->Parts.RightNode, Each->Line);
     }
   }
 }
 
-bool IsLiteral(const std::string& sLabel) {
-  return sLabel.size() > 1 && sLabel.front() == '"' && sLabel.back() == '"';
+bool IsLiteral(std::string_view Label) {
+  return Label.size() > 1 && Label.front() == '"' && Label.back() == '"';
 }
 
-/// A component that is not there is told wherever it is named, one without an alignment once.
-void Checker::CheckComponent(const NodeText& Node, std::size_t Line,
-                             std::set<std::string>& ssToldReturn) {
-  if (Node.Index == 0) {
-    return;
-  }
-  const std::string Name(Node.Text);
+/// A component that is not there is reported wherever it is named, one without an alignment once.
+void Checker::CheckComponent(const NodeText& Node, std::size_t Line) {
+  const std::vector<std::string_view>& vLabels = LabelsOf(Node.Side);
   const auto Index = static_cast<std::size_t>(Node.Index);
-  if (Index > LabelsOf(Node.Side)) {
-    Add("TR009", Line, Node.Text,
-        "there is no " + Name + ": " + CountOf(LabelsOf(Node.Side), Node.Side));
+  if (Index > vLabels.size()) {
+    Findings.Add(
+        "TR009", Line, Node.Text,
+        "there is no " + std::string(Node.Text) + ": " + CountOf(vLabels.size(), Node.Side));
     return;
   }
-  const bool IsAligned =
-      std::any_of(vAlignments.begin(), vAlignments.end(), [&](const CheckedAlignment& Each) {
-        return (Node.Side == 'X' ? Each.Parts.X : Each.Parts.Y) == Node.Index;
-      });
-  const std::string& sLabel = (Node.Side == 'X' ? vsSource : vsTarget)[Index - 1];
-  if (!IsAligned && !IsLiteral(sLabel) && ssToldReturn.insert(Upper(Name)).second) {
-    Add("TR030", Line, Node.Text, Name + " (" + sLabel + ") has no alignment");
+  const std::vector<bool>& vAligned = vIsAligned[Node.Side == 'X' ? 0 : 1];
+  const bool IsAligned = Index < vAligned.size() && vAligned[Index];
+  if (Index > 0 && !IsAligned && !IsLiteral(vLabels[Index - 1]) &&
+      ssTold.insert(Upper(Node.Text)).second) {
+    Findings.Add("TR030", Line, Node.Text,
+                 std::string(Node.Text) + " (" + Upper(vLabels[Index - 1]) + ") has no alignment");
   }
 }
 
-/// What the library tells constraints apart by.
-std::string KeyOf(const Constraint& Record) {
-  return std::to_string(Record.GetCategory()) + "__" +
-         std::to_string(Record.GetConstrainedIndex()) + "__" + Record.GetFeature() + "__" +
-         Record.GetFeatValue();
-}
-
+/// Where the record knows that no two constraints have anything in common, nothing is compared.
 void Checker::CheckRepetitions() {
+  if (!Record.MayHaveRepetitions()) {
+    return;
+  }
   using Slot = std::tuple<int, int, std::string>;
-  std::map<std::string, const CheckedConstraint*> mKeys;
+  std::map<std::string, std::pair<std::size_t, std::string>> mKeys;  // to line and library's text
   std::map<Slot, std::size_t> mSlots;
-  for (const CheckedConstraint& Each : vConstraints) {
-    const Constraint& Record = Each.Record;
-    const auto [Same, IsNew] = mKeys.emplace(KeyOf(Record), &Each);
+  for (const SourceRule::ConstraintLine* Each : vConstraints) {
+    const ConstraintFields Fields = Rule.FieldsOf(*Each);
+    const std::string Written = TextOf(Fields);
+    const auto [Same, IsNew] =
+        mKeys.try_emplace(TrRuleInternal::MakeKey(Fields.Category, Fields.ConstrainedIndex,
+                                                        Fields.Feature, Fields.FeatValue).Text,
+                          Each->Line, Written);
     if (!IsNew) {
-      const std::string First = std::to_string(Text.FirstLine + Same->second->Line);
-      Add("TR031", Each.Line, Each.Code,
-          Same->second->Record.ReturnAsString() == Record.ReturnAsString()
-              ? "this constraint stands on line " + First + " already"
-              : "the library takes this constraint for the one on line " + First +
-                    ", and drops it");
+      const auto& [FirstLine, FirstWritten] = Same->second;
+      const std::string First = std::to_string(Text.FirstLine + FirstLine);
+      Findings.Add("TR031", Each->Line, Rule.CodeOf(Each->Line),
+                   FirstWritten == Written
+                       ? "this constraint stands on line " + First + " already"
+                       : "the library takes this constraint for the one on line " + First +
+                             ", and drops it");
       continue;
     }
-    if (!Record.IsValueConstraint()) {
+    if (!Fields.ValueConstraint) {
       continue;
     }
-    const Slot Place(Record.GetCategory(), Record.GetConstrainedIndex(), Record.GetFeature());
-    const auto [SameSlot, IsNewSlot] = mSlots.emplace(Place, Each.Line);
+    const auto [SameSlot, IsNewSlot] = mSlots.try_emplace(
+        Slot(Fields.Category, Fields.ConstrainedIndex, Fields.Feature), Each->Line);
     if (!IsNewSlot) {
-      Add("TR032", Each.Line, Each.Parts.Right,
-          "the value is merged with the one on line " +
-              std::to_string(Text.FirstLine + SameSlot->second) + " into one *OR*");
+      Findings.Add("TR032", Each->Line, Each->Parts.Right,
+                   "the value is merged with the one on line " +
+                       std::to_string(Text.FirstLine + SameSlot->second) + " into one *OR*");
     }
   }
 }
@@ -925,21 +749,24 @@ void Checker::CheckRepetitions() {
 // ---- What is not readable ---------------------------------------------------------------------
 
 void Checker::CheckOrder() {
-  std::vector<PlacedConstraint> vPlaced;
-  for (const CheckedConstraint& Each : vConstraints) {
-    vPlaced.push_back({Each.Record, Each.Line});
+  std::vector<Reference> vReferences;
+  for (const SourceRule::ConstraintLine* Each : vConstraints) {
+    const ConstraintFields Fields = Rule.FieldsOf(*Each);
+    if (!Fields.ValueConstraint) {
+      vReferences.push_back({Fields.Category, Fields.ConstrainedIndex,
+                             TrRuleInternal::AgreedIndexIn(Fields.FeatValue), Each->Line});
+    }
   }
-  for (const ConstraintCycle& Cycle : FindCycles(vPlaced)) {
-    Add("TR011", Cycle.Line, Text.Parts(Cycle.Line).Code,
-        "the constraints refer to each other in a cycle: " + Cycle.Nodes);
+  for (const ConstraintCycle& Cycle : FindCycles(vReferences)) {
+    Findings.Add("TR011", Cycle.Line, Rule.CodeOf(Cycle.Line),
+                 "the constraints refer to each other in a cycle: " + Cycle.Nodes);
   }
 }
 
-/// For a rule whose lines are all in the format, but which the library does not take.
-void Checker::AddLibraryMessage(const std::string& Why) {
-  const std::string First = Why.substr(0, Why.find('\n'));
-  AddToRule("TR014", First.empty() ? "what the library writes of this rule is another rule"
-                                   : "the library says: " + First);
+void Checker::AddToRule(std::string_view Code, std::string Message, std::string Example) {
+  const std::size_t Line = SequenceLine.value_or(HeaderLine.value_or(FirstCodeLine));
+  Findings.Add(Code, Line, Trimmed(Text.Line(Line)), std::move(Message)).Example =
+      std::move(Example);
 }
 
 /// Whether a rule with such an error cannot be used; the others can be written all the same.
@@ -948,151 +775,56 @@ bool IsUnreadable(const Finding& Each) {
          Each.Code != "TR035";
 }
 
+// ---- All of it --------------------------------------------------------------------------------
+
+/// Adds all that is found in a rule that the record has read or not, with suggestions that nobody
+/// has tried.
+void CheckRecord(const RuleRecord& Record, std::vector<Finding>& vFindingsReturn) {
+  const RuleText& Text = Record.Lines().Text();
+  const std::size_t Before = vFindingsReturn.size();
+  Checker Each(Record, vFindingsReturn);
+  Each.Check();
+  if (Text.HasRule && !Record.IsRead()) {
+    Each.CheckOrder();
+    if (!Text.Continues &&
+        std::none_of(vFindingsReturn.begin() + static_cast<std::ptrdiff_t>(Before),
+                     vFindingsReturn.end(), IsUnreadable)) {
+      Each.AddToRule("TR014", "what the library writes of this rule is another rule");
+    }
+  }
+}
+
 }  // namespace
 
-void ExplainUnreadable(const RuleText& TextPassIn, const std::string& WhyPassIn,
-                       std::vector<Finding>& vFindingsReturn) {
-  std::vector<Finding> vAll;
-  Checker Each(TextPassIn, vAll);
-  Each.Check();
-  Each.CheckOrder();
-  if (!TextPassIn.Continues && std::none_of(vAll.begin(), vAll.end(), IsUnreadable)) {
-    Each.AddLibraryMessage(WhyPassIn);
-  }
-  for (Finding& Found : vAll) {
-    if (IsUnreadable(Found)) {
-      Found.Suggestion.clear();
-      vFindingsReturn.push_back(std::move(Found));
-    }
-  }
-}
-
-void ReportStrayText(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn) {
-  std::vector<Finding> vAll;
-  Checker(TextPassIn, vAll).Check();
-  for (Finding& Found : vAll) {
-    if (Found.Code == "TR035") {
-      Found.Suggestion.clear();
-      vFindingsReturn.push_back(std::move(Found));
-    }
-  }
-}
-
-// ---- Suggestions ------------------------------------------------------------------------------
-
-namespace {
-
-/// Adds the findings that are not there yet.
-void AddMissing(std::vector<Finding> vMore, std::vector<Finding>& vAllReturn) {
-  if (vMore.empty()) {
+void ReportReading(const RuleRecord& RecordPassIn, std::vector<Finding>& vFindingsReturn) {
+  if (RecordPassIn.IsRead() && !RecordPassIn.HasStrayText()) {
     return;
   }
-  std::set<std::tuple<std::size_t, std::size_t, std::string>> ssPlaces;
-  for (const Finding& Each : vAllReturn) {
-    ssPlaces.emplace(Each.Line, Each.Column, Each.Code);
-  }
-  for (Finding& Each : vMore) {
-    if (ssPlaces.count({Each.Line, Each.Column, Each.Code}) == 0) {
-      vAllReturn.push_back(std::move(Each));
+  std::vector<Finding> vAll;
+  CheckRecord(RecordPassIn, vAll);
+  for (Finding& Each : vAll) {
+    if (RecordPassIn.IsRead() ? Each.Code == "TR035" : IsUnreadable(Each)) {
+      Each.Suggestion.clear();
+      vFindingsReturn.push_back(std::move(Each));
     }
   }
 }
-
-/// All that is found in a rule, with suggestions that nobody has tried.
-bool CheckOnce(const RuleText& Text, RuleRecord& RecordReturn, std::vector<Finding>& vAllReturn) {
-  std::vector<Finding> vErrors;
-  Checker(Text, vAllReturn).Check();
-  const bool IsRead = Text.HasRule && RecordReturn.Read(Text, vErrors);
-  AddMissing(std::move(vErrors), vAllReturn);
-  SortFindings(vAllReturn);
-  return IsRead;
-}
-
-/// Whether mending such a finding leaves the constraint as the library keeps it, so that nothing
-/// else can be found in it than before. Their suggestions mend all three.
-bool KeepsRecord(const Finding& Each) {
-  return Each.Code == "TR024" || Each.Code == "TR025" || Each.Code == "TR026";
-}
-
-/// Tries suggestions: a rule is checked again for each, up to a number of bytes.
-class SuggestionTrial {
- public:
-  SuggestionTrial(const RuleText& TextPassIn, std::vector<Finding>& vFindingsPassIn)
-      : Text(TextPassIn), vFindings(vFindingsPassIn) {}
-
-  /// Leaves those suggestions whose line then has no finding. All findings of a line get the same.
-  void Settle() {
-    using Iterator = std::vector<Finding>::iterator;
-    for (Iterator First = vFindings.begin(); First != vFindings.end();) {
-      const Iterator Last = std::find_if(
-          First, vFindings.end(), [&](const Finding& Each) { return Each.Line != First->Line; });
-      const auto Count =
-          std::count_if(First, Last, [](const Finding& Each) { return !Each.Suggestion.empty(); });
-      if (Count > 0 && !(Count == Last - First && std::all_of(First, Last, KeepsRecord))) {
-        const std::string Mended = Count == Last - First ? Tried(First->Line, *First) : "";
-        std::for_each(First, Last, [&](Finding& Each) { Each.Suggestion = Mended; });
-      }
-      First = Last;
-    }
-  }
-
- private:
-  /// The suggestion, with those for what is found in it, until nothing is.
-  std::string Tried(std::size_t Number, const Finding& First) {
-    constexpr int MaxRounds = 6;
-    const std::size_t Line = Number - Text.FirstLine;
-    std::string Mended = First.Suggestion;
-    for (int Round = 0; Round < MaxRounds; ++Round) {
-      const std::optional<Finding> Next = FirstFindingIn(Line, Mended);
-      if (!Next) {
-        return IsOutOfBytes ? "" : Mended;
-      }
-      if (Next->Suggestion.empty() || Next->Suggestion == Mended) {
-        break;
-      }
-      Mended = Next->Suggestion;
-    }
-    return "";
-  }
-
-  /// What is found first on a line with another text.
-  std::optional<Finding> FirstFindingIn(std::size_t Line, const std::string& Mended) {
-    constexpr std::size_t MaxBytes = std::size_t{1} << 20;
-    const RuleText::Span& Place = Text.vLines[Line];
-    std::string Whole = Text.Text;
-    Whole.replace(Place.Begin, Place.End - Place.Begin, Mended);
-    BytesTried += Whole.size();
-    IsOutOfBytes = BytesTried > MaxBytes;
-    if (IsOutOfBytes) {
-      return std::nullopt;
-    }
-    std::istringstream Stream(Whole);
-    RuleReader Reader(Stream, Text.File);
-    RuleRecord Record;
-    std::vector<Finding> vAll;
-    for (RuleText Rule; Reader.Next(Rule);) {
-      CheckOnce(Rule, Record, vAll);
-    }
-    const auto Found = std::find_if(vAll.begin(), vAll.end(),
-                                    [&](const Finding& Each) { return Each.Line == Line + 1; });
-    return Found == vAll.end() ? std::nullopt : std::optional<Finding>(std::move(*Found));
-  }
-
-  const RuleText& Text;
-  std::vector<Finding>& vFindings;
-  std::size_t BytesTried = 0;
-  bool IsOutOfBytes = false;
-};
-
-}  // namespace
 
 bool CheckRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,
                std::vector<Finding>& vFindingsReturn) {
+  RecordReturn.Read(TextPassIn);
   std::vector<Finding> vAll;
-  const bool IsRead = CheckOnce(TextPassIn, RecordReturn, vAll);
-  SuggestionTrial(TextPassIn, vAll).Settle();
+  CheckRecord(RecordReturn, vAll);
+  SortFindings(vAll);
+  const auto CheckAgain = [](const RuleText& Text, std::vector<Finding>& vReturn) {
+    RuleRecord Record;
+    Record.Read(Text);
+    CheckRecord(Record, vReturn);
+    SortFindings(vReturn);
+  };
+  SuggestionTrial(TextPassIn, CheckAgain, vAll).Settle();
   std::move(vAll.begin(), vAll.end(), std::back_inserter(vFindingsReturn));
-  return IsRead;
+  return RecordReturn.IsRead();
 }
 
 }  // namespace Grammar

@@ -5,7 +5,7 @@
 #include "Bytes.h"
 
 #include <ConstraintStore.h>
-#include <PieceCutter.h>
+#include <LineWriting.h>
 #include <RuleLoader.h>
 
 #include <algorithm>
@@ -25,18 +25,6 @@ using TrRuleInternal::RightKind;
 
 namespace {
 
-/// Cuts a sequence as the library does: at blanks, without the white space at the ends of a label.
-void CutLabels(std::string_view Sequence, std::vector<std::string_view>& vLabelsReturn) {
-  vLabelsReturn.clear();
-  TrRuleInternal::PieceCutter Pieces(Sequence, " ");
-  for (std::string_view Piece; Pieces.Next(Piece);) {
-    const std::string_view Label = TrRuleInternal::TrimmedPiece(Piece);
-    if (!Label.empty()) {
-      vLabelsReturn.push_back(Label);
-    }
-  }
-}
-
 /// As the library sees it: one double quote is both the first and the last.
 bool IsQuoted(std::string_view Label) {
   return Label.front() == '"' && Label.back() == '"';
@@ -49,8 +37,8 @@ RuleForm::Failure RuleForm::Read(const SourceRule& RulePassIn) {
   const TrRuleInternal::RuleLineParts& Parts = Rule->RuleLines().front().Parts;
   Types[Source] = Parts.SLType;
   Types[Target] = Parts.TLType;
-  CutLabels(Parts.SLLabels, Labels[Source]);
-  CutLabels(Parts.TLLabels, Labels[Target]);
+  Labels[Source] = Rule->SLLabels();
+  Labels[Target] = Rule->TLLabels();
   ReadAlignments();
   ReadConstraints();
   return Order();
@@ -97,16 +85,6 @@ void RuleForm::Flip() {
 
 namespace {
 
-/// What the library reads from a constraint line.
-ConstraintFields FieldsOf(const SourceRule::ConstraintLine& Written, std::string_view Code) {
-  if (Written.IsCommon) {
-    return TrRuleInternal::FieldsOfCommonForm(Written.Parts);
-  }
-  ConstraintFields Fields;
-  TrRuleInternal::ReadConstraint(TrRuleInternal::ForLibrary(Code, Written.Parts), Fields);
-  return Fields;
-}
-
 /// Whether a right side is a list of words, and so an alternative of others on its path.
 bool IsWordList(const ConstraintParts& Parts) {
   return Parts.Kind == RightKind::Or || (Parts.Kind == RightKind::Value && !Parts.RightNode);
@@ -129,17 +107,18 @@ void AppendFeature(std::string_view Feature, std::string& TextReturn) {
 }  // namespace
 
 std::string_view RuleForm::CodeOf(const Line& Each) const {
-  return Rule->Text().Parts(Each.Written->Line).Code;
+  return Rule->CodeOf(Each.Written->Line);
 }
 
 void RuleForm::ReadConstraints() {
   vLines.clear();
   Stored.clear();
   HasSeparator = false;
+  HasRepetition = false;
   for (const SourceRule::ConstraintLine& Each : Rule->Constraints()) {
     Line& New = vLines.emplace_back();
     New.Written = &Each;
-    New.Fields = FieldsOf(Each, CodeOf(New));
+    New.Fields = Rule->FieldsOf(Each);
     HasSeparator =
         HasSeparator || Contains(New.Fields.Feature, "__") || Contains(New.Fields.FeatValue, "__");
     AddConstraint(vLines.size() - 1);
@@ -183,6 +162,7 @@ void RuleForm::AddConstraint(std::size_t Place) {
       Fields.Category, Fields.ConstrainedIndex, Fields.Feature, Fields.FeatValue);
   const auto [Found, IsNew] = Stored.try_emplace(std::move(Key.Text));
   if (!IsNew) {
+    HasRepetition = true;
     AddRepetition(Place, Found->second);
     return;
   }
@@ -190,6 +170,7 @@ void RuleForm::AddConstraint(std::size_t Place) {
   Found->second.IsOneList = IsWordList(New.Written->Parts);
   const std::string_view Prefix = std::string_view(Found->first).substr(0, Key.ValueBegin);
   if (Fields.ValueConstraint && TrRuleInternal::HasNeighbour(Stored, Found, Prefix)) {
+    HasRepetition = true;
     MergeInto(Stored.extract(Found), Key.ValueBegin, New);
   }
 }
@@ -339,18 +320,10 @@ void RuleForm::AppendEntry(const Entry& Each, std::string& TextReturn) const {
 /// Appends the one line that the library writes of an entry.
 void RuleForm::AppendLibraryEntry(const Entry& Each, std::string& TextReturn) const {
   const ConstraintFields& Fields = vLines[Each.vLines.front()].Fields;
-  const std::string_view Side = Fields.Category == 1 ? "X" : "Y";
-  const TrRuleInternal::Decimal Index(Fields.ConstrainedIndex);
-  const std::string& FeatValue = ValueOf(Each);
-  using TrRuleInternal::Append;
-  if (Fields.ValueConstraint) {
-    Append(TextReturn, {"((", Side, Index, " ", Fields.Feature, ") = ", FeatValue, ")\n"});
-  } else if (Fields.Feature == TrRuleInternal::WholeNode) {
-    Append(TextReturn, {"(", Side, Index, " = ", FeatValue, ")\n"});
-  } else {
-    Append(TextReturn, {"((", Side, Index, " ", Fields.Feature, ") = ", FeatValue, " ",
-                        Fields.Feature, "))\n"});
-  }
+  TrRuleInternal::AppendConstraint(
+      TextReturn, {Fields.Category, Fields.ConstrainedIndex, Fields.Feature, ValueOf(Each),
+                   Fields.ValueConstraint});
+  TextReturn += '\n';
 }
 
 void RuleForm::AppendRuleLine(bool KeepsLiterals, std::string& TextReturn) const {

@@ -65,6 +65,10 @@ class RuleForm {
   /// separator of the library's keys.
   bool HasSeparatorInKey() const { return HasSeparator; }
 
+  /// Whether some constraint may be merged with another one, or is dropped because its key is
+  /// there already. Known as soon as the constraints have been read, also where their order failed.
+  bool HasRepetitions() const { return HasRepetition; }
+
   std::string_view SLType() const { return Types[Source]; }
   std::string_view TLType() const { return Types[Target]; }
   std::size_t SLSize() const { return Labels[Source].size(); }
@@ -118,6 +122,7 @@ class RuleForm {
   Entries Stored;
   std::vector<const Entry*> vOrder;
   bool HasSeparator = false;
+  bool HasRepetition = false;
 };
 
 }  // namespace Grammar

@@ -8,6 +8,7 @@
 #include "RuleReader.h"
 #include "StrayText.h"
 
+#include <PieceCutter.h>
 #include <TrRule.h>
 
 #include <algorithm>
@@ -19,7 +20,7 @@ namespace Grammar {
 namespace {
 
 /// How many bytes the library looks at behind a cut.
-constexpr std::size_t ReaderLimit = 100000;
+constexpr std::size_t ReaderLimit = TrRuleInternal::PieceCutter::MaxRest;
 
 /// Whether the library does not get to see the end of a text.
 bool IsCut(std::string_view Text) {
@@ -50,23 +51,25 @@ void RuleRecord::Clear() {
   RuleHead = RuleHeader();
   vsComments.clear();
   HasStray = false;
+  HasForm = false;
+  Succeeded = false;
+}
+
+bool RuleRecord::Read(const RuleText& TextPassIn) {
+  Clear();
+  Source.Read(TextPassIn);
+  HasForm = Source.IsWhole() && !IsTooLong(TextPassIn);
+  if (HasForm && OrderedForm.Read(Source) == RuleForm::Failure::None) {
+    ReadComments(TextPassIn);
+    Succeeded = !NeedsProof(TextPassIn) || IsStable();
+  }
+  return Succeeded;
 }
 
 bool RuleRecord::Read(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn) {
-  Clear();
-  Source.Read(TextPassIn);
-  const bool IsWhole = !IsTooLong(TextPassIn) && Source.IsWhole();
-  bool IsRead = IsWhole && OrderedForm.Read(Source) == RuleForm::Failure::None;
-  if (IsRead) {
-    ReadComments(TextPassIn);
-    IsRead = !NeedsProof(TextPassIn) || IsStable();
-  }
-  if (!IsRead) {
-    ExplainUnreadable(TextPassIn, "", vFindingsReturn);
-  } else if (HasStray) {
-    ReportStrayText(TextPassIn, vFindingsReturn);
-  }
-  return IsRead;
+  Read(TextPassIn);
+  ReportReading(*this, vFindingsReturn);
+  return Succeeded;
 }
 
 /// Keeps the header, the comments, and what is no part of the rule.

@@ -37,6 +37,15 @@ class RuleRecord {
  public:
   RuleRecord();
 
+  /// Reads a rule as the other `Read`, and says nothing of it.
+  bool Read(const RuleText& TextPassIn);
+
+  /// Whether the record holds the rule that it was given last.
+  bool IsRead() const { return Succeeded; }
+
+  /// Whether constraints of the rule may be dropped or merged with others; true where nobody knows.
+  bool MayHaveRepetitions() const { return !HasForm || OrderedForm.HasRepetitions(); }
+
   /// Reads a rule; what the record held before is gone.
   ///
   /// A rule whose lines are not all in the format, that is longer than the library takes, or that
@@ -100,6 +109,8 @@ class RuleRecord {
   RuleHeader RuleHead;
   std::vector<std::string> vsComments;
   bool HasStray = false;
+  bool HasForm = false;  // whether the constraints have been read
+  bool Succeeded = false;
 };
 
 /// Whether a text is cut off when the library reads it: behind the first line end, and within each

@@ -1,8 +1,44 @@
 #include "SourceRule.h"
 
+#include <PieceCutter.h>
+
 #include <algorithm>
+#include <string>
 
 namespace Grammar {
+
+namespace {
+
+/// Cuts a sequence as the library does: at blanks, without the white space at the ends of a label.
+void CutLabels(std::string_view Sequence, std::vector<std::string_view>& vLabelsReturn) {
+  TrRuleInternal::PieceCutter Pieces(Sequence, " ");
+  for (std::string_view Piece; Pieces.Next(Piece);) {
+    const std::string_view Label = TrRuleInternal::TrimmedPiece(Piece);
+    if (!Label.empty()) {
+      vLabelsReturn.push_back(Label);
+    }
+  }
+}
+
+}  // namespace
+
+void SourceRule::ReadRuleLine(std::size_t Line, std::string_view Code) {
+  RuleLine& New = vRuleLines.emplace_back();
+  New.Line = Line;
+  New.Fault = TrRuleInternal::ParseRuleLine(Code, New.Parts);
+  if (vRuleLines.size() == 1 && New.Fault == TrRuleInternal::RuleLineFault::None) {
+    CutLabels(New.Parts.SLLabels, vSLLabels);
+    CutLabels(New.Parts.TLLabels, vTLLabels);
+  }
+}
+
+void SourceRule::ReadAlignment(std::size_t Line, std::string_view Code) {
+  if (const auto Parts = TrRuleInternal::ParseAlignment(Code)) {
+    vAlignments.push_back({Line, *Parts});
+  } else {
+    vBroken.push_back({Line, LineKind::Alignment, {}});
+  }
+}
 
 void SourceRule::ReadConstraint(std::size_t Line, std::string_view Code) {
   ConstraintLine& New = vConstraints.emplace_back();
@@ -24,6 +60,8 @@ void SourceRule::Read(const RuleText& TextPassIn) {
   Source = &TextPassIn;
   vHeaders.clear();
   vRuleLines.clear();
+  vSLLabels.clear();
+  vTLLabels.clear();
   vAlignments.clear();
   vConstraints.clear();
   vBroken.clear();
@@ -33,18 +71,11 @@ void SourceRule::Read(const RuleText& TextPassIn) {
       case LineKind::Header:
         vHeaders.push_back({Line, TrRuleInternal::ParseHeader(Parts.Code)});
         break;
-      case LineKind::Sequence: {
-        RuleLine& New = vRuleLines.emplace_back();
-        New.Line = Line;
-        New.Fault = TrRuleInternal::ParseRuleLine(Parts.Code, New.Parts);
+      case LineKind::Sequence:
+        ReadRuleLine(Line, Parts.Code);
         break;
-      }
       case LineKind::Alignment:
-        if (const auto Alignment = TrRuleInternal::ParseAlignment(Parts.Code)) {
-          vAlignments.push_back({Line, *Alignment});
-        } else {
-          vBroken.push_back({Line, LineKind::Alignment, {}});
-        }
+        ReadAlignment(Line, Parts.Code);
         break;
       case LineKind::Constraint:
         ReadConstraint(Line, Parts.Code);
@@ -53,6 +84,16 @@ void SourceRule::Read(const RuleText& TextPassIn) {
         break;
     }
   }
+}
+
+TrRuleInternal::ConstraintFields SourceRule::FieldsOf(const ConstraintLine& Constraint) const {
+  if (Constraint.IsCommon) {
+    return TrRuleInternal::FieldsOfCommonForm(Constraint.Parts);
+  }
+  TrRuleInternal::ConstraintFields Fields;
+  TrRuleInternal::ReadConstraint(
+      TrRuleInternal::ForLibrary(CodeOf(Constraint.Line), Constraint.Parts), Fields);
+  return Fields;
 }
 
 bool SourceRule::HasAlignmentLine() const {

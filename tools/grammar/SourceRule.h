@@ -66,6 +66,18 @@ class SourceRule {
   const std::vector<ConstraintLine>& Constraints() const { return vConstraints; }
   const std::vector<BrokenLine>& BrokenLines() const { return vBroken; }
 
+  /// The labels of the first rule line, without white space at their ends; none where that line is
+  /// not whole.
+  const std::vector<std::string_view>& SLLabels() const { return vSLLabels; }
+  const std::vector<std::string_view>& TLLabels() const { return vTLLabels; }
+
+  /// A line without its comment.
+  std::string_view CodeOf(std::size_t Line) const { return Source->Parts(Line).Code; }
+
+  /// What the library reads from a constraint line: a reference behind a doubled equals sign is
+  /// none for its reader, and stays one here.
+  TrRuleInternal::ConstraintFields FieldsOf(const ConstraintLine& Constraint) const;
+
   /// Whether there is an alignment line, in the format or not.
   bool HasAlignmentLine() const;
 
@@ -74,11 +86,15 @@ class SourceRule {
   bool IsWhole() const;
 
  private:
+  void ReadRuleLine(std::size_t Line, std::string_view Code);
+  void ReadAlignment(std::size_t Line, std::string_view Code);
   void ReadConstraint(std::size_t Line, std::string_view Code);
 
   const RuleText* Source = nullptr;
   std::vector<HeaderLine> vHeaders;
   std::vector<RuleLine> vRuleLines;
+  std::vector<std::string_view> vSLLabels;
+  std::vector<std::string_view> vTLLabels;
   std::vector<AlignmentLine> vAlignments;
   std::vector<ConstraintLine> vConstraints;
   std::vector<BrokenLine> vBroken;

@@ -3,8 +3,10 @@
 #include "StrayText.h"
 
 #include "Bytes.h"
-#include "HeaderText.h"
-#include "LineTexts.h"
+
+#include <AlignmentLine.h>
+#include <HeaderLine.h>
+#include <RuleLine.h>
 
 namespace Grammar {
 
@@ -39,7 +41,7 @@ std::string_view Without(std::string_view Text, std::string_view Allowed) {
 Texts StrayInHeader(std::string_view Code) {
   const std::size_t Open = Code.find('{');
   return StrayOf(Code.substr(0, Open), Code.substr(Code.find('}', Open) + 1),
-                 [&] { return ParseHeader(Code).IsReadable; });
+                 [&] { return TrRuleInternal::ParseHeader(Code).has_value(); });
 }
 
 // SequenceLine = Types blank [ ":" ] stray "[" Labels "] -> [" Labels "]" stray
@@ -47,8 +49,9 @@ Texts StrayInSequence(std::string_view Code) {
   const std::size_t Types = Code.find(' ');
   return StrayOf(Without(Code.substr(Types, Code.find('[') - Types), ":"),
                  Code.substr(Code.rfind(']') + 1), [&] {
-                   SequenceText Ignored;
-                   return ParseSequenceLine(Code, Ignored) == SequenceFault::None;
+                   TrRuleInternal::RuleLineParts Ignored;
+                   return TrRuleInternal::ParseRuleLine(Code, Ignored) ==
+                          TrRuleInternal::RuleLineFault::None;
                  });
 }
 
@@ -59,7 +62,7 @@ Texts StrayInAlignment(std::string_view Code) {
     return {};
   }
   return StrayOf(Without(Code.substr(0, Code.find('(')), ";--;"), Code.substr(Code.rfind(')') + 1),
-                 [&] { return ParseAlignmentLine(Code).has_value(); });
+                 [&] { return TrRuleInternal::ParseAlignment(Code).has_value(); });
 }
 
 }  // namespace

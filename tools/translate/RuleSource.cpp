@@ -3,12 +3,15 @@
 #include "RuleSource.h"
 
 #include "Bytes.h"
-#include "ConstraintText.h"
 #include "HeaderText.h"
 #include "LineKind.h"
-#include "LineTexts.h"
 #include "RuleChecker.h"
 #include "RuleRecord.h"
+
+#include <AlignmentLine.h>
+#include <ConstraintFormat.h>
+#include <HeaderLine.h>
+#include <RuleLine.h>
 
 #include <algorithm>
 #include <optional>
@@ -16,13 +19,13 @@
 
 namespace Translate {
 
-using Grammar::ConstraintText;
 using Grammar::Finding;
 using Grammar::LineKind;
 using Grammar::LineParts;
-using Grammar::NodeText;
-using Grammar::RightKind;
 using Grammar::RuleText;
+using TrRuleInternal::ConstraintParts;
+using TrRuleInternal::NodeText;
+using TrRuleInternal::RightKind;
 
 // ---- Small texts ------------------------------------------------------------------------------
 
@@ -104,7 +107,7 @@ class Reader {
   void ReadSequence(std::size_t Line, std::string_view Code);
   void ReadAlignment(std::string_view Code);
   void ReadConstraint(std::size_t Line, std::string_view Code);
-  void AddEquation(std::size_t Line, const ConstraintText& Parts);
+  void AddEquation(std::size_t Line, const ConstraintParts& Parts);
   void CheckIndices();
   void CheckNode(std::size_t Line, const NodeText& Node);
   void AddSource(std::size_t Target, std::vector<Misfit>& vMisfitsReturn);
@@ -168,7 +171,7 @@ void Reader::ReadComment(std::size_t Line, std::string_view Comment) {
 }
 
 void Reader::ReadHeader(std::string_view Code) {
-  const Grammar::RuleHeader Header = Grammar::ParseHeader(Code);
+  const Grammar::RuleHeader Header = Grammar::HeaderOf(TrRuleInternal::ParseHeader(Code), Code);
   Rule.HasHeader = Header.IsReadable;
   Rule.Header.clear();
   if (Header.IsReadable) {
@@ -177,9 +180,9 @@ void Reader::ReadHeader(std::string_view Code) {
 }
 
 void Reader::ReadSequence(std::size_t Line, std::string_view Code) {
-  Grammar::SequenceText Sequence;
+  TrRuleInternal::RuleLineParts Sequence;
   IsSound = IsSound && !HasSequence &&
-            Grammar::ParseSequenceLine(Code, Sequence) == Grammar::SequenceFault::None;
+            TrRuleInternal::ParseRuleLine(Code, Sequence) == TrRuleInternal::RuleLineFault::None;
   if (HasSequence) {
     return;
   }
@@ -196,7 +199,7 @@ void Reader::ReadSequence(std::size_t Line, std::string_view Code) {
 
 void Reader::ReadAlignment(std::string_view Code) {
   HasAlignmentLine = true;
-  const std::optional<Grammar::AlignmentLine> Parts = Grammar::ParseAlignmentLine(Code);
+  const std::optional<TrRuleInternal::AlignmentParts> Parts = TrRuleInternal::ParseAlignment(Code);
   if (!Parts) {
     IsSound = false;
     return;
@@ -206,8 +209,8 @@ void Reader::ReadAlignment(std::string_view Code) {
 }
 
 void Reader::ReadConstraint(std::size_t Line, std::string_view Code) {
-  std::size_t Stopped = 0;
-  const std::optional<ConstraintText> Parts = Grammar::ParseConstraint(Code, Stopped);
+  TrRuleInternal::ConstraintStop Stop;
+  const std::optional<ConstraintParts> Parts = TrRuleInternal::ParseConstraint(Code, Stop);
   if (!Parts) {
     IsSound = false;
     return;
@@ -236,7 +239,7 @@ void SetPath(const NodeText& Node, std::string_view Features, SourcePath& PathRe
   AddWords(Features, PathReturn.vFeatures);
 }
 
-void Reader::AddEquation(std::size_t Line, const ConstraintText& Parts) {
+void Reader::AddEquation(std::size_t Line, const ConstraintParts& Parts) {
   SourceEquation& New = Rule.vEquations.emplace_back();
   New.Line = Text.FirstLine + Line;
   SetPath(Parts.Left, Parts.Feature, New.Left);

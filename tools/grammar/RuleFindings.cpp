@@ -1,0 +1,58 @@
+#include "RuleFindings.h"
+
+#include "Bytes.h"
+#include "LookAlikes.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Grammar {
+
+std::string Quoted(std::string_view Text) {
+  return "\"" + std::string(Text) + "\"";
+}
+
+std::string Replaced(std::string_view Text, std::string_view Part, std::string_view By) {
+  const std::size_t Start = OffsetIn(Text, Part);
+  std::string Result(Text.substr(0, Start));
+  return Result.append(By).append(Text.substr(Start + Part.size()));
+}
+
+RuleFindings::RuleFindings(const RuleText& TextPassIn, std::vector<Finding>& vFindingsPassIn)
+    : Text(TextPassIn),
+      vFindings(vFindingsPassIn),
+      HasOthers(HasBytesBeyondAscii(TextPassIn.Text)) {}
+
+Finding& RuleFindings::Add(std::string_view Code, std::size_t Line, std::string_view Part,
+                           std::string Message, const Mend& Mended) {
+  constexpr std::size_t MaxLineText = 1000;
+  const std::string_view Whole = Text.Line(Line);
+  Finding& New = vFindings.emplace_back();
+  New.File = Text.File;
+  New.Line = Text.FirstLine + Line;
+  New.Column = Part.empty() ? 1 : OffsetIn(Whole, Part) + 1;
+  New.Length = std::max<std::size_t>(Part.size(), 1);
+  New.Level = FindCode(Code)->Level;
+  New.Code = Code;
+  New.Message = std::move(Message);
+  New.LineText = Whole.substr(0, MaxLineText);
+  if (!Mended.By.empty() && Whole.size() <= MaxLineText) {
+    New.Suggestion = Replaced(Whole, Mended.Of, Mended.By);
+  }
+  return New;
+}
+
+Finding& RuleFindings::AddFault(std::string_view Code, std::size_t Line, std::string_view Part,
+                                const std::string& Message, std::string Mended) {
+  const std::string_view Whole = Text.Parts(Line).Code;
+  const std::optional<FoundLookAlike> Found = HasOthers ? FindLookAlike(Whole) : std::nullopt;
+  if (!Found) {
+    return Add(Code, Line, Part, Message, {Whole, std::move(Mended)});
+  }
+  ExplainedLine = Line;
+  const std::string Plain = Replaced(Text.Line(Line), Whole, WithoutLookAlikes(Whole));
+  return Add(Code, Line, Found->Place, Message + "; here stands " + Described(*Found->Which),
+             {Text.Line(Line), std::string(WithoutTrailingSpace(Plain))});
+}
+
+}  // namespace Grammar

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Finding.h"
+#include "RuleText.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Grammar {
+
+/// "\"text\""
+std::string Quoted(std::string_view Text);
+
+/// A text with a part of it replaced.
+std::string Replaced(std::string_view Text, std::string_view Part, std::string_view By);
+
+/// What to write in the place of a part of a line; nothing, where that is empty.
+struct Mend {
+  std::string_view Of;
+  std::string By;
+};
+
+/// Collects what is found in one rule.
+///
+///   RuleFindings Findings(Text, vFindings);
+///   Findings.Add("TR036", 3, Text.Line(3), "this alignment stands here twice");
+///
+/// Lines count from 0 within the rule; a part is a view into its line, or empty.
+class RuleFindings {
+ public:
+  /// @param TextPassIn, vFindingsPassIn have to outlive the collection
+  RuleFindings(const RuleText& TextPassIn, std::vector<Finding>& vFindingsPassIn);
+
+  Finding& Add(std::string_view Code, std::size_t Line, std::string_view Part, std::string Message,
+               const Mend& Mended = {});
+
+  /// For a line that cannot be read: where it holds a look-alike, that is the reason.
+  /// @param Mended to be written instead of the line without its comment; may be empty
+  Finding& AddFault(std::string_view Code, std::size_t Line, std::string_view Part,
+                    const std::string& Message, std::string Mended);
+
+  /// Whether some byte of the rule is none of ASCII.
+  bool HasBytesBeyond() const { return HasOthers; }
+
+  /// Whether a look-alike on the line has been reported, or whatever else explains it.
+  bool IsExplained(std::size_t Line) const { return ExplainedLine == Line; }
+  void SetExplained(std::size_t Line) { ExplainedLine = Line; }
+
+ private:
+  const RuleText& Text;
+  std::vector<Finding>& vFindings;
+  bool HasOthers;
+  std::optional<std::size_t> ExplainedLine;
+};
+
+}  // namespace Grammar
