@@ -19,13 +19,15 @@ using TrRuleInternal::RightKind;
 
 // ---- One constraint ---------------------------------------------------------------------------
 
-/// A constraint in the common form has no white space, signs or letters that mean nothing there.
+/// A constraint in the common form has no white space, signs or letters that mean nothing there, but
+/// for the blanks in a feature of several words.
 bool ConstraintChecker::Check(const Constraint& Each) {
   if (!CheckAgreement(Each)) {
     return false;
   }
   CheckEquals(Each);
-  if (!Each.IsCommon) {
+  if (!Each.IsCommon || Contains(Each.Parts.Feature, " ") ||
+      Contains(Each.Parts.RightFeature, " ")) {
     CheckFeatures(Each);
   }
   CheckRightFeature(Each);

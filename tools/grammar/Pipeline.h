@@ -1,5 +1,6 @@
 #pragma once
 
+#include <tbb/global_control.h>
 #include <tbb/parallel_pipeline.h>
 #include <tbb/task_arena.h>
 
@@ -49,6 +50,8 @@ void RunPipeline(unsigned Threads, ReadT Read, WorkT Work, FinishT Finish) {
   };
   const auto FinishStep = [&](const Held& Batch) { Finish(*Batch); };
   const std::size_t Most = std::size_t{4} * Threads;
+  // Without this, more threads than cores are refused.
+  const tbb::global_control Limit(tbb::global_control::max_allowed_parallelism, Threads);
   tbb::task_arena Arena(static_cast<int>(Threads));
   Arena.execute([&] {
     tbb::parallel_pipeline(
