@@ -12,13 +12,14 @@ namespace {
 // Index = Side Digit { Digit }
 bool TakeIndex(std::string_view& LineReturn, char Side, std::string_view& TextReturn,
                int& IndexReturn) {
-  if (LineReturn.empty() || ToUpper(LineReturn.front()) != Side) {
+  std::string_view Rest = LineReturn;
+  if (Rest.empty() || ToUpper(Rest.front()) != Side) {
     return false;
   }
-  LineReturn.remove_prefix(1);
-  TextReturn = LineReturn;
-  IndexReturn = TakeNumber(LineReturn);
-  TextReturn.remove_suffix(LineReturn.size());
+  Rest.remove_prefix(1);
+  IndexReturn = TakeNumber(Rest);
+  TextReturn = LineReturn.substr(1, LineReturn.size() - Rest.size() - 1);
+  LineReturn = Rest;
   return IndexReturn >= 0;
 }
 

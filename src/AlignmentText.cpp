@@ -44,7 +44,14 @@ void AppendPair(std::string& AlignmentsReturn, std::string_view X, std::string_v
   } else {
     AlignmentsReturn.back() = ',';
   }
-  Append(AlignmentsReturn, {"(", X, ",", Y, "))"});
+  constexpr std::string_view Marks = "(,))";
+  const std::size_t Begin = AlignmentsReturn.size();
+  AlignmentsReturn.append(X.size() + Y.size() + Marks.size(), ')');
+  auto At = AlignmentsReturn.begin() + static_cast<std::ptrdiff_t>(Begin);
+  *At++ = '(';
+  At = std::copy(X.begin(), X.end(), At);
+  *At++ = ',';
+  std::copy(Y.begin(), Y.end(), At);
 }
 
 namespace {

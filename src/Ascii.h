@@ -48,11 +48,11 @@ constexpr std::array<char, 256> UpperBytes() {
   return Table;
 }
 
-/// Upper-cases every byte of a text where it stands.
-inline void MakeUpper(std::string& TextReturn) {
+/// Upper-cases every byte of a text where it stands, from a position on.
+inline void MakeUpper(std::string& TextReturn, std::size_t From = 0) {
   static constexpr std::array<char, 256> Table = UpperBytes();
-  for (char& Byte : TextReturn) {
-    Byte = Table[static_cast<unsigned char>(Byte)];
+  for (std::size_t Position = From; Position < TextReturn.size(); ++Position) {
+    TextReturn[Position] = Table[static_cast<unsigned char>(TextReturn[Position])];
   }
 }
 
@@ -213,12 +213,12 @@ class Decimal {
 
 /// Appends some texts at once, with one change of size.
 inline void Append(std::string& TextReturn, std::initializer_list<std::string_view> Texts) {
-  std::size_t Size = TextReturn.size();
+  std::size_t Size = 0;
   for (const std::string_view Text : Texts) {
     Size += Text.size();
   }
   std::size_t Position = TextReturn.size();
-  TextReturn.resize(Size);
+  TextReturn.append(Size, '\0');
   for (const std::string_view Text : Texts) {
     Position += Text.copy(TextReturn.data() + Position, Text.size());
   }

@@ -10,10 +10,10 @@
 
 namespace TrRuleInternal {
 
-std::string ConstraintKey(int Category, int ConstrainedIndex, std::string_view Feature,
-                          std::string_view FeatValue) {
+ConstraintKey MakeKey(int Category, int ConstrainedIndex, std::string_view Feature,
+                      std::string_view FeatValue) {
   constexpr char Separator = '_';
-  constexpr std::ptrdiff_t SeparatorSize = 2;
+  constexpr std::size_t SeparatorSize = 2;
   const Decimal CategoryText(Category);
   const Decimal IndexText(ConstrainedIndex);
   const std::array<std::string_view, 4> Parts{CategoryText, IndexText, Feature, FeatValue};
@@ -21,11 +21,14 @@ std::string ConstraintKey(int Category, int ConstrainedIndex, std::string_view F
   for (const std::string_view Part : Parts) {
     Size += Part.size();
   }
-  std::string Key(Size, Separator);
-  auto At = Key.begin() - SeparatorSize;
+  ConstraintKey Key{std::string(Size, Separator)};
+  auto At = Key.Text.begin();
   for (const std::string_view Part : Parts) {
-    At = std::copy(Part.begin(), Part.end(), At + SeparatorSize);
+    At = std::copy(Part.begin(), Part.end(), At) + SeparatorSize;
   }
+  Key.FeatureSize = Feature.size();
+  Key.ValueBegin = Size - FeatValue.size();
+  Key.FeatureBegin = Key.ValueBegin - SeparatorSize - Feature.size();
   return Key;
 }
 

@@ -17,9 +17,18 @@
 
 namespace TrRuleInternal {
 
-/// The key of a constraint. All of it but the value is its prefix.
-std::string ConstraintKey(int Category, int ConstrainedIndex, std::string_view Feature,
-                          std::string_view FeatValue);
+/// The key of a constraint, with the places of feature and value in it; all that stands before the
+/// value is its prefix.
+struct ConstraintKey {
+  std::string Text;
+  std::size_t FeatureBegin = 0;  ///< from 0
+  std::size_t FeatureSize = 0;
+  std::size_t ValueBegin = 0;
+};
+
+/// Makes the key "4__1__NUM__SG" of category, index, feature and value. Linear.
+ConstraintKey MakeKey(int Category, int ConstrainedIndex, std::string_view Feature,
+                      std::string_view FeatValue);
 
 /// The disjunction of the words of two values, those of the old one first, each word once.
 /// n log n in the words.
@@ -32,16 +41,17 @@ struct Merging {
   std::string NewKey;
 };
 
-/// Whether an entry beside the place of a key begins with the prefix of that key; all entries that
-/// do stand together.
+/// Whether the key of an entry beside another one begins with a prefix of that one's key; all
+/// entries whose keys do stand together.
 template <typename MapT>
-bool HasNeighbour(const MapT& Entries, typename MapT::const_iterator Place,
+bool HasNeighbour(const MapT& Entries, typename MapT::const_iterator Entry,
                   std::string_view Prefix) {
   const auto Begins = [Prefix](const std::string& Key) {
     return Key.compare(0, Prefix.size(), Prefix) == 0;
   };
-  return (Place != Entries.end() && Begins(Place->first)) ||
-         (Place != Entries.begin() && Begins(std::prev(Place)->first));
+  const auto Next = std::next(Entry);
+  return (Next != Entries.end() && Begins(Next->first)) ||
+         (Entry != Entries.begin() && Begins(std::prev(Entry)->first));
 }
 
 /// Takes the value constraints whose keys share a prefix out of a map, and merges their values into

@@ -51,6 +51,19 @@ std::string_view TakeWord(std::string_view& TextReturn) {
   return Word;
 }
 
+/// Takes a feature, which is one word or several, off the front of a text; empty where none is
+/// there.
+// Feature = Word { " " Word }
+std::string_view TakeFeature(std::string_view& TextReturn) {
+  const std::string_view Before = TextReturn;
+  do {
+    if (TakeWord(TextReturn).empty()) {
+      return {};
+    }
+  } while (Take(TextReturn, " "));
+  return Before.substr(0, Before.size() - TextReturn.size());
+}
+
 /// Takes words with the blanks between them, "sg pl", off the front of a text.
 std::string_view TakeWords(std::string_view& TextReturn) {
   const std::string_view Before = TextReturn;
@@ -80,16 +93,15 @@ bool ParseMarked(std::string_view Text, ConstraintParts& PartsReturn) {
   return !PartsReturn.Value.empty() && Text == "))";
 }
 
-// Reference = "(" Node " " Word "))"
+// Reference = "(" Node " " Feature "))"
 bool ParseReference(std::string_view Text, ConstraintParts& PartsReturn) {
   PartsReturn.Kind = RightKind::Reference;
   PartsReturn.Right = Text.substr(0, Text.size() - 1);
-  NodeText Node;
+  NodeText& Node = PartsReturn.RightNode.emplace();
   if (!Take(Text, "(") || !TakeNode(Text, Node) || !Take(Text, " ")) {
     return false;
   }
-  PartsReturn.RightNode = Node;
-  PartsReturn.RightFeature = TakeWord(Text);
+  PartsReturn.RightFeature = TakeFeature(Text);
   return !PartsReturn.RightFeature.empty() && Text == "))";
 }
 
@@ -99,13 +111,11 @@ bool ParseWord(std::string_view Text, ConstraintParts& PartsReturn) {
   PartsReturn.Right = PartsReturn.Value;
   PartsReturn.Kind = PartsReturn.IsWholeNode ? RightKind::Node : RightKind::Value;
   std::string_view Rest = PartsReturn.Value;
-  NodeText Node;
-  if (TakeNode(Rest, Node) && Rest.empty()) {
-    PartsReturn.RightNode = Node;
-  } else if (PartsReturn.IsWholeNode) {
-    return false;
+  if (!TakeNode(Rest, PartsReturn.RightNode.emplace()) || !Rest.empty()) {
+    PartsReturn.RightNode.reset();
   }
-  return !PartsReturn.Value.empty() && Text == ")";
+  const bool IsRight = PartsReturn.RightNode || !PartsReturn.IsWholeNode;
+  return IsRight && !PartsReturn.Value.empty() && Text == ")";
 }
 
 // RightSide = Marked, for a feature | Reference | Word
@@ -120,22 +130,32 @@ bool ParseRightSide(std::string_view Text, ConstraintParts& PartsReturn) {
 }
 
 /// Takes the signs between the sides off the front of a text: one, or for a whole node also two.
+// Equals = ") = " for a feature | " = " | " == "
 bool TakeEquals(std::string_view& TextReturn, ConstraintParts& PartsReturn) {
-  if (!Take(TextReturn, PartsReturn.IsWholeNode ? " =" : ") =")) {
+  const std::string_view Before = TextReturn;
+  if (!PartsReturn.IsWholeNode) {
+    if (!Take(TextReturn, ") = ")) {
+      return false;
+    }
+    PartsReturn.Equals = Before.substr(2, 1);
+    return true;
+  }
+  const bool IsDoubled = Take(TextReturn, " == ");
+  if (!IsDoubled && !Take(TextReturn, " = ")) {
     return false;
   }
-  const bool IsDoubled = PartsReturn.IsWholeNode && StartsWith(TextReturn, "=");
-  PartsReturn.Equals = std::string_view(TextReturn.data() - 1, IsDoubled ? 2 : 1);
-  TextReturn.remove_prefix(IsDoubled ? 1 : 0);
-  return Take(TextReturn, " ");
+  PartsReturn.Equals = Before.substr(1, IsDoubled ? 2 : 1);
+  return true;
 }
 
 }  // namespace
 
-// CommonForm = "((" Node " " Word ") = " RightSide
+// CommonForm = "((" Node " " Feature ") = " RightSide
 //            | "(" Node ( " = " | " == " ) RightSide
 bool ParseCommonForm(std::string_view Text, ConstraintParts& PartsReturn) {
-  PartsReturn = {};
+  // What the form does not have shall not be left over from another text.
+  PartsReturn.Feature = PartsReturn.RightFeature = PartsReturn.Value = {};
+  PartsReturn.RightNode.reset();
   PartsReturn.IsWholeNode = !Take(Text, "((");
   if (PartsReturn.IsWholeNode && !Take(Text, "(")) {
     return false;
@@ -147,7 +167,7 @@ bool ParseCommonForm(std::string_view Text, ConstraintParts& PartsReturn) {
     if (!Take(Text, " ")) {
       return false;
     }
-    PartsReturn.Feature = TakeWord(Text);
+    PartsReturn.Feature = TakeFeature(Text);
     if (PartsReturn.Feature.empty()) {
       return false;
     }
@@ -169,7 +189,8 @@ constexpr int UnknownCategory = -1;
 /// also where that is a word of its own, such as NEXT.
 int WithSource(int Category, std::string_view FeatValue) {
   const bool IsTarget = Category == TargetRoot || Category == TargetNode;
-  return IsTarget && FeatValue.find('X') != std::string_view::npos ? FromSource : Category;
+  const auto IsX = [](char Byte) { return Byte == 'X' || Byte == 'x'; };
+  return IsTarget && std::any_of(FeatValue.begin(), FeatValue.end(), IsX) ? FromSource : Category;
 }
 
 int CategoryOfSide(const NodeText& Node) {
@@ -194,17 +215,41 @@ std::string_view KeptRight(const ConstraintParts& Parts) {
 
 }  // namespace
 
-ConstraintFields FieldsOfCommonForm(const ConstraintParts& Parts) {
-  ConstraintFields Fields;
+ConstraintView ViewOfCommonForm(const ConstraintParts& Parts) {
+  ConstraintView Fields;
   Fields.Category = CategoryOfSide(Parts.Left);
   Fields.ConstrainedIndex = Parts.Left.Index;
-  Fields.Feature = Parts.IsWholeNode ? std::string(WholeNode) : Upper(std::string(Parts.Feature));
-  Fields.FeatValue = Upper(std::string(KeptRight(Parts)));
+  Fields.Feature = Parts.IsWholeNode ? WholeNode : Parts.Feature;
+  Fields.FeatValue = KeptRight(Parts);
   Fields.ValueConstraint = !Parts.IsWholeNode && Parts.Kind != RightKind::Reference;
   if (!Parts.IsWholeNode) {
     Fields.Category = WithSource(Fields.Category, Fields.FeatValue);
   }
   return Fields;
+}
+
+ConstraintFields FieldsOfCommonForm(const ConstraintParts& Parts) {
+  const ConstraintView View = ViewOfCommonForm(Parts);
+  ConstraintFields Fields{View.Category, View.ConstrainedIndex, std::string(View.Feature),
+                          std::string(View.FeatValue), View.ValueConstraint};
+  std::string& Name = Parts.IsWholeNode ? Fields.FeatValue : Fields.Feature;
+  WriteName(Name, 0, Name.size());
+  MakeUpper(Fields.FeatValue);
+  return Fields;
+}
+
+std::size_t WriteName(std::string& TextReturn, std::size_t Begin, std::size_t Size) {
+  char* const Name = TextReturn.data() + Begin;
+  std::size_t Kept = 0;
+  for (std::size_t At = 0; At < Size; ++At) {
+    if (Name[At] != ' ' || IsDigit(Name[At - 1])) {
+      Name[Kept++] = ToUpper(Name[At]);
+    }
+  }
+  if (Kept < Size) {
+    TextReturn.erase(Begin + Kept, Size - Kept);
+  }
+  return Kept;
 }
 
 // ---- The lenient rules ------------------------------------------------------------------------

@@ -33,7 +33,7 @@ enum class RightKind {
 struct ConstraintParts {
   bool IsWholeNode = false;  ///< "(x0 = x3)" rather than "((x0 num) = sg)"
   NodeText Left;
-  std::string_view Feature;  ///< empty for a whole node
+  std::string_view Feature;  ///< as written, "agr gen"; empty for a whole node
   std::string_view Equals;   ///< "=", "==" …
   RightKind Kind = RightKind::Value;
   std::string_view Right;             ///< all of the right side, with its own parentheses
@@ -44,7 +44,7 @@ struct ConstraintParts {
 };
 
 /// Takes a text in the common form apart: no white space but single blanks where the form has
-/// them, and words of letters, digits, "+", "-" and "_". Linear.
+/// them, and words of letters, digits, "+", "-" and "_". A feature can have several. Linear.
 ///
 ///   ParseCommonForm("((y1 num) = (y2 num))", Parts);  // Parts.RightNode->Index is 2
 ///
@@ -54,22 +54,37 @@ bool ParseCommonForm(std::string_view Text, ConstraintParts& PartsReturn);
 /// Stands for the feature where the whole node is constrained.
 constexpr std::string_view WholeNode = "all";
 
-/// The fields of a constraint that its text gives; the rank is not among them.
-struct ConstraintFields {
+/// The fields of a constraint that its text gives; the rank is not among them. The texts are
+/// strings, or views where they belong to someone else.
+template <typename TextT>
+struct BasicConstraintFields {
   int Category = -1;
   int ConstrainedIndex = -1;
-  std::string Feature;
-  std::string FeatValue;
+  TextT Feature{};
+  TextT FeatValue{};
   bool ValueConstraint = true;
 };
 
-/// What a record keeps of a text in the common form.
+using ConstraintFields = BasicConstraintFields<std::string>;
+using ConstraintView = BasicConstraintFields<std::string_view>;
+
+/// What a record keeps of a text in the common form, but as it is written there. To be kept, the
+/// feature, or the value of a whole node, has to go through `WriteName`, and any other value has to
+/// be put in capitals.
+ConstraintView ViewOfCommonForm(const ConstraintParts& Parts);
+
+/// The same as it is kept.
 ConstraintFields FieldsOfCommonForm(const ConstraintParts& Parts);
+
+/// Puts a name in a text, which begins with no blank, in capitals, and drops its blanks but those
+/// behind a digit: "agr gen" becomes "AGRGEN", and "(y0 det" becomes "(Y0 DET". Linear.
+/// @return the size of what is left of it
+std::size_t WriteName(std::string& TextReturn, std::size_t Begin, std::size_t Size);
 
 /// Reads any text. One that cannot be read leaves the fields as they were, and so does, but without
 /// being an error, a whole node's text whose "=" signs leave fewer than two sides. Linear.
 /// @return false where the text is not in the format
-bool ReadConstraint(std::string_view Text, ConstraintFields& FieldsReturn);
+bool ReadConstraint(std::string_view Written, ConstraintFields& FieldsReturn);
 
 /// The number of the node that a value text refers to: the number behind its last capital X or Y,
 /// read from at most 1000 bytes; -1 where there is no such letter or nothing behind it.

@@ -3,11 +3,25 @@
 #include "LineWriting.h"
 
 #include "Ascii.h"
-#include "ConstraintText.h"
 
 namespace TrRuleInternal {
 
 // ---- Before the rule line ---------------------------------------------------------------------
+
+namespace {
+
+/// Appends a label and then each text behind a separator of its own.
+void AppendList(std::string& TextReturn, std::string_view Label, char Separator,
+                const std::vector<std::string>& vsTexts) {
+  TextReturn += Label;
+  for (const std::string& sText : vsTexts) {
+    TextReturn += Separator;
+    TextReturn += sText;
+  }
+  TextReturn += '\n';
+}
+
+}  // namespace
 
 void AppendHeaderLine(std::string& TextReturn, std::string_view Type, int Number) {
   Append(TextReturn, {"{", Type, ",", Decimal(Number), "}\n"});
@@ -15,11 +29,7 @@ void AppendHeaderLine(std::string& TextReturn, std::string_view Type, int Number
 
 void AppendWordsLine(std::string& TextReturn, std::string_view Label,
                      const std::vector<std::string>& vsWords) {
-  TextReturn += Label;
-  for (const std::string& sWord : vsWords) {
-    Append(TextReturn, {" ", sWord});
-  }
-  TextReturn += '\n';
+  AppendList(TextReturn, Label, ' ', vsWords);
 }
 
 void AppendScoreLine(std::string& TextReturn, int NumTrExamples) {
@@ -27,7 +37,9 @@ void AppendScoreLine(std::string& TextReturn, int NumTrExamples) {
 }
 
 void AppendTextLine(std::string& TextReturn, std::string_view Label, std::string_view Text) {
-  Append(TextReturn, {Label, Text, "\n"});
+  TextReturn += Label;
+  TextReturn += Text;
+  TextReturn += '\n';
 }
 
 void AppendMapLine(std::string& TextReturn, std::string_view Label,
@@ -41,17 +53,14 @@ void AppendMapLine(std::string& TextReturn, std::string_view Label,
 
 void AppendListLine(std::string& TextReturn, std::string_view Label,
                     const std::vector<std::string>& vsTexts) {
-  TextReturn += Label;
-  for (const std::string& sText : vsTexts) {
-    Append(TextReturn, {"\t", sText});
-  }
-  TextReturn += '\n';
+  AppendList(TextReturn, Label, '\t', vsTexts);
 }
 
 void AppendLabelsLine(std::string& TextReturn, const std::vector<std::string>& vsLabels) {
   TextReturn += ';';
   for (const std::string& sLabel : vsLabels) {
-    Append(TextReturn, {sLabel, " "});
+    TextReturn += sLabel;
+    TextReturn += ' ';
   }
   TextReturn += '\n';
 }
@@ -82,8 +91,8 @@ void AppendAlignmentLine(std::string& TextReturn, std::string_view X, std::strin
   Append(TextReturn, {IsLexicalized ? ";--;(X" : "(X", X, "::Y", Y, ")"});
 }
 
-void AppendConstraint(std::string& TextReturn, const WrittenConstraint& Written) {
-  const auto& [Category, ConstrainedIndex, Feature, FeatValue, ValueConstraint] = Written;
+void AppendConstraint(std::string& TextReturn, const ConstraintView& Fields) {
+  const auto& [Category, ConstrainedIndex, Feature, FeatValue, ValueConstraint] = Fields;
   const std::string_view Side = Category == 1 ? "X" : "Y";
   const Decimal Index(ConstrainedIndex);
   if (ValueConstraint) {

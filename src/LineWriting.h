@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ConstraintText.h"
+
 #include <map>
 #include <string>
 #include <string_view>
@@ -57,18 +59,9 @@ void AppendRuleLine(std::string& TextReturn, std::string_view SLType, std::strin
 void AppendAlignmentLine(std::string& TextReturn, std::string_view X, std::string_view Y,
                          bool IsLexicalized);
 
-/// What of a constraint is written; the texts belong to someone else.
-struct WrittenConstraint {
-  int Category;
-  int ConstrainedIndex;
-  std::string_view Feature;
-  std::string_view FeatValue;
-  bool ValueConstraint;
-};
-
 /// Appends "((X0 DET) = X1)" for a value, "(X0 = X3)" for a whole node, "((Y3 AGR) = (Y2 AGR))" for
 /// a node's feature. A reference to a feature by a whole node, "(Y1 = (Y0 DET)", and a negation,
 /// "((X1 NUM) = (*NOT* SG)", are kept without their last parenthesis, and come out without it.
-void AppendConstraint(std::string& TextReturn, const WrittenConstraint& Written);
+void AppendConstraint(std::string& TextReturn, const ConstraintView& Fields);
 
 }  // namespace TrRuleInternal

@@ -10,9 +10,11 @@ namespace TrRuleInternal {
 
 namespace {
 
+using ByteTable = std::array<bool, 256>;
+
 /// The bytes of types and labels that mean nothing but themselves; white space is not among them.
-constexpr std::array<bool, 256> LabelBytes() {
-  std::array<bool, 256> Table{};
+constexpr ByteTable LabelBytes() {
+  ByteTable Table{};
   for (std::size_t Byte = 0; Byte < Table.size(); ++Byte) {
     Table[Byte] = !IsSpace(static_cast<char>(Byte));
   }
@@ -22,12 +24,17 @@ constexpr std::array<bool, 256> LabelBytes() {
   return Table;
 }
 
-/// Takes bytes of types and labels, and `Also`, off the front of a text; there may be none.
-std::string_view TakeLabelBytes(std::string_view& TextReturn, char Also) {
-  static constexpr std::array<bool, 256> IsLabelByte = LabelBytes();
+/// The same and the blank between two labels.
+constexpr ByteTable SequenceBytes() {
+  ByteTable Table = LabelBytes();
+  Table[' '] = true;
+  return Table;
+}
+
+/// Takes bytes of a table off the front of a text; there may be none.
+std::string_view TakeBytes(std::string_view& TextReturn, const ByteTable& IsTaken) {
   std::size_t Size = 0;
-  while (Size < TextReturn.size() &&
-         (IsLabelByte[static_cast<unsigned char>(TextReturn[Size])] || TextReturn[Size] == Also)) {
+  while (Size < TextReturn.size() && IsTaken[static_cast<unsigned char>(TextReturn[Size])]) {
     ++Size;
   }
   const std::string_view Taken = TextReturn.substr(0, Size);
@@ -36,12 +43,13 @@ std::string_view TakeLabelBytes(std::string_view& TextReturn, char Also) {
 }
 
 std::string_view TakeType(std::string_view& TextReturn) {
-  constexpr char NothingElse = '_';
-  return TakeLabelBytes(TextReturn, NothingElse);
+  static constexpr ByteTable IsLabelByte = LabelBytes();
+  return TakeBytes(TextReturn, IsLabelByte);
 }
 
 std::string_view TakeLabels(std::string_view& TextReturn) {
-  return TakeLabelBytes(TextReturn, ' ');
+  static constexpr ByteTable IsSequenceByte = SequenceBytes();
+  return TakeBytes(TextReturn, IsSequenceByte);
 }
 
 bool HasLabel(std::string_view Labels) {
@@ -121,10 +129,40 @@ RuleLineFault ParseRuleLine(std::string_view Code, RuleLineParts& PartsReturn) {
   return RuleLineFault::None;
 }
 
-// Labels = { " " } { Label " " { " " } }; what trimming leaves empty is no label.
-std::vector<std::string> ParseLabels(std::string_view Sequence) {
+namespace {
+
+bool IsBlank(char Byte) {
+  return Byte == ' ';
+}
+
+bool IsNoBlank(char Byte) {
+  return Byte != ' ';
+}
+
+/// Room for all labels of a sequence, which may be less than it offers.
+std::vector<std::string> RoomForLabels(std::string_view Sequence) {
   std::vector<std::string> vsLabels;
   vsLabels.reserve(static_cast<std::size_t>(std::count(Sequence.begin(), Sequence.end(), ' ')) + 1);
+  return vsLabels;
+}
+
+}  // namespace
+
+// CommonLabels = { " " } { Label { " " } }
+std::vector<std::string> UpperLabels(std::string_view Sequence) {
+  std::vector<std::string> vsLabels = RoomForLabels(Sequence);
+  for (Sequence = DropFront(Sequence, IsBlank); !Sequence.empty();
+       Sequence = DropFront(Sequence, IsBlank)) {
+    const std::string_view Rest = DropFront(Sequence, IsNoBlank);
+    MakeUpper(vsLabels.emplace_back(Sequence.substr(0, Sequence.size() - Rest.size())));
+    Sequence = Rest;
+  }
+  return vsLabels;
+}
+
+// Labels = { " " } { Label " " { " " } }; what trimming leaves empty is no label.
+std::vector<std::string> ParseLabels(std::string_view Sequence) {
+  std::vector<std::string> vsLabels = RoomForLabels(Sequence);
   PieceCutter Pieces(Sequence, " ");
   for (std::string_view Piece; Pieces.Next(Piece);) {
     const std::string_view Label = TrimmedPiece(Piece);

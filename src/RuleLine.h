@@ -33,7 +33,10 @@ enum class RuleLineFault { None, Types, SourceSide, TargetSide };
 /// @param Code a line with "] -> [" in it, without its comment
 RuleLineFault ParseRuleLine(std::string_view Code, RuleLineParts& PartsReturn);
 
-/// The labels of a sequence, without the brackets around it: what stands between blanks, without
+/// The labels of a sequence in its common form, in capitals. Linear.
+std::vector<std::string> UpperLabels(std::string_view Sequence);
+
+/// The labels of any sequence, without the brackets around it: what stands between blanks, without
 /// the white space at its ends, unless that leaves nothing. Linear.
 std::vector<std::string> ParseLabels(std::string_view Sequence);
 

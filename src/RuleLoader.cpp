@@ -33,9 +33,7 @@ namespace {
 /// Sets the labels of one side, in both forms.
 void SetLabels(std::string_view Labels, std::vector<std::string>& vsLabelsReturn,
                std::vector<std::string>& vsWordLevelReturn) {
-  std::string UpperLabels(Labels);
-  MakeUpper(UpperLabels);
-  vsLabelsReturn = ParseLabels(UpperLabels);
+  vsLabelsReturn = UpperLabels(Labels);
   vsWordLevelReturn = vsLabelsReturn;
 }
 
@@ -86,35 +84,64 @@ void RuleLoader::NoteAlignment() {
   Alignments = AlignmentState::NotLookedAt;
 }
 
+namespace {
+
+/// The key of fields that are still written as in their text.
+ConstraintKey KeyOfCommonForm(const ConstraintParts& Parts, const ConstraintView& Fields) {
+  ConstraintKey Key =
+      MakeKey(Fields.Category, Fields.ConstrainedIndex, Fields.Feature, Fields.FeatValue);
+  if (Parts.IsWholeNode) {
+    WriteName(Key.Text, Key.ValueBegin, Fields.FeatValue.size());
+    return Key;
+  }
+  const std::size_t WrittenSize = WriteName(Key.Text, Key.FeatureBegin, Key.FeatureSize);
+  Key.ValueBegin -= Key.FeatureSize - WrittenSize;
+  Key.FeatureSize = WrittenSize;
+  MakeUpper(Key.Text, Key.ValueBegin);
+  return Key;
+}
+
+}  // namespace
+
 void RuleLoader::AddConstraint(const ConstraintParts& Parts,
                                std::vector<Merging>& vMergingsReturn) {
   constexpr int UnknownRank = -1;
-  AddConstraint(FieldsOfCommonForm(Parts), UnknownRank, vMergingsReturn);
+  const ConstraintView Fields = ViewOfCommonForm(Parts);
+  Insert(KeyOfCommonForm(Parts, Fields), Fields, UnknownRank, vMergingsReturn);
 }
 
-bool RuleLoader::AddConstraint(ConstraintFields Fields, int Rank,
+bool RuleLoader::AddConstraint(const ConstraintView& Fields, int Rank,
                                std::vector<Merging>& vMergingsReturn) {
+  return Insert(MakeKey(Fields.Category, Fields.ConstrainedIndex, Fields.Feature, Fields.FeatValue),
+                Fields, Rank, vMergingsReturn);
+}
+
+bool RuleLoader::Insert(ConstraintKey Key, const ConstraintView& Fields, int Rank,
+                        std::vector<Merging>& vMergingsReturn) {
   auto& Constraints = Rule.ConstraintsMap;
-  std::string Key =
-      ConstraintKey(Fields.Category, Fields.ConstrainedIndex, Fields.Feature, Fields.FeatValue);
-  auto Place = Constraints.lower_bound(Key);
-  if (Place != Constraints.end() && Place->first == Key) {
+  const auto [Entry, IsNew] = Constraints.emplace(
+      std::piecewise_construct, std::forward_as_tuple(std::move(Key.Text)), std::tuple<>());
+  if (!IsNew) {
     return false;
   }
-  const std::size_t PrefixSize = Key.size() - Fields.FeatValue.size();
-  if (Fields.ValueConstraint &&
-      HasNeighbour(Constraints, Place, std::string_view(Key).substr(0, PrefixSize))) {
+  // The key has feature and value as they are kept.
+  auto& [Text, New] = *Entry;
+  New.Category = Fields.Category;
+  New.ConstrainedIndex = Fields.ConstrainedIndex;
+  New.Feature.append(Text, Key.FeatureBegin, Key.FeatureSize);
+  New.FeatValue.append(Text, Key.ValueBegin);
+  New.RankInCategory = Rank;
+  New.ValueConstraint = Fields.ValueConstraint;
+  const std::string_view Prefix = std::string_view(Text).substr(0, Key.ValueBegin);
+  if (Fields.ValueConstraint && HasNeighbour(Constraints, Entry, Prefix)) {
+    auto Taken = Constraints.extract(Entry);
     const auto ValueOf = [](const Constraint& Stored) {
       return Stored.IsValueConstraint() ? &Stored.FeatValue : nullptr;
     };
-    TakeOutAndMerge(Constraints, ValueOf, PrefixSize, Key, vMergingsReturn);
-    Fields.FeatValue = Key.substr(PrefixSize);
-    Place = Constraints.lower_bound(Key);
+    TakeOutAndMerge(Constraints, ValueOf, Key.ValueBegin, Taken.key(), vMergingsReturn);
+    Taken.mapped().FeatValue = Taken.key().substr(Key.ValueBegin);
+    Constraints.insert(std::move(Taken));
   }
-  Constraints.emplace_hint(
-      Place, std::piecewise_construct, std::forward_as_tuple(std::move(Key)),
-      std::forward_as_tuple(Fields.Category, Fields.ConstrainedIndex, std::move(Fields.Feature),
-                            std::move(Fields.FeatValue), Rank, Fields.ValueConstraint));
   return true;
 }
 

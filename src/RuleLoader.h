@@ -57,9 +57,9 @@ class RuleLoader {
   /// @param vMergingsReturn gets each merging, in order
   void AddConstraint(const ConstraintParts& Parts, std::vector<Merging>& vMergingsReturn);
 
-  /// The same from the fields of a constraint.
+  /// The same from the fields of a constraint, which are kept as they are.
   /// @return false when its key is there already, and then nothing changes
-  bool AddConstraint(ConstraintFields Fields, int Rank, std::vector<Merging>& vMergingsReturn);
+  bool AddConstraint(const ConstraintView& Fields, int Rank, std::vector<Merging>& vMergingsReturn);
 
   /// Ends the reading: where a rule line and an alignment have come, the rule's alignments become
   /// those of its first alternative.
@@ -71,6 +71,9 @@ class RuleLoader {
   enum class AlignmentState { NotLookedAt, InOrder, NotInOrder };
 
   void LookAtAlignments();
+  bool Insert(ConstraintKey Key, const ConstraintView& Fields, int Rank,
+              std::vector<Merging>& vMergingsReturn);
+
   TrRule& Rule;
   bool HasRuleLine = false;
   bool HasAlignment = false;

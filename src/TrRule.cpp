@@ -36,7 +36,6 @@ using TrRuleInternal::ConstraintParts;
 using TrRuleInternal::Contains;
 using TrRuleInternal::CutInTwo;
 using TrRuleInternal::CutInTwoTrimmed;
-using TrRuleInternal::Decimal;
 using TrRuleInternal::DisplayPair;
 using TrRuleInternal::DisplayWalk;
 using TrRuleInternal::DropBack;
@@ -689,27 +688,6 @@ std::string_view WithoutReturn(std::string_view Line) {
   return !Line.empty() && Line.back() == '\r' ? Line.substr(0, Line.size() - 1) : Line;
 }
 
-/// Sequence = "[" Labels "]". Empty where there is none; "[]" gives "]", which is a label.
-std::string_view ParseSequence(std::string_view Part) {
-  const std::size_t Open = Part.find('[');
-  if (Open == std::string_view::npos || !Contains(Part, "]")) {
-    return {};
-  }
-  std::string_view Sequence = Part.substr(Open);
-  if (Sequence.size() > 1) {
-    Sequence.remove_prefix(1);
-  }
-  Sequence = DropBack(Sequence, AnyBut(']'));
-  if (Sequence.size() > 1) {
-    Sequence.remove_suffix(1);
-  }
-  return Sequence;
-}
-
-}  // namespace
-
-namespace {
-
 /// Prints what the merging of values says.
 void PrintMergings(const std::vector<Merging>& vMergings) {
   for (const auto& [OldValue, NewValue, NewKey] : vMergings) {
@@ -720,8 +698,9 @@ void PrintMergings(const std::vector<Merging>& vMergings) {
 
 /// Whether a line is a comment and nothing else.
 bool IsPlainComment(std::string_view Line) {
-  return StartsWith(Line, ";;") && !Contains(Line, "{") && !Contains(Line, "]") &&
-         !Contains(Line, "=") && !Contains(Line, "::");
+  constexpr std::size_t None = std::string_view::npos;
+  return StartsWith(Line, ";;") && Line.find('{') == None && Line.find(']') == None &&
+         Line.find('=') == None && !Contains(Line, "::");
 }
 
 // CommonLine = Comment | Header | RuleLine
@@ -738,7 +717,7 @@ bool LoadPlainLine(std::string_view Line, RuleLoader& LoaderReturn) {
   return ParseCommonRuleLine(Line, Parts) && LoaderReturn.SetRuleLine(Parts);
 }
 
-// BodyLine = "(" | AlignmentLine | ConstraintText
+// BodyLine = "(" | ")" | AlignmentLine | ConstraintText
 bool LoadBodyLine(std::string_view Line, RuleLoader& LoaderReturn) {
   if (Line.size() == 1) {
     return true;
@@ -758,14 +737,15 @@ bool LoadBodyLine(std::string_view Line, RuleLoader& LoaderReturn) {
   return true;
 }
 
-/// Loads a line in its common form, of which nothing but its mergings has to be reported: traces
-/// follow the general rules step by step, and so does whatever is written otherwise.
+/// Loads a line in its common form, of which nothing but its mergings has to be reported; whatever
+/// is written otherwise follows the general rules.
 /// @return whether the line was such a line
 bool LoadLine(std::string_view Line, RuleLoader& LoaderReturn) {
-  if (Line.empty() || Line.size() > PieceCutter::MaxRest || Traces(1) || Traces(4)) {
+  if (Line.empty() || Line.size() > PieceCutter::MaxRest) {
     return false;
   }
-  return Line.front() == '(' ? LoadBodyLine(Line, LoaderReturn) : LoadPlainLine(Line, LoaderReturn);
+  const bool IsInBody = Line.front() == '(' || Line == ")";
+  return IsInBody ? LoadBodyLine(Line, LoaderReturn) : LoadPlainLine(Line, LoaderReturn);
 }
 
 }  // namespace
@@ -773,10 +753,13 @@ bool LoadLine(std::string_view Line, RuleLoader& LoaderReturn) {
 // RuleText = { Line "\n" }, in any order
 bool TrRule::SetTrRuleFromString(std::string TRStringPassIn) {
   RuleLoader Loader(*this);
+  // The general rules are traced step by step.
+  const bool IsTraced = Traces(1) || Traces(4);
   PieceCutter Lines(TRStringPassIn, "\n");
   for (std::string_view Line; Lines.Next(Line);) {
     Line = WithoutReturn(Line);
-    if (!LoadLine(Line, Loader) && !ParseLine(Line, Loader)) {
+    const bool IsLoaded = !IsTraced && LoadLine(Line, Loader);
+    if (!IsLoaded && !ParseLine(Line, Loader)) {
       return false;
     }
   }
@@ -853,6 +836,27 @@ bool TrRule::ParseTypeAndSequences(std::string_view Line) {
   }
   return true;
 }
+
+namespace {
+
+// Sequence = "[" Labels "]". Empty where there is none; "[]" gives "]", which is a label.
+std::string_view ParseSequence(std::string_view Part) {
+  const std::size_t Open = Part.find('[');
+  if (Open == std::string_view::npos || !Contains(Part, "]")) {
+    return {};
+  }
+  std::string_view Sequence = Part.substr(Open);
+  if (Sequence.size() > 1) {
+    Sequence.remove_prefix(1);
+  }
+  Sequence = DropBack(Sequence, AnyBut(']'));
+  if (Sequence.size() > 1) {
+    Sequence.remove_suffix(1);
+  }
+  return Sequence;
+}
+
+}  // namespace
 
 // SLPart = SLType "::" TLType " " any Sequence any
 bool TrRule::ParseSLPart(std::string_view Part) {
@@ -1204,8 +1208,8 @@ bool TrRule::InsertConstraintIntoMap(Constraint ConstraintPassIn) {
 bool TrRule::TakeConstraint(Constraint& NewReturn) {
   std::vector<Merging> vMergings;
   const bool IsNew = RuleLoader(*this).AddConstraint(
-      {NewReturn.Category, NewReturn.ConstrainedIndex, std::move(NewReturn.Feature),
-       std::move(NewReturn.FeatValue), NewReturn.ValueConstraint},
+      {NewReturn.Category, NewReturn.ConstrainedIndex, NewReturn.Feature, NewReturn.FeatValue,
+       NewReturn.ValueConstraint},
       NewReturn.RankInCategory, vMergings);
   PrintMergings(vMergings);
   return IsNew;
@@ -1249,8 +1253,9 @@ bool TrRule::EraseConstraint(int ConstrainedIndexPassIn, std::string FeaturePass
       HaltForOtherValue(Found->first);
     }
     const std::string& ErasedValue = FeatValuePassIn != NoValue ? FeatValuePassIn : FeatAgrPassIn;
-    ConstraintsMap.erase(TrRuleInternal::ConstraintKey(
-        Found->second.Category, ConstrainedIndexPassIn, FeaturePassIn, ErasedValue));
+    ConstraintsMap.erase(TrRuleInternal::MakeKey(Found->second.Category, ConstrainedIndexPassIn,
+                                                 FeaturePassIn, ErasedValue)
+                             .Text);
   }
   TraceKeys("Constraints map after erasing:", ConstraintsMap);
   return HasFound;

@@ -284,7 +284,8 @@ class __attribute__((visibility("default"))) TrRule {
   /// first line, 100,000 bytes are read. Trace at level 1: the parts of the type line, the types,
   /// and at the end "Successfully read in a transfer rule from a string:" with the printed rule.
   /// Ends the process where `SetAlignment` does, and at level 1 where `Print` does.
-  /// n log n in the lines, but for the alignment string that each alignment line makes anew.
+  /// n log n in the lines, but for alignments that are not in order: each makes the alignment
+  /// string anew.
   /// @return whether a whole rule was read
   bool SetTrRuleFromString(std::string TRStringPassIn);
 

@@ -15,8 +15,8 @@
 #include <vector>
 
 using std::string_literals::operator""s;
-using TrRuleInternal::ConstraintKey;
 using TrRuleInternal::HasNeighbour;
+using TrRuleInternal::MakeKey;
 using TrRuleInternal::MergedValue;
 using TrRuleInternal::Merging;
 using TrRuleInternal::TakeOutAndMerge;
@@ -64,12 +64,26 @@ Merged Merge(Entries Stored, const std::string& Prefix, const std::string& Value
 }  // namespace
 
 TEST(ConstraintStore, MakesKeys) {
-  EXPECT_EQ(ConstraintKey(4, 1, "NUM", "SG"), "4__1__NUM__SG");
-  EXPECT_EQ(ConstraintKey(-1, -1, "", ""), "-1__-1____");
-  EXPECT_EQ(ConstraintKey(1, 10, "all", "X3"), "1__10__all__X3");
-  EXPECT_EQ(ConstraintKey(4, 0, "A__B", "(*OR* SG PL)"), "4__0__A__B__(*OR* SG PL)");
-  EXPECT_EQ(ConstraintKey(INT_MIN, INT_MAX, "\0\xE9"s, "\n"),
-            "-2147483648__2147483647__\0\xE9__\n"s);
+  struct Case {
+    int Category;
+    int Index;
+    std::string Feature;
+    std::string Value;
+    std::string Expected;
+  };
+  const std::vector<Case> vCases = {
+      {4, 1, "NUM", "SG", "4__1__NUM__SG"},
+      {-1, -1, "", "", "-1__-1____"},
+      {1, 10, "all", "X3", "1__10__all__X3"},
+      {4, 0, "A__B", "(*OR* SG PL)", "4__0__A__B__(*OR* SG PL)"},
+      {INT_MIN, INT_MAX, "\0\xE9"s, "\n", "-2147483648__2147483647__\0\xE9__\n"s},
+  };
+  for (const auto& [Category, Index, Feature, Value, Expected] : vCases) {
+    const TrRuleInternal::ConstraintKey Key = MakeKey(Category, Index, Feature, Value);
+    EXPECT_EQ(Key.Text, Expected);
+    EXPECT_EQ(Key.Text.substr(Key.FeatureBegin, Key.FeatureSize), Feature);
+    EXPECT_EQ(Key.Text.substr(Key.ValueBegin), Value);
+  }
 }
 
 TEST(ConstraintStore, MergesTheWordsOfTwoValues) {
@@ -108,20 +122,20 @@ TEST(ConstraintStore, MergesRandomValuesAsTheReferenceDoes) {
   }
 }
 
-TEST(ConstraintStore, SeesTheNeighboursOfAPlace) {
-  const Entries Stored = {{"1__1__B__SG", "SG"}, {"1__1__D__SG", "SG"}};
-  const auto IsBeside = [&](const std::string& Key, const std::string& Prefix) {
-    return HasNeighbour(Stored, Stored.lower_bound(Key), Prefix);
+TEST(ConstraintStore, SeesTheNeighboursOfAnEntry) {
+  const auto IsBesideOther = [](const std::string& Key, const std::string& Prefix) {
+    Entries Stored = {{"1__1__B__M", "M"}, {"1__1__D__M", "M"}};
+    return HasNeighbour(Stored, Stored.emplace(Key, "V").first, Prefix);
   };
-  EXPECT_TRUE(IsBeside("1__1__B__A", "1__1__B__"));
-  EXPECT_TRUE(IsBeside("1__1__B__Z", "1__1__B__"));
-  EXPECT_TRUE(IsBeside("1__1__D__A", "1__1__D__"));
-  EXPECT_TRUE(IsBeside("1__1__D__Z", "1__1__D__"));
-  EXPECT_FALSE(IsBeside("1__1__A__SG", "1__1__A__"));
-  EXPECT_FALSE(IsBeside("1__1__C__SG", "1__1__C__"));
-  EXPECT_FALSE(IsBeside("1__1__E__SG", "1__1__E__"));
-  const Entries Empty;
-  EXPECT_FALSE(HasNeighbour(Empty, Empty.begin(), ""));
+  EXPECT_TRUE(IsBesideOther("1__1__B__A", "1__1__B__"));
+  EXPECT_TRUE(IsBesideOther("1__1__B__Z", "1__1__B__"));
+  EXPECT_TRUE(IsBesideOther("1__1__D__A", "1__1__D__"));
+  EXPECT_TRUE(IsBesideOther("1__1__D__Z", "1__1__D__"));
+  EXPECT_FALSE(IsBesideOther("1__1__A__M", "1__1__A__"));
+  EXPECT_FALSE(IsBesideOther("1__1__C__M", "1__1__C__"));
+  EXPECT_FALSE(IsBesideOther("1__1__E__M", "1__1__E__"));
+  const Entries Alone = {{"1__1__A__M", "M"}};
+  EXPECT_FALSE(HasNeighbour(Alone, Alone.begin(), ""));
 }
 
 TEST(ConstraintStore, TakesOutWhatMerges) {

@@ -92,6 +92,8 @@ TEST(ConstraintText, TakesTheCommonFormApart) {
       {"(y1 == (y0 det))", {"y1", "", "==", "reference", "(y0 det)", "y0", "det", ""}},
       {"((x0 det) = x1)", {"x0", "det", "=", "value", "x1", "x1", "", "x1"}},
       {"((y1 num) = sg)", {"y1", "num", "=", "value", "sg", "", "", "sg"}},
+      {"((y1 agr gen) = (y2 a b))",
+       {"y1", "agr gen", "=", "reference", "(y2 a b)", "y2", "a b", ""}},
       {"((y1 num) = x1a)", {"y1", "num", "=", "value", "x1a", "", "", "x1a"}},
       {"((y1 num) = (y2 gen))", {"y1", "num", "=", "reference", "(y2 gen)", "y2", "gen", ""}},
       {"((x1 num) = (*OR* sg pl))", {"x1", "num", "=", "or", "(*OR* sg pl)", "", "", "sg pl"}},
@@ -148,6 +150,23 @@ TEST(ConstraintText, TakesRandomTextsApartAsTheReferenceDoes) {
   EXPECT_GT(Taken, 1000);
 }
 
+TEST(ConstraintText, WritesNamesInOneWord) {
+  const std::pair<std::string, std::string> Cases[] = {
+      {"", ""},
+      {"num", "NUM"},
+      {"agr gen", "AGRGEN"},
+      {"(y0 det", "(Y0 DET"},
+      {"a1 b c", "A1 BC"},
+      {"a 1 b", "A1 B"},
+      {"a b c 2 d", "ABC2 D"},
+  };
+  for (const auto& [Name, Expected] : Cases) {
+    std::string Text = "ab " + Name + " cd";
+    EXPECT_EQ(TrRuleInternal::WriteName(Text, 3, Name.size()), Expected.size());
+    EXPECT_EQ(Text, "ab " + Expected + " cd");
+  }
+}
+
 TEST(ConstraintText, LeavesTheFieldsAloneWhereATextCannotBeRead) {
   const std::pair<std::string, bool> Cases[] = {
       {"", false},
@@ -195,7 +214,8 @@ TEST(ConstraintText, ReadsTheCommonFormAsTheLenientRulesDo) {
        {"(x0 = x3)"s, "(Y0 = X0)"s, "(x12 == y345678901)"s, "(y1 == (y0 det))"s, "((x0 det) = x1)"s,
         "((y1 num) = sg)"s, "((x1 tense) = +)"s, "((y3 agr) = (y2 agr))"s, "((y0 agr) = (x2 agr))"s,
         "((x1 num) = (*OR* sg pl))"s, "((X1 NUM) = (*NOT* SG))"s, "((x1 num) = (*or* sg ))"s,
-        "((x1 " + Word + ") = " + Word + ")", "((x1 num) = (y1 " + Word + "))",
+        "((y3 agr gen) = (y2 agr gen))"s, "((x1 p1 p2 a b) = sg)"s, "(y1 == (y0 p1 p2 a b))"s,
+        "(x1 = (y2 a 1))"s, "((x1 " + Word + ") = " + Word + ")", "((x1 num) = (y1 " + Word + "))",
         "((x1 num) = (*OR* " + Word + "))"}) {
     ConstraintParts Parts;
     ASSERT_TRUE(ParseCommonForm(sText, Parts)) << sText;
@@ -241,7 +261,10 @@ TEST(ConstraintText, LeavesTheRestToTheLenientRules) {
                                       "((x1 num) = (*NOT* *OR* sg))",
                                       "((x1 num) = (* sg ** pl *))",
                                       "((x1 num) = (*OR* s.g))",
-                                      "((y3 agr gen) = sg)",
+                                      "((y3 agr  gen) = sg)",
+                                      "((y3 agr ) = sg)",
+                                      "((y3  agr) = sg)",
+                                      "(y3 = (y2 agr ))",
                                       "((x1 n\xE9) = sg)",
                                       "((x1 num) = s.g)"}) {
     ConstraintParts Parts;

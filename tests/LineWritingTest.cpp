@@ -75,7 +75,7 @@ TEST(LineWriting, WritesAlignments) {
 
 TEST(LineWriting, WritesConstraints) {
   struct Case {
-    TrRuleInternal::WrittenConstraint Written;
+    TrRuleInternal::ConstraintView Fields;
     std::string Expected;
   };
   const Case Cases[] = {
@@ -93,6 +93,6 @@ TEST(LineWriting, WritesConstraints) {
       {{1, INT_MAX, "\0"sv, "\xE9", true}, "((X2147483647 \0) = \xE9)"s},
   };
   for (const Case& Each : Cases) {
-    EXPECT_EQ(Appended(TrRuleInternal::AppendConstraint, Each.Written), Each.Expected);
+    EXPECT_EQ(Appended(TrRuleInternal::AppendConstraint, Each.Fields), Each.Expected);
   }
 }

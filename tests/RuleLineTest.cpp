@@ -153,6 +153,19 @@ TEST(RuleLine, CutsASequenceIntoLabels) {
   }
 }
 
+TEST(RuleLine, PutsTheLabelsOfACommonSequenceInCapitals) {
+  const std::pair<std::string, Strings> Cases[] = {
+      {"", {}},
+      {"  ", {}},
+      {"det", {"DET"}},
+      {"  det  \"de\" n1 ", {"DET", "\"DE\"", "N1"}},
+      {"\0 \xE9"s, {"\0"s, "\xE9"}},
+  };
+  for (const auto& [Sequence, vsExpected] : Cases) {
+    EXPECT_EQ(TrRuleInternal::UpperLabels(Sequence), vsExpected) << Sequence;
+  }
+}
+
 TEST(RuleLine, CutsRandomSequencesAsTheReferenceDoes) {
   RandomInput Random;
   for (int Case = 0; Case < 20000; ++Case) {

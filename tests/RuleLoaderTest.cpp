@@ -19,8 +19,8 @@
 #include <vector>
 
 using TrRuleInternal::AlignmentParts;
-using TrRuleInternal::ConstraintFields;
 using TrRuleInternal::ConstraintParts;
+using TrRuleInternal::ConstraintView;
 using TrRuleInternal::Merging;
 using TrRuleInternal::RuleLineParts;
 using TrRuleInternal::RuleLoader;
@@ -101,6 +101,9 @@ const Strings& CommonLines() {
                                   "(x0 = x3)",
                                   "(y0 == x0)",
                                   "(y1 == (y0 det))",
+                                  "((y3 agr gen) = (y2 agr gen))",
+                                  "((x1 p1 p2 a) = sg)",
+                                  "(y2 = (y0 p1 p2 a))",
                                   "(Y01 = Y1)"};
   return vsLines;
 }
@@ -326,9 +329,9 @@ TEST(RuleLoader, AddsFieldsWithTheirRank) {
   TrRule Rule;
   RuleLoader Loader(Rule);
   std::vector<Merging> vMergings;
-  EXPECT_TRUE(Loader.AddConstraint(ConstraintFields{4, 1, "f", "v", true}, 3, vMergings));
-  EXPECT_FALSE(Loader.AddConstraint(ConstraintFields{4, 1, "f", "v", false}, 5, vMergings));
-  EXPECT_TRUE(Loader.AddConstraint(ConstraintFields{4, 1, "f", "(Y2", false}, 7, vMergings));
+  EXPECT_TRUE(Loader.AddConstraint(ConstraintView{4, 1, "f", "v", true}, 3, vMergings));
+  EXPECT_FALSE(Loader.AddConstraint(ConstraintView{4, 1, "f", "v", false}, 5, vMergings));
+  EXPECT_TRUE(Loader.AddConstraint(ConstraintView{4, 1, "f", "(Y2", false}, 7, vMergings));
   EXPECT_TRUE(vMergings.empty());
   const auto& Stored = ConstraintsOf(Rule);
   ASSERT_EQ(Stored.size(), 2U);

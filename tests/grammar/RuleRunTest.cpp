@@ -4,6 +4,7 @@
 #include "RuleRun.h"
 
 #include "ProgramRun.h"
+#include "RuleGenerator.h"
 #include "TestFolder.h"
 #include "support/StreamCapture.h"
 
@@ -320,6 +321,45 @@ TEST(RuleRun, WritesNoFileWhereAnInputIsMissing) {
             (ChildEnd{2, "", Report}));
   EXPECT_EQ(Folder.Read("b.trr"), Good);
   EXPECT_EQ(Folder.Names(), (std::set<std::string>{"a.trr", "b.trr"}));
+}
+
+// ---- Threads ----------------------------------------------------------------------------------
+
+/// Many rules with bad ones, stray text and texts that are no rules among them.
+std::string MixedGrammar() {
+  std::string Text = ";; before all\n";
+  std::size_t Number = 0;
+  for (const std::string& sRule : GeneratedRules(23, 3000)) {
+    Text += sRule;
+    Text += ++Number % 7 == 0 ? "{NP,1}\nNP::NP : [N -> [N]\n(X1::Y1)\n" : "";
+    Text += Number % 11 == 0 ? Stray : "";
+  }
+  return Text;
+}
+
+TEST(RuleRun, WritesTheSameForAnyNumberOfThreads) {
+  const TestFolder Folder;
+  Folder.Write("a.trr", MixedGrammar());
+  Folder.Write("b.trr", "; only a comment");
+  for (const Strings& vsCommand :
+       {Strings{"print"}, Strings{"print", "--keep-bad", "--flip"}, Strings{"sort"},
+        Strings{"sort", "--by", "type"}, Strings{"unique"},
+        Strings{"unique", "--sorted", "--count"}, Strings{"json"}}) {
+    SCOPED_TRACE(testing::PrintToString(vsCommand));
+    const auto WithThreads = [&](const std::string& Count) {
+      Strings vsArguments = vsCommand;
+      vsArguments.insert(vsArguments.end(),
+                         {"--threads", Count, "b.trr", "none", "a.trr", "b.trr"});
+      return RunTrrule(vsArguments, Folder.Path(""));
+    };
+    const ChildEnd One = WithThreads("1");
+    EXPECT_EQ(One.Status, 2);
+    EXPECT_NE(One.Out, "");
+    for (const std::string sCount : {"2", "3", "8"}) {
+      const ChildEnd Several = WithThreads(sCount);
+      EXPECT_TRUE(Several == One) << sCount << " threads write something else";
+    }
+  }
 }
 
 }  // namespace

@@ -150,6 +150,7 @@ std::optional<Strings> GroupsOf(const std::string& Text, const std::regex& Patte
 
 const std::string NodePattern = "[xXyY][0-9]{1,9}";
 const std::string WordPattern = "[-+_0-9A-Za-z]+";
+const std::string FeaturePattern = WordPattern + "(?: " + WordPattern + ")*";
 
 }  // namespace
 
@@ -172,15 +173,15 @@ std::optional<Strings> AlignmentParts(const std::string& Line) {
 }
 
 std::optional<Strings> ConstraintParts(const std::string& Text) {
-  const std::string Left = "\\(\\((" + NodePattern + ") (" + WordPattern + ")\\) = ";
+  const std::string Left = "\\(\\((" + NodePattern + ") (" + FeaturePattern + ")\\) = ";
   static const std::regex Value(Left + "(" + WordPattern + ")\\)");
   static const std::regex Marked(Left + "(\\(\\*([oO][rR]|[nN][oO][tT])\\* (" + "[-+_0-9A-Za-z ]*" +
                                  ")\\))\\)");
-  static const std::regex Reference(Left + "(\\((" + NodePattern + ") (" + WordPattern +
+  static const std::regex Reference(Left + "(\\((" + NodePattern + ") (" + FeaturePattern +
                                     ")\\))\\)");
   static const std::regex Whole("\\((" + NodePattern + ") (==?) (" + NodePattern + ")\\)");
   static const std::regex WholeReference("\\((" + NodePattern + ") (==?) (\\((" + NodePattern +
-                                         ") (" + WordPattern + ")\\))\\)");
+                                         ") (" + FeaturePattern + ")\\))\\)");
   static const std::regex NodeAlone(NodePattern);
   if (const auto Found = GroupsOf(Text, Value)) {
     const std::string& Right = Found->at(2);

@@ -57,10 +57,10 @@ _trrule() {
   if [ -z "$Words" ] && [[ $Word == -* ]]; then
     case ${COMP_WORDS[1]} in
       check) Words="$Common --format --severity --only --except" ;;
-      print) Words="$Common --keep-bad --no-comments --one-line --from-one-line --flip" ;;
-      sort) Words="$Common --keep-bad --memory --by --reverse" ;;
-      unique) Words="$Common --keep-bad --memory --sorted --repeated --count --examples" ;;
-      json) Words="$Common --keep-bad" ;;
+      print) Words="$Common --keep-bad --threads --no-comments --one-line --from-one-line --flip" ;;
+      sort) Words="$Common --keep-bad --threads --memory --by --reverse" ;;
+      unique) Words="$Common --keep-bad --threads --memory --sorted --repeated --count --examples" ;;
+      json) Words="$Common --keep-bad --threads" ;;
       from-json) Words=$Common ;;
       translate)
         Words="$Common --text --lexicon -k --all-derivations --start --partial --reverse"

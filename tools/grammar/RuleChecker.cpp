@@ -720,8 +720,9 @@ void Checker::CheckRepetitions() {
     const ConstraintFields Fields = Rule.FieldsOf(*Each);
     const std::string Written = TextOf(Fields);
     const auto [Same, IsNew] =
-        mKeys.try_emplace(TrRuleInternal::ConstraintKey(Fields.Category, Fields.ConstrainedIndex,
-                                                        Fields.Feature, Fields.FeatValue),
+        mKeys.try_emplace(TrRuleInternal::MakeKey(Fields.Category, Fields.ConstrainedIndex,
+                                                  Fields.Feature, Fields.FeatValue)
+                              .Text,
                           Each->Line, Written);
     if (!IsNew) {
       const auto& [FirstLine, FirstWritten] = Same->second;

@@ -158,37 +158,40 @@ void RuleForm::AddRepetition(std::size_t Place, Entry& EntryReturn) const {
 void RuleForm::AddConstraint(std::size_t Place) {
   const Line& New = vLines[Place];
   const ConstraintFields& Fields = New.Fields;
-  std::string Key = TrRuleInternal::ConstraintKey(Fields.Category, Fields.ConstrainedIndex,
-                                                  Fields.Feature, Fields.FeatValue);
-  auto Found = Stored.lower_bound(Key);
-  if (Found != Stored.end() && Found->first == Key) {
+  TrRuleInternal::ConstraintKey Key = TrRuleInternal::MakeKey(
+      Fields.Category, Fields.ConstrainedIndex, Fields.Feature, Fields.FeatValue);
+  const auto [Found, IsNew] = Stored.try_emplace(std::move(Key.Text));
+  if (!IsNew) {
     HasRepetition = true;
     AddRepetition(Place, Found->second);
     return;
   }
-  Entry Added;
-  Added.IsOneList = IsWordList(New.Written->Parts);
-  const std::size_t PrefixSize = Key.size() - Fields.FeatValue.size();
-  if (Fields.ValueConstraint &&
-      TrRuleInternal::HasNeighbour(Stored, Found, std::string_view(Key).substr(0, PrefixSize))) {
+  Found->second.vLines = {Place};
+  Found->second.IsOneList = IsWordList(New.Written->Parts);
+  const std::string_view Prefix = std::string_view(Found->first).substr(0, Key.ValueBegin);
+  if (Fields.ValueConstraint && TrRuleInternal::HasNeighbour(Stored, Found, Prefix)) {
     HasRepetition = true;
-    const auto TakeOut = [&](const Entry& Old) -> const std::string* {
-      const Line& OldLine = vLines[Old.vLines.front()];
-      if (!OldLine.Fields.ValueConstraint) {
-        return nullptr;
-      }
-      Added.IsOneList = Added.IsOneList && Old.IsOneList && IsSamePath(OldLine, New);
-      Added.vLines.insert(Added.vLines.end(), Old.vLines.begin(), Old.vLines.end());
-      return &ValueOf(Old);
-    };
-    std::vector<TrRuleInternal::Merging> vMergings;
-    TrRuleInternal::TakeOutAndMerge(Stored, TakeOut, PrefixSize, Key, vMergings);
-    std::sort(Added.vLines.begin(), Added.vLines.end());
-    Added.FeatValue = vMergings.empty() ? "" : Key.substr(PrefixSize);
-    Found = Stored.lower_bound(Key);
+    MergeInto(Stored.extract(Found), Key.ValueBegin, New);
   }
-  Added.vLines.push_back(Place);
-  Stored.emplace_hint(Found, std::move(Key), std::move(Added));
+}
+
+/// Merges the values that share the prefix of a new entry into it, and stores it.
+void RuleForm::MergeInto(Entries::node_type Taken, std::size_t PrefixSize, const Line& New) {
+  Entry& Added = Taken.mapped();
+  const auto TakeOut = [&](const Entry& Old) -> const std::string* {
+    const Line& OldLine = vLines[Old.vLines.front()];
+    if (!OldLine.Fields.ValueConstraint) {
+      return nullptr;
+    }
+    Added.IsOneList = Added.IsOneList && Old.IsOneList && IsSamePath(OldLine, New);
+    Added.vLines.insert(Added.vLines.end(), Old.vLines.begin(), Old.vLines.end());
+    return &ValueOf(Old);
+  };
+  std::vector<TrRuleInternal::Merging> vMergings;
+  TrRuleInternal::TakeOutAndMerge(Stored, TakeOut, PrefixSize, Taken.key(), vMergings);
+  std::sort(Added.vLines.begin(), Added.vLines.end());
+  Added.FeatValue = vMergings.empty() ? "" : Taken.key().substr(PrefixSize);
+  Stored.insert(std::move(Taken));
 }
 
 const std::string& RuleForm::ValueOf(const Entry& Each) const {
@@ -235,7 +238,10 @@ void RuleForm::Load(TrRule& RecordReturn) const {
     Loader.AddAlignment(Each.Parts);
   }
   for (const Line& Each : vLines) {
-    Loader.AddConstraint(Each.Fields, UnknownRank, vMergings);
+    const ConstraintFields& Fields = Each.Fields;
+    Loader.AddConstraint({Fields.Category, Fields.ConstrainedIndex, Fields.Feature,
+                          Fields.FeatValue, Fields.ValueConstraint},
+                         UnknownRank, vMergings);
   }
   Loader.Finish();
 }

@@ -102,6 +102,7 @@ class RuleForm {
   void ReadAlignments();
   void ReadConstraints();
   void AddConstraint(std::size_t Place);
+  void MergeInto(Entries::node_type Taken, std::size_t PrefixSize, const Line& New);
   void AddRepetition(std::size_t Place, Entry& EntryReturn) const;
   Failure Order();
   const std::string& ValueOf(const Entry& Each) const;
