@@ -19,8 +19,8 @@ using TrRuleInternal::RightKind;
 
 // ---- One constraint ---------------------------------------------------------------------------
 
-/// A constraint in the common form has no white space, signs or letters that mean nothing there, but
-/// for the blanks in a feature of several words.
+/// A constraint in the common form has no white space, signs or letters that mean nothing there,
+/// but for the blanks in a feature of several words.
 bool ConstraintChecker::Check(const Constraint& Each) {
   if (!CheckAgreement(Each)) {
     return false;

@@ -721,7 +721,8 @@ void Checker::CheckRepetitions() {
     const std::string Written = TextOf(Fields);
     const auto [Same, IsNew] =
         mKeys.try_emplace(TrRuleInternal::MakeKey(Fields.Category, Fields.ConstrainedIndex,
-                                                        Fields.Feature, Fields.FeatValue).Text,
+                                                  Fields.Feature, Fields.FeatValue)
+                              .Text,
                           Each->Line, Written);
     if (!IsNew) {
       const auto& [FirstLine, FirstWritten] = Same->second;
