@@ -46,6 +46,7 @@ want_build_tools() {
 want_command_tools() {
   want libcli11-dev have_header CLI/CLI.hpp
   want nlohmann-json3-dev have_header nlohmann/json.hpp
+  want rapidjson-dev have_header rapidjson/document.h
 }
 
 want_test_tools() {

@@ -4,6 +4,7 @@
 
 #include "Bytes.h"
 
+#include <AlignmentText.h>
 #include <ConstraintStore.h>
 #include <PieceCutter.h>
 #include <RuleLoader.h>
@@ -166,7 +167,7 @@ void RuleForm::AddRepetition(std::size_t Place, Entry& EntryReturn) const {
     return OtherWritten == Written;
   };
   const bool IsPartOfList = EntryReturn.IsOneList && IsWordList(vLines[Place].Written->Parts) &&
-                            IsSamePath(vLines[EntryReturn.vLines.front()], vLines[Place]);
+                            IsSamePath(vLines[EntryReturn.Kept], vLines[Place]);
   if (!IsPartOfList &&
       std::none_of(EntryReturn.vLines.begin(), EntryReturn.vLines.end(), SaysTheSame)) {
     EntryReturn.vLines.push_back(Place);
@@ -187,12 +188,13 @@ void RuleForm::AddConstraint(std::size_t Place) {
     return;
   }
   Entry Added;
+  Added.Kept = Place;
   Added.IsOneList = IsWordList(New.Written->Parts);
   const std::size_t PrefixSize = Key.size() - Fields.FeatValue.size();
   if (Fields.ValueConstraint &&
       TrRuleInternal::HasNeighbour(Stored, Found, std::string_view(Key).substr(0, PrefixSize))) {
     const auto TakeOut = [&](const Entry& Old) -> const std::string* {
-      const Line& OldLine = vLines[Old.vLines.front()];
+      const Line& OldLine = vLines[Old.Kept];
       if (!OldLine.Fields.ValueConstraint) {
         return nullptr;
       }
@@ -211,7 +213,7 @@ void RuleForm::AddConstraint(std::size_t Place) {
 }
 
 const std::string& RuleForm::ValueOf(const Entry& Each) const {
-  return Each.FeatValue.empty() ? vLines[Each.vLines.front()].Fields.FeatValue : Each.FeatValue;
+  return Each.FeatValue.empty() ? vLines[Each.Kept].Fields.FeatValue : Each.FeatValue;
 }
 
 // ---- Their order ------------------------------------------------------------------------------
@@ -223,7 +225,7 @@ RuleForm::Failure RuleForm::Order() {
   vEntries.reserve(Stored.size());
   vOrder.clear();
   for (const auto& [Key, Each] : Stored) {
-    const ConstraintFields& Fields = vLines[Each.vLines.front()].Fields;
+    const ConstraintFields& Fields = vLines[Each.Kept].Fields;
     TrRuleInternal::OrderedConstraint New{Fields.Category, Fields.ConstrainedIndex, std::nullopt};
     if (!Fields.ValueConstraint) {
       New.AgreedIndex = TrRuleInternal::AgreedIndexIn(Fields.FeatValue);
@@ -294,6 +296,22 @@ constexpr std::string_view BlockStart = "\n(\n";
 
 }  // namespace
 
+void RuleForm::AppendLabel(std::string_view Label, std::string& TextReturn) {
+  if (IsQuoted(Label)) {
+    TextReturn += Label;
+  } else {
+    AppendUpper(Label, TextReturn);
+  }
+}
+
+std::string RuleForm::AlignmentText() const {
+  std::string Text;
+  for (const Pair& Each : vPairs) {
+    TrRuleInternal::AppendPair(Text, Each.Text[Source], Each.Text[Target]);
+  }
+  return Text;
+}
+
 /// Appends one constraint line in the normal form.
 void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
   const ConstraintParts& Parts = Each.Written->Parts;
@@ -332,7 +350,7 @@ void RuleForm::AppendEntry(const Entry& Each, std::string& TextReturn) const {
 
 /// Appends the one line that the library writes of an entry.
 void RuleForm::AppendLibraryEntry(const Entry& Each, std::string& TextReturn) const {
-  const ConstraintFields& Fields = vLines[Each.vLines.front()].Fields;
+  const ConstraintFields& Fields = vLines[Each.Kept].Fields;
   const std::string_view Side = Fields.Category == 1 ? "X" : "Y";
   const TrRuleInternal::Decimal Index(Fields.ConstrainedIndex);
   const std::string& FeatValue = ValueOf(Each);
@@ -352,12 +370,11 @@ void RuleForm::AppendRuleLine(bool KeepsLiterals, std::string& TextReturn) const
   for (const std::size_t Side : {Source, Target}) {
     TextReturn += Side == Source ? " [" : "] -> [";
     for (std::size_t Place = 0; Place < Labels[Side].size(); ++Place) {
-      const std::string_view Label = Labels[Side][Place];
       TextReturn += Place == 0 ? "" : " ";
-      if (KeepsLiterals && IsQuoted(Label)) {
-        TextReturn += Label;
+      if (KeepsLiterals) {
+        AppendLabel(Labels[Side][Place], TextReturn);
       } else {
-        AppendUpper(Label, TextReturn);
+        AppendUpper(Labels[Side][Place], TextReturn);
       }
     }
   }
