@@ -47,6 +47,7 @@ want_command_tools() {
   want libcli11-dev have_header CLI/CLI.hpp
   want nlohmann-json3-dev have_header nlohmann/json.hpp
   want libtbb-dev have_header tbb/parallel_pipeline.h
+  want rapidjson-dev have_header rapidjson/document.h
 }
 
 want_test_tools() {

@@ -1,10 +1,9 @@
-// Every member of a rule goes into JSON and comes back.
+// What the commands make of files: JSON of rules, and rules of JSON.
 
 #include "GrammarPaths.h"
 #include "JsonCommand.h"
 #include "PrintCommand.h"
 #include "RuleGenerator.h"
-#include "RuleJson.h"
 #include "TestFolder.h"
 #include "support/Samples.h"
 #include "support/StreamCapture.h"
@@ -19,7 +18,6 @@
 
 namespace {
 
-using Grammar::JsonReader;
 using Grammar::RunOptions;
 
 const std::string Filled =
@@ -29,26 +27,34 @@ const std::string Filled =
     ";;C-Structure:(NP (DET) (ADJ) (N))\n"
     ";;Score:4\n"
     "{ADJP,12}\n"
-    "ADJP::NP [\"OF\" ADJ N] -> [DET N ADJ]\n"
+    "ADJP::NP [\"of\" ADJ N] -> [DET N ADJ]\n"
     "(\n"
     ";--;(X1::Y1)\n"
     "(X2::Y3)\n"
-    "((X1 NUM) = (*NOT* SG)\n"
-    "((Y1 TENSE) = NEXT)\n"
+    "((X1 NUM) = (*NOT* SG))\n"
+    "((Y1 AGR TENSE) = NEXT)\n"
     "(X0 = X3)\n"
-    "(Y1 = (Y0 DET)\n"
+    "((X2 NUM) = (X3 GEN))\n"
+    "((X2 NUM) = (X3 NUM))\n"
+    "(Y1 = (Y0 DET))\n"
     ")\n";
 
 const std::string FilledJson =
     R"j({"header":{"type":"ADJP"},"ruleIndex":12,)j"
     R"j("comments":["; a remark",";;SL:THE RED CAR",";;TL:EL AUTO ROJO",)j"
     R"j(";;C-Structure:(NP (DET) (ADJ) (N))",";;Score:4"],)j"
-    R"j("slType":"ADJP","tlType":"NP","slLabels":["\"OF\"","ADJ","N"],"tlLabels":["DET","N","ADJ"],)j"
+    R"j("slType":"ADJP","tlType":"NP","slLabels":["\"of\"","ADJ","N"],"tlLabels":["DET","N","ADJ"],)j"
     R"j("alignments":"((1,1),(2,3))","constraints":[)j"
-    R"j({"category":1,"index":1,"feature":"NUM","value":"(*NOT* SG","rank":-1,"isValue":true},)j"
-    R"j({"category":1,"index":0,"feature":"all","value":"X3","rank":-1,"isValue":false},)j"
-    R"j({"category":2,"index":1,"feature":"TENSE","value":"NEXT","rank":-1,"isValue":true},)j"
-    R"j({"category":4,"index":1,"feature":"all","value":"(Y0 DET","rank":-1,"isValue":false}],)j"
+    R"j({"category":1,"index":1,"feature":"NUM","value":"(*NOT* SG","rank":-1,"isValue":true,)j"
+    R"j("lines":["((X1 NUM) = (*NOT* SG))"]},)j"
+    R"j({"category":2,"index":1,"feature":"AGRTENSE","value":"NEXT","rank":-1,"isValue":true,)j"
+    R"j("lines":["((Y1 AGR TENSE) = NEXT)"]},)j"
+    R"j({"category":1,"index":0,"feature":"all","value":"X3","rank":-1,"isValue":false,)j"
+    R"j("lines":["(X0 = X3)"]},)j"
+    R"j({"category":1,"index":2,"feature":"NUM","value":"(X3","rank":-1,"isValue":false,)j"
+    R"j("lines":["((X2 NUM) = (X3 GEN))","((X2 NUM) = (X3 NUM))"]},)j"
+    R"j({"category":4,"index":1,"feature":"all","value":"(Y0 DET","rank":-1,"isValue":false,)j"
+    R"j("lines":["(Y1 = (Y0 DET))"]}],)j"
     R"j("count":4,"slWords":["THE","RED","CAR"],"tlWords":["EL","AUTO","ROJO"],)j"
     R"j("cStructure":"(NP (DET) (ADJ) (N))","slWordLabels":["\"OF\"","ADJ","N"],)j"
     R"j("tlWordLabels":["DET","N","ADJ"],"slParseLabels":[],"tlParseLabels":[],)j"
@@ -154,88 +160,6 @@ TEST(JsonCommand, CarriesAlongWhatIsNoRule) {
   EXPECT_EQ(FromJson("{\"text\":\"; no end\"}\n" + FilledJson).Out, "; no end\n" + Filled);
   EXPECT_EQ(FromJson("{\"text\":\"in \"}\n{\"text\":\"pieces\"}\n").Out, "in pieces");
   EXPECT_EQ(ToJson("; no end").Out, "{\"text\":\"; no end\\n\"}\n");
-}
-
-struct Case {
-  std::string Json;
-  std::string Text;
-  std::vector<std::string> vsProblems;
-};
-
-const std::string Small =
-    R"j("slType":"NP","tlType":"NP","slLabels":["N"],"tlLabels":["N"],"alignments":"((1,1))")j";
-const std::string SmallText = "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n";
-
-TEST(JsonReader, FillsInWhatIsMissingAndTellsWhatDoesNotFit) {
-  const std::vector<Case> Cases{
-      {"{" + Small + "}", SmallText, {}},
-      {"{" + Small + R"j(,"header":null,"ruleIndex":-1})j", SmallText, {}},
-      {"{" + Small + R"j(,"header":{"type":"XP"},"ruleIndex":30})j", "{XP,30}\n" + SmallText, {}},
-      {"{" + Small + R"j(,"ruleIndex":3})j",
-       SmallText,
-       {"ruleIndex: a grammar cannot hold it as it is given"}},
-      {"{" + Small + R"j(,"slWords":["A","CAR"],"count":2,"cStructure":"(NP)"})j",
-       ";;SL: A CAR\n;;C-Structure:(NP)\n;;Score:2\n" + SmallText,
-       {}},
-      {"{" + Small + R"j(,"comments":[";; SL: a car"],"slWords":["A","CAR"]})j",
-       ";; SL: a car\n" + SmallText,
-       {}},
-      {"{" + Small + R"j(,"comments":[";; SL: a car"],"slWords":["MY","CAR"]})j",
-       ";;SL: MY CAR\n" + SmallText,
-       {}},
-      {"{" + Small + R"j(,"numbers":[3],"headIndex":1,"nonsense":0})j",
-       SmallText,
-       {"numbers: a grammar cannot hold it as it is given",
-        "headIndex: a grammar cannot hold it as it is given", "nonsense: there is no such member"}},
-      {"{" + Small +
-           R"j(,"constraints":[{"category":1,"index":0,"feature":"all","value":"X1","isValue":false}]})j",
-       "NP::NP [N] -> [N]\n(\n(X1::Y1)\n(X0 = X1)\n)\n",
-       {}},
-      {R"j({"text":"anything"})j", "anything", {}},
-  };
-  for (const Case& Each : Cases) {
-    JsonReader Reader;
-    std::string Text;
-    EXPECT_TRUE(Reader.Read(Each.Json, Text)) << Each.Json;
-    EXPECT_EQ(Text, Each.Text) << Each.Json;
-    EXPECT_EQ(Reader.Problems(), Each.vsProblems) << Each.Json;
-  }
-}
-
-TEST(JsonReader, RefusesWhatIsNoRule) {
-  const std::vector<Case> Cases{
-      {"", "", {"not JSON, from byte 1 on"}},
-      {"{\"slType\":", "", {"not JSON, from byte 11 on"}},
-      {"\"\xFF\"", "", {"not JSON, from byte 2 on"}},
-      {"[]", "", {"should be an object"}},
-      {"{\"slType\":1}", "", {"slType: should be a text"}},
-      {"{\"slType\":\"a\\nb\"}", "", {"slType: should not contain a line end"}},
-      {"{\"slLabels\":\"N\"}", "", {"slLabels: should be a list"}},
-      {"{\"slLabels\":[1]}", "", {"slLabels: should be a list of texts"}},
-      {"{\"ruleIndex\":1,\"header\":[]}", "", {"header: should be an object or null"}},
-      {"{\"count\":2147483648}", "", {"count: should be a number"}},
-      {"{\"constraints\":[1]}", "", {"constraints: should be a list of objects"}},
-      {"{\"constraints\":[{}]}", "", {"isValue: should be true or false"}},
-      {"{\"alignments\":\"1,1\"}",
-       "",
-       {"Alignment string was not in correct format:|1,1| NewAl[0] is:1 "
-        "NewAl[NewAl.length()-1] is:1"}},
-  };
-  for (const Case& Each : Cases) {
-    JsonReader Reader;
-    std::string Text = "before";
-    EXPECT_FALSE(Reader.Read(Each.Json, Text)) << Each.Json;
-    EXPECT_EQ(Text, "before") << Each.Json;
-    EXPECT_EQ(Reader.Problems(), Each.vsProblems) << Each.Json;
-  }
-}
-
-TEST(JsonReader, SurvivesEveryPrefixOfALine) {
-  for (std::size_t Size = 0; Size + 1 < FilledJson.size(); ++Size) {
-    JsonReader Reader;
-    std::string Text;
-    EXPECT_EQ(Reader.Read(FilledJson.substr(0, Size), Text), Size + 2 > FilledJson.size());
-  }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "JsonCommand.h"
 
+#include "JsonReader.h"
 #include "OutputFile.h"
 #include "Progress.h"
 #include "RuleFiles.h"
@@ -85,29 +86,27 @@ class LineReader {
   }
 
   void ReadLine(const std::string& Line, const std::string& Place) {
-    Text.clear();
-    const bool IsRead = Reader.Read(Line, Text);
-    for (const std::string& sProblem : Reader.Problems()) {
-      std::cerr << Place << ": " << (IsRead ? "warning: " : "error: ") << sProblem << '\n';
+    const RuleFromJson Read = Reader.Read(Line);
+    for (const std::string& sProblem : Read.vsProblems) {
+      std::cerr << Place << ": " << (Read.IsRead ? "warning: " : "error: ") << sProblem << '\n';
       Tally.HasFindings = true;
     }
     // What is no object at all may have been meant as a rule.
-    Tally.Rules += !IsRead || Reader.HasReadRule() ? 1 : 0;
-    Tally.LeftOut += IsRead ? 0 : 1;
-    if (IsRead && !Text.empty()) {
-      // A rule begins a line, also behind a text whose last line has no end.
-      if (LacksLineEnd && Reader.HasReadRule()) {
+    Tally.Rules += !Read.IsRead || Read.IsRule ? 1 : 0;
+    Tally.LeftOut += Read.IsRead ? 0 : 1;
+    if (!Read.Text.empty()) {
+      // A rule begins a line, also after a text whose last line has no end.
+      if (LacksLineEnd && Read.IsRule) {
         Output.Write("\n");
       }
-      Output.Write(Text);
-      LacksLineEnd = Text.back() != '\n';
+      Output.Write(Read.Text);
+      LacksLineEnd = Read.Text.back() != '\n';
     }
   }
 
   OutputFile& Output;
   Progress& Shown;
   JsonReader Reader;
-  std::string Text;
   bool LacksLineEnd = false;
   RunTally Tally;
 };

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace Grammar {
 
@@ -64,7 +65,39 @@ void AppendStandIn(char Byte, std::string& TextReturn) {
   TextReturn += static_cast<char>(0x80U | (Value & 0x3FU));
 }
 
+/// How many bytes at the beginning of a text are ASCII. Looks at eight of them at a time.
+std::size_t AsciiSize(std::string_view Bytes) {
+  constexpr std::uint64_t HighBits = 0x8080808080808080;
+  std::size_t Size = 0;
+  for (std::uint64_t Word = 0; Size + sizeof(Word) <= Bytes.size(); Size += sizeof(Word)) {
+    std::memcpy(&Word, Bytes.data() + Size, sizeof(Word));
+    if ((Word & HighBits) != 0) {
+      break;
+    }
+  }
+  while (Size < Bytes.size() && At(Bytes, Size) < 0x80) {
+    ++Size;
+  }
+  return Size;
+}
+
 }  // namespace
+
+bool IsAscii(std::string_view Bytes) {
+  return AsciiSize(Bytes) == Bytes.size();
+}
+
+std::size_t Utf8Size(std::string_view Bytes) {
+  std::size_t Size = AsciiSize(Bytes);
+  while (Size < Bytes.size()) {
+    const std::size_t Length = CharacterLength(Bytes.substr(Size));
+    if (Length == 0) {
+      break;
+    }
+    Size += Length;
+  }
+  return Size;
+}
 
 std::string ToUnicode(std::string_view Bytes) {
   std::string Text;
@@ -81,7 +114,14 @@ std::string ToUnicode(std::string_view Bytes) {
   return Text;
 }
 
+bool HasStandIns(std::string_view Unicode) {
+  return Unicode.find(static_cast<char>(StandInFirst)) != std::string_view::npos;
+}
+
 std::string ToBytes(std::string_view Unicode) {
+  if (!HasStandIns(Unicode)) {
+    return std::string(Unicode);
+  }
   std::string Bytes;
   Bytes.reserve(Unicode.size());
   while (!Unicode.empty()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,8 +14,17 @@
 
 namespace Grammar {
 
+/// Whether a text is ASCII alone, and so the same in JSON.
+bool IsAscii(std::string_view Bytes);
+
+/// How many bytes of a text are UTF-8, up to the first that is not.
+std::size_t Utf8Size(std::string_view Bytes);
+
 /// The bytes as UTF-8.
 std::string ToUnicode(std::string_view Bytes);
+
+/// Whether some characters of a text may stand for single bytes.
+bool HasStandIns(std::string_view Unicode);
 
 /// The bytes that such a text stands for.
 std::string ToBytes(std::string_view Unicode);

@@ -4,6 +4,7 @@
 
 #include "Bytes.h"
 
+#include <AlignmentText.h>
 #include <ConstraintStore.h>
 #include <LineWriting.h>
 #include <RuleLoader.h>
@@ -145,7 +146,7 @@ void RuleForm::AddRepetition(std::size_t Place, Entry& EntryReturn) const {
     return OtherWritten == Written;
   };
   const bool IsPartOfList = EntryReturn.IsOneList && IsWordList(vLines[Place].Written->Parts) &&
-                            IsSamePath(vLines[EntryReturn.vLines.front()], vLines[Place]);
+                            IsSamePath(vLines[EntryReturn.Kept], vLines[Place]);
   if (!IsPartOfList &&
       std::none_of(EntryReturn.vLines.begin(), EntryReturn.vLines.end(), SaysTheSame)) {
     EntryReturn.vLines.push_back(Place);
@@ -167,6 +168,7 @@ void RuleForm::AddConstraint(std::size_t Place) {
     return;
   }
   Found->second.vLines = {Place};
+  Found->second.Kept = Place;
   Found->second.IsOneList = IsWordList(New.Written->Parts);
   const std::string_view Prefix = std::string_view(Found->first).substr(0, Key.ValueBegin);
   if (Fields.ValueConstraint && TrRuleInternal::HasNeighbour(Stored, Found, Prefix)) {
@@ -179,7 +181,7 @@ void RuleForm::AddConstraint(std::size_t Place) {
 void RuleForm::MergeInto(Entries::node_type Taken, std::size_t PrefixSize, const Line& New) {
   Entry& Added = Taken.mapped();
   const auto TakeOut = [&](const Entry& Old) -> const std::string* {
-    const Line& OldLine = vLines[Old.vLines.front()];
+    const Line& OldLine = vLines[Old.Kept];
     if (!OldLine.Fields.ValueConstraint) {
       return nullptr;
     }
@@ -195,7 +197,7 @@ void RuleForm::MergeInto(Entries::node_type Taken, std::size_t PrefixSize, const
 }
 
 const std::string& RuleForm::ValueOf(const Entry& Each) const {
-  return Each.FeatValue.empty() ? vLines[Each.vLines.front()].Fields.FeatValue : Each.FeatValue;
+  return Each.FeatValue.empty() ? vLines[Each.Kept].Fields.FeatValue : Each.FeatValue;
 }
 
 // ---- Their order ------------------------------------------------------------------------------
@@ -207,7 +209,7 @@ RuleForm::Failure RuleForm::Order() {
   vEntries.reserve(Stored.size());
   vOrder.clear();
   for (const auto& [Key, Each] : Stored) {
-    const ConstraintFields& Fields = vLines[Each.vLines.front()].Fields;
+    const ConstraintFields& Fields = vLines[Each.Kept].Fields;
     TrRuleInternal::OrderedConstraint New{Fields.Category, Fields.ConstrainedIndex, std::nullopt};
     if (!Fields.ValueConstraint) {
       New.AgreedIndex = TrRuleInternal::AgreedIndexIn(Fields.FeatValue);
@@ -281,6 +283,22 @@ constexpr std::string_view BlockStart = "\n(\n";
 
 }  // namespace
 
+void RuleForm::AppendLabel(std::string_view Label, std::string& TextReturn) {
+  if (IsQuoted(Label)) {
+    TextReturn += Label;
+  } else {
+    AppendUpper(Label, TextReturn);
+  }
+}
+
+std::string RuleForm::AlignmentText() const {
+  std::string Text;
+  for (const Pair& Each : vPairs) {
+    TrRuleInternal::AppendPair(Text, Each.Text[Source], Each.Text[Target]);
+  }
+  return Text;
+}
+
 /// Appends one constraint line in the normal form.
 void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
   const ConstraintParts& Parts = Each.Written->Parts;
@@ -319,7 +337,7 @@ void RuleForm::AppendEntry(const Entry& Each, std::string& TextReturn) const {
 
 /// Appends the one line that the library writes of an entry.
 void RuleForm::AppendLibraryEntry(const Entry& Each, std::string& TextReturn) const {
-  const ConstraintFields& Fields = vLines[Each.vLines.front()].Fields;
+  const ConstraintFields& Fields = vLines[Each.Kept].Fields;
   TrRuleInternal::AppendConstraint(
       TextReturn, {Fields.Category, Fields.ConstrainedIndex, Fields.Feature, ValueOf(Each),
                    Fields.ValueConstraint});
@@ -331,12 +349,11 @@ void RuleForm::AppendRuleLine(bool KeepsLiterals, std::string& TextReturn) const
   for (const std::size_t Side : {Source, Target}) {
     TextReturn += Side == Source ? " [" : "] -> [";
     for (std::size_t Place = 0; Place < Labels[Side].size(); ++Place) {
-      const std::string_view Label = Labels[Side][Place];
       TextReturn += Place == 0 ? "" : " ";
-      if (KeepsLiterals && IsQuoted(Label)) {
-        TextReturn += Label;
+      if (KeepsLiterals) {
+        AppendLabel(Labels[Side][Place], TextReturn);
       } else {
-        AppendUpper(Label, TextReturn);
+        AppendUpper(Labels[Side][Place], TextReturn);
       }
     }
   }

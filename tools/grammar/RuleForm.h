@@ -74,6 +74,31 @@ class RuleForm {
   std::size_t SLSize() const { return Labels[Source].size(); }
   std::size_t TLSize() const { return Labels[Target].size(); }
 
+  /// The labels, as they were written.
+  const std::vector<std::string_view>& SLLabels() const { return Labels[Source]; }
+  const std::vector<std::string_view>& TLLabels() const { return Labels[Target]; }
+
+  /// Appends a label in the normal form: in capitals, unless it is a literal word.
+  static void AppendLabel(std::string_view Label, std::string& TextReturn);
+
+  /// The alignments as the library's record holds them, "((1,1),(2,3))".
+  std::string AlignmentText() const;
+
+  // The constraints that the library's record holds, by their places in print order, from 0.
+  std::size_t ConstraintCount() const { return vOrder.size(); }
+
+  /// What the library keeps of a constraint, but for its value, which may have been merged.
+  const TrRuleInternal::ConstraintFields& FieldsAt(std::size_t Place) const {
+    return vLines[vOrder[Place]->Kept].Fields;
+  }
+
+  const std::string& FeatValueAt(std::size_t Place) const { return ValueOf(*vOrder[Place]); }
+
+  /// Appends the lines of the normal form that a constraint stands for, each with a line end.
+  void AppendConstraintAt(std::size_t Place, std::string& TextReturn) const {
+    AppendEntry(*vOrder[Place], TextReturn);
+  }
+
  private:
   static constexpr std::size_t Source = 0;
   static constexpr std::size_t Target = 1;
@@ -93,6 +118,7 @@ class RuleForm {
   /// What the library keeps under one key: one constraint, or what several have become.
   struct Entry {
     std::vector<std::size_t> vLines;  ///< places in `vLines`, ascending
+    std::size_t Kept = 0;             ///< place of the line whose node and feature are kept
     std::string FeatValue;            ///< of values that were merged; empty otherwise
     bool IsOneList = true;            ///< whether all lines are lists of words on one path
   };

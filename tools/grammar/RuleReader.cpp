@@ -8,7 +8,9 @@
 namespace Grammar {
 
 RuleReader::RuleReader(std::istream& StreamPassIn, std::string FilePassIn)
-    : Stream(StreamPassIn), File(std::move(FilePassIn)) {}
+    : Stream(&StreamPassIn), File(std::move(FilePassIn)) {}
+
+RuleReader::RuleReader(std::string TextPassIn) : Buffer(std::move(TextPassIn)), AtEnd(true) {}
 
 /// Reads another block behind what is there. What was handed out makes room for it.
 bool RuleReader::Fill() {
@@ -20,11 +22,11 @@ bool RuleReader::Fill() {
   Start = 0;
   const std::size_t Size = Buffer.size();
   Buffer.resize(Size + BlockSize);
-  Stream.read(Buffer.data() + Size, static_cast<std::streamsize>(BlockSize));
-  const auto Count = static_cast<std::size_t>(Stream.gcount());
+  Stream->read(Buffer.data() + Size, static_cast<std::streamsize>(BlockSize));
+  const auto Count = static_cast<std::size_t>(Stream->gcount());
   Buffer.resize(Size + Count);
   AtEnd = Count < BlockSize;
-  Failed = AtEnd && Stream.bad();
+  Failed = AtEnd && Stream->bad();
   return Count > 0;
 }
 

@@ -28,6 +28,9 @@ class RuleReader {
   /// @param FilePassIn the name for findings
   RuleReader(std::istream& StreamPassIn, std::string FilePassIn);
 
+  /// Reads a text that is in memory.
+  explicit RuleReader(std::string TextPassIn);
+
   /// Gives the next rule, using again the storage of the argument.
   /// @return false at the end, and where the stream cannot be read: see `HasFailed`
   bool Next(RuleText& TextReturn);
@@ -63,7 +66,7 @@ class RuleReader {
 
   std::string_view Rest() const { return std::string_view(Buffer).substr(Start); }
 
-  std::istream& Stream;
+  std::istream* Stream = nullptr;  // null where all there is to read is in the buffer
   std::string File;
   std::string Buffer;     // what has been read and not been handed out begins at `Start`
   std::size_t Start = 0;  // all other places are counted from here

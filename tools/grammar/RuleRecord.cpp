@@ -12,7 +12,6 @@
 #include <TrRule.h>
 
 #include <algorithm>
-#include <sstream>
 #include <utility>
 
 namespace Grammar {
@@ -104,16 +103,11 @@ bool RuleRecord::NeedsProof(const RuleText& TextPassIn) const {
   return Needed;
 }
 
-namespace {
-
-/// Reads a text that is one rule. @return false where it is several
-bool ReadOnlyRule(const std::string& Written, RuleText& TextReturn) {
-  std::istringstream Stream(Written);
-  RuleReader Reader(Stream, "");
-  return Reader.Next(TextReturn) && TextReturn.Text.size() == Written.size();
+bool ReadOnlyRule(std::string Written, RuleText& TextReturn) {
+  const std::size_t Size = Written.size();
+  RuleReader Reader(std::move(Written));
+  return Reader.Next(TextReturn) && TextReturn.Text.size() == Size;
 }
-
-}  // namespace
 
 /// Whether reading what is written gives the same again.
 bool RuleRecord::IsStable() const {
@@ -170,9 +164,6 @@ bool TakeLabel(std::string_view Comment, std::string_view Label, std::string_vie
   return true;
 }
 
-namespace {
-
-/// The first comment with a label, and what stands behind it; the end where there is none.
 std::vector<std::string>::const_iterator FindLabel(const std::vector<std::string>& vsComments,
                                                    std::string_view Label,
                                                    std::string_view& RestReturn) {
@@ -180,8 +171,6 @@ std::vector<std::string>::const_iterator FindLabel(const std::vector<std::string
     return TakeLabel(sComment, Label, RestReturn);
   });
 }
-
-}  // namespace
 
 int CountIn(const std::vector<std::string>& vsComments) {
   std::string_view Rest;

@@ -117,8 +117,16 @@ class RuleRecord {
 /// line, it takes so many bytes.
 bool IsTooLong(const RuleText& TextPassIn);
 
+/// Takes apart a text that is one rule. @return false where it is none, or several
+bool ReadOnlyRule(std::string Written, RuleText& TextReturn);
+
 /// Whether a comment begins with a label such as "SL:", with or without blanks behind ";;", and
 /// what stands behind the label and the blanks after it.
 bool TakeLabel(std::string_view Comment, std::string_view Label, std::string_view& RestReturn);
+
+/// The first comment with a label, and what stands after it; the end where there is none.
+std::vector<std::string>::const_iterator FindLabel(const std::vector<std::string>& vsComments,
+                                                   std::string_view Label,
+                                                   std::string_view& RestReturn);
 
 }  // namespace Grammar
