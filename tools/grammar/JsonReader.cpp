@@ -31,8 +31,7 @@ using Strings = std::vector<std::string>;
 /// The object of a line, parsed in a copy of it.
 class ParsedLine {
  public:
-  explicit ParsedLine(std::string_view Line)
-      : Text(Line), Pool(Space.data(), Space.size()), Parsed(&Pool) {
+  explicit ParsedLine(std::string_view Line) : Text(Line) {
     Parse();
     std::size_t Bad = Parsed.HasParseError() ? Parsed.GetErrorOffset() : Line.size();
     // The parser takes the first NUL for the end, and any byte for a part of a text.
@@ -61,10 +60,7 @@ class ParsedLine {
     }
   }
 
-  /// The object of a usual rule fits.
-  alignas(std::max_align_t) std::array<char, 16384> Space;
   std::string Text;
-  rapidjson::MemoryPoolAllocator<> Pool;
   rapidjson::Document Parsed;
 };
 
@@ -126,7 +122,7 @@ void LetCommentSayWords(const Json& Object, const char* Name, std::string_view L
 void LetCommentSayStructure(const Json& Object, Strings& vsCommentsReturn) {
   const JsonMember Given(Object, "cStructure");
   if (!Given.IsMissing()) {
-    const std::string Structure = Given.AsLine();
+    std::string Structure = Given.AsLine();
     const auto IsSaid = [&](std::string_view Rest) { return Rest == Structure; };
     LetCommentSay(
         "C-Structure:", IsSaid, [&] { return Structure; }, vsCommentsReturn);
