@@ -66,9 +66,9 @@ run_and_compare() {
 
 # run_consumers FOLDER: the programs of consumer/, which were built there.
 run_consumers() {
-  for Program in consumer early-use; do
-    run_and_compare "$1/$Program" "$Here/expected/$Program.txt"
-    check_linkage "$1/$Program"
+  for Consumer in consumer early-use; do
+    run_and_compare "$1/$Consumer" "$Here/expected/$Consumer.txt"
+    check_linkage "$1/$Consumer"
   done
 }
 
