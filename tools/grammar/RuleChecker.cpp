@@ -94,7 +94,6 @@ class Checker {
   // The parts of the rule whose lines come next.
   std::size_t NextHeader = 0;
   std::size_t NextRuleLine = 0;
-  std::size_t NextAlignment = 0;
   std::size_t NextConstraint = 0;
   std::size_t NextBroken = 0;
 
