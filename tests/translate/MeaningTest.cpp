@@ -307,6 +307,20 @@ TEST(Meaning, ClashesWhereAStructureContainsItself) {
             "none");
 }
 
+TEST(Meaning, ClashesWhereWhatIsBroughtMakesAStructureContainItself) {
+  // B is what A has below F, and in the other one A is what B has below F: both hold in a ring
+  // only.
+  const std::string Words = Word("N", "a", "x", "((x0 b) = (x0 a f))\n((y0 a) = (y0 b f))\n") +
+                            Word("M", "b", "y", "((x0 a) = (x0 b f))\n");
+  const std::string Pair = "S::S : [N M] -> [N M]\n(X1::Y1)\n(X2::Y2)\n";
+  EXPECT_EQ(Structures(Pair + "(y0 = x1)\n" + Words, "a b"),
+            R"({} -> {"A":{"F":{"#":1,"is":{}}},"B":{"#":1}})");
+  EXPECT_EQ(Structures(Pair + "(y0 = x1)\n(y0 = x2)\n" + Words, "a b"), "none");
+  // Also where it is brought to a part, of which nothing is kept.
+  EXPECT_EQ(Structures(Pair + "(y1 = x2)\n" + Words, "a b"), "{} -> {}");
+  EXPECT_EQ(Structures(Pair + "(y1 = x1)\n" + Words, "a b"), "none");
+}
+
 TEST(Meaning, KeepsWhatIsSharedAndTellsItFromWhatIsEqual) {
   EXPECT_EQ(Structures(Word("N", "a", "x", "((x0 b) = (x0 a))\n((x0 a) = p)\n"), "a"),
             R"({"A":{"#":1,"is":"P"},"B":{"#":1}} -> {})");

@@ -1,105 +1,229 @@
+// Sections: texts, rule lines, constraints, rules, grammars.
+
 #include "RandomGrammar.h"
 
-std::size_t RandomGrammar::Below(std::size_t Limit) {
-  return Numbers() % Limit;
+#include "Bytes.h"
+
+#include <initializer_list>
+#include <utility>
+
+// ---- Texts ------------------------------------------------------------------------------------
+
+namespace {
+
+/// Joins texts. Those in braces are made from the left to the right, with every compiler.
+std::string Joined(std::initializer_list<std::string> vsTexts) {
+  std::string Whole;
+  for (const std::string& sEach : vsTexts) {
+    Whole += sEach;
+  }
+  return Whole;
+}
+
+}  // namespace
+
+std::string RandomRule::Text() const {
+  std::string Whole = Head + "(\n" + Alignments;
+  for (const RandomConstraint& Each : vConstraints) {
+    Whole += Each.Text + '\n';
+  }
+  return Whole + ")\n";
+}
+
+std::string TextOf(const std::vector<RandomRule>& vRules) {
+  std::string Text;
+  for (const RandomRule& Each : vRules) {
+    Text += Each.Text();
+  }
+  return Text;
 }
 
 std::string RandomGrammar::Of(const std::string& Letters) {
   return std::string(1, Letters[Below(Letters.size())]);
 }
 
-/// Labels; `KindsReturn` gets a letter for each place, and a blank for each literal.
-std::string RandomGrammar::Sequence(std::size_t Size, const std::string& Places,
-                                    std::string& KindsReturn) {
-  std::string Text;
-  for (std::size_t Index = 0; Index < Size; ++Index) {
-    const bool IsLiteral = Below(4) == 0;
-    const std::string Label = IsLiteral ? Of("abc") : Of(Places);
-    KindsReturn += IsLiteral ? " " : Label;
-    Text += (Index == 0 ? "" : " ") + (IsLiteral ? '"' + Label + '"' : Label);
-  }
-  return Text;
-}
-
-/// Each target place gets a source place, if there is one; sometimes another line more.
-std::string RandomGrammar::Alignments(const std::string& Source, const std::string& Target) {
-  std::string Text;
-  for (std::size_t Y = 0; Y < Target.size(); ++Y) {
-    const std::size_t X = Below(Source.size());
-    Text += "(X" + std::to_string(X + 1) + "::Y" + std::to_string(Y + 1) + ")\n";
-  }
-  if (Below(6) == 0) {
-    Text += "(X" + std::to_string(Below(Source.size()) + 1) + "::Y" +
-            std::to_string(Below(Target.size()) + 1) + ")\n";
-  }
-  return Text;
-}
-
-std::string RandomGrammar::Path(char Side, std::size_t Size) {
-  std::string Text = Side + std::to_string(Below(Size + 1));
-  if (Below(5) != 0) {
-    Text = '(' + Text + ' ' + Of("fgh") + (Below(4) == 0 ? ' ' + Of("fgh") : "") + ')';
-  }
-  return Text;
-}
-
-std::string RandomGrammar::Constraint(std::size_t SourceSize, std::size_t TargetSize) {
-  const auto AnyPath = [&] {
-    const bool IsSource = Below(2) == 0;
-    return IsSource ? Path('x', SourceSize) : Path('y', TargetSize);
-  };
-  std::string Left = AnyPath();
-  if (Left.front() != '(' || Below(3) == 0) {
-    return '(' + Left + " = " + AnyPath() + ")\n";
-  }
-  switch (Below(5)) {
-    case 0:
-      return '(' + Left + " = (*OR* " + Of("pqr") + ' ' + Of("pqr") + "))\n";
-    case 1:
-      return '(' + Left + " = (*NOT* " + Of("pqr") + "))\n";
-    default:
-      return '(' + Left + " == " + Of("pqr") + ")\n";
-  }
-}
-
-std::string RandomGrammar::Rule(bool IsLexical) {
-  const std::string Types = "ABC";
-  std::string Source;
-  std::string Target;
-  std::string Left;
-  std::string Right;
-  if (IsLexical) {
-    Source = Target = " ";
-    Left = '"' + Of("abc") + '"';
-    Right = '"' + Of("xyz") + '"';
-  } else {
-    Left = Sequence(1 + Below(3), Types, Source);
-    Right = Sequence(1 + Below(3), Types, Target);
-  }
-  std::string Text = ";;Score: " + std::to_string(1 + Below(3)) + '\n';
-  Text += Of(Types) + "::" + Of(Types) + " : [" + Left + "] -> [" + Right + "]\n(\n";
-  Text += Alignments(Source, Target);
-  for (std::size_t Count = Below(4); Count > 0; --Count) {
-    Text += Constraint(Source.size(), Target.size());
-  }
-  return Text + ")\n";
-}
-
-std::string RandomGrammar::Grammar() {
-  std::string Text;
-  for (std::size_t Count = 4 + Below(6); Count > 0; --Count) {
-    Text += Rule(true);
-  }
-  for (std::size_t Count = 4 + Below(24); Count > 0; --Count) {
-    Text += Rule(false);
-  }
-  return Text;
+/// The same, now and then in capitals.
+std::string RandomGrammar::AnyCase(std::string Text) {
+  return OneIn(8) ? Grammar::Upper(Text) : Text;
 }
 
 std::string RandomGrammar::Text(const std::string& Letters) {
   std::string Words;
   for (std::size_t Count = 1 + Below(4); Count > 0; --Count) {
-    Words += (Words.empty() ? "" : " ") + Of(Letters);
+    Words += Words.empty() ? "" : " ";
+    Words += AnyCase(Of(Letters));
   }
   return Words;
+}
+
+// ---- Rule lines -------------------------------------------------------------------------------
+
+/// Labels; `KindsReturn` gets a letter for each place, and a blank for each literal.
+std::string RandomGrammar::Sequence(std::size_t Size, bool IsSource, std::string& KindsReturn) {
+  std::string Text;
+  for (std::size_t Index = 0; Index < Size; ++Index) {
+    const bool IsLiteral = OneIn(4);
+    std::string Label = OneIn(12) ? Of("abc") : Of("ABC");
+    if (IsLiteral) {
+      Label = '"' + (OneIn(IsSource ? 30 : 6) ? "" : AnyCase(Of("abc"))) + '"';
+    }
+    KindsReturn += IsLiteral ? " " : Label;
+    Text += Index == 0 ? "" : " ";
+    Text += Label;
+  }
+  return Text;
+}
+
+/// Mostly, each target component gets a source; sometimes one line too few, or one more.
+std::string RandomGrammar::Alignments(const std::string& Source, const std::string& Target) {
+  const auto Line = [&](std::size_t Y) {
+    return "(X" + std::to_string(Below(Source.size()) + 1) + "::Y" + std::to_string(Y + 1) + ")\n";
+  };
+  std::string Text;
+  for (std::size_t Y = 0; Y < Target.size(); ++Y) {
+    Text += Y > 0 && OneIn(25) ? "" : Line(Y);
+  }
+  return OneIn(6) ? Text + Line(Below(Target.size())) : Text;
+}
+
+// ---- Constraints ------------------------------------------------------------------------------
+
+std::string RandomGrammar::Features() {
+  std::string Text = AnyCase(Of("fgh"));
+  while (OneIn(4)) {
+    Text += ' ' + Of("fgh");
+  }
+  return Text;
+}
+
+std::string RandomGrammar::Node(char Side, std::size_t Index) {
+  return Joined({AnyCase(std::string(1, Side)), OneIn(20) ? "0" : "", std::to_string(Index)});
+}
+
+std::string RandomGrammar::Path(const Sizes& Of) {
+  const bool IsSource = OneIn(2);
+  const std::string Text =
+      IsSource ? Node('x', Below(Of.first + 1)) : Node('y', Below(Of.second + 1));
+  return OneIn(4) ? Text : Joined({"(", Text, " ", Features(), ")"});
+}
+
+std::string RandomGrammar::Atom() {
+  return OneIn(10) ? "new york" : AnyCase(Of("pqr"));
+}
+
+/// Words between blanks.
+std::string RandomGrammar::Atoms() {
+  std::string Text = AnyCase(Of("pqr"));
+  while (OneIn(2)) {
+    Text += ' ' + (OneIn(12) ? "x1" : Of("pqr"));
+  }
+  return Text;
+}
+
+RandomConstraint RandomGrammar::Value(const Sizes& Of) {
+  const bool IsSource = OneIn(2);
+  const std::size_t Index = OneIn(2) ? 0 : Below((IsSource ? Of.first : Of.second) + 1);
+  const std::string Words = Features();
+  RandomConstraint New;
+  New.Path = (IsSource ? "X" : "Y") + std::to_string(Index) + ' ' + Grammar::Upper(Words);
+  New.Text = Joined({"((", Node(IsSource ? 'x' : 'y', Index), " ", Words, ") "});
+  switch (Below(5)) {
+    case 0:
+      New.Text += "= (*OR* " + Atoms() + "))";
+      break;
+    case 1:
+      New.Text += "= (*NOT* " + Atoms() + "))";
+      New.Path.clear();
+      break;
+    default:
+      New.Text += "== " + Atom() + ')';
+      break;
+  }
+  return New;
+}
+
+RandomConstraint RandomGrammar::Constraint(const Sizes& Of) {
+  if (OneIn(2)) {
+    return Value(Of);
+  }
+  return {Joined({"(", Path(Of), " = ", Path(Of), ")"}), ""};
+}
+
+/// What hands the structures of the parts on, so that there is something to agree about above.
+void RandomGrammar::AddCarriers(const Sizes& Of, RandomRule& RuleReturn) {
+  const std::string X = std::to_string(1 + Below(Of.first));
+  const std::string Y = std::to_string(1 + Below(Of.second));
+  for (const std::string& Each :
+       {"(x0 = x" + X + ')', "(y0 = y" + Y + ')', std::string("(y0 = x0)"),
+        "(y" + Y + " = x" + X + ')', "((x0 f) = x" + X + ')'}) {
+    if (OneIn(5)) {
+      RuleReturn.vConstraints.push_back({Each, ""});
+    }
+  }
+}
+
+/// Paths of one side that lead to the same.
+void RandomGrammar::AddSharing(const Sizes& Of, RandomRule& RuleReturn) {
+  const bool IsSource = OneIn(2);
+  const char Side = IsSource ? 'x' : 'y';
+  const std::size_t Index = OneIn(2) ? 0 : Below((IsSource ? Of.first : Of.second) + 1);
+  for (std::size_t Count = 1 + Below(2); Count > 0; --Count) {
+    RuleReturn.vConstraints.push_back({Joined({"((", Node(Side, Index), " ", Features(), ") = (",
+                                               Node(Side, Index), " ", Features(), "))"}),
+                                       ""});
+  }
+}
+
+void RandomGrammar::AddConstraints(const Sizes& Of, std::size_t Count, RandomRule& RuleReturn) {
+  for (; Count > 0; --Count) {
+    RuleReturn.vConstraints.push_back(Constraint(Of));
+  }
+  if (OneIn(6)) {
+    AddSharing(Of, RuleReturn);
+  }
+  if (!RuleReturn.vConstraints.empty() && OneIn(10)) {
+    RuleReturn.vConstraints.push_back(RuleReturn.vConstraints.front());
+  }
+}
+
+// ---- Rules ------------------------------------------------------------------------------------
+
+RandomRule RandomGrammar::LexicalRule() {
+  RandomRule New;
+  New.Head = Joined({";;Score: ", Of("123"), "\n", Of("ABC"), "::", Of("ABC"), " : [\"", Of("abc"),
+                     "\"] -> [\"", Of("xyz"), "\"]\n"});
+  New.Alignments = "(X1::Y1)\n";
+  AddConstraints({1, 1}, Below(4), New);
+  return New;
+}
+
+RandomRule RandomGrammar::PhraseRule() {
+  RandomRule New;
+  std::string Source;
+  std::string Target;
+  const std::string Left = Sequence(1 + Below(3), true, Source);
+  const std::string Right = Sequence(1 + Below(3), false, Target);
+  New.Head = Joined({";;Score: ", Of("123"), "\n", Of("ABC"), "::", Of("ABC"), " : [", Left,
+                     "] -> [", Right, "]\n"});
+  New.Alignments = Alignments(Source, Target);
+  const Sizes Both{Source.size(), Target.size()};
+  AddConstraints(Both, Below(3), New);
+  AddCarriers(Both, New);
+  return New;
+}
+
+// ---- Grammars ---------------------------------------------------------------------------------
+
+std::vector<RandomRule> RandomGrammar::Rules() {
+  std::vector<RandomRule> vRules;
+  for (std::size_t Count = 4 + Below(6); Count > 0; --Count) {
+    vRules.push_back(LexicalRule());
+  }
+  for (std::size_t Count = 4 + Below(24); Count > 0; --Count) {
+    vRules.push_back(PhraseRule());
+  }
+  if (OneIn(4)) {
+    vRules.push_back(vRules[Below(vRules.size())]);
+  }
+  return vRules;
 }

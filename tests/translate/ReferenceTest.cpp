@@ -3,91 +3,68 @@
 
 #include "RandomGrammar.h"
 #include "ReferenceTranslator.h"
-#include "StructureText.h"
 #include "TranslateSupport.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <string>
-#include <vector>
 
 namespace {
 
-using Strings = std::vector<std::string>;
-
-/// A derivation in the reference implementation's words.
-std::string TextOf(TestEngine& Grammar, const Translate::Translation& Each) {
-  Translate::StructureText Structures(Grammar.Set(), Grammar.Engine.Structures(),
-                                      Grammar.Engine.Atoms());
-  std::string Text = std::to_string(Each.Score) + ' ' + Each.Target + ' ';
-  std::vector<std::uint32_t> vLeft;
-  for (const Translate::TreeNode& Node : Grammar.Engine.NodesOf(Each.Tree, 0)) {
-    Text += std::to_string(Grammar.Set().At(Node.Rule).Line);
-    Structures.AppendJson(Node.Structures.Source, Text);
-    Structures.AppendJson(Node.Structures.Target, Text);
-    Text += '(';
-    vLeft.push_back(Node.Parts);
-    while (!vLeft.empty() && vLeft.back() == 0) {
-      Text += ')';
-      vLeft.pop_back();
-      if (!vLeft.empty()) {
-        --vLeft.back();
-      }
-    }
-  }
-  return Text;
-}
-
-Strings DerivationsOf(TestEngine& Grammar, const std::string& Text) {
-  Strings vsDerivations;
-  for (const Translate::Translation& Each :
-       Grammar.Engine.Translate(Text, TestEngine::AllDerivations()).vTranslations) {
-    vsDerivations.push_back(TextOf(Grammar, Each));
-  }
-  return vsDerivations;
-}
-
+/// Holds the engine and the reference implementation together on a grammar and some texts.
 /// @return how many derivations were compared
-std::size_t Compare(unsigned Seed, bool IsReversed) {
+std::size_t Compare(unsigned Seed, const Translate::RuleSetOptions& Rules, std::uint32_t MaxChain) {
   RandomGrammar Random(Seed);
-  const std::string Text = Random.Grammar();
-  Translate::RuleSetOptions Options;
-  Options.IsReversed = IsReversed;
-  TestEngine Grammar(Text, Options);
+  const std::string Text = TextOf(Random.Rules());
+  TestEngine Grammar(Text, Rules);
   const ReferenceTranslator Slow(Grammar.Read.vRules, Grammar.Read.vNumbers);
+  Translate::TextOptions Options = TestEngine::AllDerivations();
+  Options.WantsCount = true;
+  Options.Limits.MaxChain = MaxChain;
   std::size_t Compared = 0;
   for (int Round = 0; Round < 4; ++Round) {
-    const std::string Words = Random.Text(IsReversed ? "axyz" : "abc");
-    const ReferenceTranslator::Result Expected = Slow.Translate(Words);
-    if (!Expected.IsTooMuch) {
-      EXPECT_EQ(DerivationsOf(Grammar, Words), Expected.vDerivations)
-          << "seed " << Seed << ", \"" << Words << "\"\n"
-          << Text;
-      EXPECT_EQ(Grammar.Engine.ParsedChart().Count().Constituents, Expected.Constituents)
-          << "seed " << Seed << ", \"" << Words << "\"\n"
-          << Text;
-      Compared += Expected.vDerivations.size();
+    const std::string Words = Random.Text(Rules.IsReversed ? "axyz" : "abc");
+    const ReferenceTranslator::Result Expected = Slow.Translate(Words, {MaxChain, Rules.MatchCase});
+    if (Expected.IsTooMuch) {
+      continue;
     }
+    const std::string Where = "seed " + std::to_string(Seed) + ", \"" + Words + "\"\n" + Text;
+    const Translate::TextResult Result = Grammar.Engine.Translate(Words, Options);
+    EXPECT_EQ(DerivationTexts(Grammar, Result), Expected.vDerivations) << Where;
+    EXPECT_EQ(Result.Derivations, Expected.vDerivations.size()) << Where;
+    EXPECT_EQ(Grammar.Engine.ParsedChart().Count().Constituents, Expected.Constituents) << Where;
+    Compared += Expected.vDerivations.size();
   }
   return Compared;
 }
 
-TEST(Reference, FindsTheSameDerivationsInTheSameOrder) {
+struct Case {
+  const char* Name;
+  Translate::RuleSetOptions Rules;
+  std::uint32_t MaxChain;
+  unsigned FirstSeed;
+  unsigned Seeds;
+  std::size_t Derivations;  ///< to be compared at least: grammars without them would prove nothing
+};
+
+class Reference : public testing::TestWithParam<Case> {};
+
+TEST_P(Reference, FindsTheSameDerivationsInTheSameOrder) {
   std::size_t Compared = 0;
-  for (unsigned Seed = 0; Seed < 400 && !testing::Test::HasFailure(); ++Seed) {
-    Compared += Compare(Seed, false);
+  for (unsigned Seed = 0; Seed < GetParam().Seeds && !HasFailure(); ++Seed) {
+    Compared += Compare(GetParam().FirstSeed + Seed, GetParam().Rules, GetParam().MaxChain);
   }
-  // Grammars without derivations would prove nothing.
-  EXPECT_GT(Compared, 5000U);
+  EXPECT_GT(Compared, GetParam().Derivations);
 }
 
-TEST(Reference, FindsTheSameDerivationsInReverse) {
-  std::size_t Compared = 0;
-  for (unsigned Seed = 1000; Seed < 1200 && !testing::Test::HasFailure(); ++Seed) {
-    Compared += Compare(Seed, true);
-  }
-  EXPECT_GT(Compared, 1000U);
-}
+INSTANTIATE_TEST_SUITE_P(Settings, Reference,
+                         testing::Values(Case{"Plain", {false, false}, 8, 0, 300, 2000},
+                                         Case{"Reverse", {true, false}, 8, 1000, 150, 300},
+                                         Case{"MatchCase", {false, true}, 8, 2000, 150, 300},
+                                         Case{"ShortChains", {false, false}, 2, 3000, 150, 300},
+                                         Case{"NoChains", {true, true}, 0, 4000, 150, 100}),
+                         [](const auto& Each) { return std::string(Each.param.Name); });
 
 }  // namespace

@@ -293,15 +293,16 @@ using Derivations = std::vector<Derivation>;
 class Table {
  public:
   Table(const std::vector<SourceRule>& vRulesPassIn,
-        const std::vector<std::uint32_t>& vNumbersPassIn, const std::string& Text)
-      : vRules(vRulesPassIn), vNumbers(vNumbersPassIn) {
+        const std::vector<std::uint32_t>& vNumbersPassIn, const std::string& Text,
+        const ReferenceTranslator::Settings& HowPassIn)
+      : vRules(vRulesPassIn), vNumbers(vNumbersPassIn), How(HowPassIn) {
     std::istringstream Stream(Text);
     for (std::string Token; Stream >> Token;) {
       vsTokens.push_back(Token);
     }
   }
 
-  void Fill(std::size_t MaxChain);
+  void Fill();
 
   std::vector<std::string> vsTokens;
   std::map<std::pair<std::size_t, std::size_t>, Derivations> mSpans;
@@ -312,6 +313,9 @@ class Table {
     return vRules[Rule].X.vLabels.size() == 1 && !Translate::IsLiteral(vRules[Rule].X.vLabels[0]);
   }
   bool Fits(std::size_t Rule, std::size_t Component, const Derivation& Part) const;
+  bool Matches(std::string_view Word, const std::string& Token) const {
+    return How.MatchCase ? Word == Token : Translate::IsSameUpper(Word, Token);
+  }
   void Cut(std::size_t Rule, std::size_t Component, std::size_t At, std::size_t End,
            std::vector<const Derivation*>& vParts, Derivations& Made);
   void Apply(std::size_t Rule, const std::vector<const Derivation*>& vParts, Derivations& Made);
@@ -319,6 +323,7 @@ class Table {
 
   const std::vector<SourceRule>& vRules;
   const std::vector<std::uint32_t>& vNumbers;
+  const ReferenceTranslator::Settings How;
 };
 
 bool Table::Fits(std::size_t Rule, std::size_t Component, const Derivation& Part) const {
@@ -347,7 +352,7 @@ void Table::Cut(std::size_t Rule, std::size_t Component, std::size_t At, std::si
     return;
   }
   if (Translate::IsLiteral(vLabels[Component])) {
-    if (Translate::IsSameUpper(Translate::WordOf(vLabels[Component]), vsTokens[At])) {
+    if (Matches(Translate::WordOf(vLabels[Component]), vsTokens[At])) {
       vParts.push_back(nullptr);
       Cut(Rule, Component + 1, At + 1, End, vParts, Made);
       vParts.pop_back();
@@ -410,7 +415,7 @@ class Releaser {
 
 void Table::Apply(std::size_t Rule, const std::vector<const Derivation*>& vParts,
                   Derivations& Made) {
-  constexpr std::size_t TooMany = 3000;
+  constexpr std::size_t TooMany = 500;
   const SourceRule& Each = vRules[Rule];
   Nodes Roots;
   const Releaser AtTheEnd(Roots);
@@ -436,7 +441,8 @@ void Table::Apply(std::size_t Rule, const std::vector<const Derivation*>& vParts
     return;
   }
   Result.Target = CopyOf(Roots[Side::Y][0]);
-  Result.Tree = std::to_string(Each.Line) + TextOf(Result.Source) + TextOf(Result.Target) + '(';
+  Result.Tree =
+      std::to_string(vNumbers[Rule]) + TextOf(Result.Source) + TextOf(Result.Target) + '(';
   for (const Derivation* Part : vParts) {
     if (Part != nullptr) {
       Result.Score += Part->Score;
@@ -453,9 +459,9 @@ void Table::Apply(std::size_t Rule, const std::vector<const Derivation*>& vParts
   IsTooMuch = IsTooMuch || Made.size() > TooMany;
 }
 
-void Table::Fill(std::size_t MaxChain) {
+void Table::Fill() {
   for (std::size_t Size = 1; Size <= vsTokens.size(); ++Size) {
-    for (std::size_t Start = 0; Start + Size <= vsTokens.size(); ++Start) {
+    for (std::size_t Start = 0; Start + Size <= vsTokens.size() && !IsTooMuch; ++Start) {
       Derivations Made;
       std::vector<const Derivation*> vParts;
       for (std::size_t Rule = 0; Rule < vRules.size(); ++Rule) {
@@ -467,7 +473,7 @@ void Table::Fill(std::size_t MaxChain) {
         for (std::size_t Rule = 0; Rule < vRules.size() && !IsTooMuch; ++Rule) {
           const Derivation Part = Made[Below];
           if (IsUnary(Rule) && Fits(Rule, 0, Part) && Part.ssChain.count(Rule) == 0 &&
-              Part.ssChain.size() < MaxChain) {
+              Part.ssChain.size() < How.MaxChain) {
             Apply(Rule, {&Part}, Made);
           }
         }
@@ -480,10 +486,10 @@ void Table::Fill(std::size_t MaxChain) {
 }  // namespace
 
 ReferenceTranslator::Result ReferenceTranslator::Translate(const std::string& Text,
-                                                           std::size_t MaxChain) const {
+                                                           const Settings& How) const {
   Result All;
-  Table Spans(vRules, vNumbers, Text);
-  Spans.Fill(MaxChain);
+  Table Spans(vRules, vNumbers, Text, How);
+  Spans.Fill();
   All.IsTooMuch = Spans.IsTooMuch;
   std::set<std::string> ssConstituents;
   for (const auto& [Span, Made] : Spans.mSpans) {

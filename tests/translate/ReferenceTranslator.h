@@ -10,11 +10,12 @@
 /// of its structures. For small grammars and texts.
 ///
 ///   ReferenceTranslator Slow(Read.vRules, Read.vNumbers);
-///   Slow.Translate("the red car").vDerivations.front();  // "-1386294 el auto rojo 4:(12:() …)"
+///   Slow.Translate("the red car", {}).vDerivations.front();  // "-1386294 el auto rojo
+///   1{}{}(2{}{}() …)"
 class ReferenceTranslator {
  public:
   struct Result {
-    /// Each with its score, words, and its tree of rule lines and structures; in order.
+    /// Each with its score, words, and its tree of rule numbers and structures; in order.
     std::vector<std::string> vDerivations;
     std::size_t Constituents = 0;  ///< how many different ones there are
     bool IsTooMuch = false;        ///< whether it was given up: then the rest means nothing
@@ -24,7 +25,12 @@ class ReferenceTranslator {
                       const std::vector<std::uint32_t>& vNumbersPassIn)
       : vRules(vRulesPassIn), vNumbers(vNumbersPassIn) {}
 
-  Result Translate(const std::string& Text, std::size_t MaxChain = 8) const;
+  struct Settings {
+    std::size_t MaxChain = 8;
+    bool MatchCase = false;
+  };
+
+  Result Translate(const std::string& Text, const Settings& How) const;
 
  private:
   const std::vector<Translate::SourceRule>& vRules;

@@ -3,11 +3,13 @@
 #include "RuleReader.h"
 #include "RuleSet.h"
 #include "RuleSource.h"
+#include "StructureText.h"
 #include "TranslationWriter.h"
 #include "Translator.h"
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <limits>
 #include <sstream>
 #include <string>
@@ -112,3 +114,44 @@ class TestEngine {
  public:
   Translate::Translator Engine;
 };
+
+/// Names a rule by its number, from 1, in the order of the input.
+using RuleName = std::function<std::string(std::uint32_t Number)>;
+
+/// A derivation as a text: its score, its words, and the tree of its rules, each with S and T.
+///
+///   -1386294 el auto 1{"NUM":"SG"}{}(2{}{}()3{"NUM":"SG"}{}())
+inline std::string DerivationText(
+    TestEngine& Grammar, const Translate::Translation& Each,
+    const RuleName& Name = [](std::uint32_t Number) { return std::to_string(Number); }) {
+  Translate::StructureText Structures(Grammar.Set(), Grammar.Engine.Structures(),
+                                      Grammar.Engine.Atoms());
+  std::string Text = std::to_string(Each.Score) + ' ' + Each.Target + ' ';
+  std::vector<std::uint32_t> vLeft;
+  for (const Translate::TreeNode& Node : Grammar.Engine.NodesOf(Each.Tree, 0)) {
+    Text += Name(Grammar.Set().At(Node.Rule).Number);
+    Structures.AppendJson(Node.Structures.Source, Text);
+    Structures.AppendJson(Node.Structures.Target, Text);
+    Text += '(';
+    vLeft.push_back(Node.Parts);
+    while (!vLeft.empty() && vLeft.back() == 0) {
+      Text += ')';
+      vLeft.pop_back();
+      if (!vLeft.empty()) {
+        --vLeft.back();
+      }
+    }
+  }
+  return Text;
+}
+
+/// The derivations that were given for a text, in their order.
+inline std::vector<std::string> DerivationTexts(
+    TestEngine& Grammar, const Translate::TextResult& Result,
+    const RuleName& Name = [](std::uint32_t Number) { return std::to_string(Number); }) {
+  std::vector<std::string> vsTexts;
+  for (const Translate::Translation& Each : Result.vTranslations) {
+    vsTexts.push_back(DerivationText(Grammar, Each, Name));
+  }
+  return vsTexts;
+}

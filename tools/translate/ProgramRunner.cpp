@@ -88,7 +88,8 @@ bool ProgramRunner::Generate(const Program& Equations, const std::vector<Structu
       !Link(Equations, Equations.vGenerationLinks)) {
     return false;
   }
-  if (!Equations.vGenerationLinks.empty() && Nodes.HasCycle()) {
+  // What was brought can close a ring only where something is shared in it.
+  if ((!Equations.vGenerationLinks.empty() || Nodes.HasShared()) && Nodes.HasCycle()) {
     return false;
   }
   TargetResult = Nodes.Freeze(vRoots[0]);

@@ -11,6 +11,7 @@ namespace Translate {
 void Unifier::Clear() {
   vNodes.clear();
   vArcs.clear();
+  ExpandedShared = false;
 }
 
 Unifier::NodeId Unifier::Push(Kind What, std::uint32_t Value) {
@@ -45,6 +46,7 @@ void Unifier::Expand(NodeId Node) {
   const StructureId Structure = vNodes[Node].Value;
   const std::uint32_t* Word = Store.Knot(Structure);
   const std::uint32_t Locals = *Word++;
+  ExpandedShared = ExpandedShared || Locals > 1;
   vExpanded.assign(1, Node);
   for (std::uint32_t Local = 1; Local < Locals; ++Local) {
     vExpanded.push_back(Push(Kind::Complex, NoEntry));

@@ -47,6 +47,10 @@ class Unifier {
 
   bool IsOpen(NodeId Node) { return vNodes[Find(Node)].What == Kind::Open; }
 
+  /// Whether features have become nodes of a structure in which something is shared. Where that is
+  /// not so, and no two nodes of one structure were unified, no structure contains itself.
+  bool HasShared() const { return ExpandedShared; }
+
   /// Whether some structure contains itself.
   bool HasCycle();
 
@@ -116,6 +120,7 @@ class Unifier {
   std::vector<std::uint32_t> vKnot;
   std::vector<NodeId> vExpanded;
   std::uint32_t LastNumber = 0;
+  bool ExpandedShared = false;
 };
 
 }  // namespace Translate
