@@ -106,7 +106,7 @@ void RequireStable(const RuleRecord& Record) {
   Require(vRules.size() == 1, "the normal form is one rule");
   RuleRecord Again;
   std::vector<Finding> vFindings;
-  Require(Again.Read(vRules[0], vFindings), "the normal form can be read");
+  Require(ReadRule(vRules[0], Again, vFindings), "the normal form can be read");
   Require(vFindings.empty(), "the normal form has no stray text");
   Require(NormalFormOf(Again, false) == Once, "the normal form stays as it is");
   const std::string Folded = NormalFormOf(Record, true);

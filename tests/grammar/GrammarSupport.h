@@ -54,7 +54,7 @@ class OwnedRecord : public Grammar::RuleRecord {
   /// Reads the first rule of a text.
   bool ReadFirst(const std::string& Text, std::vector<Grammar::Finding>& vFindingsReturn) {
     OwnText = RulesOf(Text).at(0);
-    return Read(OwnText, vFindingsReturn);
+    return ReadRule(OwnText, *this, vFindingsReturn);
   }
 
   /// A copy of what the library makes of the rule.
@@ -72,10 +72,9 @@ class OwnedRecord : public Grammar::RuleRecord {
 inline std::string NormalFormOf(const std::string& Text,
                                 const Grammar::FormOptions& Options = Grammar::FormOptions()) {
   std::string Written;
-  std::vector<Grammar::Finding> vFindings;
   Grammar::RuleRecord Record;
   for (const Grammar::RuleText& Rule : RulesOf(Text)) {
-    if (Record.Read(Rule, vFindings)) {
+    if (Record.Read(Rule)) {
       AppendNormalForm(Record, Options, Written);
     }
   }

@@ -134,7 +134,7 @@ TEST(RuleRecord, TellsWhyARuleCannotBeRead) {
     std::vector<Finding> vFindings;
     const std::vector<Grammar::RuleText> vRules = RulesOf(sText);
     bool IsRead = true;
-    const Written Streams = WrittenBy([&] { IsRead = Record.Read(vRules.at(0), vFindings); });
+    const Written Streams = WrittenBy([&] { IsRead = ReadRule(vRules.at(0), Record, vFindings); });
     EXPECT_FALSE(IsRead) << sText;
     EXPECT_EQ(PlacesOf(vFindings), vsExpected) << sText;
     EXPECT_EQ(Streams, (Written{"", ""})) << sText;

@@ -195,14 +195,14 @@ TEST(StrayText, StaysWhereARuleIsReadAndWrittenAgain) {
     for (const Grammar::RuleText& Rule : RulesOf(Text)) {
       Grammar::RuleRecord Record;
       std::vector<Grammar::Finding> vFindings;
-      if (Record.Read(Rule, vFindings)) {
+      if (ReadRule(Rule, Record, vFindings)) {
         EXPECT_EQ(Record.HasStrayText(), !vFindings.empty()) << Text;
         WithStray += Record.HasStrayText() ? 1 : 0;
         std::string Once;
         AppendNormalForm(Record, {}, Once);
         EXPECT_EQ(NormalFormOf(Once), Once) << Text;
         std::vector<Grammar::Finding> vNone;
-        EXPECT_TRUE(Record.Read(RulesOf(Once).at(0), vNone)) << Text;
+        EXPECT_TRUE(ReadRule(RulesOf(Once).at(0), Record, vNone)) << Text;
         EXPECT_EQ(PlacesOf(vNone), Strings()) << Text;
       }
     }
@@ -247,10 +247,10 @@ TEST(StrayText, MustNotMakeTheNormalFormTooLong) {
   };
   Grammar::RuleRecord Record;
   std::vector<Grammar::Finding> vFindings;
-  EXPECT_TRUE(Record.Read(RulesOf(RuleWith(33000)).at(0), vFindings));
+  EXPECT_TRUE(ReadRule(RulesOf(RuleWith(33000)).at(0), Record, vFindings));
   EXPECT_EQ(PlacesOf(vFindings), Strings{"1:8+33000 TR035"});
   vFindings.clear();
-  EXPECT_FALSE(Record.Read(RulesOf(RuleWith(34000)).at(0), vFindings));
+  EXPECT_FALSE(ReadRule(RulesOf(RuleWith(34000)).at(0), Record, vFindings));
   EXPECT_EQ(PlacesOf(vFindings), Strings{"2:1+19 TR014"});
 }
 

@@ -283,8 +283,7 @@ std::string LinesFrom(const Json& Object, const Strings& vsComments,
 
 /// Reads lines as one rule.
 void ReadLines(std::string Lines, RuleText& TextReturn, RuleRecord& RecordReturn) {
-  std::vector<Finding> vFindings;
-  if (!ReadOnlyRule(std::move(Lines), TextReturn) || !RecordReturn.Read(TextReturn, vFindings)) {
+  if (!ReadOnlyRule(std::move(Lines), TextReturn) || !RecordReturn.Read(TextReturn)) {
     throw JsonProblem("what is written cannot be read as one rule");
   }
 }

@@ -810,6 +810,13 @@ void ReportReading(const RuleRecord& RecordPassIn, std::vector<Finding>& vFindin
   }
 }
 
+bool ReadRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,
+              std::vector<Finding>& vFindingsReturn) {
+  RecordReturn.Read(TextPassIn);
+  ReportReading(RecordReturn, vFindingsReturn);
+  return RecordReturn.IsRead();
+}
+
 bool CheckRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,
                std::vector<Finding>& vFindingsReturn) {
   RecordReturn.Read(TextPassIn);

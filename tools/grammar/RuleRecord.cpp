@@ -4,7 +4,6 @@
 #include "CountText.h"
 #include "HeaderText.h"
 #include "NormalForm.h"
-#include "RuleChecker.h"
 #include "RuleReader.h"
 #include "StrayText.h"
 
@@ -62,12 +61,6 @@ bool RuleRecord::Read(const RuleText& TextPassIn) {
     ReadComments(TextPassIn);
     Succeeded = !NeedsProof(TextPassIn) || IsStable();
   }
-  return Succeeded;
-}
-
-bool RuleRecord::Read(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn) {
-  Read(TextPassIn);
-  ReportReading(*this, vFindingsReturn);
   return Succeeded;
 }
 

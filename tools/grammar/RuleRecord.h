@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Finding.h"
 #include "LineKind.h"
 #include "RuleForm.h"
 #include "RuleText.h"
@@ -30,14 +29,21 @@ int CountIn(const std::vector<std::string>& vsComments);
 /// One rule as it is written again: comments, header, and what its lines say.
 ///
 ///   RuleRecord Record;
-///   if (Record.Read(Text, vFindings)) {
+///   if (Record.Read(Text)) {
 ///     AppendNormalForm(Record, FormOptions(), Output);
 ///   }
 class RuleRecord {
  public:
   RuleRecord();
 
-  /// Reads a rule as the other `Read`, and says nothing of it.
+  /// Reads a rule; what the record held before is gone.
+  ///
+  /// A rule whose lines are not all in the format, that is longer than the library takes, or that
+  /// the library cannot write, is not read; `ReadRule` of RuleChecker.h reports why. Text on its
+  /// lines that is no part of the rule keeps no rule from being read: it becomes a comment. Nothing
+  /// reaches the standard streams, and nothing ends the process.
+  /// @param TextPassIn has to outlive the record, or its next reading
+  /// @return whether the record holds the rule
   bool Read(const RuleText& TextPassIn);
 
   /// Whether the record holds the rule that it was given last.
@@ -45,17 +51,6 @@ class RuleRecord {
 
   /// Whether constraints of the rule may be dropped or merged with others; true where nobody knows.
   bool MayHaveRepetitions() const { return !HasForm || OrderedForm.HasRepetitions(); }
-
-  /// Reads a rule; what the record held before is gone.
-  ///
-  /// A rule whose lines are not all in the format, that is longer than the library takes, or that
-  /// the library cannot write, is not read: the findings, all of them errors, tell why. Warnings
-  /// are the business of `RuleChecker`. Text on its lines that is no part of the rule keeps no rule
-  /// from being read: it becomes a comment, and is reported. Nothing reaches the standard streams,
-  /// and nothing ends the process.
-  /// @param TextPassIn has to outlive the record, or its next reading
-  /// @return whether the record holds the rule
-  bool Read(const RuleText& TextPassIn, std::vector<Finding>& vFindingsReturn);
 
   /// The lines of the rule, taken apart; also of a rule that could not be read.
   const SourceRule& Lines() const { return Source; }

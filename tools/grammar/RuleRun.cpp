@@ -1,6 +1,7 @@
 #include "RuleRun.h"
 
 #include "Pipeline.h"
+#include "RuleChecker.h"
 #include "RuleFiles.h"
 #include "RunError.h"
 
@@ -112,7 +113,7 @@ class BatchReader {
 void PrepareBatch(const RuleVisitor& Visitor, bool KeepBad, RuleBatch& BatchReturn) {
   RuleRecord Record;
   for (RuleBatch::Rule& Each : BatchReturn.vRules) {
-    Each.IsTaken = Each.Text.HasRule && Record.Read(Each.Text, Each.vFindings) &&
+    Each.IsTaken = Each.Text.HasRule && ReadRule(Each.Text, Record, Each.vFindings) &&
                    !(KeepBad && Record.HasStrayText());
     if (Each.IsTaken) {
       Visitor.PrepareRule(Record, BatchReturn.Keys, BatchReturn.Texts);
