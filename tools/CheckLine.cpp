@@ -2,6 +2,9 @@
 #include "Version.h"
 #include "grammar/CheckCommand.h"
 
+#include <optional>
+#include <string>
+
 namespace {
 
 /// The command's options as they are written.
@@ -9,7 +12,7 @@ struct CheckLine {
   Grammar::RunOptions Run;
   Grammar::CheckOptions Options;
   std::string Format = "text";
-  std::string Severity = "warning";
+  std::string Severity;
 };
 
 Grammar::FindingFormat FormatOf(const std::string& Name) {
@@ -19,15 +22,26 @@ Grammar::FindingFormat FormatOf(const std::string& Name) {
   return Name == "sarif" ? Grammar::FindingFormat::Sarif : Grammar::FindingFormat::Text;
 }
 
+std::optional<Grammar::Severity> LeastOf(const std::string& Name) {
+  for (const auto Level :
+       {Grammar::Severity::Note, Grammar::Severity::Warning, Grammar::Severity::Error}) {
+    if (NameOf(Level) == Name) {
+      return Level;
+    }
+  }
+  return std::nullopt;
+}
+
 /// The codes as a list for the end of the help.
 std::string Footer() {
+  constexpr std::size_t LevelWidth = 9;
   std::string Text = "Codes:\n";
   for (const Grammar::CodeInfo& Each : Grammar::AllCodes()) {
     Text.append("  ").append(Each.Code).append("  ").append(NameOf(Each.Level));
-    Text.append(Each.Level == Grammar::Severity::Error ? "    " : "  ");
-    Text.append(Each.Title).append("\n");
+    Text.append(LevelWidth - NameOf(Each.Level).size(), ' ').append(Each.Title).append("\n");
   }
   return Text +
+         "\ntrrule explain CODE tells more of a code.\n"
          "\nExit status: 0 nothing found, 1 something found, 2 the run failed.\n"
          "\nExample:\n"
          "  trrule check --severity error --except TR009,TR010 np.trr\n";
@@ -37,7 +51,7 @@ int Run(const CheckLine& Line) {
   Grammar::CheckOptions Options = Line.Options;
   Options.Format = FormatOf(Line.Format);
   Options.Version = ProgramVersion;
-  Options.Least = Line.Severity == "error" ? Grammar::Severity::Error : Grammar::Severity::Warning;
+  Options.Least = LeastOf(Line.Severity);
   return RunCheck(Line.Run, Options);
 }
 
@@ -50,11 +64,17 @@ void AddCheckCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   AddRunOptions(*Command, Line->Run);
   Command->add_option("--format", Line->Format, "text, json or sarif")
       ->check(CLI::IsMember({"text", "json", "sarif"}));
-  Command->add_option("--severity", Line->Severity, "error: tell no warnings")
-      ->check(CLI::IsMember({"error", "warning"}));
+  Command
+      ->add_option("--severity", Line->Severity,
+                   "the least that is shown, warning where it is not given; notes are what only "
+                   "concerns programs that use the library's own reader")
+      ->check(CLI::IsMember({"error", "warning", "note"}));
   Command->add_option("--only", Line->Options.vsOnly, "tell these codes alone")->delimiter(',');
   Command->add_option("--except", Line->Options.vsExcept, "do not tell these codes")
       ->delimiter(',');
+  Command->add_flag("--statistics", Line->Options.Statistics,
+                    "show a table of codes and counts in place of the findings");
+  AddThreads(*Command, Line->Run);
   for (const char* Name : {"--only", "--except"}) {
     Command->get_option(Name)->type_name("CODE,...")->allow_extra_args(false);
   }

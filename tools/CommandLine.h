@@ -35,5 +35,6 @@ void AddUniqueCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddFromJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddTranslateCommand(CLI::App& ProgramReturn, Action& ActionReturn);
+void AddExplainCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddHelpCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddVersionCommand(CLI::App& ProgramReturn, Action& ActionReturn);

@@ -122,7 +122,7 @@ TEST(CountText, IsReportedWithItsPlace) {
                       "written \";;Score:\"\n"
                       "  ; Score: not a label\n"
                       "  ^~~~~~~~\n",
-                      ""}));
+                      "0 errors, 4 warnings, 0 notes\n"}));
   Folder.Write("a.trr", ";;Score: abc\n");
   EXPECT_EQ(RunTrrule({"check", "a.trr"}, Folder.Path("")), (ChildEnd{0, "", ""}));
 }

@@ -1,8 +1,7 @@
-// What is found in rules, and how the findings are written.
+// What is found in rules, and what `print` makes of them.
 
 #include "RuleChecker.h"
 
-#include "CheckCommand.h"
 #include "GrammarSupport.h"
 #include "PrintCommand.h"
 #include "RunError.h"
@@ -12,17 +11,12 @@
 
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
-#include <set>
 #include <utility>
 
 namespace {
 
-using Grammar::CheckOptions;
 using Grammar::Finding;
-using Grammar::FindingFormat;
 using Grammar::RunOptions;
-using Grammar::Severity;
 
 /// A rule with three components on each side and some lines in its body, the first of them line 7.
 std::string RuleWith(const std::string& Lines) {
@@ -152,144 +146,6 @@ TEST(RuleChecker, OutlivesEveryPrefixOfTheSampleInSilence) {
     }
   });
   EXPECT_EQ(Streams, (Written{"", ""}));
-}
-
-TEST(Codes, AscendAndAreFound) {
-  std::string Last;
-  for (const Grammar::CodeInfo& Each : Grammar::AllCodes()) {
-    EXPECT_LT(Last, Each.Code);
-    EXPECT_EQ(Grammar::FindCode(Each.Code), &Each);
-    Last = Each.Code;
-  }
-  EXPECT_EQ(Grammar::FindCode("TR000"), nullptr);
-  EXPECT_EQ(Grammar::FindCode("tr001"), nullptr);
-}
-
-// ---- How findings are written -----------------------------------------------------------------
-
-TEST(FindingText, HasACaretBelowWhatIsMeant) {
-  Finding Each{
-      "a b", 3, 4, 2, Severity::Warning, "TR024", "doubled", "\t\xC3\xA9==", "=", "b", 7, "e"};
-  EXPECT_EQ(TextOf(Each, false),
-            "a b:3:4: warning TR024: doubled\n  \t\xC3\xA9==\n  \t ^~\n  instead: =\n"
-            "  for example: e\n  see b:7\n");
-  EXPECT_EQ(TextOf(Each, true),
-            "\x1b[1ma b:3:4: \x1b[0m\x1b[1;35mwarning TR024\x1b[0m: doubled\n  \t\xC3\xA9==\n  "
-            "\x1b[32m\t ^~\x1b[0m\n  instead: =\n  for example: e\n  see b:7\n");
-}
-
-TEST(FindingText, ShowsNoBytesThatMoveTheCursor) {
-  const Finding Each{"a\x1b", 1,  9, 5, Severity::Error, "TR008", "m\x7F", "\x1b[1m\r",
-                     "",      "", 0, ""};
-  EXPECT_EQ(TextOf(Each, false), "a?:1:9: error TR008: m?\n  ?[1m?\n       ^\n");
-}
-
-TEST(FindingText, CutsLongLinesAroundWhatIsMeant) {
-  const Finding Each{"a", 1,  501, 2, Severity::Error, "TR008", "m", std::string(1000, 'x'),
-                     "",  "", 0,   ""};
-  EXPECT_EQ(TextOf(Each, false), "a:1:501: error TR008: m\n  " + std::string(160, 'x') + "\n  " +
-                                     std::string(40, ' ') + "^~\n");
-}
-
-/// Runs check over a file and gives its status, its result and what it wrote to the streams.
-struct CheckEnd {
-  int Status;
-  std::string Result;
-  Written Streams;
-};
-
-CheckEnd Check(const std::string& Text, const CheckOptions& Options) {
-  const TestFolder Folder;
-  RunOptions Run;
-  Run.vsFiles = {Folder.Write("a b.trr", Text)};
-  Run.Output = Folder.Path("out");
-  CheckEnd End{-1, "", {}};
-  End.Streams = WrittenBy([&] { End.Status = RunCheck(Run, Options); });
-  End.Result = StringUtils::ReplaceAll(Folder.Read("out"), Folder.Path(""), "");
-  return End;
-}
-
-const std::string TwoEqual = RuleWith("(x0 = x3)") + RuleWith("(x0 = x3)");
-
-TEST(CheckCommand, TellsOfEqualRulesAndNumbersWithBothPlaces) {
-  const CheckEnd End = Check(TwoEqual, CheckOptions());
-  EXPECT_EQ(End.Status, Grammar::StatusFindings);
-  EXPECT_EQ(End.Result,
-            "a b.trr:9:1: warning TR034: {NP,8} is the header of another rule, too\n"
-            "  {NP,8}\n  ^~~~~~\n  see a b.trr:1\n"
-            "a b.trr:10:1: warning TR033: this rule says the same as another one\n"
-            "  NP::NP : [DET ADJ N] -> [DET N ADJ]\n  " +
-                std::string("^") + std::string(34, '~') + "\n  see a b.trr:2\n");
-  EXPECT_EQ(End.Streams, (Written{"", ""}));
-}
-
-TEST(CheckCommand, TellsTheCodesThatAreWanted) {
-  const std::string Text = RuleWith("(x0 == x3)\n(x9 = x3)");
-  const auto CodesFor = [&](Severity Least, const Strings& vsOnly, const Strings& vsExcept) {
-    CheckOptions Options;
-    Options.Format = FindingFormat::Json;
-    Options.Least = Least;
-    Options.vsOnly = vsOnly;
-    Options.vsExcept = vsExcept;
-    const CheckEnd End = Check(Text, Options);
-    Strings vsCodes;
-    for (const auto& Each : nlohmann::json::parse(End.Result)) {
-      vsCodes.push_back(Each["code"]);
-    }
-    EXPECT_EQ(End.Status, vsCodes.empty() ? Grammar::StatusClean : Grammar::StatusFindings);
-    return vsCodes;
-  };
-  EXPECT_EQ(CodesFor(Severity::Warning, {}, {}), (Strings{"TR024", "TR009"}));
-  EXPECT_EQ(CodesFor(Severity::Error, {}, {}), (Strings{"TR009"}));
-  EXPECT_EQ(CodesFor(Severity::Warning, {"TR024"}, {}), (Strings{"TR024"}));
-  EXPECT_EQ(CodesFor(Severity::Warning, {}, {"TR024"}), (Strings{"TR009"}));
-  EXPECT_EQ(CodesFor(Severity::Error, {"TR024"}, {}), Strings());
-  EXPECT_EQ(CodesFor(Severity::Warning, {"TR024", "TR009"}, {"TR009"}), (Strings{"TR024"}));
-}
-
-TEST(CheckCommand, KnowsNoOtherCodes) {
-  CheckOptions Only;
-  Only.vsOnly = {"TR001", "TR099"};
-  CheckOptions Except;
-  Except.vsExcept = {"TR1"};
-  EXPECT_THROW(Check("", Only), Grammar::RunError);
-  EXPECT_THROW(Check("", Except), Grammar::RunError);
-}
-
-TEST(CheckCommand, WritesJson) {
-  CheckOptions Options;
-  Options.Format = FindingFormat::Json;
-  EXPECT_EQ(Check("", Options).Result, "[]\n");
-  EXPECT_EQ(
-      Check(RuleWith("(x0 == x3\xFF)"), Options).Result,
-      "[\n{\"file\":\"a b.trr\",\"line\":7,\"column\":8,\"length\":3,\"severity\":\"error\","
-      "\"code\":\"TR012\",\"message\":\"\\\"x3\xEF\xBF\xBD\\\" is no node, and only a node can "
-      "equal x0\",\"text\":\"(x0 == x3\xEF\xBF\xBD)\",\"example\":\"((x0 feature) = "
-      "x3\xEF\xBF\xBD)\"}\n]\n");
-  EXPECT_EQ(nlohmann::json::parse(Check(TwoEqual, Options).Result)[1]["other"],
-            nlohmann::json({{"file", "a b.trr"}, {"line", 2}}));
-}
-
-TEST(CheckCommand, WritesSarifWithColumnsInCharacters) {
-  CheckOptions Options;
-  Options.Format = FindingFormat::Sarif;
-  Options.Version = "1.2.3";
-  const auto Log = nlohmann::json::parse(Check(RuleWith("((x1 \xC3\x89) == a)"), Options).Result);
-  EXPECT_EQ(Log["version"], "2.1.0");
-  const auto& Run = Log["runs"][0];
-  EXPECT_EQ(Run["tool"]["driver"]["name"], "trrule");
-  EXPECT_EQ(Run["tool"]["driver"]["version"], "1.2.3");
-  EXPECT_EQ(Run["tool"]["driver"]["rules"].size(), Grammar::AllCodes().size());
-  ASSERT_EQ(Run["results"].size(), 1U);
-  const auto& Result = Run["results"][0];
-  EXPECT_EQ(Result["ruleId"], "TR024");
-  EXPECT_EQ(Result["level"], "warning");
-  const auto& Place = Result["locations"][0]["physicalLocation"];
-  EXPECT_EQ(Place["region"]["startLine"], 7);
-  EXPECT_EQ(Place["region"]["startColumn"], 9);
-  EXPECT_EQ(Place["region"]["endColumn"], 11);
-  const std::string Uri = Place["artifactLocation"]["uri"];
-  EXPECT_EQ(Uri.substr(Uri.rfind('/') + 1), "a%20b.trr");
 }
 
 // ---- Printing ---------------------------------------------------------------------------------

@@ -296,7 +296,7 @@ TEST(RuleRun, ReadsTheOtherFilesWhereOneIsMissing) {
                       "c.trr:3:6: error TR010: there is no Y2: the target side has 1 component\n"
                       "  (X1::Y2)\n"
                       "       ^~\n",
-                      Missing}));
+                      Missing + "1 error, 0 warnings, 0 notes\n"}));
   Folder.Write("a.jsonl", RunTrrule({"json", "none", "a.trr"}, Folder.Path("")).Out);
   EXPECT_EQ(RunTrrule({"from-json", "none", "a.jsonl", "."}, Folder.Path("")),
             (ChildEnd{2, Good, Missing + Folders}));

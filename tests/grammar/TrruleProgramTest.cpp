@@ -26,8 +26,8 @@ using Strings = std::vector<std::string>;
 using StringSet = std::set<std::string>;
 
 const Strings Commands{"check", "print", "sort", "unique", "json", "from-json"};
-const Strings AllCommands{"check", "print",     "sort", "unique",
-                          "json",  "from-json", "help", "version"};
+const Strings AllCommands{"check",     "print",     "sort",    "unique", "json",
+                          "from-json", "translate", "explain", "help",   "version"};
 
 std::string ReadSource(const std::string& Path) {
   std::ifstream File(std::string(GrammarPaths::SourceFolder) + "/" + Path, std::ios::binary);
@@ -54,6 +54,11 @@ TEST(TrruleProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
       {{"check", "--except", "TR009,tr036x"}, "unknown code \"tr036x\"; did you mean TR036?"},
       {{"check", "--only", "TR9x"}, "unknown code \"TR9x\"; trrule check --help lists the codes"},
       {{"check", "--only", ""}, "unknown code \"\"; trrule check --help lists the codes"},
+      {{"check", "--severity", "notes"}, "--severity: notes not in {error,warning,note}"},
+      {{"check", "--statistics", "--format", "sarif"},
+       "--statistics has no form in SARIF; json is one of the others"},
+      {{"explain", "TR35"}, "unknown code \"TR35\"; did you mean TR035?"},
+      {{"explain", "TR001", "TR9x"}, "unknown code \"TR9x\"; trrule explain lists the codes"},
       {{"sort", "--frob"}, "The following argument was not expected: --frob"},
       {{"sort", "--memory", "3Q"}, "--memory: 3Q is no size, such as 64M, 2G or 50%"},
       {{"unique", "--memory", "0"}, "--memory: 0 is no size, such as 64M, 2G or 50%"},
@@ -97,13 +102,15 @@ TEST(TrruleProgram, TakesCodesInAnyCase) {
   const TestFolder Folder;
   Folder.Write("a.trr", "{ADJP,12}\nADJP::NP : [N] -> [N]\n(X1::Y1)\n");
   const std::string Number =
-      "a.trr:1:7: warning TR022: the library's reader keeps the last digit of this number, 2; here "
+      "a.trr:1:7: note TR022: the library's reader keeps the last digit of this number, 2; here "
       "it stays whole\n  {ADJP,12}\n        ^~\n";
   for (const Strings& vsOptions : {Strings{"--only", "tr022"}, Strings{"--only", "TR001, Tr022 "},
-                                   Strings{"--except=tr021"}}) {
+                                   Strings{"--severity", "note", "--except=tr021"}}) {
     Strings vsArguments{"check", "a.trr"};
     vsArguments.insert(vsArguments.end(), vsOptions.begin(), vsOptions.end());
-    EXPECT_EQ(RunTrrule(vsArguments, Folder.Path("")), (ChildEnd{1, Number, ""})) << vsOptions[0];
+    EXPECT_EQ(RunTrrule(vsArguments, Folder.Path("")),
+              (ChildEnd{1, Number, "0 errors, 0 warnings, 1 note\n"}))
+        << vsOptions[0];
   }
 }
 
@@ -247,12 +254,16 @@ std::string OfferedByBash(const std::string& Words, int Position) {
 }
 
 TEST(TrruleProgram, IsCompletedByBash) {
-  EXPECT_EQ(OfferedByBash("trrule ''", 1),
-            "check print sort unique json from-json translate help version -h --help --version\n");
+  EXPECT_EQ(
+      OfferedByBash("trrule ''", 1),
+      "check print sort unique json from-json translate explain help version -h --help --version\n");
   EXPECT_EQ(OfferedByBash("trrule help ''", 2),
-            "check print sort unique json from-json translate help version\n");
+            "check print sort unique json from-json translate explain help version\n");
   EXPECT_EQ(OfferedByBash("trrule p", 1), "print\n");
   EXPECT_EQ(OfferedByBash("trrule sort --r", 2), "--reverse\n");
+  EXPECT_EQ(OfferedByBash("trrule check --s", 2), "--severity --statistics\n");
+  EXPECT_EQ(OfferedByBash("trrule check --severity ''", 3), "error warning note\n");
+  EXPECT_EQ(OfferedByBash("trrule explain --", 2), "--help\n");
   EXPECT_EQ(OfferedByBash("trrule sort --by ''", 3), "index type count length\n");
   EXPECT_EQ(OfferedByBash("trrule unique --ex", 2), "--examples\n");
   EXPECT_EQ(OfferedByBash("trrule unique --examples ''", 3), "\n");
@@ -272,6 +283,10 @@ TEST(TrruleProgram, HasItsCodesCompletedByBash) {
   EXPECT_EQ(OfferedByBash(Check + "--only = TR01", 4), "TR010 TR011 TR012 TR013 TR014 TR016\n");
   EXPECT_EQ(OfferedByBash(Check + "--only =", 3), All + "\n");
   EXPECT_EQ(OfferedByBash("/no/such/trrule check --only ''", 3), "\n");
+  const std::string Explain = "'" + std::string(GrammarPaths::Program) + "' explain ";
+  EXPECT_EQ(OfferedByBash(Explain + "tr01", 2), "TR010 TR011 TR012 TR013 TR014 TR016\n");
+  EXPECT_EQ(OfferedByBash(Explain + "TR001 TR04", 3),
+            "TR040 TR041 TR042 TR043 TR044 TR045 TR046 TR047 TR048 TR049\n");
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique json from-json translate help version'
+  local Commands='check print sort unique json from-json translate explain help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -40,7 +40,7 @@ _trrule() {
         *) Words='text json sarif' ;;
       esac
       ;;
-    --severity) Words='error warning' ;;
+    --severity) Words='error warning note' ;;
     --by) Words='index type count length' ;;
     --memory) Words='64M 256M 1G 50%' ;;
     --only | --except)
@@ -52,16 +52,23 @@ _trrule() {
   esac
   case ${COMP_WORDS[1]} in
     help) Words=$Commands ;;
+    explain)
+      if [[ $Word != -* ]]; then
+        _trrule_codes "${COMP_WORDS[0]}" "$Word"
+        return
+      fi
+      ;;
     version) return ;;
   esac
   if [ -z "$Words" ] && [[ $Word == -* ]]; then
     case ${COMP_WORDS[1]} in
-      check) Words="$Common --format --severity --only --except" ;;
+      check) Words="$Common --threads --format --severity --only --except --statistics" ;;
       print) Words="$Common --keep-bad --threads --no-comments --one-line --from-one-line --flip" ;;
       sort) Words="$Common --keep-bad --threads --memory --by --reverse" ;;
       unique) Words="$Common --keep-bad --threads --memory --sorted --repeated --count --examples" ;;
       json) Words="$Common --keep-bad --threads" ;;
       from-json) Words=$Common ;;
+      explain) Words='-h --help' ;;
       translate)
         Words="$Common --text --lexicon -k --all-derivations --start --partial --reverse"
         Words="$Words --match-case --format --count --max-chain --max-constituents"

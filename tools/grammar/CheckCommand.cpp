@@ -1,10 +1,10 @@
 #include "CheckCommand.h"
 
-#include "Bytes.h"
 #include "FileKind.h"
+#include "FindingTally.h"
 #include "MissingHeaders.h"
-#include "NearestName.h"
 #include "OutputFile.h"
+#include "Pipeline.h"
 #include "RepeatedRules.h"
 #include "RuleChecker.h"
 #include "RuleFiles.h"
@@ -13,7 +13,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
+#include <deque>
+#include <iostream>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -21,35 +25,43 @@ namespace Grammar {
 
 namespace {
 
-bool Has(const std::vector<std::string>& vsCodes, std::string_view Code) {
-  return std::find(vsCodes.begin(), vsCodes.end(), Code) != vsCodes.end();
-}
-
-/// The codes as they are listed, whatever their case and the blanks around them.
-std::vector<std::string> KnownCodes(const std::vector<std::string>& vsWritten) {
-  std::vector<std::string> vsAll;
-  for (const CodeInfo& Each : AllCodes()) {
-    vsAll.emplace_back(Each.Code);
-  }
-  std::vector<std::string> vsCodes;
-  for (const std::string& sWritten : vsWritten) {
-    vsCodes.push_back(Upper(Trimmed(sWritten)));
-    if (FindCode(vsCodes.back()) == nullptr) {
-      throw RunError("unknown code \"" + sWritten + '"' +
-                     AdviceOn(vsCodes.back(), vsAll, "trrule check --help lists the codes"));
+/// Which findings are reported, and which of them are shown.
+class FindingFilter {
+ public:
+  explicit FindingFilter(const CheckOptions& Options) {
+    const std::string Help = "trrule check --help";
+    for (const CodeInfo& Each : AllCodes()) {
+      SetWanted(Each, Options.vsOnly.empty());
     }
+    bool NamesNote = false;
+    for (const std::string& sCode : Options.vsOnly) {
+      const CodeInfo& Each = KnownCode(sCode, Help);
+      SetWanted(Each, true);
+      NamesNote = NamesNote || Each.Level == Severity::Note;
+    }
+    for (const std::string& sCode : Options.vsExcept) {
+      SetWanted(KnownCode(sCode, Help), false);
+    }
+    Least = Options.Least.value_or(NamesNote ? Severity::Note : Severity::Warning);
   }
-  return vsCodes;
-}
 
-bool IsWanted(const CheckOptions& Options, std::string_view Code, Severity Level) {
-  return Level >= Options.Least && (Options.vsOnly.empty() || Has(Options.vsOnly, Code)) &&
-         !Has(Options.vsExcept, Code);
-}
+  bool IsWanted(std::string_view Code) const { return vIsWanted[PlaceOf(*FindCode(Code))]; }
+  bool IsShown(Severity Level) const { return Level >= Least; }
+  bool IsShown(const Finding& Each) const { return IsShown(Each.Level) && IsWanted(Each.Code); }
+  bool WantsShown(std::string_view Code) const {
+    return IsShown(FindCode(Code)->Level) && IsWanted(Code);
+  }
 
-bool IsWantedCode(const CheckOptions& Options, std::string_view Code) {
-  return IsWanted(Options, Code, FindCode(Code)->Level);
-}
+ private:
+  static std::size_t PlaceOf(const CodeInfo& Info) {
+    return static_cast<std::size_t>(&Info - AllCodes().data());
+  }
+
+  void SetWanted(const CodeInfo& Info, bool Wanted) { vIsWanted[PlaceOf(Info)] = Wanted; }
+
+  std::vector<bool> vIsWanted = std::vector<bool>(AllCodes().size());
+  Severity Least = Severity::Warning;
+};
 
 /// Colours are for people: at a terminal, unless they have said that they want none.
 bool WantsColours(const RunOptions& Run) {
@@ -71,90 +83,244 @@ Finding FileFinding(const std::string& Name, std::string_view Start, std::string
   return New;
 }
 
-/// Goes through the files, and through what is found in their rules.
-class FileChecker {
- public:
-  FileChecker(const CheckOptions& OptionsPassIn, FindingWriter& WriterPassIn)
-      : Options(OptionsPassIn),
-        Writer(WriterPassIn),
-        Repeated(IsWantedCode(Options, "TR033"), IsWantedCode(Options, "TR034")) {}
+/// Rules that are checked together, with all that is found in each for itself.
+struct CheckBatch {
+  /// One rule, or in its place a file that is no grammar.
+  struct Item {
+    std::vector<std::string> vsFailures;  ///< of files before it
+    RuleText Text;
+    bool IsFile = false;
+    bool IsRead = false;
+    RuleIdentity Identity;
+    std::vector<Finding> vFindings;
+    std::string Shown;  ///< those that are shown, as they are written
+    HiddenNotes Hidden;
+  };
 
-  void Check(RuleFiles& Files) {
-    while (Files.OpenNext()) {
-      if (!IsOther(Files)) {
-        for (RuleText Text; Files.NextInFile(Text);) {
-          CheckText(Text);
+  std::deque<Item> Items;  // which never move
+};
+
+/// Reads the files of a run batch by batch.
+class CheckReader {
+ public:
+  CheckReader(const RunOptions& Run, bool WantsKindPassIn)
+      : Files(Run.vsFiles, Run.Quiet), WantsKind(WantsKindPassIn) {
+    Files.ReportFailuresTo([this](const std::string& Message) { vsFailures.push_back(Message); });
+    IsOpen = OpenNext();
+  }
+
+  /// Reads about so many bytes of rules, at least one rule. @return false after the last one
+  bool Read(CheckBatch& BatchReturn) {
+    constexpr std::size_t WantedSize = std::size_t{1} << 16;
+    BatchReturn.Items.clear();
+    for (std::size_t Size = 0; Size < WantedSize;) {
+      CheckBatch::Item& New = BatchReturn.Items.emplace_back();
+      if (!ReadItem(New)) {
+        BatchReturn.Items.pop_back();
+        break;
+      }
+      New.vsFailures.swap(vsFailures);
+      Size += New.Text.Text.size();
+    }
+    return !BatchReturn.Items.empty();
+  }
+
+  /// To be called after the last batch has been finished. @return whether some file has failed
+  bool End() const {
+    ReportFailures(vsFailures);
+    return Files.HasFailed();
+  }
+
+  static void ReportFailures(const std::vector<std::string>& vsMessages) {
+    for (const std::string& sMessage : vsMessages) {
+      ReportFailure(sMessage);
+    }
+  }
+
+ private:
+  bool ReadItem(CheckBatch::Item& ItemReturn) {
+    while (IsOpen) {
+      if (OtherKind) {
+        ItemReturn.IsFile = true;
+        ItemReturn.vFindings.push_back(FileFinding(Files.Name(), Files.Ahead(), *OtherKind));
+        IsOpen = OpenNext();
+        return true;
+      }
+      if (Files.NextInFile(ItemReturn.Text)) {
+        return true;
+      }
+      IsOpen = OpenNext();
+    }
+    return false;
+  }
+
+  bool OpenNext() {
+    OtherKind.reset();
+    const bool IsThere = Files.OpenNext();
+    if (IsThere && WantsKind) {
+      OtherKind = WhyNoGrammar(Files.Ahead());
+    }
+    return IsThere;
+  }
+
+  RuleFiles Files;
+  bool WantsKind;
+  bool IsOpen = false;
+  std::optional<std::string> OtherKind;  // why the open file is no grammar
+  std::vector<std::string> vsFailures;   // since the last rule
+};
+
+/// Checks rules, each for itself on any thread, and then compares them in their order.
+class RulesChecker {
+ public:
+  RulesChecker(const FindingFilter& FilterPassIn, bool StatisticsPassIn,
+               FindingWriter& WriterPassIn)
+      : Filter(FilterPassIn),
+        Statistics(StatisticsPassIn),
+        Writer(WriterPassIn),
+        Repeated(Filter.WantsShown("TR033"), Filter.WantsShown("TR034")) {}
+
+  /// Called on several threads at once.
+  void Prepare(CheckBatch& BatchReturn) const {
+    RuleRecord Record;
+    std::string Block;
+    for (CheckBatch::Item& Each : BatchReturn.Items) {
+      if (!Each.IsFile && !Each.Text.Continues) {
+        HiddenNotes* const Hidden = Filter.IsShown(Severity::Note) ? nullptr : &Each.Hidden;
+        Each.IsRead = CheckRule(Each.Text, Record, Each.vFindings, Hidden);
+      }
+      if (Each.IsRead) {
+        Each.Identity = Repeated.IdentityOf(Record, Block);
+      }
+      Each.Shown = ShownOf(Each.vFindings);
+    }
+  }
+
+  void Finish(CheckBatch& BatchReturn) {
+    for (CheckBatch::Item& Each : BatchReturn.Items) {
+      CheckReader::ReportFailures(Each.vsFailures);
+      if (!Each.IsFile) {
+        Compare(Each);
+      }
+      if (!Each.Shown.empty()) {
+        Writer.Write(Each.Shown);
+      }
+      Count(Each);
+    }
+  }
+
+  const FindingTally& Tally() const { return All; }
+
+ private:
+  std::string ShownOf(const std::vector<Finding>& vFindings) const {
+    std::string Text;
+    if (!Statistics) {
+      for (const Finding& Each : vFindings) {
+        if (Filter.IsShown(Each)) {
+          Writer.Append(Each, Text);
         }
       }
     }
+    return Text;
   }
 
-  bool HasTold() const { return Told; }
-
- private:
-  /// Whether the file is no grammar, and that has been told.
-  bool IsOther(RuleFiles& Files) {
-    if (!IsWantedCode(Options, "TR016")) {
-      return false;
+  /// Adds what is found only beside other rules.
+  void Compare(CheckBatch::Item& ItemReturn) {
+    const std::size_t Before = ItemReturn.vFindings.size();
+    if (ItemReturn.IsRead) {
+      Repeated.Check(ItemReturn.Text, ItemReturn.Identity, ItemReturn.vFindings);
     }
-    const std::string_view Start = Files.Ahead();
-    std::optional<std::string> Why = WhyNoGrammar(Start);
-    if (Why) {
-      Tell(FileFinding(Files.Name(), Start, std::move(*Why)));
+    Headers.Check(ItemReturn.Text, ItemReturn.vFindings);
+    if (ItemReturn.vFindings.size() > Before) {
+      SortFindings(ItemReturn.vFindings);
+      ItemReturn.Shown = ShownOf(ItemReturn.vFindings);
     }
-    return Why.has_value();
   }
 
-  void CheckText(const RuleText& Text) {
-    vFindings.clear();
-    if (!Text.Continues && CheckRule(Text, Record, vFindings)) {
-      Repeated.Check(Text, Record, vFindings);
+  void Count(const CheckBatch::Item& Item) {
+    for (const Finding& Each : Item.vFindings) {
+      if (Filter.IsWanted(Each.Code)) {
+        All.Add(Each.Code, Each.Level);
+      }
     }
-    Headers.Check(Text, vFindings);
-    SortFindings(vFindings);
-    for (const Finding& Each : vFindings) {
-      if (IsWanted(Options, Each.Code, Each.Level)) {
-        Tell(Each);
+    for (const CodeInfo* Each : Item.Hidden) {
+      if (Filter.IsWanted(Each->Code)) {
+        All.Add(Each->Code, Severity::Note);
       }
     }
   }
 
-  void Tell(const Finding& Each) {
-    Writer.Write(Each);
-    Told = true;
-  }
-
-  const CheckOptions& Options;
+  const FindingFilter& Filter;
+  bool Statistics;
   FindingWriter& Writer;
   RepeatedRules Repeated;
   MissingHeaders Headers;
-  RuleRecord Record;
-  std::vector<Finding> vFindings;
-  bool Told = false;
+  FindingTally All;
 };
+
+/// How many findings have one of the severities that are shown, or one of the others.
+std::uint64_t CountShown(const FindingTally& Tally, const FindingFilter& Filter, bool Shown) {
+  std::uint64_t Number = 0;
+  for (const Severity Level : {Severity::Note, Severity::Warning, Severity::Error}) {
+    Number += Filter.IsShown(Level) == Shown ? Tally.Count(Level) : 0;
+  }
+  return Number;
+}
+
+/// Says on standard error how much was found, if anything was.
+void ReportSummary(const FindingTally& Tally, const FindingFilter& Filter, bool Statistics) {
+  const std::uint64_t Hidden = CountShown(Tally, Filter, false);
+  if (Hidden + CountShown(Tally, Filter, true) == 0) {
+    return;
+  }
+  std::string Line = Tally.Summary();
+  if (Hidden > 0 && !Statistics) {
+    Line += "; " + std::to_string(Hidden) + " not shown (--severity note shows all)";
+  }
+  std::cerr << Line + '\n';
+}
+
+bool IsTable(const CheckOptions& Options) {
+  if (Options.Statistics && Options.Format == FindingFormat::Sarif) {
+    throw RunError("--statistics has no form in SARIF; json is one of the others");
+  }
+  return Options.Statistics;
+}
 
 }  // namespace
 
 int RunCheck(const RunOptions& Run, const CheckOptions& OptionsPassIn) {
-  CheckOptions Options = OptionsPassIn;
-  Options.vsOnly = KnownCodes(Options.vsOnly);
-  Options.vsExcept = KnownCodes(Options.vsExcept);
+  const FindingFilter Filter(OptionsPassIn);
+  const bool Statistics = IsTable(OptionsPassIn);
   if (!Run.Force && ReplacesInput(Run)) {
     throw RunError("did not replace " + Run.Output +
                    ": it is an input (--force replaces it by the findings)");
   }
   OutputFile Output(Run.Output);
+  const FindingFormat Format = OptionsPassIn.Format;
   const std::unique_ptr<FindingWriter> Writer =
-      MakeFindingWriter(Options.Format, WantsColours(Run), Options.Version, Output);
-  Writer->Begin();
-  RuleFiles Files(Run.vsFiles, Run.Quiet);
-  FileChecker Checker(Options, *Writer);
-  Checker.Check(Files);
-  Writer->End();
+      MakeFindingWriter(Format, WantsColours(Run), OptionsPassIn.Version, Output);
+  RulesChecker Checker(Filter, Statistics, *Writer);
+  CheckReader Reader(Run, Filter.WantsShown("TR016"));
+  if (!Statistics) {
+    Writer->Begin();
+  }
+  RunPipeline<CheckBatch>(
+      ThreadCount(Run.Threads), [&](CheckBatch& Batch) { return Reader.Read(Batch); },
+      [&](CheckBatch& Batch) { Checker.Prepare(Batch); },
+      [&](CheckBatch& Batch) { Checker.Finish(Batch); });
+  const FindingTally& Found = Checker.Tally();
+  if (Statistics) {
+    Output.Write(Format == FindingFormat::Json ? Found.JsonTable() : Found.Table());
+  } else {
+    Writer->End();
+  }
   RunTally Tally;
-  Tally.HasFindings = Checker.HasTold();
-  Tally.HasUnreadFiles = Files.HasFailed();
-  return FinishRun(Run, Tally, Output);
+  Tally.HasFindings = CountShown(Found, Filter, true) > 0;
+  Tally.HasUnreadFiles = Reader.End();
+  const int Status = FinishRun(Run, Tally, Output);
+  ReportSummary(Found, Filter, Statistics);
+  return Status;
 }
 
 }  // namespace Grammar

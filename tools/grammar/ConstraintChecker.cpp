@@ -9,6 +9,7 @@
 #include <ConstraintFormat.h>
 #include <LineWriting.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Grammar {
@@ -26,10 +27,7 @@ bool ConstraintChecker::Check(const Constraint& Each) {
     return false;
   }
   CheckEquals(Each);
-  if (!Each.IsCommon || Contains(Each.Parts.Feature, " ") ||
-      Contains(Each.Parts.RightFeature, " ")) {
-    CheckFeatures(Each);
-  }
+  CheckFeatures(Each);
   CheckRightFeature(Each);
   CheckNegation(Each);
   CheckCategory(Each);
@@ -137,7 +135,7 @@ std::string ConstraintChecker::LibraryTextOf(const Constraint& Each) const {
 
 void ConstraintChecker::CheckEquals(const Constraint& Each) {
   const ConstraintParts& Parts = Each.Parts;
-  if (Parts.Equals.size() == 1) {
+  if (Parts.Equals.size() == 1 || !Findings.TakesNote("TR024")) {
     return;
   }
   const std::string_view Code = CodeOf(Each);
@@ -152,13 +150,12 @@ void ConstraintChecker::CheckEquals(const Constraint& Each) {
 }
 
 void ConstraintChecker::CheckFeatures(const Constraint& Each) {
-  const std::string_view Code = CodeOf(Each);
   for (const std::string_view Feature : {Each.Parts.Feature, Each.Parts.RightFeature}) {
-    const std::string Joined = WithoutSpace(Feature);
-    if (Joined.size() != Feature.size()) {
+    if (std::any_of(Feature.begin(), Feature.end(), IsSpace) && Findings.TakesNote("TR025")) {
       Findings.Add("TR025", Each.Line, Feature,
-                   "a feature of several words is kept as one word: " + Upper(Joined),
-                   {Code, AsKept(Code, Each.Parts)});
+                   "the library makes one word of this feature, " + Upper(WithoutSpace(Feature)) +
+                       "; here its words stay apart",
+                   {CodeOf(Each), AsKept(CodeOf(Each), Each.Parts)});
     }
   }
 }
@@ -166,11 +163,12 @@ void ConstraintChecker::CheckFeatures(const Constraint& Each) {
 void ConstraintChecker::CheckRightFeature(const Constraint& Each) {
   const ConstraintParts& Parts = Each.Parts;
   if (Parts.Kind != RightKind::Reference || Parts.IsWholeNode ||
-      IsSameFeature(Parts.Feature, Parts.RightFeature)) {
+      IsSameFeature(Parts.Feature, Parts.RightFeature) || !Findings.TakesNote("TR026")) {
     return;
   }
   Findings.Add("TR026", Each.Line, Parts.RightFeature,
-               "the feature on the right is not kept: " + LibraryTextOf(Each),
+               "the library does not keep the feature on the right: " + LibraryTextOf(Each) +
+                   "; here it stays",
                {CodeOf(Each), AsKept(CodeOf(Each), Parts)});
 }
 
@@ -181,16 +179,17 @@ void ConstraintChecker::CheckNegation(const Constraint& Each) {
   }
   const std::string_view Code = CodeOf(Each);
   const std::string_view Behind = Code.substr(OffsetIn(Code, Parts.Right) + Parts.Right.size());
-  if (Contains(Parts.Right, ")") && Contains(Behind, ")")) {
+  if (Contains(Parts.Right, ")") && Contains(Behind, ")") && Findings.TakesNote("TR027")) {
     Findings.Add("TR027", Each.Line, Parts.Right,
-                 "a negation is kept without its own parenthesis: " + LibraryTextOf(Each));
+                 "the library writes a negation without its own parenthesis: " +
+                     LibraryTextOf(Each) + "; here it stays");
   }
 }
 
 void ConstraintChecker::CheckCategory(const Constraint& Each) {
   const ConstraintParts& Parts = Each.Parts;
   if (Parts.Left.Side == 'Y' && !Parts.IsWholeNode && !Parts.RightNode &&
-      Parts.Value.find_first_of("Xx") != std::string_view::npos) {
+      Parts.Value.find_first_of("Xx") != std::string_view::npos && Findings.TakesNote("TR028")) {
     Findings.Add("TR028", Each.Line, Parts.Value,
                  "a value with an X counts as a reference to the source side: the constraint is of "
                  "category 2");

@@ -1,29 +1,13 @@
 #pragma once
 
+#include "FindingCodes.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Grammar {
-
-enum class Severity { Warning, Error };
-
-/// "warning" or "error".
-std::string_view NameOf(Severity Which);
-
-/// What is known of each code: it keeps its number and its meaning for ever.
-struct CodeInfo {
-  std::string_view Code;   ///< "TR001"
-  Severity Level;          ///< the gravest that its findings have
-  std::string_view Title;  ///< a few words
-};
-
-/// All codes, ascending.
-const std::vector<CodeInfo>& AllCodes();
-
-/// What is known of a code; null where there is no such code.
-const CodeInfo* FindCode(std::string_view Code);
 
 /// Something that is wrong with a rule, or will surprise, and where.
 ///

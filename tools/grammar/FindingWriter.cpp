@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <cstdint>
 #include <string_view>
 
@@ -33,24 +34,34 @@ std::size_t CountCharacters(std::string_view Text) {
 constexpr std::string_view Bold = "\x1b[1m";
 constexpr std::string_view Red = "\x1b[1;31m";
 constexpr std::string_view Magenta = "\x1b[1;35m";
+constexpr std::string_view Cyan = "\x1b[1;36m";
 constexpr std::string_view Green = "\x1b[32m";
 constexpr std::string_view Plain = "\x1b[0m";
 
-std::string Coloured(std::string_view Colour, std::string Text, bool Colours) {
-  return Colours ? std::string(Colour) + Text + std::string(Plain) : Text;
+std::string_view ColourOf(Severity Level) {
+  return Level == Severity::Error ? Red : Level == Severity::Warning ? Magenta : Cyan;
 }
 
-/// What a line looks like: bytes that would move the cursor are shown as question marks.
-std::string Shown(std::string_view Text) {
-  std::string Line(Text);
-  for (char& Byte : Line) {
+/// Appends a part in a colour, where colours are wanted.
+template <typename AppendT>
+void AppendColoured(std::string_view Colour, bool Colours, std::string& TextReturn,
+                    AppendT AppendPart) {
+  TextReturn += Colours ? Colour : std::string_view();
+  AppendPart();
+  TextReturn += Colours ? Plain : std::string_view();
+}
+
+/// Appends a text as it looks: bytes that would move the cursor are shown as question marks.
+void AppendShown(std::string_view Text, std::string& TextReturn) {
+  constexpr unsigned char Delete = 0x7F;
+  const auto MovesCursor = [](char Byte) {
     const auto Value = static_cast<unsigned char>(Byte);
-    constexpr unsigned char Delete = 0x7F;
-    if ((Value < ' ' && Byte != '\t') || Value == Delete) {
-      Byte = '?';
-    }
-  }
-  return Line;
+    return (Value < ' ' && Byte != '\t') || Value == Delete;
+  };
+  const std::size_t Begin = TextReturn.size();
+  TextReturn += Text;
+  std::replace_if(TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin), TextReturn.end(),
+                  MovesCursor, '?');
 }
 
 /// As much of a long line as fits around what is meant, and where that begins in it.
@@ -67,40 +78,76 @@ std::string_view Window(const Finding& Each, std::size_t& StartReturn) {
   return Line.substr(From, MaxShown);
 }
 
-/// The caret, below a line whose tabs it keeps.
-std::string CaretLine(std::string_view Line, std::size_t Start, std::size_t Length) {
-  std::string Caret;
-  for (const char Byte : Line.substr(0, Start)) {
-    if (!IsContinuation(Byte)) {
-      Caret += Byte == '\t' ? '\t' : ' ';
-    }
-  }
+/// Appends the caret, below a line whose tabs it keeps.
+void AppendCaret(std::string_view Line, std::size_t Start, std::size_t Length,
+                 std::string& TextReturn) {
+  const std::size_t Begin = TextReturn.size();
+  TextReturn += Line.substr(0, Start);
+  TextReturn.erase(std::remove_if(TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin),
+                                  TextReturn.end(), IsContinuation),
+                   TextReturn.end());
+  std::replace_if(
+      TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin), TextReturn.end(),
+      [](char Byte) { return Byte != '\t'; }, ' ');
   const std::size_t Width = CountCharacters(Line.substr(std::min(Start, Line.size()), Length));
-  return Caret + '^' + std::string(std::max<std::size_t>(Width, 1) - 1, '~');
+  TextReturn.append(1, '^').append(std::max<std::size_t>(Width, 1) - 1, '~');
+}
+
+/// Makes room for as much as a finding takes in most cases.
+void ReserveFor(const Finding& Each, std::string& TextReturn) {
+  constexpr std::size_t Around = 64;
+  const std::size_t Wanted = TextReturn.size() + Each.File.size() + Each.Message.size() +
+                             2 * Each.LineText.size() + Each.Suggestion.size() + Around;
+  if (TextReturn.capacity() < Wanted) {
+    TextReturn.reserve(std::max(Wanted, 2 * TextReturn.capacity()));
+  }
+}
+
+void AppendLine(std::string_view Label, std::string_view Text, std::string& TextReturn) {
+  TextReturn += Label;
+  AppendShown(Text, TextReturn);
+  TextReturn += '\n';
+}
+
+/// Appends "np.trr:3:1: ".
+void AppendPlace(const Finding& Each, std::string& TextReturn) {
+  AppendShown(Each.File, TextReturn);
+  const auto AppendNumber = [&](std::size_t Number) {
+    constexpr std::size_t MaxDigits = 20;
+    char Digits[MaxDigits];
+    const auto End = std::to_chars(Digits, Digits + MaxDigits, Number).ptr;
+    TextReturn.append(1, ':').append(Digits, static_cast<std::size_t>(End - Digits));
+  };
+  AppendNumber(Each.Line);
+  AppendNumber(Each.Column);
+  TextReturn += ": ";
 }
 
 }  // namespace
 
-std::string TextOf(const Finding& Each, bool Colours) {
+void AppendTextOf(const Finding& Each, bool Colours, std::string& TextReturn) {
   std::size_t Start = 0;
   const std::string_view Line = Window(Each, Start);
-  const std::string Place =
-      Each.File + ':' + std::to_string(Each.Line) + ':' + std::to_string(Each.Column) + ": ";
-  const std::string Label = std::string(NameOf(Each.Level)) + ' ' + Each.Code;
-  std::string Text = Coloured(Bold, Shown(Place), Colours);
-  Text += Coloured(Each.Level == Severity::Error ? Red : Magenta, Label, Colours);
-  Text += ": " + Shown(Each.Message) + "\n  " + Shown(Line) + "\n  ";
-  Text += Coloured(Green, CaretLine(Line, Start, Each.Length), Colours) + '\n';
+  ReserveFor(Each, TextReturn);
+  AppendColoured(Bold, Colours, TextReturn, [&] { AppendPlace(Each, TextReturn); });
+  AppendColoured(ColourOf(Each.Level), Colours, TextReturn, [&] {
+    TrRuleInternal::Append(TextReturn, {NameOf(Each.Level), " ", Each.Code});
+  });
+  AppendLine(": ", Each.Message, TextReturn);
+  AppendLine("  ", Line, TextReturn);
+  TextReturn += "  ";
+  AppendColoured(Green, Colours, TextReturn,
+                 [&] { AppendCaret(Line, Start, Each.Length, TextReturn); });
+  TextReturn += '\n';
   if (!Each.Suggestion.empty()) {
-    Text += "  instead: " + Shown(Trimmed(Each.Suggestion)) + '\n';
+    AppendLine("  instead: ", Trimmed(Each.Suggestion), TextReturn);
   }
   if (!Each.Example.empty()) {
-    Text += "  for example: " + Shown(Each.Example) + '\n';
+    AppendLine("  for example: ", Each.Example, TextReturn);
   }
   if (!Each.OtherFile.empty()) {
-    Text += "  see " + Shown(Each.OtherFile) + ':' + std::to_string(Each.OtherLine) + '\n';
+    AppendLine("  see ", Each.OtherFile + ':' + std::to_string(Each.OtherLine), TextReturn);
   }
-  return Text;
 }
 
 namespace {
@@ -111,7 +158,10 @@ class TextWriter : public FindingWriter {
       : Output(OutputPassIn), Colours(ColoursPassIn) {}
 
   void Begin() override {}
-  void Write(const Finding& Each) override { Output.Write(TextOf(Each, Colours)); }
+  void Append(const Finding& Each, std::string& TextReturn) const override {
+    AppendTextOf(Each, Colours, TextReturn);
+  }
+  void Write(std::string_view Text) override { Output.Write(Text); }
   void End() override {}
 
  private:
@@ -133,9 +183,13 @@ class ArrayWriter : public FindingWriter {
 
   void Begin() override { Output.Write(Head()); }
 
-  void Write(const Finding& Each) override {
-    Output.Write(IsFirst ? "\n" : ",\n");
-    Output.Write(Dumped(ObjectOf(Each)));
+  void Append(const Finding& Each, std::string& TextReturn) const override {
+    TextReturn.append(",\n").append(Dumped(ObjectOf(Each)));
+  }
+
+  /// The first finding of all has no comma before it.
+  void Write(std::string_view Text) override {
+    Output.Write(Text.substr(IsFirst ? 1 : 0));
     IsFirst = false;
   }
 
@@ -212,6 +266,8 @@ class SarifWriter : public ArrayWriter {
     for (const CodeInfo& Each : AllCodes()) {
       Rules.push_back({{"id", Each.Code},
                        {"shortDescription", {{"text", Each.Title}}},
+                       {"fullDescription", {{"text", Each.Why}}},
+                       {"help", {{"text", Explanation(Each)}}},
                        {"defaultConfiguration", {{"level", NameOf(Each.Level)}}}});
     }
     const Json Driver = {{"name", "trrule"}, {"version", Version}, {"rules", Rules}};

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace Grammar {
 
@@ -17,7 +18,10 @@ class FindingWriter {
 
   /// Writes what stands before the first finding.
   virtual void Begin() = 0;
-  virtual void Write(const Finding& Each) = 0;
+  /// Appends a finding to a text for `Write`. May be called on several threads at once.
+  virtual void Append(const Finding& Each, std::string& TextReturn) const = 0;
+  /// Writes the text of one finding or more, which is not empty.
+  virtual void Write(std::string_view Text) = 0;
   /// Writes what stands behind the last one.
   virtual void End() = 0;
 };
@@ -28,7 +32,8 @@ std::unique_ptr<FindingWriter> MakeFindingWriter(FindingFormat Format, bool Colo
                                                  const std::string& Version,
                                                  OutputFile& OutputReturn);
 
-/// A finding on three lines or more: place and message, the line, and a caret below what is meant.
-std::string TextOf(const Finding& Each, bool Colours);
+/// Appends a finding on three lines or more: place and message, the line, and a caret below what is
+/// meant.
+void AppendTextOf(const Finding& Each, bool Colours, std::string& TextReturn);
 
 }  // namespace Grammar

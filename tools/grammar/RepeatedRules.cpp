@@ -2,6 +2,8 @@
 
 #include "LineKind.h"
 
+#include <algorithm>
+#include <cstring>
 #include <functional>
 
 namespace Grammar {
@@ -12,11 +14,11 @@ namespace {
 std::size_t LineOfKind(const RuleText& Text, LineKind Kind) {
   std::size_t First = Text.vLines.size();
   for (std::size_t Line = 0; Line < Text.vLines.size(); ++Line) {
-    const LineParts Parts = Text.Parts(Line);
-    if (Parts.Kind == Kind) {
+    const RuleText::Span& Each = Text.vLines[Line];
+    if (Each.Kind == Kind) {
       return Line;
     }
-    if (First == Text.vLines.size() && !Parts.Code.empty()) {
+    if (First == Text.vLines.size() && Each.CodeEnd > Each.CodeBegin) {
       First = Line;
     }
   }
@@ -24,34 +26,61 @@ std::size_t LineOfKind(const RuleText& Text, LineKind Kind) {
 }
 
 /// A second sum that has nothing in common with the standard library's.
-std::uint64_t SecondSum(const std::string& Text) {
-  std::uint64_t Sum = 0xCBF29CE484222325U;
-  for (const char Byte : Text) {
-    Sum = (Sum ^ static_cast<unsigned char>(Byte)) * 0x100000001B3U;
+std::uint64_t OtherSumOf(std::string_view Text) {
+  std::uint64_t Sum = 0xCBF29CE484222325U ^ Text.size();
+  while (!Text.empty()) {
+    std::uint64_t Eight = 0;
+    const std::size_t Size = std::min(Text.size(), sizeof Eight);
+    std::memcpy(&Eight, Text.data(), Size);
+    Sum = (Sum ^ Eight) * 0x9E3779B97F4A7C15U;
+    Sum ^= Sum >> 29U;
+    Text.remove_prefix(Size);
   }
   return Sum;
 }
 
+std::uint64_t SumOf(std::string_view Text) {
+  return std::hash<std::string_view>()(Text);
+}
+
 }  // namespace
 
-void RepeatedRules::Check(const RuleText& TextPassIn, const RuleRecord& RecordPassIn,
+/// The block of the normal form decides what the library reads, and so stands for the comparison
+/// text, too.
+RuleIdentity RepeatedRules::IdentityOf(const RuleRecord& RecordPassIn,
+                                       std::string& BufferReturn) const {
+  RuleIdentity Identity;
+  const RuleHeader& Header = RecordPassIn.Header();
+  if (WantsNumbers && Header.IsPresent && Header.IsReadable) {
+    Identity.Header = '{' + Header.Type + ',' + Header.Number + '}';
+  }
+  if (WantsForms) {
+    BufferReturn.clear();
+    RecordPassIn.Form().AppendBlock(BufferReturn);
+    Identity.FormSum = SumOf(BufferReturn);
+    Identity.OtherFormSum = OtherSumOf(BufferReturn);
+  }
+  return Identity;
+}
+
+void RepeatedRules::Check(const RuleText& TextPassIn, const RuleIdentity& IdentityPassIn,
                           std::vector<Finding>& vFindingsReturn) {
   if (vsFiles.empty() || vsFiles.back() != TextPassIn.File) {
     vsFiles.push_back(TextPassIn.File);
   }
-  const RuleHeader& Header = RecordPassIn.Header();
-  if (WantsNumbers && Header.IsPresent && Header.IsReadable) {
+  const std::string& Header = IdentityPassIn.Header;
+  if (!Header.empty()) {
     const std::size_t Line = LineOfKind(TextPassIn, LineKind::Header);
-    const std::string Text = '{' + Header.Type + ',' + Header.Number + '}';
-    if (const Place* First = FindOrAdd(Numbers, Text, TextPassIn.FirstLine + Line)) {
-      Report("TR034", Text + " is the header of another rule, too", TextPassIn, Line, *First,
+    if (const Place* First =
+            FindOrAdd(Numbers, SumOf(Header), OtherSumOf(Header), TextPassIn.FirstLine + Line)) {
+      Report("TR034", Header + " is the header of another rule, too", TextPassIn, Line, *First,
              vFindingsReturn);
     }
   }
   if (WantsForms) {
     const std::size_t Line = LineOfKind(TextPassIn, LineKind::Sequence);
-    if (const Place* First =
-            FindOrAdd(Forms, RecordPassIn.SamenessText(), TextPassIn.FirstLine + Line)) {
+    if (const Place* First = FindOrAdd(Forms, IdentityPassIn.FormSum, IdentityPassIn.OtherFormSum,
+                                       TextPassIn.FirstLine + Line)) {
       Report("TR033", "this rule says the same as another one", TextPassIn, Line, *First,
              vFindingsReturn);
     }
@@ -59,12 +88,12 @@ void RepeatedRules::Check(const RuleText& TextPassIn, const RuleRecord& RecordPa
 }
 
 /// The place of an equal text; null where there is none, and then it is noted.
-const RepeatedRules::Place* RepeatedRules::FindOrAdd(Places& PlacesReturn, const std::string& Text,
-                                                     std::size_t Line) {
-  const Place New{SecondSum(Text), static_cast<std::uint32_t>(vsFiles.size() - 1),
+const RepeatedRules::Place* RepeatedRules::FindOrAdd(Places& PlacesReturn, std::uint64_t Sum,
+                                                     std::uint64_t OtherSum, std::size_t Line) {
+  const Place New{OtherSum, static_cast<std::uint32_t>(vsFiles.size() - 1),
                   static_cast<std::uint32_t>(Line)};
-  const auto [Found, IsNew] = PlacesReturn.emplace(std::hash<std::string>()(Text), New);
-  return !IsNew && Found->second.SecondSum == New.SecondSum ? &Found->second : nullptr;
+  const auto [Found, IsNew] = PlacesReturn.emplace(Sum, New);
+  return !IsNew && Found->second.OtherSum == OtherSum ? &Found->second : nullptr;
 }
 
 void RepeatedRules::Report(std::string_view Code, const std::string& Message, const RuleText& Text,

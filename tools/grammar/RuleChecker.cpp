@@ -40,11 +40,12 @@ namespace {
 /// Goes through the lines of one rule and then through what they say together.
 class Checker {
  public:
-  Checker(const RuleRecord& RecordPassIn, std::vector<Finding>& vFindingsPassIn)
+  Checker(const RuleRecord& RecordPassIn, std::vector<Finding>& vFindingsPassIn,
+          HiddenNotes* HiddenPassIn)
       : Record(RecordPassIn),
         Rule(RecordPassIn.Lines()),
         Text(Rule.Text()),
-        Findings(Text, vFindingsPassIn),
+        Findings(Text, vFindingsPassIn, HiddenPassIn),
         Constraints(Rule, Findings) {}
 
   void Check();
@@ -80,6 +81,8 @@ class Checker {
   void CheckComponents();
   void CheckComponent(const NodeText& Node, std::size_t Line);
   void CheckRepetitions();
+  void AddRepetition(const SourceRule::ConstraintLine& First,
+                     const SourceRule::ConstraintLine& Each);
 
   const std::vector<std::string_view>& LabelsOf(char Side) const {
     return Side == 'X' ? Rule.SLLabels() : Rule.TLLabels();
@@ -127,7 +130,9 @@ const PartT* TakePart(const std::vector<PartT>& vParts, std::size_t Line, std::s
 
 void Checker::CheckLine(std::size_t Line) {
   const LineParts Parts = Text.Parts(Line);
-  CheckCount(Line, Parts.Comment);
+  if (!Parts.Comment.empty()) {
+    CheckCount(Line, Parts.Comment);
+  }
   if (Parts.Kind == LineKind::Comment) {
     CheckComment(Line, Parts.Comment);
     return;
@@ -327,7 +332,8 @@ LineMarks MarksOf(std::string_view Comment) {
 }
 
 void Checker::CheckComment(std::size_t Line, std::string_view Comment) {
-  if (const char* Kind = AlsoReadAs(MarksOf(Comment))) {
+  const char* Kind = AlsoReadAs(MarksOf(Comment));
+  if (Kind != nullptr && Findings.TakesNote("TR029")) {
     Findings.Add("TR029", Line, Comment,
                  std::string("the library's reader takes this comment for ") + Kind +
                      ", too; here it stays a comment");
@@ -389,7 +395,7 @@ bool Checker::ReadsTheSame(std::size_t Line, const LineParts& Parts) const {
 }
 
 void Checker::CheckCommentAfter(std::size_t Line, const LineParts& Parts) {
-  if (!ReadsTheSame(Line, Parts)) {
+  if (!ReadsTheSame(Line, Parts) && Findings.TakesNote("TR029")) {
     Findings.Add(
         "TR029", Line, Parts.Comment,
         "the library's reader takes this comment for part of the line; here it stays a comment");
@@ -422,7 +428,7 @@ void Checker::CheckHeader(std::size_t Line, std::string_view Code) {
 void Checker::CheckHeaderParts(std::size_t Line, const TrRuleInternal::HeaderParts& Parts) {
   using TrRuleInternal::KeptLetters;
   HeaderType = Parts.Type;
-  if (Parts.Type.size() > KeptLetters) {
+  if (Parts.Type.size() > KeptLetters && Findings.TakesNote("TR021")) {
     Findings.Add("TR021", Line, Parts.Type,
                  "the library's reader keeps two letters of this type, " +
                      Quoted(Parts.Type.substr(0, KeptLetters)) + "; here it stays whole");
@@ -431,7 +437,7 @@ void Checker::CheckHeaderParts(std::size_t Line, const TrRuleInternal::HeaderPar
     return;
   }
   const std::string Number = std::to_string(*TrRuleInternal::ParseWholeNumber(Parts.Number));
-  if (Number.size() > 1) {
+  if (Number.size() > 1 && Findings.TakesNote("TR022")) {
     Findings.Add("TR022", Line, Parts.Number,
                  "the library's reader keeps the last digit of this number, " +
                      Number.substr(Number.size() - 1) + "; here it stays whole");
@@ -702,8 +708,46 @@ void Checker::CheckComponent(const NodeText& Node, std::size_t Line) {
   const bool IsAligned = Index < vAligned.size() && vAligned[Index];
   if (Index > 0 && !IsAligned && !IsLiteral(vLabels[Index - 1]) &&
       ssTold.insert(Upper(Node.Text)).second) {
-    Findings.Add("TR030", Line, Node.Text,
-                 std::string(Node.Text) + " (" + Upper(vLabels[Index - 1]) + ") has no alignment");
+    std::string Message;
+    TrRuleInternal::Append(Message,
+                           {Node.Text, " (", Upper(vLabels[Index - 1]), ") has no alignment"});
+    Findings.Add("TR030", Line, Node.Text, std::move(Message));
+  }
+}
+
+/// Whether two features have the same words.
+bool HasSameWords(std::string_view Left, std::string_view Right) {
+  const auto TakeWord = [](std::string_view& TextReturn) {
+    TextReturn = WithoutLeadingSpace(TextReturn);
+    const auto* const End = std::find_if(TextReturn.begin(), TextReturn.end(), IsSpace);
+    const std::string_view Word =
+        TextReturn.substr(0, static_cast<std::size_t>(End - TextReturn.begin()));
+    TextReturn.remove_prefix(Word.size());
+    return Word;
+  };
+  while (!Left.empty() && !Right.empty()) {
+    if (!IsSameInCapitals(TakeWord(Left), TakeWord(Right))) {
+      return false;
+    }
+  }
+  return Trimmed(Left).empty() && Trimmed(Right).empty();
+}
+
+/// A constraint with one of the same key before it: it says the same, or the library drops what
+/// it says.
+void Checker::AddRepetition(const SourceRule::ConstraintLine& First,
+                            const SourceRule::ConstraintLine& Each) {
+  const std::string FirstLine = std::to_string(Text.FirstLine + First.Line);
+  if (TextOf(Rule.FieldsOf(First)) == TextOf(Rule.FieldsOf(Each)) &&
+      HasSameWords(First.Parts.Feature, Each.Parts.Feature) &&
+      HasSameWords(First.Parts.RightFeature, Each.Parts.RightFeature)) {
+    Findings.Add("TR031", Each.Line, Rule.CodeOf(Each.Line),
+                 "this constraint stands on line " + FirstLine + " already");
+  } else if (Findings.TakesNote("TR031")) {
+    Finding& New = Findings.Add("TR031", Each.Line, Rule.CodeOf(Each.Line),
+                                "the library takes this constraint for the one on line " +
+                                    FirstLine + ", and drops it; here it stays");
+    New.Level = Severity::Note;
   }
 }
 
@@ -713,24 +757,17 @@ void Checker::CheckRepetitions() {
     return;
   }
   using Slot = std::tuple<int, int, std::string>;
-  std::map<std::string, std::pair<std::size_t, std::string>> mKeys;  // to line and library's text
+  std::map<std::string, const SourceRule::ConstraintLine*> mKeys;
   std::map<Slot, std::size_t> mSlots;
   for (const SourceRule::ConstraintLine* Each : vConstraints) {
     const ConstraintFields Fields = Rule.FieldsOf(*Each);
-    const std::string Written = TextOf(Fields);
     const auto [Same, IsNew] =
         mKeys.try_emplace(TrRuleInternal::MakeKey(Fields.Category, Fields.ConstrainedIndex,
                                                   Fields.Feature, Fields.FeatValue)
                               .Text,
-                          Each->Line, Written);
+                          Each);
     if (!IsNew) {
-      const auto& [FirstLine, FirstWritten] = Same->second;
-      const std::string First = std::to_string(Text.FirstLine + FirstLine);
-      Findings.Add("TR031", Each->Line, Rule.CodeOf(Each->Line),
-                   FirstWritten == Written
-                       ? "this constraint stands on line " + First + " already"
-                       : "the library takes this constraint for the one on line " + First +
-                             ", and drops it");
+      AddRepetition(*Same->second, *Each);
       continue;
     }
     if (!Fields.ValueConstraint) {
@@ -779,18 +816,19 @@ bool IsUnreadable(const Finding& Each) {
 
 /// Adds all that is found in a rule that the record has read or not, with suggestions that nobody
 /// has tried.
-void CheckRecord(const RuleRecord& Record, std::vector<Finding>& vFindingsReturn) {
+void CheckRecord(const RuleRecord& Record, std::vector<Finding>& vFindingsReturn,
+                 HiddenNotes* HiddenReturn) {
   const RuleText& Text = Record.Lines().Text();
   const std::size_t Before = vFindingsReturn.size();
-  Checker Each(Record, vFindingsReturn);
+  Checker Each(Record, vFindingsReturn, HiddenReturn);
   Each.Check();
-  if (Text.HasRule && !Record.IsRead()) {
-    Each.CheckOrder();
-    if (!Text.Continues &&
-        std::none_of(vFindingsReturn.begin() + static_cast<std::ptrdiff_t>(Before),
-                     vFindingsReturn.end(), IsUnreadable)) {
-      Each.AddToRule("TR014", "what the library writes of this rule is another rule");
-    }
+  if (!Text.HasRule || Record.IsRead()) {
+    return;
+  }
+  Each.CheckOrder();
+  const auto First = vFindingsReturn.begin() + static_cast<std::ptrdiff_t>(Before);
+  if (!Text.Continues && std::none_of(First, vFindingsReturn.end(), IsUnreadable)) {
+    Each.AddToRule("TR014", "what the library writes of this rule is another rule");
   }
 }
 
@@ -801,7 +839,8 @@ void ReportReading(const RuleRecord& RecordPassIn, std::vector<Finding>& vFindin
     return;
   }
   std::vector<Finding> vAll;
-  CheckRecord(RecordPassIn, vAll);
+  HiddenNotes Hidden;
+  CheckRecord(RecordPassIn, vAll, &Hidden);
   for (Finding& Each : vAll) {
     if (RecordPassIn.IsRead() ? Each.Code == "TR035" : IsUnreadable(Each)) {
       Each.Suggestion.clear();
@@ -818,19 +857,25 @@ bool ReadRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,
 }
 
 bool CheckRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,
-               std::vector<Finding>& vFindingsReturn) {
+               std::vector<Finding>& vFindingsReturn, HiddenNotes* HiddenReturn) {
+  const bool WantsNotes = HiddenReturn == nullptr;
   RecordReturn.Read(TextPassIn);
-  std::vector<Finding> vAll;
-  CheckRecord(RecordReturn, vAll);
-  SortFindings(vAll);
-  const auto CheckAgain = [](const RuleText& Text, std::vector<Finding>& vReturn) {
+  std::vector<Finding> vBefore;
+  vBefore.swap(vFindingsReturn);
+  CheckRecord(RecordReturn, vFindingsReturn, HiddenReturn);
+  SortFindings(vFindingsReturn);
+  const auto CheckAgain = [WantsNotes](const RuleText& Text, std::vector<Finding>& vReturn) {
     RuleRecord Record;
+    HiddenNotes Hidden;
     Record.Read(Text);
-    CheckRecord(Record, vReturn);
+    CheckRecord(Record, vReturn, WantsNotes ? nullptr : &Hidden);
     SortFindings(vReturn);
   };
-  SuggestionTrial(TextPassIn, CheckAgain, vAll).Settle();
-  std::move(vAll.begin(), vAll.end(), std::back_inserter(vFindingsReturn));
+  SuggestionTrial(TextPassIn, CheckAgain, vFindingsReturn).Settle();
+  if (!vBefore.empty()) {
+    vFindingsReturn.insert(vFindingsReturn.begin(), std::make_move_iterator(vBefore.begin()),
+                           std::make_move_iterator(vBefore.end()));
+  }
   return RecordReturn.IsRead();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Finding.h"
+#include "RuleFindings.h"
 #include "RuleRecord.h"
 #include "RuleText.h"
 
@@ -9,11 +10,16 @@
 namespace Grammar {
 
 /// Finds everything that is wrong with one rule, or will surprise, in the order of its lines.
-/// Depends on nothing but the rule.
+/// Depends on nothing but the rule, so that several rules can be checked at once.
+///
+/// A suggestion is a line in which nothing is found any more. Where notes are hidden, it may be a
+/// line with notes.
 /// @param RecordReturn gets the rule read into it
+/// @param HiddenReturn gets the codes of the notes, which are not added then; null where notes are
+///        wanted
 /// @return whether the record holds the rule
 bool CheckRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,
-               std::vector<Finding>& vFindingsReturn);
+               std::vector<Finding>& vFindingsReturn, HiddenNotes* HiddenReturn = nullptr);
 
 /// Reads a rule and adds what every command over rules reports; see `ReportReading`.
 /// @param TextPassIn has to outlive the record, or its next reading

@@ -18,15 +18,32 @@ std::string Replaced(std::string_view Text, std::string_view Part, std::string_v
   return Result.append(By).append(Text.substr(Start + Part.size()));
 }
 
-RuleFindings::RuleFindings(const RuleText& TextPassIn, std::vector<Finding>& vFindingsPassIn)
+RuleFindings::RuleFindings(const RuleText& TextPassIn, std::vector<Finding>& vFindingsPassIn,
+                           HiddenNotes* HiddenPassIn)
     : Text(TextPassIn),
       vFindings(vFindingsPassIn),
+      Hidden(HiddenPassIn),
       HasOthers(HasBytesBeyondAscii(TextPassIn.Text)) {}
+
+bool RuleFindings::TakesNote(std::string_view Code) {
+  if (Hidden != nullptr) {
+    if (Hidden->empty()) {
+      constexpr std::size_t UsualCount = 8;
+      Hidden->reserve(UsualCount);
+    }
+    Hidden->push_back(FindCode(Code));
+  }
+  return Hidden == nullptr;
+}
 
 Finding& RuleFindings::Add(std::string_view Code, std::size_t Line, std::string_view Part,
                            std::string Message, const Mend& Mended) {
   constexpr std::size_t MaxLineText = 1000;
+  constexpr std::size_t UsualCount = 4;
   const std::string_view Whole = Text.Line(Line);
+  if (vFindings.empty()) {
+    vFindings.reserve(UsualCount);
+  }
   Finding& New = vFindings.emplace_back();
   New.File = Text.File;
   New.Line = Text.FirstLine + Line;

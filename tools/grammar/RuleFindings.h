@@ -23,16 +23,27 @@ struct Mend {
   std::string By;
 };
 
+/// The codes of notes that were found and not written out, in no order.
+using HiddenNotes = std::vector<const CodeInfo*>;
+
 /// Collects what is found in one rule.
 ///
 ///   RuleFindings Findings(Text, vFindings);
 ///   Findings.Add("TR036", 3, Text.Line(3), "this alignment stands here twice");
 ///
+/// Most findings in a grammar are notes, and hardly anybody wants to see them: a note is added only
+/// where `TakesNote` says so.
+///
 /// Lines count from 0 within the rule; a part is a view into its line, or empty.
 class RuleFindings {
  public:
   /// @param TextPassIn, vFindingsPassIn have to outlive the collection
-  RuleFindings(const RuleText& TextPassIn, std::vector<Finding>& vFindingsPassIn);
+  /// @param HiddenPassIn gets the codes of notes; null where notes are wanted
+  RuleFindings(const RuleText& TextPassIn, std::vector<Finding>& vFindingsPassIn,
+               HiddenNotes* HiddenPassIn = nullptr);
+
+  /// Whether a note that was found has to be added; otherwise it is counted.
+  bool TakesNote(std::string_view Code);
 
   Finding& Add(std::string_view Code, std::size_t Line, std::string_view Part, std::string Message,
                const Mend& Mended = {});
@@ -52,6 +63,7 @@ class RuleFindings {
  private:
   const RuleText& Text;
   std::vector<Finding>& vFindings;
+  HiddenNotes* Hidden;
   bool HasOthers;
   std::optional<std::size_t> ExplainedLine;
 };
