@@ -4,7 +4,7 @@
 #include "FuzzSupport.h"
 #include "RuleReader.h"
 #include "RuleSet.h"
-#include "RuleSource.h"
+#include "RuleUse.h"
 #include "TranslationWriter.h"
 #include "Translator.h"
 #include "support/StreamCapture.h"
@@ -21,7 +21,8 @@ constexpr const char* Separator = "\n====\n";
 void AddRules(const std::string& Text, Translate::RuleSet& RulesReturn) {
   std::istringstream Stream(Text);
   Grammar::RuleReader Reader(Stream, "-");
-  Translate::SourceRule Rule;
+  Grammar::SourceRule Lines;
+  Grammar::UsableRule Rule;
   std::vector<Grammar::Finding> vFindings;
   std::uint32_t Number = 0;
   for (Grammar::RuleText Each; Reader.Next(Each);) {
@@ -29,7 +30,8 @@ void AddRules(const std::string& Text, Translate::RuleSet& RulesReturn) {
       continue;
     }
     vFindings.clear();
-    const bool IsUsable = ReadSourceRule(Each, RulesReturn.Settings().IsReversed, Rule, vFindings);
+    const bool IsUsable =
+        ReadUsableRule(Each, RulesReturn.Settings().IsReversed, Lines, Rule, vFindings);
     Require(IsUsable == vFindings.empty(),
             "a rule that is left out has a finding, no other has one");
     ++Number;

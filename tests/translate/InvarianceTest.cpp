@@ -4,6 +4,7 @@
 
 #include "GrammarPaths.h"
 #include "GrammarSupport.h"
+#include "Literal.h"
 #include "OrderedTexts.h"
 #include "RandomGrammar.h"
 #include "TranslateSupport.h"
@@ -108,10 +109,10 @@ TEST(Invariance, ANormalFormMeansTheSame) {
 /// Texts of a few of the words that the rules know.
 Strings TextsFor(const std::string& Grammar, RandomGrammar& Random) {
   Strings vsWords{"a"};
-  for (const Translate::SourceRule& Each : ReadGrammar(Grammar).vRules) {
+  for (const Grammar::UsableRule& Each : ReadGrammar(Grammar).vRules) {
     for (const std::string_view Label : Each.X.vLabels) {
-      if (Translate::IsLiteral(Label)) {
-        vsWords.emplace_back(Translate::WordOf(Label));
+      if (Grammar::IsLiteral(Label)) {
+        vsWords.emplace_back(Grammar::WordOf(Label));
       }
     }
   }

@@ -96,7 +96,7 @@ TEST(Meaning, NamesARuleByItsRuleLineElseItsHeader) {
             "{\"rule\":\"a.trr:5\",\"header\":\"N,7\",\"span\":[0,1],\"types\":[\"N\",\"N\"],"
             "\"source\":{},\"target\":{},\"children\":[]}}],\"error\":null}\n");
   const ReadGrammar Read(";; one\n{N,1}\n(X1::Y1)\n");
-  EXPECT_EQ(Translate::LineOfRule(Read.Texts[0]), 2U);
+  EXPECT_EQ(Grammar::LineOfRule(Read.Texts[0]), 2U);
 }
 
 TEST(Meaning, ComparesTypesAndLabelsInCapitals) {

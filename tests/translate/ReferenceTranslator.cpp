@@ -3,6 +3,7 @@
 #include "ReferenceTranslator.h"
 
 #include "Bytes.h"
+#include "Literal.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,11 +15,11 @@
 
 namespace {
 
-using Translate::Side;
-using Translate::SourceEquation;
-using Translate::SourcePath;
-using Translate::SourceRule;
-using Translate::ValueKind;
+using Grammar::Equation;
+using Grammar::EquationKind;
+using Grammar::NodePath;
+using Grammar::Side;
+using Grammar::UsableRule;
 
 // ---- Structures -------------------------------------------------------------------------------
 
@@ -182,7 +183,7 @@ std::string TextOf(const Ref& Each) {
 using Nodes = std::map<Side, std::vector<Ref>>;
 
 /// The end of a path, which is made where it is not there; nothing behind an atom.
-Ref Make(const Nodes& Roots, const SourcePath& Path) {
+Ref Make(const Nodes& Roots, const NodePath& Path) {
   Ref At = Find(Roots.at(Path.Of)[Path.Index]);
   for (const std::string_view Feature : Path.vFeatures) {
     if (At->What == Kind::Atomic) {
@@ -197,7 +198,7 @@ Ref Make(const Nodes& Roots, const SourcePath& Path) {
 }
 
 /// The end of a path; nothing where it is not there.
-Ref Look(const Nodes& Roots, const SourcePath& Path) {
+Ref Look(const Nodes& Roots, const NodePath& Path) {
   Ref At = Find(Roots.at(Path.Of)[Path.Index]);
   for (const std::string_view Feature : Path.vFeatures) {
     const auto Found = At->mFeatures.find(Grammar::Upper(Feature));
@@ -209,14 +210,14 @@ Ref Look(const Nodes& Roots, const SourcePath& Path) {
   return At;
 }
 
-bool UnifyAt(const Nodes& Roots, const SourcePath& Path, const Ref& What) {
+bool UnifyAt(const Nodes& Roots, const NodePath& Path, const Ref& What) {
   const Ref At = Make(Roots, Path);
   return At && Unify(At, What);
 }
 
 using Slot = std::tuple<Side, std::uint32_t, std::vector<std::string>>;
 
-Slot SlotOf(const SourcePath& Path) {
+Slot SlotOf(const NodePath& Path) {
   std::vector<std::string> vsFeatures;
   for (const std::string_view Feature : Path.vFeatures) {
     vsFeatures.push_back(Grammar::Upper(Feature));
@@ -225,13 +226,13 @@ Slot SlotOf(const SourcePath& Path) {
 }
 
 /// A value; of alternatives, the value of all of them together.
-Ref ValueOf(const SourceRule& Rule, const SourceEquation& Each) {
+Ref ValueOf(const UsableRule& Rule, const Equation& Each) {
   const Ref Value = New();
   Value->What = Kind::Atomic;
-  Value->IsNegated = Each.Kind == ValueKind::None;
-  for (const SourceEquation& Other : Rule.vEquations) {
+  Value->IsNegated = Each.Kind == EquationKind::None;
+  for (const Equation& Other : Rule.vEquations) {
     const bool IsSame =
-        &Other == &Each || (Each.Kind == ValueKind::Any && Other.Kind == ValueKind::Any &&
+        &Other == &Each || (Each.Kind == EquationKind::Any && Other.Kind == EquationKind::Any &&
                             SlotOf(Other.Left) == SlotOf(Each.Left));
     for (const std::string_view Atom : IsSame ? Other.vAtoms : std::vector<std::string_view>()) {
       Value->ssAtoms.insert(Grammar::Upper(Atom));
@@ -241,13 +242,13 @@ Ref ValueOf(const SourceRule& Rule, const SourceEquation& Each) {
 }
 
 /// The equations that hold within one side.
-bool UnifySide(const SourceRule& Rule, Side Which, const Nodes& Roots) {
-  for (const SourceEquation& Each : Rule.vEquations) {
-    if (Each.Left.Of != Which || (Each.Kind == ValueKind::Path && Each.Right.Of != Which)) {
+bool UnifySide(const UsableRule& Rule, Side Which, const Nodes& Roots) {
+  for (const Equation& Each : Rule.vEquations) {
+    if (Each.Left.Of != Which || (Each.Kind == EquationKind::Path && Each.Right.Of != Which)) {
       continue;
     }
     Ref Right;
-    if (Each.Kind == ValueKind::Path) {
+    if (Each.Kind == EquationKind::Path) {
       Right = Make(Roots, Each.Right);
     } else {
       Right = ValueOf(Rule, Each);
@@ -259,9 +260,9 @@ bool UnifySide(const SourceRule& Rule, Side Which, const Nodes& Roots) {
   return !HasCycle(Roots.at(Which));
 }
 
-bool UnifyTransfers(const SourceRule& Rule, const Nodes& Roots) {
-  for (const SourceEquation& Each : Rule.vEquations) {
-    if (Each.Kind != ValueKind::Path || Each.Left.Of == Each.Right.Of) {
+bool UnifyTransfers(const UsableRule& Rule, const Nodes& Roots) {
+  for (const Equation& Each : Rule.vEquations) {
+    if (Each.Kind != EquationKind::Path || Each.Left.Of == Each.Right.Of) {
       continue;
     }
     const bool IsLeft = Each.Left.Of == Side::X;
@@ -292,7 +293,7 @@ using Derivations = std::vector<Derivation>;
 /// The derivations of one text.
 class Table {
  public:
-  Table(const std::vector<SourceRule>& vRulesPassIn,
+  Table(const std::vector<UsableRule>& vRulesPassIn,
         const std::vector<std::uint32_t>& vNumbersPassIn, const std::string& Text,
         const ReferenceTranslator::Settings& HowPassIn)
       : vRules(vRulesPassIn), vNumbers(vNumbersPassIn), How(HowPassIn) {
@@ -310,32 +311,32 @@ class Table {
 
  private:
   bool IsUnary(std::size_t Rule) const {
-    return vRules[Rule].X.vLabels.size() == 1 && !Translate::IsLiteral(vRules[Rule].X.vLabels[0]);
+    return vRules[Rule].X.vLabels.size() == 1 && !Grammar::IsLiteral(vRules[Rule].X.vLabels[0]);
   }
   bool Fits(std::size_t Rule, std::size_t Component, const Derivation& Part) const;
   bool Matches(std::string_view Word, const std::string& Token) const {
-    return How.MatchCase ? Word == Token : Translate::IsSameUpper(Word, Token);
+    return How.MatchCase ? Word == Token : Grammar::IsSameInCapitals(Word, Token);
   }
   void Cut(std::size_t Rule, std::size_t Component, std::size_t At, std::size_t End,
            std::vector<const Derivation*>& vParts, Derivations& Made);
   void Apply(std::size_t Rule, const std::vector<const Derivation*>& vParts, Derivations& Made);
   std::int64_t Weight(std::size_t Rule) const;
 
-  const std::vector<SourceRule>& vRules;
+  const std::vector<UsableRule>& vRules;
   const std::vector<std::uint32_t>& vNumbers;
   const ReferenceTranslator::Settings How;
 };
 
 bool Table::Fits(std::size_t Rule, std::size_t Component, const Derivation& Part) const {
-  const SourceRule& Each = vRules[Rule];
-  const SourceRule& Below = vRules[Part.Rule];
-  for (std::size_t Target = 0; Target < Each.vSources.size(); ++Target) {
-    if (Each.vSources[Target] == Component &&
-        !Translate::IsSameUpper(Each.Y.vLabels[Target], Below.Y.Type)) {
+  const UsableRule& Each = vRules[Rule];
+  const UsableRule& Below = vRules[Part.Rule];
+  for (std::size_t Target = 0; Target < Each.Places.Sources().size(); ++Target) {
+    if (Each.Places.Sources()[Target] == Component &&
+        !Grammar::IsSameInCapitals(Each.Y.vLabels[Target], Below.Y.Type)) {
       return false;
     }
   }
-  return Translate::IsSameUpper(Each.X.vLabels[Component], Below.X.Type);
+  return Grammar::IsSameInCapitals(Each.X.vLabels[Component], Below.X.Type);
 }
 
 /// Cuts what is left of a span among what is left of a rule's components.
@@ -351,8 +352,8 @@ void Table::Cut(std::size_t Rule, std::size_t Component, std::size_t At, std::si
   if (At == End || IsTooMuch) {
     return;
   }
-  if (Translate::IsLiteral(vLabels[Component])) {
-    if (Matches(Translate::WordOf(vLabels[Component]), vsTokens[At])) {
+  if (Grammar::IsLiteral(vLabels[Component])) {
+    if (Matches(Grammar::WordOf(vLabels[Component]), vsTokens[At])) {
       vParts.push_back(nullptr);
       Cut(Rule, Component + 1, At + 1, End, vParts, Made);
       vParts.pop_back();
@@ -372,8 +373,8 @@ void Table::Cut(std::size_t Rule, std::size_t Component, std::size_t At, std::si
 
 std::int64_t Table::Weight(std::size_t Rule) const {
   long double Total = 0;
-  for (const SourceRule& Other : vRules) {
-    Total += Translate::IsSameUpper(Other.X.Type, vRules[Rule].X.Type)
+  for (const UsableRule& Other : vRules) {
+    Total += Grammar::IsSameInCapitals(Other.X.Type, vRules[Rule].X.Type)
                  ? static_cast<long double>(Other.Count)
                  : 0;
   }
@@ -416,7 +417,7 @@ class Releaser {
 void Table::Apply(std::size_t Rule, const std::vector<const Derivation*>& vParts,
                   Derivations& Made) {
   constexpr std::size_t TooMany = 500;
-  const SourceRule& Each = vRules[Rule];
+  const UsableRule& Each = vRules[Rule];
   Nodes Roots;
   const Releaser AtTheEnd(Roots);
   Roots[Side::X].push_back(New());
@@ -429,12 +430,12 @@ void Table::Apply(std::size_t Rule, const std::vector<const Derivation*>& vParts
   Derivation Result{Rule, Weight(Rule), {vNumbers[Rule]}, "", "", nullptr, nullptr, {}};
   Result.Source = CopyOf(Roots[Side::X][0]);
   Roots[Side::Y].push_back(New());
-  for (std::size_t Target = 0; Target < Each.vSources.size(); ++Target) {
-    const bool IsPlace = Each.vSources[Target] != Translate::NoPlace;
-    const Derivation* Part = IsPlace ? vParts[Each.vSources[Target]] : nullptr;
+  for (std::size_t Target = 0; Target < Each.Places.Sources().size(); ++Target) {
+    const bool IsPlace = Each.Places.Sources()[Target] != Grammar::PlaceSources::None;
+    const Derivation* Part = IsPlace ? vParts[Each.Places.Sources()[Target]] : nullptr;
     Roots[Side::Y].push_back(IsPlace ? CopyOf(Part->Target) : New());
     const std::string Words =
-        IsPlace ? Part->Words : std::string(Translate::WordOf(Each.Y.vLabels[Target]));
+        IsPlace ? Part->Words : std::string(Grammar::WordOf(Each.Y.vLabels[Target]));
     Result.Words += (Result.Words.empty() || Words.empty() ? "" : " ") + Words;
   }
   if (!UnifyTransfers(Each, Roots) || !UnifySide(Each, Side::Y, Roots)) {

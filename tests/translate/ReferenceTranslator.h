@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RuleSource.h"
+#include "UsableRule.h"
 
 #include <cstdint>
 #include <string>
@@ -21,7 +21,7 @@ class ReferenceTranslator {
     bool IsTooMuch = false;        ///< whether it was given up: then the rest means nothing
   };
 
-  ReferenceTranslator(const std::vector<Translate::SourceRule>& vRulesPassIn,
+  ReferenceTranslator(const std::vector<Grammar::UsableRule>& vRulesPassIn,
                       const std::vector<std::uint32_t>& vNumbersPassIn)
       : vRules(vRulesPassIn), vNumbers(vNumbersPassIn) {}
 
@@ -33,6 +33,6 @@ class ReferenceTranslator {
   Result Translate(const std::string& Text, const Settings& How) const;
 
  private:
-  const std::vector<Translate::SourceRule>& vRules;
+  const std::vector<Grammar::UsableRule>& vRules;
   const std::vector<std::uint32_t>& vNumbers;
 };

@@ -85,7 +85,9 @@ TEST(TranslateProgram, TellsOfRulesThatAreLeftOut) {
       Folder.Write("a.trr", "NP::NP : [\"the\" N] -> [N N]\n(X2::Y1)\n" + Nouns);
   const std::string Place = Grammar + ":1:26: error TR015: ";
   EXPECT_EQ(RunTranslate({Grammar, "--text", "car"}),
-            (ChildEnd{1, "auto\n", Place + "the target component has no source to come from\n"}));
+            (ChildEnd{1, "auto\n",
+                      Place + "the target component has no source to come from\n"
+                              "1 of 2 rules was left out\n"}));
 }
 
 TEST(TranslateProgram, TellsOfStartTypesWithoutRules) {

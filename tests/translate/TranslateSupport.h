@@ -2,7 +2,7 @@
 
 #include "RuleReader.h"
 #include "RuleSet.h"
-#include "RuleSource.h"
+#include "RuleUse.h"
 #include "StructureText.h"
 #include "TranslationWriter.h"
 #include "Translator.h"
@@ -27,9 +27,10 @@ class ReadGrammar {
     for (Grammar::RuleText Rule; Reader.Next(Rule);) {
       if (Rule.HasRule && !Rule.Continues) {
         Texts.push_back(Rule);
-        Translate::SourceRule Parts;
+        Grammar::SourceRule Lines;
+        Grammar::UsableRule Parts;
         ++Number;
-        if (ReadSourceRule(Texts.back(), IsReversed, Parts, vFindings)) {
+        if (ReadUsableRule(Texts.back(), IsReversed, Lines, Parts, vFindings)) {
           vRules.push_back(Parts);
           vNumbers.push_back(Number);
         }
@@ -41,7 +42,7 @@ class ReadGrammar {
   ReadGrammar& operator=(const ReadGrammar&) = delete;
 
   std::deque<Grammar::RuleText> Texts;  // the rules point into them
-  std::vector<Translate::SourceRule> vRules;
+  std::vector<Grammar::UsableRule> vRules;
   std::vector<std::uint32_t> vNumbers;
   std::vector<Grammar::Finding> vFindings;
 };

@@ -269,6 +269,10 @@ const CodeInfo* FindCode(std::string_view Code) {
   return vByNumber[static_cast<std::size_t>((Code[3] - '0') * 10 + (Code[4] - '0'))];
 }
 
+bool KeepsFromUse(std::string_view Code) {
+  return Code <= "TR010" || Code == "TR013" || Code == "TR015";
+}
+
 const CodeInfo& KnownCode(const std::string& Written, const std::string& WhereToLook) {
   const std::string Code = Upper(Trimmed(Written));
   if (const CodeInfo* Info = FindCode(Code)) {

@@ -33,6 +33,10 @@ const std::vector<CodeInfo>& AllCodes();
 /// What is known of a code; null where there is no such code.
 const CodeInfo* FindCode(std::string_view Code);
 
+/// Whether findings with a code keep their rule from being applied to texts. The other errors only
+/// keep the library from writing it.
+bool KeepsFromUse(std::string_view Code);
+
 /// The code of a text that a person has written: in any case, with white space around it. Throws
 /// `RunError` where there is none.
 /// @param WhereToLook names the command that lists the codes

@@ -3,6 +3,7 @@
 #include "LineSlips.h"
 
 #include "Bytes.h"
+#include "Literal.h"
 #include "LookAlikes.h"
 
 #include <algorithm>
@@ -51,7 +52,7 @@ bool IsSignInNames(char Byte_) {
 
 /// A literal word may hold any sign but another double quote; a bar over a label is written "'".
 std::string_view SignInLabel(std::string_view Label) {
-  if (Label.size() > 1 && Label.front() == '"' && Label.back() == '"') {
+  if (IsLiteral(Label)) {
     const std::size_t Inner = Label.find('"', 1);
     return Inner + 1 == Label.size() ? std::string_view() : Byte(Label, Inner);
   }

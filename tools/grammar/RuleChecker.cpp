@@ -9,6 +9,7 @@
 #include "CountText.h"
 #include "LineMends.h"
 #include "LineSlips.h"
+#include "Literal.h"
 #include "LookAlikes.h"
 #include "RuleFindings.h"
 #include "StrayText.h"
@@ -83,10 +84,6 @@ class Checker {
   void CheckRepetitions();
   void AddRepetition(const SourceRule::ConstraintLine& First,
                      const SourceRule::ConstraintLine& Each);
-
-  const std::vector<std::string_view>& LabelsOf(char Side) const {
-    return Side == 'X' ? Rule.SLLabels() : Rule.TLLabels();
-  }
 
   const RuleRecord& Record;
   const SourceRule& Rule;
@@ -580,12 +577,10 @@ void Checker::CheckConstraint(std::size_t Line, std::string_view Code) {
   if (Each == nullptr) {
     const auto& Stop = TakePart(Rule.BrokenLines(), Line, NextBroken)->Stop;
     const std::string_view Rest = Code.substr(Stop.Place);
-    Findings.AddFault(
-        "TR008", Line, Rest.empty() ? Code : Rest,
-        std::string(Rest.empty() ? "the constraint ends too early"
-                                 : "the constraint is not in the format from here on") +
-            ": expected " + std::string(Stop.Expected),
-        MendedConstraint(Code));
+    Findings.AddFault("TR008", Line, Rest.empty() ? Code : Rest,
+                      std::string(Rest.empty() ? "the constraint ends too early" : NotInFormat) +
+                          ": expected " + std::string(Stop.Expected),
+                      MendedConstraint(Code));
   } else if (Constraints.Check(*Each) && !IsMerged) {
     vConstraints.push_back(Each);
   }
@@ -621,11 +616,6 @@ void Checker::Check() {
   CheckAlignments();
   CheckComponents();
   CheckRepetitions();
-}
-
-std::string CountOf(std::size_t Labels, char Side) {
-  return std::string("the ") + (Side == 'X' ? "source" : "target") + " side has " +
-         std::to_string(Labels) + (Labels == 1 ? " component" : " components");
 }
 
 void Checker::CheckAlignments() {
@@ -666,7 +656,7 @@ bool HasComponent(const std::vector<std::string_view>& vLabels, int Index) {
 
 /// Looks at one side of an alignment, and notes the component as aligned.
 void Checker::CheckIndex(std::size_t Line, char Side, int Index, std::string_view Digits) {
-  const std::vector<std::string_view>& vLabels = LabelsOf(Side);
+  const std::vector<std::string_view>& vLabels = Rule.LabelsOf(Side);
   std::vector<bool>& vAligned = vIsAligned[Side == 'X' ? 0 : 1];
   vAligned.resize(vLabels.size() + 1);
   if (HasComponent(vLabels, Index)) {
@@ -674,8 +664,7 @@ void Checker::CheckIndex(std::size_t Line, char Side, int Index, std::string_vie
     return;
   }
   const std::string_view Name(Digits.data() - 1, Digits.size() + 1);
-  Findings.Add("TR010", Line, Name,
-               "there is no " + std::string(Name) + ": " + CountOf(vLabels.size(), Side));
+  Findings.Add("TR010", Line, Name, MissingComponent(Name, Side, vLabels.size()));
 }
 
 void Checker::CheckComponents() {
@@ -690,18 +679,12 @@ void Checker::CheckComponents() {
   }
 }
 
-bool IsLiteral(std::string_view Label) {
-  return Label.size() > 1 && Label.front() == '"' && Label.back() == '"';
-}
-
 /// A component that is not there is reported wherever it is named, one without an alignment once.
 void Checker::CheckComponent(const NodeText& Node, std::size_t Line) {
-  const std::vector<std::string_view>& vLabels = LabelsOf(Node.Side);
+  const std::vector<std::string_view>& vLabels = Rule.LabelsOf(Node.Side);
   const auto Index = static_cast<std::size_t>(Node.Index);
   if (Index > vLabels.size()) {
-    Findings.Add(
-        "TR009", Line, Node.Text,
-        "there is no " + std::string(Node.Text) + ": " + CountOf(vLabels.size(), Node.Side));
+    Findings.Add("TR009", Line, Node.Text, MissingComponent(Node.Text, Node.Side, vLabels.size()));
     return;
   }
   const std::vector<bool>& vAligned = vIsAligned[Node.Side == 'X' ? 0 : 1];

@@ -12,6 +12,11 @@ std::string Quoted(std::string_view Text) {
   return "\"" + std::string(Text) + "\"";
 }
 
+std::string MissingComponent(std::string_view Name, char Side, std::size_t Count) {
+  return "there is no " + std::string(Name) + ": the " + (Side == 'X' ? "source" : "target") +
+         " side has " + std::to_string(Count) + (Count == 1 ? " component" : " components");
+}
+
 std::string Replaced(std::string_view Text, std::string_view Part, std::string_view By) {
   const std::size_t Start = OffsetIn(Text, Part);
   std::string Result(Text.substr(0, Start));

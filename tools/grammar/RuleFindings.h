@@ -14,6 +14,15 @@ namespace Grammar {
 /// "\"text\""
 std::string Quoted(std::string_view Text);
 
+/// "there is no x4: the source side has 3 components"
+/// @param Name the component as it is named
+/// @param Side 'X' or 'Y'
+/// @param Count how many components that side has
+std::string MissingComponent(std::string_view Name, char Side, std::size_t Count);
+
+/// How the findings of a constraint begin that goes wrong somewhere.
+constexpr std::string_view NotInFormat = "the constraint is not in the format from here on";
+
 /// A text with a part of it replaced.
 std::string Replaced(std::string_view Text, std::string_view Part, std::string_view By);
 

@@ -13,14 +13,14 @@
 
 namespace Grammar {
 
-namespace {
-
 void Report(const std::vector<Finding>& vFindings) {
   for (const Finding& Each : vFindings) {
     std::cerr << Each.File << ':' << Each.Line << ':' << Each.Column << ": " << NameOf(Each.Level)
               << ' ' << Each.Code << ": " << Each.Message << '\n';
   }
 }
+
+namespace {
 
 /// Carries texts along as they stand, and sees to it that each ends its last line.
 class TextCarrier {
@@ -200,14 +200,14 @@ bool ReplacesInput(const RunOptions& Options) {
   });
 }
 
-namespace {
-
-/// "21 of 33 rules were left out"
-std::string LeftOutText(const RunTally& Tally) {
-  return std::to_string(Tally.LeftOut) + " of " + std::to_string(Tally.Rules) +
-         (Tally.Rules == 1 ? " rule " : " rules ") + (Tally.LeftOut == 1 ? "was" : "were") +
-         " left out";
+void ReportLeftOut(const RunTally& Tally) {
+  if (Tally.LeftOut > 0) {
+    std::cerr << Tally.LeftOut << " of " << Tally.Rules << (Tally.Rules == 1 ? " rule " : " rules ")
+              << (Tally.LeftOut == 1 ? "was" : "were") << " left out\n";
+  }
 }
+
+namespace {
 
 void RequireWholeOutput(const RunOptions& Options, const RunTally& Tally, bool CanKeepBad) {
   if (Tally.HasUnreadFiles) {
@@ -225,9 +225,7 @@ void RequireWholeOutput(const RunOptions& Options, const RunTally& Tally, bool C
 
 int FinishRun(const RunOptions& Options, const RunTally& Tally, OutputFile& OutputReturn,
               bool CanKeepBad) {
-  if (Tally.LeftOut > 0) {
-    std::cerr << LeftOutText(Tally) << '\n';
-  }
+  ReportLeftOut(Tally);
   if (OutputReturn.AppearsAtTheEnd() && !Options.Force) {
     RequireWholeOutput(Options, Tally, CanKeepBad);
   }

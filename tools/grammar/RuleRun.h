@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Finding.h"
 #include "OutputFile.h"
 #include "RuleRecord.h"
 #include "RuleText.h"
@@ -32,6 +33,12 @@ struct RunTally {
   bool HasStrayText = false;    ///< a rule was taken that had such text
   bool HasUnreadFiles = false;  ///< some input could not be read
 };
+
+/// Writes findings to standard error, each on a line.
+void Report(const std::vector<Finding>& vFindings);
+
+/// Says on standard error how many rules were left out, if any: "21 of 33 rules were left out".
+void ReportLeftOut(const RunTally& Tally);
 
 /// What is done with the rules of a run, one after the other.
 class RuleVisitor {

@@ -71,6 +71,11 @@ class SourceRule {
   const std::vector<std::string_view>& SLLabels() const { return vSLLabels; }
   const std::vector<std::string_view>& TLLabels() const { return vTLLabels; }
 
+  /// The same for the side 'X' or 'Y'.
+  const std::vector<std::string_view>& LabelsOf(char Side) const {
+    return Side == 'X' ? vSLLabels : vTLLabels;
+  }
+
   /// A line without its comment.
   std::string_view CodeOf(std::size_t Line) const { return Source->Parts(Line).Code; }
 

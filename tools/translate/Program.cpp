@@ -1,5 +1,7 @@
 #include "Program.h"
 
+#include "Literal.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -18,7 +20,7 @@ enum StepKind : std::uint8_t {
 
 }  // namespace
 
-ProgramPath ProgramCompiler::AddPath(const SourcePath& Path, Program& ProgramReturn) {
+ProgramPath ProgramCompiler::AddPath(const NodePath& Path, Program& ProgramReturn) {
   ProgramPath New;
   New.Node = Path.Index;
   New.FirstFeature = static_cast<std::uint32_t>(ProgramReturn.vFeatures.size());
@@ -31,7 +33,7 @@ ProgramPath ProgramCompiler::AddPath(const SourcePath& Path, Program& ProgramRet
   return New;
 }
 
-void ProgramCompiler::AddLink(const SourceEquation& Each, Program& ProgramReturn) {
+void ProgramCompiler::AddLink(const Equation& Each, Program& ProgramReturn) {
   const bool IsTurned = Each.Left.Of == Side::Y && Each.Right.Of == Side::X;
   LinkStep New;
   New.Left = AddPath(IsTurned ? Each.Right : Each.Left, ProgramReturn);
@@ -49,7 +51,7 @@ void ProgramCompiler::AddLink(const SourceEquation& Each, Program& ProgramReturn
   }
 }
 
-std::vector<std::uint32_t> ProgramCompiler::AtomsOf(const SourceEquation& Each) {
+std::vector<std::uint32_t> ProgramCompiler::AtomsOf(const Equation& Each) {
   std::vector<std::uint32_t> vAtoms;
   for (const std::string_view Atom : Each.vAtoms) {
     vAtoms.push_back(AtomNames.InternUpper(Atom));
@@ -69,11 +71,11 @@ void ProgramCompiler::AddSet(Side Of, const ValueStep& Step, std::uint32_t Line,
 }
 
 /// Values of one written path are alternatives; a negation holds for itself.
-void ProgramCompiler::AddValue(const SourceEquation& Each, Program& ProgramReturn) {
+void ProgramCompiler::AddValue(const Equation& Each, Program& ProgramReturn) {
   const auto Line = static_cast<std::uint32_t>(Each.Line);
   const ProgramPath Path = AddPath(Each.Left, ProgramReturn);
   std::vector<std::uint32_t> vAtoms = AtomsOf(Each);
-  if (Each.Kind == ValueKind::None) {
+  if (Each.Kind == EquationKind::None) {
     AddSet(Each.Left.Of, {Path, Atoms.Intern({true, std::move(vAtoms)})}, Line, ProgramReturn);
     return;
   }
@@ -93,34 +95,35 @@ void ProgramCompiler::AddValue(const SourceEquation& Each, Program& ProgramRetur
 }
 
 /// Which nodes begin as copies of what the parts have; those that no equation names do not count.
-void ProgramCompiler::AddParts(const SourceRule& Rule, Program& ProgramReturn) const {
+void ProgramCompiler::AddParts(const UsableRule& Rule, Program& ProgramReturn) const {
   std::vector<bool> vIsNamedX(Rule.X.vLabels.size() + 1);
   std::vector<bool> vIsNamedY(Rule.Y.vLabels.size() + 1);
-  for (const SourceEquation& Each : Rule.vEquations) {
+  for (const Equation& Each : Rule.vEquations) {
     (Each.Left.Of == Side::X ? vIsNamedX : vIsNamedY)[Each.Left.Index] = true;
-    if (Each.Kind == ValueKind::Path) {
+    if (Each.Kind == EquationKind::Path) {
       (Each.Right.Of == Side::X ? vIsNamedX : vIsNamedY)[Each.Right.Index] = true;
     }
   }
   std::vector<std::uint32_t> vPlaces;
   std::uint32_t Places = 0;
   for (std::size_t Index = 0; Index < Rule.X.vLabels.size(); ++Index) {
-    const bool IsPlace = !IsLiteral(Rule.X.vLabels[Index]);
+    const bool IsPlace = !Grammar::IsLiteral(Rule.X.vLabels[Index]);
     if (IsPlace && vIsNamedX[Index + 1]) {
       ProgramReturn.vSourceParts.push_back({static_cast<std::uint32_t>(Index + 1), Places});
     }
     vPlaces.push_back(Places);
     Places += IsPlace ? 1 : 0;
   }
-  for (std::size_t Index = 0; Index < Rule.vSources.size(); ++Index) {
-    if (Rule.vSources[Index] != NoPlace && vIsNamedY[Index + 1]) {
+  const std::vector<std::uint32_t>& vSources = Rule.Places.Sources();
+  for (std::size_t Index = 0; Index < vSources.size(); ++Index) {
+    if (vSources[Index] != Grammar::PlaceSources::None && vIsNamedY[Index + 1]) {
       ProgramReturn.vTargetParts.push_back(
-          {static_cast<std::uint32_t>(Index + 1), vPlaces[Rule.vSources[Index]]});
+          {static_cast<std::uint32_t>(Index + 1), vPlaces[vSources[Index]]});
     }
   }
 }
 
-Program ProgramCompiler::Compile(const SourceRule& Rule, std::vector<std::uint32_t>& vLinesReturn) {
+Program ProgramCompiler::Compile(const UsableRule& Rule, std::vector<std::uint32_t>& vLinesReturn) {
   Program New;
   vAlternatives.clear();
   vLinesReturn.clear();
@@ -130,8 +133,8 @@ Program ProgramCompiler::Compile(const SourceRule& Rule, std::vector<std::uint32
   for (std::vector<std::uint32_t>& vEach : vLines) {
     vEach.clear();
   }
-  for (const SourceEquation& Each : Rule.vEquations) {
-    if (Each.Kind == ValueKind::Path) {
+  for (const Equation& Each : Rule.vEquations) {
+    if (Each.Kind == EquationKind::Path) {
       AddLink(Each, New);
     } else {
       AddValue(Each, New);

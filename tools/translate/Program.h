@@ -1,8 +1,8 @@
 #pragma once
 
 #include "AtomSets.h"
-#include "RuleSource.h"
 #include "SymbolTable.h"
+#include "UsableRule.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,6 +10,12 @@
 #include <vector>
 
 namespace Translate {
+
+using Grammar::Equation;
+using Grammar::EquationKind;
+using Grammar::NodePath;
+using Grammar::Side;
+using Grammar::UsableRule;
 
 /// A path of a program: a node and a stretch of the program's features.
 struct ProgramPath {
@@ -65,7 +71,7 @@ class ProgramCompiler {
   /// Compiles the equations of a rule.
   /// @param vLinesReturn gets the line of each step in its file: of the steps of the analysis, the
   ///        transfer and the generation, each with values before links; of alternatives, the first
-  Program Compile(const SourceRule& Rule, std::vector<std::uint32_t>& vLinesReturn);
+  Program Compile(const UsableRule& Rule, std::vector<std::uint32_t>& vLinesReturn);
 
  private:
   /// What is said of one path by values that are alternatives of each other.
@@ -77,12 +83,12 @@ class ProgramCompiler {
     std::uint32_t Line;
   };
 
-  ProgramPath AddPath(const SourcePath& Path, Program& ProgramReturn);
-  void AddLink(const SourceEquation& Each, Program& ProgramReturn);
-  void AddValue(const SourceEquation& Each, Program& ProgramReturn);
+  ProgramPath AddPath(const NodePath& Path, Program& ProgramReturn);
+  void AddLink(const Equation& Each, Program& ProgramReturn);
+  void AddValue(const Equation& Each, Program& ProgramReturn);
   void AddSet(Side Of, const ValueStep& Step, std::uint32_t Line, Program& ProgramReturn);
-  void AddParts(const SourceRule& Rule, Program& ProgramReturn) const;
-  std::vector<std::uint32_t> AtomsOf(const SourceEquation& Each);
+  void AddParts(const UsableRule& Rule, Program& ProgramReturn) const;
+  std::vector<std::uint32_t> AtomsOf(const Equation& Each);
 
   SymbolTable& Features;
   SymbolTable& AtomNames;

@@ -3,20 +3,25 @@
 #include "RuleSet.h"
 
 #include "Bytes.h"
+#include "Literal.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace Translate {
 
+using Grammar::IsLiteral;
+using Grammar::WordOf;
+
 // ---- Adding a rule ----------------------------------------------------------------------------
 
 /// What each source place is wanted as, and which symbols that makes.
-void RuleSet::AddSymbols(const SourceRule& Source, Rule& RuleReturn) {
+void RuleSet::AddSymbols(const UsableRule& Source, Rule& RuleReturn) {
   std::vector<std::uint32_t> vWanted(Source.X.vLabels.size(), None);
-  for (std::size_t Index = 0; Index < Source.vSources.size(); ++Index) {
-    if (Source.vSources[Index] != NoPlace) {
-      vWanted[Source.vSources[Index]] = Labels.InternUpper(Source.Y.vLabels[Index]);
+  const std::vector<std::uint32_t>& vSources = Source.Places.Sources();
+  for (std::size_t Index = 0; Index < vSources.size(); ++Index) {
+    if (vSources[Index] != Grammar::PlaceSources::None) {
+      vWanted[vSources[Index]] = Labels.InternUpper(Source.Y.vLabels[Index]);
     }
   }
   RuleReturn.FirstSymbol = static_cast<std::uint32_t>(vSymbols.size());
@@ -33,7 +38,7 @@ void RuleSet::AddSymbols(const SourceRule& Source, Rule& RuleReturn) {
   }
 }
 
-void RuleSet::AddTargets(const SourceRule& Source, Rule& RuleReturn) {
+void RuleSet::AddTargets(const UsableRule& Source, Rule& RuleReturn) {
   std::vector<std::uint32_t> vPlaces;
   std::uint32_t Places = 0;
   for (const std::string_view Label : Source.X.vLabels) {
@@ -41,10 +46,11 @@ void RuleSet::AddTargets(const SourceRule& Source, Rule& RuleReturn) {
     Places += IsLiteral(Label) ? 0 : 1;
   }
   RuleReturn.FirstTarget = static_cast<std::uint32_t>(vTargets.size());
-  for (std::size_t Index = 0; Index < Source.vSources.size(); ++Index) {
+  const std::vector<std::uint32_t>& vSources = Source.Places.Sources();
+  for (std::size_t Index = 0; Index < vSources.size(); ++Index) {
     const std::string_view Label = Source.Y.vLabels[Index];
     if (!IsLiteral(Label)) {
-      vTargets.push_back({false, vPlaces[Source.vSources[Index]]});
+      vTargets.push_back({false, vPlaces[vSources[Index]]});
     } else if (!WordOf(Label).empty()) {
       vTargets.push_back({true, Words.Intern(WordOf(Label))});
     }
@@ -53,7 +59,7 @@ void RuleSet::AddTargets(const SourceRule& Source, Rule& RuleReturn) {
 }
 
 /// Until `Finish`, the program's number stands in the place of the evaluation's.
-void RuleSet::AddProgram(const SourceRule& Source, Rule& RuleReturn) {
+void RuleSet::AddProgram(const UsableRule& Source, Rule& RuleReturn) {
   RuleReturn.FirstLine = static_cast<std::uint32_t>(vStepLines.size());
   RuleReturn.Evaluation = None;
   if (Source.vEquations.empty()) {
@@ -69,7 +75,7 @@ void RuleSet::AddProgram(const SourceRule& Source, Rule& RuleReturn) {
   RuleReturn.Evaluation = Found->second;
 }
 
-void RuleSet::Add(const SourceRule& Source, std::uint32_t Number) {
+void RuleSet::Add(const UsableRule& Source, std::uint32_t Number) {
   Rule New{};
   New.Number = Number;
   New.Count = Source.Count;

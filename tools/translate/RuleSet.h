@@ -3,9 +3,9 @@
 #include "AtomSets.h"
 #include "Hashing.h"
 #include "Program.h"
-#include "RuleSource.h"
 #include "SourceTrie.h"
 #include "SymbolTable.h"
+#include "UsableRule.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -80,7 +80,7 @@ class RuleSet {
   RuleSet& operator=(const RuleSet&) = delete;
 
   /// Adds a rule that can be used. Rules have to come in the order of their numbers.
-  void Add(const SourceRule& Source, std::uint32_t Number);
+  void Add(const UsableRule& Source, std::uint32_t Number);
 
   /// To be called behind the last rule.
   void Finish();
@@ -148,9 +148,9 @@ class RuleSet {
   const AtomSets& Atoms() const { return Sets; }
 
  private:
-  void AddSymbols(const SourceRule& Source, Rule& RuleReturn);
-  void AddTargets(const SourceRule& Source, Rule& RuleReturn);
-  void AddProgram(const SourceRule& Source, Rule& RuleReturn);
+  void AddSymbols(const UsableRule& Source, Rule& RuleReturn);
+  void AddTargets(const UsableRule& Source, Rule& RuleReturn);
+  void AddProgram(const UsableRule& Source, Rule& RuleReturn);
   void SetWeights();
   void FillTrie();
   void FillSlots();

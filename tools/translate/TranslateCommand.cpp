@@ -6,7 +6,7 @@
 #include "OutputFile.h"
 #include "Progress.h"
 #include "RuleFiles.h"
-#include "RuleSource.h"
+#include "RuleUse.h"
 #include "RunError.h"
 
 #include <unistd.h>
@@ -23,40 +23,31 @@ namespace Translate {
 
 // ---- Grammars ---------------------------------------------------------------------------------
 
-namespace {
-
-void Report(const std::vector<Grammar::Finding>& vFindings) {
-  for (const Grammar::Finding& Each : vFindings) {
-    std::cerr << Each.File << ':' << Each.Line << ':' << Each.Column << ": " << NameOf(Each.Level)
-              << ' ' << Each.Code << ": " << Each.Message << '\n';
-  }
-}
-
-}  // namespace
-
-bool LoadRules(const std::vector<std::string>& vsGrammars, bool Quiet, RuleSet& RulesReturn) {
+Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Quiet,
+                            RuleSet& RulesReturn) {
   Grammar::RuleFiles Files(vsGrammars, Quiet);
   // With a part of the grammar, texts would mean something else.
   Files.ReportFailuresTo([](const std::string& Message) { throw Grammar::RunError(Message); });
   std::vector<Grammar::Finding> vFindings;
-  SourceRule Rule;
-  std::uint32_t Number = 0;
-  bool AllUsable = true;
+  Grammar::SourceRule Lines;
+  UsableRule Rule;
+  Grammar::RunTally Tally;
   for (Grammar::RuleText Text; Files.Next(Text);) {
     if (!Text.HasRule || Text.Continues) {
       continue;
     }
-    ++Number;
+    ++Tally.Rules;
     vFindings.clear();
-    if (ReadSourceRule(Text, RulesReturn.Settings().IsReversed, Rule, vFindings)) {
-      RulesReturn.Add(Rule, Number);
+    if (ReadUsableRule(Text, RulesReturn.Settings().IsReversed, Lines, Rule, vFindings)) {
+      RulesReturn.Add(Rule, static_cast<std::uint32_t>(Tally.Rules));
     } else {
-      Report(vFindings);
-      AllUsable = false;
+      Grammar::Report(vFindings);
+      ++Tally.LeftOut;
     }
   }
   RulesReturn.Finish();
-  return AllUsable;
+  Tally.HasFindings = Tally.LeftOut > 0;
+  return Tally;
 }
 
 // ---- Start types ------------------------------------------------------------------------------
@@ -177,7 +168,8 @@ int RunTranslate(const TranslateOptions& Options) {
     throw Grammar::RunError("standard input holds the texts: a grammar from there needs --text");
   }
   RuleSet Rules(Options.Rules);
-  bool HasFindings = !LoadRules(Options.vsGrammars, Options.Quiet, Rules);
+  const Grammar::RunTally Tally = LoadRules(Options.vsGrammars, Options.Quiet, Rules);
+  bool HasFindings = Tally.HasFindings;
   const TextOptions Texts = TextOptionsOf(Options, Rules);
   const WriterOptions Format = WriterOptionsOf(Options);
   Grammar::OutputFile Output(Options.Output);
@@ -204,6 +196,7 @@ int RunTranslate(const TranslateOptions& Options) {
       return Made;
     };
   });
+  Grammar::ReportLeftOut(Tally);
   Output.Finish();
   return HasFindings ? Grammar::StatusFindings : Grammar::StatusClean;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "RuleRun.h"
 #include "RuleSet.h"
 #include "TranslationWriter.h"
 #include "Translator.h"
@@ -32,7 +33,8 @@ int RunTranslate(const TranslateOptions& Options);
 
 /// Reads grammars into a rule set, as every command that applies rules does. What is wrong with
 /// rules that are left out is told on standard error.
-/// @return whether all rules can be used
-bool LoadRules(const std::vector<std::string>& vsGrammars, bool Quiet, RuleSet& RulesReturn);
+/// @return how many rules there are, and how many of them are left out
+Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Quiet,
+                            RuleSet& RulesReturn);
 
 }  // namespace Translate

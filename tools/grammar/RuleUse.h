@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Finding.h"
+#include "PlaceSources.h"
+#include "RuleFindings.h"
+#include "SourceRule.h"
+#include "UsableRule.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace Grammar {
+
+/// Reads what a rule means, for whoever applies it.
+///
+///   SourceRule Lines;
+///   UsableRule Rule;
+///   if (ReadUsableRule(Text, false, Lines, Rule, vFindings)) {
+///     Rule.X.vLabels.front();
+///   }
+///
+/// @param Text has to outlive what is returned
+/// @param IsReversed whether source and target change places
+/// @param LinesReturn gets the lines of the rule, taken apart
+/// @param RuleReturn is written over
+/// @param vFindingsReturn gets what keeps the rule from being used; see `ReportUnusable`
+/// @return whether the rule can be used
+bool ReadUsableRule(const RuleText& Text, bool IsReversed, SourceRule& LinesReturn,
+                    UsableRule& RuleReturn, std::vector<Finding>& vFindingsReturn);
+
+/// Adds what keeps a rule from being applied to texts, in the order of its lines. That is less than
+/// what keeps the library from writing it, but for places without source and for constraints that
+/// the library takes and that mean nothing.
+///
+/// @param Lines a rule that cannot be used
+/// @param IsReversed whether source and target change places
+/// @param vFindingsReturn gets at least one finding, all of them errors
+void ReportUnusable(const SourceRule& Lines, bool IsReversed,
+                    std::vector<Finding>& vFindingsReturn);
+
+/// Adds the places of a rule that have no source (TR015), each at its label.
+/// @param Line of the rule line, from 0 within the rule
+void ReportPlaces(const PlaceSources& Places, std::size_t Line, Severity Level,
+                  RuleFindings& FindingsReturn);
+
+}  // namespace Grammar
