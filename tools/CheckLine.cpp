@@ -1,6 +1,6 @@
+#include "CheckCommand.h"
 #include "CommandLine.h"
 #include "Version.h"
-#include "grammar/CheckCommand.h"
 
 #include <optional>
 #include <string>

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "grammar/RuleRun.h"
+#include "RuleRun.h"
 
 /// What the command line has chosen to do; gives the exit status.
 using Action = std::function<int()>;

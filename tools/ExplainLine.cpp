@@ -1,6 +1,6 @@
 #include "CommandLine.h"
-#include "grammar/FindingCodes.h"
-#include "grammar/RunError.h"
+#include "FindingCodes.h"
+#include "RunError.h"
 
 #include <iostream>
 #include <string>

@@ -1,5 +1,5 @@
 #include "CommandLine.h"
-#include "grammar/JsonCommand.h"
+#include "JsonCommand.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "CommandLine.h"
+#include "NearestName.h"
+#include "RunError.h"
 #include "Version.h"
-#include "grammar/NearestName.h"
-#include "grammar/RunError.h"
 
 #include <algorithm>
 #include <iostream>

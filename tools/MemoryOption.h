@@ -2,7 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "grammar/MemorySize.h"
+#include "MemorySize.h"
 
 /// Adds --memory, which is half of the machine's where it is not given.
 inline void AddMemoryOption(CLI::App& CommandReturn, std::size_t& MemoryReturn) {

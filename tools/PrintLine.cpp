@@ -1,5 +1,5 @@
 #include "CommandLine.h"
-#include "grammar/PrintCommand.h"
+#include "PrintCommand.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "CommandLine.h"
 #include "MemoryOption.h"
-#include "grammar/SortCommand.h"
+#include "SortCommand.h"
 
 #include <map>
 #include <string>

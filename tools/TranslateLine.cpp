@@ -1,5 +1,5 @@
 #include "CommandLine.h"
-#include "translate/TranslateCommand.h"
+#include "TranslateCommand.h"
 
 #include <charconv>
 #include <cstdint>

@@ -1,9 +1,9 @@
 // The command over files of rules: reads the command line and hands it to one of the commands.
 
+#include "Cleanup.h"
 #include "CommandLine.h"
+#include "RunError.h"
 #include "Version.h"
-#include "grammar/Cleanup.h"
-#include "grammar/RunError.h"
 
 #include <iostream>
 #include <new>

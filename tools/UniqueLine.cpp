@@ -1,6 +1,6 @@
 #include "CommandLine.h"
 #include "MemoryOption.h"
-#include "grammar/UniqueCommand.h"
+#include "UniqueCommand.h"
 
 #include <charconv>
 #include <string>

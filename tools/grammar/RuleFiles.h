@@ -1,9 +1,9 @@
 #pragma once
 
+#include "InputFile.h"
 #include "Progress.h"
 #include "RuleReader.h"
 
-#include <cstdint>
 #include <functional>
 #include <istream>
 #include <memory>
@@ -12,31 +12,6 @@
 #include <vector>
 
 namespace Grammar {
-
-/// The names, or "-" for standard input where there are none.
-std::vector<std::string> OrStandardInput(std::vector<std::string> vsNames);
-
-/// The size of all files together; 0 where one of them is no regular file.
-std::uint64_t TotalSize(const std::vector<std::string>& vsNames);
-
-/// A file that is read from its beginning to its end, or standard input for "-". Throws
-/// `InputError` where it cannot be opened or read.
-class InputFile {
- public:
-  explicit InputFile(const std::string& Name);
-  ~InputFile();
-
-  InputFile(const InputFile&) = delete;
-  InputFile& operator=(const InputFile&) = delete;
-
-  std::istream& Stream() { return Input; }
-
- private:
-  class Buffer;
-
-  std::unique_ptr<Buffer> Bytes;
-  std::istream Input;
-};
 
 /// The rules of several files, one after the other, with the progress shown on the way.
 ///

@@ -1,5 +1,6 @@
 #include "RuleRun.h"
 
+#include "InputFile.h"
 #include "Pipeline.h"
 #include "RuleChecker.h"
 #include "RuleFiles.h"

@@ -2,6 +2,7 @@
 
 #include "TranslateCommand.h"
 
+#include "InputFile.h"
 #include "OrderedTexts.h"
 #include "OutputFile.h"
 #include "Progress.h"

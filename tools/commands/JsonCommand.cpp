@@ -1,9 +1,9 @@
 #include "JsonCommand.h"
 
+#include "InputFile.h"
 #include "JsonReader.h"
 #include "OutputFile.h"
 #include "Progress.h"
-#include "RuleFiles.h"
 #include "RuleJson.h"
 #include "RunError.h"
 
