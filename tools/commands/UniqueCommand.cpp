@@ -42,7 +42,7 @@ void Pack(const RuleRecord& Record, std::string& BytesReturn) {
   }
   Head.CommentSize = BytesReturn.size() - Begin - sizeof Head;
   std::memcpy(BytesReturn.data() + Begin, &Head, sizeof Head);
-  BytesReturn.append(HeaderLine(Record.Header()));
+  AppendHeader(Record.Header(), BytesReturn);
 }
 
 void SetPlace(std::uint64_t Place, std::string& BytesReturn) {

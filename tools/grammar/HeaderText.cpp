@@ -1,7 +1,5 @@
 #include "HeaderText.h"
 
-#include <string>
-
 namespace Grammar {
 
 RuleHeader HeaderOf(const std::optional<TrRuleInternal::HeaderParts>& Parts,
@@ -19,6 +17,14 @@ RuleHeader HeaderOf(const std::optional<TrRuleInternal::HeaderParts>& Parts,
 int NumberOf(const RuleHeader& Header) {
   constexpr int NoNumber = -1;
   return TrRuleInternal::ParseWholeNumber(Header.Number).value_or(NoNumber);
+}
+
+void AppendHeader(const RuleHeader& Header, std::string& TextReturn) {
+  if (!Header.IsReadable) {
+    TextReturn.append(Header.Type).append(1, '\n');
+  } else if (Header.IsPresent) {
+    TextReturn.append("{").append(Header.Type).append(",").append(Header.Number).append("}\n");
+  }
 }
 
 }  // namespace Grammar

@@ -1,11 +1,21 @@
 #pragma once
 
-#include "RuleRecord.h"
+#include <HeaderLine.h>
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace Grammar {
+
+/// The header of a rule, whole: the record keeps two letters of the type and one digit.
+struct RuleHeader {
+  bool IsPresent = false;
+  /// A header that is not "{type,number}" is kept as it was written, in `Type`, with its braces.
+  bool IsReadable = true;
+  std::string Type;    ///< "ADJP"
+  std::string Number;  ///< "12", as written, without white space and leading zeros
+};
 
 /// The header of a rule as it is kept.
 /// @param Parts the parts of the line; nothing where it cannot be read
@@ -14,5 +24,8 @@ RuleHeader HeaderOf(const std::optional<TrRuleInternal::HeaderParts>& Parts, std
 
 /// The number of a header, as the record holds it: -1 where it has none that can be read.
 int NumberOf(const RuleHeader& Header);
+
+/// Appends the header with a line end, as it is written; nothing where there is none.
+void AppendHeader(const RuleHeader& Header, std::string& TextReturn);
 
 }  // namespace Grammar

@@ -265,7 +265,7 @@ std::string LinesFrom(const Json& Object, const Strings& vsComments,
   for (const std::string& sComment : vsComments) {
     Lines.append(sComment).append(1, '\n');
   }
-  Lines.append(HeaderLine(HeaderFrom(Object)));
+  AppendHeader(HeaderFrom(Object), Lines);
   JsonMember(Object, "slType").AppendLine(Lines);
   Lines.append("::");
   JsonMember(Object, "tlType").AppendLine(Lines);

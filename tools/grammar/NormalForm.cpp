@@ -20,31 +20,7 @@ void AppendFolded(std::string_view Line, std::string& TextReturn) {
   }
 }
 
-void AppendHeader(const RuleHeader& Header, std::string& TextReturn) {
-  if (!Header.IsReadable) {
-    TextReturn.append(Header.Type).append(1, '\n');
-  } else if (Header.IsPresent) {
-    TextReturn.append("{").append(Header.Type).append(",").append(Header.Number).append("}\n");
-  }
-}
-
-void AppendLines(const RuleRecord& Record, bool NoComments, std::string& TextReturn) {
-  if (!NoComments) {
-    for (const std::string& sComment : Record.Comments()) {
-      TextReturn.append(sComment).append(1, '\n');
-    }
-  }
-  AppendHeader(Record.Header(), TextReturn);
-  Record.Form().AppendBlock(TextReturn);
-}
-
 }  // namespace
-
-std::string HeaderLine(const RuleHeader& Header) {
-  std::string Line;
-  AppendHeader(Header, Line);
-  return Line;
-}
 
 std::string Folded(std::string_view LinesPassIn) {
   if (!LinesPassIn.empty() && LinesPassIn.back() == '\n') {
@@ -59,10 +35,10 @@ void AppendNormalForm(const RuleRecord& RecordPassIn, const FormOptions& Options
                       std::string& TextReturn) {
   if (OptionsPassIn.OneLine) {
     std::string Lines;
-    AppendLines(RecordPassIn, OptionsPassIn.NoComments, Lines);
+    RecordPassIn.AppendLines(OptionsPassIn.NoComments, Lines);
     AppendFolded(Lines, TextReturn);
   } else {
-    AppendLines(RecordPassIn, OptionsPassIn.NoComments, TextReturn);
+    RecordPassIn.AppendLines(OptionsPassIn.NoComments, TextReturn);
   }
   TextReturn += '\n';
 }

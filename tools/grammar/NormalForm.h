@@ -21,9 +21,6 @@ struct FormOptions {
 void AppendNormalForm(const RuleRecord& RecordPassIn, const FormOptions& OptionsPassIn,
                       std::string& TextReturn);
 
-/// The header with a line end, as it is written; empty where there is none.
-std::string HeaderLine(const RuleHeader& Header);
-
 /// Lines on one line, as above, without a line end; the last line end is left out.
 std::string Folded(std::string_view LinesPassIn);
 

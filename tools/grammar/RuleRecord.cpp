@@ -2,8 +2,6 @@
 
 #include "Bytes.h"
 #include "CountText.h"
-#include "HeaderText.h"
-#include "NormalForm.h"
 #include "RuleReader.h"
 #include "StrayText.h"
 
@@ -105,7 +103,8 @@ bool ReadOnlyRule(std::string Written, RuleText& TextReturn) {
 /// Whether reading what is written gives the same again.
 bool RuleRecord::IsStable() const {
   std::string Written;
-  AppendNormalForm(*this, FormOptions(), Written);
+  AppendLines(false, Written);
+  Written += '\n';
   RuleText Again;
   if (IsCut(Written) || !ReadOnlyRule(Written, Again) || IsTooLong(Again)) {
     return false;
@@ -117,7 +116,8 @@ bool RuleRecord::IsStable() const {
   }
   Other.ReadComments(Again);
   std::string WrittenAgain;
-  AppendNormalForm(Other, FormOptions(), WrittenAgain);
+  Other.AppendLines(false, WrittenAgain);
+  WrittenAgain += '\n';
   return Written == WrittenAgain && ComparisonText() == Other.ComparisonText();
 }
 
@@ -125,6 +125,16 @@ std::string RuleRecord::Block() const {
   std::string Text;
   OrderedForm.AppendBlock(Text);
   return Text;
+}
+
+void RuleRecord::AppendLines(bool NoComments, std::string& TextReturn) const {
+  if (!NoComments) {
+    for (const std::string& sComment : vsComments) {
+      TextReturn.append(sComment).append(1, '\n');
+    }
+  }
+  AppendHeader(RuleHead, TextReturn);
+  OrderedForm.AppendBlock(TextReturn);
 }
 
 std::string RuleRecord::SamenessText() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HeaderText.h"
 #include "LineKind.h"
 #include "RuleForm.h"
 #include "RuleText.h"
@@ -13,15 +14,6 @@
 #include <vector>
 
 namespace Grammar {
-
-/// The header of a rule, whole: the record keeps two letters of the type and one digit.
-struct RuleHeader {
-  bool IsPresent = false;
-  /// A header that is not "{type,number}" is kept as it was written, in `Type`, with its braces.
-  bool IsReadable = true;
-  std::string Type;    ///< "ADJP"
-  std::string Number;  ///< "12", as written, without white space and leading zeros
-};
 
 /// The count in the first comment that bears its label; 1 where there is none.
 int CountIn(const std::vector<std::string>& vsComments);
@@ -92,6 +84,10 @@ class RuleRecord {
 
   /// The block of the normal form: see `RuleForm::AppendBlock`. Made anew by each call.
   std::string Block() const;
+
+  /// Appends the lines of the normal form: comments, unless they are unwanted, header and block. The
+  /// last one has no line end.
+  void AppendLines(bool NoComments, std::string& TextReturn) const;
 
  private:
   void Clear();
