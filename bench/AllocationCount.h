@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-/// How often and how much the program has allocated since it started. Linking AllocationCount.cpp
+/// The number and size of allocations since the program started. Linking AllocationCount.cpp
 /// replaces the global allocation functions by counting ones.
 struct AllocationCount {
   std::size_t Calls = 0;
@@ -13,5 +13,5 @@ struct AllocationCount {
   }
 };
 
-/// The counts until now. Plain variables: for one thread alone.
+/// The current counts. Plain variables: for one thread only.
 AllocationCount CountedAllocations();

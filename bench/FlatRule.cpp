@@ -12,7 +12,7 @@ std::string KeyOf(const Constraint& Stored) {
          Stored.GetFeatValue();
 }
 
-/// The comment lines and the header's type, which a rule shows only when it prints itself.
+/// The comment lines and the header type, which only `Print` shows.
 void CutPrinted(TrRule& Rule, RulePieces& PiecesReturn) {
   std::ostringstream Printed;
   std::streambuf* const Old = std::cout.rdbuf(Printed.rdbuf());
@@ -63,8 +63,9 @@ FlatRule::FlatRule(const RulePieces& Pieces)
       RuleIndex(Pieces.RuleIndex),
       POS(Pieces.POS) {
   vsAllAlignments.push_back(Alignments);
-  for (const RulePieces::ConstraintPieces& Each : Pieces.vConstraints) {
-    Constraints.emplace(Each.Key, FlatConstraint{Each.Category, Each.Index, Each.Feature,
-                                                 Each.FeatValue, -1, Each.IsValue});
+  for (const RulePieces::ConstraintPieces& Written : Pieces.vConstraints) {
+    Constraints.emplace(Written.Key,
+                        FlatConstraint{Written.Category, Written.Index, Written.Feature,
+                                       Written.FeatValue, -1, Written.IsValue});
   }
 }

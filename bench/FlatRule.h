@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-/// What a rule consists of, cut beforehand: the texts that its containers hold after reading, as
-/// views. Filling a `FlatRule` from it costs what the containers cost and nothing else.
+/// The pieces of a rule, split in advance: views of the texts that its containers have after
+/// reading. Filling a `FlatRule` from them costs only as much as the containers.
 struct RulePieces {
   struct ConstraintPieces {
     std::string Key;

@@ -1,5 +1,5 @@
-// What script/bench-grammar needs beside the command: many rules, the time that the library takes
-// for them alone, and the time and memory that a program takes.
+// Used by script/bench-grammar: many rules, the time that the library takes for them, and the time
+// and memory that a program takes.
 
 #include "RuleGenerator.h"
 #include "TrRule.h"
@@ -41,14 +41,14 @@ int WriteRules(long Count) {
   return std::fflush(stdout) == 0 ? 0 : 2;
 }
 
-/// Reads a rule, writes it to a string and gives its memory back.
+/// Reads a rule, writes it to a string and frees its memory.
 std::size_t ReadAndWrite(const std::string& Text) {
   TrRule Record;
   Record.SetTrRuleFromString(Text);
   return Record.ReturnAsStringForPrint().size();
 }
 
-/// Reads each rule and writes it to a string; making the rules does not count.
+/// Reads each rule and writes it to a string; generating the rules is not measured.
 int MeasureLibrary(long Count) {
   std::ostringstream Ignored;
   std::streambuf* OldOut = std::cout.rdbuf(Ignored.rdbuf());
@@ -73,7 +73,7 @@ double Seconds(const timeval& Time) {
   return static_cast<double>(Time.tv_sec) + static_cast<double>(Time.tv_usec) / 1e6;
 }
 
-/// Runs a program without its messages and tells what it took.
+/// Runs a program without its messages and reports its time and memory.
 int MeasureProgram(char** Command) {
   const Clock::time_point Start = Clock::now();
   const pid_t Child = fork();

@@ -1,13 +1,13 @@
-// What the library costs as its inputs grow: each case does one thing to an input of a given size.
+// The cost of the library as its inputs grow: each case performs one operation on an input of a
+// given size.
 //
 //   trrule-growth                       lists the cases: name, first size, limit
 //   trrule-growth read-constraints 500  prepares that input, and does the work in MeasuredWork
 //
 // script/growth runs each case at its first size and at four times that, counts the instructions
-// inside MeasuredWork, and fails where they grow by more than the limit. Linear work grows 4 times,
-// work in n log n some 4.7 times, more or less where a buffer happens to double. Where the result
-// itself, or what is printed, grows with the square, no way of making it could grow less, and the
-// limit says so.
+// inside MeasuredWork, and fails if they grow by more than the limit. Linear work grows 4 times,
+// n log n work about 4.7 times, more or less if a buffer happens to double. Where the result or the
+// output grows with the square, so must the work, and the limit allows it.
 
 #include "LineUp.h"
 #include "TrRule.h"
@@ -23,7 +23,7 @@
 #include <string>
 #include <vector>
 
-/// The work that is counted; a name that the counting can find.
+/// The work that is counted, as a function that the counting finds by name.
 extern "C" __attribute__((noinline, visibility("default"))) void MeasuredWork(
     const std::function<void()>& Work) {
   Work();
@@ -44,7 +44,7 @@ struct Case {
   Work (*Prepare)(int Size);
 };
 
-/// Takes what is printed byte by byte, as a stream somewhere would, and forgets it.
+/// Reads the output byte by byte, as a stream would, and discards it.
 class NoBuffer : public std::streambuf {
  protected:
   int overflow(int Byte) override { return Byte; }
@@ -68,7 +68,7 @@ std::string Repeated(const std::string& Text, int Times) {
   return Whole;
 }
 
-/// The numbers from 1, mixed in the same way each time.
+/// The numbers from 1, shuffled in the same way each time.
 std::vector<int> Mixed(int Count) {
   std::vector<int> vNumbers;
   for (int Number = 1; Number <= Count; ++Number) {
@@ -97,14 +97,14 @@ std::string ConstraintLines(int Count) {
 
 constexpr const char* RuleStart = "NP::NP [N] -> [N]\n(X1::Y1)\n";
 
-/// A rule in a place of its own, since it would be copied into the work.
+/// A rule behind a pointer, since it would be copied into the work.
 using Shared = std::shared_ptr<TrRule>;
 
 Shared NewRule() {
   return std::make_shared<TrRule>();
 }
 
-/// A rule that has a value and an agreement for each of as many nodes.
+/// A rule with a value and an agreement for each of `Size` nodes.
 Shared ConstrainedRule(int Count) {
   Shared Rule = NewRule();
   Rule->SetAlignment(AlignmentsOf({1}));
@@ -220,7 +220,7 @@ Work SetDamagedAlignments(int Size) {
       [Rule = NewRule(), Text = '(' + Repeated(",)(,", Size) + ')'] { Rule->SetAlignment(Text); };
 }
 
-/// Each pair without an index has two messages, and each message has the whole string.
+/// Each pair without an index prints two messages, and each message contains the whole string.
 Work SetPairsWithoutIndices(int Size) {
   return [Rule = NewRule(), Text = '(' + Repeated("(1),", Size) + "(1))"] {
     Rule->SetAlignment(Text);
@@ -309,7 +309,7 @@ Work MergeValues(int Size) {
   };
 }
 
-/// A value passes over the agreements that share its node and feature.
+/// A value visits the agreements that share its node and feature.
 Work SetValuesBesideAgreements(int Size) {
   const Shared Rule = NewRule();
   AddAgreements(*Rule, Mixed(Size));
@@ -429,15 +429,15 @@ const std::vector<Case>& Cases() {
 }
 
 int List() {
-  for (const Case& Each : Cases()) {
-    std::cout << Each.Name << '\t' << Each.Size << '\t' << Each.Limit << '\n';
+  for (const Case& Row : Cases()) {
+    std::cout << Row.Name << '\t' << Row.Size << '\t' << Row.Limit << '\n';
   }
   return 0;
 }
 
 int Run(const std::string& Name, int Size) {
   const auto Found = std::find_if(Cases().begin(), Cases().end(),
-                                  [&](const Case& Each) { return Each.Name == Name; });
+                                  [&](const Case& Row) { return Row.Name == Name; });
   if (Found == Cases().end() || Size <= 0) {
     std::cerr << "No such case: " << Name << '\n';
     return 2;

@@ -1,8 +1,8 @@
-// What the library costs beside what its containers cost.
+// The cost of the library compared with the cost of its containers.
 //
-// Each benchmark runs over the same generated rules. Beside the time it gives, a rule: the bytes
-// of text, the allocations and the bytes allocated. The names before the slash are the stages, the
-// ones behind it tell the library from the floors that it is held against.
+// Each benchmark runs over the same generated rules. For each rule it reports the time, the bytes
+// of text, the allocations and the allocated bytes. In a name, the stage comes before the slash;
+// after it, the library is distinguished from the floors that it is compared with.
 
 #include "AllocationCount.h"
 #include "FlatRule.h"
@@ -28,7 +28,7 @@ constexpr std::size_t RuleCount = 2000;
 constexpr std::size_t SortCount = 100000;
 constexpr std::uint64_t Seed = 20;
 
-/// Swallows what the merging of values prints.
+/// Discards the messages of merged values.
 class NoBuffer : public std::streambuf {
  protected:
   int overflow(int Byte) override { return Byte; }
@@ -47,7 +47,7 @@ const std::vector<std::pair<const char*, Writer>>& Writers() {
   return vWriters;
 }
 
-/// A text cut where a writer appends: words and what stands between them.
+/// A text split where a writer appends: words and the text between them.
 std::vector<std::string_view> CutWritten(std::string_view Text) {
   const auto IsWord = [](char Byte) { return std::isalnum(static_cast<unsigned char>(Byte)) != 0; };
   std::vector<std::string_view> vPieces;
@@ -62,14 +62,14 @@ std::vector<std::string_view> CutWritten(std::string_view Text) {
   return vPieces;
 }
 
-/// What a copy of a rule keeps: all but the comments and the type of the header.
+/// The members of a copied rule: all but the comments and the header type.
 RulePieces WithoutReadersOwn(RulePieces Pieces) {
   Pieces.vsComments.clear();
   Pieces.POS.clear();
   return Pieces;
 }
 
-/// The rules that all benchmarks share, in every shape that one of them needs.
+/// The rules that all benchmarks share, in every representation that they need.
 struct Fixture {
   Fixture() : vsTexts(GeneratedRules(Seed, RuleCount)) {
     for (const std::string& sText : vsTexts) {

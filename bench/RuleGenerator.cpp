@@ -49,7 +49,7 @@ RuleGenerator::RuleGenerator(std::uint64_t Seed) : State(Seed), vLabelLimits(Lab
   }
 }
 
-/// A 64-bit linear congruential step and an output mix; good enough to spread rules.
+/// A 64-bit linear congruential step with an output mix, random enough to vary rules.
 std::size_t RuleGenerator::Below(std::size_t Limit) {
   State = State * 6364136223846793005U + 1442695040888963407U;
   const std::uint64_t Mixed = (State ^ (State >> 29)) * 0x9E3779B97F4A7C15U;
@@ -92,7 +92,7 @@ std::string RuleGenerator::Comments(std::size_t Words_) {
   return Text + ";; Users: " + std::to_string(1 + Below(20)) + '\n';
 }
 
-/// A partial permutation: each target component is taken at most once, one in six is left alone.
+/// A partial permutation: each target component is aligned at most once, one in six never.
 std::string RuleGenerator::Alignments(std::size_t SLSize, std::size_t TLSize) {
   std::vector<std::size_t> vTargets(TLSize);
   std::iota(vTargets.begin(), vTargets.end(), std::size_t{1});
@@ -117,7 +117,7 @@ std::string RuleGenerator::Value() {
   return OneIn(8) ? "(*NOT* " + First + ')' : First;
 }
 
-/// References go to higher indices only, so that no two wait for each other.
+/// References go only to higher indices, so that there is no cycle.
 std::string RuleGenerator::SourceConstraint(std::size_t SLSize) {
   const std::size_t Index = Below(SLSize);
   const std::size_t Higher = Index + 1 + Below(SLSize - Index);
@@ -135,7 +135,7 @@ std::string RuleGenerator::SourceConstraint(std::size_t SLSize) {
   }
 }
 
-/// References go to lower indices only, and from y0 to x0 alone.
+/// References go only to lower indices, and from y0 only to x0.
 std::string RuleGenerator::TargetConstraint(std::size_t SLSize, std::size_t TLSize) {
   const std::size_t Index = 1 + Below(TLSize);
   const std::string Left = Node('y', Index);

@@ -9,8 +9,8 @@
 ///
 /// Labels come from 40 with a natural distribution (the k-th is 1/k as frequent as the first), a
 /// side has 1 to 8 components, the alignments are a partial permutation, and 0 to 10 constraints
-/// of every form follow, some with values that merge. No constraints wait for each other in a
-/// cycle, so every rule can be written. The same seed gives the same texts on every machine:
+/// of every form follow, some with values that merge. No constraints form a cycle, so every rule
+/// can be written. The same seed gives the same texts on every machine:
 /// @code
 ///   RuleGenerator Generator(7);
 ///   Generator.NextRule();  // ";; SL: ...\n;; TL: ...\n;; Users: ...\n{NP,3}\nNP::NP : [...\n"
@@ -39,5 +39,5 @@ class RuleGenerator {
   std::vector<double> vLabelLimits;
 };
 
-/// As many rules as asked for, from one generator.
+/// The requested number of rules, from one generator.
 std::vector<std::string> GeneratedRules(std::uint64_t Seed, std::size_t Count);

@@ -1,5 +1,5 @@
-// What translating costs: loads grammars, translates each line of standard input on one thread, and
-// says how many constituents, and ways to make them, came into being in a second.
+// The cost of translating: loads grammars, translates each line of standard input on one thread,
+// and reports how many constituents, and ways to build them, are made in a second.
 //
 //   trrule-translate-rates FILE... <texts
 

@@ -1,7 +1,7 @@
-# Filter for Doxygen: gives each heading of a page the name that web pages of repositories give it,
-# with the page's own name in front (the names of all pages share one space), and turns links to
-# headings, `(#name)` and `(page.md#name)`, into links to these names. The pages for browsers stand in
-# one folder beside docs/ and examples/, so links to files that are no pages start from there.
+# Filter for Doxygen: gives each heading of a page the anchor that repository hosts use, with the name
+# of the page in front (all pages share one namespace), and changes links to headings, `(#name)` and
+# `(page.md#name)`, to these anchors. The HTML pages are in a folder beside docs/ and examples/, so
+# links to other files start from there.
 
 FNR == 1 {
   Folder = FILENAME ~ /docs\/[^\/]*$/ ? "../docs/" : "../"

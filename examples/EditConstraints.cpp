@@ -1,4 +1,4 @@
-// Adds constraints to a rule, asks for some of them, and takes some away.
+// Adds constraints to a rule, lists some of them, and erases one.
 
 #include <TrRule.h>
 
@@ -26,26 +26,27 @@ void PrintFeatures(const char* Title, const TrRule& Rule, int Index) {
 int main() {
   TrRule Rule;
 
-  // From text: letters are upper-cased, and the category follows from the text.
+  // From text: letters are upper-cased, and the text determines the category.
   Rule.SetConstraint("(x0 = x3)");
   Rule.SetConstraint("((y1 gen) = (y2 gen))");
   Rule.SetConstraint("((y2 num) = (x3 num))");
   Rule.SetConstraint("((y2 def) = +)");
 
-  // From values: stored as they are, so they have to be capitals to meet those from text. The
-  // arguments are index, feature, value, agreed value, rank and category; "empty" is no value.
+  // From values: stored unchanged, so they must be in capitals to match those from text. The
+  // arguments are index, feature, value, agreed value, rank and category; "empty" means no value.
   Rule.SetConstraint(1, "NUM", "empty", "(Y2", -1, 4);
   Rule.SetConstraint(1, "DEF", "+", "empty", -1, 4);
   PrintAll("All constraints, in the order of their keys:", Rule.GetConstraints());
-  PrintAll("Those on target-side nodes alone:", Rule.GetConstraints(5));
-  PrintFeatures("Those on y1, by feature:", Rule, 1);
+  PrintAll("Constraints on target-side nodes:", Rule.GetConstraints(5));
+  PrintFeatures("Constraints on y1, by feature:", Rule, 1);
 
-  // A second value for a feature joins the first; the library tells so on standard output.
+  // A second value for a feature merges with the first; the library reports that on standard
+  // output.
   Rule.SetConstraint("((y1 def) = -)");
 
-  // Only a constraint whose value is known may be named for erasure.
+  // Erase a constraint only if its value is known.
   const bool IsErased = Rule.EraseConstraint(1, "GEN", "empty", "(Y2", {4});
   std::cout << "erased: " << std::boolalpha << IsErased << '\n';
   Rule.EraseCategoryConstraints(1);
-  PrintAll("What is left:", Rule.GetConstraints());
+  PrintAll("Remaining constraints:", Rule.GetConstraints());
 }

@@ -1,4 +1,4 @@
-// Turns a rule round, so that it translates in the other direction.
+// Flips a rule, so that it translates in the other direction.
 
 #include <TrRule.h>
 
@@ -21,15 +21,14 @@ int main() {
   Rule.SetTLWords("lee diariamente libros");
   std::cout << Rule.ReturnAsStringForPrint() << "\n\n";
 
-  // The constraints stay as they are, on the sides on which they stand: a rule that is to be used
-  // in the other direction needs its own.
+  // Flipping does not change the constraints: a rule for the other direction needs new ones.
   Rule.FlipRuleNoConstraints();
   Rule.ClearConstraints();
   Rule.SetConstraint("((y1 tense) = (x1 tense))");
   Rule.SetConstraint("((y2 num) = (x3 num))");
   std::cout << "flipped: " << Rule.GetAlignmentStr() << '\n';
 
-  // The pairs still stand where they stood; setting them anew puts them in order.
+  // The pairs keep their order; setting the string again puts it in canonical order.
   Rule.SetAlignment(Rule.GetAlignmentStr());
   std::cout << "ordered: " << Rule.GetAlignmentStr() << "\n\n";
   std::cout << Rule.ReturnAsStringForPrint() << '\n';

@@ -1,7 +1,7 @@
-// Reads many rules from one text. Each begins at its header, with the comments right above it.
+// Reads many rules from one text. Each begins at its header, with the comments directly above it.
 //
-// The library reads one rule at a time, so the program cuts the text. The rules stay in a deque
-// that only grows at its end: a copy of a rule has no comments and no header type.
+// The library reads one rule at a time, so the program splits the text. The rules stay in a deque
+// that only grows at its end, since a copy of a rule has no comments and no header type.
 
 #include <TrRule.h>
 
@@ -69,12 +69,12 @@ int main() {
   for (const std::string& sText : CutIntoRules(Grammar)) {
     Rules.emplace_back();
     if (!Rules.back().SetTrRuleFromString(sText)) {
-      Rules.pop_back();  // the library has written to std::cerr what is wrong
+      Rules.pop_back();  // the library has printed the error on std::cerr
     }
   }
   std::cout << Rules.size() << " rules\n";
-  for (TrRule& Each : Rules) {
+  for (TrRule& Rule : Rules) {
     std::cout << '\n';
-    Each.Print();
+    Rule.Print();
   }
 }

@@ -1,7 +1,7 @@
-// Sorts three thousand rules and drops those that say the same, keeping each rule whole.
+// Sorts three thousand rules and drops duplicates, keeping the comments of each rule.
 //
-// The rules are held by pointer: a copy of a rule has no comments and no header type, and moving
-// a rule inside a vector copies it. Each comparison text is made once, not at each comparison.
+// The rules are kept by pointer, since a copy of a rule has no comments and no header type, and
+// moving a rule inside a vector copies it. Each comparison text is written once.
 
 #include <TrRule.h>
 
@@ -38,19 +38,19 @@ std::vector<Entry> ReadRules(int Count) {
   for (int Number = 1; Number <= Count; ++Number) {
     auto Rule = std::make_unique<TrRule>();
     Rule->SetTrRuleFromString(LearnedRule(Number));
-    Rule->SetRuleIndex(Number);  // the header has room for one digit alone
+    Rule->SetRuleIndex(Number);  // the reader reads only one digit of a header
     std::string Text = Rule->ReturnAsStringForComparison();
     vEntries.push_back({std::move(Text), std::move(Rule)});
   }
   return vEntries;
 }
 
-/// Keeps the first of the rules that have one text, and counts the others as its examples.
+/// Keeps the first of several rules with one text, and counts the others as its examples.
 void KeepOneOfEach(std::vector<Entry>& vEntriesReturn) {
   std::vector<Entry> vKept;
-  for (Entry& Each : vEntriesReturn) {
-    if (vKept.empty() || vKept.back().Text != Each.Text) {
-      vKept.push_back(std::move(Each));
+  for (Entry& Current : vEntriesReturn) {
+    if (vKept.empty() || vKept.back().Text != Current.Text) {
+      vKept.push_back(std::move(Current));
     } else {
       vKept.back().Rule->IncrementNumTrExamples();
     }
@@ -58,9 +58,9 @@ void KeepOneOfEach(std::vector<Entry>& vEntriesReturn) {
   vEntriesReturn = std::move(vKept);
 }
 
-void PrintEntry(const Entry& Each) {
-  std::cout << "\nseen " << Each.Rule->GetNumTrExamples() << " times:\n";
-  Each.Rule->Print();
+void PrintEntry(const Entry& Shown) {
+  std::cout << "\nseen " << Shown.Rule->GetNumTrExamples() << " times:\n";
+  Shown.Rule->Print();
 }
 
 }  // namespace
@@ -68,7 +68,7 @@ void PrintEntry(const Entry& Each) {
 int main() {
   std::vector<Entry> vEntries = ReadRules(3000);
   std::cout << vEntries.size() << " rules read\n";
-  // Stable, so that of equal rules the one read first comes first.
+  // Stable, so that the first of equal rules comes first.
   std::stable_sort(vEntries.begin(), vEntries.end(),
                    [](const Entry& Left, const Entry& Right) { return Left.Text < Right.Text; });
   KeepOneOfEach(vEntries);

@@ -1,8 +1,8 @@
-// One rule that outlives the inputs that would end its program.
+// One rule that survives the inputs that would end its program.
 //
-// Two of the nine are not here, because no input leads to them: a label on a side other than 1 and
-// 2 is asked for by private code alone (LexicalizedType), and category 2 is ordered by index, which
-// cannot fail (Category2Order). The handler would serve both.
+// Two of the nine are missing because no input causes them: only private code can look up a label
+// on a side other than 1 and 2 (LexicalizedType), and category 2 is ordered by index, which cannot
+// fail (Category2Order). The handler would handle both.
 
 #include <TrRule.h>
 
@@ -24,7 +24,7 @@ void Survive(const char* What, InputT Input) {
 
 int main() {
   SetHaltHandler([](HaltReason, const std::string& Message) { throw std::runtime_error(Message); });
-  std::cerr.rdbuf(nullptr);  // the handler is told what would be written there
+  std::cerr.rdbuf(nullptr);  // the handler receives the messages
   TrRule Rule;
   Survive("AlignmentFormat", [&] { Rule.SetAlignment("1,1"); });
   Rule.SetAlignment("()");

@@ -1,11 +1,11 @@
-// The first line of an input is an alignment string, the others are alignment lines; all of the
-// input is a string once more. Each goes through every operation on alignments, and LineUp.
+// The first line of an input is an alignment string, the other lines are alignment lines, and the
+// whole input is a string, too. Each goes through every operation on alignments, and LineUp.
 
 #include "FuzzSupport.h"
 #include "RoundTrip.h"
 #include "RuleChecks.h"
 #include "support/PrivateAccess.h"
-#include "support/SlowTwins.h"
+#include "support/ReferenceImplementation.h"
 
 #include <algorithm>
 #include <set>
@@ -30,7 +30,7 @@ bool IsLiteral(const Strings& vsLabels, const std::string& Index) {
 
 void RequireDisplay(const TrRule& Rule) {
   Strings vsExpected;
-  for (const auto& [X, Y] : Slow::Displayed(Rule.GetAlignmentStr())) {
+  for (const auto& [X, Y] : Reference::Displayed(Rule.GetAlignmentStr())) {
     const bool Literal = IsLiteral(Rule.GetSLPOS(), X) || IsLiteral(Rule.GetTLPOS(), Y);
     vsExpected.push_back((Literal ? ";--;(X" : "(X") + X + "::Y" + Y + ')');
   }
@@ -39,10 +39,10 @@ void RequireDisplay(const TrRule& Rule) {
 
 void RequireReversing(const std::string& Alignments) {
   TrRule Rule;
-  const std::optional<std::string> Expected = Slow::Reversed(Alignments);
+  const std::optional<std::string> Expected = Reference::Reversed(Alignments);
   const Outcome<std::string> Reversed =
       OutcomeOf([&] { return CallGetReversedAlignments(Rule, Alignments); });
-  Require(Reversed.Halt.has_value() == !Expected, "reversing halts where a pair has not two parts");
+  Require(Reversed.Halt.has_value() == !Expected, "reversing halts on a pair without two parts");
   Require(Reversed.Result == Expected.value_or(""), "reversing exchanges the sides");
   if (IsPlain(Alignments)) {
     Require(CallGetReversedAlignments(Rule, Reversed.Result) == Alignments,
@@ -50,11 +50,11 @@ void RequireReversing(const std::string& Alignments) {
   }
 }
 
-/// What `LineUp` gives for an index of one side, and what it should give.
+/// The result of `LineUp` for an index of one side, and the expected result.
 void RequirePartners(const std::string& Alignments, int Index, bool OfSource,
                      std::set<int>& siPartnersReturn) {
   std::set<int> siExpected;
-  for (const auto& [X, Y] : Slow::IndexedPairs(Alignments)) {
+  for (const auto& [X, Y] : Reference::IndexedPairs(Alignments)) {
     if ((OfSource ? X : Y) == Index) {
       siExpected.insert(OfSource ? Y : X);
     }
@@ -63,12 +63,12 @@ void RequirePartners(const std::string& Alignments, int Index, bool OfSource,
   const bool Found = OfSource ? Lookup.GetEq(Alignments, Index, siPartnersReturn)
                               : Lookup.GetEqFromY(Alignments, Index, siPartnersReturn);
   Require(siPartnersReturn == siExpected, "an index has its partners");
-  Require(Found == !siExpected.empty(), "and it is told whether there are any");
+  Require(Found == !siExpected.empty(), "the result says whether there are any");
 }
 
 void RequireLookup(const TrRule& Rule) {
   const std::string Alignments = Rule.GetAlignmentStr();
-  Slow::IntPairs vPairs = Slow::IndexedPairs(Alignments);
+  Reference::IntPairs vPairs = Reference::IndexedPairs(Alignments);
   vPairs.emplace_back(1, 1);
   constexpr std::size_t MaxLookups = 8;
   for (std::size_t Pair = 0; Pair < std::min(vPairs.size(), MaxLookups); ++Pair) {
@@ -90,7 +90,7 @@ void RequireString(const std::string& Alignments) {
   const bool Halted = HaltOf([&] { Rule.SetAlignment(Alignments); }).has_value();
   Require(Halted == IsOdd, "setting halts without outer parentheses");
   if (Halted) {
-    Require(Rule.GetAlignmentStr() == Alignments, "a halted order leaves the string as it was set");
+    Require(Rule.GetAlignmentStr() == Alignments, "a halted order leaves the string unchanged");
   } else {
     RequireOrdered(Alignments, Rule.GetAlignmentStr());
   }
@@ -99,12 +99,12 @@ void RequireString(const std::string& Alignments) {
   RequireRule(Rule);
 }
 
-/// The string with the pair of a line put behind the others, as it is before it is ordered.
+/// The string with the pair of a line appended, before it is ordered.
 std::string WithPair(const std::string& Alignments, const std::string& Line) {
-  const std::string Upper = Slow::Upper(Line);
+  const std::string Upper = Reference::Upper(Line);
   const std::size_t Open = Upper.find('(');
   const Strings vsSides =
-      Slow::TrimmedPieces(Upper.substr(Open, Upper.rfind(')') + 1 - Open), "::");
+      Reference::TrimmedPieces(Upper.substr(Open, Upper.rfind(')') + 1 - Open), "::");
   const std::string X = vsSides[0].substr(2);
   const std::string Y = vsSides[1].substr(1, vsSides[1].size() - 2);
   const std::string Start = Alignments.empty() ? "(" : Alignments.substr(0, Alignments.size() - 1);

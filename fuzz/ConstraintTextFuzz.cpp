@@ -3,7 +3,7 @@
 #include "FuzzSupport.h"
 #include "RoundTrip.h"
 #include "RuleChecks.h"
-#include "support/SlowTwins.h"
+#include "support/ReferenceImplementation.h"
 #include "support/StreamCapture.h"
 
 #include <algorithm>
@@ -15,14 +15,14 @@ bool HoldsNoneOf(const std::string& Text, const std::string& Bytes) {
 }
 
 bool IsName(const std::string& Text) {
-  return !Text.empty() && HoldsNoneOf(Text, "()=* \t\n\v\f\r") && Slow::Upper(Text) == Text;
+  return !Text.empty() && HoldsNoneOf(Text, "()=* \t\n\v\f\r") && Reference::Upper(Text) == Text;
 }
 
-/// Words with one blank between two of them.
+/// Words separated by one blank.
 bool AreWords(const std::string& Text) {
-  const Strings vsWords = Slow::Pieces(Text, " ");
+  const Strings vsWords = Reference::Pieces(Text, " ");
   return std::all_of(vsWords.begin(), vsWords.end(), IsName) &&
-         Text.size() + 1 == Slow::Replaced(Text + ' ', "  ", " ").size() && !vsWords.empty() &&
+         Text.size() + 1 == Reference::Replaced(Text + ' ', "  ", " ").size() && !vsWords.empty() &&
          Text.front() != ' ' && Text.back() != ' ';
 }
 
@@ -50,7 +50,7 @@ bool IsOpening(const std::string& Value) {
   return StartsWith(Value, "(") && IsNode(Value.substr(1));
 }
 
-/// "X3", or "(Y0 DET" as it is left of "(y1 == (y0 det))".
+/// "X3", or "(Y0 DET" as in the fields of "(y1 == (y0 det))".
 bool IsWholeReference(const std::string& Value) {
   const std::size_t Blank = Value.find(' ');
   return IsNode(Value) || (Blank != std::string::npos && IsOpening(Value.substr(0, Blank)) &&
@@ -66,23 +66,23 @@ int ShownCategory(const Constraint& Record) {
   if (Record.GetCategory() == 1) {
     return 1;
   }
-  const bool MentionsSource = Slow::Holds(Record.GetFeatValue(), "X") && !IsWholeNode(Record);
+  const bool MentionsSource = Reference::Holds(Record.GetFeatValue(), "X") && !IsWholeNode(Record);
   const int Target = Record.GetConstrainedIndex() == 0 ? 3 : 4;
   return MentionsSource ? 2 : Target;
 }
 
-/// Whether a constraint comes back from its own text. Those do that the format has a place for:
+/// Whether a text restores its constraint. It restores the constraints that fit the format:
 ///
-/// - its category is the one that node and value tell;
-/// - its feature is a name, without white space, small letters and `( ) = *`, or "all" where the
+/// - its category is the one of its node and value;
+/// - its feature is a name, without white space, small letters and `( ) = *`, or "all" if the
 ///   whole node refers to another;
 /// - its value is one such name or several, joined by blanks, with or without "(*OR* ... )" or
 ///   "(*NOT* ..." around them;
-/// - or, if it is a reference, its value is "(Y2" where there is a feature, and "X3" or "(Y0 DET"
-///   where there is none.
+/// - or, if it is a reference, its value is "(Y2" with a feature, and "X3" or "(Y0 DET" without
+///   one.
 ///
-/// Of the others some come back and some do not. "((y1 num) = (y2))", for one, is a reference with
-/// an empty value; it is written "((Y1 NUM) =  NUM))", which is a value.
+/// Some of the others are restored, too. "((y1 num) = (y2))", for example, is a reference with an
+/// empty value; it is written "((Y1 NUM) =  NUM))", which is a value.
 bool IsInFormat(const Constraint& Record) {
   if (Record.GetCategory() != ShownCategory(Record)) {
     return false;
@@ -100,22 +100,23 @@ std::string FieldsOf(const Constraint& Record) {
          (Record.IsValueConstraint() ? "|value" : "|reference");
 }
 
-/// A text on its own: as its slow twin reads it, and back.
+/// A text on its own: compares the library with the reference implementation, and writes it back.
 void RequireReading(const std::string& Text) {
-  const Slow::Reading Expected = Slow::Read(Text);
+  const Reference::Reading Expected = Reference::Read(Text);
   Constraint Record;
   const Written Streams = WrittenBy([&] { Record = Constraint(Text); });
-  Require(Streams == Written{"", Expected.Err}, "reading a text says what it should");
-  Require(FieldsOf(Record) == FieldsOf(Expected.Record), "a text is read as its twin reads it");
+  Require(Streams == Written{"", Expected.Err}, "reading a text prints the expected messages");
+  Require(FieldsOf(Record) == FieldsOf(Expected.Record), "a text is read as by the reference");
   Require(!(Record < Record), "no constraint sorts before itself");
   if (IsInFormat(Record)) {
     const Constraint Again(Record.ReturnAsString());
-    Require(FieldsOf(Again) == FieldsOf(Record), "a constraint comes back from its text");
-    Require(Again.ReturnAsString() == Record.ReturnAsString(), "and is written as it was");
+    Require(FieldsOf(Again) == FieldsOf(Record), "a text restores its constraint");
+    Require(Again.ReturnAsString() == Record.ReturnAsString(),
+            "a restored constraint has the same text");
   }
 }
 
-/// However odd a text is, writing what was read of it, again and again, comes to an end.
+/// Any text becomes stable if it is read and written again and again.
 void RequireRestInTheEnd(const std::string& Text) {
   constexpr int Rewritings = 4;
   std::string Before = Constraint(Text).ReturnAsString();
@@ -126,27 +127,28 @@ void RequireRestInTheEnd(const std::string& Text) {
     }
     Before = After;
   }
-  Require(false, "a text is stable in the end: " + Before);
+  Require(false, "a text becomes stable: " + Before);
 }
 
 /// A text with rank and category given.
 void RequireRankedReading(const std::string& Text) {
   constexpr int Rank = 2;
   constexpr int Category = 4;
-  const Slow::RankedReading Expected = Slow::ReadRanked(Text, Rank, Category);
+  const Reference::RankedReading Expected = Reference::ReadRanked(Text, Rank, Category);
   TrRule Rule;
   std::optional<Halted> Halt;
   const Written Streams =
       WrittenBy([&] { Halt = HaltOf([&] { Rule.SetConstraint(Text, Rank, Category); }); });
-  Require(Streams == Written{Expected.Out, Expected.Err}, "a ranked text says what it should");
-  Require(Halt.has_value() == Expected.Ended, "a ranked text halts where it should");
+  Require(Streams == Written{Expected.Out, Expected.Err},
+          "a ranked text prints the expected messages");
+  Require(Halt.has_value() == Expected.Ended, "a ranked text halts as expected");
   Require(Rule.GetNumConstraints() == (Expected.Record ? 1 : 0), "it sets one constraint at most");
   for (const auto& [Key, Stored] : ConstraintsOf(Rule)) {
-    Require(FieldsOf(Stored) == FieldsOf(*Expected.Record), "it is read as its twin reads it");
+    Require(FieldsOf(Stored) == FieldsOf(*Expected.Record), "it is read as by the reference");
   }
 }
 
-/// A text as one of a rule's constraints.
+/// A text as a constraint of a rule.
 void RequireStoring(const std::string& Text) {
   TrRule Rule;
   Rule.SetConstraint("((x1 num) = sg)");

@@ -7,7 +7,7 @@
 
 void Require(bool Holds, const std::string& What) {
   if (!Holds) {
-    // The streams of the library are silenced, those of C are not.
+    // The C++ streams are silenced, the C streams are not.
     std::fprintf(stderr, "does not hold: %s\n", What.c_str());
     std::abort();
   }
@@ -26,8 +26,8 @@ std::uint8_t ByteReader::Byte() {
 
 std::string ByteReader::Bytes(std::size_t Count) {
   std::string Text(std::min(Count, Size - Position), '\0');
-  for (char& Each : Text) {
-    Each = static_cast<char>(Byte());
+  for (char& Letter : Text) {
+    Letter = static_cast<char>(Byte());
   }
   return Text;
 }

@@ -9,14 +9,14 @@
 #include <vector>
 
 /// @file
-/// What the fuzz targets share: how they fail, how they keep the library quiet and alive, and how
-/// they read their input.
+/// Shared by the fuzz targets: failing, silencing the library, surviving halts, and reading the
+/// input.
 
-/// Ends the program where something that must hold does not. This is what the fuzzer takes for a
-/// finding, besides what the sanitizers see.
+/// Ends the program if a condition does not hold. The fuzzer reports that, like the errors that the
+/// sanitizers detect.
 void Require(bool Holds, const std::string& What);
 
-/// Drops what is written to std::cout and std::cerr while it lives.
+/// Discards what is written to std::cout and std::cerr while it exists.
 class SilentStreams {
  public:
   SilentStreams();
@@ -26,7 +26,7 @@ class SilentStreams {
   SilentStreams& operator=(const SilentStreams&) = delete;
 
  private:
-  /// A place where bytes vanish.
+  /// A buffer that discards bytes.
   class Nowhere : public std::streambuf {
    protected:
     int_type overflow(int_type Byte) override { return traits_type::not_eof(Byte); }
@@ -38,7 +38,7 @@ class SilentStreams {
   std::streambuf* OldErr;
 };
 
-/// What an operation gave: its result, or the reason and the message with which it halted.
+/// The outcome of an operation: its result, or the reason and the message of its halt.
 ///
 ///   Outcome<std::string> Text = OutcomeOf([&] { return Rule.ReturnAsStringForPrint(); });
 template <typename ResultT>
@@ -51,8 +51,8 @@ struct Outcome {
   }
 };
 
-/// Runs an operation that may halt. An input that ends the process by rights, or a call that never
-/// returns, is no finding: it comes back as such, and the rule lives on.
+/// Runs an operation that may halt. An input that ends the process by design, or a call that never
+/// returns, is not an error: the halt is returned, and the rule stays valid.
 template <typename CodeT>
 auto OutcomeOf(CodeT Code) {
   Outcome<decltype(Code())> Given;
@@ -60,8 +60,8 @@ auto OutcomeOf(CodeT Code) {
   return Given;
 }
 
-/// Reads the fuzzer's bytes as numbers and texts. Behind the end, all numbers are 0 and all texts
-/// empty.
+/// Reads the fuzzer's bytes as numbers and texts. After the end, all numbers are 0 and all texts
+/// are empty.
 class ByteReader {
  public:
   ByteReader(const std::uint8_t* DataPassIn, std::size_t SizePassIn)
@@ -74,10 +74,10 @@ class ByteReader {
 
   bool Bool() { return Below(2) == 1; }
 
-  /// Mostly a small number, such as an index or a category; sometimes one of all.
+  /// Mostly a small number, such as an index or a category; sometimes any number.
   int Int();
 
-  /// Mostly one of the given texts, sometimes bytes as they are.
+  /// Mostly one of the given texts, sometimes any bytes.
   std::string Text(const std::vector<std::string>& vsTexts);
 
  private:
@@ -89,5 +89,5 @@ class ByteReader {
   std::size_t Position = 0;
 };
 
-/// The lines of an input, empty ones included; without a line feed there is one line.
+/// The lines of an input, including empty ones; without a line feed, there is one line.
 std::vector<std::string> LinesOf(const std::uint8_t* Data, std::size_t Size);

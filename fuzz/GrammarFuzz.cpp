@@ -44,7 +44,7 @@ void RequireAllBytes(const std::vector<RuleText>& vRules, const std::string& Tex
 
 bool HasFindingOn(const std::vector<Finding>& vFindings, std::size_t Line) {
   return std::any_of(vFindings.begin(), vFindings.end(),
-                     [&](const Finding& Each) { return Each.Line == Line; });
+                     [&](const Finding& Found) { return Found.Line == Line; });
 }
 
 /// A line of a rule that was read is in the record, or it is told of.
@@ -63,31 +63,31 @@ void RequireLinesAccountedFor(const RuleText& Rule, const RuleRecord& Record,
 }
 
 void RequirePlaces(const RuleText& Rule, const std::vector<Finding>& vFindings) {
-  for (const Finding& Each : vFindings) {
-    Require(Each.Line >= Rule.FirstLine && Each.Line < Rule.FirstLine + Rule.vLines.size(),
+  for (const Finding& Found : vFindings) {
+    Require(Found.Line >= Rule.FirstLine && Found.Line < Rule.FirstLine + Rule.vLines.size(),
             "a finding is on a line of its rule");
-    const std::size_t Size = Rule.Line(Each.Line - Rule.FirstLine).size();
-    Require(Each.Column >= 1 && Each.Column <= Size + 1, "a finding is in its line");
-    Require(Each.Length >= 1 && Each.Column + Each.Length <= std::max<std::size_t>(Size, 1) + 1,
+    const std::size_t Size = Rule.Line(Found.Line - Rule.FirstLine).size();
+    Require(Found.Column >= 1 && Found.Column <= Size + 1, "a finding is in its line");
+    Require(Found.Length >= 1 && Found.Column + Found.Length <= std::max<std::size_t>(Size, 1) + 1,
             "a finding ends in its line");
   }
 }
 
 /// A line that is replaced by what was suggested for it has no finding any more.
 void RequireSuggestionsMend(const RuleText& Rule, const std::vector<Finding>& vFindings) {
-  for (const Finding& Each : vFindings) {
-    if (Each.Suggestion.empty()) {
+  for (const Finding& Found : vFindings) {
+    if (Found.Suggestion.empty()) {
       continue;
     }
-    const RuleText::Span& Place = Rule.vLines[Each.Line - Rule.FirstLine];
+    const RuleText::Span& Place = Rule.vLines[Found.Line - Rule.FirstLine];
     std::string Text = Rule.Text;
-    Text.replace(Place.Begin, Place.End - Place.Begin, Each.Suggestion);
+    Text.replace(Place.Begin, Place.End - Place.Begin, Found.Suggestion);
     RuleRecord Record;
     std::vector<Finding> vAfter;
     for (const RuleText& Part : RulesOf(Text)) {
       Grammar::CheckRule(Part, Record, vAfter);
     }
-    Require(!HasFindingOn(vAfter, Each.Line - Rule.FirstLine + 1), "a suggestion mends its line");
+    Require(!HasFindingOn(vAfter, Found.Line - Rule.FirstLine + 1), "a suggestion mends its line");
   }
 }
 
@@ -129,8 +129,8 @@ void RequireRule(const RuleText& Rule) {
   const bool IsRead = Grammar::CheckRule(Rule, Record, vFindings);
   RequirePlaces(Rule, vFindings);
   RequireSuggestionsMend(Rule, vFindings);
-  const bool HasErrors = std::any_of(vFindings.begin(), vFindings.end(), [](const Finding& Each) {
-    return Each.Level == Grammar::Severity::Error;
+  const bool HasErrors = std::any_of(vFindings.begin(), vFindings.end(), [](const Finding& Found) {
+    return Found.Level == Grammar::Severity::Error;
   });
   Require(IsRead || HasErrors || !Rule.HasRule || Rule.Continues,
           "a rule that cannot be read has an error");

@@ -1,5 +1,5 @@
 // A rule text goes through the reader, which loads lines in their common form, and through the
-// reference reader, which knows no such form; each line also goes to a loader by itself, and its
+// reference reader, which has no common form. Each line also goes to a loader by itself, and its
 // parts are compared with those that a regular expression finds.
 
 #include "FuzzSupport.h"
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What reading came to: its result, what was printed, and the rule.
+/// The outcome of reading: the result, the output and the rule.
 struct Reading {
   Outcome<bool> Result;
   Written Streams;
@@ -27,12 +27,12 @@ Reading ReadInto(const TrRule& Rule, ReadT Read) {
 }
 
 void RequireSame(const Reading& Given, const Reading& Expected, const std::string& What) {
-  Require(Given.Result == Expected.Result, What + " gives what it should");
-  Require(Given.Streams == Expected.Streams, What + " prints what it should");
-  Require(Given.Members == Expected.Members, What + " makes the rule that it should");
+  Require(Given.Result == Expected.Result, What + " returns the expected result");
+  Require(Given.Streams == Expected.Streams, What + " prints the expected output");
+  Require(Given.Members == Expected.Members, What + " makes the expected rule");
 }
 
-/// Reads the text twice: into a new rule, and then into one that holds all of it already.
+/// Reads the text twice: into a new rule, and then again into the same rule.
 void RequireReading(const std::string& Text) {
   TrRule Rule;
   TrRule Expected;
@@ -44,7 +44,7 @@ void RequireReading(const std::string& Text) {
   }
 }
 
-/// A line in its common form, loaded into two rules: a new one and one that holds something.
+/// A line in its common form, loaded into two rules: a new one and a filled one.
 void RequireLoading(const std::string& Line) {
   for (const char* Start : {"", "A::B [c] -> [d]\n(X2::Y2)\n((y1 num) = sg)\n((x1 num) = sg)\n"}) {
     TrRule Rule;
@@ -67,8 +67,8 @@ void RequireLoading(const std::string& Line) {
   }
 }
 
-/// Whether a production takes a line apart where it should. Regular expressions suit short texts
-/// alone.
+/// Whether a production accepts exactly the expected lines. Regular expressions suit only short
+/// texts.
 void RequireForms(const std::string& Line) {
   constexpr std::size_t MaxSize = 200;
   if (Line.size() > MaxSize) {
@@ -78,10 +78,10 @@ void RequireForms(const std::string& Line) {
   TrRuleInternal::RuleLineParts RuleLine;
   TrRuleInternal::AlignmentParts Alignment;
   TrRuleInternal::ConstraintParts Constraint;
-  const std::optional<Strings> vsHeader = Slow::HeaderParts(Line);
-  const std::optional<Strings> vsRuleLine = Slow::RuleLineParts(Line);
-  const std::optional<Strings> vsAlignment = Slow::AlignmentParts(Line);
-  const std::optional<Strings> vsConstraint = Slow::ConstraintParts(Line);
+  const std::optional<Strings> vsHeader = Reference::HeaderParts(Line);
+  const std::optional<Strings> vsRuleLine = Reference::RuleLineParts(Line);
+  const std::optional<Strings> vsAlignment = Reference::AlignmentParts(Line);
+  const std::optional<Strings> vsConstraint = Reference::ConstraintParts(Line);
   Require(ParseCommonHeader(Line, Header) == vsHeader.has_value() &&
               (!vsHeader || (Header.Type == vsHeader->at(0) && Header.Number == vsHeader->at(1))),
           "a header is taken apart as it should");
@@ -100,7 +100,7 @@ void RequireForms(const std::string& Line) {
 
 void RequireScan(const std::string& Line) {
   const TrRuleInternal::ScannedLine Scan = TrRuleInternal::ScanLine(Line);
-  Require(Scan.CommentBegin == Slow::CommentBegin(Line), "the comment begins where it should");
+  Require(Scan.CommentBegin == Reference::CommentBegin(Line), "the comment is found");
   const auto Marks = [](const TrRuleInternal::LineMarks& Found) {
     return std::vector<bool>{Found.HasComment, Found.HasBrace, Found.HasArrow, Found.HasColons,
                              Found.HasEquals};
@@ -108,7 +108,7 @@ void RequireScan(const std::string& Line) {
   const auto Expected = [](const std::string& Text) {
     std::vector<bool> vFound;
     for (const char* Mark : {";;", "{", "] -> [", "::", "="}) {
-      vFound.push_back(Slow::Holds(Text, Mark));
+      vFound.push_back(Reference::Holds(Text, Mark));
     }
     return vFound;
   };

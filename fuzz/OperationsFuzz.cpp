@@ -1,11 +1,11 @@
-// The bytes of an input are a sequence of calls over two rules and a few constraints, so that rules
-// get into states that no text leads to.
+// The bytes of an input are a sequence of calls on two rules and a few constraints, so that rules
+// reach states that no text leads to.
 
 #include "FuzzSupport.h"
 #include "RoundTrip.h"
 #include "RuleChecks.h"
 #include "support/DebugLevel.h"
-#include "support/SlowTwins.h"
+#include "support/ReferenceImplementation.h"
 
 #include <array>
 
@@ -70,7 +70,7 @@ class Session {
   std::string Text();
   bool HaveAllIndices();
 
-  void RequireInvariants(TrRule& Each);
+  void RequireInvariants(TrRule& Rule);
 
   // Words and labels
   void SetSLWords() { Rule().SetSLWords(Names()); }
@@ -97,7 +97,7 @@ class Session {
   void AddAlignment();
   void SetWordLevelAl() { Rule().SetsWordLevelAl(Alignments()); }
 
-  // Reading, writing, comparing, turning
+  // Reading, writing, comparing, flipping
   void Read() { Rule().SetTrRuleFromString(Text()); }
   void Print() { Rule().Print(); }
   void WriteForms();
@@ -173,7 +173,7 @@ const std::array<Session::Call, 40> Session::Calls{&Session::SetSLWords,
 
 // ---- Arguments --------------------------------------------------------------------------------
 
-// Each argument is taken in a statement of its own: an input means the same whatever the compiler.
+// Each argument is taken in a separate statement: an input has one meaning with every compiler.
 
 std::string Session::TwoNames() {
   const std::string First = Name();
@@ -215,8 +215,8 @@ std::string Session::Text() {
 
 /// Whether ordering the alignments of the rules a second time changes nothing (RuleChecks.h).
 bool Session::HaveAllIndices() {
-  return Slow::Canonical(Rules[0].GetAlignmentStr()).Missing.empty() &&
-         Slow::Canonical(Rules[1].GetAlignmentStr()).Missing.empty();
+  return Reference::Canonical(Rules[0].GetAlignmentStr()).Missing.empty() &&
+         Reference::Canonical(Rules[1].GetAlignmentStr()).Missing.empty();
 }
 
 // ---- Calls ------------------------------------------------------------------------------------
@@ -280,7 +280,7 @@ void Session::Assign() {
 void Session::Compare() {
   const bool First = Rule() < Other();
   const bool Last = Other() < Rule();
-  Require(!First || !Last || !HaveAllIndices(), "of two rules at most one sorts first");
+  Require(!First || !Last || !HaveAllIndices(), "at most one of two rules sorts first");
   Require(!(Rule() == Other()) || Rule().GetSLWords() == Other().GetSLWords(),
           "equal rules have the same words");
 }
@@ -318,7 +318,7 @@ void Session::Erase() {
   const int Before = Rule().GetNumConstraints();
   const bool Found = Rule().EraseConstraint(Index, Feature, Erased, Agreed, siCategories);
   const int Gone = Before - Rule().GetNumConstraints();
-  Require(Gone == 0 || (Gone == 1 && Found), "erasing takes away one constraint at most");
+  Require(Gone == 0 || (Gone == 1 && Found), "erasing removes one constraint at most");
 }
 
 void Session::EraseCategory() {
@@ -391,10 +391,10 @@ void Session::AddOwnAlternative() {
 
 // ---- The sequence -----------------------------------------------------------------------------
 
-/// What must be true after every call, whatever it was, also where it halted.
-void Session::RequireInvariants(TrRule& Each) {
-  RequireKeys(Each);
-  RequireAlternatives(Each);
+/// Invariants after every call, even if it halted.
+void Session::RequireInvariants(TrRule& Rule) {
+  RequireKeys(Rule);
+  RequireAlternatives(Rule);
 }
 
 void Session::Run() {

@@ -41,8 +41,8 @@ bool Replay(const std::filesystem::path& File) {
 
 }  // namespace
 
-// Stands in for the fuzzer's own entry point: hands each file that is named on the command line, or
-// stands in a folder named there, to the target, once.
+// Replaces the entry point of the fuzzer: passes each file on the command line, or in a folder on
+// the command line, to the target once.
 int main(int ArgumentCount, char** Arguments) {
   bool AllRead = ArgumentCount > 1;
   for (int Argument = 1; Argument < ArgumentCount; ++Argument) {

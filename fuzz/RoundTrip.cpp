@@ -2,14 +2,14 @@
 
 #include "FuzzSupport.h"
 #include "RuleChecks.h"
-#include "support/SlowTwins.h"
+#include "support/ReferenceImplementation.h"
 #include "support/StreamCapture.h"
 
 #include <algorithm>
 
 namespace {
 
-/// What the reader looks at behind a line end.
+/// The bytes that the reader reads after a line end.
 constexpr std::size_t MaxText = 100000;
 
 bool HoldsNoneOf(const std::string& Text, const std::string& Bytes) {
@@ -25,11 +25,11 @@ bool IsPlainName(const std::string& Name) {
 }
 
 bool IsPlainIndex(const std::string& Index) {
-  return IsPlainText(Index, "(){}[]=,;:") && Slow::Upper(Index) == Index;
+  return IsPlainText(Index, "(){}[]=,;:") && Reference::Upper(Index) == Index;
 }
 
 bool IsPlainLabel(const std::string& Label) {
-  return IsPlainName(Label) && Slow::Upper(Label) == Label;
+  return IsPlainName(Label) && Reference::Upper(Label) == Label;
 }
 
 bool ArePlainLabels(const Strings& vsLabels) {
@@ -42,18 +42,18 @@ bool HasPlainSequenceLine(const TrRule& Rule) {
 }
 
 bool HasPlainAlignments(const TrRule& Rule) {
-  return IsPlain(Rule.GetAlignmentStr()) && Slow::IsOrdered(Rule.GetAlignmentStr());
+  return IsPlain(Rule.GetAlignmentStr()) && Reference::IsOrdered(Rule.GetAlignmentStr());
 }
 
 bool IsWritten(const Constraint& Record) {
   return Record.IsValueConstraint() || (Record.GetCategory() >= 1 && Record.GetCategory() <= 4);
 }
 
-bool ConstraintComesBack(const Constraint& Record) {
+bool ConstraintIsRestored(const Constraint& Record) {
   const std::string Text = Record.ReturnAsString();
-  const bool IsOtherLine = Slow::Holds(Text, ";;") || Slow::Holds(Text, "::") ||
-                           Slow::Holds(Text, "] -> [") || !HoldsNoneOf(Text, "{\n");
-  const Constraint Read = Slow::Read(Text).Record;
+  const bool IsOtherLine = Reference::Holds(Text, ";;") || Reference::Holds(Text, "::") ||
+                           Reference::Holds(Text, "] -> [") || !HoldsNoneOf(Text, "{\n");
+  const Constraint Read = Reference::Read(Text).Record;
   return !IsOtherLine && Read.ReturnAsString() == Text && KeyOf(Read) == KeyOf(Record) &&
          Read.IsValueConstraint() == Record.IsValueConstraint();
 }
@@ -67,16 +67,16 @@ bool ConstraintsComeBack(const TrRule& Rule) {
   }
   for (auto First = vWritten.begin(); First != vWritten.end(); ++First) {
     const auto Merges = [&](const Constraint& Second) { return WouldMerge(*First, Second); };
-    if (!ConstraintComesBack(*First) || std::any_of(First + 1, vWritten.end(), Merges)) {
+    if (!ConstraintIsRestored(*First) || std::any_of(First + 1, vWritten.end(), Merges)) {
       return false;
     }
   }
   return true;
 }
 
-bool CommentComesBack(const std::string& Comment) {
-  return HoldsNoneOf(Comment, "=") && !Slow::Holds(Comment, "::") &&
-         !Slow::Holds(Comment, "] -> [") && Comment.back() != '\r';
+bool CommentIsRestored(const std::string& Comment) {
+  return HoldsNoneOf(Comment, "=") && !Reference::Holds(Comment, "::") &&
+         !Reference::Holds(Comment, "] -> [") && Comment.back() != '\r';
 }
 
 bool HasPlainHeader(const TrRule& Rule) {
@@ -99,12 +99,12 @@ bool HasNoAlternatives(const TrRule& Rule) {
          Rule.GetWordLevelSLPOS() == Rule.GetSLPOS();
 }
 
-bool FormComesBack(const TrRule& Rule, Form Which) {
+bool FormIsRestored(const TrRule& Rule, Form Which) {
   const Strings& vsComments = CommentsOf(Rule);
   switch (Which) {
     case Form::Print:
       return HasPlainHeader(Rule) && HasOneDigit(Rule) &&
-             std::all_of(vsComments.begin(), vsComments.end(), CommentComesBack);
+             std::all_of(vsComments.begin(), vsComments.end(), CommentIsRestored);
     case Form::ForPrint:
     case Form::NoConstraints:
       return HasOneDigit(Rule) && HasNoExample(Rule);
@@ -132,14 +132,14 @@ std::string Write(TrRule& Rule, Form Which) {
   }
 }
 
-bool ComesBack(const TrRule& Rule, Form Which, const std::string& Written) {
+bool IsRestored(const TrRule& Rule, Form Which, const std::string& Written) {
   return HasPlainSequenceLine(Rule) && HasPlainAlignments(Rule) && Written.size() <= MaxText &&
-         (Which == Form::NoConstraints || ConstraintsComeBack(Rule)) && FormComesBack(Rule, Which);
+         (Which == Form::NoConstraints || ConstraintsComeBack(Rule)) && FormIsRestored(Rule, Which);
 }
 
 bool IsPlain(const std::string& Alignments) {
   std::string Plain;
-  for (const auto& [X, Y] : Slow::Displayed(Alignments)) {
+  for (const auto& [X, Y] : Reference::Displayed(Alignments)) {
     if (!IsPlainIndex(X) || !IsPlainIndex(Y)) {
       return false;
     }
@@ -149,28 +149,28 @@ bool IsPlain(const std::string& Alignments) {
 }
 
 bool WouldMerge(const Constraint& First, const Constraint& Second) {
-  if (!First.IsValueConstraint() || !Second.IsValueConstraint() || !AreOfOneNode(First, Second)) {
+  if (!First.IsValueConstraint() || !Second.IsValueConstraint() || !HaveSameNode(First, Second)) {
     return false;
   }
   const std::string FirstKey = KeyOf(First);
   const std::string SecondKey = KeyOf(Second);
-  return FirstKey != SecondKey && (FirstKey.find(Slow::KeyPrefix(Second)) == 0 ||
-                                   SecondKey.find(Slow::KeyPrefix(First)) == 0);
+  return FirstKey != SecondKey && (FirstKey.find(Reference::KeyPrefix(Second)) == 0 ||
+                                   SecondKey.find(Reference::KeyPrefix(First)) == 0);
 }
 
-bool AreOfOneNode(const Constraint& First, const Constraint& Second) {
+bool HaveSameNode(const Constraint& First, const Constraint& Second) {
   return First.GetCategory() == Second.GetCategory() &&
          First.GetConstrainedIndex() == Second.GetConstrainedIndex();
 }
 
 std::string KeyOf(const Constraint& Record) {
-  return Slow::KeyPrefix(Record) + Record.GetFeatValue();
+  return Reference::KeyPrefix(Record) + Record.GetFeatValue();
 }
 
 void RequireRoundTrips(TrRule& Rule) {
   for (const Form Which : AllForms) {
     const Outcome<std::string> Written = OutcomeOf([&] { return Write(Rule, Which); });
-    if (Written.Halt || !ComesBack(Rule, Which, Written.Result)) {
+    if (Written.Halt || !IsRestored(Rule, Which, Written.Result)) {
       continue;
     }
     TrRule Again;

@@ -4,7 +4,7 @@
 #include "RoundTrip.h"
 #include "support/DebugLevel.h"
 #include "support/PrivateAccess.h"
-#include "support/SlowTwins.h"
+#include "support/ReferenceImplementation.h"
 
 #include <algorithm>
 #include <memory>
@@ -30,7 +30,7 @@ namespace {
 
 using IntMap = std::map<int, int>;
 
-/// The lists of the alternatives.
+/// The lists of alternatives.
 struct Alternatives {
   explicit Alternatives(const TrRule& Rule) {
     Rule.GetAllAlts(vsSLSents, vsTLSents, vsAlignments, vsCStructures, vmiiSL, vmiiTL, vvsSL,
@@ -70,8 +70,8 @@ std::string Shown(const std::pair<const KeyT, ValueT>& Entry) {
 template <typename CollectionT>
 std::string Shown(const CollectionT& Collection) {
   std::string Text = "{";
-  for (const auto& Each : Collection) {
-    Text += ' ' + Shown(Each);
+  for (const auto& Element : Collection) {
+    Text += ' ' + Shown(Element);
   }
   return Text + '}';
 }
@@ -83,7 +83,7 @@ std::string ShownAlternatives(const TrRule& Rule) {
          Shown(Alts.vvsTL);
 }
 
-/// What a copy takes over, but for the alignment string and the labels from a parse.
+/// The members that a copy has, except the alignment string and the labels from a parse.
 std::string ShownCopied(const TrRule& Rule) {
   return Shown(Rule.GetSLWords()) + Shown(Rule.GetTLWords()) + Shown(Rule.GetSLPOS()) +
          Shown(Rule.GetTLPOS()) + Shown(Rule.GetWordLevelSLPOS()) +
@@ -105,7 +105,7 @@ bool HasOuterParentheses(const std::string& Alignments) {
 
 /// Whether ordering the alignments a second time changes nothing.
 bool HasAllIndices(const std::string& Alignments) {
-  return Slow::Canonical(Alignments).Missing.empty();
+  return Reference::Canonical(Alignments).Missing.empty();
 }
 
 }  // namespace
@@ -123,7 +123,7 @@ std::string MembersOf(const TrRule& Rule, bool WithParseLabels) {
 
 void RequireKeys(const TrRule& Rule) {
   for (const auto& [Key, Stored] : ConstraintsOf(Rule)) {
-    Require(Key == KeyOf(Stored), "a constraint stands under its key, not under " + Key);
+    Require(Key == KeyOf(Stored), "a constraint is stored under its key, not under " + Key);
   }
   Require(Rule.GetNumConstraints() == static_cast<int>(ConstraintsOf(Rule).size()),
           "the constraints are counted");
@@ -142,7 +142,7 @@ void RequireAlternatives(const TrRule& Rule) {
 // ---- Alignments -------------------------------------------------------------------------------
 
 void RequireOrdered(const std::string& Before, const std::string& After) {
-  const Slow::Ordered Expected = Slow::Canonical(Before);
+  const Reference::Ordered Expected = Reference::Canonical(Before);
   Require(After == Expected.Text, "alignments are in order: " + After);
   if (Expected.Missing.empty()) {
     TrRule Rule;
@@ -198,7 +198,7 @@ std::string Joined(const Strings& vsTexts) {
   return Text;
 }
 
-/// The texts, each between two others.
+/// The texts, each between a prefix and a suffix.
 std::string Lines(const Strings& vsTexts, const std::string& Before, const std::string& After) {
   std::string Text;
   for (const std::string& sText : vsTexts) {
@@ -207,7 +207,7 @@ std::string Lines(const Strings& vsTexts, const std::string& Before, const std::
   return Text;
 }
 
-/// What every form ends with, but for the constraints and the last parenthesis.
+/// The end of every form, without the constraints and the last parenthesis.
 std::string SequencesAndAlignments(const TrRule& Rule) {
   return Rule.GetSLType() + "::" + Rule.GetTLType() + " [" + Joined(Rule.GetSLPOS()) + "] -> [" +
          Joined(Rule.GetTLPOS()) + "]\n(\n" + Lines(Rule.GetAlignments(), "", "\n");
@@ -222,7 +222,7 @@ std::string HeaderAndExample(const TrRule& Rule) {
          ";;Score:" + std::to_string(Rule.GetNumTrExamples()) + '\n';
 }
 
-/// What stands before the sequence line in a form, where that is made of members alone.
+/// The text before the rule line in a form, if it consists only of members.
 std::optional<std::string> BeforeSequences(const TrRule& Rule, Form Which) {
   switch (Which) {
     case Form::Print:
@@ -238,25 +238,26 @@ std::optional<std::string> BeforeSequences(const TrRule& Rule, Form Which) {
   }
 }
 
-Slow::PrintOrder OrderOf(const TrRule& Rule) {
+Reference::PrintOrder OrderOf(const TrRule& Rule) {
   std::vector<Constraint> vConstraints;
   for (const auto& [Key, Stored] : ConstraintsOf(Rule)) {
     vConstraints.push_back(Stored);
   }
-  return Slow::OrderForPrint(vConstraints);
+  return Reference::OrderForPrint(vConstraints);
 }
 
 bool EndsWith(const std::string& Text, const std::string& End) {
   return Text.size() >= End.size() && Text.compare(Text.size() - End.size(), End.size(), End) == 0;
 }
 
-void RequireForm(TrRule& Rule, Form Which, const Slow::PrintOrder& Order) {
+void RequireForm(TrRule& Rule, Form Which, const Reference::PrintOrder& Order) {
   const bool HasConstraints = Which != Form::NoConstraints;
   const Outcome<std::string> Written = OutcomeOf([&] { return Write(Rule, Which); });
   Require(Written.Halt.has_value() == (HasConstraints && !Order.Message.empty()),
           "a form with constraints halts where they have no order");
   if (Written.Halt) {
-    Require(Written.Halt->Message == Order.Message, "it says why: " + Written.Halt->Message);
+    Require(Written.Halt->Message == Order.Message,
+            "it prints the reason: " + Written.Halt->Message);
     return;
   }
   const std::string Block = SequencesAndAlignments(Rule) +
@@ -264,7 +265,7 @@ void RequireForm(TrRule& Rule, Form Which, const Slow::PrintOrder& Order) {
                             (Which == Form::Print ? "\n" : "");
   Require(EndsWith(Written.Result, Block), "a form ends with its block:\n" + Written.Result);
   if (const std::optional<std::string> Start = BeforeSequences(Rule, Which)) {
-    Require(Written.Result == *Start + Block, "a form is made of members:\n" + Written.Result);
+    Require(Written.Result == *Start + Block, "a form shows the members:\n" + Written.Result);
   }
 }
 
@@ -272,20 +273,20 @@ void RequireForm(TrRule& Rule, Form Which, const Slow::PrintOrder& Order) {
 
 void RequireWriters(TrRule& Rule) {
   const std::string Before = MembersOf(Rule);
-  const Slow::PrintOrder Order = OrderOf(Rule);
+  const Reference::PrintOrder Order = OrderOf(Rule);
   for (const Form Which : AllForms) {
     RequireForm(Rule, Which, Order);
   }
-  Require(MembersOf(Rule) == Before, "writing leaves a rule alone");
+  Require(MembersOf(Rule) == Before, "writing does not change a rule");
 }
 
 // ---- The order of insertion -------------------------------------------------------------------
 
 namespace {
 
-/// Whether the order of insertion counts for two constraints.
+/// Whether the order of inserting two constraints matters.
 bool AreAtOdds(const Constraint& First, const Constraint& Second) {
-  if (!AreOfOneNode(First, Second)) {
+  if (!HaveSameNode(First, Second)) {
     return false;
   }
   const bool HaveOneKey = KeyOf(First) == KeyOf(Second);
@@ -348,15 +349,15 @@ void RequireTurning(TrRule& Rule) {
   const std::string Sides = ShownSides(Rule, true);
   const Strings vsParseLabels = Rule.GetSLPOSFromParse();
   const bool Halted = HaltOf([&] { Rule.FlipRuleNoConstraints(); }).has_value();
-  Require(!Halted || !IsRestored, "a plain rule can be turned");
+  Require(!Halted || !IsRestored, "a plain rule can be flipped");
   if (!Halted) {
-    Require(ShownSides(Rule, false) == Sides, "turning exchanges the sides");
+    Require(ShownSides(Rule, false) == Sides, "flipping exchanges the sides");
     Require(
         Rule.GetTLPOSFromParseAfterFlipping() == vsParseLabels && Rule.GetSLPOSFromParse().empty(),
         "turning moves the labels from a parse");
   }
   HaltOf([&] { Rule.FlipRuleNoConstraints(); });
-  Require(!IsRestored || MembersOf(Rule, false) == Before, "turning twice restores a rule");
+  Require(!IsRestored || MembersOf(Rule, false) == Before, "flipping twice restores a rule");
   RequireKeys(Rule);
   RequireAlternatives(Rule);
 }

@@ -1,33 +1,33 @@
-// A rule text goes through the reader, every writer, a copy, and two turns.
+// A rule text goes through the reader, every writer, a copy, and two flips.
 
 #include "FuzzSupport.h"
 #include "RuleChecks.h"
-#include "support/SlowTwins.h"
+#include "support/ReferenceImplementation.h"
 
 namespace {
 
-/// What the reader says of itself when it accepts a text.
+/// Properties of a text that the reader accepts.
 void RequireAccepted(const TrRule& Rule, const std::string& Text) {
-  Require(Slow::Holds(Text, "] -> [") && Slow::Holds(Text, "::"),
+  Require(Reference::Holds(Text, "] -> [") && Reference::Holds(Text, "::"),
           "an accepted text has a sequence line and an alignment");
   Require(!Rule.GetAlignmentStr().empty(), "an accepted rule has alignments");
 }
 
 void RequireComments(const TrRule& Rule, const std::string& Text) {
   for (const std::string& sComment : CommentsOf(Rule)) {
-    Require(Slow::Holds(sComment, ";;") && Slow::Holds(Text, sComment),
+    Require(Reference::Holds(sComment, ";;") && Reference::Holds(Text, sComment),
             "a comment is a line of the text");
   }
 }
 
-/// The constraints of the lines that hold nothing else, up to a number that can be compared by
+/// The constraints of lines that are only constraints, up to a number that can be compared in
 /// pairs.
 std::vector<Constraint> ConstraintsIn(const Strings& vsLines) {
   constexpr std::size_t MaxConstraints = 32;
   std::vector<Constraint> vConstraints;
   for (const std::string& sLine : vsLines) {
-    const bool IsOtherLine = Slow::Holds(sLine, "::") || Slow::Holds(sLine, "] -> [");
-    if (Slow::Holds(sLine, "=") && !IsOtherLine && vConstraints.size() < MaxConstraints) {
+    const bool IsOtherLine = Reference::Holds(sLine, "::") || Reference::Holds(sLine, "] -> [");
+    if (Reference::Holds(sLine, "=") && !IsOtherLine && vConstraints.size() < MaxConstraints) {
       vConstraints.emplace_back(sLine);
     }
   }
@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size
   RequireComments(Rule, Text);
   RequireNoInsertionOrder(ConstraintsIn(LinesOf(Data, Size)));
   RequireRule(Rule);
-  // Once more, into a rule that holds all of it already.
+  // Again, into the same rule.
   HaltOf([&] { Rule.SetTrRuleFromString(Text); });
   RequireRule(Rule);
   return 0;

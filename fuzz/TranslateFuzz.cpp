@@ -25,13 +25,13 @@ void AddRules(const std::string& Text, Translate::RuleSet& RulesReturn) {
   Grammar::UsableRule Rule;
   std::vector<Grammar::Finding> vFindings;
   std::uint32_t Number = 0;
-  for (Grammar::RuleText Each; Reader.Next(Each);) {
-    if (!Each.HasRule || Each.Continues) {
+  for (Grammar::RuleText Source; Reader.Next(Source);) {
+    if (!Source.HasRule || Source.Continues) {
       continue;
     }
     vFindings.clear();
     const bool IsUsable =
-        ReadUsableRule(Each, RulesReturn.Settings().IsReversed, Lines, Rule, vFindings);
+        ReadUsableRule(Source, RulesReturn.Settings().IsReversed, Lines, Rule, vFindings);
     Require(IsUsable == vFindings.empty(),
             "a rule that is left out has a finding, no other has one");
     ++Number;

@@ -1,7 +1,7 @@
 #include "AlignmentLine.h"
 
 #include "Ascii.h"
-#include "PieceCutter.h"
+#include "Splitter.h"
 
 #include <cstddef>
 
@@ -48,21 +48,21 @@ std::optional<AlignmentParts> ParseAlignment(std::string_view Code) {
     return std::nullopt;
   }
   std::string_view X = WithoutTrailingSpace(Inner.substr(0, Sign));
-  std::string_view Y = TrimmedPiece(Inner.substr(Sign + 2));
+  std::string_view Y = TrimmedField(Inner.substr(Sign + 2));
   const bool IsRead = TakeIndex(X, 'X', Parts.XText, Parts.X) && X.empty() &&
                       TakeIndex(Y, 'Y', Parts.YText, Parts.Y) && Y.empty();
   return IsRead ? std::optional<AlignmentParts>(Parts) : std::nullopt;
 }
 
 std::string_view WithinParentheses(std::string_view Line) {
-  const auto IsNoOpen = [](char Byte) { return Byte != '('; };
-  const auto IsNoClose = [](char Byte) { return Byte != ')'; };
-  return DropBack(DropFront(Line, IsNoOpen), IsNoClose);
+  const auto IsNotOpen = [](char Byte) { return Byte != '('; };
+  const auto IsNotClose = [](char Byte) { return Byte != ')'; };
+  return DropBack(DropFront(Line, IsNotOpen), IsNotClose);
 }
 
 // AlignmentLine = any "(X" X "::" "Y" Y ")" any
 AlignmentFault ReadAlignment(std::string_view Line, AlignmentTexts& TextsReturn) {
-  const std::optional<PiecePair> Sides = CutInTwoTrimmed(WithinParentheses(Line), "::");
+  const std::optional<FieldPair> Sides = SplitInTwoTrimmed(WithinParentheses(Line), "::");
   if (!Sides) {
     return AlignmentFault::NoPair;
   }

@@ -3,7 +3,7 @@
 #include "AlignmentText.h"
 
 #include "Ascii.h"
-#include "PieceCutter.h"
+#include "Splitter.h"
 
 #include <algorithm>
 #include <tuple>
@@ -37,9 +37,9 @@ std::optional<IndexPair> LastOfCanonical(std::string_view Alignments) {
 }
 
 void AppendPair(std::string& AlignmentsReturn, std::string_view X, std::string_view Y) {
-  constexpr std::size_t Usual = 32;
+  constexpr std::size_t TypicalSize = 32;
   if (AlignmentsReturn.empty()) {
-    AlignmentsReturn.reserve(Usual);
+    AlignmentsReturn.reserve(TypicalSize);
     AlignmentsReturn += '(';
   } else {
     AlignmentsReturn.back() = ',';
@@ -56,7 +56,7 @@ void AppendPair(std::string& AlignmentsReturn, std::string_view X, std::string_v
 
 namespace {
 
-/// One pair of a string: its indices as numbers, its text, and nothing else.
+/// One pair of a string: its indices as numbers, and its text.
 struct IndexedPair {
   int X;
   int Y;
@@ -71,7 +71,7 @@ bool HasSameIndices(const IndexedPair& Left, const IndexedPair& Right) {
   return Left.X == Right.X && Left.Y == Right.Y;
 }
 
-/// Whether the comma, which has a byte behind it, separates two pairs, as in "),(".
+/// Whether the comma, which is not the last byte, separates two pairs, as in "),(".
 bool IsSeparator(std::string_view Text, std::size_t Comma) {
   return Comma > 0 && Text[Comma - 1] == ')' && Text[Comma + 1] == '(';
 }
@@ -95,8 +95,8 @@ std::vector<std::string_view> CutAtSeparators(std::string_view Inner) {
   return vPieces;
 }
 
-/// The number between the first `Open` and the first `Close` of a pair; 0 where they stand in
-/// the wrong order. Nothing where one is missing or nothing can follow `Open`.
+/// The number between the first `Open` and the first `Close` of a pair; 0 if they are in the wrong
+/// order. Nothing if one is missing or `Open` is the last byte.
 std::optional<int> NumberBetween(std::string_view Pair, char Open, char Close) {
   const std::size_t Start = Pair.find(Open);
   const std::size_t End = Pair.find(Close);
@@ -107,7 +107,7 @@ std::optional<int> NumberBetween(std::string_view Pair, char Open, char Close) {
   return End < Start ? 0 : ToInt(Pair.substr(Start + 1, End - Start - 1));
 }
 
-/// Reads the pairs one after the other; an index that is missing is that of the pair before.
+/// Parses the pairs in order; a missing index is taken from the previous pair.
 std::vector<IndexedPair> ParsePairs(const std::vector<std::string_view>& vTexts,
                                     std::vector<MissingIndex>& vMissingReturn) {
   std::vector<IndexedPair> vPairs;
@@ -175,9 +175,8 @@ bool DisplayWalk::Next(DisplayPair& PairReturn) {
   return true;
 }
 
-/// Finds the first comma of the rest and the last "(" before it; false where the rest holds no
-/// comma that a pair can have. Both are looked for again only when the walk has passed them, so
-/// that it is linear.
+/// Finds the first comma of the rest and the last "(" before it; false if no pair can have that
+/// comma. Both are searched again only once the walk has passed them, which keeps it linear.
 bool DisplayWalk::FindComma() {
   if (Comma == std::string_view::npos || Comma < Begin) {
     Comma = Text.find(',', Begin);
@@ -187,7 +186,7 @@ bool DisplayWalk::FindComma() {
   return Comma != std::string_view::npos && Comma + 1 < Text.size() && Text[Comma + 1] != '(';
 }
 
-/// Without a "(" of its own, x begins where the rest does, unless its pair is closed already.
+/// Without a "(", x begins where the rest begins, unless its pair is already closed.
 std::string_view DisplayWalk::XText(std::size_t Close) const {
   const bool HasOpen = Open != std::string_view::npos && Open >= Begin;
   if (HasOpen) {
@@ -217,9 +216,9 @@ std::optional<std::string> ReversedAlignments(std::string_view Alignments) {
     return std::string();
   }
   std::string Reversed = "(";
-  PieceCutter Pairs(Alignments, "),(");
+  Splitter Pairs(Alignments, "),(");
   for (std::string_view Pair; Pairs.Next(Pair);) {
-    const auto Sides = CutInTwoTrimmed(WithoutParentheses(TrimmedPiece(Pair)), ",");
+    const auto Sides = SplitInTwoTrimmed(WithoutParentheses(TrimmedField(Pair)), ",");
     if (!Sides) {
       return std::nullopt;
     }

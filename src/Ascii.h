@@ -12,9 +12,9 @@
 /// @file
 /// Byte classes and number reading that do not depend on the host program's locale.
 ///
-/// Every text of the library is a string of bytes, and only ASCII letters, digits and white space
-/// mean anything in it; NUL and the bytes over 127 are passed through. For example
-/// `Upper("x1 = ä")` gives `"X1 = ä"`, and `ToInt(" 12)")` gives 12.
+/// Every text of the library is a string of bytes. Only ASCII letters, digits and white space have
+/// a meaning; NUL and bytes over 127 are passed through. For example, `Upper("x1 = ä")` returns
+/// `"X1 = ä"`, and `ToInt(" 12)")` returns 12.
 
 namespace TrRuleInternal {
 
@@ -38,8 +38,8 @@ constexpr char ToLower(char Byte) {
   return Byte >= 'A' && Byte <= 'Z' ? static_cast<char>(Byte - 'A' + 'a') : Byte;
 }
 
-/// The capital of each byte, as a table: the texts here are short, and looking a byte up beats the
-/// preparations of a loop that takes many bytes at once.
+/// A table of the capital of each byte. The texts are short, so that a lookup is faster than the
+/// setup of a loop that handles many bytes at once.
 constexpr std::array<char, 256> UpperBytes() {
   std::array<char, 256> Table{};
   for (std::size_t Byte = 0; Byte < Table.size(); ++Byte) {
@@ -48,7 +48,7 @@ constexpr std::array<char, 256> UpperBytes() {
   return Table;
 }
 
-/// Upper-cases every byte of a text where it stands, from a position on.
+/// Upper-cases a text in place, from a position on.
 inline void MakeUpper(std::string& TextReturn, std::size_t From = 0) {
   static constexpr std::array<char, 256> Table = UpperBytes();
   for (std::size_t Position = From; Position < TextReturn.size(); ++Position) {
@@ -56,13 +56,13 @@ inline void MakeUpper(std::string& TextReturn, std::size_t From = 0) {
   }
 }
 
-/// The text with every byte upper-cased, in the storage that was handed in.
+/// The text with every byte upper-cased, in the same storage.
 inline std::string Upper(std::string Text) {
   MakeUpper(Text);
   return Text;
 }
 
-/// The text with every byte lower-cased, in the storage that was handed in.
+/// The text with every byte lower-cased, in the same storage.
 inline std::string Lower(std::string Text) {
   for (char& Byte : Text) {
     Byte = ToLower(Byte);
@@ -83,8 +83,8 @@ constexpr bool StartsWith(std::string_view Text, std::string_view Start) {
   return true;
 }
 
-/// The position of the first `Part` in `Text`, npos when there is none or `Part` is empty. The
-/// texts here are short: looking for the first byte beats a general search.
+/// The position of the first `Part` in `Text`; npos if there is none or `Part` is empty. The texts
+/// are short, so that searching for the first byte is faster than a general search.
 constexpr std::size_t Find(std::string_view Text, std::string_view Part) {
   if (Part.empty()) {
     return std::string_view::npos;
@@ -99,7 +99,7 @@ constexpr std::size_t Find(std::string_view Text, std::string_view Part) {
   return Position;
 }
 
-/// True when `Part`, which is not empty, occurs anywhere in `Text`.
+/// True when `Part`, which must not be empty, occurs anywhere in `Text`.
 constexpr bool Contains(std::string_view Text, std::string_view Part) {
   return Find(Text, Part) != std::string_view::npos;
 }
@@ -122,8 +122,8 @@ constexpr std::string_view DropBack(std::string_view Text, DropT Drop) {
   return Text;
 }
 
-/// The text without its leading white space. Dropping the first blank also cuts what follows it
-/// to `MaxRest` bytes; a text without a leading blank is never cut.
+/// The text without its leading white space. If there is any, the text after its first byte is cut
+/// to `MaxRest` bytes.
 constexpr std::string_view WithoutLeadingSpace(std::string_view Text, std::size_t MaxRest) {
   if (Text.empty() || !IsSpace(Text.front())) {
     return Text;
@@ -136,7 +136,7 @@ constexpr std::string_view WithoutTrailingSpace(std::string_view Text) {
   return DropBack(Text, IsSpace);
 }
 
-/// The value of a run of digits, held at 2^63 - 1, or at 2^63 when `Negative`.
+/// The value of a run of digits, clamped to 2^63 - 1, or to 2^63 when `Negative`.
 constexpr std::uint64_t DigitsValue(std::string_view Digits, bool Negative) {
   const std::uint64_t Limit =
       static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) + (Negative ? 1U : 0U);
@@ -151,9 +151,9 @@ constexpr std::uint64_t DigitsValue(std::string_view Digits, bool Negative) {
   return Value;
 }
 
-/// The number that a text begins with: leading white space, an optional sign, digits up to the
-/// first byte that is none. No digits give 0. A number that does not fit is read into 64 bits,
-/// held at their ends, and its low 32 bits are taken, so that every text has one defined value.
+/// The number at the front of a text: leading white space, an optional sign, and digits up to the
+/// first other byte; 0 without digits. A number that does not fit is clamped to 64 bits and its low
+/// 32 bits are returned, so that every text has a defined value.
 constexpr int ToInt(std::string_view Text) {
   Text = DropFront(Text, IsSpace);
   const bool Negative = !Text.empty() && Text.front() == '-';
@@ -168,7 +168,7 @@ constexpr int ToInt(std::string_view Text) {
   return static_cast<int>(static_cast<std::uint32_t>(Negative ? ~Value + 1 : Value));
 }
 
-/// Takes a start off the front of a text; false when the text begins otherwise.
+/// Takes a prefix off the front of a text; false when the text does not begin with it.
 constexpr bool Take(std::string_view& TextReturn, std::string_view Start) {
   if (!StartsWith(TextReturn, Start)) {
     return false;
@@ -178,7 +178,7 @@ constexpr bool Take(std::string_view& TextReturn, std::string_view Start) {
 }
 
 /// Takes a number without a sign off the front of a text.
-/// @return the number; -1 when there is none, or one of more than nine digits
+/// @return the number; -1 if there is none or it has more than nine digits
 constexpr int TakeNumber(std::string_view& TextReturn) {
   constexpr std::size_t MaxDigits = 9;
   int Number = 0;
@@ -193,7 +193,7 @@ constexpr int TakeNumber(std::string_view& TextReturn) {
   return Size == 0 ? -1 : Number;
 }
 
-/// A number in decimal, with a minus sign when negative, for the time of one expression.
+/// The decimal text of a number, with a minus sign when negative, for use within one expression.
 class Decimal {
  public:
   explicit Decimal(int Number)
@@ -211,7 +211,7 @@ class Decimal {
   const char* End;
 };
 
-/// Appends some texts at once, with one change of size.
+/// Appends several texts with one reallocation at most.
 inline void Append(std::string& TextReturn, std::initializer_list<std::string_view> Texts) {
   std::size_t Size = 0;
   for (const std::string_view Text : Texts) {

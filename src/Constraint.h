@@ -2,8 +2,8 @@
 
 #include "Tokenizer.h"
 
-// A static initialiser of a host may read a text, which may print a message: the streams have to be
-// there by then.
+// A static initialiser of a host may read a text, which may print a message: the streams must be
+// constructed by then.
 #include <iostream>
 #include <string>
 
@@ -12,7 +12,7 @@ class RuleLoader;
 }
 
 /// One feature constraint of a transfer rule: which node it constrains, which feature, and the
-/// value or the other node that it is tied to.
+/// value or the node that it refers to.
 ///
 /// Worked example:
 /// @code
@@ -27,10 +27,9 @@ class RuleLoader;
 ///
 /// Indices count the components of the rule from 1; index 0 is the rule's own node (x0, y0).
 /// Categories: 1, a source-side (x) node; 2, the feature of a target-side (y) node whose value
-/// mentions an x node; 3, the node y0; 4, another y node; -1, not known.
+/// mentions an x node; 3, the node y0; 4, another y node; -1, unknown.
 ///
-/// A text that is read and written back is not always the text that was read: docs/behaviour.md
-/// lists the differences.
+/// A text may change when it is read and written back: docs/behaviour.md lists the differences.
 class __attribute__((visibility("default"))) Constraint {
  public:
   /// An empty value constraint: category, index and rank -1, feature and value empty.
@@ -50,12 +49,12 @@ class __attribute__((visibility("default"))) Constraint {
   ///
   /// A text that is not in the format prints "ERROR in Constraint::Constraint(string): Constraint
   /// was not in correct format:|", the upper-cased text, "|" and a line end on standard error and
-  /// leaves the constraint as `Constraint()` makes it. A whole-node text whose "=" signs leave
-  /// fewer than two sides does the same without a message. Nothing ends the process. Linear.
+  /// leaves the constraint as constructed by `Constraint()`. A whole-node text whose "=" signs
+  /// leave fewer than two sides does the same without a message. Never ends the process. Linear.
   /// @param ConstraintPassIn the text
   Constraint(std::string ConstraintPassIn);
 
-  /// Copies the six values. There is no move: `std::move` of a constraint leaves it as it was.
+  /// Copies the six values. There is no move: `std::move` copies a constraint.
   Constraint(const Constraint& OtherPassIn);
 
   ~Constraint();
@@ -63,8 +62,8 @@ class __attribute__((visibility("default"))) Constraint {
   /// Copies the six values of the other constraint.
   void operator=(Constraint OtherPassIn);
 
-  /// Orders constraints by their written text, byte by byte; rank and category count only where
-  /// the text shows them. Writes both texts for each comparison.
+  /// Compares the written texts, byte by byte. The rank is not compared, and the category only as
+  /// far as the text shows it. Writes both texts for each comparison.
   bool operator<(Constraint OtherPassIn) const;
 
   /// The constraint as text: "((X0 DET) = X1)" for a value, "(X0 = X3)" for a whole node,
@@ -78,12 +77,12 @@ class __attribute__((visibility("default"))) Constraint {
   /// 1,2,3, or 4." on standard error and ends the process with status 1.
   /// @param CategoryPassIn the category
   void SetCategory(int CategoryPassIn);
-  /// The category, -1 when not known.
+  /// The category, -1 if unknown.
   int GetCategory() const;
 
   /// Stores the number of the constrained node; not checked.
   void SetConstrainedIndex(int ConstrainedIndexPassIn);
-  /// The number of the constrained node: from 1, 0 for the rule's own, -1 when not known.
+  /// The number of the constrained node: from 1, 0 for the rule's own, -1 if unknown.
   int GetConstrainedIndex() const;
 
   /// Stores the feature unchanged.
@@ -99,7 +98,7 @@ class __attribute__((visibility("default"))) Constraint {
 
   /// Stores the position among the constraints of the category; not checked.
   void SetRankInCategory(int RankInCategoryPassIn);
-  /// The position among the constraints of the category, -1 when not known.
+  /// The position among the constraints of the category, -1 if unknown.
   int GetRankInCategory() const;
 
   /// Stores whether the right side is a value.
@@ -107,10 +106,10 @@ class __attribute__((visibility("default"))) Constraint {
   /// Whether the right side is a value rather than a reference to another node.
   bool IsValueConstraint() const;
 
-  /// The number of the node that a value text refers to: the number behind its last capital X or
-  /// Y, read from at most 1000 bytes. For example "(Y2" gives 2 and "(Y0 DET" gives 0.
-  /// @param FeatValuePassIn the text; the constraint's own members are not looked at
-  /// @return the number, -1 when there is no such letter or nothing behind it
+  /// The number of the node that a value text refers to: the number after its last capital X or Y,
+  /// read from at most 1000 bytes. For example, it is 2 for "(Y2" and 0 for "(Y0 DET".
+  /// @param FeatValuePassIn the text; the members of the constraint are not used
+  /// @return the number, -1 if there is no such letter or nothing after it
   int GetAgreedIndex(std::string FeatValuePassIn) const;
 
  private:
@@ -118,7 +117,7 @@ class __attribute__((visibility("default"))) Constraint {
   friend class TrRule;
   friend class TrRuleInternal::RuleLoader;
 
-  /// Takes the six values out of a constraint that nobody needs any more.
+  /// Moves the six values out of a constraint that is no longer needed.
   void TakeOver(Constraint& OtherReturn);
   void AppendTo(std::string& TextReturn) const;
 

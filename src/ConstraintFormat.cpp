@@ -1,13 +1,13 @@
 #include "ConstraintFormat.h"
 
 #include "Ascii.h"
-#include "PieceCutter.h"
+#include "Splitter.h"
 
 namespace TrRuleInternal {
 
 namespace {
 
-/// Reads a text from left to right; each step takes something off the front, or does not.
+/// Reads a text from left to right. Each step takes something off the front, or fails.
 class Scanner {
  public:
   explicit Scanner(std::string_view TextPassIn) : Rest(TextPassIn) {}
@@ -72,8 +72,8 @@ class Scanner {
 
   void GoBackTo(std::string_view Earlier) { Rest = Earlier; }
 
-  /// Notes what the text should go on with.
-  /// @return false, for the step that has failed
+  /// Records what is expected next.
+  /// @return false, for the failed step
   bool Expect(std::string_view What) {
     Missing = What;
     return false;
@@ -94,7 +94,7 @@ bool IsFeatureByte(char Byte) {
   return IsValueByte(Byte);
 }
 
-/// The words of a disjunction may have come out of a merging with a negation.
+/// The words of a disjunction may come from a merging with a negation.
 bool IsWordsByte(char Byte) {
   return Byte != ')' && Byte != '=';
 }
@@ -103,12 +103,12 @@ bool IsEquals(char Byte) {
   return Byte == '=';
 }
 
-/// The part of `Text` between what is left of it before and after.
+/// The part of `Before` that the scanner has taken.
 std::string_view Between(std::string_view Before, const Scanner& After) {
   return Before.substr(0, Before.size() - After.Remaining().size());
 }
 
-/// Whether what stands behind a node is a feature. The library would drop the blank before a "*".
+/// Whether the text after a node is a feature. The library would drop the blank before a "*".
 bool IsFeature(std::string_view Blank, std::string_view Feature) {
   return !Blank.empty() && !Feature.empty() && Feature.front() != '*';
 }
@@ -139,7 +139,7 @@ bool TakeLeft(Scanner& ScanReturn, ConstraintParts& PartsReturn) {
   if (PartsReturn.IsWholeNode) {
     return true;
   }
-  PartsReturn.Feature = TrimmedPiece(ScanReturn.TakeWhile(IsFeatureByte));
+  PartsReturn.Feature = TrimmedField(ScanReturn.TakeWhile(IsFeatureByte));
   if (!IsFeature(Blank, PartsReturn.Feature)) {
     return ScanReturn.Expect(FeatureName);
   }
@@ -154,7 +154,7 @@ bool TakeReference(Scanner& ScanReturn, ConstraintParts& PartsReturn) {
     return false;
   }
   const std::string_view Blank = ScanReturn.TakeSpace();
-  PartsReturn.RightFeature = TrimmedPiece(ScanReturn.TakeWhile(IsFeatureByte));
+  PartsReturn.RightFeature = TrimmedField(ScanReturn.TakeWhile(IsFeatureByte));
   if (!IsFeature(Blank, PartsReturn.RightFeature) || !ScanReturn.Take(')')) {
     return false;
   }
@@ -226,7 +226,7 @@ bool TakeAll(Scanner& ScanReturn, ConstraintParts& PartsReturn) {
   if (!ScanReturn.Take(')') && !MayLackOne) {
     return ScanReturn.Expect(CloseParenthesis);
   }
-  // More of them close the rule's body.
+  // Further parentheses close the body of the rule.
   ScanReturn.TakeWhile([](char Byte) { return IsSpace(Byte) || Byte == ')'; });
   return ScanReturn.Remaining().empty() || ScanReturn.Expect(TheEnd);
 }

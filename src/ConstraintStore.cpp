@@ -1,7 +1,7 @@
 #include "ConstraintStore.h"
 
 #include "Ascii.h"
-#include "PieceCutter.h"
+#include "Splitter.h"
 #include "StringUtils.h"
 
 #include <algorithm>
@@ -36,13 +36,13 @@ namespace {
 
 constexpr const char* DisjunctionOpen = "(*OR*";
 
-/// The alternatives of a value, "(*OR* SG PL)" or "SG", that are not in the set yet; they are
-/// added to it and appended to the text, each behind a blank.
+/// Appends the alternatives of a value, "(*OR* SG PL)" or "SG", that are not in the set, each after
+/// a blank, and adds them to the set.
 void AppendAlternatives(const std::string& Value, std::set<std::string>& ssTakenReturn,
                         std::string& TextReturn) {
-  PieceCutter Pieces(Value, " ");
-  for (std::string_view Piece; Pieces.Next(Piece);) {
-    std::string Alternative(TrimmedPiece(Piece));
+  Splitter Fields(Value, " ");
+  for (std::string_view Field; Fields.Next(Field);) {
+    std::string Alternative(TrimmedField(Field));
     Alternative = StringUtils::ReplaceAll(std::move(Alternative), DisjunctionOpen, "");
     Alternative = StringUtils::ReplaceAll(std::move(Alternative), ")", "");
     if (!Alternative.empty() && ssTakenReturn.insert(Alternative).second) {

@@ -8,17 +8,15 @@
 #include <vector>
 
 /// @file
-/// How a rule keeps its constraints apart: the keys that they are stored under, and how the values
-/// of one feature become one.
+/// The keys under which a rule stores its constraints, and the merging of the values of a feature.
 ///
-/// For example "((y1 num) = sg)" has the key "4__1__NUM__SG", whose prefix is "4__1__NUM__"; where
-/// a map holds it already, "((y1 num) = pl)" takes it out and comes under the key "4__1__NUM__(*OR*
-/// SG PL)".
+/// For example, "((y1 num) = sg)" has the key "4__1__NUM__SG", whose prefix is "4__1__NUM__". If a
+/// map contains it, adding "((y1 num) = pl)" replaces it by the key "4__1__NUM__(*OR* SG PL)".
 
 namespace TrRuleInternal {
 
-/// The key of a constraint, with the places of feature and value in it; all that stands before the
-/// value is its prefix.
+/// The key of a constraint, with the positions of feature and value in it. The prefix is the text
+/// before the value.
 struct ConstraintKey {
   std::string Text;
   std::size_t FeatureBegin = 0;  ///< from 0
@@ -26,7 +24,7 @@ struct ConstraintKey {
   std::size_t ValueBegin = 0;
 };
 
-/// Makes the key "4__1__NUM__SG" of category, index, feature and value. Linear.
+/// Makes a key, such as "4__1__NUM__SG", from category, index, feature and value. Linear.
 ConstraintKey MakeKey(int Category, int ConstrainedIndex, std::string_view Feature,
                       std::string_view FeatValue);
 
@@ -34,15 +32,15 @@ ConstraintKey MakeKey(int Category, int ConstrainedIndex, std::string_view Featu
 /// n log n in the words.
 std::string MergedValue(const std::string& OldValue, const std::string& NewValue);
 
-/// One merging, as it is reported: the two values, and the key of what they became.
+/// One merging, as it is reported: the two values, and the key of the merged one.
 struct Merging {
   std::string OldValue;
   std::string NewValue;
   std::string NewKey;
 };
 
-/// Whether the key of an entry beside another one begins with a prefix of that one's key; all
-/// entries whose keys do stand together.
+/// Whether the key of the previous or the next entry begins with a prefix of this entry's key. All
+/// such entries are adjacent.
 template <typename MapT>
 bool HasNeighbour(const MapT& Entries, typename MapT::const_iterator Entry,
                   std::string_view Prefix) {
@@ -54,15 +52,15 @@ bool HasNeighbour(const MapT& Entries, typename MapT::const_iterator Entry,
          (Entry != Entries.begin() && Begins(std::prev(Entry)->first));
 }
 
-/// Takes the value constraints whose keys share a prefix out of a map, and merges their values into
-/// that of a new constraint, one after the other in key order.
+/// Removes the value constraints whose keys share a prefix from a map, and merges their values into
+/// that of a new constraint, in key order.
 ///
-/// @param ValueOf gives the value of an entry, null for an agreement
+/// @param ValueOf returns the value of an entry, null for an agreement
 /// @param PrefixSize the size of the prefix of the new key
-/// @param KeyReturn the new key, which ends in the new value; gets the merged one
-/// @param vMergingsReturn gets each merging
+/// @param KeyReturn the new key, which ends in the new value; receives the merged key
+/// @param vMergingsReturn receives each merging
 template <typename MapT, typename ValueOfT>
-void TakeOutAndMerge(MapT& EntriesReturn, ValueOfT ValueOf, std::size_t PrefixSize,
+void ExtractAndMerge(MapT& EntriesReturn, ValueOfT ValueOf, std::size_t PrefixSize,
                      std::string& KeyReturn, std::vector<Merging>& vMergingsReturn) {
   const std::string Prefix = KeyReturn.substr(0, PrefixSize);
   std::string Value = KeyReturn.substr(PrefixSize);

@@ -1,10 +1,10 @@
-// Sections, in the order of the header: the common form, the fields it gives, the lenient rules,
+// Sections, in the order of the header: the common form, its fields, the lenient rules,
 // the agreed index.
 
 #include "ConstraintText.h"
 
 #include "Ascii.h"
-#include "PieceCutter.h"
+#include "Splitter.h"
 
 #include <algorithm>
 #include <array>
@@ -29,7 +29,7 @@ bool TakeNode(std::string_view& TextReturn, NodeText& NodeReturn) {
   return NodeReturn.Index >= 0;
 }
 
-/// The bytes of features and values that mean nothing but themselves.
+/// The bytes of features and values that have no other meaning.
 constexpr std::array<bool, 256> WordBytes() {
   std::array<bool, 256> Table{};
   for (const char Byte : std::string_view("+-_0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ")) {
@@ -51,8 +51,7 @@ std::string_view TakeWord(std::string_view& TextReturn) {
   return Word;
 }
 
-/// Takes a feature, which is one word or several, off the front of a text; empty where none is
-/// there.
+/// Takes a feature of one or more words off the front of a text; empty if there is none.
 // Feature = Word { " " Word }
 std::string_view TakeFeature(std::string_view& TextReturn) {
   const std::string_view Before = TextReturn;
@@ -72,7 +71,7 @@ std::string_view TakeWords(std::string_view& TextReturn) {
   return Before.substr(0, Before.size() - TextReturn.size());
 }
 
-/// Whether a text begins with a mark, in small letters or capitals, and a blank behind it.
+/// Whether a text begins with a mark, in small letters or capitals, and a blank after it.
 bool BeginsWithMark(std::string_view Text, std::string_view Capitals) {
   const auto IsSame = [](char Written, char Capital) { return ToUpper(Written) == Capital; };
   return Text.size() > Capitals.size() && Text[Capitals.size()] == ' ' &&
@@ -129,7 +128,7 @@ bool ParseRightSide(std::string_view Text, ConstraintParts& PartsReturn) {
   return ParseReference(Text, PartsReturn);
 }
 
-/// Takes the signs between the sides off the front of a text: one, or for a whole node also two.
+/// Takes the signs between the sides off the front of a text: one, or up to two for a whole node.
 // Equals = ") = " for a feature | " = " | " == "
 bool TakeEquals(std::string_view& TextReturn, ConstraintParts& PartsReturn) {
   const std::string_view Before = TextReturn;
@@ -153,7 +152,7 @@ bool TakeEquals(std::string_view& TextReturn, ConstraintParts& PartsReturn) {
 // CommonForm = "((" Node " " Feature ") = " RightSide
 //            | "(" Node ( " = " | " == " ) RightSide
 bool ParseCommonForm(std::string_view Text, ConstraintParts& PartsReturn) {
-  // What the form does not have shall not be left over from another text.
+  // Clear what a previous text may have set.
   PartsReturn.Feature = PartsReturn.RightFeature = PartsReturn.Value = {};
   PartsReturn.RightNode.reset();
   PartsReturn.IsWholeNode = !Take(Text, "((");
@@ -185,8 +184,8 @@ constexpr int TargetRoot = 3;
 constexpr int TargetNode = 4;
 constexpr int UnknownCategory = -1;
 
-/// A target node's feature whose value holds an X anywhere counts as coming from the source side,
-/// also where that is a word of its own, such as NEXT.
+/// A feature of a target node whose value contains an X counts as coming from the source side, even
+/// if the X is part of a word such as NEXT.
 int WithSource(int Category, std::string_view FeatValue) {
   const bool IsTarget = Category == TargetRoot || Category == TargetNode;
   const auto IsX = [](char Byte) { return Byte == 'X' || Byte == 'x'; };
@@ -200,7 +199,7 @@ int CategoryOfSide(const NodeText& Node) {
   return Node.Text[1] == '0' ? TargetRoot : TargetNode;
 }
 
-/// The right side as it is kept: without the parenthesis that ends a reference or a negation.
+/// The right side as it is stored: without the closing parenthesis of a reference or a negation.
 std::string_view KeptRight(const ConstraintParts& Parts) {
   switch (Parts.Kind) {
     case RightKind::Reference:
@@ -258,17 +257,17 @@ namespace {
 
 /// The text without leading and trailing white space.
 std::string_view TrimmedText(std::string_view Text) {
-  return WithoutTrailingSpace(WithoutLeadingSpace(Text, PieceCutter::MaxRest));
+  return WithoutTrailingSpace(WithoutLeadingSpace(Text, Splitter::MaxRest));
 }
 
 /// Whether a blank between two bytes separates a node's name from its feature: it follows a digit
-/// and is not the blank before "=" or "*". Such a blank is kept; the others mean nothing.
+/// and is not before "=" or "*". Such a blank is kept; the others have no meaning.
 constexpr bool IsFeatureBlank(char Previous, char Next) {
   return IsDigit(Previous) && Next != '=' && Next != '*';
 }
 
-/// The text, which begins and ends with something else than a blank, in capitals and without white
-/// space, but for one blank between a node's name and its feature.
+/// The text in capitals and without white space, except for one blank between the name of a node
+/// and its feature. The text must not begin or end with white space.
 std::string Compact(std::string_view Text) {
   std::string Compacted(Text.size(), '\0');
   std::size_t Size = 0;
@@ -283,7 +282,7 @@ std::string Compact(std::string_view Text) {
   return Compacted;
 }
 
-/// A node's name, "((X0" or "(Y12", without its parentheses and side letters.
+/// The number in the name of a node, such as "((X0" or "(Y12".
 int ParseNodeIndex(std::string_view Node) {
   const auto IsSkipped = [](char Byte) { return Byte == '(' || Byte == 'X' || Byte == 'Y'; };
   const std::string_view Name = DropFront(Node, IsSkipped);
@@ -295,8 +294,8 @@ int ParseNodeIndex(std::string_view Node) {
   return ToInt(Number);
 }
 
-/// The value that a right side holds, in capitals: the text up to its first ")", which a
-/// disjunction gets back. A negation does not: "(*NOT* SG" is how such a value is kept and written.
+/// The value in a right side, in capitals: the text before its first ")". A disjunction keeps that
+/// parenthesis, a negation does not: it is stored and written as "(*NOT* SG".
 std::string ParseValue(std::string_view RightSide) {
   std::string Value = Upper(std::string(RightSide.substr(0, RightSide.find(')'))));
   if (Contains(Value, "*OR*")) {
@@ -305,8 +304,8 @@ std::string ParseValue(std::string_view RightSide) {
   return Value;
 }
 
-/// The category that the left side of a constraint gives by itself: 1 where it holds "(X", else 3
-/// where it holds "(Y0", else 4 where it holds "(Y"; unknown where it names no node.
+/// The category of a constraint by its left side alone: 1 if it contains "(X", else 3 if it
+/// contains "(Y0", else 4 if it contains "(Y", otherwise unknown.
 int CategoryOfText(std::string_view LeftSide) {
   if (Contains(LeftSide, "(X")) {
     return SourceNode;
@@ -317,15 +316,15 @@ int CategoryOfText(std::string_view LeftSide) {
   return Contains(LeftSide, "(Y0") ? TargetRoot : TargetNode;
 }
 
-bool HasOnePiece(std::string_view Text, std::string_view Delimiter) {
-  PieceCutter Cutter(Text, Delimiter);
-  std::string_view Piece;
-  return Cutter.Next(Piece) && !Cutter.Next(Piece);
+bool HasOneField(std::string_view Text, std::string_view Delimiter) {
+  Splitter Fields(Text, Delimiter);
+  std::string_view Field;
+  return Fields.Next(Field) && !Fields.Next(Field);
 }
 
 // FeatureForm = "((" Side Index " " Feature ")=" ( "(" Side Index " " Feature "))" | Value ")" ).
-// A value is taken from the side as it was written, so that the blanks of a disjunction survive.
-void ReadFeatureForm(const PiecePair& Compacted, std::string_view WrittenRightSide,
+// A value is read from the side as written, which keeps the blanks of a disjunction.
+void ReadFeatureForm(const FieldPair& Compacted, std::string_view WrittenRightSide,
                      ConstraintFields& FieldsReturn) {
   const auto& [LeftSide, RightSide] = Compacted;
   const bool IsValue = !StartsWith(RightSide, "(X") && !StartsWith(RightSide, "(Y");
@@ -344,13 +343,13 @@ void ReadFeatureForm(const PiecePair& Compacted, std::string_view WrittenRightSi
 }
 
 // WholeNodeForm = "(" Side Index "=" ( Side Index | "(" Side Index " " Feature ")" ) ")".
-void ReadWholeNodeForm(const PiecePair& Compacted, ConstraintFields& FieldsReturn) {
+void ReadWholeNodeForm(const FieldPair& Compacted, ConstraintFields& FieldsReturn) {
   const auto& [LeftSide, RightSide] = Compacted;
   FieldsReturn.ValueConstraint = false;
   FieldsReturn.Feature = WholeNode;
   const int Category = CategoryOfText(LeftSide);
   FieldsReturn.Category = Category == UnknownCategory ? TargetNode : Category;
-  // A blank stands only behind a digit, and so ends the number like any other byte.
+  // A blank comes only after a digit, and so ends the number like any other byte.
   FieldsReturn.ConstrainedIndex = ParseNodeIndex(LeftSide);
   if (Contains(RightSide, ")")) {
     FieldsReturn.FeatValue = ParseValue(RightSide);
@@ -362,25 +361,25 @@ void ReadWholeNodeForm(const PiecePair& Compacted, ConstraintFields& FieldsRetur
 // Constraint = CommonForm | Side "=" Side, any number of "=" counting as one
 bool ReadConstraint(std::string_view Written, ConstraintFields& FieldsReturn) {
   const std::string_view Whole = TrimmedText(Written);
-  // What lies far behind a cut is dropped, which only the lenient rules see to.
+  // Only the lenient rules drop what exceeds the limit after a split.
   ConstraintParts Parts;
-  if (Whole.size() <= PieceCutter::MaxRest && ParseCommonForm(Whole, Parts)) {
+  if (Whole.size() <= Splitter::MaxRest && ParseCommonForm(Whole, Parts)) {
     FieldsReturn = FieldsOfCommonForm(Parts);
     return true;
   }
-  const std::optional<PiecePair> Sides = CutInTwo(Whole, "=");
+  const std::optional<FieldPair> Sides = SplitInTwo(Whole, "=");
   if (!Sides) {
     return false;
   }
   const std::string Text = Compact(Whole);
-  if (const std::optional<PiecePair> Compacted = CutInTwo(Text, ")=")) {
+  if (const std::optional<FieldPair> Compacted = SplitInTwo(Text, ")=")) {
     ReadFeatureForm(*Compacted, TrimmedText(Sides->Second), FieldsReturn);
     return true;
   }
-  if (!HasOnePiece(Text, ")=")) {
+  if (!HasOneField(Text, ")=")) {
     return false;
   }
-  if (const std::optional<PiecePair> Compacted = CutInTwo(Text, "=")) {
+  if (const std::optional<FieldPair> Compacted = SplitInTwo(Text, "=")) {
     ReadWholeNodeForm(*Compacted, FieldsReturn);
   }
   return true;

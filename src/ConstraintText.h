@@ -7,9 +7,9 @@
 /// @file
 /// Reading a constraint text.
 ///
-/// Most constraints are written in one common form, "((y1 num) = (y2 num))". `ParseCommonForm`
-/// takes such a text apart in one go. `ReadConstraint` reads what is written otherwise by lenient
-/// rules, which would give the same for the common form, too. Nothing is printed here.
+/// Most constraints are written in one common form, "((y1 num) = (y2 num))", which
+/// `ParseCommonForm` parses in one pass. `ReadConstraint` reads any other text by lenient rules,
+/// which have the same result for the common form. Nothing is printed.
 
 namespace TrRuleInternal {
 
@@ -20,16 +20,16 @@ struct NodeText {
   std::string_view Text;
 };
 
-/// What stands on the right of a constraint.
+/// The right side of a constraint.
 enum class RightKind {
   Node,       ///< x3, of a whole node
   Reference,  ///< (y2 num)
-  Value,      ///< sg, also a lone x1 as the value of a feature
+  Value,      ///< sg; also x1 alone, as the value of a feature
   Or,         ///< (*OR* sg pl)
   Not,        ///< (*NOT* sg)
 };
 
-/// A constraint text, taken apart. All views point into the text.
+/// The parts of a constraint text, as views of the text.
 struct ConstraintParts {
   bool IsWholeNode = false;  ///< "(x0 = x3)" rather than "((x0 num) = sg)"
   NodeText Left;
@@ -37,25 +37,25 @@ struct ConstraintParts {
   std::string_view Equals;   ///< "=", "==" …
   RightKind Kind = RightKind::Value;
   std::string_view Right;             ///< all of the right side, with its own parentheses
-  std::optional<NodeText> RightNode;  ///< of a node and a reference; also of a value like "x1"
-  std::string_view RightFeature;      ///< of a reference
-  std::string_view Value;             ///< of a value: the word, or the words of a disjunction
+  std::optional<NodeText> RightNode;  ///< for a node and a reference, and for a value such as "x1"
+  std::string_view RightFeature;      ///< for a reference
+  std::string_view Value;             ///< for a value: the word, or the words of a disjunction
   std::string_view SpaceAfterNode;    ///< between a node on the right and the parenthesis
 };
 
-/// Takes a text in the common form apart: no white space but single blanks where the form has
-/// them, and words of letters, digits, "+", "-" and "_". A feature can have several. Linear.
+/// Parses a text in the common form: no white space but the single blanks of the form, and words of
+/// letters, digits, "+", "-" and "_". A feature can have several words. Linear.
 ///
 ///   ParseCommonForm("((y1 num) = (y2 num))", Parts);  // Parts.RightNode->Index is 2
 ///
-/// @return whether the text is in the common form; if not, the parts mean nothing
+/// @return whether the text is in the common form; if not, the parts are unspecified
 bool ParseCommonForm(std::string_view Text, ConstraintParts& PartsReturn);
 
-/// Stands for the feature where the whole node is constrained.
+/// The feature of a constraint on a whole node.
 constexpr std::string_view WholeNode = "all";
 
-/// The fields of a constraint that its text gives; the rank is not among them. The texts are
-/// strings, or views where they belong to someone else.
+/// The fields of a constraint that are read from its text, which does not include the rank. The
+/// texts are strings, or views of another text.
 template <typename TextT>
 struct BasicConstraintFields {
   int Category = -1;
@@ -68,26 +68,26 @@ struct BasicConstraintFields {
 using ConstraintFields = BasicConstraintFields<std::string>;
 using ConstraintView = BasicConstraintFields<std::string_view>;
 
-/// What a record keeps of a text in the common form, but as it is written there. To be kept, the
-/// feature, or the value of a whole node, has to go through `WriteName`, and any other value has to
-/// be put in capitals.
+/// The fields of a text in the common form, as written. To store them, apply `WriteName` to the
+/// feature, or to the value of a whole node, and put any other value in capitals.
 ConstraintView ViewOfCommonForm(const ConstraintParts& Parts);
 
-/// The same as it is kept.
+/// The same fields, as they are stored.
 ConstraintFields FieldsOfCommonForm(const ConstraintParts& Parts);
 
-/// Puts a name in a text, which begins with no blank, in capitals, and drops its blanks but those
-/// behind a digit: "agr gen" becomes "AGRGEN", and "(y0 det" becomes "(Y0 DET". Linear.
-/// @return the size of what is left of it
+/// Puts a name within a text in capitals and drops its blanks, except those after a digit: "agr
+/// gen" becomes "AGRGEN", and "(y0 det" becomes "(Y0 DET". The name must not begin with a blank.
+/// Linear.
+/// @return the new size of the name
 std::size_t WriteName(std::string& TextReturn, std::size_t Begin, std::size_t Size);
 
-/// Reads any text. One that cannot be read leaves the fields as they were, and so does, but without
-/// being an error, a whole node's text whose "=" signs leave fewer than two sides. Linear.
-/// @return false where the text is not in the format
+/// Reads any text. An unreadable text leaves the fields unchanged. So does the text of a whole node
+/// whose "=" signs leave fewer than two sides, but that is not an error. Linear.
+/// @return false if the text is unreadable
 bool ReadConstraint(std::string_view Written, ConstraintFields& FieldsReturn);
 
-/// The number of the node that a value text refers to: the number behind its last capital X or Y,
-/// read from at most 1000 bytes; -1 where there is no such letter or nothing behind it.
+/// The number of the node that a value text refers to: the number after its last capital X or Y,
+/// read from at most 1000 bytes; -1 if there is no such letter or nothing after it.
 int AgreedIndexIn(std::string_view FeatValue);
 
 }  // namespace TrRuleInternal

@@ -9,11 +9,13 @@ namespace TrRuleInternal {
 
 namespace {
 
-/// Positions in the ascending list of keys: first the one that is referred to, then the one that
-/// waits for it.
-using Edge = std::pair<std::size_t, std::size_t>;
+/// A reference from one key to another, as positions in the ascending list of keys.
+struct Edge {
+  std::size_t Target;
+  std::size_t Waiting;
+};
 
-/// The references by their keys in `vReferencesReturn`, and each key once.
+/// Sorts the references by key, and returns each key once.
 std::vector<int> AscendingKeys(std::vector<Reference>& vReferencesReturn) {
   const auto HasLowerKey = [](const Reference& Left, const Reference& Right) {
     return Left.Key < Right.Key;
@@ -21,37 +23,37 @@ std::vector<int> AscendingKeys(std::vector<Reference>& vReferencesReturn) {
   std::sort(vReferencesReturn.begin(), vReferencesReturn.end(), HasLowerKey);
   std::vector<int> vKeys;
   vKeys.reserve(vReferencesReturn.size());
-  for (const Reference& Each : vReferencesReturn) {
-    if (vKeys.empty() || vKeys.back() != Each.Key) {
-      vKeys.push_back(Each.Key);
+  for (const Reference& Current : vReferencesReturn) {
+    if (vKeys.empty() || vKeys.back() != Current.Key) {
+      vKeys.push_back(Current.Key);
     }
   }
   return vKeys;
 }
 
-/// Number and position, where the number is a key's target and the position that key's.
+/// The number that a key waits for, and the position of that key.
 using Waiter = std::pair<int, std::size_t>;
 
-/// Who waits for whom, by the target's number, out of references that ascend by key.
+/// The waiting keys in ascending order of their targets, from references in ascending order of
+/// keys.
 std::vector<Waiter> AscendingWaiters(const std::vector<Reference>& vReferences,
                                      const std::vector<int>& vKeys) {
   std::vector<Waiter> vWaiters;
   vWaiters.reserve(vReferences.size());
   std::size_t Key = 0;
-  for (const Reference& Each : vReferences) {
-    while (vKeys[Key] != Each.Key) {
+  for (const Reference& Current : vReferences) {
+    while (vKeys[Key] != Current.Key) {
       ++Key;
     }
-    if (Each.Target != Each.Key) {
-      vWaiters.emplace_back(Each.Target, Key);
+    if (Current.Target != Current.Key) {
+      vWaiters.emplace_back(Current.Target, Key);
     }
   }
   std::sort(vWaiters.begin(), vWaiters.end());
   return vWaiters;
 }
 
-/// The references from one key to another, ascending; a target that is no key is waited for by
-/// nobody.
+/// The references from one key to another, ascending. No key waits for a target that is not a key.
 std::vector<Edge> AscendingEdges(const std::vector<Waiter>& vWaiters,
                                  const std::vector<int>& vKeys) {
   std::vector<Edge> vEdges;
@@ -61,32 +63,33 @@ std::vector<Edge> AscendingEdges(const std::vector<Waiter>& vWaiters,
       ++Target;
     }
     if (Target < vKeys.size() && vKeys[Target] == Number) {
-      vEdges.emplace_back(Target, Key);
+      vEdges.push_back({Target, Key});
     }
   }
   return vEdges;
 }
 
-/// Where the edges of each position begin, and behind the last position, where all end.
+/// Where the edges of each position begin; the last element is where all end.
 std::vector<std::size_t> EdgeStarts(const std::vector<Edge>& vEdges, std::size_t KeyCount) {
   std::vector<std::size_t> vStarts(KeyCount + 1, 0);
-  for (const Edge& Each : vEdges) {
-    ++vStarts[Each.first + 1];
+  for (const Edge& Link : vEdges) {
+    ++vStarts[Link.Target + 1];
   }
   std::partial_sum(vStarts.begin(), vStarts.end(), vStarts.begin());
   return vStarts;
 }
 
-/// How many references each position waits for.
+/// The number of references that each position waits for.
 std::vector<std::size_t> WaitingCounts(const std::vector<Edge>& vEdges, std::size_t KeyCount) {
   std::vector<std::size_t> vWaiting(KeyCount, 0);
-  for (const Edge& Each : vEdges) {
-    ++vWaiting[Each.second];
+  for (const Edge& Link : vEdges) {
+    ++vWaiting[Link.Waiting];
   }
   return vWaiting;
 }
 
-/// Places the keys level by level: those that wait for nothing, then those that waited for them.
+/// Places the keys level by level: first the keys that wait for nothing, then those that wait for
+/// the keys placed before.
 std::vector<std::size_t> PlaceByLevels(const std::vector<Edge>& vEdges, std::size_t KeyCount) {
   const std::vector<std::size_t> vStarts = EdgeStarts(vEdges, KeyCount);
   std::vector<std::size_t> vWaiting = WaitingCounts(vEdges, KeyCount);
@@ -104,9 +107,9 @@ std::vector<std::size_t> PlaceByLevels(const std::vector<Edge>& vEdges, std::siz
       LevelEnd = vPlaced.size();
     }
     const std::size_t Placed = vPlaced[Next];
-    for (std::size_t Each = vStarts[Placed]; Each < vStarts[Placed + 1]; ++Each) {
-      if (--vWaiting[vEdges[Each].second] == 0) {
-        vPlaced.push_back(vEdges[Each].second);
+    for (std::size_t Index = vStarts[Placed]; Index < vStarts[Placed + 1]; ++Index) {
+      if (--vWaiting[vEdges[Index].Waiting] == 0) {
+        vPlaced.push_back(vEdges[Index].Waiting);
       }
     }
   }

@@ -5,24 +5,24 @@
 /// @file
 /// Ordering numbers by what they refer to.
 ///
-/// For example the references 1 to 2, 2 to 3 and 4 to 4 give the order 2, 4, 1: 2 and 4 wait for
-/// nothing (3 is no key, and what is no key is settled), 1 waits for 2.
+/// For example, the references from 1 to 2, from 2 to 3 and from 4 to 4 yield the order 2, 4, 1:
+/// 2 and 4 wait for nothing, since 3 is not a key, and 1 waits for 2.
 
 namespace TrRuleInternal {
 
-/// A key, and a number that it refers to and so comes after.
+/// A key, and a number that it refers to and is ordered after.
 struct Reference {
   int Key;
   int Target;
 };
 
-/// Orders the keys of some references by levels: a key comes one level after the last key that it
-/// refers to, ascending within a level. A key does not wait for itself, nor for a number that is no
-/// key. n log n in the references.
+/// Orders the keys of references by levels: a key is placed one level after the last key that it
+/// refers to; within a level, keys ascend. A key waits neither for itself nor for a number that is
+/// not a key. n log n in the references.
 /// @param vReferences the references, in any order; one key may have several
-/// @param vOrderReturn gets each key once, in order; those that wait for themselves in a cycle, or
-///        for such a key, are left out
-/// @return true when every key has its place, false when there is a cycle
+/// @param vOrderReturn receives each key once, in order, without the keys that are in a cycle or
+///        wait for one that is
+/// @return whether there is no cycle
 bool OrderByDependency(std::vector<Reference> vReferences, std::vector<int>& vOrderReturn);
 
 }  // namespace TrRuleInternal

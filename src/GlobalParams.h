@@ -5,11 +5,11 @@
 
 /// The settings of the whole process.
 ///
-/// Only `DebuggingLevel` is read by the library: each value selects traces on standard output by
-/// equality, never as a range. At 1: the reader, label and map setters, alignment editing,
-/// flipping, comparison and the constraint store; at 3: assignment; at 4: copy construction and
-/// the ordering of alignments. Every other value traces nothing, and error messages are printed
-/// at all of them. The other members are kept for programs built on the library. Worked example:
+/// The library reads only `DebuggingLevel`. It selects traces on standard output by equality, never
+/// as a range. At 1: the reader, label and map setters, alignment editing, flipping, comparison and
+/// the constraint store; at 3: assignment; at 4: copy construction and the ordering of alignments.
+/// Any other value traces nothing. Error messages are printed at every value. The other members are
+/// for programs built on the library. Worked example:
 /// @code
 ///   GlobalParams::DebuggingLevel = 4;
 ///   TrRule Copy(Rule);    // prints "In TrRule's copy constructor." and the ordering's traces

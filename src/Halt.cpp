@@ -23,7 +23,7 @@ void Write(HaltReason What, const std::string& Message) {
 }
 
 [[noreturn]] void Wait() {
-  // Sleeping keeps the processor free, and unlike an empty loop it is not the compiler's to drop.
+  // Sleeping keeps the processor free, and the compiler may not remove it like an empty loop.
   for (;;) {
     std::this_thread::sleep_for(std::chrono::hours(1));
   }

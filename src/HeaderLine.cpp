@@ -1,7 +1,7 @@
 #include "HeaderLine.h"
 
 #include "Ascii.h"
-#include "PieceCutter.h"
+#include "Splitter.h"
 
 #include <charconv>
 #include <cstddef>
@@ -58,8 +58,8 @@ std::optional<HeaderParts> ParseHeader(std::string_view Code) {
       Comma == std::string_view::npos) {
     return std::nullopt;
   }
-  Parts.Type = TrimmedPiece(Code.substr(Open + 1, Comma - Open - 1));
-  Parts.Number = TrimmedPiece(Code.substr(Comma + 1, Close - Comma - 1));
+  Parts.Type = TrimmedField(Code.substr(Open + 1, Comma - Open - 1));
+  Parts.Number = TrimmedField(Code.substr(Comma + 1, Close - Comma - 1));
   return ParseWholeNumber(Parts.Number) ? std::optional<HeaderParts>(Parts) : std::nullopt;
 }
 

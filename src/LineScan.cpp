@@ -8,7 +8,7 @@ namespace TrRuleInternal {
 
 namespace {
 
-/// The bytes that a mark begins with, as a table: most bytes of a line are none.
+/// A table of the bytes that begin a mark. Most bytes of a line do not.
 constexpr std::array<bool, 256> MarkBytes() {
   std::array<bool, 256> Table{};
   for (const char Byte : {';', '"', '{', ']', ':', '='}) {
@@ -17,8 +17,8 @@ constexpr std::array<bool, 256> MarkBytes() {
   return Table;
 }
 
-/// Notes the mark that begins at a byte, if one does.
-void NoteMark(std::string_view Rest, LineMarks& MarksReturn) {
+/// Records the mark at the front of a text, if there is one.
+void RecordMark(std::string_view Rest, LineMarks& MarksReturn) {
   switch (Rest.front()) {
     case '{':
       MarksReturn.HasBrace = true;
@@ -38,7 +38,7 @@ void NoteMark(std::string_view Rest, LineMarks& MarksReturn) {
   }
 }
 
-/// The place of the next byte that a mark may begin with; the size of the line where there is none.
+/// The position of the next byte that may begin a mark; the size of the line if there is none.
 std::size_t FindMark(std::string_view Line, std::size_t From) {
   static constexpr std::array<bool, 256> IsMark = MarkBytes();
   while (From < Line.size() && !IsMark[static_cast<unsigned char>(Line[From])]) {
@@ -47,9 +47,9 @@ std::size_t FindMark(std::string_view Line, std::size_t From) {
   return From;
 }
 
-/// Where the text between the quotes that open here ends; 0 where nothing closes them.
+/// The end of the quoted text that begins here; 0 if the quote is never closed.
 std::size_t EndOfQuotes(std::string_view Line, std::size_t Open) {
-  // Without another one, the search gives npos, which makes the end 0.
+  // Without a closing quote, the search returns npos, which makes the end 0.
   return Line.find('"', Open + 1) + 1;
 }
 
@@ -70,7 +70,7 @@ ScannedLine ScanLine(std::string_view Line) {
       Scan.CommentBegin = At;
       Scan.Code = Scan.Whole;
     }
-    NoteMark(Rest, Scan.Whole);
+    RecordMark(Rest, Scan.Whole);
   }
   if (InCode) {
     Scan.Code = Scan.Whole;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-/// Answers which components of the other side a component is aligned to, for one alignment string
+/// Finds the components of the other side that a component is aligned to, in one alignment string
 /// at a time.
 ///
 /// Worked example:
@@ -16,11 +16,10 @@
 ///   Index.GetEqFromY("((1,1),(1,2),(2,3))", 3, siPartners);  // true; siPartners is {1, 2}
 /// @endcode
 ///
-/// Indices count the components from 1. The first character of the string is taken for its outer
-/// parenthesis and skipped, so a string without outer parentheses loses its first pair. A pair
-/// that is cut off by the end of the text is left out, and so is one with an index text of ten
-/// characters or more. Nothing is printed and no state is kept between queries; each is linear in
-/// the string.
+/// Indices count the components from 1. The first character of the string is skipped as the outer
+/// parenthesis, so a string without outer parentheses loses its first pair. A pair that is cut off
+/// by the end of the text is ignored, and so is one with an index text of ten characters or more.
+/// Nothing is printed, and no state is kept between queries. Each query is linear in the string.
 class __attribute__((visibility("default"))) LineUp {
  public:
   LineUp();
@@ -29,14 +28,14 @@ class __attribute__((visibility("default"))) LineUp {
   /// The target components that a source component is aligned to.
   /// @param AlignmentStringPassIn the alignment string
   /// @param XPassIn the source component, from 1
-  /// @param siYReturn gets the aligned components added; what it held stays
+  /// @param siYReturn the aligned components are added to it
   /// @return whether there is at least one
   bool GetEq(std::string AlignmentStringPassIn, int XPassIn, std::set<int>& siYReturn);
 
   /// The source components that a target component is aligned to.
   /// @param AlignmentStringPassIn the alignment string
   /// @param YPassIn the target component, from 1
-  /// @param siXReturn gets the aligned components added; what it held stays
+  /// @param siXReturn the aligned components are added to it
   /// @return whether there is at least one
   bool GetEqFromY(std::string AlignmentStringPassIn, int YPassIn, std::set<int>& siXReturn);
 

@@ -10,7 +10,7 @@ namespace TrRuleInternal {
 
 namespace {
 
-/// Appends a label and then each text behind a separator of its own.
+/// Appends a label and the texts, each after a separator.
 void AppendList(std::string& TextReturn, std::string_view Label, char Separator,
                 const std::vector<std::string>& vsTexts) {
   TextReturn += Label;

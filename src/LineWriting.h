@@ -8,9 +8,9 @@
 #include <vector>
 
 /// @file
-/// Writing the lines of a rule. Each function appends one line to a text: those of the header, of
-/// comments and of maps with a line feed, those of the rule itself without one. Nothing is checked
-/// and nothing printed.
+/// Writing the lines of a rule. Each function appends one line to a text: the lines of the header,
+/// of comments and of maps with a line feed, the lines of the rule itself without one. Nothing is
+/// checked or printed.
 ///
 ///   std::string Text;
 ///   AppendHeaderLine(Text, "NP", 8);
@@ -47,7 +47,7 @@ void AppendLabelsLine(std::string& TextReturn, const std::vector<std::string>& v
 
 // ---- The rule ---------------------------------------------------------------------------------
 
-/// Appends texts with one blank between two of them.
+/// Appends texts, separated by one blank.
 void AppendJoined(std::string& TextReturn, const std::vector<std::string>& vsTexts);
 
 /// Appends "NP::NP [DET N] -> [N DET]".
@@ -55,13 +55,13 @@ void AppendRuleLine(std::string& TextReturn, std::string_view SLType, std::strin
                     const std::vector<std::string>& vsSLLabels,
                     const std::vector<std::string>& vsTLLabels);
 
-/// Appends "(X2::Y3)", or ";--;(X2::Y3)" where a side is a literal word.
+/// Appends "(X2::Y3)", or ";--;(X2::Y3)" if a side is a literal word.
 void AppendAlignmentLine(std::string& TextReturn, std::string_view X, std::string_view Y,
                          bool IsLexicalized);
 
 /// Appends "((X0 DET) = X1)" for a value, "(X0 = X3)" for a whole node, "((Y3 AGR) = (Y2 AGR))" for
 /// a node's feature. A reference to a feature by a whole node, "(Y1 = (Y0 DET)", and a negation,
-/// "((X1 NUM) = (*NOT* SG)", are kept without their last parenthesis, and come out without it.
+/// "((X1 NUM) = (*NOT* SG)", are stored and written without their last parenthesis.
 void AppendConstraint(std::string& TextReturn, const ConstraintView& Fields);
 
 }  // namespace TrRuleInternal

@@ -9,9 +9,9 @@ namespace TrRuleInternal {
 
 namespace {
 
-/// How the order of a group fails; the position in the array is the group's number.
+/// The reason and the message for a group that cannot be ordered, by the number of the group.
 struct GroupFailure {
-  HaltReason What;
+  HaltReason Reason;
   const char* Message;
 };
 
@@ -27,8 +27,8 @@ constexpr std::array<GroupFailure, 3> GroupFailures{{
 }  // namespace
 
 void HaltForOrder(PrintGroup Group) {
-  const auto& [What, Message] = GroupFailures[static_cast<std::size_t>(Group)];
-  Halt(What, Message);
+  const auto& [Reason, Message] = GroupFailures[static_cast<std::size_t>(Group)];
+  Halt(Reason, Message);
 }
 
 }  // namespace TrRuleInternal

@@ -3,11 +3,11 @@
 #include "PrintOrder.h"
 
 /// @file
-/// What happens to a rule whose constraints cannot be put in order.
+/// Halting on constraints that cannot be ordered.
 
 namespace TrRuleInternal {
 
-/// Ends the process with the message for a group that cannot be put in order.
+/// Ends the process with the message for a group that cannot be ordered.
 [[noreturn]] void HaltForOrder(PrintGroup Group);
 
 }  // namespace TrRuleInternal

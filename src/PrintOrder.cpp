@@ -11,7 +11,7 @@ namespace TrRuleInternal {
 
 namespace {
 
-/// An agreement with the group that it is ordered in, and its place among all constraints.
+/// An agreement, with its group and its place among all constraints.
 struct Agreement {
   PrintGroup Group;
   int Index;
@@ -41,7 +41,7 @@ bool ComesBefore(const Agreement& Left, const Agreement& Right) {
          std::tie(Right.Group, Right.Index, Right.Place);
 }
 
-/// Appends the values, and gives the agreements, sorted by group, index and place.
+/// Appends the values, and returns the agreements, sorted by group, index and place.
 std::vector<Agreement> AppendValues(const std::vector<OrderedConstraint>& vConstraints,
                                     std::vector<std::size_t>& vOrderReturn) {
   std::vector<Agreement> vAgreements;
@@ -58,7 +58,7 @@ std::vector<Agreement> AppendValues(const std::vector<OrderedConstraint>& vConst
   return vAgreements;
 }
 
-/// Category 2 is ordered by index alone: there an agreement refers to nothing but its own node.
+/// Category 2 is ordered by index only: there an agreement counts as a reference to its own node.
 std::vector<Reference> ReferencesOf(AgreementIterator First, AgreementIterator Last) {
   std::vector<Reference> vReferences;
   vReferences.reserve(static_cast<std::size_t>(std::distance(First, Last)));
@@ -79,7 +79,7 @@ void AppendOneIndex(AgreementIterator First, AgreementIterator Last,
 }
 
 /// Appends the agreements of a group, node by node in the order of their references.
-/// @return whether they can be put in order
+/// @return whether they can be ordered
 bool AppendGroup(AgreementIterator First, AgreementIterator Last,
                  std::vector<std::size_t>& vOrderReturn) {
   if (First->Index == std::prev(Last)->Index) {
@@ -91,7 +91,7 @@ bool AppendGroup(AgreementIterator First, AgreementIterator Last,
     return false;
   }
   for (const int Index : vIndices) {
-    const auto IsLower = [Index](const Agreement& Each) { return Each.Index < Index; };
+    const auto IsLower = [Index](const Agreement& Other) { return Other.Index < Index; };
     AppendOneIndex(std::partition_point(First, Last, IsLower), Last, vOrderReturn);
   }
   return true;
@@ -105,8 +105,8 @@ std::optional<PrintGroup> FindPrintOrder(const std::vector<OrderedConstraint>& v
   vOrderReturn.reserve(vConstraints.size());
   const std::vector<Agreement> vAgreements = AppendValues(vConstraints, vOrderReturn);
   for (auto First = vAgreements.begin(); First != vAgreements.end();) {
-    const auto IsOfGroup = [Group = First->Group](const Agreement& Each) {
-      return Each.Group == Group;
+    const auto IsOfGroup = [Group = First->Group](const Agreement& Other) {
+      return Other.Group == Group;
     };
     const auto Last = std::partition_point(First, vAgreements.end(), IsOfGroup);
     if (!AppendGroup(First, Last, vOrderReturn)) {

@@ -1,7 +1,7 @@
 #include "RuleLine.h"
 
 #include "Ascii.h"
-#include "PieceCutter.h"
+#include "Splitter.h"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +12,7 @@ namespace {
 
 using ByteTable = std::array<bool, 256>;
 
-/// The bytes of types and labels that mean nothing but themselves; white space is not among them.
+/// The bytes of types and labels that have no other meaning; white space is not among them.
 constexpr ByteTable LabelBytes() {
   ByteTable Table{};
   for (std::size_t Byte = 0; Byte < Table.size(); ++Byte) {
@@ -24,14 +24,14 @@ constexpr ByteTable LabelBytes() {
   return Table;
 }
 
-/// The same and the blank between two labels.
+/// The same bytes, and the blank between two labels.
 constexpr ByteTable SequenceBytes() {
   ByteTable Table = LabelBytes();
   Table[' '] = true;
   return Table;
 }
 
-/// Takes bytes of a table off the front of a text; there may be none.
+/// Takes the bytes of a table off the front of a text, possibly none.
 std::string_view TakeBytes(std::string_view& TextReturn, const ByteTable& IsTaken) {
   std::size_t Size = 0;
   while (Size < TextReturn.size() && IsTaken[static_cast<unsigned char>(TextReturn[Size])]) {
@@ -79,19 +79,19 @@ bool ParseCommonRuleLine(std::string_view Line, RuleLineParts& PartsReturn) {
 
 namespace {
 
-/// What stands between the first "[" and the last "]"; nothing where that is no label. The reader
-/// would take "[]" for the label "]".
+/// The text between the first "[" and the last "]"; empty if it has no label. The reader would read
+/// "[]" as the label "]".
 std::string_view TextBetweenBrackets(std::string_view Part) {
   const std::size_t Open = Part.find('[');
   const std::size_t Close = Part.rfind(']');
   if (Open == std::string_view::npos || Close == std::string_view::npos || Close <= Open) {
     return {};
   }
-  return TrimmedPiece(Part.substr(Open + 1, Close - Open - 1));
+  return TrimmedField(Part.substr(Open + 1, Close - Open - 1));
 }
 
-/// Types = SLType "::" TLType, without "[", which would be taken for that of the sequence when the
-/// line has been written
+/// Types = SLType "::" TLType, without "[", which would be read as the start of the sequence once
+/// the line is written
 bool ParseTypes(std::string_view Word, RuleLineParts& PartsReturn) {
   const std::size_t Sign = Word.find("::");
   if (Sign == std::string_view::npos) {
@@ -122,7 +122,7 @@ RuleLineFault ParseRuleLine(std::string_view Code, RuleLineParts& PartsReturn) {
     return RuleLineFault::SourceSide;
   }
   PartsReturn.TLLabels = TextBetweenBrackets(Right);
-  // Another arrow makes a third part, and a "::" turns a part into a source side.
+  // Another arrow makes a third part, and "::" makes a part a source side.
   if (PartsReturn.TLLabels.empty() || Contains(Right, Arrow) || Contains(Right, "::")) {
     return RuleLineFault::TargetSide;
   }
@@ -135,11 +135,11 @@ bool IsBlank(char Byte) {
   return Byte == ' ';
 }
 
-bool IsNoBlank(char Byte) {
+bool IsNotBlank(char Byte) {
   return Byte != ' ';
 }
 
-/// Room for all labels of a sequence, which may be less than it offers.
+/// An empty list with enough capacity for the labels of a sequence.
 std::vector<std::string> RoomForLabels(std::string_view Sequence) {
   std::vector<std::string> vsLabels;
   vsLabels.reserve(static_cast<std::size_t>(std::count(Sequence.begin(), Sequence.end(), ' ')) + 1);
@@ -153,19 +153,19 @@ std::vector<std::string> UpperLabels(std::string_view Sequence) {
   std::vector<std::string> vsLabels = RoomForLabels(Sequence);
   for (Sequence = DropFront(Sequence, IsBlank); !Sequence.empty();
        Sequence = DropFront(Sequence, IsBlank)) {
-    const std::string_view Rest = DropFront(Sequence, IsNoBlank);
+    const std::string_view Rest = DropFront(Sequence, IsNotBlank);
     MakeUpper(vsLabels.emplace_back(Sequence.substr(0, Sequence.size() - Rest.size())));
     Sequence = Rest;
   }
   return vsLabels;
 }
 
-// Labels = { " " } { Label " " { " " } }; what trimming leaves empty is no label.
+// Labels = { " " } { Label " " { " " } }; a field that trimming leaves empty is not a label.
 std::vector<std::string> ParseLabels(std::string_view Sequence) {
   std::vector<std::string> vsLabels = RoomForLabels(Sequence);
-  PieceCutter Pieces(Sequence, " ");
-  for (std::string_view Piece; Pieces.Next(Piece);) {
-    const std::string_view Label = TrimmedPiece(Piece);
+  Splitter Fields(Sequence, " ");
+  for (std::string_view Field; Fields.Next(Field);) {
+    const std::string_view Label = TrimmedField(Field);
     if (!Label.empty()) {
       vsLabels.emplace_back(Label);
     }

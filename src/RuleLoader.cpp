@@ -10,9 +10,9 @@
 namespace TrRuleInternal {
 
 void RuleLoader::AddComment(std::string_view Line) {
-  constexpr std::size_t UsualCount = 4;
+  constexpr std::size_t TypicalCount = 4;
   if (Rule.Comments.empty()) {
-    Rule.Comments.reserve(UsualCount);
+    Rule.Comments.reserve(TypicalCount);
   }
   Rule.Comments.emplace_back(Line);
 }
@@ -30,7 +30,7 @@ bool RuleLoader::NoteRuleLine() {
 
 namespace {
 
-/// Sets the labels of one side, in both forms.
+/// Sets the labels of one side, also as word-level labels.
 void SetLabels(std::string_view Labels, std::vector<std::string>& vsLabelsReturn,
                std::vector<std::string>& vsWordLevelReturn) {
   vsLabelsReturn = UpperLabels(Labels);
@@ -52,7 +52,7 @@ bool RuleLoader::SetRuleLine(const RuleLineParts& Parts) {
   return true;
 }
 
-void RuleLoader::LookAtAlignments() {
+void RuleLoader::CheckAlignments() {
   const std::optional<IndexPair> Last =
       Rule.AlignmentString.empty() ? IndexPair(-1, -1) : LastOfCanonical(Rule.AlignmentString);
   Alignments = Last ? AlignmentState::InOrder : AlignmentState::NotInOrder;
@@ -60,8 +60,8 @@ void RuleLoader::LookAtAlignments() {
 }
 
 bool RuleLoader::AddAlignment(const AlignmentParts& Parts) {
-  if (Alignments == AlignmentState::NotLookedAt) {
-    LookAtAlignments();
+  if (Alignments == AlignmentState::Unknown) {
+    CheckAlignments();
   }
   if (Alignments == AlignmentState::NotInOrder) {
     return false;
@@ -72,7 +72,7 @@ bool RuleLoader::AddAlignment(const AlignmentParts& Parts) {
   if (LastPair < New) {
     LastPair = New;
   } else {
-    // All pairs have both indices, so none is missing.
+    // No index is missing: all pairs have both.
     std::vector<MissingIndex> vMissing;
     Rule.AlignmentString = CanonicalAlignments(Rule.AlignmentString, vMissing);
   }
@@ -81,12 +81,12 @@ bool RuleLoader::AddAlignment(const AlignmentParts& Parts) {
 
 void RuleLoader::NoteAlignment() {
   HasAlignment = true;
-  Alignments = AlignmentState::NotLookedAt;
+  Alignments = AlignmentState::Unknown;
 }
 
 namespace {
 
-/// The key of fields that are still written as in their text.
+/// The key of fields that are as written in their text.
 ConstraintKey KeyOfCommonForm(const ConstraintParts& Parts, const ConstraintView& Fields) {
   ConstraintKey Key =
       MakeKey(Fields.Category, Fields.ConstrainedIndex, Fields.Feature, Fields.FeatValue);
@@ -124,7 +124,7 @@ bool RuleLoader::Insert(ConstraintKey Key, const ConstraintView& Fields, int Ran
   if (!IsNew) {
     return false;
   }
-  // The key has feature and value as they are kept.
+  // The key has feature and value as they are stored.
   auto& [Text, New] = *Entry;
   New.Category = Fields.Category;
   New.ConstrainedIndex = Fields.ConstrainedIndex;
@@ -138,7 +138,7 @@ bool RuleLoader::Insert(ConstraintKey Key, const ConstraintView& Fields, int Ran
     const auto ValueOf = [](const Constraint& Stored) {
       return Stored.IsValueConstraint() ? &Stored.FeatValue : nullptr;
     };
-    TakeOutAndMerge(Constraints, ValueOf, Key.ValueBegin, Taken.key(), vMergingsReturn);
+    ExtractAndMerge(Constraints, ValueOf, Key.ValueBegin, Taken.key(), vMergingsReturn);
     Taken.mapped().FeatValue = Taken.key().substr(Key.ValueBegin);
     Constraints.insert(std::move(Taken));
   }

@@ -14,8 +14,8 @@ class TrRule;
 
 namespace TrRuleInternal {
 
-/// Fills a rule from lines that have been taken apart. Prints nothing: what has gone wrong and
-/// which values were merged is handed back.
+/// Fills a rule from parsed lines. Prints nothing: it returns what failed and which values were
+/// merged.
 ///
 /// Worked example, with the parts of "((x1 num) = sg)" and then of "((x1 num) = pl)":
 /// @code
@@ -26,8 +26,8 @@ namespace TrRuleInternal {
 ///   vMergings.front().NewKey;  // "1__1__NUM__(*OR* SG PL)"
 /// @endcode
 ///
-/// What the rule holds already stays: a loader adds. It must not outlive the rule, and nobody else
-/// may change the rule's alignments meanwhile without a call of `NoteAlignment`.
+/// A loader adds to the contents of the rule. It must not outlive the rule. After a change of the
+/// rule's alignments by other means, call `NoteAlignment`.
 class RuleLoader {
  public:
   explicit RuleLoader(TrRule& RulePassIn) : Rule(RulePassIn) {}
@@ -35,50 +35,50 @@ class RuleLoader {
   /// Appends a comment line.
   void AddComment(std::string_view Line);
 
-  /// Sets the type and the number of the header; the type is kept as it is handed in.
+  /// Sets the type and the number of the header; the type is stored unchanged.
   void SetHeader(std::string_view Type, int Number);
 
-  /// Sets types and labels, both sequences also as word-level ones, all labels in capitals.
-  /// @return false where the loader has set some already: then nothing changes
+  /// Sets types and labels, the latter also as word-level labels, all in capitals.
+  /// @return false if a rule line was set before; then nothing changes
   bool SetRuleLine(const RuleLineParts& Parts);
 
-  /// Notes that a rule line has come. @return false where one had come before
+  /// Records a rule line. @return false if one was recorded before
   bool NoteRuleLine();
 
-  /// Adds an alignment. Constant where it belongs behind all others, linear in them elsewhere.
-  /// @return false where the rule's alignments are not in order, and this is no place to put them
-  ///         in order, since that may have to be reported: then nothing changes
+  /// Adds an alignment. Constant if it comes after all others, otherwise linear in their number.
+  /// @return false if the alignments of the rule are not in order, since ordering them may have to
+  ///         be reported; then nothing changes
   bool AddAlignment(const AlignmentParts& Parts);
 
-  /// Notes that an alignment has been added to the rule in another way.
+  /// Records that an alignment has been added to the rule by other means.
   void NoteAlignment();
 
-  /// Adds a constraint in its common form; its value merges with the values of the same feature.
-  /// @param vMergingsReturn gets each merging, in order
+  /// Adds a constraint in its common form. Its value merges with the values of the same feature.
+  /// @param vMergingsReturn receives each merging, in order
   void AddConstraint(const ConstraintParts& Parts, std::vector<Merging>& vMergingsReturn);
 
-  /// The same from the fields of a constraint, which are kept as they are.
-  /// @return false when its key is there already, and then nothing changes
+  /// Adds a constraint from its fields, which are stored unchanged.
+  /// @return false if its key exists; then nothing changes
   bool AddConstraint(const ConstraintView& Fields, int Rank, std::vector<Merging>& vMergingsReturn);
 
-  /// Ends the reading: where a rule line and an alignment have come, the rule's alignments become
-  /// those of its first alternative.
-  /// @return whether they have come
+  /// Ends the reading. If there were a rule line and an alignment, the alignments of the rule
+  /// become those of its first alternative.
+  /// @return whether there were both
   bool Finish();
 
  private:
-  /// What is known of the rule's alignments.
-  enum class AlignmentState { NotLookedAt, InOrder, NotInOrder };
+  /// What is known of the alignments of the rule.
+  enum class AlignmentState { Unknown, InOrder, NotInOrder };
 
-  void LookAtAlignments();
+  void CheckAlignments();
   bool Insert(ConstraintKey Key, const ConstraintView& Fields, int Rank,
               std::vector<Merging>& vMergingsReturn);
 
   TrRule& Rule;
   bool HasRuleLine = false;
   bool HasAlignment = false;
-  AlignmentState Alignments = AlignmentState::NotLookedAt;
-  std::pair<int, int> LastPair{-1, -1};  // of alignments that are in order
+  AlignmentState Alignments = AlignmentState::Unknown;
+  std::pair<int, int> LastPair{-1, -1};  // if the alignments are in order
 };
 
 }  // namespace TrRuleInternal

@@ -11,9 +11,9 @@
 #include "LineScan.h"
 #include "LineWriting.h"
 #include "OrderHalt.h"
-#include "PieceCutter.h"
 #include "PrintOrder.h"
 #include "RuleLoader.h"
+#include "Splitter.h"
 
 #include <algorithm>
 #include <array>
@@ -34,12 +34,11 @@ using TrRuleInternal::AppendTextLine;
 using TrRuleInternal::AppendWordsLine;
 using TrRuleInternal::ConstraintParts;
 using TrRuleInternal::Contains;
-using TrRuleInternal::CutInTwo;
-using TrRuleInternal::CutInTwoTrimmed;
 using TrRuleInternal::DisplayPair;
 using TrRuleInternal::DisplayWalk;
 using TrRuleInternal::DropBack;
 using TrRuleInternal::DropFront;
+using TrRuleInternal::FieldPair;
 using TrRuleInternal::Halt;
 using TrRuleInternal::HeaderParts;
 using TrRuleInternal::IsSpace;
@@ -48,11 +47,12 @@ using TrRuleInternal::LineMarks;
 using TrRuleInternal::Merging;
 using TrRuleInternal::OrderedConstraint;
 using TrRuleInternal::ParseLabels;
-using TrRuleInternal::PieceCutter;
-using TrRuleInternal::PiecePair;
 using TrRuleInternal::PrintGroup;
 using TrRuleInternal::RuleLineParts;
 using TrRuleInternal::RuleLoader;
+using TrRuleInternal::SplitInTwo;
+using TrRuleInternal::SplitInTwoTrimmed;
+using TrRuleInternal::Splitter;
 using TrRuleInternal::StartsWith;
 using TrRuleInternal::ToInt;
 
@@ -159,8 +159,8 @@ bool TrRule::operator<(TrRule other) const {
   if (Traces(1)) {
     std::cout << "In TrRule's overloaded less than operator.\n";
   }
-  // The texts are those of two further copies. Making them can be seen where copying is traced,
-  // or changes or reports alignments that are not in order; elsewhere they are left out.
+  // The texts are those of two further copies. Copying is observable if it is traced, or if it
+  // changes or reports alignments that are not in order. Otherwise no copies are made.
   if (!Traces(4) && HasCanonicalAlignments() && other.HasCanonicalAlignments()) {
     const std::string OtherText = other.ComparisonText();
     return ComparisonText() < OtherText;
@@ -179,7 +179,7 @@ namespace {
 
 using ConstraintMap = std::map<std::string, Constraint>;
 
-/// Walks two maps of one size side by side up to the first keys that differ.
+/// Compares the keys of two maps of the same size, up to the first difference.
 bool HaveSameKeys(const ConstraintMap& Left, const ConstraintMap& Right) {
   auto RightEntry = Right.begin();
   for (const auto& [LeftKey, LeftConstraint] : Left) {
@@ -287,8 +287,8 @@ void PrintEntries(const std::map<int, int>& miiMap) {
   }
 }
 
-/// The trace of a setter that has renewed a map: which map, and which setter.
-void TraceRenewedMap(std::string_view Map, std::string_view Setter,
+/// Traces a map that a setter has rebuilt.
+void TraceRebuiltMap(std::string_view Map, std::string_view Setter,
                      const std::map<int, int>& miiMap) {
   if (Traces(1)) {
     std::cout << "Now printing inited " << Map << " map (from " << Setter << ").\n";
@@ -301,7 +301,7 @@ void TraceRenewedMap(std::string_view Map, std::string_view Setter,
 void TrRule::SetSLPOS(std::vector<std::string> SLPOSPassIn) {
   SLPOS = UpperAll(std::move(SLPOSPassIn));
   InitSLWord2Comp();
-  TraceRenewedMap("SLWord2Comp", "SetSLPOS", SLWord2Comp);
+  TraceRebuiltMap("SLWord2Comp", "SetSLPOS", SLWord2Comp);
 }
 
 void TrRule::SetSLPOS(std::string SLPOSStrPassIn) {
@@ -315,7 +315,7 @@ std::vector<std::string> TrRule::GetSLPOS() const {
 void TrRule::SetWordLevelSLPOS(std::vector<std::string> WordLevelSLPOSPassIn) {
   WordLevelSLPOS = UpperAll(std::move(WordLevelSLPOSPassIn));
   InitSLWord2Comp();
-  TraceRenewedMap("SLWord2Comp", "SetWordLevelSLPOS", SLWord2Comp);
+  TraceRebuiltMap("SLWord2Comp", "SetWordLevelSLPOS", SLWord2Comp);
 }
 
 void TrRule::SetWordLevelSLPOS(std::string WordLevelSLPOSStrPassIn) {
@@ -329,7 +329,7 @@ std::vector<std::string> TrRule::GetWordLevelSLPOS() const {
 void TrRule::SetSLPOSFromParse(std::vector<std::string> SLPOSFromParsePassIn) {
   SLPOSFromParse = UpperAll(std::move(SLPOSFromParsePassIn));
   InitSLWord2Comp();
-  TraceRenewedMap("SLWord2Comp", "SetSLPOSFromParse", SLWord2Comp);
+  TraceRebuiltMap("SLWord2Comp", "SetSLPOSFromParse", SLWord2Comp);
 }
 
 void TrRule::SetSLPOSFromParse(std::string SLPOSFromParseStrPassIn) {
@@ -347,7 +347,7 @@ std::vector<std::string> TrRule::GetTLPOSFromParseAfterFlipping() const {
 void TrRule::SetTLPOS(std::vector<std::string> TLPOSPassIn) {
   TLPOS = UpperAll(std::move(TLPOSPassIn));
   InitTLWord2Comp();
-  TraceRenewedMap("TLWord2Comp", "SetTLPOS", TLWord2Comp);
+  TraceRebuiltMap("TLWord2Comp", "SetTLPOS", TLWord2Comp);
 }
 
 void TrRule::SetTLPOS(std::string TLPOSStrPassIn) {
@@ -361,7 +361,7 @@ std::vector<std::string> TrRule::GetTLPOS() const {
 void TrRule::SetWordLevelTLPOS(std::vector<std::string> WordLevelTLPOSPassIn) {
   WordLevelTLPOS = UpperAll(std::move(WordLevelTLPOSPassIn));
   InitTLWord2Comp();
-  TraceRenewedMap("TLWord2Comp", "SetWordLevelTLPOS", TLWord2Comp);
+  TraceRebuiltMap("TLWord2Comp", "SetWordLevelTLPOS", TLWord2Comp);
 }
 
 void TrRule::SetWordLevelTLPOS(std::string WordLevelTLPOSStrPassIn) {
@@ -376,7 +376,7 @@ std::vector<std::string> TrRule::GetWordLevelTLPOS() const {
 
 namespace {
 
-/// Maps each position to itself where every word is a component; entries that are there stay.
+/// Maps each position to itself if every word is a component, and keeps existing entries.
 void InitWord2Comp(const std::vector<std::string>& vsWords,
                    const std::vector<std::string>& vsLabels, std::string_view Name,
                    std::map<int, int>& miiMapReturn) {
@@ -394,7 +394,7 @@ void InitWord2Comp(const std::vector<std::string>& vsWords,
   }
 }
 
-/// Sets the map of a side together with the one of its first alternative.
+/// Sets the map of a side and that of its first alternative.
 void SetWord2Comp(std::map<int, int> miiMap, std::map<int, int>& miiMapReturn,
                   std::vector<std::map<int, int>>& vmiiAllReturn) {
   if (vmiiAllReturn.empty()) {
@@ -492,7 +492,7 @@ int TrRule::GetNumTrExamples() const {
 }
 
 void TrRule::IncrementNumTrExamples() {
-  // Any count can have been set; at the largest one the unsigned sum wraps where ++ must not.
+  // The count may be the largest int: the unsigned sum wraps around, where ++ would overflow.
   NumTrExamples = static_cast<int>(static_cast<unsigned>(NumTrExamples) + 1U);
 }
 
@@ -649,7 +649,7 @@ std::string TrRule::GetReversedAlignments(std::string AlignmentStringPassIn) {
 
 namespace {
 
-/// A literal word stands in double quotes; one quote alone is both its first and its last.
+/// A literal word is in double quotes. A single quote counts as both.
 bool IsQuoted(const std::string& sLabel) {
   return !sLabel.empty() && sLabel.front() == '"' && sLabel.back() == '"';
 }
@@ -677,8 +677,8 @@ bool TrRule::IsLexicalized(int IndPassIn, int Type) const {
 
 namespace {
 
-/// Prints what the reader stopped at.
-/// @return false, for the reader to hand on
+/// Prints the error at which the reader stops.
+/// @return false, the result of the reader
 bool ReadError(std::string_view What) {
   std::cerr << "Error in SetTrRuleFromStr: " << What << '\n';
   return false;
@@ -688,7 +688,7 @@ std::string_view WithoutReturn(std::string_view Line) {
   return !Line.empty() && Line.back() == '\r' ? Line.substr(0, Line.size() - 1) : Line;
 }
 
-/// Prints what the merging of values says.
+/// Prints the messages of merged values.
 void PrintMergings(const std::vector<Merging>& vMergings) {
   for (const auto& [OldValue, NewValue, NewKey] : vMergings) {
     std::cout << "OldFeat:|" << OldValue << "|\nInsertFeat:|" << NewValue
@@ -696,7 +696,7 @@ void PrintMergings(const std::vector<Merging>& vMergings) {
   }
 }
 
-/// Whether a line is a comment and nothing else.
+/// Whether a line is only a comment.
 bool IsPlainComment(std::string_view Line) {
   constexpr std::size_t None = std::string_view::npos;
   return StartsWith(Line, ";;") && Line.find('{') == None && Line.find(']') == None &&
@@ -737,11 +737,11 @@ bool LoadBodyLine(std::string_view Line, RuleLoader& LoaderReturn) {
   return true;
 }
 
-/// Loads a line in its common form, of which nothing but its mergings has to be reported; whatever
-/// is written otherwise follows the general rules.
-/// @return whether the line was such a line
+/// Loads a line in its common form, which prints nothing but its mergings. Any other line follows
+/// the general rules.
+/// @return whether the line was loaded
 bool LoadLine(std::string_view Line, RuleLoader& LoaderReturn) {
-  if (Line.empty() || Line.size() > PieceCutter::MaxRest) {
+  if (Line.empty() || Line.size() > Splitter::MaxRest) {
     return false;
   }
   const bool IsInBody = Line.front() == '(' || Line == ")";
@@ -753,9 +753,9 @@ bool LoadLine(std::string_view Line, RuleLoader& LoaderReturn) {
 // RuleText = { Line "\n" }, in any order
 bool TrRule::SetTrRuleFromString(std::string TRStringPassIn) {
   RuleLoader Loader(*this);
-  // The general rules are traced step by step.
+  // Traces show the steps of the general rules.
   const bool IsTraced = Traces(1) || Traces(4);
-  PieceCutter Lines(TRStringPassIn, "\n");
+  Splitter Lines(TRStringPassIn, "\n");
   for (std::string_view Line; Lines.Next(Line);) {
     Line = WithoutReturn(Line);
     const bool IsLoaded = !IsTraced && LoadLine(Line, Loader);
@@ -777,10 +777,10 @@ namespace {
 
 // Header = any "{" Type "," any Digit "}" any
 //
-// The type is cut behind its second letter when the brace comes first, and only the last digit of
+// The type is cut after its second letter when the brace comes first, and only the last digit of
 // the number is read; grammars rely on both.
 void ParseHeader(std::string_view Line, RuleLoader& LoaderReturn) {
-  PieceCutter Pieces(Line, ",");
+  Splitter Pieces(Line, ",");
   std::string_view TypePiece;
   std::string_view NumberPiece;
   if (!Pieces.Next(TypePiece) || !Pieces.Next(NumberPiece)) {
@@ -799,7 +799,7 @@ void ParseHeader(std::string_view Line, RuleLoader& LoaderReturn) {
 
 // Line = [ Comment ] [ Header ] [ RuleLine | AlignmentLine | ConstraintText ]
 //
-// What a line is follows from what it holds: a comment is read as the other kinds, too.
+// The contents of a line decide its kind: a comment is read as the other kinds, too.
 bool TrRule::ParseLine(std::string_view Line, RuleLoader& LoaderReturn) {
   const LineMarks Marks = TrRuleInternal::ScanLine(Line).Whole;
   if (Marks.HasComment) {
@@ -809,7 +809,7 @@ bool TrRule::ParseLine(std::string_view Line, RuleLoader& LoaderReturn) {
     ParseHeader(Line, LoaderReturn);
   }
   if (Marks.HasArrow) {
-    return LoaderReturn.NoteRuleLine() ? ParseTypeAndSequences(Line)
+    return LoaderReturn.NoteRuleLine() ? ParseRuleLine(Line)
                                        : ReadError("duplicate type and const seq information.");
   }
   if (Marks.HasColons) {
@@ -823,9 +823,9 @@ bool TrRule::ParseLine(std::string_view Line, RuleLoader& LoaderReturn) {
   return true;
 }
 
-// TypeLine = SLPart " -> " TLPart; a part without "::" is a TL part, wherever it stands.
-bool TrRule::ParseTypeAndSequences(std::string_view Line) {
-  PieceCutter Parts(Line, " -> ");
+// RuleLine = SLPart " -> " TLPart; a part without "::" is a TL part, wherever it stands.
+bool TrRule::ParseRuleLine(std::string_view Line) {
+  Splitter Parts(Line, " -> ");
   for (std::string_view Part; Parts.Next(Part);) {
     if (Traces(1)) {
       std::cout << "TrRule::SetTrRuleFromString: TypeAndConstSeq part is " << Part << '\n';
@@ -839,7 +839,7 @@ bool TrRule::ParseTypeAndSequences(std::string_view Line) {
 
 namespace {
 
-// Sequence = "[" Labels "]". Empty where there is none; "[]" gives "]", which is a label.
+// Sequence = "[" Labels "]". Empty if there is none; "[]" yields "]", which is a label.
 std::string_view ParseSequence(std::string_view Part) {
   const std::size_t Open = Part.find('[');
   if (Open == std::string_view::npos || !Contains(Part, "]")) {
@@ -861,9 +861,9 @@ std::string_view ParseSequence(std::string_view Part) {
 // SLPart = SLType "::" TLType " " any Sequence any
 bool TrRule::ParseSLPart(std::string_view Part) {
   std::string_view TypeWord;
-  PieceCutter(Part, " ").Next(TypeWord);
-  const std::optional<PiecePair> Types =
-      Contains(TypeWord, "::") ? CutInTwo(TypeWord, "::") : std::nullopt;
+  Splitter(Part, " ").Next(TypeWord);
+  const std::optional<FieldPair> Types =
+      Contains(TypeWord, "::") ? SplitInTwo(TypeWord, "::") : std::nullopt;
   if (!Types) {
     return ReadError("missing or incorrect type information.");
   }
@@ -934,14 +934,14 @@ void TrRule::AppendAlignments(std::string& TextReturn) const {
 
 void TrRule::AppendBlock(std::string& TextReturn) const {
   AppendAlignments(TextReturn);
-  for (const Constraint* Each : ConstraintsInPrintOrder()) {
-    Each->AppendTo(TextReturn);
+  for (const Constraint* Stored : ConstraintsInPrintOrder()) {
+    Stored->AppendTo(TextReturn);
     TextReturn += '\n';
   }
   TextReturn += ')';
 }
 
-/// About as much room as a rule's block needs, so that its text is seldom moved while it grows.
+/// The approximate size of a rule's block, so that its text is seldom reallocated.
 std::size_t TrRule::ExpectedBlockSize() const {
   constexpr std::size_t LabelSize = 8;
   constexpr std::size_t ConstraintSize = 32;
@@ -1009,7 +1009,7 @@ std::string TrRule::ReturnAsStringWithAllAlts() {
     AppendListLine(Text, ";;WordLevelTLPOS_alt:", vvsAllWordLevelTLPOSs[Alt]);
   }
   AppendMapLine(Text, ";;SLWord2Comp:", SLWord2Comp);
-  // The rule's own TL map has no label to itself; stored texts carry that of the alternatives.
+  // The TL map of the rule has the label of the alternatives: stored texts rely on it.
   AppendMapLine(Text, ";;TLWord2Comp_alt:", TLWord2Comp);
   AppendListLine(Text, ";;WordLevelSLPOS:", WordLevelSLPOS);
   AppendListLine(Text, ";;WordLevelTLPOS:", WordLevelTLPOS);
@@ -1070,8 +1070,8 @@ std::vector<const Constraint*> TrRule::ConstraintsInPrintOrder() const {
 
 std::vector<std::string> TrRule::GetConstraintsInPrintOrder() {
   std::vector<std::string> vsReturn;
-  for (const Constraint* Each : ConstraintsInPrintOrder()) {
-    vsReturn.push_back(Each->ReturnAsString());
+  for (const Constraint* Stored : ConstraintsInPrintOrder()) {
+    vsReturn.push_back(Stored->ReturnAsString());
   }
   return vsReturn;
 }
@@ -1080,7 +1080,7 @@ std::vector<std::string> TrRule::GetConstraintsInPrintOrder() {
 
 namespace {
 
-/// Stands for a value that is not there, in arguments and in results.
+/// Stands for a missing value, in arguments and in results.
 constexpr std::string_view NoValue = "empty";
 
 }  // namespace
@@ -1104,9 +1104,9 @@ void PrintIncorrectConstraint(const std::string& Text) {
   std::cout << "Constraint was not in correct format:" << Text << '\n';
 }
 
-std::optional<PiecePair> CutConstraintInTwo(std::string_view Piece, std::string_view Delimiter,
-                                            const std::string& Text) {
-  std::optional<PiecePair> Pieces = CutInTwoTrimmed(Piece, Delimiter);
+std::optional<FieldPair> SplitConstraint(std::string_view Piece, std::string_view Delimiter,
+                                         const std::string& Text) {
+  std::optional<FieldPair> Pieces = SplitInTwoTrimmed(Piece, Delimiter);
   if (!Pieces) {
     std::cerr << "ERROR in TrRule::SetConstraint: Constraint does not have correct format:" << Text
               << '\n';
@@ -1114,11 +1114,10 @@ std::optional<PiecePair> CutConstraintInTwo(std::string_view Piece, std::string_
   return Pieces;
 }
 
-/// What is left of a text that refers to a node on its right side. Such a text should read "(Xi =
-/// Xj)", with one "(" in front of its first blank; but it is taken for a reference because its
-/// right side holds one, so the text either has more than one or lacks the one on the left, and
-/// no index can be read from it. The value is looked for all the same: it would end at the last
-/// ")" and begin behind the blank before that.
+/// Reports a text that refers to a node on its right side. Such a text should read "(Xi = Xj)",
+/// with one "(" before its first blank. It counts as a reference because its right side contains a
+/// "(", so it either has more than one or lacks the one on the left; no index can be read from it.
+/// The value is checked as well: it would end at the last ")" and begin after the blank before it.
 void RejectAgreement(const std::string& Text) {
   if (Text.find('(') != Text.rfind('(')) {
     Halt(HaltReason::ComplexAgreement,
@@ -1144,7 +1143,7 @@ int ParseIndexOfNode(std::string_view Node) {
   return ToInt(DropFront(Node, IsSkipped));
 }
 
-// RightSide = Value ")", where a value with "*OR*" or "*NOT*" is the text's last parenthesis.
+// RightSide = Value ")"; a value with "*OR*" or "*NOT*" begins at the last "(" of the text.
 std::optional<std::string_view> ParseRightSide(std::string_view RightSide,
                                                const std::string& Text) {
   if (!Contains(RightSide, "*OR*") && !Contains(RightSide, "*NOT*")) {
@@ -1168,7 +1167,7 @@ void TrRule::SetConstraint(std::string ConstraintPassIn, int RankInCategoryPassI
   if (Traces(1)) {
     std::cout << "In SetConstraint, ConstraintPassIn is:" << Text << '\n';
   }
-  const std::optional<PiecePair> Sides = CutConstraintInTwo(Text, " = ", Text);
+  const std::optional<FieldPair> Sides = SplitConstraint(Text, " = ", Text);
   if (!Sides) {
     return;
   }
@@ -1176,7 +1175,7 @@ void TrRule::SetConstraint(std::string ConstraintPassIn, int RankInCategoryPassI
     RejectAgreement(Text);
     return;
   }
-  const std::optional<PiecePair> Node = CutConstraintInTwo(Sides->First, " ", Text);
+  const std::optional<FieldPair> Node = SplitConstraint(Sides->First, " ", Text);
   if (!Node) {
     return;
   }
@@ -1279,7 +1278,7 @@ int TrRule::GetNumConstraints() const {
 
 namespace {
 
-/// Collects what `Make` makes of each constraint that is wanted, in key order.
+/// Collects the results of `Make` for the wanted constraints, in key order.
 template <typename CollectionT, typename WantedT, typename MakeT>
 CollectionT Collect(const ConstraintMap& Constraints, WantedT Wanted, MakeT Make) {
   CollectionT Collection;

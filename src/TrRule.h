@@ -1,6 +1,6 @@
 #pragma once
 
-// First, so that the settings are constructed before all else that a program sets up statically.
+// First, so that the settings are constructed before any other static object of a program.
 #include "GlobalParams.h"
 
 #include "Constraint.h"
@@ -10,7 +10,7 @@
 #include "Tokenizer.h"
 #include "Utils.h"
 
-// A static initialiser of a host may print a rule: the streams have to be there by then.
+// A static initialiser of a host may print a rule: the streams must be constructed by then.
 #include <iostream>
 #include <map>
 #include <set>
@@ -50,17 +50,17 @@
 /// @endcode
 ///
 /// Components count from 1 in every text and in every index argument; index 0 is the rule's own
-/// node (x0, y0). The word-to-component maps alone count words and components from 0.
+/// node (x0, y0). Only the word-to-component maps count words and components from 0.
 ///
-/// Arguments and results are copies: the rule keeps nothing of the caller's. No operation throws of
-/// its own accord. Error messages go to the stream that the operation names; traces go to standard
-/// output, at the value of `GlobalParams::DebuggingLevel` that the operation names and at no other.
-/// Where an operation ends the process, it does so with status 1 after its message; Halt.h tells
-/// how a host program can keep control. Unless something else is said, an operation prints
-/// nothing, cannot end the process, and costs no more than the copies that it takes and gives.
+/// Arguments and results are copies. No operation throws an exception itself. Error messages go to
+/// the stream that the operation names; traces go to standard output, only at the value of
+/// `GlobalParams::DebuggingLevel` that the operation names. An operation that ends the process does
+/// so with status 1 after its message; Halt.h describes how a host program keeps control. Unless
+/// stated otherwise, an operation prints nothing, cannot end the process, and costs no more than
+/// copying its arguments and result.
 ///
 /// A copy of a rule has neither the comments nor the header type of the original, and an
-/// assignment keeps those of the target; docs/behaviour.md tells how to keep many rules.
+/// assignment keeps those of the target; docs/behaviour.md describes how to keep many rules.
 class __attribute__((visibility("default"))) TrRule {
  public:
   /// @name Lifecycle
@@ -69,19 +69,18 @@ class __attribute__((visibility("default"))) TrRule {
   /// An empty rule: rule number and head indices -1, one training example, nothing else.
   TrRule();
 
-  /// Copies a rule, except its comments and its header type, and brings the copy's alignments
-  /// into canonical order.
+  /// Copies a rule, except its comments and its header type, and puts the alignments of the copy in
+  /// canonical order.
   ///
-  /// Trace at level 4: "In TrRule's copy constructor." and the traces of the ordering. Messages
-  /// and end of the process: those of `SetAlignment`.
+  /// Trace at level 4: "In TrRule's copy constructor." and the traces of the ordering. Prints the
+  /// messages of `SetAlignment`, and ends the process like it.
   TrRule(const TrRule& OtherPassIn);
 
-  /// Takes over all of the other rule but its comments and its header type; the rule keeps its
-  /// own. The alignments are taken as they are.
+  /// Assigns all of the other rule except its comments and its header type; the rule keeps its own.
   ///
-  /// The argument is a copy, made as the copy constructor makes it. Trace at level 3:
+  /// The argument is made by the copy constructor, which orders its alignments. Trace at level 3:
   /// "In TrRule's overloaded assignment operator.", then "Leaving TrRule's overloaded assignment
-  /// operator, rule is now:" and the printed rule, which ends the process where `Print` does.
+  /// operator, rule is now:" and the printed rule, which ends the process like `Print`.
   void operator=(TrRule OtherTR);
 
   /// Releases the members.
@@ -93,20 +92,20 @@ class __attribute__((visibility("default"))) TrRule {
 
   /// Whether this rule's comparison text sorts before the other's, byte by byte.
   ///
-  /// Trace at level 1: "In TrRule's overloaded less than operator." Each call copies the other
-  /// rule, and once more both of them where that can be seen (at level 4, or with alignments that
-  /// are not in order), and writes two comparison texts: to sort many rules, make each text once
-  /// with `ReturnAsStringForComparison` and sort those. Ends the process where that function does.
+  /// Trace at level 1: "In TrRule's overloaded less than operator." Each call copies the other rule
+  /// and writes two comparison texts. If that is observable (at level 4, or with alignments that
+  /// are not in order), it also copies both rules once more. To sort many rules, write each text
+  /// once with `ReturnAsStringForComparison` and sort those. Ends the process like that function.
   bool operator<(TrRule other) const;
 
-  /// Whether the rules count as equal: example words, label sequences, alignment string and types
-  /// are the same and so are the keys of the constraints.
+  /// Whether the rules count as equal: they have the same example words, label sequences, alignment
+  /// string, types and constraint keys.
   ///
-  /// Not symmetric: where the former are the same, a rule with fewer training examples equals one
-  /// with more, whatever their constraints, and one with more never equals one with fewer. This
-  /// rule's alignment string is compared as it stands, the other's in canonical order. Trace at
-  /// level 1: "In overloaded operator==.", and once the constraints are reached "Now comparing
-  /// constraints." and a line "Comparing:" for each pair of keys, up to the first that differ.
+  /// Not symmetric: if all but the keys are the same, a rule with fewer training examples equals
+  /// one with more, whatever their constraints, and one with more never equals one with fewer. This
+  /// rule's alignment string is compared as stored, the other's in canonical order. Trace at level
+  /// 1: "In overloaded operator==.", and, if the constraints are compared, "Now comparing
+  /// constraints." and a line "Comparing:" for each pair of keys, up to the first difference.
   bool operator==(TrRule other) const;
 
   /// @}
@@ -115,18 +114,18 @@ class __attribute__((visibility("default"))) TrRule {
 
   /// Sets the SL example words, upper-cased.
   void SetSLWords(std::vector<std::string> SLWordsPassIn);
-  /// Sets the SL example words from a text, upper-cased and cut at single blanks; a piece of other
-  /// white space alone becomes an empty word.
+  /// Sets the SL example words from a text, upper-cased and split at single blanks. Other white
+  /// space alone between blanks becomes an empty word.
   void SetSLWords(std::string SLSent);
   /// The SL example words.
   std::vector<std::string> GetSLWords() const;
   /// The SL example words, joined by one blank.
   std::string GetSLString() const;
 
-  /// Sets the TL example words, upper-cased, with a backslash set before each double quote and
-  /// each apostrophe. Only this form sets backslashes.
+  /// Sets the TL example words, upper-cased, with a backslash before each double quote and each
+  /// apostrophe. Only this form adds backslashes.
   void SetTLWords(std::vector<std::string> TLWordsPassIn);
-  /// Sets the TL example words from a text, as `SetSLWords` does; no backslashes are set.
+  /// Sets the TL example words from a text, as `SetSLWords` does, without backslashes.
   void SetTLWords(std::string TLSent);
   /// The TL example words.
   std::vector<std::string> GetTLWords() const;
@@ -135,11 +134,11 @@ class __attribute__((visibility("default"))) TrRule {
 
   /// @}
   /// @name Label sequences
-  /// Each setter stores the labels upper-cased and then renews the word-to-component map of its
-  /// side, as `InitSLWord2Comp` and `InitTLWord2Comp` do. The text forms cut at blanks, trim the
-  /// pieces and drop empty ones; a tab without a blank beside it does not cut. Trace at level 1:
-  /// that of the renewal, then "Now printing inited SLWord2Comp map (from SetSLPOS)." (with the
-  /// side and the setter's own name) and the entries of the map again.
+  /// Each setter stores the labels upper-cased and then rebuilds the word-to-component map of its
+  /// side, as `InitSLWord2Comp` and `InitTLWord2Comp` do. The text forms split at blanks, trim the
+  /// pieces and drop empty ones; a tab without a blank beside it does not split. Trace at level 1:
+  /// that of rebuilding the map, then "Now printing inited SLWord2Comp map (from SetSLPOS)." (with
+  /// the side and the setter's own name) and the entries of the map again.
   /// @{
 
   void SetSLPOS(std::vector<std::string> SLPOSPassIn);  ///< Sets the SL component labels.
@@ -151,11 +150,11 @@ class __attribute__((visibility("default"))) TrRule {
   void SetWordLevelSLPOS(std::string WordLevelSLPOSStrPassIn);  ///< The same from a text.
   std::vector<std::string> GetWordLevelSLPOS() const;           ///< The SL word-level labels.
 
-  /// Sets the SL labels that a parse gave.
+  /// Sets the SL labels from a parse.
   void SetSLPOSFromParse(std::vector<std::string> SLPOSFromParsePassIn);
   void SetSLPOSFromParse(std::string SLPOSFromParseStrPassIn);  ///< The same from a text.
   std::vector<std::string> GetSLPOSFromParse() const;           ///< The SL labels from a parse.
-  /// The TL labels from a parse; only flipping fills them.
+  /// The TL labels from a parse; only flipping sets them.
   std::vector<std::string> GetTLPOSFromParseAfterFlipping() const;
 
   void SetTLPOS(std::vector<std::string> TLPOSPassIn);  ///< Sets the TL component labels.
@@ -172,8 +171,8 @@ class __attribute__((visibility("default"))) TrRule {
   /// From word position to component position, both counting from 0.
   /// @{
 
-  /// Renews the SL map: where there are as many SL words as SL component labels, each position
-  /// that the map lacks is mapped to itself; otherwise the map is emptied. Trace at level 1: "Now
+  /// Rebuilds the SL map. If there are as many SL words as SL component labels, each position that
+  /// the map lacks is mapped to itself; otherwise the map is cleared. Trace at level 1: "Now
   /// printing inited SLWord2Comp map." and one line "key--value" for each entry.
   void InitSLWord2Comp();
   /// As `InitSLWord2Comp`, for the TL side; the trace names TLWord2Comp.
@@ -224,44 +223,46 @@ class __attribute__((visibility("default"))) TrRule {
   /// @name Alignments
   /// @{
 
-  /// Stores an alignment string, such as "((1,1),(2,3),(3,2))", and brings it into canonical
-  /// order: ascending x, then y, as numbers, each pair once.
+  /// Stores an alignment string, such as "((1,1),(2,3),(3,2))", and puts it in canonical order:
+  /// ascending x, then y, as numbers, each pair once.
   ///
   /// A string of more than two characters without outer parentheses prints three lines on
   /// standard error and ends the process: "Alignment string was not in correct format:|", the
   /// string and "|"; "NewAl[0] is:" and its first character; "NewAl[NewAl.length()-1] is:" and its
   /// last. A pair without a readable x prints "ALIGNMENT string is not in correct format:|", the
   /// string and "|" there, one without a readable y "Alignment string is not in correct format:|",
-  /// the string and "|"; the pair is then filed under the index of the pair before it, 0 for the
-  /// first. A trailing comma loses the last pair. Trace at level 4: "In ReorderAlignments,
+  /// the string and "|"; the missing index is taken from the previous pair, and is 0 in the
+  /// first. A trailing comma drops the last pair. Trace at level 4: "In ReorderAlignments,
   /// AlignmentString is:" and the string without a line end, then, unless it was empty, "At the
   /// end of ReorderAlignments, AlignmentString is:" and the new string.
   /// n log n in the pairs, linear when they are in order.
   void SetAlignment(std::string AlignmentStringPassIn);
 
-  /// Adds one alignment from a line such as "(X2::Y3)"; small letters and anything before the
-  /// first "(" and behind the last ")" are accepted, and the indices are not checked.
+  /// Adds one alignment from a line such as "(X2::Y3)". Small letters are accepted, and so is any
+  /// text before the first "(" and after the last ")". The indices are not checked.
   ///
   /// A line without parentheses or without exactly two sides around "::" is rejected without a
   /// message. A bad x side prints "ERROR in TrRule::AddAlignment: x information missing or
   /// incorrect." on standard output, a bad y side "ERROR in TrRule::AddAlignment, y information
   /// missing or incorrect." there. Trace at level 1: "In TrRule::AddAlignment, string is:|", the
-  /// line and "|" before and after its ends are cut off, and "At the end of AddAlignment,
-  /// AlignmentString is:" with the string before it is ordered. The ordering's messages, traces
-  /// and end of the process are those of `SetAlignment`. Each call makes a new canonical string.
-  /// @return whether the pair was added; the alignments are unchanged when not
+  /// line and "|", once as given and once without the text outside its parentheses, and "At the end
+  /// of AddAlignment, AlignmentString is:" with the string before it is ordered. Orders the
+  /// alignments with the messages and traces of `SetAlignment`, and ends the process like it. Each
+  /// call builds a new canonical string.
+  /// @return whether the pair was added; if not, the alignments are unchanged
   bool AddAlignment(std::string AlignmentPassIn);
 
-  /// The alignment string as it is stored; "" when there are no alignments.
+  /// The stored alignment string; "" if there are no alignments.
   std::string GetAlignmentStr() const;
 
-  /// One line for each alignment, in stored order: "(X2::Y3)", or ";--;(X2::Y3)" where the label
-  /// of x or of y is a literal word in double quotes.
+  /// One line for each alignment, in stored order: "(X2::Y3)", or ";--;(X2::Y3)" if the label of x
+  /// or of y is a literal word in double quotes.
   ///
-  /// Asking for a label that the rule does not have prints "TrRule::IsLexicalized called with
-  /// invalid x index:", the index, ", where there are ", their number and " indices." on standard
-  /// error (or the same with y, which is asked only where x is no literal word). The list ends at
-  /// a comma followed by "(" in place of a number, which "()" with an added alignment holds.
+  /// An index without a label prints "TrRule::IsLexicalized called with invalid x index:", the
+  /// index, ", where there are ", their number and " indices." on standard error, or the same with
+  /// y, which is checked only if x is not a literal word. The list ends at a comma that is followed
+  /// by
+  /// "(" instead of a number, as in "()" with an added alignment.
   std::vector<std::string> GetAlignments() const;
 
   /// Stores the word-level alignment string unchanged; it is never ordered.
@@ -272,28 +273,27 @@ class __attribute__((visibility("default"))) TrRule {
   /// @name Reading
   /// @{
 
-  /// Reads a rule from its text form (docs/format.md) and adds it to what the rule holds; read
-  /// into a new rule unless that is wanted.
+  /// Reads a rule from its text form (docs/format.md) and adds it to the contents of the rule, so
+  /// read into a new rule unless you want to add.
   ///
-  /// Stops at the first error, keeps what had been read, and prints one line on standard error:
+  /// Stops at the first error, keeps what was read before, and prints one line on standard error:
   /// "Error in SetTrRuleFromStr: duplicate type and const seq information.", "… missing or
   /// incorrect type information.", "… missing or incorrect sl const seq information.", "… missing
   /// or incorrect tl const seq information.", "… Alignment couldn't be set:" with the line, or at
   /// the end "… Couldn't set rule -- something missing." Also prints what `AddAlignment` and
-  /// `SetConstraint` print. A constraint that cannot be read is no error of the reader. After the
+  /// `SetConstraint` print. An unreadable constraint does not make the reading fail. After the
   /// first line, 100,000 bytes are read. Trace at level 1: the parts of the type line, the types,
   /// and at the end "Successfully read in a transfer rule from a string:" with the printed rule.
-  /// Ends the process where `SetAlignment` does, and at level 1 where `Print` does.
-  /// n log n in the lines, but for alignments that are not in order: each makes the alignment
-  /// string anew.
+  /// Ends the process like `SetAlignment`, and at level 1 like `Print`. n log n in the lines,
+  /// except for alignments that are not in order: each rebuilds the alignment string.
   /// @return whether a whole rule was read
   bool SetTrRuleFromString(std::string TRStringPassIn);
 
   /// @}
   /// @name Writing
   /// All forms share the rule line and the block of alignments and constraints; none changes the
-  /// rule. Those with constraints end the process, with one of these lines on standard error,
-  /// where the constraints cannot be ordered: "ERROR in TrRule::GetConstraintsInPrintOrder. Can't
+  /// rule. If the constraints cannot be ordered, the forms with constraints end the process with
+  /// one of these lines on standard error: "ERROR in TrRule::GetConstraintsInPrintOrder. Can't
   /// find agreed index for constraint " with its text, "ERROR in
   /// TrRule::GetConstraintsInPrintOrder, couldn't resolve Category1 order." (or Category2,
   /// Category3and4). All print what `GetAlignments` prints. n log n in the constraints, linear in
@@ -320,9 +320,9 @@ class __attribute__((visibility("default"))) TrRule {
 
   /// @}
   /// @name Constraints
-  /// A rule keeps each constraint under its key: category, "__", constrained index, "__", feature,
-  /// "__", value, for example "1__0__DET__X1"; lists come in the order of the keys. A value
-  /// constraint merges with the value constraints whose key begins alike up to the value: their
+  /// A rule stores each constraint under its key: category, "__", constrained index, "__", feature,
+  /// "__", value, for example "1__0__DET__X1". Lists are in the order of the keys. A value
+  /// constraint merges with the value constraints whose keys are the same up to the value: their
   /// values become one disjunction, "(*OR* SG PL)". Each merging prints three lines on standard
   /// output at every level: "OldFeat:|" and "InsertFeat:|" with the two values and "|", and
   /// "NewKey is now:" with the new key.
@@ -334,8 +334,8 @@ class __attribute__((visibility("default"))) TrRule {
                      bool ValueConstraintPassIn);
 
   /// The same with the flag as a number of any integral type, 0 for an agreement. Without this
-  /// form, a call with a literal 0 as index and a number as flag would fit the form that begins
-  /// with the index as well, where the number is the category.
+  /// form, a call with a literal 0 as index and a number as flag would also match the form that
+  /// begins with the index, where the number is the category.
   template <typename FlagT, typename = std::enable_if_t<std::is_integral_v<FlagT>>>
   void SetConstraint(int CategoryPassIn, int ConstrainedIndexPassIn, std::string FeaturePassIn,
                      std::string FeatValuePassIn, int RankInCategoryPassIn,
@@ -345,40 +345,41 @@ class __attribute__((visibility("default"))) TrRule {
                   std::move(FeatValuePassIn), RankInCategoryPassIn, IsValue);
   }
 
-  /// Adds a constraint from its text, as `Constraint(std::string)` reads it, with its messages.
-  /// What could not be read is added all the same, as the empty constraint.
+  /// Adds a constraint from its text, as `Constraint(std::string)` reads it, with its messages. An
+  /// unreadable text is added as an empty constraint.
   void SetConstraint(std::string ConstraintPassIn);
 
   /// Adds a value constraint from a text such as "((X1 NUM) = (*OR* SG PL))", with its rank and
-  /// category given. Letters are not upper-cased, and the index is read only behind capital X or Y.
+  /// category given. Letters are not upper-cased, and the index is read only after a capital X or
+  /// Y.
   ///
   /// A wrong number of pieces prints "ERROR in TrRule::SetConstraint: Constraint does not have
-  /// correct format:" and the text on standard error. A text whose right side refers to a node is
-  /// taken for an agreement, which no text can satisfy: with one "(" it prints "Constraint was not
-  /// in correct format:" and the text on standard output, a second time when it also lacks a blank
-  /// and a ")" after it; with more it prints "Expected simple agreement consraint of the form (Xi =
-  /// Xj), but got complex agreement constraint." there and ends the process. Nothing is added in
-  /// these cases. Trace at level 1: "In SetConstraint, ConstraintPassIn is:" and the text.
+  /// correct format:" and the text on standard error. A text whose right side refers to a node
+  /// counts as an agreement, which this form never accepts: with one "(" it prints "Constraint was
+  /// not in correct format:" and the text on standard output, a second time if it also lacks a
+  /// blank followed by a ")"; with more it prints "Expected simple agreement consraint of the form
+  /// (Xi = Xj), but got complex agreement constraint." there and ends the process. Nothing is added
+  /// in these cases. Trace at level 1: "In SetConstraint, ConstraintPassIn is:" and the text.
   void SetConstraint(std::string ConstraintPassIn, int RankInCategoryPassIn, int CategoryPassIn);
 
-  /// Adds a constraint with the feature of the node at an index: the value `FeatValuePassIn`, or,
-  /// where that is "empty", an agreement with `FeatAgrPassIn`. Ends the process as
-  /// `Constraint::SetCategory` does.
+  /// Adds a constraint on a feature of the node at an index: the value `FeatValuePassIn`, or, if
+  /// that is "empty", an agreement with `FeatAgrPassIn`. Ends the process like
+  /// `Constraint::SetCategory`.
   void SetConstraint(int ConstrainedIndexPassIn, std::string FeaturePassIn,
                      std::string FeatValuePassIn, std::string FeatAgrPassIn,
                      int RankInCategoryPassIn, int CategoryPassIn);
 
-  /// Adds a constraint; all forms of `SetConstraint` end here. Logarithmic in the constraints,
-  /// and linear in those that it merges with.
-  /// @return false when its key is there already, and then nothing changes
+  /// Adds a constraint, as all forms of `SetConstraint` do. Logarithmic in the constraints, and
+  /// linear in those that it merges with.
+  /// @return false if its key exists; then nothing changes
   bool InsertConstraintIntoMap(Constraint ConstraintPassIn);
 
   /// Erases the first constraint, in key order, with the given index, feature and one of the
-  /// categories, provided that its value is `FeatValuePassIn` or `FeatAgrPassIn`. What is erased is
-  /// the key made of the entry's category and the arguments, with `FeatValuePassIn` unless that is
-  /// "empty", and with `FeatAgrPassIn` if it is.
+  /// categories, if its value is `FeatValuePassIn` or `FeatAgrPassIn`. It erases the key that is
+  /// made from the category of that entry and the arguments: with `FeatValuePassIn`, or with
+  /// `FeatAgrPassIn` if the former is "empty".
   ///
-  /// When the first such constraint has another value the call never returns: the process waits.
+  /// If the first such constraint has another value, the call never returns: the process waits.
   /// Trace at level 1: "Now erasing constraint.", "Constraints map before erasing:" and a line
   /// "Constraint:" for each key, then "Constraints map after erasing:" and the same.
   /// Linear in the constraints.
@@ -407,8 +408,8 @@ class __attribute__((visibility("default"))) TrRule {
   std::set<Constraint> GetConstraintsAsSetC(int CategoryPassIn) const;
 
   /// The constraints on one node in the given categories: the feature with (value, "empty") for a
-  /// value constraint and ("empty", value) for an agreement. Of several with one feature, the
-  /// first in key order is taken.
+  /// value constraint and ("empty", value) for an agreement. Of several constraints on one feature,
+  /// only the first in key order is returned.
   std::map<std::string, std::pair<std::string, std::string>> GetConstraintsForInd(
       int ConstrainedIndexPassIn, std::set<int> CategorySet) const;
 
@@ -416,9 +417,9 @@ class __attribute__((visibility("default"))) TrRule {
   /// @name Flipping
   /// @{
 
-  /// Turns the rule round: source and target side change places in words, labels, types, maps,
-  /// alternatives and alignments. Constraints, comments, structures and head indices stay. The SL
-  /// labels from a parse become the TL ones and are emptied. The alignments are not put in order.
+  /// Flips the rule: exchanges source and target side in words, labels, types, maps, alternatives
+  /// and alignments. Constraints, comments, structures and head indices do not change. The SL
+  /// labels from a parse become the TL labels and are cleared. The alignments are not ordered.
   ///
   /// An alignment pair without exactly two parts (also the text "()") prints "ERROR in
   /// TrRule::GetReversedAlignments: incorrect alignment string:|", the string and "|" on standard
@@ -428,7 +429,7 @@ class __attribute__((visibility("default"))) TrRule {
 
   /// @}
   /// @name Alternatives
-  /// Eight parallel lists, one element of each for one alternative. Nothing is checked, changed or
+  /// Eight parallel lists with one element for each alternative. Nothing is checked, changed or
   /// compared.
   /// @{
 
@@ -443,10 +444,10 @@ class __attribute__((visibility("default"))) TrRule {
   /// Appends the rule's own example as an alternative. @return true
   bool AddAlterTrInfo();
 
-  /// Empties the lists and appends the rule's own example. @return true
+  /// Clears the lists and appends the rule's own example. @return true
   bool ResetAlterTrInfo();
 
-  /// Gives copies of the eight lists; what the arguments held is replaced.
+  /// Copies the eight lists into the arguments.
   void GetAllAlts(std::vector<std::string>& vsAllSLSentsReturn,
                   std::vector<std::string>& vsAllTLSentsReturn,
                   std::vector<std::string>& vsAllAlignmentsReturn,
@@ -465,11 +466,11 @@ class __attribute__((visibility("default"))) TrRule {
   bool IsOneToOne(int XPassIn, int YPassIn) const;
   std::vector<std::string> GetConstraintsInPrintOrder();
 
-  // The loader fills the members without a word.
+  // The loader fills the members without messages and traces.
   friend class TrRuleInternal::RuleLoader;
 
   bool ParseLine(std::string_view Line, TrRuleInternal::RuleLoader& LoaderReturn);
-  bool ParseTypeAndSequences(std::string_view Line);
+  bool ParseRuleLine(std::string_view Line);
   bool ParseSLPart(std::string_view Part);
   bool ParseTLPart(std::string_view Part);
   void AppendExample(std::string& TextReturn) const;

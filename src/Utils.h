@@ -4,7 +4,10 @@
 
 /// The one text operation that is not in `StringUtils`: upper-casing under its older name.
 ///
-/// Worked example: `Utils::AllCaps("Det n1")` gives `"DET N1"`.
+/// Worked example:
+/// @code
+///   Utils::AllCaps("Det n1");  // "DET N1"
+/// @endcode
 class __attribute__((visibility("default"))) Utils {
  public:
   /// The text with every ASCII letter upper-cased; the same operation as

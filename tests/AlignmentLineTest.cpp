@@ -1,10 +1,10 @@
-// Pins which alignment lines are in their common form, and what they are taken apart into.
+// Parsing alignment lines: which ones are in their common form, and their parts.
 
 #include "AlignmentLine.h"
 
 #include "support/RandomInput.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ using TrRuleInternal::ParseCommonAlignment;
 
 namespace {
 
-/// The index texts with the numbers that they give; nothing where the line is another one.
+/// The index texts and their numbers; nothing if the line is not in the common form.
 std::optional<Strings> PartsOf(const std::string& Line) {
   AlignmentParts Parts;
   if (!ParseCommonAlignment(Line, Parts)) {
@@ -30,7 +30,7 @@ std::optional<Strings> PartsOf(const std::string& Line) {
 }
 
 std::optional<Strings> ReferenceParts(const std::string& Line) {
-  std::optional<Strings> vsParts = Slow::AlignmentParts(Line);
+  std::optional<Strings> vsParts = Reference::AlignmentParts(Line);
   if (vsParts) {
     const int X = std::atoi(vsParts->at(0).c_str());
     const int Y = std::atoi(vsParts->at(1).c_str());
@@ -42,7 +42,7 @@ std::optional<Strings> ReferenceParts(const std::string& Line) {
 
 }  // namespace
 
-TEST(AlignmentLine, TakesTheCommonFormApart) {
+TEST(AlignmentLine, ParsesTheCommonForm) {
   const std::pair<std::string, Strings> Cases[] = {
       {"(X2::Y3)", {"2", "3", "2", "3"}},
       {"(x2::y3)", {"2", "3", "2", "3"}},
@@ -56,7 +56,7 @@ TEST(AlignmentLine, TakesTheCommonFormApart) {
   }
 }
 
-TEST(AlignmentLine, LeavesOtherLinesAlone) {
+TEST(AlignmentLine, RejectsOtherLines) {
   for (const std::string& sLine : {""s,
                                    "("s,
                                    "()"s,
@@ -95,7 +95,7 @@ TEST(AlignmentLine, LeavesOtherLinesAlone) {
   }
 }
 
-TEST(AlignmentLine, PartsPointIntoTheLine) {
+TEST(AlignmentLine, ReturnsViewsOfTheLine) {
   const std::string Line = "(X12::Y3)";
   AlignmentParts Parts;
   ASSERT_TRUE(ParseCommonAlignment(Line, Parts));
@@ -103,14 +103,14 @@ TEST(AlignmentLine, PartsPointIntoTheLine) {
   EXPECT_EQ(Parts.YText.data(), Line.data() + 7);
 }
 
-TEST(AlignmentLine, NoOtherPrefixIsAnAlignment) {
+TEST(AlignmentLine, RejectsEveryShorterPrefix) {
   const std::string Line = "(X12::Y345)";
   for (std::size_t Size = 0; Size < Line.size(); ++Size) {
     EXPECT_EQ(PartsOf(Line.substr(0, Size)), std::nullopt) << Line.substr(0, Size);
   }
 }
 
-TEST(AlignmentLine, ReadsRandomLinesAsTheReferenceDoes) {
+TEST(AlignmentLine, ReadsRandomLinesLikeTheReference) {
   RandomInput Random;
   const Strings vsWords = {"(X", "(x1", "1", "0000", "12345", "::", "Y", "y2", ")"};
   int Taken = 0;

@@ -1,13 +1,12 @@
-// Pins what becomes of an alignment string: its canonical order, the pairs that are displayed, and
-// the exchange of its sides; for well-formed strings and for those that are not, the first two also
-// against slow twins that go through the text step by step (SlowTwinTest.cpp goes on with random
-// strings).
+// Alignment strings: canonical order, displayed pairs and exchanged sides, of well-formed and
+// malformed strings. Order and display are also compared with the reference implementation
+// (ReferenceImplementationTest.cpp does so with random strings).
 
 #include "AlignmentText.h"
 
 #include <gtest/gtest.h>
 
-#include "support/FastTwins.h"
+#include "support/LibraryResults.h"
 
 #include <optional>
 #include <string>
@@ -15,10 +14,10 @@
 #include <vector>
 
 using std::string_literals::operator""s;
-using Fast::Canonical;
-using Fast::Displayed;
-using Slow::Ordered;
-using Slow::TextPairs;
+using Library::Canonical;
+using Library::Displayed;
+using Reference::Ordered;
+using Reference::TextPairs;
 using TrRuleInternal::DisplayPair;
 using TrRuleInternal::DisplayWalk;
 using TrRuleInternal::MissingIndex;
@@ -30,7 +29,7 @@ const std::string Sample = "((1,1),(2,3),(3,2))";
 
 }  // namespace
 
-TEST(AlignmentText, OuterParenthesesAreAskedForInMoreThanTwoCharacters) {
+TEST(AlignmentText, RequiresOuterParenthesesFromThreeCharactersOn) {
   const std::pair<std::string, bool> Cases[] = {
       {"", true},
       {"x", true},
@@ -54,7 +53,7 @@ TEST(AlignmentText, OuterParenthesesAreAskedForInMoreThanTwoCharacters) {
   }
 }
 
-TEST(AlignmentText, PairsAreSortedAsNumbersAndKeptOnce) {
+TEST(AlignmentText, SortsPairsByNumberAndRemovesDuplicates) {
   const std::pair<std::string, std::string> Cases[] = {
       {"", ""},
       {"()", "()"},
@@ -78,7 +77,7 @@ TEST(AlignmentText, PairsAreSortedAsNumbersAndKeptOnce) {
   }
 }
 
-TEST(AlignmentText, OneLookTellsACanonicalStringOfPlainNumbers) {
+TEST(AlignmentText, RecognisesACanonicalStringOfPlainNumbers) {
   const std::pair<std::string, bool> Cases[] = {
       {"((1,1))", true},
       {Sample, true},
@@ -122,14 +121,14 @@ TEST(AlignmentText, OneLookTellsACanonicalStringOfPlainNumbers) {
   }
 }
 
-TEST(AlignmentText, NoPrefixOfACanonicalStringIsCanonical) {
+TEST(AlignmentText, RejectsPrefixesOfACanonicalString) {
   for (std::size_t Length = 0; Length < Sample.size(); ++Length) {
     SCOPED_TRACE(Length);
     EXPECT_FALSE(TrRuleInternal::IsCanonical(Sample.substr(0, Length)));
   }
 }
 
-TEST(AlignmentText, PairsKeepTheirOwnText) {
+TEST(AlignmentText, KeepsTheTextOfEachPair) {
   const std::pair<std::string, std::string> Cases[] = {
       {"((2, 1),( 1 ,1))", "(( 1 ,1),(2, 1))"}, {"((1\0x,2),(1,1))"s, "((1,1),(1\0x,2))"s},
       {"((1,1),(\xB2,1))", "((\xB2,1),(1,1))"}, {"((2,1),(\r\n1,1))", "((\r\n1,1),(2,1))"},
@@ -141,7 +140,7 @@ TEST(AlignmentText, PairsKeepTheirOwnText) {
   }
 }
 
-TEST(AlignmentText, OnlyACommaBetweenTwoParenthesesSeparatesPairs) {
+TEST(AlignmentText, SeparatesPairsOnlyAtACommaBetweenParentheses) {
   const std::pair<std::string, std::string> Cases[] = {
       {"((2,1), (1,1))", "((2,1), (1,1))"}, {"((1,1), (2,3))", "((1,1), (2,3))"},
       {"((2,1) ,(1,1))", "((2,1) ,(1,1))"}, {"((2,1),,(1,1))", "((2,1),,(1,1))"},
@@ -154,7 +153,7 @@ TEST(AlignmentText, OnlyACommaBetweenTwoParenthesesSeparatesPairs) {
   }
 }
 
-TEST(AlignmentText, ATrailingCommaTakesTheLastPairAlong) {
+TEST(AlignmentText, DropsTheLastPairBeforeATrailingComma) {
   const std::pair<std::string, std::string> Cases[] = {
       {"((1,1),(2,2),)", "((1,1))"},
       {"((1,1),)", ""},
@@ -168,7 +167,7 @@ TEST(AlignmentText, ATrailingCommaTakesTheLastPairAlong) {
   }
 }
 
-TEST(AlignmentText, AMissingIndexIsThatOfThePairBefore) {
+TEST(AlignmentText, TakesAMissingIndexFromThePreviousPair) {
   struct Case {
     std::string Text;
     Ordered Expected;
@@ -188,31 +187,31 @@ TEST(AlignmentText, AMissingIndexIsThatOfThePairBefore) {
       {"((1,1),(2,3)", {"((1,1),(2,3)", "y"}},
       {"(1,1),(2,2)", {"(1,1),(2,2)", "xy"}},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
-    EXPECT_EQ(Canonical(Each.Text), Each.Expected);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
+    EXPECT_EQ(Canonical(Row.Text), Row.Expected);
   }
 }
 
-TEST(AlignmentText, IndicesInAnImpossibleOrderAreZero) {
+TEST(AlignmentText, ReadsIndicesInAnImpossibleOrderAsZero) {
   EXPECT_EQ(Canonical("((5,5),(4)3,(1))"), (Ordered{"((4)3,(1),(5,5))", ""}));
   EXPECT_EQ(Canonical("((0,1),()7,(9))"), (Ordered{"(()7,(9),(0,1))", ""}));
   EXPECT_EQ(Canonical("(3,(4),(1,1))"), (Ordered{"(3,(4),(1,1))", ""}));
   EXPECT_EQ(Canonical("(3,(4),(-1,1))"), (Ordered{"((-1,1),3,(4))", ""}));
 }
 
-TEST(AlignmentText, SortsAsItsTwinDoesAtEveryPrefixOfAString) {
+TEST(AlignmentText, SortsLikeTheReferenceAtEveryPrefixOfAString) {
   for (const std::string& Text :
        {Sample, "((3,2),(2,3),(1,1))trailing"s, "((2,\0),\r\n(1,\xFF))"s}) {
     for (std::size_t Length = 0; Length <= Text.size(); ++Length) {
       const std::string Inner = Text.substr(0, Length);
       SCOPED_TRACE(Inner);
-      EXPECT_EQ(Canonical('(' + Inner + ')'), Slow::Canonical('(' + Inner + ')'));
+      EXPECT_EQ(Canonical('(' + Inner + ')'), Reference::Canonical('(' + Inner + ')'));
     }
   }
 }
 
-TEST(AlignmentText, DisplaysTheIndexTextsAsWritten) {
+TEST(AlignmentText, DisplaysIndexTextsAsWritten) {
   struct Case {
     std::string Text;
     TextPairs vExpected;
@@ -231,13 +230,13 @@ TEST(AlignmentText, DisplaysTheIndexTextsAsWritten) {
       {"((\r\n1,2\r\n))", {{"\r\n1", "2\r\n"}}},
       {"((1\0,\xFF))"s, {{"1\0"s, "\xFF"}}},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
-    EXPECT_EQ(Displayed(Each.Text), Each.vExpected);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
+    EXPECT_EQ(Displayed(Row.Text), Row.vExpected);
   }
 }
 
-TEST(AlignmentText, TheDisplayEndsWhereACommaIsLastOrStandsBeforeAParenthesis) {
+TEST(AlignmentText, EndsTheDisplayAtACommaThatIsLastOrBeforeAParenthesis) {
   struct Case {
     std::string Text;
     TextPairs vExpected;
@@ -251,13 +250,13 @@ TEST(AlignmentText, TheDisplayEndsWhereACommaIsLastOrStandsBeforeAParenthesis) {
       {",", {}},
       {"((1,1),", {{"1", "1"}}},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
-    EXPECT_EQ(Displayed(Each.Text), Each.vExpected);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
+    EXPECT_EQ(Displayed(Row.Text), Row.vExpected);
   }
 }
 
-TEST(AlignmentText, TheDisplayTakesWhatStandsInAnImpossibleOrderAsEmpty) {
+TEST(AlignmentText, DisplaysTextsInAnImpossibleOrderAsEmpty) {
   struct Case {
     std::string Text;
     TextPairs vExpected;
@@ -271,18 +270,18 @@ TEST(AlignmentText, TheDisplayTakesWhatStandsInAnImpossibleOrderAsEmpty) {
       {")1,2)", {{"", ""}, {"", "2"}}},
       {"(1)2,3)", {{"1)2", ""}, {"", "3"}}},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
-    EXPECT_EQ(Displayed(Each.Text), Each.vExpected);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
+    EXPECT_EQ(Displayed(Row.Text), Row.vExpected);
   }
 }
 
-TEST(AlignmentText, APairThatIsNotClosedRunsToTheEndOfTheDisplay) {
+TEST(AlignmentText, DisplaysAnUnclosedPairUpToTheEnd) {
   EXPECT_EQ(Displayed("((1,1),(2,3"), (TextPairs{{"1", "1"}, {"2", "3"}}));
   EXPECT_EQ(Displayed("1,2,3"), (TextPairs{{"1", "2,3"}}));
 }
 
-TEST(AlignmentText, DisplayedTextsPointIntoTheString) {
+TEST(AlignmentText, DisplaysViewsOfTheString) {
   DisplayWalk Walk(Sample);
   DisplayPair Pair;
   ASSERT_TRUE(Walk.Next(Pair));
@@ -293,17 +292,17 @@ TEST(AlignmentText, DisplayedTextsPointIntoTheString) {
   EXPECT_FALSE(Walk.Next(Pair));
 }
 
-TEST(AlignmentText, DisplaysAsItsTwinDoesAtEveryPrefixOfAString) {
+TEST(AlignmentText, DisplaysLikeTheReferenceAtEveryPrefixOfAString) {
   for (const std::string& Text : {Sample, "1)2,(3),4)(5,6),(,(7,8)"s, "((\0,1),\r\n(2,\xFF))"s}) {
     for (std::size_t Length = 0; Length <= Text.size(); ++Length) {
       const std::string Prefix = Text.substr(0, Length);
       SCOPED_TRACE(Prefix);
-      EXPECT_EQ(Displayed(Prefix), Slow::Displayed(Prefix));
+      EXPECT_EQ(Displayed(Prefix), Reference::Displayed(Prefix));
     }
   }
 }
 
-TEST(AlignmentText, ReversingExchangesTheSidesOfEveryPairInPlace) {
+TEST(AlignmentText, ReversesEveryPairInPlace) {
   const std::pair<std::string, std::string> Cases[] = {
       {"", ""},
       {"((1,2))", "((2,1))"},
@@ -327,7 +326,7 @@ TEST(AlignmentText, ReversingExchangesTheSidesOfEveryPairInPlace) {
   }
 }
 
-TEST(AlignmentText, ReversingWantsTwoPartsInEveryPair) {
+TEST(AlignmentText, RejectsReversingAPairWithoutTwoParts) {
   for (const char* Text : {"()", " ", "(", ")", "x", "((1))", "((,2))", "((1,))", "((,))",
                            "((1,2,3))", "((1,2), (3,4))", "((1,2),(3))", "((1)),((2))"}) {
     SCOPED_TRACE(Text);
@@ -335,7 +334,7 @@ TEST(AlignmentText, ReversingWantsTwoPartsInEveryPair) {
   }
 }
 
-TEST(AlignmentText, ReversingEveryPrefixGivesThePairsThatAreThere) {
+TEST(AlignmentText, ReversesTheCompletePairsOfEveryPrefix) {
   const char* const Expected[] = {
       "",
       nullptr,
@@ -366,7 +365,7 @@ TEST(AlignmentText, ReversingEveryPrefixGivesThePairsThatAreThere) {
   }
 }
 
-TEST(AlignmentText, ReversingLooksAt100000BytesBehindAPair) {
+TEST(AlignmentText, ReversesOnly100000BytesAfterAPair) {
   for (const std::size_t Length : {99996U, 99997U, 99998U, 99999U, 100001U, 1000001U}) {
     SCOPED_TRACE(Length);
     const std::string Digits(Length, '7');
@@ -375,30 +374,30 @@ TEST(AlignmentText, ReversingLooksAt100000BytesBehindAPair) {
   }
 }
 
-TEST(AlignmentText, ReversingReadsThePairUnderTheCutInPart) {
+TEST(AlignmentText, ReversesThePairAtTheLimitInPart) {
   constexpr std::size_t MaxRest = 100000;
   const std::string Second = "2,";
   const std::string Tail = "),(34,56))";
   struct Case {
     std::size_t KeptOfTail;
-    std::optional<std::string> LastPairs;  ///< behind the digits; nothing where none can be read
+    std::optional<std::string> LastPairs;  ///< after the digits; nothing if there is no such pair
   };
   const Case Cases[] = {
       {0, ",2))"},         {1, ",2))"},
-      {2, "),2))"},        // the separator's comma keeps the parenthesis in the index
+      {2, "),2))"},        // the comma of the separator leaves the parenthesis in the index
       {3, ",2))"},         // the last pair is lost
       {4, std::nullopt},   // "3"
       {5, std::nullopt},   // "34"
       {6, std::nullopt},   // "34,"
-      {7, ",2),(5,34))"},  // an index that lost its end
+      {7, ",2),(5,34))"},  // an index without its end
       {8, ",2),(56,34))"}, {9, ",2),(56,34))"},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.KeptOfTail);
-    const std::string Digits(MaxRest - Second.size() - Each.KeptOfTail, '7');
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.KeptOfTail);
+    const std::string Digits(MaxRest - Second.size() - Row.KeptOfTail, '7');
     std::optional<std::string> Expected;
-    if (Each.LastPairs) {
-      Expected = "((1,1),(" + Digits + *Each.LastPairs;
+    if (Row.LastPairs) {
+      Expected = "((1,1),(" + Digits + *Row.LastPairs;
     }
     EXPECT_EQ(ReversedAlignments("((1,1),(" + Second + Digits + Tail), Expected);
   }

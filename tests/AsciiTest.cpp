@@ -1,5 +1,5 @@
-// Pins the byte classes, the cutting of views and the reading of numbers: ASCII alone, for each of
-// the 256 bytes and in every locale, and one defined value for every text that should be a number.
+// Byte classes, trimming of views and reading of numbers: only ASCII counts, for each of the 256
+// bytes and in every locale, and every text has one defined value as a number.
 
 #include "Ascii.h"
 
@@ -44,21 +44,21 @@ void ExpectAsciiClasses() {
 
 }  // namespace
 
-TEST(Ascii, ClassesOfAll256Bytes) {
+TEST(Ascii, ClassifiesAll256Bytes) {
   ExpectAsciiClasses();
 }
 
-TEST(Ascii, ClassesTakeNoNoticeOfTheLocale) {
+TEST(Ascii, IgnoresTheLocale) {
   const std::string OldLocale = std::setlocale(LC_ALL, nullptr);
   for (const char* Name : {"C.UTF-8", "de_DE.ISO-8859-1", "en_US.ISO-8859-1", "tr_TR.UTF-8"}) {
     SCOPED_TRACE(Name);
-    std::setlocale(LC_ALL, Name);  // a locale that the machine lacks leaves the one before
+    std::setlocale(LC_ALL, Name);  // a missing locale leaves the previous one
     ExpectAsciiClasses();
   }
   std::setlocale(LC_ALL, OldLocale.c_str());
 }
 
-TEST(Ascii, UpperAndLowerMapEveryByteAndKeepTheLength) {
+TEST(Ascii, MapsEveryByteToUpperAndLowerCase) {
   EXPECT_EQ(TrRuleInternal::Upper(""), "");
   EXPECT_EQ(TrRuleInternal::Lower(""), "");
   EXPECT_EQ(TrRuleInternal::Upper(std::string("x1 = \xC3\xA4\0b"sv)), "X1 = \xC3\xA4\0B"sv);
@@ -67,13 +67,13 @@ TEST(Ascii, UpperAndLowerMapEveryByteAndKeepTheLength) {
   EXPECT_EQ(TrRuleInternal::Lower("@[`{AZ"), "@[`{az");
 }
 
-TEST(Ascii, MakeUpperWorksInPlace) {
+TEST(Ascii, MakesUpperCaseInPlace) {
   std::string Text = "x1 = \xC3\xA4@[`{az";
   TrRuleInternal::MakeUpper(Text);
   EXPECT_EQ(Text, "X1 = \xC3\xA4@[`{AZ");
 }
 
-TEST(Ascii, DecimalWritesPlainNumbers) {
+TEST(Ascii, WritesDecimalNumbers) {
   const std::pair<int, const char*> Cases[] = {
       {0, "0"},
       {9, "9"},
@@ -89,7 +89,7 @@ TEST(Ascii, DecimalWritesPlainNumbers) {
   }
 }
 
-TEST(Ascii, AppendAddsTheTextsInOrderToWhatIsThere) {
+TEST(Ascii, AppendsTextsInOrder) {
   std::string Text = "x";
   TrRuleInternal::Append(Text, {});
   EXPECT_EQ(Text, "x");
@@ -97,7 +97,7 @@ TEST(Ascii, AppendAddsTheTextsInOrderToWhatIsThere) {
   EXPECT_EQ(Text, "xab\0\xFF-12"sv);
 }
 
-TEST(Ascii, FindContainsAndStartsWith) {
+TEST(Ascii, FindsPartsAndPrefixes) {
   struct Case {
     std::string_view Text;
     std::string_view Part;
@@ -110,15 +110,15 @@ TEST(Ascii, FindContainsAndStartsWith) {
       {"aab", "ab", 1},       {"abab", "ab", 0},  {"aaab", "aab", 1},    {"ABC", "ab", None},
       {"a\0b"sv, "\0b"sv, 1}, {"a\0b"sv, "b", 2}, {"\xFFz", "\xFF", 0},  {"z\xFF", "\xFF", 1},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(testing::Message() << Each.Text << " / " << Each.Part);
-    EXPECT_EQ(TrRuleInternal::Find(Each.Text, Each.Part), Each.Place);
-    EXPECT_EQ(TrRuleInternal::Contains(Each.Text, Each.Part), Each.Place != None);
-    EXPECT_EQ(TrRuleInternal::StartsWith(Each.Text, Each.Part), Each.Place == 0);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(testing::Message() << Row.Text << " / " << Row.Part);
+    EXPECT_EQ(TrRuleInternal::Find(Row.Text, Row.Part), Row.Place);
+    EXPECT_EQ(TrRuleInternal::Contains(Row.Text, Row.Part), Row.Place != None);
+    EXPECT_EQ(TrRuleInternal::StartsWith(Row.Text, Row.Part), Row.Place == 0);
   }
 }
 
-TEST(Ascii, AnEmptyPartIsAtTheStartButNotFound) {
+TEST(Ascii, TreatsAnEmptyPartAsAPrefixButDoesNotFindIt) {
   for (const char* Text : {"", "a"}) {
     SCOPED_TRACE(Text);
     EXPECT_TRUE(TrRuleInternal::StartsWith(Text, ""));
@@ -126,7 +126,7 @@ TEST(Ascii, AnEmptyPartIsAtTheStartButNotFound) {
   }
 }
 
-TEST(Ascii, DropFrontAndDropBackStopAtTheFirstByteThatStays) {
+TEST(Ascii, StopsDroppingAtTheFirstKeptByte) {
   struct Case {
     std::string_view Text;
     std::string_view WithoutFront;
@@ -141,14 +141,14 @@ TEST(Ascii, DropFrontAndDropBackStopAtTheFirstByteThatStays) {
       {"\0x"sv, "\0x"sv, "\0"sv},
   };
   constexpr auto IsX = [](char Byte) { return Byte == 'x'; };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
-    EXPECT_EQ(TrRuleInternal::DropFront(Each.Text, IsX), Each.WithoutFront);
-    EXPECT_EQ(TrRuleInternal::DropBack(Each.Text, IsX), Each.WithoutBack);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
+    EXPECT_EQ(TrRuleInternal::DropFront(Row.Text, IsX), Row.WithoutFront);
+    EXPECT_EQ(TrRuleInternal::DropBack(Row.Text, IsX), Row.WithoutBack);
   }
 }
 
-TEST(Ascii, DroppingTheFirstBlankCutsTheRest) {
+TEST(Ascii, CutsTheRestAfterALeadingBlank) {
   struct Case {
     std::string_view Text;
     std::string_view Expected;
@@ -170,13 +170,13 @@ TEST(Ascii, DroppingTheFirstBlankCutsTheRest) {
        "\xA0"
        "bcd"},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
-    EXPECT_EQ(TrRuleInternal::WithoutLeadingSpace(Each.Text, MaxRest), Each.Expected);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
+    EXPECT_EQ(TrRuleInternal::WithoutLeadingSpace(Row.Text, MaxRest), Row.Expected);
   }
 }
 
-TEST(Ascii, TrailingBlanksAreDroppedWithoutACap) {
+TEST(Ascii, DropsAnyNumberOfTrailingBlanks) {
   EXPECT_EQ(TrRuleInternal::WithoutTrailingSpace(""), "");
   EXPECT_EQ(TrRuleInternal::WithoutTrailingSpace(" \t\n\v\f\r"), "");
   EXPECT_EQ(TrRuleInternal::WithoutTrailingSpace(" a b\r\n"), " a b");
@@ -184,7 +184,7 @@ TEST(Ascii, TrailingBlanksAreDroppedWithoutACap) {
   EXPECT_EQ(TrRuleInternal::WithoutTrailingSpace("a\xA0"), "a\xA0");
 }
 
-TEST(Ascii, DigitsValueHoldsAtTheEndsOf64Bits) {
+TEST(Ascii, ClampsDigitsTo64Bits) {
   struct Case {
     std::string_view Text;
     std::uint64_t Positive;
@@ -204,14 +204,14 @@ TEST(Ascii, DigitsValueHoldsAtTheEndsOf64Bits) {
       {"18446744073709551616", Most, Most + 1},
       {"99999999999999999999999999999999", Most, Most + 1},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
-    EXPECT_EQ(TrRuleInternal::DigitsValue(Each.Text, false), Each.Positive);
-    EXPECT_EQ(TrRuleInternal::DigitsValue(Each.Text, true), Each.Negative);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
+    EXPECT_EQ(TrRuleInternal::DigitsValue(Row.Text, false), Row.Positive);
+    EXPECT_EQ(TrRuleInternal::DigitsValue(Row.Text, true), Row.Negative);
   }
 }
 
-TEST(Ascii, ToIntReadsWhatTheTextBeginsWith) {
+TEST(Ascii, ReadsALeadingNumber) {
   struct Case {
     std::string_view Text;
     int Expected;
@@ -249,13 +249,13 @@ TEST(Ascii, ToIntReadsWhatTheTextBeginsWith) {
       {"1\xB2", 1},
       {"\r\n3", 3},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
-    EXPECT_EQ(ToInt(Each.Text), Each.Expected);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
+    EXPECT_EQ(ToInt(Row.Text), Row.Expected);
   }
 }
 
-TEST(Ascii, ToIntTakesTheLow32BitsOfA64BitValue) {
+TEST(Ascii, TakesTheLow32BitsOfA64BitValue) {
   struct Case {
     std::string_view Text;
     int Expected;
@@ -267,13 +267,13 @@ TEST(Ascii, ToIntTakesTheLow32BitsOfA64BitValue) {
       {"9223372036854775808", -1}, {"99999999999999999999", -1}, {"-9223372036854775807", 1},
       {"-9223372036854775808", 0}, {"-99999999999999999999", 0},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
-    EXPECT_EQ(ToInt(Each.Text), Each.Expected);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
+    EXPECT_EQ(ToInt(Row.Text), Row.Expected);
   }
 }
 
-// All of this is settled at compile time as well.
+// All of this works at compile time, too.
 static_assert(ToInt(" 12)") == 12 && ToInt("2147483648") == INT_MIN);
 static_assert(TrRuleInternal::WithoutTrailingSpace("a \r\n") == "a");
 static_assert(TrRuleInternal::WithoutLeadingSpace(" abc", 2) == "ab");

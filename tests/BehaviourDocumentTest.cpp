@@ -1,4 +1,4 @@
-// docs/behaviour.md names, for each surprise, the tests that pin it. They have to be there.
+// docs/behaviour.md names the tests that cover each of its rows. These tests must exist.
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ Strings CellsOf(const std::string& Line) {
   return Tokenizer()(Line, "|", true);
 }
 
-/// All such rows of the page, without the heads of their tables.
+/// All such rows of the page, without the headers of the tables.
 std::vector<Row> ReadRows() {
   std::ifstream File(BuildPaths::SourceFolder + std::string("/docs/behaviour.md"));
   std::vector<Row> vRows;
@@ -46,13 +46,13 @@ Strings NamesIn(const std::string& Cell) {
   Strings vsNames;
   for (const std::string& sName : Tokenizer()(Cell, ",", true)) {
     const bool IsQuoted = sName.size() > 2 && sName.front() == '`' && sName.back() == '`';
-    EXPECT_TRUE(IsQuoted) << sName << " does not stand between backquotes";
+    EXPECT_TRUE(IsQuoted) << sName << " is not between backquotes";
     vsNames.push_back(IsQuoted ? sName.substr(1, sName.size() - 2) : sName);
   }
   return vsNames;
 }
 
-/// The names of all tests of this program, whether or not they have been selected for this run.
+/// The names of all tests of this program, including those not selected for this run.
 std::set<std::string> TestsOfThisProgram() {
   std::set<std::string> ssNames;
   const testing::UnitTest& Program = *testing::UnitTest::GetInstance();
@@ -67,17 +67,17 @@ std::set<std::string> TestsOfThisProgram() {
 
 }  // namespace
 
-TEST(BehaviourDocument, EveryRowNamesATestThatExists) {
+TEST(BehaviourDocument, NamesExistingTestsInEveryRow) {
   const std::vector<Row> vRows = ReadRows();
   ASSERT_GT(vRows.size(), 0U);
   const std::set<std::string> ssTests = TestsOfThisProgram();
-  for (const Row& Each : vRows) {
-    SCOPED_TRACE("docs/behaviour.md:" + std::to_string(Each.LineNumber));
-    EXPECT_EQ(Each.vsCells.size(), 3U) << "what happens, why it matters, the test";
-    const Strings vsNames = NamesIn(Each.vsCells.back());
+  for (const Row& Entry : vRows) {
+    SCOPED_TRACE("docs/behaviour.md:" + std::to_string(Entry.LineNumber));
+    EXPECT_EQ(Entry.vsCells.size(), 3U) << "what happens, why it matters, the test";
+    const Strings vsNames = NamesIn(Entry.vsCells.back());
     EXPECT_FALSE(vsNames.empty());
     for (const std::string& sName : vsNames) {
-      EXPECT_EQ(ssTests.count(sName), 1U) << sName << " is no test of this program";
+      EXPECT_EQ(ssTests.count(sName), 1U) << sName << " is not a test of this program";
     }
   }
 }

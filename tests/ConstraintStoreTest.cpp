@@ -1,10 +1,10 @@
-// Pins the keys that constraints are stored under, and how the values of one feature become one.
+// The keys that constraints are stored under, and merging the values of a feature.
 
 #include "ConstraintStore.h"
 
 #include "support/RandomInput.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 
 #include <gtest/gtest.h>
 
@@ -15,11 +15,11 @@
 #include <vector>
 
 using std::string_literals::operator""s;
+using TrRuleInternal::ExtractAndMerge;
 using TrRuleInternal::HasNeighbour;
 using TrRuleInternal::MakeKey;
 using TrRuleInternal::MergedValue;
 using TrRuleInternal::Merging;
-using TrRuleInternal::TakeOutAndMerge;
 
 namespace {
 
@@ -30,7 +30,7 @@ const std::string* ValueOf(const std::optional<std::string>& Entry) {
   return Entry ? &*Entry : nullptr;
 }
 
-/// What is left of a map, the new key, and the mergings, as one text each.
+/// The remaining map, the new key and the mergings, each as one text.
 struct Merged {
   Strings vsKeys;
   std::string Key;
@@ -51,7 +51,7 @@ Merged Merge(Entries Stored, const std::string& Prefix, const std::string& Value
   Merged Result;
   Result.Key = Prefix + Value;
   std::vector<Merging> vMergings;
-  TakeOutAndMerge(Stored, ValueOf, Prefix.size(), Result.Key, vMergings);
+  ExtractAndMerge(Stored, ValueOf, Prefix.size(), Result.Key, vMergings);
   for (const auto& [Key, Entry] : Stored) {
     Result.vsKeys.push_back(Key);
   }
@@ -107,22 +107,22 @@ TEST(ConstraintStore, MergesTheWordsOfTwoValues) {
       {"S)G", "(S(*OR*G", "(*OR* SG (SG)"},
       {"\0"s, "\xE9", "(*OR* \0 \xE9)"s},
   };
-  for (const Case& Each : vCases) {
-    EXPECT_EQ(MergedValue(Each.Old, Each.New), Each.Expected) << Each.Old << " / " << Each.New;
+  for (const Case& Row : vCases) {
+    EXPECT_EQ(MergedValue(Row.Old, Row.New), Row.Expected) << Row.Old << " / " << Row.New;
   }
 }
 
-TEST(ConstraintStore, MergesRandomValuesAsTheReferenceDoes) {
+TEST(ConstraintStore, MergesRandomValuesLikeTheReference) {
   RandomInput Random;
   const Strings vsWords = {"(*OR*", "(*NOT*", " ", "  ", "SG", "PL", "DU", ")", "\t", "\xE9"};
   for (int Case = 0; Case < 20000; ++Case) {
     const std::string Old = Random.WordsOf(vsWords, 8);
     const std::string New = Random.WordsOf(vsWords, 8);
-    ASSERT_EQ(MergedValue(Old, New), Slow::MergedValue(Old, New)) << Old << " / " << New;
+    ASSERT_EQ(MergedValue(Old, New), Reference::MergedValue(Old, New)) << Old << " / " << New;
   }
 }
 
-TEST(ConstraintStore, SeesTheNeighboursOfAnEntry) {
+TEST(ConstraintStore, FindsTheNeighboursOfAnEntry) {
   const auto IsBesideOther = [](const std::string& Key, const std::string& Prefix) {
     Entries Stored = {{"1__1__B__M", "M"}, {"1__1__D__M", "M"}};
     return HasNeighbour(Stored, Stored.emplace(Key, "V").first, Prefix);
@@ -138,7 +138,7 @@ TEST(ConstraintStore, SeesTheNeighboursOfAnEntry) {
   EXPECT_FALSE(HasNeighbour(Alone, Alone.begin(), ""));
 }
 
-TEST(ConstraintStore, TakesOutWhatMerges) {
+TEST(ConstraintStore, ExtractsMergedEntries) {
   struct Case {
     const char* What;
     Entries Stored;
@@ -173,16 +173,16 @@ TEST(ConstraintStore, TakesOutWhatMerges) {
        "",
        {{}, "1__1__F__(*OR* DU)", {"DU +  > 1__1__F__(*OR* DU)"}}},
   };
-  for (const Case& Each : vCases) {
-    EXPECT_EQ(Merge(Each.Stored, Prefix, Each.Value), Each.Expected) << Each.What;
+  for (const Case& Row : vCases) {
+    EXPECT_EQ(Merge(Row.Stored, Prefix, Row.Value), Row.Expected) << Row.What;
   }
 }
 
-TEST(ConstraintStore, AddsItsMergingsToThoseThatAreThere) {
+TEST(ConstraintStore, AppendsMergingsToTheList) {
   Entries Stored = {{"1__1__F__SG", "SG"}};
   std::vector<Merging> vMergings = {{"A", "B", "C"}};
   std::string Key = "1__1__F__PL";
-  TakeOutAndMerge(Stored, ValueOf, std::string("1__1__F__").size(), Key, vMergings);
+  ExtractAndMerge(Stored, ValueOf, std::string("1__1__F__").size(), Key, vMergings);
   ASSERT_EQ(vMergings.size(), 2U);
   EXPECT_EQ(vMergings[0].NewKey, "C");
   EXPECT_EQ(vMergings[1].NewKey, Key);

@@ -1,13 +1,13 @@
-// Pins the constraint record: its six fields, how they are read from a constraint text and written
-// back, where the two disagree, how constraints are ordered, and which node a value refers to.
+// The constraint record: its six fields, reading them from a constraint text and writing them back,
+// where the two differ, the order of constraints, and the node that a value refers to.
 
 #include "Constraint.h"
 
 #include "StringUtils.h"
 #include "support/ChildProcess.h"
 #include "support/DebugLevel.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 #include "support/StreamCapture.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +34,7 @@ std::string Fields(const Constraint& Record) {
 
 constexpr const char* EmptyFields = "-1|-1|||-1|value";
 
-/// What reading a text gives: the fields and what was written on the way.
+/// The result of reading a text: the fields and the output.
 struct Reading {
   std::string Record;
   Written Streams;
@@ -53,10 +53,10 @@ std::string FormatError(const std::string& UpperText) {
 
 struct ReadCase {
   std::string Text;
-  const char* Record;  ///< without the rank, which no text gives
+  const char* Record;  ///< without the rank, which is not in the text
 };
 
-/// Reads each text and expects its fields and silence.
+/// Reads each text and expects its fields and no output.
 void ExpectRecords(const std::vector<ReadCase>& vCases) {
   for (const ReadCase& Case : vCases) {
     SCOPED_TRACE(Case.Text);
@@ -76,7 +76,7 @@ struct Perturbed {
   bool ShowsInText;
 };
 
-/// `Base` with each field changed in turn, and whether the text tells.
+/// `Base` with each field changed in turn, and whether the text shows it.
 const std::vector<Perturbed> vPerturbed = {
     {"category, other side", Constraint(1, 1, "NUM", "SG", 2, true), true},
     {"category, same side", Constraint(2, 1, "NUM", "SG", 2, true), false},
@@ -91,7 +91,7 @@ const std::vector<Perturbed> vPerturbed = {
 
 // ---- The record -------------------------------------------------------------------------------
 
-TEST(Constraint, StartsWithNothingKnown) {
+TEST(Constraint, StartsUnknown) {
   const Constraint Record;
   EXPECT_EQ(Fields(Record), EmptyFields);
   EXPECT_EQ(Record.ReturnAsString(), "((Y-1 ) = )");
@@ -106,22 +106,22 @@ TEST(Constraint, StoresSixValuesUnchecked) {
             "9|0|\0\xE9|(\xFF\0|0|value"s);
 }
 
-TEST(Constraint, CopiesCarryAllSixFields) {
-  for (const Perturbed& Each : vPerturbed) {
-    SCOPED_TRACE(Each.Field);
-    ASSERT_NE(Fields(Each.Record), Fields(Base));
-    const Constraint Copy(Each.Record);
-    EXPECT_EQ(Fields(Copy), Fields(Each.Record));
+TEST(Constraint, CopiesAllSixFields) {
+  for (const Perturbed& Variant : vPerturbed) {
+    SCOPED_TRACE(Variant.Field);
+    ASSERT_NE(Fields(Variant.Record), Fields(Base));
+    const Constraint Copy(Variant.Record);
+    EXPECT_EQ(Fields(Copy), Fields(Variant.Record));
   }
 }
 
-TEST(Constraint, MovingCopiesIt) {
-  const std::string LongValue(100, 'V');  // too long to be copied along with the string itself
+TEST(Constraint, CopiesWhenMoved) {
+  const std::string LongValue(100, 'V');  // too long to be stored in the string object itself
   Constraint Source(4, 1, LongValue + "1", LongValue + "2", 2, true);
   const std::string Expected = Fields(Source);
   const Constraint Moved(std::move(Source));
   EXPECT_EQ(Fields(Moved), Expected);
-  EXPECT_EQ(Fields(Source), Expected);  // nothing has been taken out of it
+  EXPECT_EQ(Fields(Source), Expected);  // the source is unchanged
   Constraint Assigned;
   Assigned = std::move(Source);
   EXPECT_EQ(Fields(Assigned), Expected);
@@ -132,7 +132,7 @@ TEST(Constraint, MovingCopiesIt) {
   EXPECT_EQ(Fields(Source), Expected);
 }
 
-TEST(Constraint, ATextConvertsToAConstraint) {
+TEST(Constraint, ConvertsFromText) {
   static_assert(std::is_convertible_v<std::string, Constraint>);
   const Constraint Record = std::string("(x0 = x3)");
   EXPECT_EQ(Fields(Record), "1|0|all|X3|-1|agreement");
@@ -143,21 +143,21 @@ TEST(Constraint, ATextConvertsToAConstraint) {
   EXPECT_FALSE(Record < std::string("(x0 = x3)"));
 }
 
-TEST(Constraint, AssignmentReplacesAllSixFieldsAndReturnsNothing) {
+TEST(Constraint, AssignsAllSixFieldsAndReturnsNothing) {
   static_assert(std::is_void_v<decltype(std::declval<Constraint&>() = Base)>);
-  for (const Perturbed& Each : vPerturbed) {
-    SCOPED_TRACE(Each.Field);
+  for (const Perturbed& Variant : vPerturbed) {
+    SCOPED_TRACE(Variant.Field);
     Constraint Filled(Base);
-    ASSERT_NE(Fields(Filled), Fields(Each.Record));
-    Filled = Each.Record;
-    EXPECT_EQ(Fields(Filled), Fields(Each.Record));
+    ASSERT_NE(Fields(Filled), Fields(Variant.Record));
+    Filled = Variant.Record;
+    EXPECT_EQ(Fields(Filled), Fields(Variant.Record));
     const Constraint& Same = Filled;
     Filled = Same;
-    EXPECT_EQ(Fields(Filled), Fields(Each.Record));
+    EXPECT_EQ(Fields(Filled), Fields(Variant.Record));
   }
 }
 
-TEST(Constraint, EachSetterChangesItsOwnFieldAlone) {
+TEST(Constraint, SetsOneFieldAtATime) {
   Constraint Record(Base);
   Record.SetCategory(2);
   EXPECT_EQ(Fields(Record), "2|1|NUM|SG|2|value");
@@ -175,14 +175,14 @@ TEST(Constraint, EachSetterChangesItsOwnFieldAlone) {
   EXPECT_EQ(Fields(Record), "2|-12|agr gen|(y2|-5|value");
 }
 
-TEST(Constraint, GettersReturnCopies) {
+TEST(Constraint, ReturnsCopies) {
   const Constraint Record(Base);
   Record.GetFeature().append("!");
   Record.GetFeatValue().append("!");
   EXPECT_EQ(Fields(Record), Fields(Base));
 }
 
-TEST(Constraint, TakesTheFourCategories) {
+TEST(Constraint, AcceptsFourCategories) {
   for (const int Category : {1, 2, 3, 4}) {
     Constraint Record;
     Record.SetCategory(Category);
@@ -190,7 +190,7 @@ TEST(Constraint, TakesTheFourCategories) {
   }
 }
 
-TEST(Constraint, AnyOtherCategoryEndsTheProcess) {
+TEST(Constraint, EndsTheProcessOnAnyOtherCategory) {
   for (const int Category : {0, 5, -1, INT_MAX, INT_MIN}) {
     SCOPED_TRACE(Category);
     EXPECT_EQ(RunInChild([&] { Constraint().SetCategory(Category); }),
@@ -222,14 +222,14 @@ TEST(Constraint, ReadsLiteralsAndStringsAlike) {
   EXPECT_EQ(Fields(Constraint("(x0 = x3)"s)), "1|0|all|X3|-1|agreement");
 }
 
-TEST(Constraint, DoesNotTellSmallLettersFromCapitals) {
+TEST(Constraint, IgnoresCase) {
   EXPECT_NE(Read("(X0 = X4)").Record, Read("(x0 = x3)").Record);
   for (const std::string& sText : ConstraintSamples) {
     EXPECT_EQ(Read(StringUtils::StringToUpper(sText)).Record, Read(sText).Record) << sText;
   }
 }
 
-TEST(Constraint, TakesItsCategoryFromTheNodesOnBothSides) {
+TEST(Constraint, DerivesTheCategoryFromTheNodesOnBothSides) {
   ExpectRecords({
       {"((x1 num) = next)", "1|1|NUM|NEXT|value"},
       {"((y0 num) = sg)", "3|0|NUM|SG|value"},
@@ -238,8 +238,8 @@ TEST(Constraint, TakesItsCategoryFromTheNodesOnBothSides) {
       {"((y1 tense) = next)", "2|1|TENSE|NEXT|value"},
       {"((y0 tense) = next)", "2|0|TENSE|NEXT|value"},
       {"((y1 num) = (*or* x1 sg))", "2|1|NUM|(*OR* X1 SG)|value"},
-      {"((y1 num) = x", "4|1|NUM||value"},          // the value is lost, its letter with it
-      {"((y1 num) = (x2))", "4|1|NUM||agreement"},  // so is that of a node without a feature
+      {"((y1 num) = x", "4|1|NUM||value"},          // the value is lost, and its letter
+      {"((y1 num) = (x2))", "4|1|NUM||agreement"},  // so is the value of a node without a feature
       {"((y01 num) = sg)", "3|1|NUM|SG|value"},
       {"((y10 num) = sg)", "4|10|NUM|SG|value"},
       {"((y1 (x num) = sg)", "1|1|(XNUM|SG|value"},
@@ -256,7 +256,7 @@ TEST(Constraint, TakesItsCategoryFromTheNodesOnBothSides) {
   });
 }
 
-TEST(Constraint, ReadsTheIndexBehindTheNodeLetter) {
+TEST(Constraint, ReadsTheIndexAfterTheNodeLetter) {
   ExpectRecords({
       {"((x12 num) = sg)", "1|12|NUM|SG|value"},
       {"((x007 num) = sg)", "1|7|NUM|SG|value"},
@@ -272,7 +272,7 @@ TEST(Constraint, ReadsTheIndexBehindTheNodeLetter) {
   });
 }
 
-TEST(Constraint, NodeWithoutFeatureEndsTheIndexAtTheSign) {
+TEST(Constraint, EndsTheIndexAtTheSignWithoutAFeature) {
   ExpectRecords({
       {"((x0)=x1)", "1|0||X1|value"},
       {"((x12) = x1)", "1|12||X1|value"},
@@ -281,7 +281,7 @@ TEST(Constraint, NodeWithoutFeatureEndsTheIndexAtTheSign) {
   });
 }
 
-TEST(Constraint, KeepsOnlyTheBlankBehindADigit) {
+TEST(Constraint, KeepsOnlyTheBlankAfterADigit) {
   ExpectRecords({
       {"((x1 num)=sg)", "1|1|NUM|SG|value"},
       {"((x1\tnum)\n=\v\fsg)", "1|1|NUM|SG|value"},
@@ -299,7 +299,7 @@ TEST(Constraint, KeepsOnlyTheBlankBehindADigit) {
   });
 }
 
-TEST(Constraint, TakesAValueUpToItsFirstParenthesis) {
+TEST(Constraint, ReadsAValueUpToItsFirstParenthesis) {
   ExpectRecords({
       {"((y1 num) = sg", "4|1|NUM||value"},
       {"((y1 num) = sg) and more)", "4|1|NUM|SG|value"},
@@ -322,7 +322,7 @@ TEST(Constraint, TakesAValueUpToItsFirstParenthesis) {
   });
 }
 
-TEST(Constraint, PassesOtherBytesThrough) {
+TEST(Constraint, KeepsOtherBytes) {
   ExpectRecords({
       {"((y1 num) = sg)\r\n", "4|1|NUM|SG|value"},
       {"((y1 num) =\r\n sg)", "4|1|NUM|SG|value"},
@@ -336,22 +336,22 @@ TEST(Constraint, PassesOtherBytesThrough) {
   EXPECT_EQ(Read("(x0 = \0x3)"s).Record, "1|0|all|\0X3|-1|agreement"s);
 }
 
-TEST(Constraint, LooksAtAHundredThousandBytesBehindACut) {
+TEST(Constraint, ReadsAHundredThousandBytesAfterASplit) {
   struct Case {
     std::string Start;
     std::size_t Written;
     std::size_t Kept;
   };
-  // The right side is cut twice: once with its leading blank, once without its blanks, and only
-  // the second one decides whether there is a value. A leading blank cuts the whole text.
+  // The right side is truncated twice: with its leading blank, and without its blanks. Only the
+  // second decides whether there is a value. A leading blank truncates the whole text.
   const std::vector<Case> vCases = {
       {"((x1 num) = ", 99998, 99998}, {"((x1 num) = ", 99999, 99999},  {"((x1 num) = ", 100000, 0},
       {"((x1 num) = ", 100001, 0},    {" ((x1 num) = ", 99987, 99987}, {" ((x1 num) = ", 99988, 0},
   };
-  for (const Case& Each : vCases) {
-    SCOPED_TRACE(Each.Written);
-    const Constraint Record(Each.Start + std::string(Each.Written, 'V') + ")");
-    EXPECT_EQ(Fields(Record), "1|1|NUM|" + std::string(Each.Kept, 'V') + "|-1|value");
+  for (const Case& Row : vCases) {
+    SCOPED_TRACE(Row.Written);
+    const Constraint Record(Row.Start + std::string(Row.Written, 'V') + ")");
+    EXPECT_EQ(Fields(Record), "1|1|NUM|" + std::string(Row.Kept, 'V') + "|-1|value");
   }
 }
 
@@ -385,14 +385,14 @@ TEST(Constraint, ReportsATextWithoutTwoSides) {
   }
 }
 
-TEST(Constraint, ReportQuotesTheWholeTextInCapitals) {
+TEST(Constraint, ReportsTheWholeTextInCapitals) {
   EXPECT_EQ(Read(" x0 \n").Streams,
             (Written{"",
                      "ERROR in Constraint::Constraint(string): Constraint was not in correct "
                      "format:| X0 \n|\n"}));
 }
 
-TEST(Constraint, IsSilentWhereOneOfTwoSidesIsBlank) {
+TEST(Constraint, PrintsNothingWhenOneOfTwoSidesIsBlank) {
   ExpectRecords({
       {"x0 = =", "-1|-1|||value"},
       {"= = x0", "-1|-1|||value"},
@@ -456,12 +456,12 @@ TEST(Constraint, ReadsAlikeAtEveryDebugLevel) {
 
 // ---- Reading, step by step --------------------------------------------------------------------
 //
-// SlowTwinTest.cpp goes on with damaged texts.
+// ReferenceImplementationTest.cpp does the same with damaged texts.
 
 namespace {
 
 void ExpectReadsLikeTheSlowReader(const std::string& Text) {
-  const Slow::Reading Expected = Slow::Read(Text);
+  const Reference::Reading Expected = Reference::Read(Text);
   const Reading Result = Read(Text);
   ASSERT_EQ(Result.Record, Fields(Expected.Record)) << Text;
   ASSERT_EQ(Result.Streams, (Written{"", Expected.Err})) << Text;
@@ -469,7 +469,7 @@ void ExpectReadsLikeTheSlowReader(const std::string& Text) {
 
 }  // namespace
 
-TEST(Constraint, ReadsEveryPrefixOfTheSampleTextsStepByStep) {
+TEST(Constraint, ReadsEveryPrefixOfTheSampleTextsLikeTheReference) {
   for (const std::string& sText : ConstraintSamples) {
     for (std::size_t Size = 0; Size <= sText.size(); ++Size) {
       for (const char* Ending : {"", "\r\n", "\n", ")", " = x1)", "="}) {
@@ -479,14 +479,14 @@ TEST(Constraint, ReadsEveryPrefixOfTheSampleTextsStepByStep) {
   }
 }
 
-// ---- Reading in one go ------------------------------------------------------------------------
+// ---- Reading in one pass ----------------------------------------------------------------------
 //
-// What is not in the usual form is read step by step and comes out the same, only later; so the
-// tests above would not notice if nothing were read in one go.
+// The step-by-step reader has the same results, only more slowly, so the tests above would not
+// notice if no text were read in one pass.
 
 // ---- Writing ----------------------------------------------------------------------------------
 
-TEST(Constraint, WritesAValueAWholeNodeOrANodesFeature) {
+TEST(Constraint, WritesValuesWholeNodesAndFeatures) {
   struct Case {
     Constraint Record;
     std::string Text;
@@ -510,12 +510,12 @@ TEST(Constraint, WritesAValueAWholeNodeOrANodesFeature) {
       {Constraint(-1, INT_MIN, "F", "V", -1, true), "((Y-2147483648 F) = V)"},
       {Constraint(1, 1, "\0\xE9"s, "\xFF\0"s, 9, true), "((X1 \0\xE9) = \xFF\0)"s},
   };
-  for (const Case& Each : vCases) {
-    EXPECT_EQ(Each.Record.ReturnAsString(), Each.Text);
+  for (const Case& Row : vCases) {
+    EXPECT_EQ(Row.Record.ReturnAsString(), Row.Text);
   }
 }
 
-TEST(Constraint, IsWrittenBackWithWhatTheReaderKept) {
+TEST(Constraint, WritesBackWhatTheReaderKept) {
   struct Case {
     const char* Text;
     const char* Back;
@@ -539,12 +539,12 @@ TEST(Constraint, IsWrittenBackWithWhatTheReaderKept) {
       {"((z1 num) = sg)", "((Y0 NUM) = SG)"},
       {"x0 = =", "((Y-1 ) = )"},
   };
-  for (const Case& Each : vCases) {
-    EXPECT_EQ(Constraint(Each.Text).ReturnAsString(), Each.Back);
+  for (const Case& Row : vCases) {
+    EXPECT_EQ(Constraint(Row.Text).ReturnAsString(), Row.Back);
   }
 }
 
-TEST(Constraint, TextIsStableAfterItsFirstRewriting) {
+TEST(Constraint, WritesAStableTextAfterTheFirstRewriting) {
   for (const std::string& sText : ConstraintSamples) {
     const Constraint Once(sText);
     ASSERT_NE(Once.ReturnAsString(), sText);
@@ -554,7 +554,7 @@ TEST(Constraint, TextIsStableAfterItsFirstRewriting) {
   }
 }
 
-TEST(Constraint, TextDoesNotTellCategories2To4Apart) {
+TEST(Constraint, WritesCategories2To4Alike) {
   for (const int Category : {2, 3, 4}) {
     const Constraint Record(Category, 1, "NUM", "X1", -1, true);
     EXPECT_EQ(Record.ReturnAsString(), "((Y1 NUM) = X1)");
@@ -564,7 +564,7 @@ TEST(Constraint, TextDoesNotTellCategories2To4Apart) {
 
 // ---- The agreed index -------------------------------------------------------------------------
 
-TEST(Constraint, AgreedIndexStandsBehindTheLastNodeLetter) {
+TEST(Constraint, FindsTheAgreedIndexAfterTheLastNodeLetter) {
   struct Case {
     std::string Text;
     int Index;
@@ -603,12 +603,12 @@ TEST(Constraint, AgreedIndexStandsBehindTheLastNodeLetter) {
       {"X" + std::string(999, '0') + "5", 5},
       {"X" + std::string(1000, '0') + "5", 0},
   };
-  for (const Case& Each : vCases) {
-    EXPECT_EQ(Base.GetAgreedIndex(Each.Text), Each.Index) << Each.Text;
+  for (const Case& Row : vCases) {
+    EXPECT_EQ(Base.GetAgreedIndex(Row.Text), Row.Index) << Row.Text;
   }
 }
 
-TEST(Constraint, AgreedIndexLooksAtItsArgumentAlone) {
+TEST(Constraint, FindsTheAgreedIndexInItsArgumentOnly) {
   for (const Constraint& Record : {Constraint(), Base, Constraint(1, 9, "X8", "(Y7", 6, false)}) {
     EXPECT_EQ(Record.GetAgreedIndex("(Y2"), 2);
     EXPECT_EQ(Record.GetAgreedIndex("SG"), -1);
@@ -636,18 +636,18 @@ TEST(Constraint, SortsByTextByteByByte) {
   }
 }
 
-TEST(Constraint, FieldsThatTheTextHidesDoNotCountInTheOrder) {
+TEST(Constraint, IgnoresHiddenFieldsInTheOrder) {
   EXPECT_FALSE(Base < Base);
-  for (const Perturbed& Each : vPerturbed) {
-    SCOPED_TRACE(Each.Field);
-    ASSERT_NE(Fields(Each.Record), Fields(Base));
-    EXPECT_EQ(Each.Record.ReturnAsString() != Base.ReturnAsString(), Each.ShowsInText);
-    EXPECT_EQ((Each.Record < Base) != (Base < Each.Record), Each.ShowsInText);
-    EXPECT_FALSE(Each.Record < Base && Base < Each.Record);
+  for (const Perturbed& Variant : vPerturbed) {
+    SCOPED_TRACE(Variant.Field);
+    ASSERT_NE(Fields(Variant.Record), Fields(Base));
+    EXPECT_EQ(Variant.Record.ReturnAsString() != Base.ReturnAsString(), Variant.ShowsInText);
+    EXPECT_EQ((Variant.Record < Base) != (Base < Variant.Record), Variant.ShowsInText);
+    EXPECT_FALSE(Variant.Record < Base && Base < Variant.Record);
   }
 }
 
-TEST(Constraint, SetsKeepOneOfSeveralWithTheSameText) {
+TEST(Constraint, KeepsOneOfSeveralWithTheSameTextInASet) {
   const std::set<Constraint> sConstraints = {Base, Constraint(4, 1, "NUM", "SG", 3, true),
                                              Constraint(2, 1, "NUM", "SG", 2, true),
                                              Constraint(4, 1, "NUM", "PL", 2, true)};

@@ -1,11 +1,11 @@
-// Pins the common form of constraint texts: which texts are in it, what it is taken apart into, and
-// that what a record keeps of it is what the lenient rules give.
+// The common form of constraint texts: which texts are in it, their parts, and that the stored
+// fields are those of the lenient rules.
 
 #include "ConstraintText.h"
 
 #include "support/RandomInput.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 
 #include <gtest/gtest.h>
 
@@ -55,15 +55,16 @@ std::string NameOf(RightKind Kind) {
   return "";
 }
 
-/// Checks that side and number of a node are those of its text, which it gives.
+/// Checks that side and number of a node match its text, and returns the text.
 std::string TextOf(const NodeText& Node) {
   const std::string Text(Node.Text);
-  EXPECT_EQ(Slow::Upper(Text.substr(0, 1)), std::string(1, Node.Side)) << Text;
+  EXPECT_EQ(Reference::Upper(Text.substr(0, 1)), std::string(1, Node.Side)) << Text;
   EXPECT_EQ(Node.Index, std::atoi(Text.substr(1).c_str())) << Text;
   return Text;
 }
 
-/// The parts in the order of `Slow::ConstraintParts`, in an object that has held others before.
+/// The parts in the order of `Reference::ConstraintParts`, parsed into an object that has held
+/// other parts before.
 std::optional<Strings> PartsOf(const std::string& Text) {
   ConstraintParts Parts;
   ParseCommonForm("((y9 before) = (y8 before))", Parts);
@@ -85,7 +86,7 @@ const std::string ConstraintBytes = "()=* xyXY0129-\t\r_orOR\0\xE9"s;
 
 }  // namespace
 
-TEST(ConstraintText, TakesTheCommonFormApart) {
+TEST(ConstraintText, ParsesTheCommonForm) {
   const std::pair<std::string, Strings> Cases[] = {
       {"(x0 = x3)", {"x0", "", "=", "node", "x3", "x3", "", "x3"}},
       {"(Y0 == X10)", {"Y0", "", "==", "node", "X10", "X10", "", "X10"}},
@@ -104,11 +105,11 @@ TEST(ConstraintText, TakesTheCommonFormApart) {
   };
   for (const auto& [Text, vsExpected] : Cases) {
     EXPECT_EQ(PartsOf(Text), std::optional(vsExpected)) << Text;
-    EXPECT_EQ(Slow::ConstraintParts(Text), std::optional(vsExpected)) << Text;
+    EXPECT_EQ(Reference::ConstraintParts(Text), std::optional(vsExpected)) << Text;
   }
 }
 
-TEST(ConstraintText, PartsPointIntoTheText) {
+TEST(ConstraintText, ReturnsViewsOfTheText) {
   const std::string Text = "((x1 num) = (y2 gen))";
   ConstraintParts Parts;
   ASSERT_TRUE(ParseCommonForm(Text, Parts));
@@ -120,16 +121,16 @@ TEST(ConstraintText, PartsPointIntoTheText) {
   EXPECT_EQ(Parts.RightFeature.data(), Text.data() + 16);
 }
 
-TEST(ConstraintText, TakesEveryPrefixApartAsTheReferenceDoes) {
+TEST(ConstraintText, ParsesEveryPrefixLikeTheReference) {
   for (const std::string& sSample : ConstraintSamples) {
     for (std::size_t Size = 0; Size <= sSample.size(); ++Size) {
       const std::string Prefix = sSample.substr(0, Size);
-      EXPECT_EQ(PartsOf(Prefix), Slow::ConstraintParts(Prefix)) << Prefix;
+      EXPECT_EQ(PartsOf(Prefix), Reference::ConstraintParts(Prefix)) << Prefix;
     }
   }
 }
 
-TEST(ConstraintText, TakesRandomTextsApartAsTheReferenceDoes) {
+TEST(ConstraintText, ParsesRandomTextsLikeTheReference) {
   RandomInput Random;
   const Strings vsWords = {"((x1 ", "(y0",  " ",      "num",     ") = ", " = ", "==",
                            "x3",    "(y2 ", "(*OR* ", "(*not* ", "sg",   ")",   "))"};
@@ -138,19 +139,20 @@ TEST(ConstraintText, TakesRandomTextsApartAsTheReferenceDoes) {
     const std::string Text = Case % 2 == 0
                                  ? Random.Damaged(Random.Pick(ConstraintSamples), ConstraintBytes)
                                  : Random.WordsOf(vsWords, 7);
-    const std::optional<Strings> vsExpected = Slow::ConstraintParts(Text);
+    const std::optional<Strings> vsExpected = Reference::ConstraintParts(Text);
     ASSERT_EQ(PartsOf(Text), vsExpected) << Text;
     if (vsExpected) {
       ConstraintParts Parts;
       ParseCommonForm(Text, Parts);
-      ASSERT_EQ(FieldsOf(FieldsOfCommonForm(Parts)), FieldsOf(Slow::Read(Text).Record)) << Text;
+      ASSERT_EQ(FieldsOf(FieldsOfCommonForm(Parts)), FieldsOf(Reference::Read(Text).Record))
+          << Text;
       ++Taken;
     }
   }
   EXPECT_GT(Taken, 1000);
 }
 
-TEST(ConstraintText, WritesNamesInOneWord) {
+TEST(ConstraintText, WritesNamesAsOneWord) {
   const std::pair<std::string, std::string> Cases[] = {
       {"", ""},
       {"num", "NUM"},
@@ -167,7 +169,7 @@ TEST(ConstraintText, WritesNamesInOneWord) {
   }
 }
 
-TEST(ConstraintText, LeavesTheFieldsAloneWhereATextCannotBeRead) {
+TEST(ConstraintText, LeavesTheFieldsUnchangedOnAnUnreadableText) {
   const std::pair<std::string, bool> Cases[] = {
       {"", false},
       {"x", false},
@@ -208,7 +210,7 @@ TEST(ConstraintText, FindsTheIndexThatAValueRefersTo) {
   }
 }
 
-TEST(ConstraintText, ReadsTheCommonFormAsTheLenientRulesDo) {
+TEST(ConstraintText, ReadsTheCommonFormLikeTheLenientRules) {
   const std::string Word = "+-_0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
   for (const std::string& sText :
        {"(x0 = x3)"s, "(Y0 = X0)"s, "(x12 == y345678901)"s, "(y1 == (y0 det))"s, "((x0 det) = x1)"s,
@@ -219,7 +221,8 @@ TEST(ConstraintText, ReadsTheCommonFormAsTheLenientRulesDo) {
         "((x1 num) = (*OR* " + Word + "))"}) {
     ConstraintParts Parts;
     ASSERT_TRUE(ParseCommonForm(sText, Parts)) << sText;
-    EXPECT_EQ(FieldsOf(FieldsOfCommonForm(Parts)), FieldsOf(Slow::Read(sText).Record)) << sText;
+    EXPECT_EQ(FieldsOf(FieldsOfCommonForm(Parts)), FieldsOf(Reference::Read(sText).Record))
+        << sText;
   }
 }
 

@@ -1,6 +1,6 @@
-// Pins the order of numbers that depend on each other: by levels, ascending within a level, with
-// references that do not count and cycles that cannot be ordered; also against a slow twin that
-// makes one pass after the other.
+// The order of numbers that depend on each other: by levels, ascending within a level, with
+// references that do not count and cycles that have no order; also against a reference
+// implementation that makes one pass after another.
 
 #include "DependencyOrder.h"
 
@@ -24,10 +24,10 @@ using Ints = std::vector<int>;
 /// Each key with the numbers that it refers to.
 using DependencyTable = std::map<int, std::set<int>>;
 
-/// An order and whether every key has its place in it.
+/// An order, and whether it contains every key.
 using Result = std::pair<bool, Ints>;
 
-/// The references of a table; a key without any refers to itself, which does not count.
+/// The references of a table. A key without references refers to itself, which does not count.
 std::vector<Reference> ReferencesOf(const DependencyTable& misiTable) {
   std::vector<Reference> vReferences;
   for (const auto& [Key, siDependencies] : misiTable) {
@@ -39,7 +39,7 @@ std::vector<Reference> ReferencesOf(const DependencyTable& misiTable) {
 }
 
 Result OrderOfReferences(const std::vector<Reference>& vReferences) {
-  Ints vOrder{99, 98};  // what stood there before must not stay
+  Ints vOrder{99, 98};  // must be replaced
   const bool Complete = OrderByDependency(vReferences, vOrder);
   return {Complete, vOrder};
 }
@@ -48,8 +48,8 @@ Result OrderOf(const DependencyTable& misiTable) {
   return OrderOfReferences(ReferencesOf(misiTable));
 }
 
-/// One pass: drops the references that do not count, then takes out the keys that wait for nothing.
-bool SlowPass(DependencyTable& misiTable, Ints& vOrder) {
+/// One pass: drops the references that do not count, then moves the keys that wait for nothing.
+bool ReferencePass(DependencyTable& misiTable, Ints& vOrder) {
   DependencyTable misiPruned;
   for (const auto& [Key, siDependencies] : misiTable) {
     misiPruned[Key];
@@ -72,16 +72,16 @@ bool SlowPass(DependencyTable& misiTable, Ints& vOrder) {
   return CouldProceed;
 }
 
-Result SlowOrderOf(DependencyTable misiTable) {
+Result ReferenceOrder(DependencyTable misiTable) {
   Ints vOrder;
   bool CouldProceed = true;
   while (!misiTable.empty() && CouldProceed) {
-    CouldProceed = SlowPass(misiTable, vOrder);
+    CouldProceed = ReferencePass(misiTable, vOrder);
   }
   return {misiTable.empty(), vOrder};
 }
 
-/// A table of some keys; without `Damage`, a key depends on larger keys alone.
+/// A table of random keys; without `Damage`, a key depends only on larger keys.
 DependencyTable RandomTable(std::mt19937& Engine, bool Damage) {
   DependencyTable misiTable;
   const unsigned long Range = 2 + Engine() % 10;
@@ -98,7 +98,7 @@ DependencyTable RandomTable(std::mt19937& Engine, bool Damage) {
 
 }  // namespace
 
-TEST(DependencyOrder, GoesByLevelsAndAscendsWithinALevel) {
+TEST(DependencyOrder, OrdersByLevelAndAscendsWithinALevel) {
   const std::pair<DependencyTable, Ints> Cases[] = {
       {{}, {}},
       {{{5, {}}}, {5}},
@@ -117,7 +117,7 @@ TEST(DependencyOrder, GoesByLevelsAndAscendsWithinALevel) {
   }
 }
 
-TEST(DependencyOrder, IgnoresReferencesToItselfAndToWhatIsNoKey) {
+TEST(DependencyOrder, IgnoresReferencesToItselfAndToOtherNumbers) {
   EXPECT_EQ(OrderOf({{0, {0}}}), Result(true, {0}));
   EXPECT_EQ(OrderOf({{0, {3}}}), Result(true, {0}));
   EXPECT_EQ(OrderOf({{2, {2, 9}}, {1, {1}}}), Result(true, {1, 2}));
@@ -128,7 +128,7 @@ TEST(DependencyOrder, OrdersTheWholeNodeBeforeWhatAgreesWithIt) {
   EXPECT_EQ(OrderOf({{0, {1}}, {1, {}}}), Result(true, {1, 0}));
 }
 
-TEST(DependencyOrder, LeavesOutACycleAndWhatWaitsForIt) {
+TEST(DependencyOrder, OmitsACycleAndItsDependents) {
   const std::pair<DependencyTable, Ints> Cases[] = {
       {{{1, {2}}, {2, {1}}}, {}},
       {{{1, {2}}, {2, {3}}, {3, {1}}}, {}},
@@ -142,7 +142,7 @@ TEST(DependencyOrder, LeavesOutACycleAndWhatWaitsForIt) {
   }
 }
 
-TEST(DependencyOrder, TakesAnyNumberOfLevels) {
+TEST(DependencyOrder, OrdersAnyNumberOfLevels) {
   constexpr int Levels = 500;
   DependencyTable misiChain;
   Ints vExpected;
@@ -155,21 +155,21 @@ TEST(DependencyOrder, TakesAnyNumberOfLevels) {
   EXPECT_EQ(OrderOf(misiChain), Result(false, {}));
 }
 
-TEST(DependencyOrder, OrdersAsItsTwinDoesOnRandomTables) {
+TEST(DependencyOrder, OrdersRandomTablesLikeTheReference) {
   constexpr unsigned Seed = 10401;
   std::mt19937 Engine(Seed);
   for (int Round = 0; Round < 4000; ++Round) {
     const DependencyTable misiTable = RandomTable(Engine, Round % 2 == 1);
     SCOPED_TRACE(testing::Message() << "seed " << Seed << " round " << Round << ' '
                                     << testing::PrintToString(misiTable));
-    EXPECT_EQ(OrderOf(misiTable), SlowOrderOf(misiTable));
+    EXPECT_EQ(OrderOf(misiTable), ReferenceOrder(misiTable));
     if (Round % 2 == 0) {
       EXPECT_TRUE(OrderOf(misiTable).first);
     }
   }
 }
 
-TEST(DependencyOrder, TakesReferencesInAnyOrderAndSeveralTimes) {
+TEST(DependencyOrder, AcceptsReferencesInAnyOrderAndRepeated) {
   const std::vector<Reference> vReferences{{4, 4}, {2, 3}, {1, 2}, {2, 3}, {1, 9}, {1, 2}, {4, 4}};
   EXPECT_EQ(OrderOfReferences(vReferences), Result(true, {2, 4, 1}));
   EXPECT_EQ(OrderOfReferences({vReferences.rbegin(), vReferences.rend()}), Result(true, {2, 4, 1}));

@@ -1,5 +1,5 @@
-// Pins the demonstration driver: its whole output, byte for byte, its status, and what its script
-// shows on the way.
+// The demonstration driver: its whole output, byte for byte, its status, and the steps of its
+// script.
 
 #include "BuildPaths.h"
 #include "TrRule.h"
@@ -22,7 +22,7 @@
 
 namespace {
 
-/// Runs the driver in a child process, after the child has been prepared.
+/// Runs the driver in a child process, after preparing the child.
 ChildEnd RunDriver(
     const std::vector<std::string>& vsArguments = {}, const std::function<void()>& Prepare = [] {},
     const char* Program = BuildPaths::DriverProgram) {
@@ -39,7 +39,7 @@ ChildEnd RunDriver(
   });
 }
 
-/// What the driver should write.
+/// The expected output of the driver.
 std::string Golden() {
   std::ifstream File(std::string(BuildPaths::SourceFolder) + "/tests/data/driver_output.txt",
                      std::ios::binary);
@@ -48,7 +48,7 @@ std::string Golden() {
 
 const std::string Done = "----------- Done printing Rule 1 (R1) -----------------\n";
 
-/// What stands between two lines of the output, the second of which may occur more often.
+/// The output between two lines, the second of which may occur more than once.
 std::string Between(const std::string& Output, const std::string& Begin, const std::string& End) {
   const std::size_t Start = Output.find(Begin);
   EXPECT_NE(Start, std::string::npos) << Begin;
@@ -96,7 +96,7 @@ const std::string Queries =
 
 }  // namespace
 
-TEST(Driver, WritesItsGoldenOutput) {
+TEST(Driver, WritesTheGoldenOutput) {
   const std::string Expected = Golden();
   ASSERT_FALSE(Expected.empty());
   EXPECT_EQ(RunDriver(), (ChildEnd{0, Expected, ""}));
@@ -135,8 +135,8 @@ TEST(Driver, PrintsTheOneCategoryLeftAndNoDeletionMessage) {
   EXPECT_EQ(Between(RunDriver().Out, "implementation\n\n", Banner3), "4\n");
 }
 
-// The driver's message depends on the second result alone.
-TEST(Driver, ErasesOnlyWhatIsOfTheCategoriesLeft) {
+// The message of the driver depends only on the second result.
+TEST(Driver, ErasesOnlyInTheRemainingCategories) {
   TrRule R1;
   ASSERT_TRUE(R1.SetTrRuleFromString(SampleText));
   R1.SetConstraint(1, "num", "sg", "", -1, 4);
@@ -147,11 +147,11 @@ TEST(Driver, ErasesOnlyWhatIsOfTheCategoriesLeft) {
   EXPECT_NE(Printed(R1), SamplePrinted);
 }
 
-TEST(Driver, TakesNoArguments) {
+TEST(Driver, IgnoresArguments) {
   EXPECT_EQ(RunDriver({"--help", "rule.txt"}), (ChildEnd{0, Golden(), ""}));
 }
 
-TEST(Driver, ReadsNoInput) {
+TEST(Driver, IgnoresInput) {
   struct CloseFile {
     void operator()(std::FILE* File) const { std::fclose(File); }
   };
@@ -165,20 +165,20 @@ TEST(Driver, ReadsNoInput) {
   EXPECT_EQ(RunDriver({}, [] { close(STDIN_FILENO); }), (ChildEnd{0, Golden(), ""}));
 }
 
-TEST(Driver, ReturnsZeroEvenWhereNothingCanBeWritten) {
+TEST(Driver, ReturnsZeroWhenNothingCanBeWritten) {
   EXPECT_EQ(RunDriver({}, [] { dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO); }),
             (ChildEnd{0, "", ""}));
 }
 
-// The watch reports the rule of its own, which shows that it works, and no other.
-TEST(Driver, ReleasesNoRuleBeforeTheProcessEnds) {
+// The watch reports only its own rule, which shows that it works.
+TEST(Driver, KeepsTheRuleUntilTheProcessEnds) {
   const auto AsItIs = [] {};
   EXPECT_EQ(RunDriver({}, AsItIs, BuildPaths::WatchedDriverProgram),
             (ChildEnd{0, Golden(), "a rule was released\n"}));
 }
 
-// Each flush is one packet of the socket that stands for standard output here.
-TEST(Driver, FlushesEachLineThatItPrintsAndNoneOfTheTextsThatItWrites) {
+// Each flush is one packet of the socket that replaces standard output.
+TEST(Driver, FlushesEachPrintedLineAndNoWrittenText) {
   std::array<int, 2> Ends{};
   ASSERT_EQ(socketpair(AF_UNIX, SOCK_SEQPACKET, 0, Ends.data()), 0);
   EXPECT_EQ(RunDriver({}, [&] { dup2(Ends[1], STDOUT_FILENO); }), (ChildEnd{0, "", ""}));
@@ -189,7 +189,7 @@ TEST(Driver, FlushesEachLineThatItPrintsAndNoneOfTheTextsThatItWrites) {
     vsPackets.emplace_back(Buffer.data(), static_cast<std::size_t>(Size));
   }
   close(Ends[0]);
-  // The header and the texts that are only written go out with the line that follows them.
+  // Lines that are not flushed are written together with the next flushed line.
   Strings vsExpected{""};
   for (const std::string& sLine : LinesOf(Golden())) {
     vsExpected.back() += sLine;

@@ -1,12 +1,13 @@
-// Every short text over the bytes that mean something: the constraint reader, the order of
-// alignments and the tokenizer give what their slow twins give (support/SlowTwins.h). Each first
-// byte is a test of its own, so that they can run side by side.
+// Every short text over the bytes that have a meaning: the constraint reader, the order of
+// alignments and the tokenizer agree with the reference implementation
+// (support/ReferenceImplementation.h). Each first byte is a separate test, so that they can run in
+// parallel.
 
 #include "AlignmentText.h"
 #include "Constraint.h"
 #include "Tokenizer.h"
 #include "TrRule.h"
-#include "support/FastTwins.h"
+#include "support/LibraryResults.h"
 
 #include <gtest/gtest.h>
 
@@ -20,8 +21,8 @@ namespace {
 
 constexpr std::size_t MaxLength = 6;
 
-/// Gives each text of up to `MaxLength` bytes that begins with a given one to the code, up to the
-/// first that the code is not content with.
+/// Calls the code with each text of up to `MaxLength` bytes that begins with a given byte, until it
+/// returns false.
 template <typename CodeT>
 void ForEachText(const std::string& Start, const std::string& Alphabet, CodeT Code) {
   Code(Start);
@@ -33,7 +34,7 @@ void ForEachText(const std::string& Start, const std::string& Alphabet, CodeT Co
   }
 }
 
-/// Takes what goes to std::cerr, in one string that is used again for each text.
+/// Captures std::cerr in one string that is reused for each text.
 class ErrorCollector : public std::streambuf {
  public:
   ErrorCollector() : OldErr(std::cerr.rdbuf(this)) {}
@@ -59,7 +60,7 @@ class ErrorCollector : public std::streambuf {
   std::streambuf* OldErr;
 };
 
-/// A name for the test of a byte, which may be no part of a name itself.
+/// The name of the test of a byte, which a name may not contain itself.
 std::string NameOfByte(const testing::TestParamInfo<char>& Info) {
   return "FromByte" + std::to_string(static_cast<unsigned char>(Info.param));
 }
@@ -84,19 +85,19 @@ class EveryShortConstraintText : public testing::TestWithParam<char> {};
 
 }  // namespace
 
-TEST_P(EveryShortConstraintText, IsReadAsItsTwinReadsIt) {
+TEST_P(EveryShortConstraintText, IsReadLikeTheReference) {
   ErrorCollector Errors;
   int Refused = 0;
   int Read = 0;
   ForEachText(std::string(1, GetParam()), ConstraintAlphabet, [&](const std::string& Text) {
-    const Slow::Reading Expected = Slow::Read(Text);
+    const Reference::Reading Expected = Reference::Read(Text);
     Errors.Text.clear();
     const Constraint Record(Text);
     ASSERT_EQ(Errors.Text, Expected.Err);
     ASSERT_TRUE(HaveSameFields(Record, Expected.Record)) << Text;
     ++(Errors.Text.empty() ? Read : Refused);
   });
-  EXPECT_EQ(Read + Refused, 37449);  // all eight bytes together give 299,592 texts
+  EXPECT_EQ(Read + Refused, 37449);  // 299,592 texts for all eight bytes
   EXPECT_GT(Read, 1000);
   EXPECT_GT(Refused, 1000);
 }
@@ -111,8 +112,8 @@ namespace {
 
 const std::string AlignmentAlphabet = "(),12 ";
 
-/// What a rule says of the indices that are missing in a string.
-std::string MissingLines(const Slow::Ordered& Result, const std::string& Alignments) {
+/// The messages of a rule about the indices that are missing in a string.
+std::string MissingLines(const Reference::Ordered& Result, const std::string& Alignments) {
   std::string Lines;
   for (const char Side : Result.Missing) {
     Lines += (Side == 'x' ? "ALIGNMENT" : "Alignment") + " string is not in correct format:|"s +
@@ -121,14 +122,14 @@ std::string MissingLines(const Slow::Ordered& Result, const std::string& Alignme
   return Lines;
 }
 
-void ExpectOrderedAsByTheTwin(const std::string& Alignments, ErrorCollector& Errors) {
-  const Slow::Ordered Expected = Slow::Canonical(Alignments);
-  ASSERT_EQ(Fast::Canonical(Alignments), Expected) << Alignments;
-  // What is in order is seen to be so at once, but for indices that are no plain numbers.
-  ASSERT_TRUE(!TrRuleInternal::IsCanonical(Alignments) || Slow::IsOrdered(Alignments))
+void ExpectOrderedLikeTheReference(const std::string& Alignments, ErrorCollector& Errors) {
+  const Reference::Ordered Expected = Reference::Canonical(Alignments);
+  ASSERT_EQ(Library::Canonical(Alignments), Expected) << Alignments;
+  // A string in order is recognised at once, unless an index is not a plain number.
+  ASSERT_TRUE(!TrRuleInternal::IsCanonical(Alignments) || Reference::IsOrdered(Alignments))
       << Alignments;
-  // With all indices there, ordering again changes nothing.
-  ASSERT_TRUE(!Expected.Missing.empty() || Fast::Canonical(Expected.Text) == Expected)
+  // If no index is missing, ordering again changes nothing.
+  ASSERT_TRUE(!Expected.Missing.empty() || Library::Canonical(Expected.Text) == Expected)
       << Alignments;
   Errors.Text.clear();
   TrRule Rule;
@@ -137,9 +138,9 @@ void ExpectOrderedAsByTheTwin(const std::string& Alignments, ErrorCollector& Err
   ASSERT_EQ(Errors.Text, MissingLines(Expected, Alignments));
 }
 
-void ExpectCutAsByTheTwin(const std::string& Alignments) {
-  ASSERT_EQ(Fast::Displayed(Alignments), Slow::Displayed(Alignments)) << Alignments;
-  ASSERT_EQ(TrRuleInternal::ReversedAlignments(Alignments), Slow::Reversed(Alignments))
+void ExpectSplitLikeTheReference(const std::string& Alignments) {
+  ASSERT_EQ(Library::Displayed(Alignments), Reference::Displayed(Alignments)) << Alignments;
+  ASSERT_EQ(TrRuleInternal::ReversedAlignments(Alignments), Reference::Reversed(Alignments))
       << Alignments;
 }
 
@@ -147,18 +148,18 @@ class EveryShortAlignmentString : public testing::TestWithParam<char> {};
 
 }  // namespace
 
-TEST_P(EveryShortAlignmentString, IsOrderedAndCutAsByItsTwin) {
+TEST_P(EveryShortAlignmentString, IsOrderedAndSplitLikeTheReference) {
   ErrorCollector Errors;
   int Texts = 0;
   ForEachText(std::string(1, GetParam()), AlignmentAlphabet, [&](const std::string& Text) {
     if (TrRuleInternal::HasOuterParentheses(Text)) {
-      ASSERT_NO_FATAL_FAILURE(ExpectOrderedAsByTheTwin(Text, Errors));
+      ASSERT_NO_FATAL_FAILURE(ExpectOrderedLikeTheReference(Text, Errors));
     }
-    ASSERT_NO_FATAL_FAILURE(ExpectOrderedAsByTheTwin('(' + Text + ')', Errors));
-    ASSERT_NO_FATAL_FAILURE(ExpectCutAsByTheTwin(Text));
+    ASSERT_NO_FATAL_FAILURE(ExpectOrderedLikeTheReference('(' + Text + ')', Errors));
+    ASSERT_NO_FATAL_FAILURE(ExpectSplitLikeTheReference(Text));
     ++Texts;
   });
-  EXPECT_EQ(Texts, 9331);  // all six bytes together give 55,986 texts
+  EXPECT_EQ(Texts, 9331);  // 55,986 texts for all six bytes
 }
 
 INSTANTIATE_TEST_SUITE_P(, EveryShortAlignmentString,
@@ -175,32 +176,32 @@ class EveryShortText : public testing::TestWithParam<char> {};
 
 }  // namespace
 
-TEST_P(EveryShortText, IsCutAsByItsTwin) {
+TEST_P(EveryShortText, IsSplitLikeTheReference) {
   const Tokenizer Tokenize;
   int Texts = 0;
   ForEachText(std::string(1, GetParam()), PieceAlphabet, [&](const std::string& Text) {
     for (const char* Delimiter : {":", " ", "::", ": ", "a:"}) {
-      ASSERT_EQ(Tokenize(Text, Delimiter), Slow::Pieces(Text, Delimiter))
+      ASSERT_EQ(Tokenize(Text, Delimiter), Reference::Pieces(Text, Delimiter))
           << Text << " / " << Delimiter;
-      ASSERT_EQ(Tokenize(Text, Delimiter, true), Slow::TrimmedPieces(Text, Delimiter))
+      ASSERT_EQ(Tokenize(Text, Delimiter, true), Reference::TrimmedPieces(Text, Delimiter))
           << Text << " / " << Delimiter;
     }
     ++Texts;
   });
-  EXPECT_EQ(Texts, 3906);  // all five bytes together give 19,530 texts
+  EXPECT_EQ(Texts, 3906);  // 19,530 texts for all five bytes
 }
 
 INSTANTIATE_TEST_SUITE_P(, EveryShortText,
                          testing::ValuesIn(PieceAlphabet.begin(), PieceAlphabet.end()), NameOfByte);
 
-// ---- The shortest of all ----------------------------------------------------------------------
+// ---- The empty text ---------------------------------------------------------------------------
 
-TEST(EmptyText, IsReadOrderedAndCutAsByItsTwins) {
+TEST(EmptyText, IsReadOrderedAndSplitLikeTheReference) {
   ErrorCollector Errors;
-  EXPECT_TRUE(HaveSameFields(Constraint(""), Slow::Read("").Record));
-  EXPECT_EQ(Errors.Text, Slow::Read("").Err);
+  EXPECT_TRUE(HaveSameFields(Constraint(""), Reference::Read("").Record));
+  EXPECT_EQ(Errors.Text, Reference::Read("").Err);
   EXPECT_NE(Errors.Text, "");
-  ExpectOrderedAsByTheTwin("", Errors);
-  ExpectCutAsByTheTwin("");
-  EXPECT_EQ(Tokenizer()("", ":"), Slow::Pieces("", ":"));
+  ExpectOrderedLikeTheReference("", Errors);
+  ExpectSplitLikeTheReference("");
+  EXPECT_EQ(Tokenizer()("", ":"), Reference::Pieces("", ":"));
 }

@@ -1,5 +1,4 @@
-// docs/format.md keeps what it says: every example in it is run. The table at its top tells what
-// the kinds of fences hold.
+// Runs every example in docs/format.md. The table at its top describes the kinds of fences.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +15,7 @@
 
 namespace {
 
-/// A fenced block of the page: the word behind its fence, its lines, and where it begins.
+/// A fenced block of the page: the word after its fence, its lines, and where it begins.
 struct Fence {
   std::string Kind;
   Strings vsLines;
@@ -51,15 +50,15 @@ std::string Joined(const Strings& vsTexts, const std::string& Separator) {
   return Text;
 }
 
-/// The text of a fence: signs that stand for invisible bytes give way to them.
-std::string TextOf(const Fence& Each) {
-  std::string Text = StringUtils::ReplaceAll(Joined(Each.vsLines, "\n"), "⇥", "\t");
+/// The text of a fence, with the bytes that visible signs stand for.
+std::string TextOf(const Fence& Block) {
+  std::string Text = StringUtils::ReplaceAll(Joined(Block.vsLines, "\n"), "⇥", "\t");
   return StringUtils::ReplaceAll(Text, "␣", " ");
 }
 
-// ---- What becomes of a rule text --------------------------------------------------------------
+// ---- Results of a rule text -------------------------------------------------------------------
 
-/// Reads a rule text that has to be whole and free of messages.
+/// Reads a rule text, which must be complete and print no messages.
 void ReadWhole(TrRule& Rule, const std::string& Text) {
   bool IsWhole = false;
   const Written Messages = WrittenBy([&] { IsWhole = Rule.SetTrRuleFromString(Text); });
@@ -73,7 +72,7 @@ std::string AfterRead(const std::string& Text, const std::function<std::string(T
   return Write(Rule);
 }
 
-std::string Refusal(const std::string& Text) {
+std::string Rejection(const std::string& Text) {
   TrRule Rule;
   bool IsWhole = true;
   const Written Messages = WrittenBy([&] { IsWhole = Rule.SetTrRuleFromString(Text); });
@@ -82,7 +81,7 @@ std::string Refusal(const std::string& Text) {
   return Messages.Err;
 }
 
-// The keys show in the trace of an erasure; with no category to look in, nothing is erased.
+// The trace of erasing lists the keys; without a category, nothing is erased.
 std::string Keys(const std::string& Constraints) {
   TrRule Rule;
   WrittenBy([&] {
@@ -97,13 +96,13 @@ std::string Keys(const std::string& Constraints) {
   return StringUtils::ReplaceAll(Listed, "Constraint:", "");
 }
 
-/// What a rule text or a list of constraints becomes, by the kind of the fence that says it.
+/// The result of a rule text or a list of constraints, by the kind of its fence.
 using Outcome = std::function<std::string(const std::string&)>;
 
 const std::map<std::string, Outcome>& Outcomes() {
   static const std::map<std::string, Outcome> Table{
       {"prints", [](const std::string& Text) { return AfterRead(Text, Printed); }},
-      {"refused", Refusal},
+      {"rejected", Rejection},
       {"for-print",
        [](const std::string& Text) {
          return AfterRead(Text, [](TrRule& Rule) { return Rule.ReturnAsStringForPrint() + '\n'; });
@@ -130,7 +129,7 @@ const std::map<std::string, Outcome>& Outcomes() {
   return Table;
 }
 
-// ---- What becomes of a single text ------------------------------------------------------------
+// ---- Results of a single line -----------------------------------------------------------------
 
 std::string Fields(const std::string& Text) {
   const Constraint Read{std::string(Text)};
@@ -167,7 +166,7 @@ std::string Display(const std::string& Alignments) {
   return Joined(Rule.GetAlignments(), " ");
 }
 
-/// What the left side of a line "text -> text" becomes, by the kind of its fence.
+/// The result of the left side of a line "text -> text", by the kind of its fence.
 const std::map<std::string, Outcome>& Conversions() {
   static const std::map<std::string, Outcome> Table{
       {"constraint",
@@ -187,9 +186,9 @@ std::string Unquoted(const std::string& Side) {
   return Side == "\"\"" ? "" : Side;
 }
 
-/// Runs every line of a fence and gives how many there were.
-int RunLines(const Fence& Each, const Outcome& Convert) {
-  for (const std::string& sLine : Each.vsLines) {
+/// Runs every line of a fence and returns the number of lines.
+int RunLines(const Fence& Block, const Outcome& Convert) {
+  for (const std::string& sLine : Block.vsLines) {
     SCOPED_TRACE(sLine);
     const std::size_t Arrow = sLine.find(" -> ");
     if (Arrow == std::string::npos) {
@@ -202,10 +201,10 @@ int RunLines(const Fence& Each, const Outcome& Convert) {
     EXPECT_EQ(WrittenBy([&] { Actual = Convert(Input); }), (Written{"", ""}));
     EXPECT_EQ(Actual, Expected);
   }
-  return static_cast<int>(Each.vsLines.size());
+  return static_cast<int>(Block.vsLines.size());
 }
 
-/// Which fence an outcome belongs to.
+/// The kind of fence that an outcome belongs to.
 std::string InputKindOf(const std::string& OutcomeKind) {
   return OutcomeKind == "keys" ? "constraints" : "rule";
 }
@@ -214,29 +213,29 @@ bool IsInput(const std::string& Kind) {
   return Kind == "rule" || Kind == "constraints";
 }
 
-/// Runs all examples of a page and counts them by kind. A fence of no known kind fails, and so
-/// does an outcome without the text that it belongs to, or a text without an outcome.
+/// Runs all examples of a page and counts them by kind. Fails on a fence of unknown kind, an
+/// outcome without its text, and a text without an outcome.
 std::map<std::string, int> RunExamples(const std::vector<Fence>& vFences) {
   std::map<std::string, int> Counts;
   std::optional<Fence> Input;
   int Uses = 1;
-  for (const Fence& Each : vFences) {
-    SCOPED_TRACE("docs/format.md:" + std::to_string(Each.LineNumber) + ", " + Each.Kind);
-    const auto Result = Outcomes().find(Each.Kind);
-    const auto Conversion = Conversions().find(Each.Kind);
-    if (IsInput(Each.Kind)) {
+  for (const Fence& Block : vFences) {
+    SCOPED_TRACE("docs/format.md:" + std::to_string(Block.LineNumber) + ", " + Block.Kind);
+    const auto Result = Outcomes().find(Block.Kind);
+    const auto Conversion = Conversions().find(Block.Kind);
+    if (IsInput(Block.Kind)) {
       EXPECT_GT(Uses, 0) << "the text before has no outcome";
-      Input = Each;
+      Input = Block;
       Uses = 0;
     } else if (Conversion != Conversions().end()) {
-      Counts[Each.Kind] += RunLines(Each, Conversion->second);
+      Counts[Block.Kind] += RunLines(Block, Conversion->second);
     } else if (Result == Outcomes().end()) {
-      EXPECT_EQ(Each.Kind, "grammar") << "a fence of no known kind";
-    } else if (!Input || Input->Kind != InputKindOf(Each.Kind)) {
+      EXPECT_EQ(Block.Kind, "grammar") << "a fence of unknown kind";
+    } else if (!Input || Input->Kind != InputKindOf(Block.Kind)) {
       ADD_FAILURE() << "an outcome without its text";
     } else {
-      EXPECT_EQ(Result->second(TextOf(*Input) + '\n'), TextOf(Each) + '\n');
-      ++Counts[Each.Kind];
+      EXPECT_EQ(Result->second(TextOf(*Input) + '\n'), TextOf(Block) + '\n');
+      ++Counts[Block.Kind];
       ++Uses;
     }
   }
@@ -246,7 +245,7 @@ std::map<std::string, int> RunExamples(const std::vector<Fence>& vFences) {
 
 }  // namespace
 
-TEST(FormatDocument, EveryExampleHolds) {
+TEST(FormatDocument, ShowsOnlyExamplesThatHold) {
   const std::vector<Fence> vFences = ReadFences();
   ASSERT_GT(vFences.size(), 0U);
   const std::map<std::string, int> Counts = RunExamples(vFences);
@@ -258,10 +257,10 @@ TEST(FormatDocument, EveryExampleHolds) {
   }
 }
 
-TEST(FormatDocument, EveryConstraintIsStableOnceItIsWritten) {
+TEST(FormatDocument, ShowsConstraintsThatAreStableOnceWritten) {
   int Count = 0;
-  for (const Fence& Each : ReadFences()) {
-    for (const std::string& sLine : Each.Kind == "constraint" ? Each.vsLines : Strings()) {
+  for (const Fence& Block : ReadFences()) {
+    for (const std::string& sLine : Block.Kind == "constraint" ? Block.vsLines : Strings()) {
       const std::string Once = sLine.substr(sLine.find(" -> ") + 4);
       EXPECT_EQ(Constraint(std::string(Once)).ReturnAsString(), Once);
       ++Count;

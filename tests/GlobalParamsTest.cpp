@@ -1,5 +1,5 @@
-// Pins the settings of the process, and which value of the debugging level prints which traces:
-// each level exactly its own, in every operation that has traces, and nothing at any other.
+// The settings of the process, and the traces of each debugging level: in every operation that has
+// traces, a level prints exactly its own, and other levels print none.
 
 #include "GlobalParams.h"
 
@@ -28,7 +28,8 @@ static_assert(std::is_same_v<decltype(GlobalParams::ssRelevantTypes), std::set<s
 
 namespace {
 
-/// The fifteen switches, in the order of their declaration; a switch of another type does not fit.
+/// The fifteen switches, in the order of their declaration. A switch of another type does not
+/// compile.
 bool* const Switches[] = {
     &GlobalParams::SeedGenOnly,        &GlobalParams::ComposOnly,
     &GlobalParams::MoveToPOS,          &GlobalParams::BasicConstraints,
@@ -40,7 +41,7 @@ bool* const Switches[] = {
     &GlobalParams::StrictValConstr,
 };
 
-/// What the settings held while the program was still being set up.
+/// The values of the settings during static initialisation.
 const int LevelBeforeMain = GlobalParams::DebuggingLevel;
 
 const std::string Printed1 = "{,-1}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n(X0 = X1)\n)\n";
@@ -66,7 +67,7 @@ void MakeRule(TrRule& Rule) {
   Rule.SetConstraint(1, 0, "all", "X1", -1, false);
 }
 
-/// An operation on the rule of `MakeRule`, and what it prints at the levels that trace something.
+/// An operation on the rule of `MakeRule`, and its output at the levels that have traces.
 struct Traced {
   const char* Name;
   void (*Run)(TrRule& Rule);
@@ -160,7 +161,7 @@ const Traced Operations[] = {
     {"copy", [](TrRule& Rule) { const TrRule Copy(Rule); }, "", "", Copied1},
 };
 
-/// Operations that print messages, which no level holds back, and nothing else at most levels.
+/// Operations that print messages at every level, and nothing else at most levels.
 void PrintMessages(TrRule& Rule) {
   TrRule Other;
   Other.SetTrRuleFromString("");
@@ -173,7 +174,7 @@ void PrintMessages(TrRule& Rule) {
 
 }  // namespace
 
-TEST(GlobalParams, BeginWithZeroFalseAndEmpty) {
+TEST(GlobalParams, StartZeroFalseAndEmpty) {
   EXPECT_EQ(LevelBeforeMain, 0);
   EXPECT_EQ(GlobalParams::DebuggingLevel, 0);
   EXPECT_EQ(GlobalParams::L2, "");
@@ -186,7 +187,7 @@ TEST(GlobalParams, BeginWithZeroFalseAndEmpty) {
   }
 }
 
-TEST(GlobalParams, AreVariablesOfTheirOwnThatAProgramMaySet) {
+TEST(GlobalParams, AreSeparateVariables) {
   const std::set<const bool*> Places(std::begin(Switches), std::end(Switches));
   EXPECT_EQ(Places.size(), std::size(Switches));
   const ChildEnd End = RunInChild([] {
@@ -200,12 +201,12 @@ TEST(GlobalParams, AreVariablesOfTheirOwnThatAProgramMaySet) {
     const bool Kept = GlobalParams::L2[0] == 'l' && GlobalParams::OrigGrammarFile[0] == 'o' &&
                       GlobalParams::HeadTableFile[0] == 'h' &&
                       GlobalParams::ssRelevantTypes.size() == 2;
-    std::exit(Kept ? 42 : 1);  // with the destruction of all of them
+    std::exit(Kept ? 42 : 1);  // destroys all of them
   });
   EXPECT_EQ(End, (ChildEnd{42, "", ""}));
 }
 
-TEST(GlobalParams, ObjectsOfTheClassMeanNothing) {
+TEST(GlobalParams, HaveNoStateInObjects) {
   const DebugLevel Scope(3);
   const GlobalParams One;
   GlobalParams Other(One);
@@ -213,33 +214,33 @@ TEST(GlobalParams, ObjectsOfTheClassMeanNothing) {
   EXPECT_EQ(GlobalParams::DebuggingLevel, 3);
 }
 
-TEST(GlobalParams, EachLevelPrintsItsOwnTracesAndNoOtherLevelAny) {
-  for (const Traced& Each : Operations) {
+TEST(GlobalParams, PrintTracesOnlyAtTheirOwnLevel) {
+  for (const Traced& Operation : Operations) {
     for (int Level = -1; Level <= 6; ++Level) {
-      SCOPED_TRACE(testing::Message() << Each.Name << " at level " << Level);
+      SCOPED_TRACE(testing::Message() << Operation.Name << " at level " << Level);
       TrRule Rule;
       MakeRule(Rule);
       const DebugLevel Scope(Level);
-      EXPECT_EQ(WrittenBy([&] { Each.Run(Rule); }), (Written{Each.At(Level), ""}));
+      EXPECT_EQ(WrittenBy([&] { Operation.Run(Rule); }), (Written{Operation.At(Level), ""}));
       EXPECT_EQ(GlobalParams::DebuggingLevel, Level) << "no operation sets it";
     }
   }
 }
 
-TEST(GlobalParams, TheOtherSettingsChangeNoTrace) {
+TEST(GlobalParams, ChangeNoTraceApartFromTheLevel) {
   for (bool* Switch : Switches) {
     *Switch = true;
-    for (const Traced& Each : Operations) {
-      SCOPED_TRACE(Each.Name);
+    for (const Traced& Operation : Operations) {
+      SCOPED_TRACE(Operation.Name);
       TrRule Rule;
       MakeRule(Rule);
-      EXPECT_EQ(WrittenBy([&] { Each.Run(Rule); }), (Written{"", ""}));
+      EXPECT_EQ(WrittenBy([&] { Operation.Run(Rule); }), (Written{"", ""}));
     }
     *Switch = false;
   }
 }
 
-TEST(GlobalParams, LevelOneTracesDoNotAppearAtFourButEveryCopyDoes) {
+TEST(GlobalParams, PrintCopiesButNoLevel1TracesAtLevel4) {
   TrRule Rule;
   const DebugLevel Scope(4);
   const auto CopyTwiceAndCompare = [&] {
@@ -249,13 +250,13 @@ TEST(GlobalParams, LevelOneTracesDoNotAppearAtFourButEveryCopyDoes) {
     Copy.SetCStructure("s");
     Copy.InitSLWord2Comp();
   };
-  // An empty alignment string ends its ordering without a second line.
+  // Ordering an empty alignment string has no second line.
   const std::string Copied =
       "In TrRule's copy constructor.\nIn ReorderAlignments, AlignmentString is:";
   EXPECT_EQ(WrittenBy(CopyTwiceAndCompare), (Written{Copied + Copied + Copied, ""}));
 }
 
-TEST(GlobalParams, MessagesAreTheSameAtEveryLevelWithoutTraces) {
+TEST(GlobalParams, PrintTheSameMessagesAtEveryLevelWithoutTraces) {
   const Written Expected{
       "Not a digit.\nsEscapedEsc is:\\'\nsPassIn is now:'\n",
       "Error in SetTrRuleFromStr: Couldn't set rule -- something missing.\n"
@@ -276,7 +277,7 @@ TEST(GlobalParams, MessagesAreTheSameAtEveryLevelWithoutTraces) {
             (Written{"In TrRule::AddAlignment, string is:|X::|\n" + Expected.Out, Expected.Err}));
 }
 
-TEST(GlobalParams, TheSampleIsReadWithoutATraceAtZeroAndTwo) {
+TEST(GlobalParams, PrintNoTraceOfTheSampleAt0And2) {
   for (const int Level : {0, 2}) {
     SCOPED_TRACE(Level);
     const DebugLevel Scope(Level);

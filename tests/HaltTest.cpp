@@ -1,6 +1,5 @@
-// Pins the nine inputs that end the process and the two calls that never return, and what a host's
-// handler makes of them: without one, with one that throws, with one that returns. A rule is still
-// of use after each of them.
+// The nine inputs that end the process and the two calls that never return: without a handler, with
+// a handler that throws, and with one that returns. A rule remains usable after each of them.
 
 #include "Halt.h"
 
@@ -30,7 +29,7 @@
 
 namespace {
 
-/// Something a rule does, or has done to it.
+/// An operation on a rule.
 using Action = void (*)(TrRule&);
 
 /// An input that ends the process. The rule holds `SLType` "NP" before `Prepare`.
@@ -41,12 +40,12 @@ struct FatalInput {
   Action Run;
   const char* Message;
   bool OnOut;          ///< the message goes to standard output
-  const char* Before;  ///< what has been written to standard output before the message
-  const char* Held;    ///< the rule afterwards: what `Holding` gives
-  Action Repair;       ///< takes away what caused it
+  const char* Before;  ///< the output before the message
+  const char* Held;    ///< the rule afterwards, as `Holding` shows it
+  Action Repair;       ///< removes the cause
 };
 
-/// The parts of a rule that the inputs touch.
+/// The parts of a rule that the inputs change.
 std::string Holding(const TrRule& Rule) {
   std::string Text = Rule.GetSLType() + '|' + Rule.GetTLType() + '|' + Rule.GetAlignmentStr() +
                      '|' + Rule.GetsWordLevelAl();
@@ -115,7 +114,7 @@ const FatalInput FatalInputs[] = {
      [](TrRule& Rule) { SetTwo(Rule, "(x1 = x2)", "(x2 = x1)"); }, Print,
      "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category1 order.", false,
      PrintedHead, "NP||||(X1 = X2)|(X2 = X1)", ClearConstraints},
-    // No rule leads to this one: category 2 is ordered by index.
+    // No rule has this outcome: category 2 is ordered by index.
     {"a cycle in category 2", HaltReason::Category2Order, Nothing,
      [](TrRule& /*Rule*/) { TrRuleInternal::HaltForOrder(TrRuleInternal::PrintGroup::Category2); },
      "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category2 order.", false, "",
@@ -126,7 +125,7 @@ const FatalInput FatalInputs[] = {
      PrintedHead, "NP||||(Y0 = Y1)|(Y1 = Y0)", ClearConstraints},
 };
 
-/// The other roads to the same places.
+/// Other calls with the same outcomes.
 const FatalInput MoreFatalInputs[] = {
     {"a constraint's own category", HaltReason::CategoryRange, Nothing,
      [](TrRule& /*Rule*/) { Constraint("(x0 = x3)").SetCategory(0); }, CategoryRangeMessage, false,
@@ -186,7 +185,7 @@ void SetOneConstraint(TrRule& Rule) {
   Rule.SetConstraint("((x1 num) = sg)");
 }
 
-/// A handler that gives the decision back, having left a trace on both streams.
+/// A handler that prints on both streams and returns.
 void Return(HaltReason WhatPassIn, const std::string& MessagePassIn) {
   const std::string Trace =
       "[handler " + std::to_string(static_cast<int>(WhatPassIn)) + ' ' + MessagePassIn + "]\n";
@@ -198,13 +197,13 @@ std::string ReturnTrace(HaltReason What, const char* Message) {
   return "[handler " + std::to_string(static_cast<int>(What)) + ' ' + Message + "]\n";
 }
 
-/// What the message of a fatal input puts on the two streams.
+/// The output of a fatal input on the two streams.
 Written MessageOf(const FatalInput& Input) {
   const std::string Line = Input.Message + std::string("\n");
   return Input.OnOut ? Written{Input.Before + Line, ""} : Written{Input.Before, Line};
 }
 
-/// Expects that a rule, emptied, reads and prints a text as a new one does.
+/// Expects that a rule, once cleared, reads and prints a text like a new one.
 void ExpectOfUse(TrRule& Rule) {
   EXPECT_EQ(Rule.SetTrRuleFromString(SampleText), true);
   EXPECT_EQ(Printed(Rule), SamplePrinted);
@@ -214,13 +213,13 @@ void ExpectOfUse(TrRule& Rule) {
 
 // ---- The handler
 
-TEST(HaltHandler, IsNotThereAtTheStart) {
+TEST(HaltHandler, IsNotInstalledAtTheStart) {
   EXPECT_EQ(GetHaltHandler(), nullptr);
   EXPECT_EQ(RunInChild([] { std::cout << (SetHaltHandler(nullptr) == nullptr); }),
             (ChildEnd{RanToItsEnd, "1", ""}));
 }
 
-TEST(HaltHandler, IsGivenBackByTheNextThatIsInstalled) {
+TEST(HaltHandler, IsReturnedWhenReplaced) {
   const HaltGuard Guard(nullptr);
   static_assert(noexcept(SetHaltHandler(nullptr)));
   static_assert(noexcept(GetHaltHandler()));
@@ -232,7 +231,7 @@ TEST(HaltHandler, IsGivenBackByTheNextThatIsInstalled) {
   EXPECT_EQ(GetHaltHandler(), nullptr);
 }
 
-TEST(HaltHandler, IsNoLongerCalledWhenTakenAway) {
+TEST(HaltHandler, IsNotCalledOnceRemoved) {
   const auto SetAndTakeAway = [] {
     SetHaltHandler(ThrowHalted);
     SetHaltHandler(nullptr);
@@ -242,7 +241,7 @@ TEST(HaltHandler, IsNoLongerCalledWhenTakenAway) {
             (ChildEnd{1, "", AlignmentFormatMessage + std::string("\n")}));
 }
 
-TEST(HaltHandler, IsOneForAllThreads) {
+TEST(HaltHandler, IsSharedByAllThreads) {
   const HaltGuard Guard;
   bool IsCaught = false;
   const Written Texts = WrittenBy([&] {
@@ -258,11 +257,11 @@ TEST(HaltHandler, IsOneForAllThreads) {
   EXPECT_EQ(Texts, (Written{"", CategoryRangeMessage + std::string("\n")}));
 }
 
-TEST(HaltHandler, IsInstalledByManyThreadsAtOnceEachGivenBackOnce) {
+TEST(HaltHandler, IsReturnedOnceEachWhenManyThreadsInstall) {
   constexpr int ThreadCount = 4;
   constexpr int Rounds = 2000;
   const HaltGuard Guard(nullptr);
-  // Every handler put in is given back once, but for the last, which is still there.
+  // Every installed handler is returned once, except the last, which is still installed.
   std::atomic<int> Balance{0};
   std::atomic<int> Strangers{0};
   const auto Weigh = [&](HaltHandler Handler) {
@@ -293,64 +292,64 @@ TEST(HaltHandler, IsInstalledByManyThreadsAtOnceEachGivenBackOnce) {
 // ---- The inputs that end the process
 
 TEST(FatalInputs, EndTheProcessWithStatus1AfterTheirMessage) {
-  for (const FatalInput& Each : AllFatalInputs()) {
-    SCOPED_TRACE(Each.Name);
+  for (const FatalInput& Input : AllFatalInputs()) {
+    SCOPED_TRACE(Input.Name);
     TrRule Rule;
     Rule.SetSLType("NP");
-    Each.Prepare(Rule);
-    const Written Texts = MessageOf(Each);
-    EXPECT_EQ(RunInChild([&] { Each.Run(Rule); }), (ChildEnd{1, Texts.Out, Texts.Err}));
+    Input.Prepare(Rule);
+    const Written Texts = MessageOf(Input);
+    EXPECT_EQ(RunInChild([&] { Input.Run(Rule); }), (ChildEnd{1, Texts.Out, Texts.Err}));
   }
 }
 
-TEST(FatalInputs, EndTheProcessAlsoWhenTheHandlerReturns) {
-  for (const FatalInput& Each : AllFatalInputs()) {
-    SCOPED_TRACE(Each.Name);
+TEST(FatalInputs, EndTheProcessWhenTheHandlerReturns) {
+  for (const FatalInput& Input : AllFatalInputs()) {
+    SCOPED_TRACE(Input.Name);
     TrRule Rule;
     Rule.SetSLType("NP");
-    Each.Prepare(Rule);
+    Input.Prepare(Rule);
     const HaltGuard Guard(Return);
-    const Written Texts = MessageOf(Each);
-    const std::string Trace = ReturnTrace(Each.What, Each.Message);
-    EXPECT_EQ(RunInChild([&] { Each.Run(Rule); }),
+    const Written Texts = MessageOf(Input);
+    const std::string Trace = ReturnTrace(Input.What, Input.Message);
+    EXPECT_EQ(RunInChild([&] { Input.Run(Rule); }),
               (ChildEnd{1, Texts.Out + Trace, Texts.Err + Trace}));
   }
 }
 
-TEST(FatalInputs, ReachTheCallerAsWhatTheHandlerThrowsAndLeaveTheRuleOfUse) {
-  for (const FatalInput& Each : AllFatalInputs()) {
-    SCOPED_TRACE(Each.Name);
+TEST(FatalInputs, ThrowFromTheHandlerAndLeaveTheRuleUsable) {
+  for (const FatalInput& Input : AllFatalInputs()) {
+    SCOPED_TRACE(Input.Name);
     TrRule Rule;
     Rule.SetSLType("NP");
-    Each.Prepare(Rule);
+    Input.Prepare(Rule);
     for (const char* Time : {"once", "and again"}) {
       SCOPED_TRACE(Time);
       std::optional<Halted> Halt;
-      EXPECT_EQ(WrittenBy([&] { Halt = HaltOf([&] { Each.Run(Rule); }); }), MessageOf(Each));
-      EXPECT_EQ(Halt, (Halted{Each.What, Each.Message}));
-      EXPECT_EQ(Holding(Rule), Each.Held);
+      EXPECT_EQ(WrittenBy([&] { Halt = HaltOf([&] { Input.Run(Rule); }); }), MessageOf(Input));
+      EXPECT_EQ(Halt, (Halted{Input.What, Input.Message}));
+      EXPECT_EQ(Holding(Rule), Input.Held);
     }
-    Each.Repair(Rule);
+    Input.Repair(Rule);
     EXPECT_EQ(WrittenBy([&] { Rule.Print(); }), (Written{"{,-1}\nNP:: [] -> []\n(\n)\n", ""}));
     ExpectOfUse(Rule);
   }
   EXPECT_EQ(GetHaltHandler(), nullptr);
 }
 
-TEST(FatalInputs, HaveOneReasonEach) {
+TEST(FatalInputs, HaveDistinctReasons) {
   std::set<HaltReason> sReasons;
-  for (const FatalInput& Each : FatalInputs) {
-    sReasons.insert(Each.What);
+  for (const FatalInput& Input : FatalInputs) {
+    sReasons.insert(Input.What);
   }
-  for (const WaitingCall& Each : WaitingCalls) {
-    sReasons.insert(Each.What);
+  for (const WaitingCall& Call : WaitingCalls) {
+    sReasons.insert(Call.What);
   }
   EXPECT_EQ(sReasons.size(), 11U);
   EXPECT_EQ(static_cast<int>(*sReasons.begin()), 0);
   EXPECT_EQ(static_cast<int>(*sReasons.rbegin()), 10);
 }
 
-TEST(FatalInputs, LeaveAFlipWhereItStopped) {
+TEST(FatalInputs, LeaveAFlipHalfDone) {
   TrRule Rule;
   Rule.SetTrRuleFromString("{NP,8}\nNP::VP [DET] -> [N]\n(X1::Y1)\n(x0 = x1)\n");
   Rule.AddAlterTrInfo("s", "t", "((1,2))", "(A)", {{1, 2}}, {{3, 4}}, {"SA"}, {"TA"});
@@ -400,7 +399,7 @@ TEST(FatalInputs, LeaveAFlipWhereItStopped) {
             "YHeadIndex: -1\n");
 }
 
-TEST(FatalInputs, FromAnAlignmentStringThatStayedAlsoComeFromEveryCopy) {
+TEST(FatalInputs, RecurInEveryCopyOfAStoredAlignmentString) {
   TrRule Broken;
   const Halted Expected{HaltReason::AlignmentFormat, AlignmentFormatMessage};
   const std::string Message = AlignmentFormatMessage + std::string("\n");
@@ -419,22 +418,22 @@ TEST(FatalInputs, FromAnAlignmentStringThatStayedAlsoComeFromEveryCopy) {
       {"ordering, left", [](TrRule& Left, TrRule& Right) { static_cast<void>(Left < Right); }},
       {"equality, right", [](TrRule& Right, TrRule& Left) { static_cast<void>(Left == Right); }},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Name);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Name);
     std::optional<Halted> Halt;
-    EXPECT_EQ(WrittenBy([&] { Halt = HaltOf([&] { Each.Run(Broken, Other); }); }),
+    EXPECT_EQ(WrittenBy([&] { Halt = HaltOf([&] { Row.Run(Broken, Other); }); }),
               (Written{"", Message}));
     EXPECT_EQ(Halt, Expected);
     EXPECT_EQ(Holding(Other), "NP|||");
   }
-  // Neither the left side of an equality nor a display is copied or ordered.
+  // Equality does not copy or order its left side, nor does displaying a rule.
   EXPECT_FALSE(Broken == Other);
   EXPECT_EQ(WrittenBy([&] { Broken.GetAlignmentStr(); }), (Written{"", ""}));
   ClearAlignments(Broken);
   ExpectOfUse(Broken);
 }
 
-TEST(FatalInputs, LeaveAConstraintItsCategory) {
+TEST(FatalInputs, KeepTheCategoryOfAConstraint) {
   Constraint Number("((y1 num) = sg)");
   WrittenBy([&] {
     for (const int Category : {5, 0, -1}) {
@@ -447,7 +446,7 @@ TEST(FatalInputs, LeaveAConstraintItsCategory) {
   EXPECT_EQ(Number.ReturnAsString(), "((X1 NUM) = SG)");
 }
 
-TEST(FatalInputs, KeepBytesOfEveryKindInTheMessage) {
+TEST(FatalInputs, KeepEveryByteInTheMessage) {
   const std::string Text("a\0b\xE9\r", 5);
   const std::string Message = "Alignment string was not in correct format:|" + Text +
                               "|\nNewAl[0] is:a\nNewAl[NewAl.length()-1] is:\r";
@@ -461,12 +460,12 @@ TEST(FatalInputs, KeepBytesOfEveryKindInTheMessage) {
 
 // ---- The calls that never return
 
-TEST(WaitingCalls, NeverReturnAndTakeNothing) {
-  for (const WaitingCall& Each : WaitingCalls) {
-    SCOPED_TRACE(Each.Name);
+TEST(WaitingCalls, NeverReturnAndUseNoResources) {
+  for (const WaitingCall& Call : WaitingCalls) {
+    SCOPED_TRACE(Call.Name);
     TrRule Rule;
     SetOneConstraint(Rule);
-    const ChildWait Wait = WatchInChild([&] { Each.Run(Rule); });
+    const ChildWait Wait = WatchInChild([&] { Call.Run(Rule); });
     EXPECT_TRUE(Wait.Alive);
     EXPECT_TRUE(Wait.KeptMemory);
     EXPECT_TRUE(Wait.KeptProcessor);
@@ -475,27 +474,27 @@ TEST(WaitingCalls, NeverReturnAndTakeNothing) {
   }
 }
 
-TEST(WaitingCalls, WaitAlsoWhenTheHandlerReturns) {
-  for (const WaitingCall& Each : WaitingCalls) {
-    SCOPED_TRACE(Each.Name);
+TEST(WaitingCalls, WaitWhenTheHandlerReturns) {
+  for (const WaitingCall& Call : WaitingCalls) {
+    SCOPED_TRACE(Call.Name);
     TrRule Rule;
     SetOneConstraint(Rule);
     const HaltGuard Guard(Return);
     const auto RunUnbuffered = [&] {
       std::cout << std::unitbuf;
-      Each.Run(Rule);
+      Call.Run(Rule);
     };
     const ChildWait Wait = WatchInChild(RunUnbuffered);
     EXPECT_TRUE(Wait.Alive);
     EXPECT_TRUE(Wait.KeptMemory);
     EXPECT_TRUE(Wait.KeptProcessor);
-    EXPECT_EQ(Wait.Out, ReturnTrace(Each.What, Each.Message));
-    EXPECT_EQ(Wait.Err, ReturnTrace(Each.What, Each.Message));
+    EXPECT_EQ(Wait.Out, ReturnTrace(Call.What, Call.Message));
+    EXPECT_EQ(Wait.Err, ReturnTrace(Call.What, Call.Message));
   }
 }
 
-TEST(WaitingCalls, BringOutWhatTheProgramHasWrittenBefore) {
-  // Streams that wait for more, as a host may set them up, and that do not flush each other.
+TEST(WaitingCalls, FlushEarlierOutput) {
+  // Buffered streams that do not flush each other, as a host may set them up.
   const ChildWait Wait = WatchInChild([] {
     std::ofstream Messages("/dev/stderr");
     std::cerr.rdbuf(Messages.rdbuf());
@@ -509,8 +508,8 @@ TEST(WaitingCalls, BringOutWhatTheProgramHasWrittenBefore) {
   EXPECT_EQ(Wait.Err, "err");
 }
 
-TEST(WaitingCalls, SleepWhereTheirThreadCanBeCancelled) {
-  std::cout.flush();  // nothing is left to be written, so that the sleep is the first such place
+TEST(WaitingCalls, SleepAtACancellationPoint) {
+  std::cout.flush();  // so that the sleep is the first cancellation point
   std::fflush(stdout);
   const auto SplitForever = [](void* Argument) {
     StringUtils::Split("a,", ",");
@@ -525,15 +524,15 @@ TEST(WaitingCalls, SleepWhereTheirThreadCanBeCancelled) {
   EXPECT_TRUE(std::cout.good());
 }
 
-TEST(WaitingCalls, ReachTheCallerAsWhatTheHandlerThrowsAndLeaveTheRuleOfUse) {
-  for (const WaitingCall& Each : WaitingCalls) {
-    SCOPED_TRACE(Each.Name);
+TEST(WaitingCalls, ThrowFromTheHandlerAndLeaveTheRuleUsable) {
+  for (const WaitingCall& Call : WaitingCalls) {
+    SCOPED_TRACE(Call.Name);
     TrRule Rule;
     SetOneConstraint(Rule);
     std::optional<Halted> Halt;
-    EXPECT_EQ(WrittenBy([&] { Halt = HaltOf([&] { Each.Run(Rule); }); }), (Written{"", ""}));
-    EXPECT_EQ(Halt, (Halted{Each.What, Each.Message}));
-    EXPECT_EQ(Holding(Rule), Each.Held);
+    EXPECT_EQ(WrittenBy([&] { Halt = HaltOf([&] { Call.Run(Rule); }); }), (Written{"", ""}));
+    EXPECT_EQ(Halt, (Halted{Call.What, Call.Message}));
+    EXPECT_EQ(Holding(Rule), Call.Held);
     EXPECT_TRUE(Rule.EraseConstraint(1, "NUM", "SG", "empty", {1}));
     EXPECT_EQ(Rule.GetNumConstraints(), 0);
     EXPECT_EQ(StringUtils::Split("a,b", ","), (Strings{"a", "b"}));

@@ -1,10 +1,10 @@
-// Pins which header lines are in their common form, and what they are taken apart into.
+// Parsing header lines: which ones are in their common form, and their parts.
 
 #include "HeaderLine.h"
 
 #include "support/RandomInput.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ std::optional<Strings> PartsOf(const std::string& Line) {
 
 }  // namespace
 
-TEST(HeaderLine, TakesTheCommonFormApart) {
+TEST(HeaderLine, ParsesTheCommonForm) {
   const std::pair<std::string, Strings> Cases[] = {
       {"{NP,8}", {"NP", "8"}},       {"{np,8}", {"np", "8"}},
       {"{ADJP,12}", {"ADJP", "12"}}, {"{N-P_2,007}", {"N-P_2", "007"}},
@@ -39,7 +39,7 @@ TEST(HeaderLine, TakesTheCommonFormApart) {
   }
 }
 
-TEST(HeaderLine, LeavesOtherLinesAlone) {
+TEST(HeaderLine, RejectsOtherLines) {
   for (const std::string& sLine :
        {""s,        "{"s,         "{}"s,        "{NP"s,      "{NP,"s,    "{NP,8"s,
         "{NP,}"s,   "{,8}"s,      "{,}"s,       "NP,8}"s,    " {NP,8}"s, "{NP,8} "s,
@@ -50,7 +50,7 @@ TEST(HeaderLine, LeavesOtherLinesAlone) {
   }
 }
 
-TEST(HeaderLine, PartsPointIntoTheLine) {
+TEST(HeaderLine, ReturnsViewsOfTheLine) {
   const std::string Line = "{ADJP,12}";
   HeaderParts Parts;
   ASSERT_TRUE(ParseCommonHeader(Line, Parts));
@@ -58,20 +58,20 @@ TEST(HeaderLine, PartsPointIntoTheLine) {
   EXPECT_EQ(Parts.Number.data(), Line.data() + 6);
 }
 
-TEST(HeaderLine, NoOtherPrefixIsAHeader) {
+TEST(HeaderLine, RejectsEveryShorterPrefix) {
   const std::string Line = "{ADJP,12}";
   for (std::size_t Size = 0; Size < Line.size(); ++Size) {
     EXPECT_EQ(PartsOf(Line.substr(0, Size)), std::nullopt) << Line.substr(0, Size);
   }
 }
 
-TEST(HeaderLine, ReadsRandomLinesAsTheReferenceDoes) {
+TEST(HeaderLine, ReadsRandomLinesLikeTheReference) {
   RandomInput Random;
   int Taken = 0;
   for (int Case = 0; Case < 20000; ++Case) {
     const std::string Line = Case % 2 == 0 ? Random.Damaged("{ADJ-P_1,120}", "{},;:= aZ09-_\0\xE9"s)
                                            : Random.WordsOf({"{", "}", ",", "8", "NP", "_"}, 6);
-    const std::optional<Strings> vsExpected = Slow::HeaderParts(Line);
+    const std::optional<Strings> vsExpected = Reference::HeaderParts(Line);
     ASSERT_EQ(PartsOf(Line), vsExpected) << Line;
     Taken += vsExpected ? 1 : 0;
   }

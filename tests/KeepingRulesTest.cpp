@@ -1,5 +1,5 @@
-// A rule that is copied or assigned loses what it does not carry along. Pins what that does to
-// containers of rules, and the two ways to keep many of them whole.
+// Copying or assigning a rule loses its comments and header type. These tests show the effect on
+// containers of rules, and the two ways to keep many rules intact.
 
 #include <gtest/gtest.h>
 
@@ -15,14 +15,14 @@
 
 namespace {
 
-/// A rule as it is read and printed: a comment, a header type and a label of its own.
+/// The text of a rule, as read and as printed, with its own comment, header type and label.
 std::string TextOf(char Name) {
   const std::string sName(1, Name);
   return ";; remark on " + sName + "\n{T" + sName + ",1}\n" + sName + "::" + sName + " [" + sName +
          "] -> [" + sName + "]\n(\n(X1::Y1)\n)\n";
 }
 
-/// What is printed of the rule with one name under the comment and the header type of another.
+/// The printed text of a rule with the comment and the header type of another.
 std::string MixedText(char Remarks, char Rest) {
   const std::string Head = TextOf(Remarks);
   const std::string Body = TextOf(Rest);
@@ -34,7 +34,7 @@ void ReadInto(TrRule& Rule, char Name) {
   ASSERT_EQ(Printed(Rule), TextOf(Name));
 }
 
-/// A vector whose rules have been read where they stand, so that nothing has been copied yet.
+/// A vector of rules that were read in place, so that none has been copied.
 std::vector<TrRule> MakeVector(const std::string& Names) {
   std::vector<TrRule> vRules(Names.size());
   for (std::size_t Place = 0; Place < Names.size(); ++Place) {
@@ -46,31 +46,31 @@ std::vector<TrRule> MakeVector(const std::string& Names) {
 template <typename RangeT>
 Strings PrintedAll(RangeT& Rules) {
   Strings vsTexts;
-  for (TrRule& Each : Rules) {
-    vsTexts.push_back(Printed(Each));
+  for (TrRule& Rule : Rules) {
+    vsTexts.push_back(Printed(Rule));
   }
   return vsTexts;
 }
 
 }  // namespace
 
-TEST(KeepingRules, MovingARuleCopiesIt) {
+TEST(KeepingRules, CopiesAMovedRule) {
   static_assert(std::is_copy_constructible_v<TrRule>);
   TrRule Rule;
   ReadInto(Rule, 'A');
   TrRule Moved(std::move(Rule));
-  EXPECT_EQ(Printed(Rule), TextOf('A'));  // nothing has been taken out of it
+  EXPECT_EQ(Printed(Rule), TextOf('A'));  // the source is unchanged
   const std::string Text = TextOf('A');
   EXPECT_EQ(Printed(Moved), "{" + Text.substr(Text.find(",1}")));
 }
 
-TEST(KeepingRules, ExchangingTwoLeavesTheCommentsWhereTheyWere) {
+TEST(KeepingRules, LeavesTheCommentsInPlaceWhenRulesAreSwapped) {
   std::vector<TrRule> vRules = MakeVector("AB");
   std::swap(vRules[0], vRules[1]);
   EXPECT_EQ(PrintedAll(vRules), (Strings{MixedText('A', 'B'), MixedText('B', 'A')}));
 }
 
-TEST(KeepingRules, SortingAVectorMixesThemUp) {
+TEST(KeepingRules, MixesUpCommentsWhenAVectorIsSorted) {
   std::vector<TrRule> vRules = MakeVector("CBA");
   std::sort(vRules.begin(), vRules.end(), [](const TrRule& Left, const TrRule& Right) {
     return Left.GetSLType() < Right.GetSLType();
@@ -82,7 +82,7 @@ TEST(KeepingRules, SortingAVectorMixesThemUp) {
   EXPECT_NE(PrintedAll(vRules), (Strings{TextOf('A'), TextOf('B'), TextOf('C')}));
 }
 
-TEST(KeepingRules, ErasingAndInsertingMoveTheRulesUnderOtherComments) {
+TEST(KeepingRules, MixesUpCommentsWhenRulesAreErasedOrInserted) {
   std::vector<TrRule> vRules = MakeVector("ABC");
   vRules.erase(vRules.begin());
   EXPECT_EQ(PrintedAll(vRules), (Strings{MixedText('A', 'B'), MixedText('B', 'C')}));
@@ -94,14 +94,14 @@ TEST(KeepingRules, ErasingAndInsertingMoveTheRulesUnderOtherComments) {
   EXPECT_NE(Printed(vRules.front()), TextOf('D'));
 }
 
-TEST(KeepingRules, GrowingAVectorTakesTheCommentsAway) {
+TEST(KeepingRules, LosesCommentsWhenAVectorGrows) {
   std::vector<TrRule> vRules = MakeVector("A");
   vRules.reserve(vRules.capacity() + 1);
   const std::string Text = TextOf('A');
   EXPECT_EQ(PrintedAll(vRules), Strings{"{" + Text.substr(Text.find(",1}"))});
 }
 
-TEST(KeepingRules, PointersAreSortedAndErasedWithoutTouchingThem) {
+TEST(KeepingRules, KeepsRulesIntactWithPointers) {
   std::vector<std::unique_ptr<TrRule>> vRules;
   for (const char Name : std::string("CBAB")) {
     vRules.push_back(std::make_unique<TrRule>());
@@ -111,13 +111,13 @@ TEST(KeepingRules, PointersAreSortedAndErasedWithoutTouchingThem) {
   std::stable_sort(vRules.begin(), vRules.end(), SortsBefore);
   vRules.erase(vRules.begin() + 1);
   Strings vsTexts;
-  for (const auto& Each : vRules) {
-    vsTexts.push_back(Printed(*Each));
+  for (const auto& Kept : vRules) {
+    vsTexts.push_back(Printed(*Kept));
   }
   EXPECT_EQ(vsTexts, (Strings{TextOf('A'), TextOf('B'), TextOf('C')}));
 }
 
-TEST(KeepingRules, AnOrderOfIndicesIsSortedWithoutTouchingThem) {
+TEST(KeepingRules, KeepsRulesIntactWithSortedIndices) {
   std::deque<TrRule> Rules;
   Strings vsTexts;
   for (const char Name : std::string("CBA")) {

@@ -1,9 +1,8 @@
-// Pins what large inputs do: texts around each length at which something is cut off, numbers at and
-// over the ends of int, and rules with thousands of constraints, alignments and values.
+// Large inputs: texts around each length limit, numbers at and beyond the limits of int, and rules
+// with thousands of constraints, alignments and values.
 //
-// The cuts themselves are pinned where they are made: Tokenizer, PieceCutter and StringUtils at
-// every length below, Constraint behind "=", AddAlignment in its second side, the reader behind its
-// first line, the reversal in one long pair. Here they are met from outside, through a whole rule.
+// The tests of Tokenizer, Splitter, StringUtils, Constraint, AddAlignment, the reader and the
+// reversal cover each length limit by itself. These tests reach the limits through a whole rule.
 
 #include "LineUp.h"
 #include "TrRule.h"
@@ -34,8 +33,8 @@ const Written Nothing;
 
 const std::size_t LengthsAroundTheCaps[] = {99999, 100000, 100001, 999999, 1000000, 1000001};
 
-/// Whether two texts are the same; where they are not, only the place is shown, since the texts are
-/// long.
+/// Whether two texts are the same. Only the position of the first difference is shown, since the
+/// texts are long.
 testing::AssertionResult Same(const std::string& Actual, const std::string& Expected) {
   if (Actual == Expected) {
     return testing::AssertionSuccess();
@@ -57,14 +56,14 @@ std::string Lines(const Strings& vsLines) {
   return Text;
 }
 
-/// A number with five digits, so that texts sort as the numbers do.
+/// A number with five digits, so that texts sort like numbers.
 std::string Padded(int Number) {
   char Digits[8];
   std::snprintf(Digits, sizeof Digits, "%05d", Number);
   return Digits;
 }
 
-/// A rule with one label on each side, so that the indices 1 can be shown without a message.
+/// A rule with one label on each side, so that index 1 is displayed without a message.
 TrRule SmallRule() {
   TrRule Rule;
   Rule.SetSLType("NP");
@@ -76,7 +75,7 @@ TrRule SmallRule() {
 
 // ---- Long texts -------------------------------------------------------------------------------
 
-TEST(Limits, SettersKeepTextsOfAnyLength) {
+TEST(Limits, KeepTextsOfAnyLengthInSetters) {
   for (const std::size_t Length : LengthsAroundTheCaps) {
     SCOPED_TRACE(Length);
     const std::string Long(Length, 'A');
@@ -95,7 +94,7 @@ TEST(Limits, SettersKeepTextsOfAnyLength) {
   }
 }
 
-TEST(Limits, SettersFromTextKeep100000BytesBehindABlank) {
+TEST(Limits, Keep100000BytesAfterABlankInSettersFromText) {
   for (const std::size_t Length : LengthsAroundTheCaps) {
     SCOPED_TRACE(Length);
     const std::string Long(Length, 'a');
@@ -113,7 +112,7 @@ TEST(Limits, SettersFromTextKeep100000BytesBehindABlank) {
   }
 }
 
-TEST(Limits, ReaderTakesALongFirstLineWhole) {
+TEST(Limits, ReadALongFirstLineWhole) {
   for (const std::size_t Length : LengthsAroundTheCaps) {
     SCOPED_TRACE(Length);
     const std::string Long(Length, 'A');
@@ -128,7 +127,7 @@ TEST(Limits, ReaderTakesALongFirstLineWhole) {
   }
 }
 
-TEST(Limits, ReaderSeesNoEndOfATargetSideOfMoreThan100000Bytes) {
+TEST(Limits, MissTheEndOfATargetSideOfMoreThan100000Bytes) {
   const std::string Error =
       "Error in SetTrRuleFromStr: missing or incorrect tl const seq information.\n";
   for (const std::size_t Length : {99997U, 99998U, 99999U, 100000U, 100001U, 1000001U}) {
@@ -144,7 +143,7 @@ TEST(Limits, ReaderSeesNoEndOfATargetSideOfMoreThan100000Bytes) {
   }
 }
 
-TEST(Limits, ReaderTakesAsManyLinesAsFitInto100000Bytes) {
+TEST(Limits, ReadAsManyLinesAsFitInto100000Bytes) {
   const std::string Start = "A::B [C] -> [D]\n";
   std::string Body = "(X1::Y1)\n";
   Strings vsExpected;
@@ -158,20 +157,20 @@ TEST(Limits, ReaderTakesAsManyLinesAsFitInto100000Bytes) {
   ASSERT_EQ(Fitting, 8332U);
   ASSERT_EQ(9 + 12 * Fitting, 99993U);
   vsExpected.resize(Fitting);
-  // Of the next line seven bytes are left, without the parenthesis that ends its value.
+  // Seven bytes of the next line remain, without the parenthesis after its value.
   vsExpected.insert(vsExpected.begin(), "(X1 = )");
   TrRule Rule;
   EXPECT_EQ(WrittenBy([&] { EXPECT_TRUE(Rule.SetTrRuleFromString(Start + Body)); }), Nothing);
   EXPECT_TRUE(Same(Lines(Rule.GetConstraints()), Lines(vsExpected)));
 }
 
-TEST(Limits, ConstraintTextMayHaveALongLeftSide) {
+TEST(Limits, AllowALongLeftSideOfAConstraint) {
   for (const std::size_t Length : LengthsAroundTheCaps) {
     SCOPED_TRACE(Length);
     const std::string Long(Length, 'F');
     const std::string Text = "((X1 " + Long + ") = SG)";
     EXPECT_TRUE(Same(Constraint(Text).ReturnAsString(), Text));
-    // A blank in front cuts the whole text, so that nothing is left behind the feature.
+    // A leading blank truncates the whole text, so that nothing remains after the feature.
     const Written Messages = WrittenBy(
         [&] { EXPECT_TRUE(Same(Constraint(" " + Text).ReturnAsString(), "((Y-1 ) = )")); });
     EXPECT_EQ(Messages.Out, "");
@@ -182,7 +181,7 @@ TEST(Limits, ConstraintTextMayHaveALongLeftSide) {
   }
 }
 
-TEST(Limits, RankedConstraintTextKeeps100000BytesBehindItsFirstBlankAndItsSign) {
+TEST(Limits, Keep100000BytesAfterTheFirstBlankAndTheSignOfARankedConstraint) {
   for (const std::size_t Length : LengthsAroundTheCaps) {
     SCOPED_TRACE(Length);
     const std::string Long(Length, 'V');
@@ -196,7 +195,7 @@ TEST(Limits, RankedConstraintTextKeeps100000BytesBehindItsFirstBlankAndItsSign) 
   }
 }
 
-TEST(Limits, AlignmentsMayHaveIndexTextsOfAnyLength) {
+TEST(Limits, AllowIndexTextsOfAnyLengthInAlignments) {
   for (const std::size_t Length : LengthsAroundTheCaps) {
     SCOPED_TRACE(Length);
     const std::string Zeros(Length, '0');
@@ -219,10 +218,10 @@ TEST(Limits, AlignmentsMayHaveIndexTextsOfAnyLength) {
 
 struct NumberCase {
   const char* Text;
-  int Value;  ///< what the text is read as
+  int Value;  ///< the value that is read
 };
 
-/// Numbers at the ends of 32 and 64 bits, and behind them.
+/// Numbers at the limits of 32 and 64 bits, and beyond them.
 const NumberCase Numbers[] = {
     {"2147483646", INT_MAX - 1},
     {"2147483647", INT_MAX},
@@ -244,7 +243,7 @@ const NumberCase Numbers[] = {
     {"-99999999999999999999", 0},
 };
 
-TEST(Limits, ConstraintsOfAllFormsHaveIndicesOf32Bits) {
+TEST(Limits, Take32BitIndicesInConstraints) {
   for (const auto& [Text, Value] : Numbers) {
     SCOPED_TRACE(Text);
     const std::string Number = std::to_string(Value);
@@ -262,7 +261,7 @@ TEST(Limits, ConstraintsOfAllFormsHaveIndicesOf32Bits) {
   }
 }
 
-TEST(Limits, PrintOrderFollowsTheLow32BitsOfAnAgreedIndex) {
+TEST(Limits, OrderByTheLow32BitsOfAnAgreedIndex) {
   TrRule Rule;
   Rule.SetConstraint("(x1 = x2147483647)");
   Rule.SetConstraint("(x2147483647 = x2147483648)");
@@ -276,7 +275,7 @@ TEST(Limits, PrintOrderFollowsTheLow32BitsOfAnAgreedIndex) {
   EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), vsOrder);
 }
 
-TEST(Limits, NumberThatWrapsToMinusOneIsNoAgreedIndex) {
+TEST(Limits, RejectAnAgreedIndexThatWrapsToMinusOne) {
   for (const char* Digits : {"4294967295", "9223372036854775807", "99999999999999999999"}) {
     SCOPED_TRACE(Digits);
     const std::string Text = "(X1 = X"s + Digits + ')';
@@ -292,7 +291,7 @@ TEST(Limits, NumberThatWrapsToMinusOneIsNoAgreedIndex) {
   }
 }
 
-TEST(Limits, AlignmentsAreOrderedAndLookedUpAs32Bits) {
+TEST(Limits, OrderAndLookUpAlignmentsBy32Bits) {
   for (const auto& [Text, Value] : Numbers) {
     SCOPED_TRACE(Text);
     const std::string Pair = "("s + Text + ",5)";
@@ -305,14 +304,14 @@ TEST(Limits, AlignmentsAreOrderedAndLookedUpAs32Bits) {
     Added.AddAlignment("(X5::Y5)");
     Added.AddAlignment("(X"s + Text + "::Y5)");
     EXPECT_EQ(Added.GetAlignmentStr(), Set.GetAlignmentStr());
-    // Two texts of one number are one pair, and the first of them stays.
+    // Two texts of one number are one pair; the first text is kept.
     Added.SetAlignment("((" + std::to_string(Value) + ",5),(5,5)," + Pair + ")");
     EXPECT_EQ(Added.GetAlignmentStr(), Value < 5 ? "((" + std::to_string(Value) + ",5),(5,5))"
                                                  : "((5,5),(" + std::to_string(Value) + ",5))");
   }
 }
 
-TEST(Limits, IndexWithoutALabelIsReportedAs32Bits) {
+TEST(Limits, ReportA32BitIndexWithoutALabel) {
   for (const auto& [Text, Value] : Numbers) {
     SCOPED_TRACE(Text);
     TrRule Rule = SmallRule();
@@ -326,7 +325,7 @@ TEST(Limits, IndexWithoutALabelIsReportedAs32Bits) {
   }
 }
 
-TEST(Limits, HeaderReadsTheLastDigitOfAnyNumber) {
+TEST(Limits, ReadTheLastDigitOfAnyHeaderNumber) {
   for (const char* Digits : {"2147483647", "2147483648", "-2147483648", "99999999999999999999"}) {
     TrRule Rule;
     EXPECT_TRUE(Rule.SetTrRuleFromString("{NP,"s + Digits + "}\nNP::NP [N] -> [N]\n(X1::Y1)\n"));
@@ -334,7 +333,7 @@ TEST(Limits, HeaderReadsTheLastDigitOfAnyNumber) {
   }
 }
 
-TEST(Limits, CountOfExamplesRunsOverIntoTheNegative) {
+TEST(Limits, WrapTheCountOfExamplesToNegative) {
   TrRule Rule;
   Rule.SetNumTrExamples(INT_MAX - 1);
   Rule.IncrementNumTrExamples();
@@ -345,7 +344,7 @@ TEST(Limits, CountOfExamplesRunsOverIntoTheNegative) {
             "{,-1}\n;;SL:\n;;TL:\n;;Score:-2147483648\n:: [] -> []\n(\n)");
 }
 
-TEST(Limits, SettersAndWritersTakeTheEndsOfInt) {
+TEST(Limits, SetAndWriteTheLimitsOfInt) {
   TrRule Rule;
   Rule.SetRuleIndex(INT_MIN);
   Rule.SetNumTrExamples(INT_MAX);
@@ -366,7 +365,7 @@ TEST(Limits, SettersAndWritersTakeTheEndsOfInt) {
             "((Y2147483647 F) = V)\n((Y-2147483648 F) = V)\n)");
 }
 
-TEST(Limits, QueriesAndErasingTakeTheEndsOfInt) {
+TEST(Limits, QueryAndEraseTheLimitsOfInt) {
   TrRule Rule;
   Rule.SetConstraint(INT_MIN, INT_MAX, "F", "V", 0, true);
   Rule.SetConstraint(INT_MAX, INT_MIN, "F", "W", 0, true);
@@ -384,8 +383,7 @@ TEST(Limits, QueriesAndErasingTakeTheEndsOfInt) {
 
 // ---- Many of a kind ---------------------------------------------------------------------------
 
-/// Constraints with a feature for each number, so that they stand in their store as they are
-/// counted.
+/// Constraints with a feature for each number, so that they are stored in the order of the numbers.
 Strings ManyConstraints(int Count) {
   Strings vsTexts;
   for (int Number = 0; Number < Count; ++Number) {
@@ -395,7 +393,7 @@ Strings ManyConstraints(int Count) {
   return vsTexts;
 }
 
-TEST(Limits, TenThousandConstraintsAreKeptWrittenAndErased) {
+TEST(Limits, KeepWriteAndEraseTenThousandConstraints) {
   constexpr int Count = 10000;
   const Strings vsTexts = ManyConstraints(Count);
   Strings vsShuffled = vsTexts;
@@ -425,9 +423,9 @@ TEST(Limits, TenThousandConstraintsAreKeptWrittenAndErased) {
   EXPECT_EQ(Rule.GetNumConstraints(), 0);
 }
 
-TEST(Limits, TenThousandAgreementsOfAllCategoriesComeInPrintOrder) {
-  // Feature agreements of node 1 with node 0, in category 1, 2, 3 and 4 by turns; category 3 and 4
-  // share an order, and none of them waits for another.
+TEST(Limits, OrderTenThousandAgreementsForPrint) {
+  // Feature agreements of node 1 with node 0, in categories 1, 2, 3 and 4 in turn. Categories 3 and
+  // 4 share an order, and no agreement waits for another.
   constexpr int Count = 10000;
   TrRule Rule;
   std::map<int, Strings> mvsByCategory;
@@ -448,7 +446,7 @@ TEST(Limits, TenThousandAgreementsOfAllCategoriesComeInPrintOrder) {
   EXPECT_TRUE(Same(Lines(CallGetConstraintsInPrintOrder(Rule)), Lines(vsExpected)));
 }
 
-TEST(Limits, ChainOfFiveThousandIsWrittenFromItsEnd) {
+TEST(Limits, WriteAChainOfFiveThousandFromItsEnd) {
   constexpr int Count = 5000;
   TrRule Rule;
   Strings vsExpected;
@@ -458,7 +456,7 @@ TEST(Limits, ChainOfFiveThousandIsWrittenFromItsEnd) {
   }
   std::reverse(vsExpected.begin(), vsExpected.end());
   EXPECT_TRUE(Same(Lines(CallGetConstraintsInPrintOrder(Rule)), Lines(vsExpected)));
-  // The other way round it is the same chain.
+  // Reversed, it is the same chain.
   TrRule Descending;
   for (const std::string& sText : vsExpected) {
     Descending.SetConstraint(sText);
@@ -466,7 +464,7 @@ TEST(Limits, ChainOfFiveThousandIsWrittenFromItsEnd) {
   EXPECT_TRUE(Same(Lines(CallGetConstraintsInPrintOrder(Descending)), Lines(vsExpected)));
 }
 
-TEST(Limits, ChainOfFiveThousandThatClosesEndsTheProcess) {
+TEST(Limits, EndTheProcessOnACycleOfFiveThousand) {
   constexpr int Count = 5000;
   const std::string Message =
       "ERROR in TrRule::GetConstraintsInPrintOrder, couldn't resolve Category3and4 order.";
@@ -483,7 +481,7 @@ TEST(Limits, ChainOfFiveThousandThatClosesEndsTheProcess) {
   EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule).size(), Count - 1U);
 }
 
-TEST(Limits, TwoThousandValuesOfOneFeatureBecomeOneDisjunction) {
+TEST(Limits, MergeTwoThousandValuesOfOneFeature) {
   constexpr int Count = 2000;
   const std::string Key = "4__1__NUM__";
   TrRule Rule;
@@ -503,7 +501,7 @@ TEST(Limits, TwoThousandValuesOfOneFeatureBecomeOneDisjunction) {
 
 using Pairs = std::vector<std::pair<int, int>>;
 
-/// Each of `Count` components aligned to the one that mirrors it.
+/// `Count` components, each aligned to its mirror image.
 Pairs MirroredPairs(int Count) {
   Pairs vPairs;
   for (int X = 1; X <= Count; ++X) {
@@ -520,7 +518,7 @@ std::string AlignmentsOf(const Pairs& vPairs) {
   return Text + ')';
 }
 
-TEST(Limits, TenThousandAlignmentsAreOrderedAndShown) {
+TEST(Limits, OrderAndShowTenThousandAlignments) {
   constexpr int Count = 10000;
   const Pairs vPairs = MirroredPairs(Count);
   Pairs vShuffled = vPairs;
@@ -549,13 +547,13 @@ TEST(Limits, TenThousandAlignmentsAreOrderedAndShown) {
   EXPECT_EQ(siPartners, (std::set<int>{1, 10000}));
 }
 
-TEST(Limits, FlippingKeepsThePairsIn100000BytesBehindTheFirst) {
-  // From the third on, each pair takes 14 bytes with the "),(" behind it. Blanks in the second one
-  // move the cut through a later one, byte by byte.
+TEST(Limits, KeepThePairsIn100000BytesAfterTheFirstInFlipping) {
+  // From the third pair on, each takes 14 bytes including the "),(" after it. Blanks in the second
+  // pair move the limit through a later pair, byte by byte.
   struct Case {
-    std::size_t Left;  ///< how many bytes are left of the pair with the cut in it
-    const char* Last;  ///< what becomes of it
-    bool IsFatal;      ///< whether it is no pair any more
+    std::size_t Left;  ///< the bytes that remain of the pair at the limit
+    const char* Last;  ///< the pair that is read
+    bool IsFatal;      ///< whether it is not a pair any more
   };
   const Case Cases[] = {
       {0, "", false},
@@ -566,7 +564,7 @@ TEST(Limits, FlippingKeepsThePairsIn100000BytesBehindTheFirst) {
       {10, ",(1714,17142)", false},
       {11, ",(17142,17142)", false},
       {12, ",(17142,17142)", false},
-      // A comma behind it hides the parenthesis, which becomes a part of the index.
+      // A comma after it hides the parenthesis, which becomes part of the index.
       {13, ",(17142),17142)", false},
   };
   std::string Rest;
@@ -575,9 +573,9 @@ TEST(Limits, FlippingKeepsThePairsIn100000BytesBehindTheFirst) {
   }
   const std::string Kept = Rest.substr(0, Rest.find(",(17142,17142)"));
   ASSERT_EQ(Kept.size(), 7141 * 14U);
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Left);
-    const std::string Blanks(100000 - Kept.size() - Each.Left - std::string("2,2),(").size(), ' ');
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Left);
+    const std::string Blanks(100000 - Kept.size() - Row.Left - std::string("2,2),(").size(), ' ');
     TrRule Rule;
     Rule.SetAlignment("((1,1),(2," + Blanks + "2)" + Rest + ")");
     const std::string Before = Rule.GetAlignmentStr();
@@ -586,15 +584,15 @@ TEST(Limits, FlippingKeepsThePairsIn100000BytesBehindTheFirst) {
         "ERROR in TrRule::GetReversedAlignments: incorrect alignment string:|" + Before + "|\n";
     StreamCapture Streams;
     const std::optional<Halted> Halt = HaltOf([&] { Rule.FlipRuleNoConstraints(); });
-    EXPECT_EQ(Halt.has_value(), Each.IsFatal);
+    EXPECT_EQ(Halt.has_value(), Row.IsFatal);
     EXPECT_EQ(Streams.TakeOut(), "");
-    EXPECT_TRUE(Same(Streams.TakeErr(), Each.IsFatal ? Message : ""));
+    EXPECT_TRUE(Same(Streams.TakeErr(), Row.IsFatal ? Message : ""));
     EXPECT_TRUE(Same(Rule.GetAlignmentStr(),
-                     Each.IsFatal ? Before : "((1,1),(2,2)" + Kept + Each.Last + ")"));
+                     Row.IsFatal ? Before : "((1,1),(2,2)" + Kept + Row.Last + ")"));
   }
 }
 
-TEST(Limits, TenThousandOfEverythingElseIsCopiedAndWritten) {
+TEST(Limits, CopyAndWriteTenThousandOfEverythingElse) {
   constexpr int Count = 10000;
   Strings vsWords;
   std::string Alternatives;
@@ -621,7 +619,7 @@ TEST(Limits, TenThousandOfEverythingElseIsCopiedAndWritten) {
                    Alternatives +
                        ";;SLWord2Comp:\n;;TLWord2Comp_alt:\n;;WordLevelSLPOS:\n;;WordLevelTLPOS:\n"
                        ";;Score:1\n:: [N] -> []\n(\n)"));
-  TrRule Lopsided;  // much more on one side than on the other
+  TrRule Lopsided;  // much more on one side
   Lopsided.SetTLWords(vsWords);
   Lopsided.SetWordLevelTLPOS(vsWords);
   EXPECT_TRUE(

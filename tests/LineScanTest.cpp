@@ -1,11 +1,11 @@
-// Pins what one look at a line finds: the marks in the whole line and before the comment, where the
-// comment begins, and whether there are quotes before it.
+// Scanning a line: the marks in the whole line and before the comment, the start of the comment,
+// and quotes before it.
 
 #include "LineScan.h"
 
 #include "support/RandomInput.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ using TrRuleInternal::ScannedLine;
 
 namespace {
 
-/// A scanned line in a form that can be compared and shown.
+/// A scanned line, in a form that can be compared and printed.
 struct Found {
   Strings vsWhole;
   Strings vsCode;
@@ -60,9 +60,10 @@ Found Scan(const std::string& Line) {
 }
 
 Found ReferenceScan(const std::string& Line) {
-  const std::size_t Comment = Slow::CommentBegin(Line);
+  const std::size_t Comment = Reference::CommentBegin(Line);
   const std::string Code = Line.substr(0, Comment);
-  return {Slow::MarksIn(Line), Slow::MarksIn(Code), Comment, Slow::Holds(Code, "\"")};
+  return {Reference::MarksIn(Line), Reference::MarksIn(Code), Comment,
+          Reference::Holds(Code, "\"")};
 }
 
 }  // namespace
@@ -93,12 +94,12 @@ TEST(LineScan, FindsTheMarks) {
       {";; {] -> [::=", {{";;", "{", "] -> [", "::", "="}, {}, 0, false}},
       {"\0;;\xFF="s, {{";;", "="}, {}, 1, false}},
   };
-  for (const Case& Each : vCases) {
-    EXPECT_EQ(Scan(Each.Line), Each.Expected) << Each.Line;
+  for (const Case& Row : vCases) {
+    EXPECT_EQ(Scan(Row.Line), Row.Expected) << Row.Line;
   }
 }
 
-TEST(LineScan, QuotesHideACommentAndNothingElse) {
+TEST(LineScan, HidesOnlyCommentsInQuotes) {
   struct Case {
     std::string Line;
     Found Expected;
@@ -116,12 +117,12 @@ TEST(LineScan, QuotesHideACommentAndNothingElse) {
       {"\"\";;", {{";;"}, {}, 2, true}},
       {"\"\"\";;\"", {{";;"}, {";;"}, 6, true}},
   };
-  for (const Case& Each : vCases) {
-    EXPECT_EQ(Scan(Each.Line), Each.Expected) << Each.Line;
+  for (const Case& Row : vCases) {
+    EXPECT_EQ(Scan(Row.Line), Row.Expected) << Row.Line;
   }
 }
 
-TEST(LineScan, ScansEveryPrefixAsTheReferenceDoes) {
+TEST(LineScan, ScansEveryPrefixLikeTheReference) {
   const std::string Line = "A::\";;\" : [\"=\" C] -> [{D}] = :: ;; \"e\" ] -> [ :: = {";
   for (std::size_t Size = 0; Size <= Line.size(); ++Size) {
     const std::string Prefix = Line.substr(0, Size);
@@ -129,7 +130,7 @@ TEST(LineScan, ScansEveryPrefixAsTheReferenceDoes) {
   }
 }
 
-TEST(LineScan, ScansRandomLinesAsTheReferenceDoes) {
+TEST(LineScan, ScansRandomLinesLikeTheReference) {
   RandomInput Random;
   const Strings vsWords = {";;", ";",  "\"", "{", "] -> [", "] -> ",
                            "]",  "::", ":",  "=", " a",     "\xFF"};
@@ -138,7 +139,7 @@ TEST(LineScan, ScansRandomLinesAsTheReferenceDoes) {
     const std::string Line =
         Case % 2 == 0 ? Random.WordsOf(vsWords, 12) : Random.TextOf(";;\"\"{]->[::= \0"s, 24);
     ASSERT_EQ(Scan(Line), ReferenceScan(Line)) << Line;
-    Hidden += Line.find(";;") < Slow::CommentBegin(Line) ? 1 : 0;
+    Hidden += Line.find(";;") < Reference::CommentBegin(Line) ? 1 : 0;
   }
   EXPECT_GT(Hidden, 300);
 }

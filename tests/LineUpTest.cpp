@@ -1,5 +1,5 @@
-// Pins the two questions that can be asked of an alignment string, the index that answers them, and
-// what becomes of strings that are cut off, overlong or without outer parentheses.
+// The two queries on an alignment string, the index that answers them, and strings that are
+// truncated, overlong or without outer parentheses.
 
 #include "LineUp.h"
 
@@ -7,7 +7,7 @@
 
 #include "support/DebugLevel.h"
 #include "support/PrivateAccess.h"
-#include "support/SlowTwins.h"
+#include "support/ReferenceImplementation.h"
 #include "support/StreamCapture.h"
 
 #include <map>
@@ -21,7 +21,7 @@ using std::string_literals::operator""s;
 
 using IndexMap = std::map<int, std::vector<int>>;
 using IntSet = std::set<int>;
-using Slow::IntPairs;
+using Reference::IntPairs;
 
 static_assert(!std::is_polymorphic_v<LineUp>);
 static_assert(std::is_default_constructible_v<LineUp> && std::is_copy_constructible_v<LineUp> &&
@@ -82,7 +82,7 @@ IndexMap Grouped(const IntPairs& vPairs, bool BySource) {
 
 }  // namespace
 
-TEST(LineUp, AnswersWhatAComponentIsAlignedTo) {
+TEST(LineUp, FindsThePartnersOfAComponent) {
   struct Case {
     const char* Alignments;
     int Key;
@@ -109,19 +109,19 @@ TEST(LineUp, AnswersWhatAComponentIsAlignedTo) {
       {"(1,1),(2,2)", 1, {}, {}},
       {"(1,1),(2,2)", 2, {2}, {2}},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(testing::Message() << Each.Alignments << " asked for " << Each.Key);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(testing::Message() << Row.Alignments << " asked for " << Row.Key);
     LineUp Index;
     IntSet siTargets;
     IntSet siSources;
-    EXPECT_EQ(Index.GetEq(Each.Alignments, Each.Key, siTargets), !Each.siTargets.empty());
-    EXPECT_EQ(Index.GetEqFromY(Each.Alignments, Each.Key, siSources), !Each.siSources.empty());
-    EXPECT_EQ(siTargets, Each.siTargets);
-    EXPECT_EQ(siSources, Each.siSources);
+    EXPECT_EQ(Index.GetEq(Row.Alignments, Row.Key, siTargets), !Row.siTargets.empty());
+    EXPECT_EQ(Index.GetEqFromY(Row.Alignments, Row.Key, siSources), !Row.siSources.empty());
+    EXPECT_EQ(siTargets, Row.siTargets);
+    EXPECT_EQ(siSources, Row.siSources);
   }
 }
 
-TEST(LineUp, AddsToTheCallersSet) {
+TEST(LineUp, AddsToTheSetOfTheCaller) {
   LineUp Index;
   IntSet siPartners{7};
   EXPECT_TRUE(Index.GetEq("((1,1),(2,3))", 1, siPartners));
@@ -132,7 +132,7 @@ TEST(LineUp, AddsToTheCallersSet) {
   EXPECT_EQ(siPartners, (IntSet{1, 3, 5, 7}));
 }
 
-TEST(LineUp, LeavesTheSetAloneWhereThereIsNoPartner) {
+TEST(LineUp, LeavesTheSetUnchangedWithoutAPartner) {
   LineUp Index;
   IntSet siPartners{7};
   EXPECT_FALSE(Index.GetEq("((1,2))", 2, siPartners));
@@ -140,13 +140,13 @@ TEST(LineUp, LeavesTheSetAloneWhereThereIsNoPartner) {
   EXPECT_EQ(siPartners, IntSet{7});
 }
 
-TEST(LineUp, AFreshIndexIsEmpty) {
+TEST(LineUp, StartsEmpty) {
   LineUp Index;
   EXPECT_EQ(SrcTgt(Index), IndexMap{});
   EXPECT_EQ(TgtSrc(Index), IndexMap{});
 }
 
-TEST(LineUp, OneFillsTheSourceIndexAndAnyOtherNumberTheTargetIndex) {
+TEST(LineUp, FillsTheSourceIndexFor1AndTheTargetIndexOtherwise) {
   const std::string Alignments = "((1,2),(3,2))";
   const IndexMap BySource{{1, {2}}, {3, {2}}};
   const IndexMap ByTarget{{2, {1, 3}}};
@@ -159,12 +159,12 @@ TEST(LineUp, OneFillsTheSourceIndexAndAnyOtherNumberTheTargetIndex) {
   }
 }
 
-TEST(LineUp, TheIndexKeepsTheOrderOfThePairsAndRepeatsThem) {
+TEST(LineUp, KeepsTheOrderAndTheDuplicatesOfPairs) {
   EXPECT_EQ(SourceIndex("((1,3),(1,1),(1,3))"), (IndexMap{{1, {3, 1, 3}}}));
   EXPECT_EQ(TargetIndex("((3,1),(1,1),(3,1))"), (IndexMap{{1, {3, 1, 3}}}));
 }
 
-TEST(LineUp, FillingAddsToWhatTheIndexHolds) {
+TEST(LineUp, AddsToAFilledIndex) {
   LineUp Index;
   Fill(Index, 1, "((1,2))");
   Fill(Index, 1, "((1,3),(2,2))");
@@ -173,7 +173,7 @@ TEST(LineUp, FillingAddsToWhatTheIndexHolds) {
   EXPECT_EQ(TgtSrc(Index), (IndexMap{{8, {9}}}));
 }
 
-TEST(LineUp, AQueryEmptiesOnlyTheIndexThatItFilled) {
+TEST(LineUp, ClearsOnlyTheQueriedIndex) {
   for (const int Key : {1, 4}) {  // found, and not found
     SCOPED_TRACE(Key);
     LineUp Index;
@@ -189,7 +189,7 @@ TEST(LineUp, AQueryEmptiesOnlyTheIndexThatItFilled) {
   }
 }
 
-TEST(LineUp, NothingIsLeftFromOneQueryToTheNext) {
+TEST(LineUp, KeepsNothingBetweenQueries) {
   LineUp Index;
   IntSet siPartners;
   EXPECT_TRUE(Index.GetEq("((1,1))", 1, siPartners));
@@ -199,7 +199,7 @@ TEST(LineUp, NothingIsLeftFromOneQueryToTheNext) {
   EXPECT_EQ(siPartners, (IntSet{1, 3}));
 }
 
-TEST(LineUp, ACopyHasAnIndexOfItsOwn) {
+TEST(LineUp, CopiesItsIndex) {
   LineUp Index;
   Fill(Index, 1, "((1,2))");
   LineUp Copy(Index);
@@ -210,7 +210,7 @@ TEST(LineUp, ACopyHasAnIndexOfItsOwn) {
   EXPECT_EQ(SrcTgt(Index), (IndexMap{{1, {2, 3}}}));
 }
 
-TEST(LineUp, StopsAtTheEndOfAStringThatIsCutOff) {
+TEST(LineUp, StopsAtTheEndOfATruncatedString) {
   const std::string Whole = "((1,1),(2,3),(3,2))";
   const IntPairs vPairs{{1, 1}, {2, 3}, {3, 2}};
   for (std::size_t Length = 0; Length <= Whole.size(); ++Length) {
@@ -222,7 +222,7 @@ TEST(LineUp, StopsAtTheEndOfAStringThatIsCutOff) {
   }
 }
 
-TEST(LineUp, PassesOverPairsWithIndexTextsOfTenCharacters) {
+TEST(LineUp, SkipsPairsWithIndexTextsOfTenCharacters) {
   EXPECT_EQ(SourceIndex("((123456789,123456789))"), (IndexMap{{123456789, {123456789}}}));
   EXPECT_EQ(SourceIndex("((1234567890,1),(2,2))"), (IndexMap{{2, {2}}}));
   EXPECT_EQ(SourceIndex("((1,1234567890),(2,2))"), (IndexMap{{2, {2}}}));
@@ -230,7 +230,7 @@ TEST(LineUp, PassesOverPairsWithIndexTextsOfTenCharacters) {
   EXPECT_EQ(SourceIndex("((" + std::string(100000, '1') + ",1),(3,4))"), (IndexMap{{3, {4}}}));
 }
 
-TEST(LineUp, TakesIndexTextsAsTheyCome) {
+TEST(LineUp, ReadsAnyIndexText) {
   struct Case {
     std::string Alignments;
     IndexMap BySource;
@@ -253,13 +253,13 @@ TEST(LineUp, TakesIndexTextsAsTheyCome) {
       {"x(1,2)", {{1, {2}}}},
       {")1,2)(3,4)", {{3, {4}}}},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Alignments);
-    EXPECT_EQ(SourceIndex(Each.Alignments), Each.BySource);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Alignments);
+    EXPECT_EQ(SourceIndex(Row.Alignments), Row.BySource);
   }
 }
 
-TEST(LineUp, IndexesAsItsTwinDoesOnRandomStrings) {
+TEST(LineUp, IndexesRandomStringsLikeTheReference) {
   constexpr unsigned Seed = 20301;
   std::mt19937 Engine(Seed);
   const std::string Damage = "((,,))123456789 x\0\xFF"s;
@@ -273,7 +273,7 @@ TEST(LineUp, IndexesAsItsTwinDoesOnRandomStrings) {
     for (unsigned long Byte = Round % 2 == 0 ? 0 : Engine() % 8; Byte > 0; --Byte) {
       Text[Engine() % Text.size()] = Damage[Engine() % Damage.size()];
     }
-    const IntPairs vExpected = Slow::IndexedPairs(Text);
+    const IntPairs vExpected = Reference::IndexedPairs(Text);
     EXPECT_EQ(SourceIndex(Text), Grouped(vExpected, true)) << Text;
     EXPECT_EQ(TargetIndex(Text), Grouped(vExpected, false)) << Text;
   }

@@ -1,4 +1,4 @@
-// Pins the bytes of each line that is written.
+// The bytes of each kind of line.
 
 #include "LineWriting.h"
 
@@ -15,7 +15,7 @@ using namespace std::string_view_literals;
 
 namespace {
 
-/// What a function appends to a text that begins already.
+/// The text that a function appends to a non-empty text.
 template <typename FunctionT, typename... ArgumentsT>
 std::string Appended(FunctionT Function, const ArgumentsT&... Arguments) {
   const std::string Before = "before|";
@@ -92,7 +92,7 @@ TEST(LineWriting, WritesConstraints) {
       {{-1, -1, "", "", false}, "((Y-1 ) =  ))"},
       {{1, INT_MAX, "\0"sv, "\xE9", true}, "((X2147483647 \0) = \xE9)"s},
   };
-  for (const Case& Each : Cases) {
-    EXPECT_EQ(Appended(TrRuleInternal::AppendConstraint, Each.Fields), Each.Expected);
+  for (const Case& Row : Cases) {
+    EXPECT_EQ(Appended(TrRuleInternal::AppendConstraint, Row.Fields), Row.Expected);
   }
 }

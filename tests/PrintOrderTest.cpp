@@ -1,13 +1,13 @@
-// Pins the order in which constraints are written, as places among those that are stored, and the
-// groups that have no such order.
+// The order in which constraints are written, as positions among the stored ones, and the groups
+// that have no order.
 
 #include "OrderHalt.h"
 #include "PrintOrder.h"
 
 #include "support/HaltGuard.h"
 #include "support/RandomInput.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 #include "support/StreamCapture.h"
 
 #include <gtest/gtest.h>
@@ -49,7 +49,7 @@ Constraint Record(const OrderedConstraint& Ordered) {
 
 }  // namespace
 
-TEST(PrintOrder, PutsConstraintsInOrder) {
+TEST(PrintOrder, OrdersConstraints) {
   struct Case {
     const char* What;
     std::vector<OrderedConstraint> vConstraints;
@@ -76,14 +76,14 @@ TEST(PrintOrder, PutsConstraintsInOrder) {
       {"other categories are left out", {{-1, 1, 2}, {0, 1, 2}, {5, 1, 2}, {1, 1, 2}}, {3}},
       {"negative indices", {{4, -2, -1}, {4, -1, 0}}, {1, 0}},
   };
-  for (const Case& Each : vCases) {
+  for (const Case& Row : vCases) {
     Places vOrder = {7, 8, 9};
-    EXPECT_EQ(NameOf(FindPrintOrder(Each.vConstraints, vOrder)), "") << Each.What;
-    EXPECT_EQ(vOrder, Each.vExpected) << Each.What;
+    EXPECT_EQ(NameOf(FindPrintOrder(Row.vConstraints, vOrder)), "") << Row.What;
+    EXPECT_EQ(vOrder, Row.vExpected) << Row.What;
   }
 }
 
-TEST(PrintOrder, GivesTheFirstGroupWithoutAnOrder) {
+TEST(PrintOrder, ReturnsTheFirstGroupWithoutAnOrder) {
   const std::pair<std::vector<OrderedConstraint>, std::string> Cases[] = {
       {{{1, 1, 2}, {1, 2, 1}}, "Category1"},
       {{{3, 0, 1}, {4, 1, 0}}, "Category3and4"},
@@ -113,24 +113,23 @@ TEST(PrintOrder, HaltsWithTheMessageOfTheGroup) {
   }
 }
 
-TEST(PrintOrder, OrdersRandomConstraintsAsTheReferenceDoes) {
+TEST(PrintOrder, OrdersRandomConstraintsLikeTheReference) {
   RandomInput Random;
   const std::vector<int> vCategories = {1, 1, 1, 2, 3, 4, 4, 4, 5, -1};
   int Failed = 0;
   for (int Case = 0; Case < 10000; ++Case) {
     std::vector<OrderedConstraint> vConstraints(Random.Below(14));
     std::vector<Constraint> vRecords;
-    for (OrderedConstraint& Each : vConstraints) {
-      Each.Category = Random.Pick(vCategories);
-      Each.ConstrainedIndex = static_cast<int>(Random.Below(8));
+    for (OrderedConstraint& New : vConstraints) {
+      New.Category = Random.Pick(vCategories);
+      New.ConstrainedIndex = static_cast<int>(Random.Below(8));
       const std::size_t Kind = Random.Below(10);
       if (Kind > 0) {
-        Each.AgreedIndex =
-            static_cast<int>(Random.Below(8)) + (Kind > 2 ? Each.ConstrainedIndex : 0);
+        New.AgreedIndex = static_cast<int>(Random.Below(8)) + (Kind > 2 ? New.ConstrainedIndex : 0);
       }
-      vRecords.push_back(Record(Each));
+      vRecords.push_back(Record(New));
     }
-    const Slow::PrintOrder Expected = Slow::OrderForPrint(vRecords);
+    const Reference::PrintOrder Expected = Reference::OrderForPrint(vRecords);
     Places vOrder;
     const std::optional<PrintGroup> Group = FindPrintOrder(vConstraints, vOrder);
     ASSERT_EQ(Group.has_value(), !Expected.Message.empty());
@@ -139,7 +138,8 @@ TEST(PrintOrder, OrdersRandomConstraintsAsTheReferenceDoes) {
       vsTexts.push_back(vRecords[Place].ReturnAsString());
     }
     if (Group) {
-      EXPECT_TRUE(Slow::Holds(Expected.Message, NameOf(Group) + " order.")) << Expected.Message;
+      EXPECT_TRUE(Reference::Holds(Expected.Message, NameOf(Group) + " order."))
+          << Expected.Message;
       ++Failed;
     } else {
       ASSERT_EQ(vsTexts, Expected.vsTexts);

@@ -1,6 +1,5 @@
-// The pages show what is there: programs and their outputs, what the driver prints, the version,
-// and links that lead somewhere. What README.md shows of `trrule` is compared with the tests of the
-// command.
+// The documents show existing programs and their outputs, the output of the driver, the version,
+// and valid links. The tests of the command compare what README.md shows of `trrule`.
 
 #include <gtest/gtest.h>
 
@@ -24,7 +23,7 @@ std::string ReadFile(const std::filesystem::path& Path) {
   return {std::istreambuf_iterator<char>(File), std::istreambuf_iterator<char>()};
 }
 
-/// What stands in the fences of one kind, one text for each fence.
+/// The contents of the fences of one kind, one text for each fence.
 Strings FencesOf(const std::string& Page, const std::string& Kind) {
   const std::string Opening = "```" + Kind + '\n';
   Strings vsTexts;
@@ -63,8 +62,8 @@ Strings FileLinksOf(const std::string& Page) {
   return vsTargets;
 }
 
-/// What a console shows, but for commands and the notes of scripts about themselves, cut where a
-/// line "…" says that something is left out.
+/// The output in a console, without commands and progress lines of scripts, split at lines "…" that
+/// mark omissions.
 Strings PiecesOf(const std::string& Console) {
   Strings vsPieces{""};
   std::istringstream Lines(Console);
@@ -107,7 +106,7 @@ TEST(Readme, ShowsTheExampleProgramAndItsOutput) {
             Strings{ReadFile(Source / "examples/expected/ReadAndPrint.txt")});
 }
 
-TEST(Readme, ShowsPiecesOfTheOutputOfTheDriverInTheirOrder) {
+TEST(Readme, ShowsExtractsOfTheDriversOutputInOrder) {
   const std::string Output = '\n' + ReadFile(Source / "tests/data/driver_output.txt");
   const Strings vsPieces = PiecesOf(ConsoleOf(ReadFile(Source / "README.md"), "script/demo"));
   EXPECT_EQ(vsPieces.size(), 2U);
@@ -115,12 +114,12 @@ TEST(Readme, ShowsPiecesOfTheOutputOfTheDriverInTheirOrder) {
   for (const std::string& sPiece : vsPieces) {
     const std::size_t Begin = Output.find('\n' + sPiece, End);
     ASSERT_NE(Begin, std::string::npos) << sPiece;
-    EXPECT_TRUE(End != 0 || Begin == 0) << "the first piece is not the beginning";
+    EXPECT_TRUE(End != 0 || Begin == 0) << "the first extract is not at the start";
     End = Begin + sPiece.size();
   }
 }
 
-TEST(Readme, InstallsTheLibraryAsTheirPageDoes) {
+TEST(Readme, ShowsTheInstallationOfTheEmbeddingPage) {
   const std::string Command = "cmake --preset library";
   const std::string Commands = ConsoleOf(ReadFile(Source / "README.md"), Command);
   EXPECT_EQ(ConsoleOf(ReadFile(Source / "docs/embedding.md"), Command), Commands);
@@ -133,11 +132,11 @@ TEST(Readme, CountsTheOtherExamples) {
   }
   EXPECT_EQ(Count, 6);
   const std::string Page = ReadFile(Source / "README.md");
-  EXPECT_NE(Page.find("Five more programs stand beside it."), std::string::npos);
+  EXPECT_NE(Page.find("The folder contains five more programs."), std::string::npos);
   EXPECT_NE(Page.find("| six small programs, "), std::string::npos);
 }
 
-TEST(Embedding, ShowsHowAnExampleCutsATextIntoRules) {
+TEST(Embedding, ShowsTheFunctionThatSplitsATextIntoRules) {
   const std::string Program = ReadFile(Source / "examples/ReadManyRules.cpp");
   for (const std::string& sFence : FencesOf(ReadFile(Source / "docs/embedding.md"), "cpp")) {
     if (sFence.find("CutIntoRules") != std::string::npos) {
@@ -148,7 +147,7 @@ TEST(Embedding, ShowsHowAnExampleCutsATextIntoRules) {
   ADD_FAILURE() << "the page does not show it";
 }
 
-TEST(Changelog, HasTheUnreleasedChangesAboveThoseOfTheVersion) {
+TEST(Changelog, ListsUnreleasedChangesFirst) {
   const std::string Project = ReadFile(Source / "CMakeLists.txt");
   const std::size_t Begin = Project.find("VERSION ", Project.find("project(")) + 8;
   const std::string Version = Project.substr(Begin, Project.find('\n', Begin) - Begin);
@@ -163,7 +162,7 @@ TEST(Changelog, HasTheUnreleasedChangesAboveThoseOfTheVersion) {
   EXPECT_EQ(vsHeadings[1], Version);
 }
 
-TEST(License, IsNamedInOneWayEverywhere) {
+TEST(License, HasTheSameNameEverywhere) {
   const std::string License = ReadFile(Source / "LICENSE");
   EXPECT_NE(License.find("\nSPDX-License-Identifier: Apache-2.0\n"), std::string::npos);
   const std::string Copyright = ReadFile(Source / "cmake/debian/copyright");
@@ -174,7 +173,7 @@ TEST(License, IsNamedInOneWayEverywhere) {
   }
 }
 
-TEST(Documents, LinkOnlyToFilesThatExist) {
+TEST(Documents, LinkOnlyToExistingFiles) {
   int Count = 0;
   for (const std::string& sPage : Pages()) {
     SCOPED_TRACE(sPage);

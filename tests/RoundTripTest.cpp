@@ -1,6 +1,6 @@
-// Pins which rules come back from their text, written and read and written again, and which do not:
-// every exception that fuzz/RoundTrip.h lists has its rule here. The fuzz targets hold the library
-// to that list.
+// Which rules are restored from their text, written and read and written again, and which are not:
+// every exception in fuzz/RoundTrip.h has a rule here. The fuzz targets check the library against
+// that list.
 
 #include "RoundTrip.h"
 
@@ -12,14 +12,14 @@
 
 namespace {
 
-/// Reads a text that has to be a rule, without its messages.
+/// Reads a text that must be a rule, without its messages.
 void ReadQuietly(TrRule& Rule, const std::string& Text) {
   const SilentStreams Silence;
   ASSERT_TRUE(Rule.SetTrRuleFromString(Text)) << Text;
 }
 
-/// The forms in which writing, reading and writing again gives the same text: their first letters
-/// where it does, dashes where it does not.
+/// The forms whose text is the same when written, read and written again: their first letters, or
+/// dashes for those that change.
 std::string FormsThatComeBack(TrRule& Rule) {
   const SilentStreams Silence;
   std::string Forms = "PFNAC";
@@ -34,12 +34,12 @@ std::string FormsThatComeBack(TrRule& Rule) {
   return Forms;
 }
 
-/// The same, as the list of exceptions has it.
+/// The same, according to the list of exceptions.
 std::string FormsThatShould(TrRule& Rule) {
   const SilentStreams Silence;
   std::string Forms = "PFNAC";
   for (const Form Which : AllForms) {
-    if (!ComesBack(Rule, Which, Write(Rule, Which))) {
+    if (!IsRestored(Rule, Which, Write(Rule, Which))) {
       Forms[static_cast<std::size_t>(Which)] = '-';
     }
   }
@@ -61,21 +61,21 @@ std::string With(const std::string& Line) {
 }
 
 void ExpectForms(const std::vector<Case>& vCases) {
-  for (const Case& Each : vCases) {
-    SCOPED_TRACE(Each.What);
+  for (const Case& Row : vCases) {
+    SCOPED_TRACE(Row.What);
     TrRule Rule;
-    ASSERT_NO_FATAL_FAILURE(ReadQuietly(Rule, Each.Text));
-    EXPECT_EQ(FormsThatComeBack(Rule), Each.Forms);
+    ASSERT_NO_FATAL_FAILURE(ReadQuietly(Rule, Row.Text));
+    EXPECT_EQ(FormsThatComeBack(Rule), Row.Forms);
     const std::string Should = FormsThatShould(Rule);
-    for (std::size_t Which = 0; Which < Each.Forms.size(); ++Which) {
-      EXPECT_TRUE(Should[Which] == '-' || Should[Which] == Each.Forms[Which]) << Should;
+    for (std::size_t Which = 0; Which < Row.Forms.size(); ++Which) {
+      EXPECT_TRUE(Should[Which] == '-' || Should[Which] == Row.Forms[Which]) << Should;
     }
   }
 }
 
 }  // namespace
 
-TEST(RoundTrip, RulesInTheFormatComeBackInEveryForm) {
+TEST(RoundTrip, RestoresWellFormedRulesFromEveryForm) {
   const Strings vsTexts = {
       SampleText.substr(0, SampleText.find("(y1 ==")),
       SampleText,
@@ -93,7 +93,7 @@ TEST(RoundTrip, RulesInTheFormatComeBackInEveryForm) {
   }
 }
 
-TEST(RoundTrip, HeadersLoseNumbersAndTypes) {
+TEST(RoundTrip, LosesNumbersAndTypesOfHeaders) {
   ExpectForms({
       {"no header: -1 is read as 1", "A::B [C] -> [D]\n(X1::Y1)\n", "---AC"},
       {"a type of more than two bytes", "  {ADJP,8}\nA::B [C] -> [D]\n(X1::Y1)\n", "-FNAC"},
@@ -101,7 +101,7 @@ TEST(RoundTrip, HeadersLoseNumbersAndTypes) {
   });
 }
 
-TEST(RoundTrip, TypesAndLabelsThatHoldMarksAreReadAsSomethingElse) {
+TEST(RoundTrip, MisreadsTypesAndLabelsWithMarks) {
   ExpectForms({
       {"no types", Typed("[A B] -> [B A]"), "-----"},
       {"no labels on one side", Typed("A::B [ ] -> [D]"), "-----"},
@@ -115,7 +115,7 @@ TEST(RoundTrip, TypesAndLabelsThatHoldMarksAreReadAsSomethingElse) {
   });
 }
 
-TEST(RoundTrip, CommentsThatAreReadAsOtherLinesCountTwice) {
+TEST(RoundTrip, ReadsSomeCommentsAsOtherLinesToo) {
   ExpectForms({
       {"a value that merges the other way", With("((y1 a) = sg)\n;; ((y1 a) = pl)"), "-FNAC"},
       {"an alignment in another text", With(";; (X01::Y1)"), "-FNAC"},
@@ -124,7 +124,7 @@ TEST(RoundTrip, CommentsThatAreReadAsOtherLinesCountTwice) {
   });
 }
 
-TEST(RoundTrip, AlignmentsThatMakeCommentsComeBackAsSuch) {
+TEST(RoundTrip, ReadsAlignmentsWithCommentMarksAsComments) {
   ExpectForms({
       {"an index with two semicolons", With("(X2;;::Y2)"), "-FNAC"},
       {"an index with a blank in front", With("(X 2::Y2)"), "PFNAC"},
@@ -132,7 +132,7 @@ TEST(RoundTrip, AlignmentsThatMakeCommentsComeBackAsSuch) {
   });
 }
 
-TEST(RoundTrip, ConstraintsThatTheirTextDoesNotBringBackChangeIt) {
+TEST(RoundTrip, ChangesConstraintsThatTheirTextDoesNotRestore) {
   ExpectForms({
       {"a value with a doubled sign", With("((y1 a) == (y2 a))"), "--N--"},
       {"two colons, where a blank was", With("((y1 a: :b) = x)"), "--N--"},
@@ -142,7 +142,7 @@ TEST(RoundTrip, ConstraintsThatTheirTextDoesNotBringBackChangeIt) {
   });
 }
 
-TEST(RoundTrip, TextsOfMoreThanAHundredThousandBytesAreCut) {
+TEST(RoundTrip, CutsTextsOfMoreThanAHundredThousandBytes) {
   TrRule Rule;
   ASSERT_NO_FATAL_FAILURE(ReadQuietly(Rule, With("((x1 a) = sg)")));
   Rule.SetSLType(std::string(60000, 'T'));
@@ -151,7 +151,7 @@ TEST(RoundTrip, TextsOfMoreThanAHundredThousandBytesAreCut) {
   EXPECT_EQ(FormsThatComeBack(Rule), "-----");
 }
 
-TEST(RoundTrip, TextRestoresNothingOfTheExample) {
+TEST(RoundTrip, RestoresNothingOfTheExample) {
   struct Change {
     const char* Member;
     void (*Make)(TrRule& Rule);
@@ -179,13 +179,13 @@ TEST(RoundTrip, TextRestoresNothingOfTheExample) {
       {"AlignmentString, emptied", [](TrRule& Rule) { Rule.SetAlignment(""); }, "-----"},
       {"AlignmentString", [](TrRule& Rule) { Rule.SetAlignment("((a,b))"); }, "-----"},
   };
-  for (const Change& Each : Changes) {
-    SCOPED_TRACE(Each.Member);
+  for (const Change& Variant : Changes) {
+    SCOPED_TRACE(Variant.Member);
     TrRule Rule;
     ASSERT_NO_FATAL_FAILURE(ReadQuietly(Rule, SampleText));
     EXPECT_EQ(FormsThatComeBack(Rule), "PFNAC");
-    Each.Make(Rule);
-    EXPECT_EQ(FormsThatComeBack(Rule), Each.Forms);
-    EXPECT_EQ(FormsThatShould(Rule), Each.Forms);
+    Variant.Make(Rule);
+    EXPECT_EQ(FormsThatComeBack(Rule), Variant.Forms);
+    EXPECT_EQ(FormsThatShould(Rule), Variant.Forms);
   }
 }

@@ -1,11 +1,11 @@
-// Pins which rule lines are in their common form, what they are taken apart into, and how a label
-// sequence becomes labels.
+// Parsing rule lines: which ones are in their common form, their parts, and splitting a sequence
+// into labels.
 
 #include "RuleLine.h"
 
 #include "support/RandomInput.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 
 #include <gtest/gtest.h>
 
@@ -30,16 +30,16 @@ std::optional<Strings> PartsOf(const std::string& Line) {
                  std::string(Parts.TLLabels)};
 }
 
-/// What trimming leaves empty is no label.
+/// A field that trimming leaves empty is not a label.
 Strings ReferenceLabels(const std::string& Sequence) {
-  Strings vsLabels = Slow::TrimmedPieces(Sequence, " ");
+  Strings vsLabels = Reference::TrimmedPieces(Sequence, " ");
   vsLabels.erase(std::remove(vsLabels.begin(), vsLabels.end(), ""), vsLabels.end());
   return vsLabels;
 }
 
 }  // namespace
 
-TEST(RuleLine, TakesTheCommonFormApart) {
+TEST(RuleLine, ParsesTheCommonForm) {
   const std::pair<std::string, Strings> Cases[] = {
       {"NP::NP : [DET ADJ N] -> [DET N ADJ]", {"NP", "NP", "DET ADJ N", "DET N ADJ"}},
       {"NP::NP [DET N] -> [N DET]", {"NP", "NP", "DET N", "N DET"}},
@@ -53,7 +53,7 @@ TEST(RuleLine, TakesTheCommonFormApart) {
   }
 }
 
-TEST(RuleLine, LeavesOtherLinesAlone) {
+TEST(RuleLine, RejectsOtherLines) {
   for (const char* Line : {"",
                            "::",
                            "A::B",
@@ -97,7 +97,7 @@ TEST(RuleLine, LeavesOtherLinesAlone) {
   }
 }
 
-TEST(RuleLine, PartsPointIntoTheLine) {
+TEST(RuleLine, ReturnsViewsOfTheLine) {
   const std::string Line = "NP::VP : [DET ADJ N] -> [DET N ADJ]";
   RuleLineParts Parts;
   ASSERT_TRUE(ParseCommonRuleLine(Line, Parts));
@@ -107,14 +107,14 @@ TEST(RuleLine, PartsPointIntoTheLine) {
   EXPECT_EQ(Parts.TLLabels.data(), Line.data() + 25);
 }
 
-TEST(RuleLine, NoOtherPrefixIsARuleLine) {
+TEST(RuleLine, RejectsEveryShorterPrefix) {
   const std::string Line = "NP::VP : [DET ADJ N] -> [DET N ADJ]";
   for (std::size_t Size = 0; Size < Line.size(); ++Size) {
     EXPECT_EQ(PartsOf(Line.substr(0, Size)), std::nullopt) << Line.substr(0, Size);
   }
 }
 
-TEST(RuleLine, ReadsRandomLinesAsTheReferenceDoes) {
+TEST(RuleLine, ReadsRandomLinesLikeTheReference) {
   RandomInput Random;
   const Strings vsWords = {"A", "::", "B", " : [", " [", "C", " ", "] -> [", "D", "]", "->", ":"};
   int Taken = 0;
@@ -124,14 +124,14 @@ TEST(RuleLine, ReadsRandomLinesAsTheReferenceDoes) {
         : Case % 4 == 1
             ? Random.WordsOf(vsWords, 12)
             : Random.Damaged("NP::VP : [DET \"N\"] -> [N D]", "[]{}:;=> \t\r\nAz09\"(\0\xE9"s);
-    const std::optional<Strings> vsExpected = Slow::RuleLineParts(Line);
+    const std::optional<Strings> vsExpected = Reference::RuleLineParts(Line);
     ASSERT_EQ(PartsOf(Line), vsExpected) << Line;
     Taken += vsExpected ? 1 : 0;
   }
   EXPECT_GT(Taken, 500);
 }
 
-TEST(RuleLine, CutsASequenceIntoLabels) {
+TEST(RuleLine, SplitsASequenceIntoLabels) {
   const std::pair<std::string, Strings> Cases[] = {
       {"", {}},
       {" ", {}},
@@ -153,7 +153,7 @@ TEST(RuleLine, CutsASequenceIntoLabels) {
   }
 }
 
-TEST(RuleLine, PutsTheLabelsOfACommonSequenceInCapitals) {
+TEST(RuleLine, CapitalisesTheLabelsOfACommonSequence) {
   const std::pair<std::string, Strings> Cases[] = {
       {"", {}},
       {"  ", {}},
@@ -166,7 +166,7 @@ TEST(RuleLine, PutsTheLabelsOfACommonSequenceInCapitals) {
   }
 }
 
-TEST(RuleLine, CutsRandomSequencesAsTheReferenceDoes) {
+TEST(RuleLine, SplitsRandomSequencesLikeTheReference) {
   RandomInput Random;
   for (int Case = 0; Case < 20000; ++Case) {
     const std::string Sequence = Case % 2 == 0
@@ -176,8 +176,8 @@ TEST(RuleLine, CutsRandomSequencesAsTheReferenceDoes) {
   }
 }
 
-// What lies far behind a cut is dropped, and so is the end of a label behind much white space.
-TEST(RuleLine, CutsLongSequencesAsTheReferenceDoes) {
+// The text beyond the limit is dropped, and so is the end of a label after much white space.
+TEST(RuleLine, SplitsLongSequencesLikeTheReference) {
   for (const std::size_t Size : {99999U, 100000U, 100001U, 1000002U}) {
     for (const std::string& sSequence :
          {"A " + std::string(Size, 'B'), "A  " + std::string(Size, 'B') + " C",

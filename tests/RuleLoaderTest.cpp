@@ -1,5 +1,5 @@
-// Pins what a loader makes of lines that have been taken apart: the very rule that the lenient
-// rules make of them, whatever the rule held before.
+// A loader fills a rule from parsed lines exactly like the lenient rules, whatever the contents of
+// the rule were before.
 
 #include "RuleLoader.h"
 
@@ -27,8 +27,8 @@ using TrRuleInternal::RuleLoader;
 
 namespace {
 
-/// All that can be seen of a rule: its members, and each form of its text with what writing it
-/// prints, or how that ends.
+/// All observable state of a rule: its members, and each form of its text with the output of
+/// writing it, or the halt.
 Strings SeenOf(TrRule& Rule) {
   Strings vsSeen = {MembersOf(Rule)};
   for (const Form Which : AllForms) {
@@ -42,7 +42,7 @@ Strings SeenOf(TrRule& Rule) {
   return vsSeen;
 }
 
-/// What a rule may hold before it is read into.
+/// The contents of a rule before reading.
 struct Start {
   const char* Name;
   std::function<void(TrRule&)> Fill;
@@ -108,8 +108,8 @@ const Strings& CommonLines() {
   return vsLines;
 }
 
-/// Reads lines into two rules, one by a loader as far as they are in their common form, the other
-/// by the reference reader alone, and compares all that can be seen.
+/// Reads lines into two rules, one with a loader for lines in their common form, the other only
+/// with the reference reader, and compares all observable state.
 class BothWays {
  public:
   explicit BothWays(const Start& Begin) {
@@ -136,7 +136,7 @@ class BothWays {
   int Loaded = 0;
 
  private:
-  /// What the loader cannot take is left to the reference reader.
+  /// Lines that the loader rejects go to the reference reader.
   void LoadOne(const std::string& Line) {
     if (LoadCommonLine(Line, Loader)) {
       ++Loaded;
@@ -144,7 +144,7 @@ class BothWays {
     }
     Fallback.ReadLine(Line);
     Loader.NoteAlignment();
-    if (Slow::Holds(Line, "] -> [")) {
+    if (Reference::Holds(Line, "] -> [")) {
       Loader.NoteRuleLine();
     }
   }
@@ -172,25 +172,25 @@ ConstraintParts Text(const char* Line) {
 
 // ---- Loader and reader ------------------------------------------------------------------------
 
-TEST(RuleLoader, LoadsALineAsItIsReadByTheLenientRules) {
-  for (const Start& Each : Starts()) {
-    SCOPED_TRACE(Each.Name);
+TEST(RuleLoader, LoadsALineLikeTheLenientRules) {
+  for (const Start& State : Starts()) {
+    SCOPED_TRACE(State.Name);
     for (const std::string& sLine : CommonLines()) {
-      BothWays(Each).Read({sLine});
+      BothWays(State).Read({sLine});
     }
   }
 }
 
 TEST(RuleLoader, LoadsEveryPairOfLines) {
-  for (const Start& Each : Starts()) {
-    SCOPED_TRACE(Each.Name);
+  for (const Start& State : Starts()) {
+    SCOPED_TRACE(State.Name);
     for (const std::string& sFirst : CommonLines()) {
       for (const std::string& sSecond : CommonLines()) {
-        // A second rule line is refused: the pinned answer is that of SetRuleLine.
-        if (Slow::Holds(sFirst, "->") && Slow::Holds(sSecond, "->")) {
+        // A second rule line is rejected: the expected result is that of SetRuleLine.
+        if (Reference::Holds(sFirst, "->") && Reference::Holds(sSecond, "->")) {
           continue;
         }
-        BothWays(Each).Read({sFirst, sSecond});
+        BothWays(State).Read({sFirst, sSecond});
       }
     }
   }
@@ -206,7 +206,7 @@ TEST(RuleLoader, LoadsRandomLines) {
     Strings vsLines;
     for (std::size_t Left = Random.Below(8); Left > 0; --Left) {
       const std::string Line = Random.Pick(Random.Below(5) == 0 ? vsOtherLines : CommonLines());
-      if (!Slow::Holds(Line, "->")) {
+      if (!Reference::Holds(Line, "->")) {
         vsLines.push_back(Line);
       }
     }
@@ -229,14 +229,14 @@ TEST(RuleLoader, AppendsComments) {
   EXPECT_EQ(CommentsOf(Rule), (Strings{";; a", "", ";; b"}));
 }
 
-TEST(RuleLoader, KeepsTheHeaderAsItIsHandedIn) {
+TEST(RuleLoader, StoresTheHeaderUnchanged) {
   TrRule Rule;
   RuleLoader(Rule).SetHeader("adjp", 12);
   EXPECT_EQ(HeaderTypeOf(Rule), "adjp");
   EXPECT_EQ(Rule.GetRuleIndex(), 12);
 }
 
-TEST(RuleLoader, RefusesASecondRuleLine) {
+TEST(RuleLoader, RejectsASecondRuleLine) {
   TrRule Rule;
   RuleLoader Loader(Rule);
   EXPECT_TRUE(Loader.SetRuleLine({"A", "B", "c d", "e"}));
@@ -249,7 +249,7 @@ TEST(RuleLoader, RefusesASecondRuleLine) {
   EXPECT_EQ(Rule.GetTLType(), "G");
 }
 
-TEST(RuleLoader, RefusesARuleLineBehindANotedOne) {
+TEST(RuleLoader, RejectsARuleLineAfterANotedOne) {
   TrRule Rule;
   RuleLoader Loader(Rule);
   EXPECT_TRUE(Loader.NoteRuleLine());
@@ -257,7 +257,7 @@ TEST(RuleLoader, RefusesARuleLineBehindANotedOne) {
   EXPECT_EQ(Rule.GetSLType(), "");
 }
 
-TEST(RuleLoader, PutsPairsInOrder) {
+TEST(RuleLoader, OrdersPairs) {
   const std::pair<std::vector<const char*>, const char*> Cases[] = {
       {{"(X1::Y1)"}, "((1,1))"},
       {{"(X1::Y2)", "(X1::Y1)", "(X2::Y1)"}, "((1,1),(1,2),(2,1))"},
@@ -278,7 +278,7 @@ TEST(RuleLoader, PutsPairsInOrder) {
   }
 }
 
-TEST(RuleLoader, AddsToAlignmentsInOrderAlone) {
+TEST(RuleLoader, AddsOnlyToOrderedAlignments) {
   const std::pair<const char*, bool> Cases[] = {
       {"", true},          {"((1,1))", true},      {"((01,1),(2,3))", true},
       {"()", false},       {"((1),(2,3))", false}, {"((1,1234567890))", false},
@@ -293,7 +293,7 @@ TEST(RuleLoader, AddsToAlignmentsInOrderAlone) {
   }
 }
 
-TEST(RuleLoader, LooksAtTheAlignmentsAgainBehindANotedOne) {
+TEST(RuleLoader, ChecksTheAlignmentsAgainAfterANotedOne) {
   TrRule Rule;
   RuleLoader Loader(Rule);
   EXPECT_TRUE(Loader.AddAlignment(Pair("(X1::Y1)")));
@@ -303,7 +303,7 @@ TEST(RuleLoader, LooksAtTheAlignmentsAgainBehindANotedOne) {
   EXPECT_EQ(Rule.GetAlignmentStr(), "((2,2),(5,5))");
 }
 
-TEST(RuleLoader, HandsTheMergingsBack) {
+TEST(RuleLoader, ReturnsTheMergings) {
   TrRule Rule;
   RuleLoader Loader(Rule);
   std::vector<Merging> vMergings;
@@ -325,7 +325,7 @@ TEST(RuleLoader, HandsTheMergingsBack) {
             (Strings{"((X1 NUM) = (*OR* SG PL))", "(X1 = X2)", "((X2 NUM) = PL)"}));
 }
 
-TEST(RuleLoader, AddsFieldsWithTheirRank) {
+TEST(RuleLoader, AddsFieldsWithARank) {
   TrRule Rule;
   RuleLoader Loader(Rule);
   std::vector<Merging> vMergings;
@@ -341,7 +341,7 @@ TEST(RuleLoader, AddsFieldsWithTheirRank) {
   EXPECT_FALSE(Stored.at("4__1__f__(Y2").IsValueConstraint());
 }
 
-TEST(RuleLoader, FinishesWithARuleLineAndAnAlignment) {
+TEST(RuleLoader, RequiresARuleLineAndAnAlignment) {
   for (const bool HasRuleLine : {false, true}) {
     for (const bool HasAlignment : {false, true}) {
       TrRule Rule;

@@ -1,6 +1,6 @@
-// Pins the interface as programs compile against it: for each public operation the exact types of
-// its arguments and result and whether it is const, and that calls written as a program writes
-// them find it. The former is checked while this file is compiled, as C++17 and as C++20.
+// The interface as programs compile against it: the exact types of the arguments and the result of
+// each public operation, whether it is const, and that typical calls compile. The types are checked
+// when this file is compiled, as C++17 and as C++20.
 
 #include "TrRule.h"
 
@@ -26,8 +26,8 @@ using IntMaps = std::vector<IntMap>;
 using IntSet = std::set<int>;
 using TextPairs = std::map<Text, std::pair<Text, Text>>;
 
-/// Compiles where a class has a member function of exactly this type; of several with one name, it
-/// is the one that is picked. Nothing is converted here, not even a reference to a value.
+/// Compiles if a class has a member function of exactly this type, which selects one of several
+/// overloads. Nothing is converted, not even a reference to a value.
 ///
 ///   static_assert(Is<Text() const>(&TrRule::GetSLType));
 template <typename FunctionT, typename ClassT>
@@ -41,7 +41,7 @@ constexpr bool Is(FunctionT* /*Operation*/) {
   return true;
 }
 
-/// Gives the result of a call, which has to be a value of exactly this type.
+/// Returns the result of a call, which must be a value of exactly this type.
 template <typename ResultT, typename ActualT>
 ResultT Gives(ActualT&& Result) {
   static_assert(std::is_same_v<ActualT, ResultT>);
@@ -63,7 +63,7 @@ static_assert(Is<void(TrRule)>(&TrRule::operator=));
 static_assert(Is<bool(TrRule) const>(&TrRule::operator<));
 static_assert(Is<bool(TrRule) const>(&TrRule::operator==));
 
-TEST(Signatures, OfARulesLifecycleOrderAndEquality) {
+TEST(Signatures, TrRuleLifecycleOrderAndEquality) {
   TrRule Rule;
   ASSERT_TRUE(Rule.SetTrRuleFromString(SampleText));
   const TrRule Fixed(Rule);
@@ -76,7 +76,7 @@ TEST(Signatures, OfARulesLifecycleOrderAndEquality) {
   EXPECT_FALSE(Gives<bool>(Fixed < Rule));
   EXPECT_FALSE(Gives<bool>(Rule < Fixed));
   EXPECT_FALSE(Gives<bool>(Rule < Other));
-  // C++20 also looks for equality the other way round, and must not find it twice.
+  // C++20 also considers the reversed equality, and must not find it twice.
   EXPECT_TRUE(Gives<bool>(Fixed == Fixed));
   EXPECT_TRUE(Gives<bool>(Fixed == Rule));
   EXPECT_TRUE(Gives<bool>(Rule == Fixed));
@@ -111,7 +111,7 @@ static_assert(Is<void(Strings)>(&TrRule::SetWordLevelTLPOS));
 static_assert(Is<void(Text)>(&TrRule::SetWordLevelTLPOS));
 static_assert(Is<Strings() const>(&TrRule::GetWordLevelTLPOS));
 
-TEST(Signatures, OfARulesWords) {
+TEST(Signatures, TrRuleWords) {
   const Strings vsWords{"THE", "DOG"};
   const Text Sentence = "el perro";
   TrRule Rule;
@@ -128,7 +128,7 @@ TEST(Signatures, OfARulesWords) {
   EXPECT_EQ(Gives<Text>(Fixed.GetTLString()), "EL PERRO");
 }
 
-TEST(Signatures, OfARulesLabels) {
+TEST(Signatures, TrRuleLabels) {
   const Strings vsLabels{"DET", "N"};
   const Text Labels = "det n";
   TrRule Rule;
@@ -187,7 +187,7 @@ static_assert(Is<int() const>(&TrRule::GetXHeadIndex));
 static_assert(Is<void(int)>(&TrRule::SetYHeadIndex));
 static_assert(Is<int() const>(&TrRule::GetYHeadIndex));
 
-TEST(Signatures, OfARulesMaps) {
+TEST(Signatures, TrRuleMaps) {
   const IntMap miiMap{{0, 1}};
   TrRule Rule;
   const TrRule& Fixed = Rule;
@@ -201,7 +201,7 @@ TEST(Signatures, OfARulesMaps) {
   EXPECT_EQ(Gives<IntMap>(Fixed.GetTLWord2Comp()), miiMap);
 }
 
-TEST(Signatures, OfARulesTextsAndSet) {
+TEST(Signatures, TrRuleTextsAndSet) {
   const Text Type = "NP";
   const IntSet siNumbers{3, 5};
   TrRule Rule;
@@ -220,7 +220,7 @@ TEST(Signatures, OfARulesTextsAndSet) {
   EXPECT_EQ(Gives<IntSet>(Fixed.GetCSet()), siNumbers);
 }
 
-TEST(Signatures, OfARulesNumbers) {
+TEST(Signatures, TrRuleNumbers) {
   TrRule Rule;
   const TrRule& Fixed = Rule;
   Rule.SetRuleIndex(8);
@@ -246,7 +246,7 @@ static_assert(Is<Strings() const>(&TrRule::GetAlignments));
 static_assert(Is<void(Text)>(&TrRule::SetsWordLevelAl));
 static_assert(Is<Text() const>(&TrRule::GetsWordLevelAl));
 static_assert(Is<bool(Text)>(&TrRule::SetTrRuleFromString));
-// All writers but one could change the rule.
+// All writers except one are not const.
 static_assert(Is<void()>(&TrRule::Print));
 static_assert(Is<Text() const>(&TrRule::ReturnAsStringForPrintNoConstraints));
 static_assert(Is<Text()>(&TrRule::ReturnAsStringForPrint));
@@ -254,7 +254,7 @@ static_assert(Is<Text()>(&TrRule::ReturnAsStringWithAllAlts));
 static_assert(Is<Text()>(&TrRule::ReturnAsStringForComparison));
 static_assert(Is<void()>(&TrRule::FlipRuleNoConstraints));
 
-TEST(Signatures, OfARulesAlignments) {
+TEST(Signatures, TrRuleAlignments) {
   const Text Alignments = "((1,1))";
   const Text Line = "(X2::Y2)";
   TrRule Rule;
@@ -271,7 +271,7 @@ TEST(Signatures, OfARulesAlignments) {
   EXPECT_EQ(Gives<Text>(Fixed.GetsWordLevelAl()), Alignments);
 }
 
-TEST(Signatures, OfARulesReaderWritersAndFlip) {
+TEST(Signatures, TrRuleReaderWritersAndFlip) {
   const Text RuleText = "{NP,1}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n";
   const Text Body = "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)";
   TrRule Rule;
@@ -301,7 +301,7 @@ static_assert(Is<bool()>(&TrRule::ResetAlterTrInfo));
 static_assert(Is<void(Strings&, Strings&, Strings&, Strings&, IntMaps&, IntMaps&, Lists&, Lists&)
                      const>(&TrRule::GetAllAlts));
 
-TEST(Signatures, OfARulesAlternatives) {
+TEST(Signatures, TrRuleAlternatives) {
   const Text Sentence = "el perro";
   const Text Alignments = "((1,1))";
   const IntMap miiMap{{0, 1}};
@@ -333,7 +333,7 @@ TEST(Signatures, OfARulesAlternatives) {
 
 // ---- Rule: constraints --------------------------------------------------------------------------
 
-// One form is a template, so the class has to be given here.
+// One overload is a template, so the class must be given here.
 static_assert(Is<void(int, int, Text, Text, int, bool), TrRule>(&TrRule::SetConstraint));
 static_assert(Is<void(Text), TrRule>(&TrRule::SetConstraint));
 static_assert(Is<void(Text, int, int), TrRule>(&TrRule::SetConstraint));
@@ -350,7 +350,7 @@ static_assert(Is<std::set<Constraint>() const>(&TrRule::GetConstraintsAsSetC));
 static_assert(Is<std::set<Constraint>(int) const>(&TrRule::GetConstraintsAsSetC));
 static_assert(Is<TextPairs(int, IntSet) const>(&TrRule::GetConstraintsForInd));
 
-TEST(Signatures, OfSettingConstraints) {
+TEST(Signatures, TrRuleSetConstraint) {
   const int Category = 4;
   const int Index = 0;
   const int Rank = -1;
@@ -378,7 +378,7 @@ TEST(Signatures, OfSettingConstraints) {
                      "((Y5 NUM) = SG)", "((Y6 GEN) = M)", "((Y6 NUM) = SG)", "((Y7 NUM) = SG)"}));
 }
 
-TEST(Signatures, OfAskingForAndErasingConstraints) {
+TEST(Signatures, TrRuleGetAndEraseConstraints) {
   const IntSet siCategories{4};
   const Text Feature = "NUM";
   const Text Value = "SG";
@@ -428,7 +428,7 @@ static_assert(Is<void(bool)>(&Constraint::SetValueConstraint));
 static_assert(Is<bool() const>(&Constraint::IsValueConstraint));
 static_assert(Is<int(Text) const>(&Constraint::GetAgreedIndex));
 
-TEST(Signatures, OfMakingAConstraint) {
+TEST(Signatures, ConstraintLifecycle) {
   const Text ConstraintText = "((y1 num) = sg)";
   const Text Feature = "NUM";
   const Text Value = "SG";
@@ -441,14 +441,14 @@ TEST(Signatures, OfMakingAConstraint) {
   static_assert(std::is_void_v<decltype(Assigned = Six)>);
   Assigned = Literal;
   EXPECT_EQ(Gives<Text>(Assigned.ReturnAsString()), "((Y0 NUM) = SG)");
-  for (const Constraint& Each : {Six, Converted, Copied, Read}) {
-    EXPECT_EQ(Gives<Text>(Each.ReturnAsString()), "((Y1 NUM) = SG)");
-    EXPECT_TRUE(Gives<bool>(Literal < Each));
-    EXPECT_FALSE(Gives<bool>(Each < Assigned));
+  for (const Constraint& Record : {Six, Converted, Copied, Read}) {
+    EXPECT_EQ(Gives<Text>(Record.ReturnAsString()), "((Y1 NUM) = SG)");
+    EXPECT_TRUE(Gives<bool>(Literal < Record));
+    EXPECT_FALSE(Gives<bool>(Record < Assigned));
   }
 }
 
-TEST(Signatures, OfAConstraintsFields) {
+TEST(Signatures, ConstraintFields) {
   const Text Word = "NUM";
   const bool IsValue = false;
   Constraint Record;
@@ -491,7 +491,7 @@ static_assert(std::is_empty_v<Tokenizer>);
 static_assert(Is<Strings(Text, Text) const>(&Tokenizer::operator()));
 static_assert(Is<Strings(Text, Text, bool) const>(&Tokenizer::operator()));
 
-TEST(Signatures, OfTheTextUtilities) {
+TEST(Signatures, TextUtilities) {
   const Text Padded = " a b ";
   const Text Blank = " ";
   const char Quote = '\'';
@@ -511,7 +511,7 @@ TEST(Signatures, OfTheTextUtilities) {
   EXPECT_EQ(Gives<Text>(Utils::AllCaps(Padded)), " A B ");
 }
 
-TEST(Signatures, OfTheTokenizer) {
+TEST(Signatures, Tokenizer) {
   const Text Padded = " a \t b ";
   const Text Blank = " ";
   const bool Trim = true;
@@ -529,7 +529,7 @@ static_assert(IsPlainValue<LineUp>);
 static_assert(Is<bool(Text, int, IntSet&)>(&LineUp::GetEq));
 static_assert(Is<bool(Text, int, IntSet&)>(&LineUp::GetEqFromY));
 
-TEST(Signatures, OfTheAlignmentIndex) {
+TEST(Signatures, LineUp) {
   const Text Alignments = "((1,2))";
   IntSet siPartners;
   LineUp Index;
@@ -565,11 +565,11 @@ static_assert(std::is_same_v<HaltHandler, void (*)(HaltReason, const Text&)>);
 static_assert(std::is_same_v<decltype(SetHaltHandler), HaltHandler(HaltHandler) noexcept>);
 static_assert(std::is_same_v<decltype(GetHaltHandler), HaltHandler() noexcept>);
 
-TEST(Signatures, OfTheSettingsAndTheHandler) {
+TEST(Signatures, GlobalParamsAndHaltHandler) {
   EXPECT_EQ(GlobalParams::DebuggingLevel, 0);
   GlobalParams Settings;
   const GlobalParams Fixed(Settings);
-  Settings = Fixed;  // nothing is in it
+  Settings = Fixed;  // it is empty
   EXPECT_EQ(GlobalParams::DebuggingLevel, 0);
   const HaltGuard Guard;
   EXPECT_NE(Gives<HaltHandler>(GetHaltHandler()), nullptr);

@@ -1,5 +1,5 @@
-// Pins the small text operations: white space, replacing and escaping, numbers, case, line ends and
-// splitting, with the two that print at every level and the one that may never return.
+// The text operations: white space, replacing and escaping, numbers, case, line ends and splitting,
+// including the two that print at every level and the one that may never return.
 
 #include "StringUtils.h"
 
@@ -8,8 +8,8 @@
 #include "Halt.h"
 #include "support/ChildProcess.h"
 #include "support/DebugLevel.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 #include "support/StreamCapture.h"
 
 #include <climits>
@@ -20,7 +20,7 @@
 
 using std::string_literals::operator""s;
 
-// Static operations on copies: none needs an object, none can change its caller's text.
+// Static operations on copies: none needs an object or can change the argument of its caller.
 using OneText = std::string (*)(std::string);
 static_assert(std::is_empty_v<StringUtils>);
 static_assert(std::is_same_v<decltype(&StringUtils::RemoveLeadingWhiteSpace), OneText>);
@@ -40,10 +40,10 @@ static_assert(std::is_same_v<decltype(&StringUtils::Split), Strings (*)(std::str
 
 namespace {
 
-void ExpectTrimmedAsByTheTwins(const std::string& Text) {
-  EXPECT_EQ(StringUtils::RemoveLeadingWhiteSpace(Text), Slow::WithoutLeadingSpace(Text));
-  EXPECT_EQ(StringUtils::RemoveTrailingWhiteSpace(Text), Slow::WithoutTrailingSpace(Text));
-  EXPECT_EQ(StringUtils::RemoveAllWhiteSpace(Text), Slow::WithoutSpace(Text));
+void ExpectTrimmedAsByTheReference(const std::string& Text) {
+  EXPECT_EQ(StringUtils::RemoveLeadingWhiteSpace(Text), Reference::WithoutLeadingSpace(Text));
+  EXPECT_EQ(StringUtils::RemoveTrailingWhiteSpace(Text), Reference::WithoutTrailingSpace(Text));
+  EXPECT_EQ(StringUtils::RemoveAllWhiteSpace(Text), Reference::WithoutSpace(Text));
 }
 
 std::string AllBytes() {
@@ -54,7 +54,7 @@ std::string AllBytes() {
   return Bytes;
 }
 
-/// Makes a call that never returns come back with its reason, while it lives.
+/// While it exists, a call that never returns throws its reason instead.
 class ThrowOnHalt {
  public:
   ThrowOnHalt()
@@ -100,15 +100,15 @@ TEST(StringUtils, RemovesLeadingTrailingOrAllWhiteSpace) {
       {" \x85 \xA0 ", "\x85 \xA0 ", " \x85 \xA0", "\x85\xA0"},
       {"\x1C\b x", "\x1C\b x", "\x1C\b x", "\x1C\bx"},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
-    EXPECT_EQ(StringUtils::RemoveLeadingWhiteSpace(Each.Text), Each.WithoutLeading);
-    EXPECT_EQ(StringUtils::RemoveTrailingWhiteSpace(Each.Text), Each.WithoutTrailing);
-    EXPECT_EQ(StringUtils::RemoveAllWhiteSpace(Each.Text), Each.WithoutAny);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
+    EXPECT_EQ(StringUtils::RemoveLeadingWhiteSpace(Row.Text), Row.WithoutLeading);
+    EXPECT_EQ(StringUtils::RemoveTrailingWhiteSpace(Row.Text), Row.WithoutTrailing);
+    EXPECT_EQ(StringUtils::RemoveAllWhiteSpace(Row.Text), Row.WithoutAny);
   }
 }
 
-TEST(StringUtils, OnlyRemovingLeadingWhiteSpaceCutsTheText) {
+TEST(StringUtils, CutsTheTextOnlyAfterLeadingWhiteSpace) {
   for (const std::size_t Length : {99999U, 100000U, 100001U, 999999U, 1000000U, 1000001U}) {
     SCOPED_TRACE(Length);
     const std::string Long(Length, 'x');
@@ -122,17 +122,17 @@ TEST(StringUtils, OnlyRemovingLeadingWhiteSpaceCutsTheText) {
   EXPECT_EQ(StringUtils::RemoveLeadingWhiteSpace(std::string(100001, ' ') + "x"), "");
 }
 
-TEST(StringUtils, TrimsAsItsTwinsDoAtEveryPrefixOfTheSample) {
-  const std::string WithCarriageReturns = Slow::Replaced(SampleText, "\n", "\r\n");
+TEST(StringUtils, TrimsLikeTheReferenceAtEveryPrefixOfTheSample) {
+  const std::string WithCarriageReturns = Reference::Replaced(SampleText, "\n", "\r\n");
   for (const std::string& Text : {SampleText, WithCarriageReturns, " \t" + SampleText}) {
     for (std::size_t Length = 0; Length <= Text.size(); ++Length) {
       SCOPED_TRACE(Length);
-      ExpectTrimmedAsByTheTwins(Text.substr(0, Length));
+      ExpectTrimmedAsByTheReference(Text.substr(0, Length));
     }
   }
 }
 
-TEST(StringUtils, IsNumericTellsOfTheFirstOtherByteAtEveryLevel) {
+TEST(StringUtils, IsNumericReportsTheFirstOtherByteAtEveryLevel) {
   const std::pair<std::string, bool> Cases[] = {
       {"", true},      {"0", true},     {"0123456789", true}, {"12a", false},
       {"a", false},    {"-1", false},   {"+1", false},        {"1.5", false},
@@ -145,14 +145,14 @@ TEST(StringUtils, IsNumericTellsOfTheFirstOtherByteAtEveryLevel) {
       const DebugLevel Scope(Level);
       bool Numeric = !Expected;
       const Written Lines =
-          WrittenBy([&, &Each = Text] { Numeric = StringUtils::IsNumeric(Each); });
+          WrittenBy([&, &Input = Text] { Numeric = StringUtils::IsNumeric(Input); });
       EXPECT_EQ(Numeric, Expected);
       EXPECT_EQ(Lines, (Written{Expected ? "" : "Not a digit.\n", ""}));
     }
   }
 }
 
-TEST(StringUtils, ReplaceAllGoesFromLeftToRightAndNotIntoWhatItInserted) {
+TEST(StringUtils, ReplaceAllGoesFromLeftToRightAndSkipsInsertedText) {
   struct Case {
     std::string Text;
     std::string From;
@@ -176,13 +176,13 @@ TEST(StringUtils, ReplaceAllGoesFromLeftToRightAndNotIntoWhatItInserted) {
       {"a\0b\0"s, "\0"s, "\0\0"s, "a\0\0b\0\0"s},
       {"\xC3\xA4\xC3", "\xC3", "\xFF", "\xFF\xA4\xFF"},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(testing::Message() << Each.Text << " / " << Each.From << " / " << Each.To);
-    EXPECT_EQ(StringUtils::ReplaceAll(Each.Text, Each.From, Each.To), Each.Expected);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(testing::Message() << Row.Text << " / " << Row.From << " / " << Row.To);
+    EXPECT_EQ(StringUtils::ReplaceAll(Row.Text, Row.From, Row.To), Row.Expected);
   }
 }
 
-TEST(StringUtils, ReplaceAllOfAnEmptyTextReplacesNothing) {
+TEST(StringUtils, ReplaceAllIgnoresAnEmptyText) {
   EXPECT_EQ(StringUtils::ReplaceAll("abc", "", "x"), "abc");
   EXPECT_EQ(StringUtils::ReplaceAll("", "", "x"), "");
 }
@@ -209,17 +209,16 @@ TEST(StringUtils, EscapeCharSetsBackslashesAndPrintsTwoLinesAtEveryLevel) {
       {"a\0b"s, '\0', "\\\0"s, "a\0b"s, "a\\\0b"s},
       {"\xFF\r\n", '\xFF', "\\\xFF", "\xFF\r\n", "\\\xFF\r\n"},
   };
-  for (const Case& Each : Cases) {
+  for (const Case& Row : Cases) {
     for (int Level = 0; Level <= 4; ++Level) {
-      SCOPED_TRACE(testing::Message() << Each.Text << " at level " << Level);
+      SCOPED_TRACE(testing::Message() << Row.Text << " at level " << Level);
       const DebugLevel Scope(Level);
       std::string Result;
-      const Written Lines =
-          WrittenBy([&] { Result = StringUtils::EscapeChar(Each.Text, Each.Esc); });
-      EXPECT_EQ(Result, Each.Expected);
-      EXPECT_EQ(Lines,
-                (Written{"sEscapedEsc is:" + Each.Escaped + "\nsPassIn is now:" + Each.Plain + "\n",
-                         ""}));
+      const Written Lines = WrittenBy([&] { Result = StringUtils::EscapeChar(Row.Text, Row.Esc); });
+      EXPECT_EQ(Result, Row.Expected);
+      EXPECT_EQ(
+          Lines,
+          (Written{"sEscapedEsc is:" + Row.Escaped + "\nsPassIn is now:" + Row.Plain + "\n", ""}));
     }
   }
 }
@@ -285,7 +284,7 @@ TEST(StringUtils, String2IntTakesTheLow32BitsOfWhatFitsInto64) {
   }
 }
 
-TEST(StringUtils, ChangesTheCaseOfAsciiLettersAlone) {
+TEST(StringUtils, ChangesTheCaseOfAsciiLettersOnly) {
   std::string Upper = AllBytes();
   std::string Lower = AllBytes();
   for (std::size_t Letter = 0; Letter < 26; ++Letter) {
@@ -301,7 +300,7 @@ TEST(StringUtils, ChangesTheCaseOfAsciiLettersAlone) {
   EXPECT_EQ(StringUtils::StringToLower("Det N1 \xC3\x84"), "det n1 \xC3\x84");
 }
 
-TEST(StringUtils, TakesNoNoticeOfTheProgramsLocale) {
+TEST(StringUtils, IgnoresTheLocale) {
   const std::string OldLocale = std::setlocale(LC_ALL, nullptr);
   std::setlocale(LC_ALL, "C.UTF-8");
   EXPECT_EQ(StringUtils::RemoveAllWhiteSpace("a\xA0\x85 b"),
@@ -313,7 +312,7 @@ TEST(StringUtils, TakesNoNoticeOfTheProgramsLocale) {
   std::setlocale(LC_ALL, OldLocale.c_str());
 }
 
-TEST(StringUtils, RemoveBackslashRDropsTrailingCarriageReturnsAlone) {
+TEST(StringUtils, RemoveBackslashRDropsOnlyTrailingCarriageReturns) {
   const std::pair<std::string, std::string> Cases[] = {
       {"", ""},       {"\r", ""},         {"\r\r", ""},       {"x", "x"},         {"x\r", "x"},
       {"x\r\r", "x"}, {"a\rb", "a\rb"},   {"a\rb\r", "a\rb"}, {"x\r\n", "x\r\n"}, {"x \r", "x "},
@@ -346,13 +345,13 @@ TEST(StringUtils, SplitCutsAtTheWholeDelimiterAndDropsEmptyPieces) {
       {"abc", "", {"abc"}},
       {"", "", {}},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(testing::Message() << Each.Text << " / " << Each.Delimiter);
-    EXPECT_EQ(StringUtils::Split(Each.Text, Each.Delimiter), Each.vsExpected);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(testing::Message() << Row.Text << " / " << Row.Delimiter);
+    EXPECT_EQ(StringUtils::Split(Row.Text, Row.Delimiter), Row.vsExpected);
   }
 }
 
-TEST(StringUtils, SplitLooksAtTenMillionBytesBehindACut) {
+TEST(StringUtils, SplitKeepsTenMillionBytesAfterACut) {
   constexpr std::size_t MaxRest = 10000000;
   for (const std::size_t Length :
        {std::size_t{100001}, std::size_t{1000001}, MaxRest - 1, MaxRest, MaxRest + 1}) {
@@ -374,7 +373,7 @@ TEST(StringUtils, SplitNeverReturnsOnATextThatEndsWithItsDelimiter) {
   }
 }
 
-TEST(StringUtils, SplitNeverReturnsWhereItsCapLeavesTheDelimiterLast) {
+TEST(StringUtils, SplitNeverReturnsWhenItsLimitLeavesTheDelimiterLast) {
   const std::string Long(9999999, 'x');
   EXPECT_TRUE(NeverReturns("a:" + Long + ":b", ":"));
   EXPECT_FALSE(NeverReturns("a:" + Long + "x:b", ":"));
@@ -389,7 +388,7 @@ TEST(StringUtils, SplitWaitsWithoutUsingMemoryOrProcessor) {
   EXPECT_EQ(Wait.Err, "");
 }
 
-TEST(StringUtils, LeavesTheCallersTextAlone) {
+TEST(StringUtils, LeavesItsArgumentsUnchanged) {
   const std::string Original = " aB\" \r\r";
   std::string Text = Original;
   const Written Lines = WrittenBy([&] {
@@ -407,7 +406,7 @@ TEST(StringUtils, LeavesTheCallersTextAlone) {
   EXPECT_EQ(Text, Original);
 }
 
-TEST(StringUtils, TheOtherOperationsPrintNothingAtAnyLevel) {
+TEST(StringUtils, PrintsNothingElseAtAnyLevel) {
   for (int Level = 0; Level <= 4; ++Level) {
     SCOPED_TRACE(Level);
     const DebugLevel Scope(Level);

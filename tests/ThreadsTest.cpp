@@ -1,6 +1,6 @@
-// Threads may work at the same time as long as no two of them share a rule or a constraint that one
-// of them changes, and nobody changes the debugging level. Run under the thread sanitizer, these
-// tests also show that the library shares nothing behind their backs.
+// Threads may use the library at the same time if none changes a rule or a constraint that another
+// uses, and none changes the debugging level. Under the thread sanitizer, these tests also show
+// that the library has no hidden shared state.
 
 #include "support/Samples.h"
 
@@ -15,19 +15,19 @@ namespace {
 constexpr std::size_t ThreadCount = 4;
 constexpr int Rounds = 50;
 
-/// Runs the work on several threads at once, each with its own number.
+/// Runs the work on several threads at once, passing each its number.
 template <typename WorkT>
 void OnThreads(WorkT Work) {
   std::vector<std::thread> vThreads;
   for (std::size_t Number = 0; Number < ThreadCount; ++Number) {
     vThreads.emplace_back(Work, Number);
   }
-  for (std::thread& Each : vThreads) {
-    Each.join();
+  for (std::thread& Thread : vThreads) {
+    Thread.join();
   }
 }
 
-/// Reads, edits, flips, copies and writes a rule of its own.
+/// Reads, edits, flips, copies and writes a separate rule.
 std::string WorkOnOneRule() {
   TrRule Rule;
   Rule.SetTrRuleFromString(SampleText);
@@ -41,7 +41,7 @@ std::string WorkOnOneRule() {
 
 }  // namespace
 
-TEST(Threads, MayEachWorkOnRulesOfTheirOwn) {
+TEST(Threads, MayUseSeparateRules) {
   const std::string Expected = WorkOnOneRule();
   std::array<int, ThreadCount> Same{};
   OnThreads([&](std::size_t Number) {
@@ -52,7 +52,7 @@ TEST(Threads, MayEachWorkOnRulesOfTheirOwn) {
   EXPECT_EQ(Same, (std::array<int, ThreadCount>{Rounds, Rounds, Rounds, Rounds}));
 }
 
-TEST(Threads, MayAskOneRuleThatNobodyChanges) {
+TEST(Threads, MayReadOneRuleTogether) {
   TrRule Rule;
   Rule.SetTrRuleFromString(SampleText);
   const TrRule& Shared = Rule;

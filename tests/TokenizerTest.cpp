@@ -1,14 +1,14 @@
-// Pins how a text is cut at a delimiter: no empty pieces, a cap behind every cut, trimming that
-// leaves emptied pieces in, and the same pieces as a slow twin that cuts one remainder after the
-// other (SlowTwinTest.cpp goes on with random texts).
+// Splitting a text at a delimiter: no empty pieces, a limit after every cut, trimming that keeps
+// emptied pieces, and the same pieces as the reference implementation, which cuts one remainder
+// after another (ReferenceImplementationTest.cpp does so with random texts).
 
 #include "Tokenizer.h"
 
 #include <gtest/gtest.h>
 
 #include "support/DebugLevel.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 #include "support/StreamCapture.h"
 
 #include <string>
@@ -24,11 +24,11 @@ static_assert(std::is_invocable_r_v<Strings, const Tokenizer&, std::string, std:
 
 namespace {
 
-void ExpectAsTheTwin(const std::string& Text, const std::string& Delimiter) {
+void ExpectLikeTheReference(const std::string& Text, const std::string& Delimiter) {
   const Tokenizer Tokenize;
-  EXPECT_EQ(Tokenize(Text, Delimiter), Slow::Pieces(Text, Delimiter));
-  EXPECT_EQ(Tokenize(Text, Delimiter, false), Slow::Pieces(Text, Delimiter));
-  EXPECT_EQ(Tokenize(Text, Delimiter, true), Slow::TrimmedPieces(Text, Delimiter));
+  EXPECT_EQ(Tokenize(Text, Delimiter), Reference::Pieces(Text, Delimiter));
+  EXPECT_EQ(Tokenize(Text, Delimiter, false), Reference::Pieces(Text, Delimiter));
+  EXPECT_EQ(Tokenize(Text, Delimiter, true), Reference::TrimmedPieces(Text, Delimiter));
 }
 
 const std::size_t LengthsAroundTheCaps[] = {99999, 100000, 100001, 999999, 1000000, 1000001};
@@ -65,16 +65,16 @@ TEST(Tokenizer, CutsAtTheWholeDelimiterAndDropsEmptyPieces) {
       {"\xC3\xA4 \xFF", " ", {"\xC3\xA4", "\xFF"}, {"\xC3\xA4", "\xFF"}},
       {"\xC3\xA4 \xFF", "\xA4", {"\xC3", " \xFF"}, {"\xC3", "\xFF"}},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(testing::Message() << Each.Text << " / " << Each.Delimiter);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(testing::Message() << Row.Text << " / " << Row.Delimiter);
     const Tokenizer Tokenize;
-    EXPECT_EQ(Tokenize(Each.Text, Each.Delimiter), Each.vsPlain);
-    EXPECT_EQ(Tokenize(Each.Text, Each.Delimiter, false), Each.vsPlain);
-    EXPECT_EQ(Tokenize(Each.Text, Each.Delimiter, true), Each.vsTrimmed);
+    EXPECT_EQ(Tokenize(Row.Text, Row.Delimiter), Row.vsPlain);
+    EXPECT_EQ(Tokenize(Row.Text, Row.Delimiter, false), Row.vsPlain);
+    EXPECT_EQ(Tokenize(Row.Text, Row.Delimiter, true), Row.vsTrimmed);
   }
 }
 
-TEST(Tokenizer, KeepsAPieceThatTrimmingEmpties) {
+TEST(Tokenizer, KeepsAPieceEmptiedByTrimming) {
   const Tokenizer Tokenize;
   EXPECT_EQ(Tokenize("a \t b", " "), (Strings{"a", "\t", "b"}));
   EXPECT_EQ(Tokenize("a \t b", " ", true), (Strings{"a", "", "b"}));
@@ -88,14 +88,14 @@ TEST(Tokenizer, TrimsTheSixKindsOfWhiteSpaceAndNothingElse) {
   EXPECT_EQ(Tokenize("\0 x \0:\x85\xA0\x1C"s, ":", true), (Strings{"\0 x \0"s, "\x85\xA0\x1C"}));
 }
 
-TEST(Tokenizer, AnEmptyDelimiterDoesNotCut) {
+TEST(Tokenizer, DoesNotCutAtAnEmptyDelimiter) {
   const Tokenizer Tokenize;
   EXPECT_EQ(Tokenize("", ""), Strings{});
   EXPECT_EQ(Tokenize(" a b ", ""), Strings{" a b "});
   EXPECT_EQ(Tokenize(" a b ", "", true), Strings{"a b"});
 }
 
-TEST(Tokenizer, DropsWhatLiesBeyond100000BytesAfterACut) {
+TEST(Tokenizer, Keeps100000BytesAfterACut) {
   const Tokenizer Tokenize;
   for (const std::size_t Length : LengthsAroundTheCaps) {
     SCOPED_TRACE(Length);
@@ -111,7 +111,7 @@ TEST(Tokenizer, DropsWhatLiesBeyond100000BytesAfterACut) {
   }
 }
 
-TEST(Tokenizer, TheCapMayCutThroughADelimiter) {
+TEST(Tokenizer, CutsADelimiterAtTheLimit) {
   const Tokenizer Tokenize;
   const std::string Long(99999, 'x');
   EXPECT_EQ(Tokenize("a::" + Long + "::c", "::"), (Strings{"a", Long + ':'}));
@@ -119,7 +119,7 @@ TEST(Tokenizer, TheCapMayCutThroughADelimiter) {
   EXPECT_EQ(Tokenize("a::" + Long.substr(2) + "::c", "::"), (Strings{"a", Long.substr(2), "c"}));
 }
 
-TEST(Tokenizer, TrimmingCutsAPieceThatBeginsWithABlankToAMillionBytes) {
+TEST(Tokenizer, CutsAPieceThatBeginsWithABlankToAMillionBytes) {
   const Tokenizer Tokenize;
   for (const std::size_t Length : LengthsAroundTheCaps) {
     SCOPED_TRACE(Length);
@@ -133,7 +133,7 @@ TEST(Tokenizer, TrimmingCutsAPieceThatBeginsWithABlankToAMillionBytes) {
   EXPECT_EQ(Tokenize(std::string(1000000, ' ') + "x", ":", true), Strings{"x"});
 }
 
-TEST(Tokenizer, CutsAsItsTwinDoesAtEveryPrefixOfTheSample) {
+TEST(Tokenizer, SplitsLikeTheReferenceAtEveryPrefixOfTheSample) {
   std::string WithCarriageReturns;
   for (const char Byte : SampleText) {
     WithCarriageReturns += Byte == '\n' ? "\r\n"s : std::string(1, Byte);
@@ -142,13 +142,13 @@ TEST(Tokenizer, CutsAsItsTwinDoesAtEveryPrefixOfTheSample) {
     for (std::size_t Length = 0; Length <= Text.size(); ++Length) {
       for (const char* Delimiter : {"\n", " ", "::", "),(", "="}) {
         SCOPED_TRACE(testing::Message() << Length << " / " << Delimiter);
-        ExpectAsTheTwin(Text.substr(0, Length), Delimiter);
+        ExpectLikeTheReference(Text.substr(0, Length), Delimiter);
       }
     }
   }
 }
 
-TEST(Tokenizer, LeavesTheCallersTextsAloneAndHoldsNothingBetweenCalls) {
+TEST(Tokenizer, LeavesItsArgumentsUnchangedAndKeepsNoState) {
   const Tokenizer Tokenize;
   const std::string Text = " a : b ";
   const std::string Delimiter = ":";

@@ -1,5 +1,5 @@
-// Pins the alignments of a rule: which lines are accepted, how the alignment string is brought into
-// canonical order, shown and turned round, and what becomes of strings that are no such thing.
+// The alignments of a rule: which lines are accepted, canonical order, display and reversal of the
+// alignment string, and malformed strings.
 
 #include "AlignmentText.h"
 #include "TrRule.h"
@@ -63,7 +63,7 @@ std::string Invalid(char Letter, int Index, int Count) {
          " indices.\n";
 }
 
-/// A rule with an alignment string, made without a word.
+/// A rule with an alignment string, made without output.
 struct Aligned : TrRule {
   explicit Aligned(const std::string& Alignments) {
     const DebugLevel Guard(0);
@@ -72,7 +72,7 @@ struct Aligned : TrRule {
   }
 };
 
-/// What one added line did.
+/// The effect of adding a line.
 struct Added {
   bool Result;
   std::string Alignments;
@@ -83,24 +83,24 @@ struct Added {
            Left.Streams == Right.Streams;
   }
 
-  friend std::ostream& operator<<(std::ostream& Stream, const Added& Each) {
-    return Stream << Each.Result << ' ' << Each.Alignments << Each.Streams;
+  friend std::ostream& operator<<(std::ostream& Stream, const Added& Row) {
+    return Stream << Row.Result << ' ' << Row.Alignments << Row.Streams;
   }
 };
 
 Added Add(TrRule& Rule, const std::string& Line) {
-  Added Each{};
-  Each.Streams = WrittenBy([&] { Each.Result = Rule.AddAlignment(Line); });
-  Each.Alignments = Rule.GetAlignmentStr();
-  return Each;
+  Added Result{};
+  Result.Streams = WrittenBy([&] { Result.Result = Rule.AddAlignment(Line); });
+  Result.Alignments = Rule.GetAlignmentStr();
+  return Result;
 }
 
-/// What setting an alignment string wrote.
+/// The output of setting an alignment string.
 Written Set(TrRule& Rule, const std::string& Alignments) {
   return WrittenBy([&] { Rule.SetAlignment(Alignments); });
 }
 
-/// The lines of a rule and what asking for them wrote.
+/// The alignment lines of a rule, and the output of getting them.
 struct Shown {
   Strings Lines;
   Written Streams;
@@ -109,18 +109,18 @@ struct Shown {
     return Left.Lines == Right.Lines && Left.Streams == Right.Streams;
   }
 
-  friend std::ostream& operator<<(std::ostream& Stream, const Shown& Each) {
-    for (const std::string& sLine : Each.Lines) {
+  friend std::ostream& operator<<(std::ostream& Stream, const Shown& Row) {
+    for (const std::string& sLine : Row.Lines) {
       Stream << sLine << '\n';
     }
-    return Stream << Each.Streams;
+    return Stream << Row.Streams;
   }
 };
 
 Shown Show(const TrRule& Rule) {
-  Shown Each;
-  Each.Streams = WrittenBy([&] { Each.Lines = Rule.GetAlignments(); });
-  return Each;
+  Shown Result;
+  Result.Streams = WrittenBy([&] { Result.Lines = Rule.GetAlignments(); });
+  return Result;
 }
 
 /// A rule with three labels on each side, the second one a literal word.
@@ -133,7 +133,7 @@ void SetLabels(TrRule& Rule) {
 
 // ---- Adding lines -------------------------------------------------------------------------------
 
-TEST(TrRuleAddAlignment, KeepsThePairsInOrderAndEachOnce) {
+TEST(TrRuleAddAlignment, OrdersPairsAndRemovesDuplicates) {
   struct Case {
     Strings Lines;
     Strings After;
@@ -155,7 +155,7 @@ TEST(TrRuleAddAlignment, KeepsThePairsInOrderAndEachOnce) {
   }
 }
 
-TEST(TrRuleAddAlignment, AcceptsSmallLettersAndAnythingAround) {
+TEST(TrRuleAddAlignment, AcceptsSmallLettersAndAnyTextAround) {
   struct Case {
     std::string Line;
     std::string Alignments;
@@ -188,7 +188,7 @@ TEST(TrRuleAddAlignment, KeepsBlanksInsideAnIndexText) {
   EXPECT_EQ(Add(Rule, "(X2::Y1)"), (Added{true, "(( 1,1),( 2, 1 ))", Nothing}));
 }
 
-TEST(TrRuleAddAlignment, RejectsLinesAndLeavesTheAlignmentsAlone) {
+TEST(TrRuleAddAlignment, LeavesTheAlignmentsUnchangedOnARejectedLine) {
   struct Case {
     std::string Line;
     std::string Out;
@@ -246,7 +246,7 @@ TEST(TrRuleAddAlignment, ReadsEveryPrefixOfALine) {
   }
 }
 
-TEST(TrRuleAddAlignment, SeesNoMoreThanAHundredThousandBytesOfTheSecondSide) {
+TEST(TrRuleAddAlignment, ReadsAHundredThousandBytesOfTheSecondSide) {
   const std::string Fits = "Y1" + std::string(99997, ' ') + ")";
   TrRule Rule;
   EXPECT_EQ(Add(Rule, "(X1::Y" + Fits + ")"), (Added{false, "", {YError, ""}}));
@@ -277,21 +277,21 @@ TEST(TrRuleAddAlignment, TracesLineAndStringAtLevelOneAndTheOrderingAtLevelFour)
       {"(1::y2)", false, Line + "(1::Y2)|\n" + Line + "(1::Y2)|\n" + XError, XError, XError},
       {"(x1::2)", false, Line + "(X1::2)|\n" + Line + "(X1::2)|\n" + YError, YError, YError},
   };
-  for (const Case& Each : Cases) {
+  for (const Case& Row : Cases) {
     for (const int Level : AllLevels) {
       Aligned Rule("((2,2))");
       const DebugLevel Guard(Level);
-      const std::string& Out = Level == 1   ? Each.OutAtOne
-                               : Level == 4 ? Each.OutAtFour
-                                            : Each.OutAtOthers;
-      EXPECT_EQ(Add(Rule, Each.Line),
-                (Added{Each.Result, Each.Result ? "((1,2),(2,2))" : "((2,2))", {Out, ""}}))
-          << Each.Line << " at level " << Level;
+      const std::string& Out = Level == 1   ? Row.OutAtOne
+                               : Level == 4 ? Row.OutAtFour
+                                            : Row.OutAtOthers;
+      EXPECT_EQ(Add(Rule, Row.Line),
+                (Added{Row.Result, Row.Result ? "((1,2),(2,2))" : "((2,2))", {Out, ""}}))
+          << Row.Line << " at level " << Level;
     }
   }
 }
 
-TEST(TrRuleAddAlignment, TracesTheFirstPairAlone) {
+TEST(TrRuleAddAlignment, TracesTheFirstPair) {
   const DebugLevel Guard(1);
   TrRule Rule;
   EXPECT_EQ(Add(Rule, "(X1::Y1)"),
@@ -303,7 +303,7 @@ TEST(TrRuleAddAlignment, TracesTheFirstPairAlone) {
                     ""}}));
 }
 
-TEST(TrRuleAddAlignment, PutsACommaFirstBehindEmptyParentheses) {
+TEST(TrRuleAddAlignment, StartsWithACommaAfterEmptyParentheses) {
   TrRule Rule;
   Rule.SetAlignment("()");
   EXPECT_EQ(Add(Rule, "(X1::Y1)"), (Added{true, "(,(1,1))", Nothing}));
@@ -313,7 +313,7 @@ TEST(TrRuleAddAlignment, PutsACommaFirstBehindEmptyParentheses) {
 
 // ---- Canonical order ----------------------------------------------------------------------------
 
-TEST(TrRuleSetAlignment, BringsThePairsIntoOrder) {
+TEST(TrRuleSetAlignment, OrdersPairs) {
   struct Case {
     std::string Before;
     std::string After;
@@ -328,19 +328,19 @@ TEST(TrRuleSetAlignment, BringsThePairsIntoOrder) {
       {"((1,10),(1,9))", "((1,9),(1,10))"},
       {"((1000000000,1),(999999999,1))", "((999999999,1),(1000000000,1))"},
       {"((1,1),(0,1),(-1,1))", "((-1,1),(0,1),(1,1))"},
-      // each pair once: the first text of several stays
+      // each pair once: the first of several texts is kept
       {"((1,1),(1,1))", "((1,1))"},
       {"((01,1),(1,1))", "((01,1))"},
       {"((1,1),(01,1))", "((1,1))"},
       {"((1,1),(1,+1),(1, 1))", "((1,1))"},
       {"((1 ,2x),(1,2))", "((1 ,2x))"},
-      // texts without digits count as 0 and stay
+      // texts without digits count as 0 and are kept
       {"((2,1),(b,a))", "((b,a),(2,1))"},
       {"((2,1),(,))", "((,),(2,1))"},
       {"(( 2,1),(\t1, 1 ))", "((\t1, 1 ),( 2,1))"},
       {"((2" + OddBytes + ",1),(1,1" + OddBytes + "))",
        "((1,1" + OddBytes + "),(2" + OddBytes + ",1))"},
-      // what is no separator is part of a pair
+      // anything but a separator is part of a pair
       {"((1,1), (2,3))", "((1,1), (2,3))"},
       {"((2,1), (2,3),(1,1))", "((1,1),(2,1), (2,3))"},
       {"((2,1) ,(1,1))", "((2,1) ,(1,1))"},
@@ -351,14 +351,14 @@ TEST(TrRuleSetAlignment, BringsThePairsIntoOrder) {
       {"(,(1,1))", "(,(1,1))"},
       {"((1,1),,(0,1))", "((1,1),,(0,1))"},
       {"((1,1)\r\n)", "((1,1)\r\n)"},
-      // a trailing comma loses the last pair
+      // a trailing comma drops the last pair
       {"((1,1),(2,2),)", "((1,1))"},
       {"((2,2),(1,1),(3,3),)", "((1,1),(2,2))"},
       {"((1,1),)", ""},
       {"(,)", ""},
       {"(1,)", ""},
       {"((1,1),,)", ""},
-      // parentheses and comma out of order have nothing between them
+      // parentheses and comma in an impossible order enclose nothing
       {"((1,1),(2),5))", "((1,1),(2),5))"},
       {"((2,1),(2),5))", "((2),5),(2,1))"},
       {"((0,0),,(3,1))", "((0,0),,(3,1))"},
@@ -374,7 +374,7 @@ TEST(TrRuleSetAlignment, BringsThePairsIntoOrder) {
   }
 }
 
-TEST(TrRuleSetAlignment, GivesOneStringForAnyOrderOfThePairs) {
+TEST(TrRuleSetAlignment, StoresOneStringForAnyOrderOfThePairs) {
   Strings vsPairs = {"(1,1)", "(1,2)", "(10,1)", "(10,10)", "(2,1)"};
   do {
     std::string Alignments;
@@ -387,7 +387,7 @@ TEST(TrRuleSetAlignment, GivesOneStringForAnyOrderOfThePairs) {
   } while (std::next_permutation(vsPairs.begin(), vsPairs.end()));
 }
 
-TEST(TrRuleSetAlignment, KeepsTheFirstTextOfAPairThatStandsManyTimes) {
+TEST(TrRuleSetAlignment, KeepsTheFirstTextOfARepeatedPair) {
   std::string Alignments;
   std::string Expected;
   for (int Index = 99; Index >= 10; --Index) {
@@ -405,14 +405,14 @@ TEST(TrRuleSetAlignment, KeepsTheFirstTextOfAPairThatStandsManyTimes) {
   EXPECT_EQ(Rule.GetAlignmentStr(), Expected + ")");
 }
 
-TEST(TrRuleSetAlignment, ReportsPairsWithoutAnIndexAndFilesThemUnderTheOneBefore) {
+TEST(TrRuleSetAlignment, ReportsPairsWithoutAnIndexAndSortsThemByThePreviousPair) {
   struct Case {
     std::string Before;
     std::string After;
     std::string Missing;
   };
   const Case Cases[] = {
-      // two characters and fewer are never looked at
+      // up to two characters are never checked
       {"ab", "()", "xy"},
       {"a", "()", "xy"},
       {"(", "()", "xy"},
@@ -427,13 +427,13 @@ TEST(TrRuleSetAlignment, ReportsPairsWithoutAnIndexAndFilesThemUnderTheOneBefore
       {"(1,2)", "(1,2)", "xy"},
       {"(1,1()", "(1,1()", "xy"},
       {"(1,1)()", "(1,1)()", "x"},
-      // a later one as the pair before it
+      // a later one counts as the previous pair
       {"((3,2),(5),(1,1))", "((1,1),(3,2))", "xy"},
       {"((3,2),(5),(6),(4,1))", "((3,2),(4,1))", "xyxy"},
       {"((4,2),(4,5)", "((4,2))", "y"},
       {"((4,2),(3,5)", "((3,5,(4,2))", "y"},
       {"((5),(1,1))", "((5),(1,1))", "xy"},
-      // missing ones before and behind good ones
+      // missing ones before and after valid ones
       {"(1,1),(3,3),(2,2)", "(1,1),(2,2,(3,3))", "xy"},
       {"(9" + OddBytes + ")", "(9" + OddBytes + ")", "xy"},
   };
@@ -493,12 +493,12 @@ TEST(TrRuleSetAlignment, TracesTheOrderingAtLevelFour) {
       {"((2,1),(1,1))", Begin + "((2,1),(1,1))" + End + "((1,1),(2,1))\n", ""},
       {"ab", Begin + "ab" + End + "()\n", Incorrect("ab", "xy")},
   };
-  for (const Case& Each : Cases) {
+  for (const Case& Row : Cases) {
     for (const int Level : AllLevels) {
       TrRule Rule;
       const DebugLevel Guard(Level);
-      EXPECT_EQ(Set(Rule, Each.Before), (Written{Level == 4 ? Each.OutAtFour : "", Each.Err}))
-          << Each.Before << " at level " << Level;
+      EXPECT_EQ(Set(Rule, Row.Before), (Written{Level == 4 ? Row.OutAtFour : "", Row.Err}))
+          << Row.Before << " at level " << Level;
     }
   }
 }
@@ -512,7 +512,7 @@ TEST(TrRuleSetAlignment, TracesBeforeItEndsTheProcess) {
   }
 }
 
-TEST(TrRuleSetAlignment, HasStoredTheStringWhenAHandlerTakesOver) {
+TEST(TrRuleSetAlignment, StoresTheStringBeforeTheHandlerIsCalled) {
   Aligned Rule("((1,1))");
   const StreamCapture Streams;
   const std::string Message = Unparenthesised("1,2");
@@ -523,7 +523,7 @@ TEST(TrRuleSetAlignment, HasStoredTheStringWhenAHandlerTakesOver) {
   EXPECT_EQ(Rule.GetAlignmentStr(), "((1,1),(2,2))");
 }
 
-TEST(TrRuleSetAlignment, LeavesTheWordLevelStringAlone) {
+TEST(TrRuleSetAlignment, LeavesTheWordLevelStringUnchanged) {
   for (const std::string& Text :
        {"((2,1),(1,1))"s, ""s, "()"s, "1,1"s, "ab"s, "((1,1),)"s, OddBytes}) {
     for (const int Level : AllLevels) {
@@ -543,7 +543,7 @@ TEST(TrRuleSetAlignment, LeavesTheWordLevelStringAlone) {
 
 // ---- Display ------------------------------------------------------------------------------------
 
-TEST(TrRuleGetAlignments, AreALineForEachPairInStoredOrder) {
+TEST(TrRuleGetAlignments, ReturnsALineForEachPairInStoredOrder) {
   struct Case {
     std::string Alignments;
     Strings Lines;
@@ -558,7 +558,7 @@ TEST(TrRuleGetAlignments, AreALineForEachPairInStoredOrder) {
       {"((1,2),(1,3))", {"(X1::Y2)", "(X1::Y3)"}},
       {"(( 1 ,02x))", {"(X 1 ::Y02x)"}},
       {"((1" + OddBytes + ",2" + OddBytes + "))", {"(X1" + OddBytes + "::Y2" + OddBytes + ")"}},
-      // the walk takes what stands between the nearest parentheses and the comma
+      // the walk reads the texts between the nearest parentheses and the comma
       {"(1,2)", {"(X1::Y2)"}},
       {"((1,2)", {"(X1::Y2)"}},
       {"((1,2,3))", {"(X1::Y2,3)"}},
@@ -567,7 +567,7 @@ TEST(TrRuleGetAlignments, AreALineForEachPairInStoredOrder) {
       {"((1,1), (2,3))", {"(X1::Y1)", "(X2::Y3)"}},
       {"((1,1)x(2,3))", {"(X1::Y1)", "(X2::Y3)"}},
       {"((1,1)xx)", {"(X1::Y1)"}},
-      // a comma that no number follows ends it
+      // a comma without a number after it ends the walk
       {"(,(1,1))", {}},
       {"((1,1),(3,(2,2)))", {"(X1::Y1)"}},
   };
@@ -579,7 +579,7 @@ TEST(TrRuleGetAlignments, AreALineForEachPairInStoredOrder) {
   }
 }
 
-TEST(TrRuleGetAlignments, TakeNothingFromBetweenPartsInTheWrongOrder) {
+TEST(TrRuleGetAlignments, TreatsPartsInTheWrongOrderAsEmpty) {
   Aligned Rule("((1),1))");
   ASSERT_EQ(Rule.GetAlignmentStr(), "((1),1))");
   EXPECT_EQ(Show(Rule), (Shown{{"(X1)::Y)"}, {"", Invalid('x', 1, 0) + Invalid('y', 0, 0)}}));
@@ -587,7 +587,7 @@ TEST(TrRuleGetAlignments, TakeNothingFromBetweenPartsInTheWrongOrder) {
   EXPECT_EQ(Show(Rule), (Shown{{"(X1)::Y)"}, {"", Invalid('y', 0, 3)}}));
 }
 
-TEST(TrRuleGetAlignments, MarkThePairsOfLiteralWords) {
+TEST(TrRuleGetAlignments, MarksThePairsOfLiteralWords) {
   Aligned Rule("((1,1),(1,2),(2,1),(2,2),(3,3))");
   SetLabels(Rule);
   EXPECT_EQ(
@@ -596,7 +596,7 @@ TEST(TrRuleGetAlignments, MarkThePairsOfLiteralWords) {
   EXPECT_EQ(Rule.GetAlignmentStr(), "((1,1),(1,2),(2,1),(2,2),(3,3))");
 }
 
-TEST(TrRuleGetAlignments, AskForXFirstAndForYOnlyWhereXIsNoLiteralWord) {
+TEST(TrRuleGetAlignments, LooksUpYOnlyWhenXIsNotALiteralWord) {
   struct Case {
     const char* Alignments;
     Strings Lines;
@@ -617,17 +617,17 @@ TEST(TrRuleGetAlignments, AskForXFirstAndForYOnlyWhereXIsNoLiteralWord) {
        {"(X0::Y0)", "(X4::Y4)"},
        Invalid('x', 0, 3) + Invalid('y', 0, 3) + Invalid('x', 4, 3) + Invalid('y', 4, 3)},
   };
-  for (const Case& Each : Cases) {
+  for (const Case& Row : Cases) {
     for (const int Level : AllLevels) {
-      Aligned Rule(Each.Alignments);
+      Aligned Rule(Row.Alignments);
       SetLabels(Rule);
       const DebugLevel Guard(Level);
-      EXPECT_EQ(Show(Rule), (Shown{Each.Lines, {"", Each.Err}})) << Each.Alignments;
+      EXPECT_EQ(Show(Rule), (Shown{Row.Lines, {"", Row.Err}})) << Row.Alignments;
     }
   }
 }
 
-TEST(TrRuleGetAlignments, EndAtACommaThatIsLast) {
+TEST(TrRuleGetAlignments, EndsAtATrailingComma) {
   struct Case {
     const char* Text;
     Strings Pairs;
@@ -651,9 +651,9 @@ TEST(TrRuleGetAlignments, EndAtACommaThatIsLast) {
   }
 }
 
-// ---- Turning round ------------------------------------------------------------------------------
+// ---- Reversal -----------------------------------------------------------------------------------
 
-TEST(TrRuleReversedAlignments, HaveXAndYExchangedInPlace) {
+TEST(TrRuleReversedAlignments, ExchangesXAndYInPlace) {
   struct Case {
     std::string Text;
     std::string Reversed;
@@ -677,16 +677,16 @@ TEST(TrRuleReversedAlignments, HaveXAndYExchangedInPlace) {
       {"),(1,2),(", "((2,1))"},
       {"((x" + OddBytes + ",y))", "((y,x" + OddBytes + "))"},
   };
-  for (const Case& Each : Cases) {
+  for (const Case& Row : Cases) {
     Aligned Rule("((5,6))");
     std::string Reversed;
-    EXPECT_EQ(WrittenBy([&] { Reversed = CallGetReversedAlignments(Rule, Each.Text); }), Nothing);
-    EXPECT_EQ(Reversed, Each.Reversed) << Each.Text;
+    EXPECT_EQ(WrittenBy([&] { Reversed = CallGetReversedAlignments(Rule, Row.Text); }), Nothing);
+    EXPECT_EQ(Reversed, Row.Reversed) << Row.Text;
     EXPECT_EQ(Rule.GetAlignmentStr(), "((5,6))");
   }
 }
 
-TEST(TrRuleReversedAlignments, EndTheProcessWhereAPairHasNotTwoParts) {
+TEST(TrRuleReversedAlignments, EndsTheProcessOnAPairWithoutTwoParts) {
   const std::string Cases[] = {
       "()",        "(",     "1",          " ",           "((1))",          "((1,))", "((,1))",
       "((1,2,3))", "((,))", "((1,1),())", "((1,1),(2))", "((1,1), (2,3))", OddBytes, "((1,2)),x"};
@@ -700,7 +700,7 @@ TEST(TrRuleReversedAlignments, EndTheProcessWhereAPairHasNotTwoParts) {
   }
 }
 
-TEST(TrRuleReversedAlignments, TraceTheRulesOwnStringAndTheResultAtLevelOne) {
+TEST(TrRuleReversedAlignments, TracesTheStringOfTheRuleAndTheResultAtLevelOne) {
   struct Case {
     const char* Text;
     std::string OutAtOne;
@@ -711,18 +711,18 @@ TEST(TrRuleReversedAlignments, TraceTheRulesOwnStringAndTheResultAtLevelOne) {
       {"((1,2),(3,4))",
        Begin + "In TrRule::GetReversedAlignments() ReturnAlStr is:|((2,1),(4,3))|\n"},
   };
-  for (const Case& Each : Cases) {
+  for (const Case& Row : Cases) {
     for (const int Level : AllLevels) {
       Aligned Rule("((5,6))");
       const DebugLevel Guard(Level);
-      EXPECT_EQ(WrittenBy([&] { CallGetReversedAlignments(Rule, Each.Text); }),
-                (Written{Level == 1 ? Each.OutAtOne : "", ""}))
+      EXPECT_EQ(WrittenBy([&] { CallGetReversedAlignments(Rule, Row.Text); }),
+                (Written{Level == 1 ? Row.OutAtOne : "", ""}))
           << "level " << Level;
     }
   }
 }
 
-TEST(TrRuleReversedAlignments, TraceBeforeTheyEndTheProcess) {
+TEST(TrRuleReversedAlignments, TracesBeforeItEndsTheProcess) {
   for (const int Level : AllLevels) {
     Aligned Rule("((5,6))");
     const DebugLevel Guard(Level);
@@ -735,7 +735,7 @@ TEST(TrRuleReversedAlignments, TraceBeforeTheyEndTheProcess) {
   }
 }
 
-TEST(TrRuleReversedAlignments, AreThoseOfAllStringsOfAFlippedRule) {
+TEST(TrRuleReversedAlignments, AppliesToAllStringsOfAFlippedRule) {
   TrRule Rule;
   ASSERT_TRUE(Rule.SetTrRuleFromString(SampleText));
   Rule.SetsWordLevelAl("((1,2),(2,2),(1,3))");
@@ -783,21 +783,21 @@ TEST(TrRuleIsLexicalized, HoldsForLabelsInDoubleQuotes) {
        false},
   };
   Strings vsLabels;
-  for (const Case& Each : Cases) {
-    vsLabels.push_back(Each.Label);
+  for (const Case& Row : Cases) {
+    vsLabels.push_back(Row.Label);
   }
   TrRule Sides[2];
   Sides[0].SetSLPOS(vsLabels);
   Sides[1].SetTLPOS(vsLabels);
   for (const int Type : {1, 2}) {
     int Index = 0;
-    for (const Case& Each : Cases) {
+    for (const Case& Row : Cases) {
       ++Index;
       for (const int Level : AllLevels) {
         const DebugLevel Guard(Level);
         EXPECT_EQ(WrittenBy([&] {
-                    EXPECT_EQ(CallIsLexicalized(Sides[Type - 1], Index, Type), Each.Lexicalized)
-                        << Each.Label;
+                    EXPECT_EQ(CallIsLexicalized(Sides[Type - 1], Index, Type), Row.Lexicalized)
+                        << Row.Label;
                   }),
                   Nothing);
       }
@@ -805,7 +805,7 @@ TEST(TrRuleIsLexicalized, HoldsForLabelsInDoubleQuotes) {
   }
 }
 
-TEST(TrRuleIsLexicalized, IsFalseWithAMessageForAnIndexWithoutALabel) {
+TEST(TrRuleIsLexicalized, ReportsAnIndexWithoutALabelAndReturnsFalse) {
   TrRule Rule;
   Rule.SetSLPOS("\"a\" \"b\" \"c\"");
   Rule.SetTLPOS("\"a\" \"b\"");
@@ -823,7 +823,7 @@ TEST(TrRuleIsLexicalized, IsFalseWithAMessageForAnIndexWithoutALabel) {
   }
 }
 
-TEST(TrRuleIsLexicalized, SaysTheWholeMessage) {
+TEST(TrRuleIsLexicalized, PrintsTheWholeMessage) {
   TrRule Rule;
   Rule.SetSLPOS("a b c");
   EXPECT_EQ(WrittenBy([&] {
@@ -837,7 +837,7 @@ TEST(TrRuleIsLexicalized, SaysTheWholeMessage) {
                      "indices.\n"}));
 }
 
-TEST(TrRuleIsLexicalized, EndsTheProcessForATypeThatIsNoSide) {
+TEST(TrRuleIsLexicalized, EndsTheProcessOnAnInvalidType) {
   TrRule Rule;
   SetLabels(Rule);
   for (const int Level : AllLevels) {
@@ -855,7 +855,7 @@ TEST(TrRuleIsLexicalized, EndsTheProcessForATypeThatIsNoSide) {
 
 namespace {
 
-/// Numbers with a point between thousands, as many languages write them.
+/// Numbers with a point as the thousands separator.
 class GroupedNumbers : public std::numpunct<char> {
  protected:
   char do_thousands_sep() const override { return '.'; }
@@ -864,7 +864,7 @@ class GroupedNumbers : public std::numpunct<char> {
 
 }  // namespace
 
-TEST(TrRuleAlignmentsLocale, OfTheHostDoesNotChangeTheNumbersOfMessages) {
+TEST(TrRuleAlignmentsLocale, DoesNotChangeTheNumbersInMessages) {
   const std::locale Grouped(std::locale::classic(), new GroupedNumbers);
   const std::locale Old = std::locale::global(Grouped);
   const std::locale OldErr = std::cerr.imbue(Grouped);

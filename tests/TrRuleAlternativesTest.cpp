@@ -1,5 +1,5 @@
-// Pins the list of alternative examples: what each of its four operations puts into the eight
-// parallel members, what it leaves alone, and where other operations make their lengths differ.
+// The alternative examples: the effect of each of the four operations on the eight parallel members
+// and on no others, and how other operations make their lengths differ.
 
 #include "TrRule.h"
 #include "support/DebugLevel.h"
@@ -38,9 +38,9 @@ using Alternatives = std::tuple<Strings, Strings, Strings, Strings, IntMaps, Int
 using AddExample = void (TrRule::*)(std::string, std::string, std::string, std::string, IntMap,
                                     IntMap, Strings, Strings);
 
-void Add(TrRule& Rule, const Alternative& Each) {
+void Add(TrRule& Rule, const Alternative& Added) {
   constexpr AddExample Operation = &TrRule::AddAlterTrInfo;
-  std::apply([&](const auto&... Argument) { (Rule.*Operation)(Argument...); }, Each);
+  std::apply([&](const auto&... Argument) { (Rule.*Operation)(Argument...); }, Added);
 }
 
 void GetInto(Alternatives& EightReturn, const TrRule& Rule) {
@@ -53,7 +53,7 @@ Alternatives Get(const TrRule& Rule) {
   return Eight;
 }
 
-/// Calls the code with each of the eight positions, as constants that `std::get` takes.
+/// Calls the code with each of the eight positions, as constants for `std::get`.
 template <typename CodeT, std::size_t... PositionV>
 void ForEachPosition(CodeT Code, std::index_sequence<PositionV...> /*Positions*/) {
   (Code(std::integral_constant<std::size_t, PositionV>()), ...);
@@ -64,12 +64,12 @@ void ForEachPosition(CodeT Code) {
   ForEachPosition(Code, std::make_index_sequence<std::tuple_size_v<Alternatives>>());
 }
 
-/// The lists that hold the given alternatives and nothing else.
+/// The lists of exactly the given alternatives.
 Alternatives ListsOf(const std::vector<Alternative>& vAlternatives) {
   Alternatives Eight;
-  for (const Alternative& Each : vAlternatives) {
+  for (const Alternative& Added : vAlternatives) {
     ForEachPosition(
-        [&](auto Position) { std::get<Position()>(Eight).push_back(std::get<Position()>(Each)); });
+        [&](auto Position) { std::get<Position()>(Eight).push_back(std::get<Position()>(Added)); });
   }
   return Eight;
 }
@@ -98,7 +98,7 @@ const Alternative Second = {
     "o'k \"q\"" + OddBytes, " x" + OddBytes, "1,1", OddBytes, {{-1, 5}}, {{7, -7}},
     {"", OddBytes},         {"\"l'\""}};
 
-/// A rule with an example of its own.
+/// A rule with an example.
 void Fill(TrRule& Rule) {
   Rule.SetSLWords("the car");
   Rule.SetTLWords("el auto");
@@ -116,11 +116,11 @@ const Alternative OfFilled = {
 
 }  // namespace
 
-TEST(TrRuleAlternatives, AreNoneInANewRule) {
+TEST(TrRuleAlternatives, AreEmptyInANewRule) {
   EXPECT_EQ(Get(TrRule()), Alternatives());
 }
 
-TEST(TrRuleAlternatives, AreAppendedAsTheyAreEachArgumentToItsOwnList) {
+TEST(TrRuleAlternatives, AppendEachArgumentUnchangedToItsList) {
   TrRule Rule;
   Add(Rule, First);
   EXPECT_EQ(Get(Rule), ListsOf({First}));
@@ -130,7 +130,7 @@ TEST(TrRuleAlternatives, AreAppendedAsTheyAreEachArgumentToItsOwnList) {
   EXPECT_EQ(Get(Rule), ListsOf({First, Second, Empty}));
 }
 
-TEST(TrRuleAlternatives, DifferInTheListOfTheArgumentThatDiffers) {
+TEST(TrRuleAlternatives, DifferOnlyInTheListOfTheChangedArgument) {
   TrRule Original;
   Add(Original, First);
   const auto DifferenceWith = [&](Alternative Other) {
@@ -153,7 +153,7 @@ TEST(TrRuleAlternatives, DifferInTheListOfTheArgumentThatDiffers) {
   }
 }
 
-TEST(TrRuleAlternatives, AreTakenFromLiterals) {
+TEST(TrRuleAlternatives, AcceptLiterals) {
   TrRule Rule;
   Rule.AddAlterTrInfo("I see", "veo", "((2,1),(1,1))", "(S (V see))", {{0, 0}, {1, 0}}, {{0, 1}},
                       {"pron", "v"}, {"v"});
@@ -162,7 +162,7 @@ TEST(TrRuleAlternatives, AreTakenFromLiterals) {
   EXPECT_EQ(Get(Rule), ListsOf({First, Empty}));
 }
 
-TEST(TrRuleAlternatives, MayBeTheSameTwice) {
+TEST(TrRuleAlternatives, MayRepeat) {
   TrRule Rule;
   Fill(Rule);
   Add(Rule, First);
@@ -172,7 +172,7 @@ TEST(TrRuleAlternatives, MayBeTheSameTwice) {
   EXPECT_EQ(Get(Rule), ListsOf({First, First, OfFilled, OfFilled}));
 }
 
-TEST(TrRuleAlternatives, AreMadeOfTheRulesOwnExample) {
+TEST(TrRuleAlternatives, CopyTheExampleOfTheRule) {
   TrRule Rule;
   Fill(Rule);
   EXPECT_TRUE(Rule.AddAlterTrInfo());
@@ -185,7 +185,7 @@ TEST(TrRuleAlternatives, AreMadeOfTheRulesOwnExample) {
   EXPECT_EQ(Get(Rule), ListsOf({OfFilled, Changed}));
 }
 
-TEST(TrRuleAlternatives, TakeEachPieceFromItsOwnMember) {
+TEST(TrRuleAlternatives, CopyEachPieceFromItsMember) {
   TrRule Rule;
   Rule.SetSLWords("a b");
   Rule.SetTLWords(Strings{"o'k", ""});
@@ -205,7 +205,7 @@ TEST(TrRuleAlternatives, TakeEachPieceFromItsOwnMember) {
       ListsOf({Alternative("A B", "O\\'K ", "((2,2))", "c", {{4, 5}}, {{6, 7}}, {"D"}, {"E"})}));
 }
 
-TEST(TrRuleAlternatives, OfANewRuleAreEmptyAndWrittenAsSuch) {
+TEST(TrRuleAlternatives, AreWrittenEmptyForANewRule) {
   TrRule Rule;
   EXPECT_TRUE(Rule.AddAlterTrInfo());
   EXPECT_EQ(Get(Rule), ListsOf({Empty}));
@@ -216,7 +216,7 @@ TEST(TrRuleAlternatives, OfANewRuleAreEmptyAndWrittenAsSuch) {
             ";;Score:1\n:: [] -> []\n(\n)");
 }
 
-TEST(TrRuleAlternatives, AreTheRuleItselfAfterAReset) {
+TEST(TrRuleAlternatives, HoldOnlyTheExampleAfterAReset) {
   for (const int Additions : {0, 1, 2, 10}) {
     TrRule Rule;
     Fill(Rule);
@@ -252,7 +252,7 @@ TEST(TrRuleAlternatives, PairANewSentenceWithTheAlignmentsOfAReadRuleUntilAReset
             ListsOf({Alternative("THE RED CAR", "", "((1,1))", "", {}, {}, vsSL, vsTL)}));
 }
 
-TEST(TrRuleAlternatives, HaveOneMapMoreWhereAMapWasSetUntilAReset) {
+TEST(TrRuleAlternatives, HaveAnExtraMapOnceAMapWasSetUntilAReset) {
   TrRule Rule;
   Rule.SetSLWord2Comp({{1, 2}});
   Rule.SetTLWord2Comp({{3, 4}});
@@ -263,7 +263,7 @@ TEST(TrRuleAlternatives, HaveOneMapMoreWhereAMapWasSetUntilAReset) {
   EXPECT_EQ(Get(Rule), ListsOf({Alternative("", "", "", "", {{1, 2}}, {{3, 4}}, {}, {})}));
 }
 
-TEST(TrRuleAlternatives, ReplaceWhatTheArgumentsHeldAndAreCopies) {
+TEST(TrRuleAlternatives, ReplaceTheArgumentsWithCopies) {
   TrRule Rule;
   Add(Rule, First);
   Alternatives Eight = ListsOf({Second, Empty, Second});
@@ -278,7 +278,7 @@ TEST(TrRuleAlternatives, ReplaceWhatTheArgumentsHeldAndAreCopies) {
   EXPECT_EQ(Eight, Alternatives());
 }
 
-TEST(TrRuleAlternatives, LeaveTheRestOfTheRuleAlone) {
+TEST(TrRuleAlternatives, LeaveTheRestOfTheRuleUnchanged) {
   TrRule Rule;
   Fill(Rule);
   const std::string Before = Rule.ReturnAsStringForPrint() + Rule.GetsWordLevelAl();
@@ -292,7 +292,7 @@ TEST(TrRuleAlternatives, LeaveTheRestOfTheRuleAlone) {
   EXPECT_EQ(Rule.GetWordLevelSLPOS(), (Strings{"ART", "NOUN"}));
 }
 
-TEST(TrRuleAlternatives, GoAlongWithCopiesAndAssignments) {
+TEST(TrRuleAlternatives, AreCopiedAndAssigned) {
   TrRule Original;
   Add(Original, First);
   Add(Original, Second);
@@ -304,7 +304,7 @@ TEST(TrRuleAlternatives, GoAlongWithCopiesAndAssignments) {
   EXPECT_EQ(Get(Original), ListsOf({First, Second, Empty}));
 }
 
-TEST(TrRuleAlternatives, AreKeptInSilence) {
+TEST(TrRuleAlternatives, PrintNothing) {
   for (const int Level : AllLevels) {
     TrRule Rule;
     Fill(Rule);

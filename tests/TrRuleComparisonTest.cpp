@@ -1,7 +1,7 @@
-// Pins assignment, ordering and equality of rules. Each member of a rule is changed by itself:
-// which of the three sees the change, and which does not. Also pinned: the two members that an
-// assignment leaves alone, the asymmetries of the equality, the number of copies that each
-// operation makes, all traces.
+// Assignment, ordering and equality of rules. Each member of a rule is changed by itself, to show
+// which of the three operations notice the change. Also covered: the two members that an assignment
+// does not change, the asymmetries of the equality, the number of copies that each operation makes,
+// and all traces.
 
 #include "TrRule.h"
 #include "support/ChildProcess.h"
@@ -25,7 +25,7 @@ using std::string_literals::operator""s;
 
 namespace {
 
-/// The members of a rule, each with a value of its own.
+/// The members of a rule, each with a different value.
 struct Fields {
   std::string Head = ";; note\n{QP,7}\n";
   Strings SLWords = {"THE", "DOG"};
@@ -64,10 +64,10 @@ struct Fields {
 using Change = void (*)(Fields&);
 
 void FillSequences(TrRule& Rule, const Fields& Of) {
-  // Only a flip fills the TL labels of a parse.
+  // Only a flip sets the TL labels of a parse.
   Rule.SetSLPOSFromParse(Of.TLPOSFromParse);
   Rule.FlipRuleNoConstraints();
-  // Only the reader fills the comments and the header's type.
+  // Only the reader sets the comments and the header type.
   Rule.SetTrRuleFromString(Of.Head + "NP::NP [N] -> [N]\n(X1::Y1)\n");
   Rule.SetSLWords(Of.SLWords);
   Rule.SetTLWords(Of.TLWords);
@@ -80,7 +80,8 @@ void FillSequences(TrRule& Rule, const Fields& Of) {
   Rule.SetTLWord2Comp(Of.TLWord2Comp);
 }
 
-/// A rule with the fields, one of which is changed. By pointer, since a copy would lose some.
+/// A rule with the fields, one of which is changed. Returns a pointer, since a copy would lose
+/// some.
 std::unique_ptr<TrRule> Make(Change ChangeOne = nullptr) {
   Fields Of;
   if (ChangeOne != nullptr) {
@@ -93,8 +94,8 @@ std::unique_ptr<TrRule> Make(Change ChangeOne = nullptr) {
   Rule->SetCStructure(Of.CStructure);
   Rule->SetSLType(Of.SLType);
   Rule->SetTLType(Of.TLType);
-  for (const Constraint& Each : Of.vConstraints) {
-    Rule->InsertConstraintIntoMap(Each);
+  for (const Constraint& Record : Of.vConstraints) {
+    Rule->InsertConstraintIntoMap(Record);
   }
   Rule->SetRuleIndex(Of.RuleIndex);
   Rule->SetCSet(Of.CSet);
@@ -112,7 +113,7 @@ const std::string BodyPrinted =
     "NP::VP [DET ADJ N] -> [DET N ADJ]\n"
     "(\n(X1::Y2)\n(X2::Y1)\n((X1 NUM) = SG)\n(Y0 = X0)\n)\n";
 
-/// The rule of `Make` but for what `Print` shows.
+/// The rule of `Make`, except for what `Print` shows.
 const std::string MadeMembers =
     "SLWords: { <THE> <DOG> }\n"
     "vsAllSLSents: { <s> }\n"
@@ -146,7 +147,7 @@ const std::string MadeMembers =
     "XHeadIndex: 9\n"
     "YHeadIndex: 8\n";
 
-/// Each member's name with its text, and under "Print" the printed rule.
+/// The text of each member by its name, and the printed rule as "Print".
 std::map<std::string, std::string> MembersByName(TrRule& Rule) {
   const std::string Text = Dump(Rule);
   const std::size_t Start = Text.find("SLWords: ");
@@ -157,7 +158,7 @@ std::map<std::string, std::string> MembersByName(TrRule& Rule) {
   return mssMembers;
 }
 
-/// The names of the members that are not the same in two rules, each behind a blank.
+/// The names of the members that differ in two rules, each after a blank.
 std::string Differing(TrRule& Left, TrRule& Right) {
   const auto mssLeft = MembersByName(Left);
   auto mssRight = MembersByName(Right);
@@ -170,7 +171,7 @@ std::string Differing(TrRule& Left, TrRule& Right) {
   return Names;
 }
 
-// What the equality traces: it stops before the constraints, walks them all, or stops at the
+// The traces of the equality: it stops before the constraints, compares them all, or stops at the
 // first or the second pair.
 constexpr const char* Stops = "In overloaded operator==.\n";
 constexpr const char* Walks =
@@ -185,22 +186,22 @@ constexpr const char* WalksTo2nd =
     "Comparing:1__1__NUM__SG and 1__1__NUM__SG\n"
     "Comparing:3__0__all__X0 and 3__0__all__X9\n";
 
-/// How the rule of `Make` stands to the one that is changed.
-enum class Sorts { Before, Nowhere, Behind };
+/// How the rule of `Make` sorts relative to the changed one.
+enum class Sorts { Before, Nowhere, After };
 
-/// What the three operators make of the rule of `Make` and one that is changed.
+/// The results of the operators on the rule of `Make` and a changed one.
 struct Outcome {
   bool Equals;        ///< the rule of `Make` on the left
   bool IsEqualled;    ///< the changed rule on the left
-  Sorts Order;        ///< where the rule of `Make` sorts
-  const char* Trace;  ///< of the equality with the rule of `Make` on the left
+  Sorts Order;        ///< how the rule of `Make` sorts
+  const char* Trace;  ///< the trace of the equality, with the rule of `Make` on the left
 };
 constexpr Outcome Unseen{true, true, Sorts::Nowhere, Walks};
 constexpr Outcome Differs{false, false, Sorts::Nowhere, Stops};
 constexpr Outcome DiffersBefore{false, false, Sorts::Before, Stops};
-constexpr Outcome DiffersBehind{false, false, Sorts::Behind, Stops};
+constexpr Outcome DiffersBehind{false, false, Sorts::After, Stops};
 constexpr Outcome SortsBefore{true, true, Sorts::Before, Walks};
-constexpr Outcome SortsBehind{true, true, Sorts::Behind, Walks};
+constexpr Outcome SortsBehind{true, true, Sorts::After, Walks};
 
 struct Perturbation {
   const char* Name;
@@ -209,7 +210,7 @@ struct Perturbation {
   Outcome Result;
 };
 
-/// Each member changed by itself; a list that counts is also made longer and shorter.
+/// Each member changed by itself. Lists that are compared are also made longer and shorter.
 const Perturbation Perturbations[] = {
     {"Comments", " Print", [](Fields& Of) { Of.Head = ";; other\n{QP,7}\n"; }, Unseen},
     {"no comments", " Print", [](Fields& Of) { Of.Head = "{QP,7}\n"; }, Unseen},
@@ -257,7 +258,7 @@ const Perturbation Perturbations[] = {
     {"a constraint's key, first",
      " Constraint Print",
      [](Fields& Of) { Of.vConstraints[0].SetFeatValue("PL"); },
-     {false, false, Sorts::Behind, WalksTo1st}},
+     {false, false, Sorts::After, WalksTo1st}},
     {"a constraint's key, last",
      " Constraint Print",
      [](Fields& Of) { Of.vConstraints[1].SetFeatValue("X9"); },
@@ -294,26 +295,26 @@ const Perturbation Perturbations[] = {
     {"YHeadIndex", " YHeadIndex", [](Fields& Of) { Of.YHeadIndex = 0; }, Unseen},
 };
 
-/// What a call writes at a debug level.
+/// The output of a call at a debug level.
 template <typename CodeT>
 Written WrittenAt(int Level, CodeT Code) {
   const DebugLevel Debug(Level);
   return WrittenBy(Code);
 }
 
-/// What one copy of a rule with an alignment string in order traces at level 4.
+/// The trace at level 4 of one copy of a rule with an ordered alignment string.
 std::string CopyTrace(const std::string& Alignments, const std::string& Ordered) {
   return "In TrRule's copy constructor.\nIn ReorderAlignments, AlignmentString is:" + Alignments +
          "At the end of ReorderAlignments, AlignmentString is:" + Ordered + '\n';
 }
 
-/// What one copy of a rule with a malformed alignment string reports.
+/// The messages of one copy of a rule with a malformed alignment string.
 std::string CopyMessages(const std::string& Alignments) {
   return "ALIGNMENT string is not in correct format:|" + Alignments +
          "|\nAlignment string is not in correct format:|" + Alignments + "|\n";
 }
 
-/// A rule with an alignment string that is not in order, as a flip leaves it.
+/// A rule with an alignment string that is not in order, as after a flip.
 void FillDisordered(TrRule& Rule) {
   Rule.SetSLPOS("n adj");
   Rule.SetTLPOS("n adj");
@@ -321,7 +322,7 @@ void FillDisordered(TrRule& Rule) {
   Rule.FlipRuleNoConstraints();
 }
 
-/// A rule whose alignment string no reordering can repair.
+/// A rule whose alignment string cannot be ordered.
 void FillMalformed(TrRule& Rule, const char* Alignments) {
   Rule.SetSLPOS("n adj");
   Rule.SetTLPOS("n adj");
@@ -337,7 +338,7 @@ const char* const CycleMessage3and4 =
 
 // ---- Assignment
 
-TEST(TrRuleAssignment, TakesAllButTheCommentsAndTheHeaderType) {
+TEST(TrRuleAssignment, CopiesAllButTheCommentsAndTheHeaderType) {
   const auto Source = Make();
   TrRule Target;
   ASSERT_EQ(Dump(*Source), "Print:\n;; note\n{QP,17}\n" + BodyPrinted + MadeMembers);
@@ -347,22 +348,22 @@ TEST(TrRuleAssignment, TakesAllButTheCommentsAndTheHeaderType) {
   EXPECT_EQ(Dump(Target), "Print:\n{,17}\n" + BodyPrinted + MadeMembers);
 }
 
-TEST(TrRuleAssignment, TakesEachMemberByItself) {
-  for (const Perturbation& Each : Perturbations) {
-    SCOPED_TRACE(Each.Name);
+TEST(TrRuleAssignment, CopiesEachMember) {
+  for (const Perturbation& Variant : Perturbations) {
+    SCOPED_TRACE(Variant.Name);
     const auto Target = Make();
-    const auto Source = Make(Each.ChangeOne);
+    const auto Source = Make(Variant.ChangeOne);
     const std::string Before = Dump(*Source);
-    ASSERT_EQ(Differing(*Target, *Source), Each.Differing);
+    ASSERT_EQ(Differing(*Target, *Source), Variant.Differing);
     *Target = *Source;
-    const bool IsKept = Each.Differing == " Print"s;
+    const bool IsKept = Variant.Differing == " Print"s;
     EXPECT_EQ(Differing(*Target, *Source), IsKept ? " Print" : "");
-    EXPECT_EQ(Differing(*Target, *Make()), IsKept ? "" : Each.Differing);
+    EXPECT_EQ(Differing(*Target, *Make()), IsKept ? "" : Variant.Differing);
     EXPECT_EQ(Dump(*Source), Before);
   }
 }
 
-TEST(TrRuleAssignment, ReplacesWhatTheTargetHeld) {
+TEST(TrRuleAssignment, ReplacesTheContentsOfTheTarget) {
   const auto Target = Make([](Fields& Of) {
     Of.Head = ";; first\n;; second\n{ZP,1}\n";
     Of.vConstraints.emplace_back(4, 2, "NUM", "SG", 0, true);
@@ -373,7 +374,7 @@ TEST(TrRuleAssignment, ReplacesWhatTheTargetHeld) {
   EXPECT_EQ(Printed(*Target), ";; first\n;; second\n{ZP,-1}\n:: [] -> []\n(\n)\n");
 }
 
-TEST(TrRuleAssignment, KeepsTheCommentsOfTheTargetOfARuleFromAText) {
+TEST(TrRuleAssignment, KeepsTheCommentsOfATargetReadFromText) {
   TrRule Target;
   Target.SetTrRuleFromString(";; mine\n{VP,3}\nVP::VP [V] -> [V]\n(X1::Y1)\n");
   TrRule Source;
@@ -408,7 +409,7 @@ TEST(TrRuleAssignment, TracesAtLevel3AndItsOneCopyAtLevel4) {
   }
 }
 
-TEST(TrRuleAssignment, OrdersTheAlignmentsOfItsCopyAndOnlyThere) {
+TEST(TrRuleAssignment, OrdersTheAlignmentsOfItsCopyOnly) {
   TrRule Source;
   FillDisordered(Source);
   ASSERT_EQ(Source.GetAlignmentStr(), "((2,1),(1,2))");
@@ -426,7 +427,7 @@ TEST(TrRuleAssignment, NeitherCopiesATemporaryNorOrdersItsAlignments) {
   EXPECT_EQ(Target.GetAlignmentStr(), "");
 }
 
-TEST(TrRuleAssignment, ToItselfOrdersTheAlignmentsAndChangesNothingElse) {
+TEST(TrRuleAssignment, OrdersOnlyTheAlignmentsOnSelfAssignment) {
   const auto Rule = Make();
   const std::string Before = Dump(*Rule);
   const TrRule& Same = *Rule;
@@ -449,7 +450,7 @@ TEST(TrRuleAssignment, ReportsMalformedAlignmentsOnceForItsOneCopy) {
   EXPECT_EQ(Target.GetAlignmentStr(), "(2,2)");
 }
 
-TEST(TrRuleAssignment, EndsAtLevel3WhereTheRuleCannotBePrinted) {
+TEST(TrRuleAssignment, EndsTheProcessAtLevel3WhenTheRuleCannotBePrinted) {
   TrRule Source;
   Source.SetConstraint("(x1 = x2)");
   Source.SetConstraint("(x2 = x1)");
@@ -471,14 +472,14 @@ TEST(TrRuleAssignment, EndsAtLevel3WhereTheRuleCannotBePrinted) {
 
 // ---- Ordering
 
-TEST(TrRuleLess, SeesWhatTheComparisonTextShows) {
-  for (const Perturbation& Each : Perturbations) {
-    SCOPED_TRACE(Each.Name);
+TEST(TrRuleLess, ComparesWhatTheComparisonTextShows) {
+  for (const Perturbation& Variant : Perturbations) {
+    SCOPED_TRACE(Variant.Name);
     const auto Left = Make();
-    const auto Right = Make(Each.ChangeOne);
-    ASSERT_EQ(Differing(*Left, *Right), Each.Differing);
-    EXPECT_EQ(*Left < *Right, Each.Result.Order == Sorts::Before);
-    EXPECT_EQ(*Right < *Left, Each.Result.Order == Sorts::Behind);
+    const auto Right = Make(Variant.ChangeOne);
+    ASSERT_EQ(Differing(*Left, *Right), Variant.Differing);
+    EXPECT_EQ(*Left < *Right, Variant.Result.Order == Sorts::Before);
+    EXPECT_EQ(*Right < *Left, Variant.Result.Order == Sorts::After);
   }
 }
 
@@ -491,12 +492,12 @@ TEST(TrRuleLess, ComparesTheTextsByteByByte) {
       {"N", "P"},       {"B", "a"},    {"10", "9"},        {"Z", "\xC3\x89"},
       {"\x7F", "\x80"}, {"A\0"s, "A"}, {"A\0A"s, "A\0B"s}, {"A\r", "A"},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.First);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.First);
     TrRule First;
     TrRule Second;
-    First.SetSLType(Each.First);
-    Second.SetSLType(Each.Second);
+    First.SetSLType(Row.First);
+    Second.SetSLType(Row.Second);
     const TrRule& ConstFirst = First;
     const TrRule& ConstSecond = Second;
     EXPECT_TRUE(ConstFirst < ConstSecond);
@@ -504,7 +505,7 @@ TEST(TrRuleLess, ComparesTheTextsByteByByte) {
   }
 }
 
-TEST(TrRuleLess, SortsATextBeforeThoseThatItBegins) {
+TEST(TrRuleLess, SortsAPrefixFirst) {
   TrRule Short;
   TrRule Long;
   Long.SetTLPOS(Strings{"]\n(\n)"});
@@ -514,11 +515,11 @@ TEST(TrRuleLess, SortsATextBeforeThoseThatItBegins) {
   EXPECT_FALSE(Long < Short);
 }
 
-TEST(TrRuleLess, IsAStrictOrderOverAllTheRules) {
+TEST(TrRuleLess, IsAStrictWeakOrder) {
   std::vector<std::unique_ptr<TrRule>> vRules;
   std::vector<std::string> vsKeys;
-  for (const Perturbation& Each : Perturbations) {
-    vRules.push_back(Make(Each.ChangeOne));
+  for (const Perturbation& Variant : Perturbations) {
+    vRules.push_back(Make(Variant.ChangeOne));
     vsKeys.push_back(vRules.back()->ReturnAsStringForComparison());
   }
   std::sort(vRules.begin(), vRules.end(),
@@ -533,7 +534,7 @@ TEST(TrRuleLess, IsAStrictOrderOverAllTheRules) {
   EXPECT_TRUE(*vRules.front() < *vRules.back());
 }
 
-TEST(TrRuleLess, DoesNotDependOnTheOrderInWhichConstraintsCame) {
+TEST(TrRuleLess, IgnoresTheOrderOfSettingConstraints) {
   TrRule First;
   TrRule Second;
   First.SetConstraint("(x0 = x3)");
@@ -577,7 +578,7 @@ TEST(TrRuleLess, OrdersTheAlignmentsOfBothSides) {
   EXPECT_EQ(WrittenAt(4, [&] { IsLess = Disordered < Ordered; }),
             (Written{Order + Disorder + Order, ""}));
   EXPECT_FALSE(IsLess);
-  // The second copy of the other rule is made of the first, which is in order.
+  // The second copy of the other rule is a copy of the first, which is in order.
   EXPECT_EQ(WrittenAt(4, [&] { IsLess = Ordered < Disordered; }),
             (Written{Disorder + Order + Order, ""}));
   EXPECT_FALSE(IsLess);
@@ -604,15 +605,15 @@ TEST(TrRuleLess, ReportsMalformedAlignmentsInTheOrderOfItsCopies) {
       {Left, Plain, OfLeft, true},
       {Plain, Plain, "", false},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Messages);
-    bool IsLess = !Each.IsLess;
-    EXPECT_EQ(WrittenBy([&] { IsLess = Each.Left < Each.Right; }), (Written{"", Each.Messages}));
-    EXPECT_EQ(IsLess, Each.IsLess);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Messages);
+    bool IsLess = !Row.IsLess;
+    EXPECT_EQ(WrittenBy([&] { IsLess = Row.Left < Row.Right; }), (Written{"", Row.Messages}));
+    EXPECT_EQ(IsLess, Row.IsLess);
   }
 }
 
-TEST(TrRuleLess, EndsTheProcessOnConstraintsWithoutOrderTheOtherRuleFirst) {
+TEST(TrRuleLess, EndsTheProcessOnUnorderableConstraintsOfTheOtherRuleFirst) {
   TrRule Plain;
   TrRule Cycle1;
   Cycle1.SetConstraint("(x1 = x2)");
@@ -631,34 +632,35 @@ TEST(TrRuleLess, EndsTheProcessOnConstraintsWithoutOrderTheOtherRuleFirst) {
       {Cycle1, Cycle3and4, CycleMessage3and4},
       {Cycle3and4, Cycle1, CycleMessage1},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Message);
-    EXPECT_EQ(RunInChild([&] { static_cast<void>(Each.Left < Each.Right); }),
-              (ChildEnd{1, "", Each.Message + "\n"s}));
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Message);
+    EXPECT_EQ(RunInChild([&] { static_cast<void>(Row.Left < Row.Right); }),
+              (ChildEnd{1, "", Row.Message + "\n"s}));
   }
 }
 
 // ---- Equality
 
-TEST(TrRuleEqual, SeesWordsLabelsAlignmentsTypesCountsAndKeysAlone) {
-  for (const Perturbation& Each : Perturbations) {
-    SCOPED_TRACE(Each.Name);
+TEST(TrRuleEqual, ComparesOnlyWordsLabelsAlignmentsTypesCountsAndKeys) {
+  for (const Perturbation& Variant : Perturbations) {
+    SCOPED_TRACE(Variant.Name);
     const auto Left = Make();
-    const auto Right = Make(Each.ChangeOne);
-    ASSERT_EQ(Differing(*Left, *Right), Each.Differing);
-    EXPECT_EQ(*Left == *Right, Each.Result.Equals);
-    EXPECT_EQ(*Right == *Left, Each.Result.IsEqualled);
+    const auto Right = Make(Variant.ChangeOne);
+    ASSERT_EQ(Differing(*Left, *Right), Variant.Differing);
+    EXPECT_EQ(*Left == *Right, Variant.Result.Equals);
+    EXPECT_EQ(*Right == *Left, Variant.Result.IsEqualled);
   }
 }
 
-TEST(TrRuleEqual, TracesAtLevel1HowFarItWent) {
-  for (const Perturbation& Each : Perturbations) {
-    SCOPED_TRACE(Each.Name);
+TEST(TrRuleEqual, TracesItsStepsAtLevel1) {
+  for (const Perturbation& Variant : Perturbations) {
+    SCOPED_TRACE(Variant.Name);
     const auto Left = Make();
-    const auto Right = Make(Each.ChangeOne);
-    bool IsEqual = !Each.Result.Equals;
-    EXPECT_EQ(WrittenAt(1, [&] { IsEqual = *Left == *Right; }), (Written{Each.Result.Trace, ""}));
-    EXPECT_EQ(IsEqual, Each.Result.Equals);
+    const auto Right = Make(Variant.ChangeOne);
+    bool IsEqual = !Variant.Result.Equals;
+    EXPECT_EQ(WrittenAt(1, [&] { IsEqual = *Left == *Right; }),
+              (Written{Variant.Result.Trace, ""}));
+    EXPECT_EQ(IsEqual, Variant.Result.Equals);
   }
 }
 
@@ -694,7 +696,7 @@ TEST(TrRuleEqual, HoldsForACopyAndNeitherSortsFirst) {
   EXPECT_FALSE(Copy < Sample);
 }
 
-TEST(TrRuleEqual, LooksAtTheLengthsOfSequences) {
+TEST(TrRuleEqual, ComparesTheLengthsOfSequences) {
   struct Case {
     const char* Name;
     void (*Set)(TrRule& Rule, const Strings& vsTexts);
@@ -706,14 +708,14 @@ TEST(TrRuleEqual, LooksAtTheLengthsOfSequences) {
       {"TLPOS", [](TrRule& Rule, const Strings& vsTexts) { Rule.SetTLPOS(vsTexts); }},
   };
   const Strings Sequences[] = {{}, {""}, {"A"}, {"A", ""}, {"A", "B"}, {"AB"}, {"A\0"s}, {"\xE9"}};
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Name);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Name);
     for (const Strings& vsLeft : Sequences) {
       for (const Strings& vsRight : Sequences) {
         TrRule Left;
         TrRule Right;
-        Each.Set(Left, vsLeft);
-        Each.Set(Right, vsRight);
+        Row.Set(Left, vsLeft);
+        Row.Set(Right, vsRight);
         EXPECT_EQ(Left == Right, &vsLeft == &vsRight);
       }
     }
@@ -727,17 +729,17 @@ TEST(TrRuleEqual, HoldsForFewerExamplesAndNotForMore) {
     bool Expected;
   };
   const Case Cases[] = {{2, 1, false}, {1, 2, true}, {1, 1, true}, {-2, -1, true}, {0, -1, false}};
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Left);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Left);
     TrRule Left;
     TrRule Right;
-    Left.SetNumTrExamples(Each.Left);
-    Right.SetNumTrExamples(Each.Right);
-    EXPECT_EQ(Left == Right, Each.Expected);
+    Left.SetNumTrExamples(Row.Left);
+    Right.SetNumTrExamples(Row.Right);
+    EXPECT_EQ(Left == Right, Row.Expected);
   }
 }
 
-TEST(TrRuleEqual, DecidesByTheCountsBeforeTheConstraints) {
+TEST(TrRuleEqual, ComparesCountsBeforeConstraints) {
   TrRule Few;
   TrRule Many;
   Few.SetConstraint("((x1 num) = sg)");
@@ -751,7 +753,7 @@ TEST(TrRuleEqual, DecidesByTheCountsBeforeTheConstraints) {
   }
 }
 
-TEST(TrRuleEqual, DecidesByTheTypesBeforeTheCounts) {
+TEST(TrRuleEqual, ComparesTypesBeforeCounts) {
   TrRule Few;
   TrRule Many;
   Many.SetNumTrExamples(2);
@@ -760,7 +762,7 @@ TEST(TrRuleEqual, DecidesByTheTypesBeforeTheCounts) {
   EXPECT_FALSE(Few == Many);
 }
 
-TEST(TrRuleEqual, WalksTheKeysUpToTheFirstPairThatDiffers) {
+TEST(TrRuleEqual, ComparesKeysUpToTheFirstDifference) {
   TrRule Left;
   TrRule Right;
   for (TrRule* Rule : {&Left, &Right}) {
@@ -778,7 +780,7 @@ TEST(TrRuleEqual, WalksTheKeysUpToTheFirstPairThatDiffers) {
   EXPECT_FALSE(Left == Right);
 }
 
-TEST(TrRuleEqual, ReachesTheConstraintsWhereThereAreNone) {
+TEST(TrRuleEqual, ComparesEmptyConstraints) {
   const TrRule Left;
   const TrRule Right;
   bool IsEqual = false;
@@ -787,7 +789,7 @@ TEST(TrRuleEqual, ReachesTheConstraintsWhereThereAreNone) {
   EXPECT_TRUE(IsEqual);
 }
 
-TEST(TrRuleEqual, ComparesItsOwnAlignmentsAsTheyStandWithOrderedOnes) {
+TEST(TrRuleEqual, ComparesItsStoredAlignmentsWithOrderedOnes) {
   TrRule Disordered;
   TrRule Ordered;
   FillDisordered(Disordered);
@@ -802,7 +804,7 @@ TEST(TrRuleEqual, ComparesItsOwnAlignmentsAsTheyStandWithOrderedOnes) {
             (Written{CopyTrace("((2,1),(1,2))", "((1,2),(2,1))"), ""}));
 }
 
-TEST(TrRuleEqual, ReportsMalformedAlignmentsOfTheOtherRuleAlone) {
+TEST(TrRuleEqual, ReportsMalformedAlignmentsOfTheOtherRuleOnly) {
   TrRule Left;
   TrRule Right;
   FillMalformed(Left, "(1,1)");

@@ -1,12 +1,12 @@
-// Pins the constraints of a rule: their keys and order, how values of one feature merge, the forms
-// in which constraints are set, how they are asked for and erased, and the one erasing that waits.
+// The constraints of a rule: their keys and order, merging the values of a feature, the forms of
+// SetConstraint, queries and erasing, including the call that waits forever.
 
 #include "TrRule.h"
 #include "support/ChildProcess.h"
 #include "support/DebugLevel.h"
 #include "support/HaltGuard.h"
+#include "support/ReferenceImplementation.h"
 #include "support/Samples.h"
-#include "support/SlowTwins.h"
 #include "support/StreamCapture.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ namespace {
 
 const Written Nothing;
 
-/// The keys in order. An erasing that can find nothing lists them, at level 1.
+/// The keys in order. Erasing nothing lists them at level 1.
 Strings Keys(TrRule& Rule) {
   const DebugLevel Debug(1);
   std::istringstream Listing(WrittenBy([&] { Rule.EraseConstraint(0, "", "", "", {}); }).Out);
@@ -50,8 +50,8 @@ std::string Fields(const Constraint& Record) {
 /// All fields of the constraints, in the order of their texts.
 Strings Records(const TrRule& Rule) {
   Strings vsRecords;
-  for (const Constraint& Each : Rule.GetConstraintsAsSetC()) {
-    vsRecords.push_back(Fields(Each));
+  for (const Constraint& Record : Rule.GetConstraintsAsSetC()) {
+    vsRecords.push_back(Fields(Record));
   }
   return vsRecords;
 }
@@ -78,7 +78,7 @@ TrRule Sample() {
   return Rule;
 }
 
-/// One constraint of each category, two that no category holds, and a text that stands twice.
+/// One constraint of each category, two of other categories, and a repeated text.
 TrRule Mixed() {
   TrRule Rule;
   Rule.SetConstraint(4, 1, "NUM", "SG", 41, true);
@@ -94,7 +94,7 @@ TrRule Mixed() {
 
 // ---- Keys -------------------------------------------------------------------------------------
 
-TEST(TrRuleConstraints, NewRuleHasNone) {
+TEST(TrRuleConstraints, AreEmptyInANewRule) {
   TrRule Rule;
   EXPECT_EQ(Rule.GetNumConstraints(), 0);
   EXPECT_EQ(Keys(Rule), Strings{});
@@ -107,14 +107,14 @@ TEST(TrRuleConstraints, NewRuleHasNone) {
   EXPECT_TRUE(Rule.GetConstraintsForInd(0, {1, 2, 3, 4}).empty());
 }
 
-TEST(TrRuleConstraints, KeysTellCategoryIndexFeatureAndValue) {
+TEST(TrRuleConstraints, HaveKeysOfCategoryIndexFeatureAndValue) {
   TrRule Rule = Sample();
   EXPECT_EQ(Keys(Rule), (Strings{"1__0__DET__X1", "1__0__MOD__X2", "1__0__all__X3", "3__0__all__X0",
                                  "4__1__all__(Y0 DET", "4__2__all__Y0", "4__3__all__(Y0 MOD"}));
   EXPECT_EQ(Rule.GetNumConstraints(), 7);
 }
 
-TEST(TrRuleConstraints, KeysSortByteByByte) {
+TEST(TrRuleConstraints, SortByKeyByteByByte) {
   TrRule Rule;
   for (const int Index : {2, 10, -1, 1, INT_MAX, INT_MIN}) {
     Rule.SetConstraint(4, Index, "NUM", "SG", 0, true);
@@ -127,7 +127,7 @@ TEST(TrRuleConstraints, KeysSortByteByByte) {
                                  "4__1__NUM__SG", "4__2147483647__NUM__SG", "4__2__NUM__SG"}));
 }
 
-TEST(TrRuleConstraints, KeyThatIsThereStaysAsItIs) {
+TEST(TrRuleConstraints, KeepAnExistingKey) {
   const Constraint First(4, 1, "NUM", "SG", 1, true);
   for (const bool IsValue : {true, false}) {
     const Constraint Again(4, 1, "NUM", "SG", 2, IsValue);
@@ -140,7 +140,7 @@ TEST(TrRuleConstraints, KeyThatIsThereStaysAsItIs) {
   }
 }
 
-TEST(TrRuleConstraints, SameTextTwiceLeavesOneAndPrintsNothing) {
+TEST(TrRuleConstraints, IgnoreARepeatedText) {
   for (const char* Text : {"((x1 num) = sg)", "(x0 = x3)"}) {
     TrRule Rule;
     EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Text); }), Nothing);
@@ -149,14 +149,14 @@ TEST(TrRuleConstraints, SameTextTwiceLeavesOneAndPrintsNothing) {
   }
 }
 
-TEST(TrRuleConstraints, ATextIsInsertedAsTheConstraintThatItIs) {
+TEST(TrRuleConstraints, InsertATextAsAConstraint) {
   TrRule Rule;
   EXPECT_TRUE(Rule.InsertConstraintIntoMap(std::string("(x0 = x3)")));
   EXPECT_FALSE(Rule.InsertConstraintIntoMap("(X0 = X3)"s));
   EXPECT_EQ(Records(Rule), (Strings{"1|0|all|X3|-1|agreement"}));
 }
 
-TEST(TrRuleConstraints, RuleKeepsCopies) {
+TEST(TrRuleConstraints, AreCopies) {
   Constraint Record(4, 1, "NUM", "SG", 1, true);
   TrRule Rule;
   EXPECT_TRUE(Rule.InsertConstraintIntoMap(Record));
@@ -166,7 +166,7 @@ TEST(TrRuleConstraints, RuleKeepsCopies) {
 
 // ---- Merging ----------------------------------------------------------------------------------
 
-TEST(TrRuleConstraints, SecondValueOfAFeatureMakesADisjunction) {
+TEST(TrRuleConstraints, MergeASecondValueIntoADisjunction) {
   for (const int Level : {0, 1, 2, 3, 4}) {
     SCOPED_TRACE(Level);
     const DebugLevel Debug(Level);
@@ -179,7 +179,7 @@ TEST(TrRuleConstraints, SecondValueOfAFeatureMakesADisjunction) {
   }
 }
 
-TEST(TrRuleConstraints, ValueThatADisjunctionHoldsMergesToTheSameKey) {
+TEST(TrRuleConstraints, MergeAContainedValueToTheSameKey) {
   TrRule Rule;
   const Written Streams = WrittenBy([&] {
     for (const char* Text : {"((y1 num) = sg)", "((y1 num) = pl)", "((y1 num) = sg)"}) {
@@ -191,7 +191,7 @@ TEST(TrRuleConstraints, ValueThatADisjunctionHoldsMergesToTheSameKey) {
   EXPECT_EQ(Keys(Rule), Strings{Key});
 }
 
-TEST(TrRuleConstraints, MergedEntryIsTheNewConstraintWithTheMergedValue) {
+TEST(TrRuleConstraints, KeepTheNewConstraintWithTheMergedValue) {
   TrRule Rule;
   Rule.SetConstraint(4, 1, "NUM", "SG", 1, true);
   const Written Streams = WrittenBy(
@@ -202,7 +202,7 @@ TEST(TrRuleConstraints, MergedEntryIsTheNewConstraintWithTheMergedValue) {
   EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|(*OR* SG PL)|3|value"});
 }
 
-TEST(TrRuleConstraints, MergingTakesEachAlternativeOnceAndOldOnesFirst) {
+TEST(TrRuleConstraints, MergeEachAlternativeOnceAndOldOnesFirst) {
   struct Case {
     std::string Old;
     std::string New;
@@ -231,18 +231,18 @@ TEST(TrRuleConstraints, MergingTakesEachAlternativeOnceAndOldOnesFirst) {
       {"A\t)", "A", "(*OR* A\t A)"},
       {"\xE9", "\0\xE9"s, "(*OR* \xE9 \0\xE9)"s},
   };
-  for (const Case& Each : vCases) {
-    SCOPED_TRACE(Each.Old + " and " + Each.New);
+  for (const Case& Row : vCases) {
+    SCOPED_TRACE(Row.Old + " and " + Row.New);
     TrRule Rule;
-    Rule.SetConstraint(4, 1, "NUM", Each.Old, 0, true);
-    const Written Streams = WrittenBy([&] { Rule.SetConstraint(4, 1, "NUM", Each.New, 0, true); });
-    EXPECT_EQ(Streams, (Written{Merging(Each.Old, Each.New, "4__1__NUM__" + Each.Merged), ""}));
-    EXPECT_EQ(Keys(Rule), Strings{"4__1__NUM__" + Each.Merged});
-    EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|" + Each.Merged + "|0|value"});
+    Rule.SetConstraint(4, 1, "NUM", Row.Old, 0, true);
+    const Written Streams = WrittenBy([&] { Rule.SetConstraint(4, 1, "NUM", Row.New, 0, true); });
+    EXPECT_EQ(Streams, (Written{Merging(Row.Old, Row.New, "4__1__NUM__" + Row.Merged), ""}));
+    EXPECT_EQ(Keys(Rule), Strings{"4__1__NUM__" + Row.Merged});
+    EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|" + Row.Merged + "|0|value"});
   }
 }
 
-TEST(TrRuleConstraints, AgreementsOfOneFeatureStandSideBySide) {
+TEST(TrRuleConstraints, KeepAgreementsOfOneFeatureSeparate) {
   TrRule Rule;
   const Written Streams = WrittenBy([&] {
     EXPECT_TRUE(Rule.InsertConstraintIntoMap(Constraint(4, 1, "NUM", "(Y3", 0, false)));
@@ -255,7 +255,7 @@ TEST(TrRuleConstraints, AgreementsOfOneFeatureStandSideBySide) {
                                             "((Y1 NUM) = SG)", "((Y1 NUM) = Z NUM))"}));
 }
 
-TEST(TrRuleConstraints, ValuesOfOtherNodesAndFeaturesDoNotMerge) {
+TEST(TrRuleConstraints, KeepValuesOfOtherNodesAndFeaturesSeparate) {
   const std::vector<Constraint> vOthers = {
       Constraint(3, 1, "NUM", "PL", 0, true),  Constraint(4, 2, "NUM", "PL", 0, true),
       Constraint(4, 10, "NUM", "PL", 0, true), Constraint(4, 1, "NUMB", "PL", 0, true),
@@ -269,7 +269,7 @@ TEST(TrRuleConstraints, ValuesOfOtherNodesAndFeaturesDoNotMerge) {
   }
 }
 
-TEST(TrRuleConstraints, MergingGoesOnThroughAllKeysThatBeginAlike) {
+TEST(TrRuleConstraints, MergeAllKeysWithTheSamePrefix) {
   TrRule Rule;
   Rule.SetConstraint(4, 1, "A__B", "SG", 0, true);
   Rule.SetConstraint(4, 1, "A__C", "PL", 0, true);
@@ -284,7 +284,7 @@ TEST(TrRuleConstraints, MergingGoesOnThroughAllKeysThatBeginAlike) {
   EXPECT_EQ(Records(Rule), (Strings{"4|1|A|(*OR* SG PL DU)|7|value", "4|1|A__D|X1|0|agreement"}));
 }
 
-TEST(TrRuleConstraints, AgreementUnderTheMergedKeyStays) {
+TEST(TrRuleConstraints, KeepAnAgreementWithTheMergedKey) {
   TrRule Rule;
   Rule.SetConstraint(4, 1, "NUM", "(*OR* SG PL)", 8, false);
   Rule.SetConstraint(4, 1, "NUM", "SG", 9, true);
@@ -296,7 +296,7 @@ TEST(TrRuleConstraints, AgreementUnderTheMergedKeyStays) {
 
 // ---- Setting from values ----------------------------------------------------------------------
 
-TEST(TrRuleConstraints, LastArgumentTellsTheFormsWithSixValuesApart) {
+TEST(TrRuleConstraints, SelectAFormWithSixValuesByTheLastArgument) {
   TrRule Rule;
   Rule.SetConstraint(4, 1, "NUM", "SG", 2, true);
   Rule.SetConstraint(4, 0, "all", "X1", 3, false);
@@ -306,7 +306,7 @@ TEST(TrRuleConstraints, LastArgumentTellsTheFormsWithSixValuesApart) {
                                     "4|1|NUM|SG|2|value", "4|0|all|X1|3|agreement"}));
 }
 
-TEST(TrRuleConstraints, TheFlagMayBeANumber) {
+TEST(TrRuleConstraints, AcceptANumberAsTheFlag) {
   TrRule Rule;
   Rule.SetConstraint(4, 1, "NUM", "SG", 2, 1);
   Rule.SetConstraint(4, 0, "GEN", "M", 2, -7);
@@ -334,7 +334,7 @@ void ExpectFlagOfType() {
 
 }  // namespace
 
-TEST(TrRuleConstraints, TheFlagMayBeOfAnyIntegralType) {
+TEST(TrRuleConstraints, AcceptAnyIntegralTypeAsTheFlag) {
   ExpectFlagOfType<bool>();
   ExpectFlagOfType<char>();
   ExpectFlagOfType<signed char>();
@@ -352,7 +352,7 @@ TEST(TrRuleConstraints, TheFlagMayBeOfAnyIntegralType) {
   ExpectFlagOfType<unsigned long long>();
 }
 
-TEST(TrRuleConstraints, AFlagIsTrueAsSoonAsAnyOfItsBitsIs) {
+TEST(TrRuleConstraints, TreatAnyNonZeroFlagAsTrue) {
   TrRule Rule;
   Rule.SetConstraint(4, 1, "A", "V", 2, 256U);
   Rule.SetConstraint(4, 1, "B", "V", 2, LLONG_MIN);
@@ -362,7 +362,7 @@ TEST(TrRuleConstraints, AFlagIsTrueAsSoonAsAnyOfItsBitsIs) {
                                     "4|1|D|V|2|agreement"}));
 }
 
-TEST(TrRuleConstraints, LiteralTextsPickTheTextForms) {
+TEST(TrRuleConstraints, SelectTheTextFormsForLiterals) {
   TrRule Rule;
   Rule.SetConstraint("((y1 num) = sg)");
   Rule.SetConstraint("((Y1 GEN) = M)", 2, 3);
@@ -372,7 +372,7 @@ TEST(TrRuleConstraints, LiteralTextsPickTheTextForms) {
                                     "4|2|NUM|SG|-1|value"}));
 }
 
-TEST(TrRuleConstraints, SixValuesAreStoredUnchecked) {
+TEST(TrRuleConstraints, StoreSixValuesUnchecked) {
   TrRule Rule;
   EXPECT_EQ(WrittenBy([&] {
               Rule.SetConstraint(9, -3, "a b", "empty", -7, true);
@@ -383,7 +383,7 @@ TEST(TrRuleConstraints, SixValuesAreStoredUnchecked) {
             (Strings{"9|-3|a b|empty|-7|value", "0|0|\0|\xFF|2147483647|agreement"s}));
 }
 
-TEST(TrRuleConstraints, ValueEmptyMakesAnAgreement) {
+TEST(TrRuleConstraints, StoreAnAgreementForTheValueEmpty) {
   struct Case {
     const char* Value;
     const char* Agreed;
@@ -395,22 +395,22 @@ TEST(TrRuleConstraints, ValueEmptyMakesAnAgreement) {
       {"empty", "", "4|1|NUM||6|agreement"},       {"", "(Y2", "4|1|NUM||6|value"},
       {"Empty", "(Y2", "4|1|NUM|Empty|6|value"},
   };
-  for (const Case& Each : vCases) {
+  for (const Case& Row : vCases) {
     TrRule Rule;
-    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(1, "NUM", Each.Value, Each.Agreed, 6, 4); }),
+    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(1, "NUM", Row.Value, Row.Agreed, 6, 4); }),
               Nothing);
-    EXPECT_EQ(Records(Rule), Strings{Each.Record});
+    EXPECT_EQ(Records(Rule), Strings{Row.Record});
   }
 }
 
-TEST(TrRuleConstraints, ValuesWithAnAgreedPlaceMergeLikeOthers) {
+TEST(TrRuleConstraints, MergeValuesWithAnAgreedPlace) {
   TrRule Rule;
   Rule.SetConstraint("((y1 num) = sg)");
   EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(1, "NUM", "PL", "empty", 6, 4); }),
             (Written{Merging("SG", "PL", "4__1__NUM__(*OR* SG PL)"), ""}));
 }
 
-TEST(TrRuleConstraints, TakesTheFourCategories) {
+TEST(TrRuleConstraints, AcceptFourCategories) {
   for (const int Category : {1, 2, 3, 4}) {
     TrRule Rule;
     Rule.SetConstraint(1, "NUM", "SG", "empty", 0, Category);
@@ -418,7 +418,7 @@ TEST(TrRuleConstraints, TakesTheFourCategories) {
   }
 }
 
-TEST(TrRuleConstraints, AnyOtherCategoryEndsTheProcess) {
+TEST(TrRuleConstraints, EndTheProcessOnAnyOtherCategory) {
   const std::vector<int> vCategories = {0, 5, -1, INT_MAX, INT_MIN};
   for (std::size_t Level = 0; Level < vCategories.size(); ++Level) {
     const DebugLevel Debug(static_cast<int>(Level));
@@ -428,7 +428,7 @@ TEST(TrRuleConstraints, AnyOtherCategoryEndsTheProcess) {
   }
 }
 
-TEST(TrRuleConstraints, NothingIsSetUnderARefusedCategory) {
+TEST(TrRuleConstraints, StoreNothingUnderARejectedCategory) {
   TrRule Rule;
   WrittenBy([&] {
     EXPECT_EQ(HaltOf([&] { Rule.SetConstraint(1, "NUM", "SG", "empty", 0, 5); }),
@@ -440,7 +440,7 @@ TEST(TrRuleConstraints, NothingIsSetUnderARefusedCategory) {
 
 // ---- Setting from text ------------------------------------------------------------------------
 
-TEST(TrRuleConstraints, TextsAreReadAsConstraintsAre) {
+TEST(TrRuleConstraints, ReadTextsLikeConstraints) {
   struct Case {
     const char* Text;
     const char* Key;
@@ -459,16 +459,16 @@ TEST(TrRuleConstraints, TextsAreReadAsConstraintsAre) {
   };
   for (const int Level : {0, 1, 2, 3, 4}) {
     const DebugLevel Debug(Level);
-    for (const Case& Each : vCases) {
+    for (const Case& Row : vCases) {
       TrRule Rule;
-      EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Each.Text); }), Nothing);
-      EXPECT_EQ(Keys(Rule), Strings{Each.Key});
-      EXPECT_EQ(Rule.GetConstraints(), Strings{Each.Back});
+      EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Row.Text); }), Nothing);
+      EXPECT_EQ(Keys(Rule), Strings{Row.Key});
+      EXPECT_EQ(Rule.GetConstraints(), Strings{Row.Back});
     }
   }
 }
 
-TEST(TrRuleConstraints, TextThatCannotBeReadIsSetAsTheEmptyConstraint) {
+TEST(TrRuleConstraints, StoreAnUnreadableTextAsAnEmptyConstraint) {
   TrRule Rule;
   for (const std::string& sText : {"(Y1 ="s, "(Y1 ="s, ""s, "A = B = C"s, "\0\xE9"s}) {
     EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(sText); }),
@@ -487,15 +487,15 @@ namespace {
 
 struct RankedCase {
   std::string Text;
-  std::string Key;  ///< behind "4__"
+  std::string Key;  ///< after "4__"
 };
 
 void ExpectRanked(const std::vector<RankedCase>& vCases) {
-  for (const RankedCase& Each : vCases) {
-    SCOPED_TRACE(Each.Text);
+  for (const RankedCase& Row : vCases) {
+    SCOPED_TRACE(Row.Text);
     TrRule Rule;
-    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Each.Text, 2, 4); }), Nothing);
-    EXPECT_EQ(Keys(Rule), Strings{"4__" + Each.Key});
+    EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Row.Text, 2, 4); }), Nothing);
+    EXPECT_EQ(Keys(Rule), Strings{"4__" + Row.Key});
   }
 }
 
@@ -512,11 +512,11 @@ void ExpectRefused(const std::vector<std::string>& vsTexts,
 
 }  // namespace
 
-TEST(TrRuleConstraints, RankedTextGivesIndexFeatureAndValue) {
+TEST(TrRuleConstraints, ReadIndexFeatureAndValueFromARankedText) {
   ExpectRanked({
       {"((X1 NUM) = SG)", "1__NUM__SG"},
       {"((Y12 num) = sg)", "12__num__sg"},
-      {"((x1 num) = sg)", "0__num__sg"},  // small letters are no node letters here
+      {"((x1 num) = sg)", "0__num__sg"},  // small letters do not name nodes here
       {"X1 num = sg", "1__num__sg"},
       {"(XY(X(-3 num = sg", "-3__num__sg"},
       {"\r\n(\v(\fX3 num = sg", "3__num__sg"},
@@ -540,7 +540,7 @@ TEST(TrRuleConstraints, RankedTextGivesIndexFeatureAndValue) {
   });
 }
 
-TEST(TrRuleConstraints, RankedDisjunctionOrNegationIsTheLastParenthesisOfTheText) {
+TEST(TrRuleConstraints, ReadARankedDisjunctionOrNegationFromTheLastParenthesis) {
   ExpectRanked({
       {"((X1 num) = (*OR* sg pl))", "1__num__(*OR* sg pl)"},
       {"((x1 num) = (*OR* sg pl))", "0__num__(*OR* sg pl)"},
@@ -554,7 +554,7 @@ TEST(TrRuleConstraints, RankedDisjunctionOrNegationIsTheLastParenthesisOfTheText
   });
 }
 
-TEST(TrRuleConstraints, RankAndCategoryComeFromTheArguments) {
+TEST(TrRuleConstraints, TakeRankAndCategoryFromTheArguments) {
   for (const int Category : {-1, 0, 1, 2, 3, 4, 5}) {
     TrRule Rule;
     Rule.SetConstraint("((X1 NUM) = X2)", 10 + Category, Category);
@@ -563,7 +563,7 @@ TEST(TrRuleConstraints, RankAndCategoryComeFromTheArguments) {
   }
 }
 
-TEST(TrRuleConstraints, RankedValuesMergeLikeOthers) {
+TEST(TrRuleConstraints, MergeRankedValues) {
   TrRule Rule;
   Rule.SetConstraint("((y1 num) = sg)");
   EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint("((Y1 NUM) = (*OR* PL SG))", 2, 4); }),
@@ -571,7 +571,7 @@ TEST(TrRuleConstraints, RankedValuesMergeLikeOthers) {
   EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|(*OR* SG PL)|2|value"});
 }
 
-TEST(TrRuleConstraints, RankedTextIsTracedAtLevel1) {
+TEST(TrRuleConstraints, TraceARankedTextAtLevel1) {
   struct Case {
     std::string Text;
     Written Untraced;
@@ -584,30 +584,30 @@ TEST(TrRuleConstraints, RankedTextIsTracedAtLevel1) {
   };
   for (const int Level : {0, 1, 2, 3, 4}) {
     const DebugLevel Debug(Level);
-    for (const Case& Each : vCases) {
-      const std::string Trace = "In SetConstraint, ConstraintPassIn is:" + Each.Text + '\n';
+    for (const Case& Row : vCases) {
+      const std::string Trace = "In SetConstraint, ConstraintPassIn is:" + Row.Text + '\n';
       TrRule Rule;
-      EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Each.Text, 2, 4); }),
-                (Written{(Level == 1 ? Trace : "") + Each.Untraced.Out, Each.Untraced.Err}));
+      EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(Row.Text, 2, 4); }),
+                (Written{(Level == 1 ? Trace : "") + Row.Untraced.Out, Row.Untraced.Err}));
     }
   }
 }
 
-TEST(TrRuleConstraints, RankedTextNeedsTwoSidesAndTwoPiecesOnTheLeft) {
+TEST(TrRuleConstraints, RequireTwoSidesAndTwoPiecesOnTheLeftOfARankedText) {
   ExpectRefused(
       {"", " ", "\0\xE9"s, "X1 num", "((X1 num)=sg)", "((X1 num) =\tsg)", " = ",
        "X1 num = ", "X1 num =", " = sg", "X1 a = b = c", "(Y1 == (Y0 det))", "X1 num\r\n=\r\nsg",
        // the left side
        "X1 = sg", "(X1 = X3)", "(x1 = (x3", "X1 two words = sg", "X1 \t num = sg", "X1\tnum = sg",
        "\t = sg",
-       // and nothing more is said once a side has failed
+       // and nothing more is printed once a side has failed
        "X1 = *OR*", "(X1 = (*NOT* sg"},
       [](const std::string& sText) {
         return Written{"", PieceCountError(sText)};
       });
 }
 
-TEST(TrRuleConstraints, RankedDisjunctionNeedsItsParentheses) {
+TEST(TrRuleConstraints, RequireTheParenthesesOfARankedDisjunction) {
   ExpectRefused({"X1 num = *OR* sg", "X1 num = *NOT* sg)", "X1 num) = *OR* sg)",
                  "((X1 num) = (*OR* sg pl", "((X1 num) = (*NOT* sg", "X1 num = ) (*OR*"},
                 [](const std::string& sText) {
@@ -615,21 +615,21 @@ TEST(TrRuleConstraints, RankedDisjunctionNeedsItsParentheses) {
                 });
 }
 
-TEST(TrRuleConstraints, RankedAgreementLacksItsIndex) {
+TEST(TrRuleConstraints, ReportTheMissingIndexOfARankedAgreement) {
   ExpectRefused({"X1 = (X3)", "X1 = (Y3 num)", "X1 num) = (X3)", "a ) = (Y1"},
                 [](const std::string& sText) {
                   return Written{IncorrectFormat(sText), ""};
                 });
 }
 
-TEST(TrRuleConstraints, RankedAgreementMayLackItsValueToo) {
+TEST(TrRuleConstraints, ReportTheMissingValueOfARankedAgreement) {
   ExpectRefused({"X1 = (X3", ") = (X3", "X) = (Y1", "X1 = sg (Y", "= = (X"},
                 [](const std::string& sText) {
                   return Written{IncorrectFormat(sText) + IncorrectFormat(sText), ""};
                 });
 }
 
-TEST(TrRuleConstraints, RankedComplexAgreementEndsTheProcess) {
+TEST(TrRuleConstraints, EndTheProcessOnARankedComplexAgreement) {
   const std::string Message =
       "Expected simple agreement consraint of the form (Xi = Xj), but got complex agreement "
       "constraint.\n";
@@ -661,7 +661,7 @@ struct Erasure {
 
 }  // namespace
 
-TEST(TrRuleConstraints, ErasesTheConstraintWithTheGivenFields) {
+TEST(TrRuleConstraints, EraseByTheGivenFields) {
   TrRule Rule = Sample();
   ASSERT_EQ(Rule.GetNumConstraints(), 7);
   const std::vector<std::pair<Erasure, Strings>> vCases = {
@@ -673,49 +673,49 @@ TEST(TrRuleConstraints, ErasesTheConstraintWithTheGivenFields) {
       {{2, "all", "Y0", "Y1", {1, 2, 3, 4}},
        {"1__0__MOD__X2", "1__0__all__X3", "3__0__all__X0", "4__3__all__(Y0 MOD"}},
   };
-  for (const auto& [Each, vsLeft] : vCases) {
-    EXPECT_EQ(WrittenBy([&, Each = Each] { EXPECT_TRUE(Each.From(Rule)); }), Nothing);
+  for (const auto& [Erased, vsLeft] : vCases) {
+    EXPECT_EQ(WrittenBy([&, Erased = Erased] { EXPECT_TRUE(Erased.From(Rule)); }), Nothing);
     EXPECT_EQ(Keys(Rule), vsLeft);
-    EXPECT_EQ(WrittenBy([&, Each = Each] { EXPECT_FALSE(Each.From(Rule)); }), Nothing);
+    EXPECT_EQ(WrittenBy([&, Erased = Erased] { EXPECT_FALSE(Erased.From(Rule)); }), Nothing);
     EXPECT_EQ(Keys(Rule), vsLeft);
   }
 }
 
-TEST(TrRuleConstraints, ErasingPassesOverOtherNodesFeaturesAndCategories) {
+TEST(TrRuleConstraints, SkipOtherNodesFeaturesAndCategoriesInErasing) {
   const std::vector<Erasure> vCases = {
       {2, "NUM", "SG", "empty", {4}}, {1, "num", "SG", "empty", {4}},
       {1, "", "SG", "empty", {4}},    {1, "NUM", "SG", "empty", {1, 2, 3, 5}},
       {1, "NUM", "SG", "empty", {}},  {2, "NUM", "PL", "empty", {4}},
       {1, "NUM", "PL", "PL", {3}},
   };
-  for (const Erasure& Each : vCases) {
+  for (const Erasure& Row : vCases) {
     TrRule Rule;
     Rule.SetConstraint(4, 1, "NUM", "SG", 0, true);
-    EXPECT_FALSE(Each.From(Rule));
+    EXPECT_FALSE(Row.From(Rule));
     EXPECT_EQ(Keys(Rule), Strings{"4__1__NUM__SG"});
   }
   TrRule Empty;
   EXPECT_FALSE((Erasure{1, "NUM", "SG", "empty", {4}}.From(Empty)));
 }
 
-TEST(TrRuleConstraints, ErasingTakesTheFirstCategoryInKeyOrder) {
+TEST(TrRuleConstraints, EraseTheFirstCategoryInKeyOrder) {
   TrRule Rule = Mixed();
-  const Erasure Each{1, "NUM", "SG", "empty", {1, 2, 4}};
+  const Erasure Erased{1, "NUM", "SG", "empty", {1, 2, 4}};
   for (const int Gone : {1, 2, 4}) {
     EXPECT_EQ(Rule.GetConstraints(Gone),
               Strings{Gone == 1 ? "((X1 NUM) = SG)" : "((Y1 NUM) = SG)"});
-    EXPECT_TRUE(Each.From(Rule));
+    EXPECT_TRUE(Erased.From(Rule));
     EXPECT_EQ(Rule.GetConstraints(Gone), Strings{});
   }
   EXPECT_EQ(Rule.GetNumConstraints(), 3);
-  EXPECT_FALSE(Each.From(Rule));
+  EXPECT_FALSE(Erased.From(Rule));
 }
 
-TEST(TrRuleConstraints, ErasedKeyIsMadeOfTheArguments) {
+TEST(TrRuleConstraints, EraseTheKeyMadeFromTheArguments) {
   struct Case {
     const char* First;
     const char* Second;
-    Erasure Each;
+    Erasure Erased;
     Strings vsLeft;
   };
   const std::vector<Case> vCases = {
@@ -727,22 +727,22 @@ TEST(TrRuleConstraints, ErasedKeyIsMadeOfTheArguments) {
       {"A", "B", {1, "F", "C", "A", {4}}, {"4__1__F__A", "4__1__F__B"}},
       {"A", "B", {1, "F", "", "A", {4}}, {"4__1__F__A", "4__1__F__B"}},
       {"A", "B", {1, "F", "empty", "A", {4}}, {"4__1__F__B"}},
-      // a value that reads "empty" is found by it and not erased by it
+      // the value "empty" finds the entry but does not erase it
       {"empty", "z", {1, "F", "empty", "z", {4}}, {"4__1__F__empty"}},
       {"empty", "z", {1, "F", "empty", "A", {4}}, {"4__1__F__empty", "4__1__F__z"}},
       {"empty", "z", {1, "F", "empty", "empty", {4}}, {"4__1__F__z"}},
   };
-  for (const Case& Case : vCases) {
-    SCOPED_TRACE(std::string(Case.Each.Value) + " or " + Case.Each.Agreed);
+  for (const Case& Row : vCases) {
+    SCOPED_TRACE(std::string(Row.Erased.Value) + " or " + Row.Erased.Agreed);
     TrRule Rule;
-    Rule.SetConstraint(4, 1, "F", Case.First, 0, false);
-    Rule.SetConstraint(4, 1, "F", Case.Second, 0, false);
-    EXPECT_TRUE(Case.Each.From(Rule));
-    EXPECT_EQ(Keys(Rule), Case.vsLeft);
+    Rule.SetConstraint(4, 1, "F", Row.First, 0, false);
+    Rule.SetConstraint(4, 1, "F", Row.Second, 0, false);
+    EXPECT_TRUE(Row.Erased.From(Rule));
+    EXPECT_EQ(Keys(Rule), Row.vsLeft);
   }
 }
 
-TEST(TrRuleConstraints, ErasingIsTracedAtLevel1) {
+TEST(TrRuleConstraints, TraceErasingAtLevel1) {
   const std::string Before = "Now erasing constraint.\nConstraints map before erasing:\n";
   const std::string After = "Constraints map after erasing:\n";
   const std::string KeyA = "Constraint:4__1__F__A\n";
@@ -753,12 +753,12 @@ TEST(TrRuleConstraints, ErasingIsTracedAtLevel1) {
     TrRule Rule;
     Rule.SetConstraint(4, 1, "F", "B", 0, false);
     Rule.SetConstraint(4, 1, "F", "A", 0, false);
-    const auto Traced = [&](const Erasure& Each, const std::string& Trace) {
-      EXPECT_EQ(WrittenBy([&] { Each.From(Rule); }), (Written{Level == 1 ? Trace : "", ""}));
+    const auto Traced = [&](const Erasure& Row, const std::string& Trace) {
+      EXPECT_EQ(WrittenBy([&] { Row.From(Rule); }), (Written{Level == 1 ? Trace : "", ""}));
     };
     Traced({2, "F", "A", "empty", {4}}, Before + KeyA + KeyB + After + KeyA + KeyB);
     Traced({1, "F", "C", "A", {4}}, Before + KeyA + KeyB + After + KeyA + KeyB);
-    const HaltGuard Guard;  // the next one would not return, and gets no second listing
+    const HaltGuard Guard;  // the next call does not return, so it has no second listing
     const auto Waiting = [&] { EXPECT_THROW(Rule.EraseConstraint(1, "F", "C", "C", {4}), Halted); };
     EXPECT_EQ(WrittenBy(Waiting), (Written{Level == 1 ? Before + KeyA + KeyB : "", ""}));
     Traced({1, "F", "A", "empty", {4}}, Before + KeyA + KeyB + After + KeyB);
@@ -767,7 +767,7 @@ TEST(TrRuleConstraints, ErasingIsTracedAtLevel1) {
   }
 }
 
-TEST(TrRuleConstraints, ErasingWaitsForeverAtAConstraintWithAnotherValue) {
+TEST(TrRuleConstraints, WaitForeverInErasingAnotherValue) {
   for (const int Level : {0, 1}) {
     SCOPED_TRACE(Level);
     const DebugLevel Debug(Level);
@@ -775,7 +775,7 @@ TEST(TrRuleConstraints, ErasingWaitsForeverAtAConstraintWithAnotherValue) {
       TrRule Rule;
       Rule.SetConstraint(4, 1, "F", "A", 0, false);
       Rule.SetConstraint(4, 1, "F", "B", 0, false);
-      Rule.EraseConstraint(1, "F", "B", "empty", {4});  // A stands before B
+      Rule.EraseConstraint(1, "F", "B", "empty", {4});  // A comes before B
     });
     EXPECT_TRUE(Wait.Alive);
     EXPECT_TRUE(Wait.KeptMemory);
@@ -787,7 +787,7 @@ TEST(TrRuleConstraints, ErasingWaitsForeverAtAConstraintWithAnotherValue) {
   }
 }
 
-TEST(TrRuleConstraints, ErasesAllConstraintsOfACategory) {
+TEST(TrRuleConstraints, EraseAllOfACategory) {
   struct Case {
     int Category;
     Strings vsLeft;
@@ -805,14 +805,14 @@ TEST(TrRuleConstraints, ErasesAllConstraintsOfACategory) {
   };
   TrRule Rule = Mixed();
   ASSERT_EQ(Rule.GetNumConstraints(), 6);
-  for (const Case& Each : vCases) {
-    EXPECT_EQ(WrittenBy([&] { EXPECT_TRUE(Rule.EraseCategoryConstraints(Each.Category)); }),
+  for (const Case& Row : vCases) {
+    EXPECT_EQ(WrittenBy([&] { EXPECT_TRUE(Rule.EraseCategoryConstraints(Row.Category)); }),
               Nothing);
-    EXPECT_EQ(Keys(Rule), Each.vsLeft);
+    EXPECT_EQ(Keys(Rule), Row.vsLeft);
   }
 }
 
-TEST(TrRuleConstraints, ClearingErasesThemAll) {
+TEST(TrRuleConstraints, EraseAll) {
   TrRule Rule = Mixed();
   for (int Round = 0; Round < 2; ++Round) {
     EXPECT_EQ(WrittenBy([&] { Rule.ClearConstraints(); }), Nothing);
@@ -823,9 +823,9 @@ TEST(TrRuleConstraints, ClearingErasesThemAll) {
   EXPECT_EQ(Rule.GetNumConstraints(), 1);
 }
 
-// ---- Asking -----------------------------------------------------------------------------------
+// ---- Queries ----------------------------------------------------------------------------------
 
-TEST(TrRuleConstraints, ListsTheSampleTextsInKeyOrder) {
+TEST(TrRuleConstraints, ListTheSampleInKeyOrder) {
   const TrRule Rule = Sample();
   EXPECT_EQ(Rule.GetNumConstraints(), 7);
   EXPECT_EQ(Rule.GetConstraints(),
@@ -835,7 +835,7 @@ TEST(TrRuleConstraints, ListsTheSampleTextsInKeyOrder) {
             (Strings{"(Y0 = X0)", "(Y1 = (Y0 DET)", "(Y2 = Y0)", "(Y3 = (Y0 MOD)"}));
 }
 
-TEST(TrRuleConstraints, SelectorsPickOneCategoryAnd5PicksTwo) {
+TEST(TrRuleConstraints, SelectOneCategoryOrTwoWith5) {
   struct Case {
     int Selector;
     Strings vsTexts;
@@ -852,33 +852,33 @@ TEST(TrRuleConstraints, SelectorsPickOneCategoryAnd5PicksTwo) {
       {6, {}, {}},
   };
   const TrRule Rule = Mixed();
-  for (const Case& Each : vCases) {
-    SCOPED_TRACE(Each.Selector);
-    EXPECT_EQ(Rule.GetConstraints(Each.Selector), Each.vsTexts);
-    EXPECT_EQ(Rule.GetConstraintsAsSet(Each.Selector),
-              std::set<std::string>(Each.vsTexts.begin(), Each.vsTexts.end()));
+  for (const Case& Row : vCases) {
+    SCOPED_TRACE(Row.Selector);
+    EXPECT_EQ(Rule.GetConstraints(Row.Selector), Row.vsTexts);
+    EXPECT_EQ(Rule.GetConstraintsAsSet(Row.Selector),
+              std::set<std::string>(Row.vsTexts.begin(), Row.vsTexts.end()));
     Strings vsRecords;
-    for (const Constraint& Record : Rule.GetConstraintsAsSetC(Each.Selector)) {
+    for (const Constraint& Record : Rule.GetConstraintsAsSetC(Row.Selector)) {
       vsRecords.push_back(Fields(Record));
     }
-    EXPECT_EQ(vsRecords, Each.vsRecords);
+    EXPECT_EQ(vsRecords, Row.vsRecords);
   }
 }
 
-TEST(TrRuleConstraints, SetsHoldEachTextOnce) {
+TEST(TrRuleConstraints, ListEachTextOnceInSets) {
   const TrRule Rule = Mixed();
   EXPECT_EQ(Rule.GetConstraints(), (Strings{"((Y7 GEN) = M)", "((X1 NUM) = SG)", "((Y1 NUM) = SG)",
                                             "(Y0 = X0)", "((Y1 NUM) = SG)", "((Y7 NUM) = PL)"}));
   EXPECT_EQ(Rule.GetConstraintsAsSet(),
             (std::set<std::string>{"((X1 NUM) = SG)", "((Y1 NUM) = SG)", "((Y7 GEN) = M)",
                                    "((Y7 NUM) = PL)", "(Y0 = X0)"}));
-  // The first in key order stands for all of a text: category 2 here.
+  // Of several with one text, the first in key order is kept: category 2 here.
   EXPECT_EQ(Records(Rule),
             (Strings{"1|1|NUM|SG|11|value", "2|1|NUM|SG|21|value", "-1|7|GEN|M|61|value",
                      "5|7|NUM|PL|51|value", "3|0|all|X0|31|agreement"}));
 }
 
-TEST(TrRuleConstraints, NodeQueryGivesValueOrAgreedValueOfEachFeature) {
+TEST(TrRuleConstraints, ListTheValueOrAgreedValueOfEachFeatureOfANode) {
   TrRule Rule;
   Rule.SetConstraint(4, 1, "NUM", "(Y3", 0, false);
   Rule.SetConstraint(4, 1, "NUM", "SG", 0, true);
@@ -901,12 +901,12 @@ TEST(TrRuleConstraints, NodeQueryGivesValueOrAgreedValueOfEachFeature) {
       {1, {5}, {}},
       {3, {4}, {}},
   };
-  for (const Case& Each : vCases) {
-    EXPECT_EQ(Rule.GetConstraintsForInd(Each.Index, Each.siCategories), Each.mspExpected);
+  for (const Case& Row : vCases) {
+    EXPECT_EQ(Rule.GetConstraintsForInd(Row.Index, Row.siCategories), Row.mspExpected);
   }
 }
 
-TEST(TrRuleConstraints, AskingPrintsNothingAtAnyLevel) {
+TEST(TrRuleConstraints, PrintNothingInQueries) {
   for (const int Level : {0, 1, 2, 3, 4}) {
     const DebugLevel Debug(Level);
     const Written Streams = WrittenBy([] {
@@ -925,7 +925,7 @@ TEST(TrRuleConstraints, AskingPrintsNothingAtAnyLevel) {
   }
 }
 
-TEST(TrRuleConstraints, ResultsAreTheCallersOwn) {
+TEST(TrRuleConstraints, ReturnCopies) {
   const TrRule Rule = Sample();
   Rule.GetConstraints().clear();
   Rule.GetConstraintsAsSet().clear();
@@ -937,15 +937,16 @@ TEST(TrRuleConstraints, ResultsAreTheCallersOwn) {
 
 // ---- Reading ranked texts, step by step -------------------------------------------------------
 //
-// SlowTwinTest.cpp goes on with damaged texts, and with merging and erasing at random.
+// ReferenceImplementationTest.cpp does the same with damaged texts, and merges and erases at
+// random.
 
-TEST(TrRuleConstraints, EveryPrefixOfARankedTextIsReadStepByStep) {
+TEST(TrRuleConstraints, ReadEveryPrefixOfARankedTextLikeTheReference) {
   for (const std::string& sText :
        {"((X1 NUM) = (*OR* SG PL))\r\n"s, "((Y2 GEN) = (*NOT* M)) = junk"s, "X1 = (Y3 num)"s,
         "(X1 = X3)"s, "((X1 \0\xE9) = \xFF)"s}) {
     for (std::size_t Size = 0; Size <= sText.size(); ++Size) {
       SCOPED_TRACE(sText.substr(0, Size));
-      const Slow::RankedReading Expected = Slow::ReadRanked(sText.substr(0, Size), 2, 4);
+      const Reference::RankedReading Expected = Reference::ReadRanked(sText.substr(0, Size), 2, 4);
       ASSERT_FALSE(Expected.Ended);
       TrRule Rule;
       EXPECT_EQ(WrittenBy([&] { Rule.SetConstraint(sText.substr(0, Size), 2, 4); }),

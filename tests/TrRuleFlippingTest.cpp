@@ -1,6 +1,6 @@
-// Pins the turning round of a rule: what changes sides, what is lost, what stays, the traces, the
-// alignment strings that cannot be turned; and the private query whether two indices take part in
-// no one-to-many alignment.
+// Flipping a rule: the members that are exchanged, lost or unchanged, the traces, and the alignment
+// strings that cannot be flipped. Also the private query whether neither of two indices has more
+// than one partner.
 
 #include "TrRule.h"
 #include "support/ChildProcess.h"
@@ -20,7 +20,7 @@ using std::string_literals::operator""s;
 
 namespace {
 
-/// Gives every member of a rule a value that no other member has.
+/// Sets every member of a rule to a different value.
 void Fill(TrRule& Rule) {
   Rule.SetSLPOSFromParse("lost");
   Rule.FlipRuleNoConstraints();
@@ -117,7 +117,7 @@ const std::string FlippedDump =
     "XHeadIndex: 9\n"
     "YHeadIndex: 8\n";
 
-/// What a call writes at a debug level.
+/// The output of a call at a debug level.
 template <typename CodeT>
 Written WrittenAt(int Level, CodeT Code) {
   const DebugLevel Debug(Level);
@@ -131,7 +131,7 @@ std::string ReversedMessage(const std::string& Alignments) {
 
 }  // namespace
 
-TEST(TrRuleFlipping, ExchangesTheSidesAndLeavesTheRest) {
+TEST(TrRuleFlipping, ExchangesOnlyTheSides) {
   TrRule Rule;
   Fill(Rule);
   ASSERT_EQ(Dump(Rule), FilledDump);
@@ -139,7 +139,7 @@ TEST(TrRuleFlipping, ExchangesTheSidesAndLeavesTheRest) {
   EXPECT_EQ(Dump(Rule), FlippedDump);
 }
 
-TEST(TrRuleFlipping, TwiceRestoresAllButTheParseLabels) {
+TEST(TrRuleFlipping, RestoresAllButTheParseLabelsWhenRepeated) {
   TrRule Rule;
   Fill(Rule);
   Rule.FlipRuleNoConstraints();
@@ -151,7 +151,7 @@ TEST(TrRuleFlipping, TwiceRestoresAllButTheParseLabels) {
   EXPECT_EQ(Dump(Rule), Expected);
 }
 
-TEST(TrRuleFlipping, TwiceDoesNotRestoreAnOrderThatWasNotCanonical) {
+TEST(TrRuleFlipping, DoesNotRestoreANonCanonicalOrderWhenRepeated) {
   TrRule Rule;
   Rule.SetsWordLevelAl("(( 2 ,1),(1,2))");
   Rule.FlipRuleNoConstraints();
@@ -160,25 +160,25 @@ TEST(TrRuleFlipping, TwiceDoesNotRestoreAnOrderThatWasNotCanonical) {
   EXPECT_EQ(Rule.GetsWordLevelAl(), "((2,1),(1,2))");
 }
 
-TEST(TrRuleFlipping, MovesTheParseLabelsInsteadOfExchangingThem) {
+TEST(TrRuleFlipping, MovesTheParseLabels) {
   struct Case {
     const char* Parsed;
     Strings vsTLAfter;
   };
-  for (const Case& Each : {Case{"dt nn", {"DT", "NN"}}, Case{"", {}}}) {
-    SCOPED_TRACE(Each.Parsed);
+  for (const Case& Row : {Case{"dt nn", {"DT", "NN"}}, Case{"", {}}}) {
+    SCOPED_TRACE(Row.Parsed);
     TrRule Rule;
     Rule.SetSLPOSFromParse("before");
     Rule.FlipRuleNoConstraints();
-    Rule.SetSLPOSFromParse(Each.Parsed);
+    Rule.SetSLPOSFromParse(Row.Parsed);
     Rule.FlipRuleNoConstraints();
     const TrRule& Flipped = Rule;
-    EXPECT_EQ(Flipped.GetTLPOSFromParseAfterFlipping(), Each.vsTLAfter);
+    EXPECT_EQ(Flipped.GetTLPOSFromParseAfterFlipping(), Row.vsTLAfter);
     EXPECT_EQ(Flipped.GetSLPOSFromParse(), Strings());
   }
 }
 
-TEST(TrRuleFlipping, GivesACopyOfTheParseLabels) {
+TEST(TrRuleFlipping, ReturnsACopyOfTheParseLabels) {
   TrRule Rule;
   Rule.SetSLPOSFromParse("dt");
   EXPECT_EQ(Rule.GetTLPOSFromParseAfterFlipping(), Strings());
@@ -194,7 +194,7 @@ TEST(TrRuleFlipping, GivesACopyOfTheParseLabels) {
   }
 }
 
-TEST(TrRuleFlipping, TurnsTheSampleRule) {
+TEST(TrRuleFlipping, FlipsTheSample) {
   TrRule Rule;
   ASSERT_TRUE(Rule.SetTrRuleFromString(SampleText));
   const Strings vsConstraints = Rule.GetConstraints();
@@ -261,7 +261,7 @@ TEST(TrRuleFlipping, TracesNoResultForStringsThatAreEmpty) {
                      ""}));
 }
 
-TEST(TrRuleFlipping, EndsAtLevel1WhereTheRuleCannotBePrinted) {
+TEST(TrRuleFlipping, EndsTheProcessAtLevel1WhenTheRuleCannotBePrinted) {
   TrRule Rule;
   Rule.SetConstraint("(x1 = x2)");
   Rule.SetConstraint("(x2 = x1)");
@@ -278,8 +278,8 @@ TEST(TrRuleFlipping, EndsAtLevel1WhereTheRuleCannotBePrinted) {
   EXPECT_EQ(Rule.GetTLType(), "NP");
 }
 
-TEST(TrRuleFlipping, TurnsEveryBeginningOfAStringOrEnds) {
-  // Nothing stands for the end of the process.
+TEST(TrRuleFlipping, FlipsEveryPrefixOfAStringOrEndsTheProcess) {
+  // No value means the end of the process.
   const std::optional<std::string> Ends;
   const std::string Whole = "((1,1),(2,3),(3,2))";
   const std::optional<std::string> Reversed[] = {
@@ -319,7 +319,7 @@ TEST(TrRuleFlipping, TurnsEveryBeginningOfAStringOrEnds) {
   EXPECT_EQ(Size, Whole.size() + 1);
 }
 
-TEST(TrRuleFlipping, TakesStringsApartAsFarAsTheyGo) {
+TEST(TrRuleFlipping, FlipsMalformedStrings) {
   struct Case {
     std::string Text;
     std::string Reversed;
@@ -334,16 +334,16 @@ TEST(TrRuleFlipping, TakesStringsApartAsFarAsTheyGo) {
       {"1,2", "((2,1))"},
       {"((((1,2))))", "((2,1))"},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Text);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Text);
     TrRule Rule;
-    Rule.SetsWordLevelAl(Each.Text);
+    Rule.SetsWordLevelAl(Row.Text);
     EXPECT_EQ(WrittenBy([&] { Rule.FlipRuleNoConstraints(); }), (Written{"", ""}));
-    EXPECT_EQ(Rule.GetsWordLevelAl(), Each.Reversed);
+    EXPECT_EQ(Rule.GetsWordLevelAl(), Row.Reversed);
   }
 }
 
-TEST(TrRuleFlipping, EndsTheProcessOnAStringThatCannotBeTurned) {
+TEST(TrRuleFlipping, EndsTheProcessOnAStringThatCannotBeFlipped) {
   struct Case {
     const char* Name;
     const char* Alternative;
@@ -360,18 +360,18 @@ TEST(TrRuleFlipping, EndsTheProcessOnAStringThatCannotBeTurned) {
       {"a missing part", "", "", "((1,))", "((1,))"},
       {"a blank in the separator", "", "", "((1,2), (3,4))", "((1,2), (3,4))"},
   };
-  for (const Case& Each : Cases) {
-    SCOPED_TRACE(Each.Name);
+  for (const Case& Row : Cases) {
+    SCOPED_TRACE(Row.Name);
     TrRule Rule;
-    Rule.AddAlterTrInfo("", "", Each.Alternative, "", {}, {}, {}, {});
-    Rule.SetAlignment(Each.Alignment);
-    Rule.SetsWordLevelAl(Each.WordLevel);
+    Rule.AddAlterTrInfo("", "", Row.Alternative, "", {}, {}, {}, {});
+    Rule.SetAlignment(Row.Alignment);
+    Rule.SetsWordLevelAl(Row.WordLevel);
     EXPECT_EQ(RunInChild([&] { Rule.FlipRuleNoConstraints(); }),
-              (ChildEnd{1, "", ReversedMessage(Each.Quoted)}));
+              (ChildEnd{1, "", ReversedMessage(Row.Quoted)}));
   }
 }
 
-TEST(TrRuleFlipping, EndsTheProcessOnALongStringWhoseLastPairTheCutLeavesInHalf) {
+TEST(TrRuleFlipping, EndsTheProcessOnALongStringWithATruncatedLastPair) {
   const std::string Digits(99996, '7');
   const std::string Uncut = "((1,1),(2," + Digits.substr(4) + "),(3,4))";
   const std::string Cut = "((1,1),(2," + Digits.substr(2) + "),(3,4))";
@@ -413,7 +413,7 @@ TEST(TrRuleOneToOne, IsFalseWhereAnIndexHasTwoPartners) {
       {"((1,1),(1,2),(2,3))", 2, 3, true},
       {"((1,1),(1,2),(2,3))", 3, 1, true},  // x3 has none, y1 has one
       {"((1,1),(1,2),(2,3))", 1, 1, false},
-      {"((1,1),(1,2),(2,3))", 2, 1, true},   // single, though with other partners
+      {"((1,1),(1,2),(2,3))", 2, 1, true},   // each has one partner, but not the other
       {"((1,1),(2,1),(3,2))", 3, 1, false},  // y1 has two partners
       {"((1,1),(2,1),(3,2))", 1, 2, true},
       {"((1,1),(2,1),(3,2))", 1, 1, false},
@@ -427,17 +427,17 @@ TEST(TrRuleOneToOne, IsFalseWhereAnIndexHasTwoPartners) {
       {"()", 1, 1, true},
       {"", 0, 0, true},
   };
-  for (const Case& Each : Cases) {
+  for (const Case& Row : Cases) {
     TrRule Rule;
-    Rule.SetAlignment(Each.Alignments);
-    SCOPED_TRACE(Each.Alignments);
+    Rule.SetAlignment(Row.Alignments);
+    SCOPED_TRACE(Row.Alignments);
     for (const int Level : {0, 1, 2, 3, 4}) {
-      bool IsOneToOne = !Each.Expected;
-      EXPECT_EQ(WrittenAt(Level, [&] { IsOneToOne = CallIsOneToOne(Rule, Each.X, Each.Y); }),
+      bool IsOneToOne = !Row.Expected;
+      EXPECT_EQ(WrittenAt(Level, [&] { IsOneToOne = CallIsOneToOne(Rule, Row.X, Row.Y); }),
                 (Written{"", ""}));
-      EXPECT_EQ(IsOneToOne, Each.Expected) << Each.X << ' ' << Each.Y;
+      EXPECT_EQ(IsOneToOne, Row.Expected) << Row.X << ' ' << Row.Y;
     }
-    EXPECT_EQ(Rule.GetAlignmentStr(), Each.Alignments);
+    EXPECT_EQ(Rule.GetAlignmentStr(), Row.Alignments);
   }
 }
 

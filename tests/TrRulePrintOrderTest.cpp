@@ -1,5 +1,5 @@
-// Pins the order in which a rule's constraints are printed: values first, then the agreements of
-// each category behind those that they refer to, and the inputs that have no such order.
+// The order in which the constraints of a rule are printed: values first, then the agreements of
+// each category after those that they refer to. Also the inputs that have no order.
 
 #include "support/ChildProcess.h"
 #include "support/DebugLevel.h"
@@ -28,8 +28,8 @@ struct Agreement {
 
 TrRule RuleOf(const std::vector<Agreement>& vAgreements) {
   TrRule Rule;
-  for (const Agreement& Each : vAgreements) {
-    Rule.SetConstraint(Each.Category, Each.Index, "all", Each.Value, -1, false);
+  for (const Agreement& Other : vAgreements) {
+    Rule.SetConstraint(Other.Category, Other.Index, "all", Other.Value, -1, false);
   }
   return Rule;
 }
@@ -47,7 +47,7 @@ Strings OrderOf(const std::vector<Agreement>& vAgreements) {
   return CallGetConstraintsInPrintOrder(Rule);
 }
 
-/// How a process ends that asks a rule for its order.
+/// How a process ends that computes the order of a rule.
 ChildEnd EndOf(TrRule& Rule) {
   return RunInChild([&] { CallGetConstraintsInPrintOrder(Rule); });
 }
@@ -68,7 +68,7 @@ std::string NoOrder(const std::string& Table) {
 const Strings vsSampleOrder = {"((X0 DET) = X1)", "((X0 MOD) = X2)", "(X0 = X3)",     "(Y0 = X0)",
                                "(Y1 = (Y0 DET)",  "(Y2 = Y0)",       "(Y3 = (Y0 MOD)"};
 
-/// Whether anyone may ask a rule for its order.
+/// Whether the order of a rule is accessible.
 template <typename RuleT, typename = void>
 struct CanBeAskedFor : std::false_type {};
 template <typename RuleT>
@@ -80,17 +80,17 @@ struct CanBeAskedFor<RuleT,
 
 // ---- The order --------------------------------------------------------------------------------
 
-TEST(TrRulePrintOrder, RuleWithoutConstraintsHasAnEmptyList) {
+TEST(TrRulePrintOrder, IsEmptyWithoutConstraints) {
   EXPECT_EQ(OrderOf({}), Strings{});
 }
 
-TEST(TrRulePrintOrder, SampleRuleComesValuesFirstAndY0BeforeItsDependents) {
+TEST(TrRulePrintOrder, PutsValuesFirstAndY0BeforeItsDependentsInTheSample) {
   TrRule Rule;
   ASSERT_TRUE(Rule.SetTrRuleFromString(SampleText));
   EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), vsSampleOrder);
 }
 
-TEST(TrRulePrintOrder, ValuesComeInKeyOrderWhateverTheirCategory) {
+TEST(TrRulePrintOrder, PutsValuesOfAnyCategoryInKeyOrder) {
   TrRule Rule;
   for (const int Category : {7, 4, 3, 2, 1, -1}) {
     Rule.SetConstraint(Category, 1, "NUM", "SG", -1, true);
@@ -103,14 +103,14 @@ TEST(TrRulePrintOrder, ValuesComeInKeyOrderWhateverTheirCategory) {
   EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), Rule.GetConstraints());
 }
 
-TEST(TrRulePrintOrder, ValuesOfTheLastCategoryComeBeforeAgreementsOfTheFirst) {
+TEST(TrRulePrintOrder, PutsValuesOfTheLastCategoryBeforeAgreementsOfTheFirst) {
   TrRule Rule = RuleOf({{1, 0, "X3"}, {2, 1, "X1"}, {3, 0, "Y1"}, {4, 1, "Y9"}});
   Rule.SetConstraint(4, 9, "NUM", "SG", -1, true);
   EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule),
             (Strings{"((Y9 NUM) = SG)", "(X0 = X3)", "(Y1 = X1)", "(Y1 = Y9)", "(Y0 = Y1)"}));
 }
 
-TEST(TrRulePrintOrder, AgreementsFollowTheIndicesThatTheyReferTo) {
+TEST(TrRulePrintOrder, PutsAgreementsAfterTheIndicesThatTheyReferTo) {
   struct Case {
     const char* What;
     std::vector<Agreement> vAgreements;
@@ -150,13 +150,13 @@ TEST(TrRulePrintOrder, AgreementsFollowTheIndicesThatTheyReferTo) {
        {{1, 1, "Y2"}, {1, 2, "Y3"}},
        {"(X2 = Y3)", "(X1 = Y2)"}},
   };
-  for (const Case& Each : vCases) {
-    SCOPED_TRACE(Each.What);
-    EXPECT_EQ(OrderOf(Each.vAgreements), Each.vsOrder);
+  for (const Case& Row : vCases) {
+    SCOPED_TRACE(Row.What);
+    EXPECT_EQ(OrderOf(Row.vAgreements), Row.vsOrder);
   }
 }
 
-TEST(TrRulePrintOrder, KeepsKeyOrderWithinAnIndexHoweverManyThereAre) {
+TEST(TrRulePrintOrder, KeepsKeyOrderWithinAnIndex) {
   TrRule Rule;
   Strings vsExpected;
   for (const int Index : {1, 2}) {
@@ -169,7 +169,7 @@ TEST(TrRulePrintOrder, KeepsKeyOrderWithinAnIndexHoweverManyThereAre) {
   EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), vsExpected);
 }
 
-TEST(TrRulePrintOrder, AgreementsOfFeaturesAreOrderedLikeThoseOfNodes) {
+TEST(TrRulePrintOrder, OrdersAgreementsOfFeaturesLikeThoseOfNodes) {
   TrRule Rule = RuleOfTexts({"((y1 num) = (y2 num))", "((y2 gen) = (y3 gen))",
                              "((x1 num) = (x2 num))", "((x2 num) = (x3 num))"});
   EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule),
@@ -177,24 +177,24 @@ TEST(TrRulePrintOrder, AgreementsOfFeaturesAreOrderedLikeThoseOfNodes) {
                      "((Y1 NUM) = (Y2 NUM))"}));
 }
 
-TEST(TrRulePrintOrder, CategoriesComeOneAfterTheOther) {
+TEST(TrRulePrintOrder, PutsCategoriesOneAfterAnother) {
   EXPECT_EQ(OrderOf({{4, 1, "Y2"}, {3, 0, "X0"}, {2, 1, "X1"}, {1, 5, "X6"}, {1, 6, "X1"}}),
             (Strings{"(X6 = X1)", "(X5 = X6)", "(Y1 = X1)", "(Y0 = X0)", "(Y1 = Y2)"}));
 }
 
-TEST(TrRulePrintOrder, TablesDoNotSeeEachOther) {
-  // 1 waits for 2 in each table, and 2 stands in another one only.
+TEST(TrRulePrintOrder, OrdersCategoriesSeparately) {
+  // 1 waits for 2 in each table, and 2 is only in another table.
   EXPECT_EQ(OrderOf({{1, 1, "X2"}, {2, 2, "X1"}, {4, 1, "Y2"}, {4, 3, "Y1"}}),
             (Strings{"(X1 = X2)", "(Y2 = X1)", "(Y1 = Y2)", "(Y3 = Y1)"}));
 }
 
-TEST(TrRulePrintOrder, Category2IsOrderedByIndexAlone) {
+TEST(TrRulePrintOrder, OrdersCategory2ByIndexOnly) {
   EXPECT_EQ(OrderOf({{2, 1, "X2"}, {2, 2, "X1"}}), (Strings{"(Y1 = X2)", "(Y2 = X1)"}));
   EXPECT_EQ(OrderOf({{2, 3, "X1"}, {2, 10, "X3"}, {2, 2, "X3"}, {2, 1, "X10"}}),
             (Strings{"(Y1 = X10)", "(Y2 = X3)", "(Y3 = X1)", "(Y10 = X3)"}));
 }
 
-TEST(TrRulePrintOrder, AgreementsOfOtherCategoriesVanish) {
+TEST(TrRulePrintOrder, OmitsAgreementsOfOtherCategories) {
   for (const int Category : {0, 5, -1, 7}) {
     TrRule Rule = RuleOf({{Category, 1, "X2"}, {1, 1, "X2"}, {Category, 2, "X1"}});
     Strings vsOrder;
@@ -204,7 +204,7 @@ TEST(TrRulePrintOrder, AgreementsOfOtherCategoriesVanish) {
   }
 }
 
-TEST(TrRulePrintOrder, DoesNotDependOnTheOrderOfSetting) {
+TEST(TrRulePrintOrder, IgnoresTheOrderOfSetting) {
   Strings vsTexts = {"((x0 det) = x1)",  "((x0 mod) = x2)",  "(x0 = x3)", "(y0 = x0)",
                      "(y1 == (y0 det))", "(y3 == (y0 mod))", "(y2 = y0)"};
   std::mt19937 Random(20240503);
@@ -215,11 +215,11 @@ TEST(TrRulePrintOrder, DoesNotDependOnTheOrderOfSetting) {
   }
 }
 
-TEST(TrRulePrintOrder, IsTheRulesOwnBusiness) {
+TEST(TrRulePrintOrder, IsPrivate) {
   EXPECT_FALSE(CanBeAskedFor<TrRule>::value);
 }
 
-TEST(TrRulePrintOrder, ChangesNothingInTheRuleAndPrintsNothingAtAnyLevel) {
+TEST(TrRulePrintOrder, ChangesAndPrintsNothing) {
   for (const int Level : {0, 1, 2, 3, 4}) {
     TrRule Rule;
     ASSERT_TRUE(Rule.SetTrRuleFromString(SampleText));
@@ -236,9 +236,9 @@ TEST(TrRulePrintOrder, ChangesNothingInTheRuleAndPrintsNothingAtAnyLevel) {
 
 // ---- Rules without an order -------------------------------------------------------------------
 
-TEST(TrRulePrintOrder, AgreementThatNamesNoIndexEndsTheProcess) {
+TEST(TrRulePrintOrder, EndsTheProcessOnAnAgreementWithoutAnIndex) {
   struct Case {
-    Agreement Each;
+    Agreement Only;
     const char* Text;
   };
   const std::vector<Case> vCases = {
@@ -249,18 +249,18 @@ TEST(TrRulePrintOrder, AgreementThatNamesNoIndexEndsTheProcess) {
   };
   for (std::size_t Number = 0; Number < vCases.size(); ++Number) {
     const DebugLevel Debug(static_cast<int>(Number % 5));
-    TrRule Rule = RuleOf({vCases[Number].Each});
+    TrRule Rule = RuleOf({vCases[Number].Only});
     EXPECT_EQ(EndOf(Rule), EndWith(NoAgreedIndex(vCases[Number].Text)));
   }
 }
 
-TEST(TrRulePrintOrder, MissingIndexIsReportedWithTheFeature) {
+TEST(TrRulePrintOrder, ReportsAMissingIndexWithTheFeature) {
   TrRule Rule;
   Rule.SetConstraint(4, 1, "NUM", "SG", -1, false);
   EXPECT_EQ(EndOf(Rule), EndWith(NoAgreedIndex("((Y1 NUM) = SG NUM))")));
 }
 
-TEST(TrRulePrintOrder, CyclesEndTheProcess) {
+TEST(TrRulePrintOrder, EndsTheProcessOnCycles) {
   struct Case {
     std::vector<Agreement> vAgreements;
     const char* Table;
@@ -272,7 +272,7 @@ TEST(TrRulePrintOrder, CyclesEndTheProcess) {
       {{{4, 1, "Y2"}, {4, 2, "Y1"}}, "Category3and4"},
       {{{3, 0, "Y1"}, {4, 1, "Y0"}}, "Category3and4"},
       {{{3, 0, "X1"}, {4, 1, "X0"}}, "Category3and4"},
-      // the others of the table, and what waits for the cycle
+      // other keys of the table, and keys that wait for the cycle
       {{{1, 0, "X9"}, {1, 1, "X2"}, {1, 2, "X1"}, {1, 3, "X0"}}, "Category1"},
       {{{4, 1, "Y2"}, {4, 2, "Y1"}, {4, 3, "Y2"}, {4, 4, "Y9"}}, "Category3and4"},
   };
@@ -283,8 +283,8 @@ TEST(TrRulePrintOrder, CyclesEndTheProcess) {
   }
 }
 
-TEST(TrRulePrintOrder, FirstTroubleIsTheOneThatIsReported) {
-  // A missing index before any cycle, the first in key order, and category 1 before the others.
+TEST(TrRulePrintOrder, ReportsTheFirstError) {
+  // A missing index comes before any cycle, the first in key order; then category 1 before others.
   const std::vector<std::pair<std::vector<Agreement>, std::string>> vCases = {
       {{{1, 1, "X2"}, {1, 2, "X1"}, {4, 2, "PL"}, {4, 1, "SG"}}, NoAgreedIndex("(Y1 = SG)")},
       {{{1, 1, "X2"}, {1, 2, "X1"}, {4, 1, "Y2"}, {4, 2, "Y1"}}, NoOrder("Category1")},
@@ -297,7 +297,7 @@ TEST(TrRulePrintOrder, FirstTroubleIsTheOneThatIsReported) {
   }
 }
 
-TEST(TrRulePrintOrder, ProcessExitsWithoutUnwinding) {
+TEST(TrRulePrintOrder, ExitsWithoutUnwinding) {
   struct Announced {
     ~Announced() { std::cout << "unwound\n"; }
   };

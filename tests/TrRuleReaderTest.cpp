@@ -1,6 +1,6 @@
-// Pins the reader of rule texts: what makes a line a comment, a header, a type line, an alignment
-// or a constraint, what each of them sets, where a text is refused and with which words, and that
-// nothing read before that is undone.
+// The reader of rule texts: what makes a line a comment, a header, a rule line, an alignment or a
+// constraint, what each of them sets, which texts are rejected with which messages, and that
+// nothing read before an error is undone.
 
 #include "TrRule.h"
 
@@ -23,7 +23,7 @@ using std::string_literals::operator""s;
 namespace {
 
 /// A rule in one line: comments, header, rule line, alignment string and the constraints in key
-/// order, which are taken out of the rule, since not every set of constraints can be printed.
+/// order. Removes the constraints from the rule, since not every set of constraints can be printed.
 std::string Brief(TrRule& Rule) {
   std::string Constraints;
   for (const std::string& sConstraint : Rule.GetConstraints()) {
@@ -65,7 +65,7 @@ Reading Read(TrRule& Rule, const std::string& Text) {
   return Read;
 }
 
-/// A text and what reading it into a new rule gives.
+/// A text, and the result of reading it into a new rule.
 struct Case {
   std::string Text;
   std::string Brief;
@@ -73,22 +73,22 @@ struct Case {
   std::string Out{};
 };
 
-/// Reads each text behind and before the given ones. A text is refused exactly where the last
-/// message is one of the reader's own.
+/// Reads each text after and before the given ones. A text is rejected exactly if the last message
+/// is one of the reader.
 void ExpectReadings(const std::string& Before, const std::vector<Case>& vCases,
                     const std::string& After) {
   const std::string ReaderError = "Error in SetTrRuleFromStr: ";
-  for (const Case& Each : vCases) {
-    SCOPED_TRACE(Each.Text.substr(0, 80));
+  for (const Case& Row : vCases) {
+    SCOPED_TRACE(Row.Text.substr(0, 80));
     TrRule Rule;
-    const Reading Result = Read(Rule, Before + Each.Text + After);
-    const bool Expected = Each.Err.find(ReaderError) == std::string::npos;
+    const Reading Result = Read(Rule, Before + Row.Text + After);
+    const bool Expected = Row.Err.find(ReaderError) == std::string::npos;
     EXPECT_EQ(Result.Result, Expected);
-    EXPECT_EQ(Result.Streams, (Written{Each.Out, Each.Err}));
+    EXPECT_EQ(Result.Streams, (Written{Row.Out, Row.Err}));
     EXPECT_EQ(AllAlignments(Rule), Expected ? Strings{Rule.GetAlignmentStr()} : Strings{});
     EXPECT_EQ(Rule.GetWordLevelSLPOS(), Rule.GetSLPOS());
     EXPECT_EQ(Rule.GetWordLevelTLPOS(), Rule.GetTLPOS());
-    EXPECT_EQ(Brief(Rule), Each.Brief);
+    EXPECT_EQ(Brief(Rule), Row.Brief);
   }
 }
 
@@ -110,12 +110,11 @@ std::string BadConstraint(const std::string& Line) {
          "|\n";
 }
 
-/// The shortest text that is a whole rule, and its brief form.
+/// The shortest complete rule, and its brief form.
 const std::string Whole = "A::B [C] -> [D]\n(X1::Y1)\n";
 const std::string WholeBrief = "{,-1} | A::B [C] -> [D] | ((1,1))";
 
-/// Reads the text with the reader and with the reference reader: result, streams and every member
-/// agree.
+/// Expects the same result, output and members from the reader and from the reference reader.
 void ExpectAsReference(const std::string& Text) {
   SCOPED_TRACE(Text);
   TrRule Rule;
@@ -160,7 +159,7 @@ TEST(TrRuleReader, ReadsTheSample) {
                             "HeadIndex: -1\nXHeadIndex: -1\nYHeadIndex: -1\n");
 }
 
-TEST(TrRuleReader, TakesALiteralAndGivesABool) {
+TEST(TrRuleReader, AcceptsALiteralAndReturnsABool) {
   static_assert(
       std::is_same_v<bool (TrRule::*)(std::string), decltype(&TrRule::SetTrRuleFromString)>);
   TrRule Rule;
@@ -168,7 +167,7 @@ TEST(TrRuleReader, TakesALiteralAndGivesABool) {
   EXPECT_EQ(Printed(Rule), "{,-1}\nA::B [C] -> [D]\n(\n(X1::Y1)\n)\n");
 }
 
-TEST(TrRuleReader, RefusesTextsWithoutTypeLineOrAlignment) {
+TEST(TrRuleReader, RejectsTextsWithoutARuleLineOrAlignment) {
   const std::string Nothing = "{,-1} | :: [] -> [] | ";
   ExpectReadings("",
                  {{"", Nothing, Missing},
@@ -186,7 +185,7 @@ TEST(TrRuleReader, RefusesTextsWithoutTypeLineOrAlignment) {
                  "");
 }
 
-TEST(TrRuleReader, ReadsTheSamplesConstraintsBeforeItMissesItsAlignments) {
+TEST(TrRuleReader, ReadsTheConstraintsBeforeItReportsMissingAlignments) {
   const std::string Alignments = "(X1::Y1)\n(X2::Y3)\n(X3::Y2)\n";
   ExpectReadings(
       "",
@@ -198,7 +197,7 @@ TEST(TrRuleReader, ReadsTheSamplesConstraintsBeforeItMissesItsAlignments) {
       "");
 }
 
-TEST(TrRuleReader, StopsAtASecondTypeLine) {
+TEST(TrRuleReader, StopsAtASecondRuleLine) {
   const std::string TypeLine = "NP::NP : [DET ADJ N] -> [DET N ADJ]\n";
   ExpectReadings(
       "",
@@ -290,7 +289,7 @@ TEST(TrRuleReader, ReadsEveryPairOfLines) {
 
 // ---- Lines ------------------------------------------------------------------------------------
 
-TEST(TrRuleReader, TellsTheKindsOfLineByWhatTheyContain) {
+TEST(TrRuleReader, ClassifiesLinesByWhatTheyContain) {
   ExpectReadings("",
                  {{";; c", ";; c | " + WholeBrief},
                   {" \t ;; c  ", " \t ;; c   | " + WholeBrief},
@@ -308,7 +307,7 @@ TEST(TrRuleReader, TellsTheKindsOfLineByWhatTheyContain) {
                  "\n" + Whole);
 }
 
-TEST(TrRuleReader, SkipsLinesThatAreNoneOfTheKinds) {
+TEST(TrRuleReader, SkipsLinesOfNoKind) {
   for (const std::string& sLine :
        {""s, "("s, ")"s, " "s, " \t\v\f"s, "junk"s, ":"s, "->"s, "] -> "s, " -> ["s, "[A] ->[B]"s,
         "}"s, "\0"s, "\xFF\x80"s, "\r"s, "\r\r"s}) {
@@ -316,7 +315,7 @@ TEST(TrRuleReader, SkipsLinesThatAreNoneOfTheKinds) {
   }
 }
 
-TEST(TrRuleReader, ReadsCommentsAsLinesOfTheOtherKinds) {
+TEST(TrRuleReader, ReadsCommentsAsLinesOfOtherKindsToo) {
   const std::string Nothing = " | {,-1} | :: [] -> [] | ";
   ExpectReadings("",
                  {{";; {VP,3}", ";; {VP,3} | {VP,3} | A::B [C] -> [D] | ((1,1))"},
@@ -332,12 +331,12 @@ TEST(TrRuleReader, ReadsCommentsAsLinesOfTheOtherKinds) {
                  "\n" + Whole);
 }
 
-TEST(TrRuleReader, TakesACommentForTheTypeLine) {
+TEST(TrRuleReader, ReadsACommentAsTheRuleLine) {
   ExpectReadings("", {{";; [E] -> [F]", ";; [E] -> [F] | {,-1} | :: [] -> [F] | ((1,1))"}},
                  "\n(X1::Y1)");
 }
 
-TEST(TrRuleReader, ReadsALineAsHeaderAndAsOneOtherKind) {
+TEST(TrRuleReader, ReadsALineAsAHeaderAndAsOneOtherKind) {
   ExpectReadings(
       "",
       {{"{VP,3} (X2::Y2)", "{VP,3} | A::B [C] -> [D] | ((1,1),(2,2))"},
@@ -348,7 +347,7 @@ TEST(TrRuleReader, ReadsALineAsHeaderAndAsOneOtherKind) {
       "\n" + Whole);
 }
 
-TEST(TrRuleReader, ReadsATypeLineAsNoOtherKindButAHeader) {
+TEST(TrRuleReader, ReadsARuleLineOnlyAsAHeaderToo) {
   ExpectReadings(
       "",
       {{"(X2::Y2) = [C] -> [D]", "{,-1} | (X2::Y2) [C] -> [D] | ((1,1))"},
@@ -386,7 +385,7 @@ TEST(TrRuleReader, KeepsNulAndBytesOver127) {
                  "");
 }
 
-TEST(TrRuleReader, HandsConstraintsToTheStoreWhateverItSays) {
+TEST(TrRuleReader, IgnoresErrorsInConstraints) {
   ExpectReadings(
       "",
       {{"((x1 num) = sg)\n((x1 num) = pl)", WholeBrief + " | ((X1 NUM) = (*OR* SG PL))", "",
@@ -399,7 +398,7 @@ TEST(TrRuleReader, HandsConstraintsToTheStoreWhateverItSays) {
 
 // ---- Header -----------------------------------------------------------------------------------
 
-TEST(TrRuleReader, CutsTheTypeAndTheNumberOfAHeader) {
+TEST(TrRuleReader, TruncatesTheTypeAndTheNumberOfAHeader) {
   struct HeaderCase {
     std::string Line;
     std::string Header;
@@ -429,7 +428,7 @@ TEST(TrRuleReader, CutsTheTypeAndTheNumberOfAHeader) {
       {"{NP,8} junk", "{NP,8}"},
       {"{NP,{9}", "{NP,9}"},
       {",{NP,,8}", "{NP,8}"},
-      // What cannot be read leaves type and number as they were.
+      // An unreadable header leaves type and number unchanged.
       {"{", Unchanged},
       {"{NP", Unchanged},
       {"{NP}", Unchanged},
@@ -447,12 +446,12 @@ TEST(TrRuleReader, CutsTheTypeAndTheNumberOfAHeader) {
       {"NP,{8}", Unchanged},
       {"NP,8}", Unchanged},
   };
-  for (const HeaderCase& Each : vCases) {
-    ExpectReadings("{QQ,7}\n", {{Each.Line, Each.Header + WholeBrief.substr(5)}}, "\n" + Whole);
+  for (const HeaderCase& Row : vCases) {
+    ExpectReadings("{QQ,7}\n", {{Row.Line, Row.Header + WholeBrief.substr(5)}}, "\n" + Whole);
   }
 }
 
-TEST(TrRuleReader, LetsALaterHeaderOverwriteAnEarlierOne) {
+TEST(TrRuleReader, OverwritesAnEarlierHeader) {
   ExpectReadings("",
                  {{"{NP,8}\n{VP,9}", "{VP,9} | A::B [C] -> [D] | ((1,1))"},
                   {"{NP,8}\n{,9}", "{,9} | A::B [C] -> [D] | ((1,1))"},
@@ -489,7 +488,7 @@ TEST(TrRuleReader, ReadsTypesAndSequences) {
                  "\n(X1::Y1)");
 }
 
-TEST(TrRuleReader, LetsALaterPartOfASideOverwriteAnEarlierOne) {
+TEST(TrRuleReader, OverwritesAnEarlierPartOfTheSameSide) {
   ExpectReadings("",
                  {{"A::B [C] -> [D] -> [E]", "{,-1} | A::B [C] -> [E] | ((1,1))"},
                   {"A::B [C] -> F::G [D] -> [E]", "{,-1} | F::G [D] -> [E] | ((1,1))"},
@@ -498,14 +497,14 @@ TEST(TrRuleReader, LetsALaterPartOfASideOverwriteAnEarlierOne) {
                  "\n(X1::Y1)");
 }
 
-TEST(TrRuleReader, TakesPartsWithoutTypesForTheTargetSide) {
+TEST(TrRuleReader, ReadsPartsWithoutTypesAsTheTargetSide) {
   ExpectReadings("",
                  {{"[A B] -> [B A]", "{,-1} | :: [] -> [B A] | ((1,1))"},
                   {"[A] -> [B] -> C::D [E]", "{,-1} | C::D [E] -> [B] | ((1,1))"}},
                  "\n(X1::Y1)");
 }
 
-TEST(TrRuleReader, RefusesTypesThatAreNotTwo) {
+TEST(TrRuleReader, RejectsAnyNumberOfTypesButTwo) {
   std::vector<Case> vCases;
   for (const char* Line :
        {"NP:: NP [A] -> [B]", "::NP [A] -> [B]", ":: [A] -> [B]", "A::B::C [A] -> [B]",
@@ -517,7 +516,7 @@ TEST(TrRuleReader, RefusesTypesThatAreNotTwo) {
   ExpectReadings("", vCases, "\n(X1::Y1)");
 }
 
-TEST(TrRuleReader, RefusesASourceSideWithoutSequence) {
+TEST(TrRuleReader, RejectsASourceSideWithoutASequence) {
   std::vector<Case> vCases;
   for (const char* Line : {"A::B C] -> [D]", "A::B ] -> [D]", "A::B [C -> [D] -> [E]",
                            "A::B [ -> [D] -> [E]", "A::B -> [D] -> [E]", "A::B ] [ -> [D] -> [E]",
@@ -528,7 +527,7 @@ TEST(TrRuleReader, RefusesASourceSideWithoutSequence) {
   ExpectReadings("", vCases, "\n(X1::Y1)");
 }
 
-TEST(TrRuleReader, RefusesATargetSideWithoutSequence) {
+TEST(TrRuleReader, RejectsATargetSideWithoutASequence) {
   std::vector<Case> vCases;
   for (const char* Line : {"A::B [C] -> [D", "A::B [C] -> [", "A::B [C] -> D] -> [E]",
                            "A::B [C] -> ][ -> [D] -> [E]", "A::B [C] -> ] [D -> [D] -> [E]"}) {
@@ -541,35 +540,35 @@ TEST(TrRuleReader, RefusesATargetSideWithoutSequence) {
 
 // ---- Alignments -------------------------------------------------------------------------------
 
-TEST(TrRuleReader, RefusesAlignmentsThatCannotBeAdded) {
+TEST(TrRuleReader, RejectsInvalidAlignments) {
   const std::string BadX = "ERROR in TrRule::AddAlignment: x information missing or incorrect.\n";
   const std::string BadY = "ERROR in TrRule::AddAlignment, y information missing or incorrect.\n";
   struct AlignmentCase {
     const char* Line;
     std::string Out;
   };
-  for (const AlignmentCase& Each : std::vector<AlignmentCase>{{"::", ""},
-                                                              {"X1::Y1", ""},
-                                                              {"(X1::Y1", ""},
-                                                              {"X1::Y1)", ""},
-                                                              {")X1::Y1(", ""},
-                                                              {"(X1::)", BadY},
-                                                              {"(::Y1)", BadX},
-                                                              {"(X1::Y1::Y2)", ""},
-                                                              {"(1::Y1)", BadX},
-                                                              {"(X::Y1)", BadX},
-                                                              {"(Y1::X1)", BadX},
-                                                              {"(X1::Z1)", BadY},
-                                                              {"(X1::Y)", BadY},
-                                                              {"\xFF::\x80", ""}}) {
+  for (const AlignmentCase& Row : std::vector<AlignmentCase>{{"::", ""},
+                                                             {"X1::Y1", ""},
+                                                             {"(X1::Y1", ""},
+                                                             {"X1::Y1)", ""},
+                                                             {")X1::Y1(", ""},
+                                                             {"(X1::)", BadY},
+                                                             {"(::Y1)", BadX},
+                                                             {"(X1::Y1::Y2)", ""},
+                                                             {"(1::Y1)", BadX},
+                                                             {"(X::Y1)", BadX},
+                                                             {"(Y1::X1)", BadX},
+                                                             {"(X1::Z1)", BadY},
+                                                             {"(X1::Y)", BadY},
+                                                             {"\xFF::\x80", ""}}) {
     ExpectReadings(
         "{NP,8}\n" + Whole,
-        {{Each.Line, "{NP,8} | A::B [C] -> [D] | ((1,1))", BadAlignment(Each.Line), Each.Out}},
+        {{Row.Line, "{NP,8} | A::B [C] -> [D] | ((1,1))", BadAlignment(Row.Line), Row.Out}},
         "\n(X2::Y2)\n{VP,9}\n(x0 = x3)");
   }
 }
 
-TEST(TrRuleReader, BringsAlignmentsIntoOrder) {
+TEST(TrRuleReader, OrdersAlignments) {
   ExpectReadings(
       "A::B [C] -> [D]\n",
       {{"(X3::Y2)\n(x1::y1)\n(X2::Y3)\n(X1::Y1)", "{,-1} | A::B [C] -> [D] | ((1,1),(2,3),(3,2))"}},
@@ -596,13 +595,13 @@ TEST(TrRuleReader, ReadsAHundredThousandBytesAfterTheFirstLine) {
        {Start + std::string(100000, '.') + "\n" + Lines, "{,-1} | A::B [C] -> [D] | ", Missing},
        {First + "\n" + Whole, WholeBrief},
        {";;" + First + "\n" + Whole, ";;" + First + " | " + WholeBrief},
-       // An empty line is a first line, too.
+       // An empty line counts as the first line, too.
        {"\n" + Start + Lines + std::string(100000, '.') + Last, WholeBrief},
        {First, "{,-1} | :: [] -> [] | ", Missing}},
       "");
 }
 
-TEST(TrRuleReader, ReadsALineUnderTheCutInPart) {
+TEST(TrRuleReader, ReadsALineAtTheLimitInPart) {
   const std::string Start = "A::B [C] -> [D]\n";
   const auto WithLastLine = [&](const std::string& Kept, const std::string& Lost) {
     const std::string Lines = "(X1::Y1)\n";
@@ -622,7 +621,7 @@ TEST(TrRuleReader, ReadsALineUnderTheCutInPart) {
                   {WithLastLine("((y1 num) ", "= sg)"), WholeBrief},
                   {WithLastLine("(x0 = x3", ")"), WholeBrief + " | (X0 = )"}},
                  "");
-  // The last one refers to nothing now, which nobody notices before the rule is written.
+  // The last constraint now refers to nothing, which is only noticed when the rule is written.
   TrRule Rule;
   ASSERT_TRUE(Read(Rule, WithLastLine("(x0 = x3", ")")).Result);
   EXPECT_EQ(RunInChild([&] { Rule.ReturnAsStringForPrint(); }),
@@ -645,7 +644,7 @@ TEST(TrRuleReader, ReadsAHundredThousandBytesAfterACutInsideALine) {
 
 // ---- Filled rules -----------------------------------------------------------------------------
 
-TEST(TrRuleReader, AddsToWhatTheRuleHolds) {
+TEST(TrRuleReader, AddsToTheContentsOfTheRule) {
   TrRule Rule;
   EXPECT_TRUE(Read(Rule,
                    ";; a\n{NP,8}\nNP::VP [DET N] -> [N DET]\n(X2::Y1)\n(x0 = x3)\n"
@@ -673,7 +672,7 @@ TEST(TrRuleReader, ReadsTheSampleTwiceIntoOneRule) {
   EXPECT_EQ(Printed(Rule), Comments + SamplePrinted);
 }
 
-TEST(TrRuleReader, LeavesTheOtherMembersAlone) {
+TEST(TrRuleReader, LeavesOtherMembersUnchanged) {
   TrRule Rule;
   Rule.SetSLWords("le chat");
   Rule.SetTLWords("the cat");
@@ -701,7 +700,7 @@ TEST(TrRuleReader, LeavesTheOtherMembersAlone) {
             "HeadIndex: 6\nXHeadIndex: 7\nYHeadIndex: 8\n");
 }
 
-TEST(TrRuleReader, UndoesNothingWhenItFails) {
+TEST(TrRuleReader, UndoesNothingOnFailure) {
   TrRule Rule;
   EXPECT_TRUE(Read(Rule, SampleText).Result);
   EXPECT_FALSE(Read(Rule, ";; d\n{VP,9}\n(X1::Y2)\n(x0 = x1)\nS::S [V] -> [V\n(X9::Y9)").Result);
@@ -715,7 +714,7 @@ TEST(TrRuleReader, UndoesNothingWhenItFails) {
 
 // ---- Traces -----------------------------------------------------------------------------------
 
-TEST(TrRuleReader, TracesAtLevelOneAndOrdersAlignmentsAtLevelFour) {
+TEST(TrRuleReader, TracesAtLevelOneAndTheOrderOfAlignmentsAtLevelFour) {
   const std::string Text = ";; c\n{NP,8}\nA::B : [C] -> [D E]\n(x1::y1);\n(x0 = x3)\n";
   const std::string Print = ";; c\n{NP,8}\nA::B [C] -> [D E]\n(\n(X1::Y1)\n(X0 = X3)\n)\n";
   const Strings vsOutAtLevel{"",
@@ -768,19 +767,19 @@ TEST(TrRuleReader, TracesUpToTheErrorAtLevelOneAndReportsItAtEveryLevel) {
       {"A::B [C] -> [D", "", BadTL, Part + "A::B [C]\n" + Types + SLMaps + Part + "[D\n"},
       {"a::b)", "", BadAlignment("a::b)"), "In TrRule::AddAlignment, string is:|A::B)|\n"},
       {"(x0 = x3)", "", Missing, ""}};
-  for (const Case& Each : vCases) {
+  for (const Case& Row : vCases) {
     for (const int Level : {0, 1, 2, 3, 4}) {
-      SCOPED_TRACE(Each.Text + " at level " + std::to_string(Level));
+      SCOPED_TRACE(Row.Text + " at level " + std::to_string(Level));
       TrRule Rule;
       const DebugLevel Set(Level);
-      const Reading Result = Read(Rule, Each.Text);
+      const Reading Result = Read(Rule, Row.Text);
       EXPECT_FALSE(Result.Result);
-      EXPECT_EQ(Result.Streams, (Written{Level == 1 ? Each.Out : "", Each.Err}));
+      EXPECT_EQ(Result.Streams, (Written{Level == 1 ? Row.Out : "", Row.Err}));
     }
   }
 }
 
-TEST(TrRuleReader, EndsTheProcessOnlyWhereItsTraceCannotPrintTheRule) {
+TEST(TrRuleReader, EndsTheProcessOnlyWhenItsTraceCannotPrintTheRule) {
   const std::string Text =
       "{NP,8}\n[C] -> [D]\n(X1::Y1)\n((x1 num) = (x2 num))\n((x2 num) = (x1 num))\n";
   TrRule Rule;

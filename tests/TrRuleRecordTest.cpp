@@ -1,6 +1,5 @@
-// Pins the record itself: its members and what they hold at first, what each setter stores and
-// prints, how words and labels are cut out of a text, when the word-to-component maps are renewed,
-// and what a copy takes along.
+// The record: its members and their initial values, what each setter stores and prints, splitting a
+// text into words and labels, rebuilding the word-to-component maps, and the contents of a copy.
 
 #include "TrRule.h"
 #include "support/ChildProcess.h"
@@ -36,8 +35,8 @@ constexpr int AllLevels[] = {0, 1, 2, 3, 4, 5, -1};
 
 const Written Nothing;
 
-/// Bytes that no operation may interpret: NUL, those that are white space and letters in other
-/// character sets, and the last one.
+/// Bytes that no operation may interpret: NUL, white space and letters of other character sets, and
+/// the last byte.
 const std::string OddBytes = "\0\x80\x85\xA0\xC4\xE4\xFF"s;
 
 // ---- Access to the members ----------------------------------------------------------------------
@@ -76,7 +75,7 @@ template struct PrivateMembers<
 
 // ---- Rules and changes to them ------------------------------------------------------------------
 
-/// Puts something of its own into every member. Its alignments are in order both ways round.
+/// Sets every member to a different value. The alignments are in order in both directions.
 void Fill(TrRule& Rule) {
   Rule.SetSLPOSFromParse("will stand on the target side");
   Rule.FlipRuleNoConstraints();
@@ -102,7 +101,7 @@ void Fill(TrRule& Rule) {
                       {"A"}, {"B"});
 }
 
-/// What `Dump` shows of a rule behind its printed form.
+/// The part of `Dump` after the printed form.
 std::string Members(TrRule& Rule) {
   const std::string Text = Dump(Rule);
   return Text.substr(Text.find("SLWords: "));
@@ -173,7 +172,7 @@ const std::vector<Change>& AllChanges() {
   return vChanges;
 }
 
-// ---- Setters that are put to the same tests -----------------------------------------------------
+// ---- Setters with common tests -----------------------------------------------------------------
 
 using SetList = void (TrRule::*)(Strings);
 using SetText = void (TrRule::*)(std::string);
@@ -259,21 +258,21 @@ std::pair<IntMaps, IntMaps> AllMaps(const TrRule& Rule) {
 
 // ---- Locales ------------------------------------------------------------------------------------
 
-/// Numbers with a point between thousands, as many languages write them.
+/// Numbers with a point as the thousands separator.
 class GroupedNumbers : public std::numpunct<char> {
  protected:
   char do_thousands_sep() const override { return '.'; }
   std::string do_grouping() const override { return "\3"; }
 };
 
-/// Letters as Latin-1 has them: 0xE4 is the small letter of 0xC4.
+/// Letters as in Latin-1: 0xE4 is the small letter of 0xC4.
 class LatinLetters : public std::ctype<char> {
  protected:
   char do_toupper(char Byte) const override { return Byte == '\xE4' ? '\xC4' : Byte; }
 };
 
-/// Sets the locale of the whole process and of std::cout for a scope; a C locale that the machine
-/// does not have leaves the C library as it is.
+/// Sets the locale of the whole process and of std::cout for a scope. A C locale that is missing on
+/// the machine does not change the C library.
 class LocaleGuard {
  public:
   explicit LocaleGuard(const char* CName)
@@ -303,7 +302,7 @@ class LocaleGuard {
 
 // ---- Members and construction -------------------------------------------------------------------
 
-TEST(TrRuleMembers, StandInOrderWithTheirNamesAndTypes) {
+TEST(TrRuleMembers, HaveTheirOrderNamesAndTypes) {
   const TrRule Rule;
   const std::vector<const char*> vAddresses = MemberAddresses(Rule);
   ASSERT_EQ(vAddresses.size(), 33U);
@@ -312,7 +311,7 @@ TEST(TrRuleMembers, StandInOrderWithTheirNamesAndTypes) {
   }
 }
 
-TEST(TrRuleMembers, AreEmptyOrMinusOneInANewRuleWithOneExample) {
+TEST(TrRuleMembers, HaveInitialValuesInANewRule) {
   TrRule Rule;
   EXPECT_EQ(Rule.GetNumConstraints(), 0);
   EXPECT_EQ(Dump(Rule),
@@ -327,14 +326,14 @@ TEST(TrRuleMembers, AreEmptyOrMinusOneInANewRuleWithOneExample) {
             "NumTrExamples: 1\nHeadIndex: -1\nXHeadIndex: -1\nYHeadIndex: -1\n");
 }
 
-TEST(TrRuleMembers, ConstructionAndDestructionPrintNothing) {
+TEST(TrRuleMembers, PrintNothingOnConstructionAndDestruction) {
   for (const int Level : AllLevels) {
     const DebugLevel Guard(Level);
     EXPECT_EQ(WrittenBy([] { const TrRule Rule; }), Nothing) << "level " << Level;
   }
 }
 
-TEST(TrRuleMembers, AssignmentTakesARuleByValueAndGivesNothing) {
+TEST(TrRuleMembers, AreAssignedByValueWithoutAResult) {
   static_assert(std::is_same_v<decltype(&TrRule::operator=), void (TrRule::*)(TrRule)>);
   TrRule Original;
   Fill(Original);
@@ -344,17 +343,17 @@ TEST(TrRuleMembers, AssignmentTakesARuleByValueAndGivesNothing) {
   EXPECT_EQ(Members(Assigned), Members(Original));
 }
 
-TEST(TrRuleMembers, EachIsChangedByItsOwnSettersAlone) {
-  for (const Change& Each : AllChanges()) {
+TEST(TrRuleMembers, ChangeOnlyByTheirSetters) {
+  for (const Change& Variant : AllChanges()) {
     TrRule Rule;
     Fill(Rule);
     const std::string Before = Members(Rule);
-    Each.Make(Rule);
-    EXPECT_EQ(Differences(Before, Members(Rule)), Each.Members);
+    Variant.Make(Rule);
+    EXPECT_EQ(Differences(Before, Members(Rule)), Variant.Members);
   }
 }
 
-TEST(TrRuleMembers, AreSetInSilenceButForThreeKindsOfTrace) {
+TEST(TrRuleMembers, ArePrintedOnlyByThreeKindsOfTrace) {
   const std::set<std::string> ssTracedAt1 = {"SLPOS SLWord2Comp",
                                              "SLWord2Comp WordLevelSLPOS",
                                              "SLPOSFromParse SLWord2Comp",
@@ -364,20 +363,20 @@ TEST(TrRuleMembers, AreSetInSilenceButForThreeKindsOfTrace) {
                                              "TLWord2Comp",
                                              "CStructure"};
   for (const int Level : AllLevels) {
-    for (const Change& Each : AllChanges()) {
+    for (const Change& Variant : AllChanges()) {
       TrRule Rule;
       Fill(Rule);
       const DebugLevel Guard(Level);
-      const Written Texts = WrittenBy([&] { Each.Make(Rule); });
-      const bool Traced = (Level == 1 && ssTracedAt1.count(Each.Members) > 0) ||
-                          (Level == 4 && Each.Members == "AlignmentString"s);
-      EXPECT_EQ(Texts.Out.empty(), !Traced) << "level " << Level << ", " << Each.Members;
+      const Written Texts = WrittenBy([&] { Variant.Make(Rule); });
+      const bool Traced = (Level == 1 && ssTracedAt1.count(Variant.Members) > 0) ||
+                          (Level == 4 && Variant.Members == "AlignmentString"s);
+      EXPECT_EQ(Texts.Out.empty(), !Traced) << "level " << Level << ", " << Variant.Members;
       EXPECT_EQ(Texts.Err, "");
     }
   }
 }
 
-TEST(TrRuleMembers, AreReadInSilenceAndAsCopies) {
+TEST(TrRuleMembers, AreReturnedAsCopiesWithoutOutput) {
   TrRule Filled;
   Fill(Filled);
   const std::string Before = Members(Filled);
@@ -385,16 +384,16 @@ TEST(TrRuleMembers, AreReadInSilenceAndAsCopies) {
     const DebugLevel Guard(Level);
     const TrRule& Rule = Filled;
     const Written Texts = WrittenBy([&Rule] {
-      for (const Labels& Each : AllLabels) {
-        (Rule.*Each.Get)().clear();
+      for (const Labels& Sequence : AllLabels) {
+        (Rule.*Sequence.Get)().clear();
       }
-      for (const Side* Each : BothSides) {
-        (Rule.*Each->GetWords)().clear();
-        (Rule.*Each->GetString)().clear();
-        (Rule.*Each->GetMap)().clear();
+      for (const Side* OneSide : BothSides) {
+        (Rule.*OneSide->GetWords)().clear();
+        (Rule.*OneSide->GetString)().clear();
+        (Rule.*OneSide->GetMap)().clear();
       }
-      for (const TextMember& Each : AllTexts) {
-        (Rule.*Each.Get)().clear();
+      for (const TextMember& Member : AllTexts) {
+        (Rule.*Member.Get)().clear();
       }
       Rule.GetTLPOSFromParseAfterFlipping().clear();
       Rule.GetAlignmentStr().clear();
@@ -408,7 +407,7 @@ TEST(TrRuleMembers, AreReadInSilenceAndAsCopies) {
 
 // ---- Words --------------------------------------------------------------------------------------
 
-TEST(TrRuleWords, AreCutAtSingleBlanksAndKeepPiecesThatTrimmingEmpties) {
+TEST(TrRuleWords, AreSplitAtSingleBlanksAndKeepEmptiedPieces) {
   struct Case {
     std::string Text;
     Strings Words;
@@ -432,19 +431,19 @@ TEST(TrRuleWords, AreCutAtSingleBlanksAndKeepPiecesThatTrimmingEmpties) {
       {"o'k \"q\"", {"O'K", "\"Q\""}, "O'K \"Q\""},
       {"a" + OddBytes + " b", {"A" + OddBytes, "B"}, "A" + OddBytes + " B"},
   };
-  for (const Side* Each : BothSides) {
+  for (const Side* OneSide : BothSides) {
     for (const auto& [Text, vsWords, Joined] : Cases) {
-      SCOPED_TRACE(Each->Map + ": "s + Text);
+      SCOPED_TRACE(OneSide->Map + ": "s + Text);
       TrRule Rule;
-      (Rule.*Each->SetWords)("held before");
-      (Rule.*Each->SetWords)(Text);
-      EXPECT_EQ((Rule.*Each->GetWords)(), vsWords);
-      EXPECT_EQ((Rule.*Each->GetString)(), Joined);
+      (Rule.*OneSide->SetWords)("held before");
+      (Rule.*OneSide->SetWords)(Text);
+      EXPECT_EQ((Rule.*OneSide->GetWords)(), vsWords);
+      EXPECT_EQ((Rule.*OneSide->GetString)(), Joined);
     }
   }
 }
 
-TEST(TrRuleWords, OfTheSourceSideAreTakenFromAListAsTheyAreInCapitals) {
+TEST(TrRuleWords, AreCapitalisedFromAListOnTheSourceSide) {
   TrRule Rule;
   Rule.SetSLWords("held before");
   Rule.SetSLWords(Strings{"o'k", " a b\t", "", "\"q\"", "z" + OddBytes});
@@ -455,7 +454,7 @@ TEST(TrRuleWords, OfTheSourceSideAreTakenFromAListAsTheyAreInCapitals) {
   EXPECT_EQ(Rule.GetSLString(), "");
 }
 
-TEST(TrRuleWords, OfTheTargetSideGetBackslashesFromAListOnly) {
+TEST(TrRuleWords, GetBackslashesOnlyFromAListOnTheTargetSide) {
   struct Case {
     std::string Word;
     std::string Stored;
@@ -488,17 +487,17 @@ TEST(TrRuleWords, OfTheTargetSideGetBackslashesFromAListOnly) {
   EXPECT_EQ(Rule.GetTLString(), "");
 }
 
-TEST(TrRuleWords, DoNotRenewTheMapByThemselves) {
-  for (const Side* Each : BothSides) {
+TEST(TrRuleWords, DoNotRebuildTheMap) {
+  for (const Side* OneSide : BothSides) {
     TrRule Rule;
-    (Rule.*Each->SetMap)({{5, 6}});
-    (Rule.*Each->SetWords)("a b");
-    (Rule.*Each->SetWordList)({"a", "b", "c"});
-    EXPECT_EQ((Rule.*Each->GetMap)(), (IntMap{{5, 6}}));
+    (Rule.*OneSide->SetMap)({{5, 6}});
+    (Rule.*OneSide->SetWords)("a b");
+    (Rule.*OneSide->SetWordList)({"a", "b", "c"});
+    EXPECT_EQ((Rule.*OneSide->GetMap)(), (IntMap{{5, 6}}));
   }
 }
 
-TEST(TrRuleWords, AndLabelsTakeALiteralForAText) {
+TEST(TrRuleWords, AcceptALiteralAsATextLikeLabels) {
   TrRule Rule;
   Rule.SetSLWords("a b");
   Rule.SetTLWords("o'k q");
@@ -519,7 +518,7 @@ TEST(TrRuleWords, AndLabelsTakeALiteralForAText) {
 
 // ---- Label sequences ----------------------------------------------------------------------------
 
-TEST(TrRuleLabels, AreCutAtBlanksWithoutEmptyOnes) {
+TEST(TrRuleLabels, AreSplitAtBlanksWithoutEmptyOnes) {
   struct Case {
     std::string Text;
     Strings Labels;
@@ -537,13 +536,13 @@ TEST(TrRuleLabels, AreCutAtBlanksWithoutEmptyOnes) {
       {"\"the\" 'n'", {"\"THE\"", "'N'"}},
       {"z" + OddBytes + " n", {"Z" + OddBytes, "N"}},
   };
-  for (const Labels& Each : AllLabels) {
+  for (const Labels& Sequence : AllLabels) {
     for (const auto& [Text, vsLabels] : Cases) {
-      SCOPED_TRACE(Each.Setter + ": "s + Text);
+      SCOPED_TRACE(Sequence.Setter + ": "s + Text);
       TrRule Rule;
-      (Rule.*Each.FromText)("held before");
-      (Rule.*Each.FromText)(Text);
-      EXPECT_EQ((Rule.*Each.Get)(), vsLabels);
+      (Rule.*Sequence.FromText)("held before");
+      (Rule.*Sequence.FromText)(Text);
+      EXPECT_EQ((Rule.*Sequence.Get)(), vsLabels);
     }
   }
 }
@@ -554,64 +553,64 @@ TEST(TrRuleLabels, AreReadFromEveryPrefixOfAText) {
                               "DET",     "DET",     "DET A",     "DET AD",   "DET ADJ",
                               "DET ADJ", "DET ADJ", "DET ADJ N", "DET ADJ N"};
   ASSERT_EQ(vsExpected.size(), Text.size() + 1);
-  for (const Labels& Each : AllLabels) {
+  for (const Labels& Sequence : AllLabels) {
     for (std::size_t Size = 0; Size <= Text.size(); ++Size) {
       TrRule Rule;
-      (Rule.*Each.FromText)(Text.substr(0, Size));
-      EXPECT_EQ((Rule.*Each.Get)(), Tokenizer()(vsExpected[Size], " "))
-          << Each.Setter << " with " << Size << " bytes";
+      (Rule.*Sequence.FromText)(Text.substr(0, Size));
+      EXPECT_EQ((Rule.*Sequence.Get)(), Tokenizer()(vsExpected[Size], " "))
+          << Sequence.Setter << " with " << Size << " bytes";
     }
   }
 }
 
-TEST(TrRuleLabels, AreTakenFromAListAsTheyAreInCapitals) {
-  for (const Labels& Each : AllLabels) {
+TEST(TrRuleLabels, AreCapitalisedFromAList) {
+  for (const Labels& Sequence : AllLabels) {
     TrRule Rule;
-    (Rule.*Each.FromText)("held before");
-    (Rule.*Each.FromList)({"det", "", " a\tb ", "\"o'k\"", "z" + OddBytes});
-    EXPECT_EQ((Rule.*Each.Get)(), (Strings{"DET", "", " A\tB ", "\"O'K\"", "Z" + OddBytes}))
-        << Each.Setter;
-    (Rule.*Each.FromList)({});
-    EXPECT_EQ((Rule.*Each.Get)(), Strings()) << Each.Setter;
+    (Rule.*Sequence.FromText)("held before");
+    (Rule.*Sequence.FromList)({"det", "", " a\tb ", "\"o'k\"", "z" + OddBytes});
+    EXPECT_EQ((Rule.*Sequence.Get)(), (Strings{"DET", "", " A\tB ", "\"O'K\"", "Z" + OddBytes}))
+        << Sequence.Setter;
+    (Rule.*Sequence.FromList)({});
+    EXPECT_EQ((Rule.*Sequence.Get)(), Strings()) << Sequence.Setter;
   }
 }
 
-TEST(TrRuleLabels, ShowTheMapTwiceAtLevelOne) {
+TEST(TrRuleLabels, TraceTheMapTwiceAtLevelOne) {
   for (const int Level : AllLevels) {
-    for (const Labels& Each : AllLabels) {
-      SCOPED_TRACE(Each.Setter + " at level "s + std::to_string(Level));
+    for (const Labels& Sequence : AllLabels) {
+      SCOPED_TRACE(Sequence.Setter + " at level "s + std::to_string(Level));
       TrRule Rule;
-      (Rule.*Each.Words->SetWords)("a b");
-      (Rule.*Each.Words->SetPOS)("x y");
-      const std::string Header = "Now printing inited "s + Each.Words->Map + " map";
+      (Rule.*Sequence.Words->SetWords)("a b");
+      (Rule.*Sequence.Words->SetPOS)("x y");
+      const std::string Header = "Now printing inited "s + Sequence.Words->Map + " map";
       const std::string Entries = "-3--1000\n0--0\n1--7\n";
       const std::string Trace =
-          Header + ".\n" + Entries + Header + " (from " + Each.Setter + ").\n" + Entries;
+          Header + ".\n" + Entries + Header + " (from " + Sequence.Setter + ").\n" + Entries;
       const Written Expected = {Level == 1 ? Trace : "", ""};
       const DebugLevel Guard(Level);
-      (Rule.*Each.Words->SetMap)({{1, 7}, {-3, 1000}});
-      EXPECT_EQ(WrittenBy([&] { (Rule.*Each.FromText)("x y"); }), Expected);
-      (Rule.*Each.Words->SetMap)({{1, 7}, {-3, 1000}});
-      EXPECT_EQ(WrittenBy([&] { (Rule.*Each.FromList)({"x", "y"}); }), Expected);
+      (Rule.*Sequence.Words->SetMap)({{1, 7}, {-3, 1000}});
+      EXPECT_EQ(WrittenBy([&] { (Rule.*Sequence.FromText)("x y"); }), Expected);
+      (Rule.*Sequence.Words->SetMap)({{1, 7}, {-3, 1000}});
+      EXPECT_EQ(WrittenBy([&] { (Rule.*Sequence.FromList)({"x", "y"}); }), Expected);
     }
   }
 }
 
-TEST(TrRuleLabels, ShowTheHeadersAloneWhereTheMapIsEmpty) {
+TEST(TrRuleLabels, TraceOnlyTheHeadersOfAnEmptyMap) {
   const DebugLevel Guard(1);
-  for (const Labels& Each : AllLabels) {
+  for (const Labels& Sequence : AllLabels) {
     TrRule Rule;
-    const std::string Header = "Now printing inited "s + Each.Words->Map + " map";
-    EXPECT_EQ(WrittenBy([&] { (Rule.*Each.FromText)(""); }),
-              (Written{Header + ".\n" + Header + " (from " + Each.Setter + ").\n", ""}));
+    const std::string Header = "Now printing inited "s + Sequence.Words->Map + " map";
+    EXPECT_EQ(WrittenBy([&] { (Rule.*Sequence.FromText)(""); }),
+              (Written{Header + ".\n" + Header + " (from " + Sequence.Setter + ").\n", ""}));
   }
 }
 
-TEST(TrRuleLabels, RenewTheMapByTheComponentsOfTheirOwnSide) {
+TEST(TrRuleLabels, RebuildTheMapFromTheComponentsOfTheirSide) {
   const IntMap Identity = {{0, 0}, {1, 1}, {2, 2}};
-  for (const Labels& Each : AllLabels) {
-    SCOPED_TRACE(Each.Setter);
-    const bool IsComponents = Each.FromText == Each.Words->SetPOS;
+  for (const Labels& Sequence : AllLabels) {
+    SCOPED_TRACE(Sequence.Setter);
+    const bool IsComponents = Sequence.FromText == Sequence.Words->SetPOS;
     for (const bool FromText : {true, false}) {
       TrRule Rule;
       for (const Side* Words : BothSides) {
@@ -620,22 +619,22 @@ TEST(TrRuleLabels, RenewTheMapByTheComponentsOfTheirOwnSide) {
         (Rule.*Words->SetMap)({});
       }
       const auto Set = [&](const Strings& vsLabels) {
-        FromText ? (Rule.*Each.FromText)(vsLabels.empty() ? "" : "x y z")
-                 : (Rule.*Each.FromList)(vsLabels);
+        FromText ? (Rule.*Sequence.FromText)(vsLabels.empty() ? "" : "x y z")
+                 : (Rule.*Sequence.FromList)(vsLabels);
       };
       Set({"x", "y", "z"});
-      EXPECT_EQ((Rule.*Each.Words->GetMap)(), Identity);
-      const Side& Other = Each.Words == &SourceSide ? TargetSide : SourceSide;
+      EXPECT_EQ((Rule.*Sequence.Words->GetMap)(), Identity);
+      const Side& Other = Sequence.Words == &SourceSide ? TargetSide : SourceSide;
       EXPECT_EQ((Rule.*Other.GetMap)(), IntMap());
       Set({});
-      EXPECT_EQ((Rule.*Each.Words->GetMap)(), IsComponents ? IntMap() : Identity);
+      EXPECT_EQ((Rule.*Sequence.Words->GetMap)(), IsComponents ? IntMap() : Identity);
     }
   }
 }
 
 // ---- Word-to-component maps ---------------------------------------------------------------------
 
-TEST(TrRuleMaps, AreRenewedToTheIdentityWhereEachWordIsAComponent) {
+TEST(TrRuleMaps, AreTheIdentityWhenEachWordIsAComponent) {
   struct Case {
     const char* Words;
     const char* Components;
@@ -659,53 +658,54 @@ TEST(TrRuleMaps, AreRenewedToTheIdentityWhereEachWordIsAComponent) {
        {{-2, -5}, {0, 0}, {1, 0}, {7, 0}},
        "-2---5\n0--0\n1--0\n7--0\n"},
   };
-  for (const Side* Each : BothSides) {
+  for (const Side* OneSide : BothSides) {
     for (const auto& [Words, Components, Before, After, Entries] : Cases) {
       for (const int Level : AllLevels) {
-        SCOPED_TRACE(Each->Map + ": "s + Words + " / " + Components + " at level " +
+        SCOPED_TRACE(OneSide->Map + ": "s + Words + " / " + Components + " at level " +
                      std::to_string(Level));
         TrRule Rule;
-        (Rule.*Each->SetWords)(Words);
-        (Rule.*Each->SetPOS)(Components);
-        (Rule.*Each->SetMap)(Before);
+        (Rule.*OneSide->SetWords)(Words);
+        (Rule.*OneSide->SetPOS)(Components);
+        (Rule.*OneSide->SetMap)(Before);
         const DebugLevel Guard(Level);
-        const std::string Trace = "Now printing inited "s + Each->Map + " map.\n" + Entries;
-        EXPECT_EQ(WrittenBy([&] { (Rule.*Each->Init)(); }), (Written{Level == 1 ? Trace : "", ""}));
-        EXPECT_EQ((Rule.*Each->GetMap)(), After);
+        const std::string Trace = "Now printing inited "s + OneSide->Map + " map.\n" + Entries;
+        EXPECT_EQ(WrittenBy([&] { (Rule.*OneSide->Init)(); }),
+                  (Written{Level == 1 ? Trace : "", ""}));
+        EXPECT_EQ((Rule.*OneSide->GetMap)(), After);
       }
     }
   }
 }
 
 TEST(TrRuleMaps, KeepTheirEntriesWhenMatchingLabelsAreSet) {
-  for (const Side* Each : BothSides) {
+  for (const Side* OneSide : BothSides) {
     TrRule Rule;
-    (Rule.*Each->SetWords)("a b c");
-    (Rule.*Each->SetMap)({{0, 1}});
-    (Rule.*Each->SetPOS)("x y z");
-    EXPECT_EQ((Rule.*Each->GetMap)(), (IntMap{{0, 1}, {1, 1}, {2, 2}}));
-    (Rule.*Each->SetPOS)("x y");
-    EXPECT_EQ((Rule.*Each->GetMap)(), IntMap());
+    (Rule.*OneSide->SetWords)("a b c");
+    (Rule.*OneSide->SetMap)({{0, 1}});
+    (Rule.*OneSide->SetPOS)("x y z");
+    EXPECT_EQ((Rule.*OneSide->GetMap)(), (IntMap{{0, 1}, {1, 1}, {2, 2}}));
+    (Rule.*OneSide->SetPOS)("x y");
+    EXPECT_EQ((Rule.*OneSide->GetMap)(), IntMap());
   }
 }
 
-TEST(TrRuleMaps, StayAsTheyAreWhenNoWordsMeetNoLabels) {
-  for (const Side* Each : BothSides) {
+TEST(TrRuleMaps, StayUnchangedWithoutWordsAndLabels) {
+  for (const Side* OneSide : BothSides) {
     TrRule Rule;
-    (Rule.*Each->SetMap)({{3, 4}});
-    (Rule.*Each->SetPOS)("");
-    EXPECT_EQ((Rule.*Each->GetMap)(), (IntMap{{3, 4}}));
+    (Rule.*OneSide->SetMap)({{3, 4}});
+    (Rule.*OneSide->SetPOS)("");
+    EXPECT_EQ((Rule.*OneSide->GetMap)(), (IntMap{{3, 4}}));
   }
 }
 
-TEST(TrRuleMaps, AreEmptyInARuleThatHasBeenRead) {
+TEST(TrRuleMaps, AreEmptyInAReadRule) {
   TrRule Rule;
   ASSERT_TRUE(Rule.SetTrRuleFromString(SampleText));
   EXPECT_EQ(Rule.GetSLWord2Comp(), IntMap());
   EXPECT_EQ(Rule.GetTLWord2Comp(), IntMap());
 }
 
-TEST(TrRuleMaps, AreAlsoThoseOfTheFirstAlternative) {
+TEST(TrRuleMaps, AreSharedWithTheFirstAlternative) {
   TrRule Rule;
   Rule.SetSLWord2Comp({{0, 1}});
   EXPECT_EQ(AllMaps(Rule), std::pair(IntMaps{{{0, 1}}}, IntMaps{}));
@@ -722,22 +722,22 @@ TEST(TrRuleMaps, AreAlsoThoseOfTheFirstAlternative) {
 // ---- Plain members ------------------------------------------------------------------------------
 
 TEST(TrRulePlainMembers, KeepAnyText) {
-  for (const TextMember& Each : AllTexts) {
+  for (const TextMember& Member : AllTexts) {
     TrRule Rule;
     for (const std::string& Text :
          {"np"s, " a\t'b' \"c\"\r\n"s, OddBytes, "((2,1),(1,2))"s, "1,1"s, ""s}) {
-      (Rule.*Each.Set)(Text);
-      EXPECT_EQ((Rule.*Each.Get)(), Text) << Each.Name;
+      (Rule.*Member.Set)(Text);
+      EXPECT_EQ((Rule.*Member.Get)(), Text) << Member.Name;
     }
   }
 }
 
 TEST(TrRulePlainMembers, KeepAnyNumber) {
-  for (const NumberMember& Each : AllNumbers) {
+  for (const NumberMember& Member : AllNumbers) {
     TrRule Rule;
     for (const int Number : {0, 8, -1, -17, INT_MAX, INT_MIN}) {
-      (Rule.*Each.Set)(Number);
-      EXPECT_EQ((Rule.*Each.Get)(), Number) << Each.Name;
+      (Rule.*Member.Set)(Number);
+      EXPECT_EQ((Rule.*Member.Get)(), Number) << Member.Name;
     }
   }
 }
@@ -788,7 +788,7 @@ TEST(TrRulePlainMembers, TraceTheNewStructureAtLevelOne) {
   }
 }
 
-TEST(TrRulePlainMembers, OfAlignmentsAreOrderedOnTheComponentLevelAlone) {
+TEST(TrRulePlainMembers, OrderOnlyTheComponentAlignments) {
   TrRule Rule;
   Rule.SetAlignment("((2,1),(1,1))");
   Rule.SetsWordLevelAl("((2,1),(1,1))");
@@ -802,7 +802,7 @@ TEST(TrRuleCopy, HasAllButTheCommentsAndTheHeaderType) {
   TrRule Original;
   Fill(Original);
   TrRule New;
-  // Every member but Comments and POS, which the printed form shows.
+  // Every member except Comments and POS, which the printed form shows.
   EXPECT_EQ(Differences(Members(New), Members(Original)),
             "AlignmentString CSet CStructure Constraint HeadIndex NumTrExamples RuleIndex SLPOS "
             "SLPOSFromParse SLType SLWord2Comp SLWords TLPOS TLPOSFromParse TLType TLWord2Comp "
@@ -820,7 +820,7 @@ TEST(TrRuleCopy, HasAllButTheCommentsAndTheHeaderType) {
                                                        "{NP,8}\n"));
 }
 
-TEST(TrRuleCopy, OfARuleThatWasReadPrintsNoCommentsAndAnEmptyHeaderType) {
+TEST(TrRuleCopy, PrintsNoCommentsAndAnEmptyHeaderTypeForAReadRule) {
   TrRule Original;
   ASSERT_TRUE(Original.SetTrRuleFromString(SampleText));
   ASSERT_EQ(Printed(Original), SamplePrinted);
@@ -829,16 +829,16 @@ TEST(TrRuleCopy, OfARuleThatWasReadPrintsNoCommentsAndAnEmptyHeaderType) {
   EXPECT_EQ(Printed(Original), SamplePrinted);
 }
 
-TEST(TrRuleCopy, FollowsTheOriginalInEveryMember) {
+TEST(TrRuleCopy, HasEveryOtherMemberOfTheOriginal) {
   TrRule Unchanged;
   Fill(Unchanged);
-  for (const Change& Each : AllChanges()) {
+  for (const Change& Variant : AllChanges()) {
     TrRule Original;
     Fill(Original);
-    Each.Make(Original);
+    Variant.Make(Original);
     TrRule Copy(Original);
-    ASSERT_NE(Members(Original), Members(Unchanged)) << Each.Members;
-    EXPECT_EQ(Members(Copy), Members(Original)) << Each.Members;
+    ASSERT_NE(Members(Original), Members(Unchanged)) << Variant.Members;
+    EXPECT_EQ(Members(Copy), Members(Original)) << Variant.Members;
   }
 }
 
@@ -846,15 +846,15 @@ TEST(TrRuleCopy, SharesNothingWithTheOriginal) {
   TrRule Original;
   Fill(Original);
   const std::string Before = Members(Original);
-  for (const Change& Each : AllChanges()) {
+  for (const Change& Variant : AllChanges()) {
     TrRule Copy(Original);
-    Each.Make(Copy);
-    EXPECT_EQ(Differences(Before, Members(Copy)), Each.Members);
-    EXPECT_EQ(Members(Original), Before) << Each.Members;
+    Variant.Make(Copy);
+    EXPECT_EQ(Differences(Before, Members(Copy)), Variant.Members);
+    EXPECT_EQ(Members(Original), Before) << Variant.Members;
   }
 }
 
-TEST(TrRuleCopy, BringsItsAlignmentsIntoOrderAndTracesThatAtLevelFour) {
+TEST(TrRuleCopy, OrdersItsAlignmentsAndTracesThatAtLevelFour) {
   TrRule Original;
   ASSERT_TRUE(Original.SetTrRuleFromString(SampleText));
   Original.FlipRuleNoConstraints();
@@ -874,7 +874,7 @@ TEST(TrRuleCopy, BringsItsAlignmentsIntoOrderAndTracesThatAtLevelFour) {
   EXPECT_EQ(Original.GetAlignmentStr(), "((1,1),(3,2),(2,3))");
 }
 
-TEST(TrRuleCopy, OfANewRuleTracesOnlyTheBeginOfTheOrdering) {
+TEST(TrRuleCopy, TracesOnlyTheStartForANewRule) {
   const DebugLevel Guard(4);
   const TrRule Original;
   EXPECT_EQ(WrittenBy([&] { const TrRule Copy(Original); }),
@@ -883,7 +883,7 @@ TEST(TrRuleCopy, OfANewRuleTracesOnlyTheBeginOfTheOrdering) {
                      ""}));
 }
 
-TEST(TrRuleCopy, EndsTheProcessWhereTheAlignmentsCannotBeOrdered) {
+TEST(TrRuleCopy, EndsTheProcessWhenTheAlignmentsCannotBeOrdered) {
   TrRule Original;
   const std::string Message =
       "Alignment string was not in correct format:|1,2|\n"
@@ -903,7 +903,7 @@ TEST(TrRuleCopy, EndsTheProcessWhereTheAlignmentsCannotBeOrdered) {
 
 // ---- Locales ------------------------------------------------------------------------------------
 
-TEST(TrRuleLocale, OfTheHostChangesNeitherLettersNorNumbers) {
+TEST(TrRuleLocale, DoesNotChangeLettersOrNumbers) {
   for (const char* CName : {"", "C", "C.utf8", "de_DE.ISO-8859-1", "en_US.ISO-8859-1"}) {
     SCOPED_TRACE(CName);
     const LocaleGuard Guard(CName);
@@ -912,9 +912,9 @@ TEST(TrRuleLocale, OfTheHostChangesNeitherLettersNorNumbers) {
     Rule.SetTLWords(Strings{"x\xE4", "y\xA0"});
     EXPECT_EQ(Rule.GetSLWords(), (Strings{"X\xE4", "Y\xA0"}));
     EXPECT_EQ(Rule.GetTLWords(), (Strings{"X\xE4", "Y\xA0"}));
-    for (const Labels& Each : AllLabels) {
-      (Rule.*Each.FromText)("x\xE4 y\xA0");
-      EXPECT_EQ((Rule.*Each.Get)(), (Strings{"X\xE4", "Y\xA0"})) << Each.Setter;
+    for (const Labels& Sequence : AllLabels) {
+      (Rule.*Sequence.FromText)("x\xE4 y\xA0");
+      EXPECT_EQ((Rule.*Sequence.Get)(), (Strings{"X\xE4", "Y\xA0"})) << Sequence.Setter;
     }
     Rule.SetTLWord2Comp({{-1000, 2000000}});
     const DebugLevel Level(1);

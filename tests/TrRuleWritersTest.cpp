@@ -1,6 +1,6 @@
-// Pins the five texts of a rule: what `Print` writes and flushes and what the four functions
-// return, piece by piece and whole, that writing changes and traces nothing, where it ends the
-// process, and what becomes of a text that is read and written again.
+// The five texts of a rule: what `Print` writes and flushes and what the four functions return, in
+// pieces and as a whole; that writing changes and traces nothing; when it ends the process; and
+// reading and writing a text again.
 
 #include "TrRule.h"
 #include "support/ChildProcess.h"
@@ -43,7 +43,7 @@ void ExpectForms(TrRule& Rule, const Forms& Expected) {
   EXPECT_EQ(Texts.Comparison, Expected.Comparison);
 }
 
-/// The pieces that the texts are made of, as an empty rule has them.
+/// The pieces of the texts, for an empty rule.
 struct Pieces {
   std::string POS;
   std::string SLType;
@@ -61,15 +61,15 @@ struct Pieces {
   std::string Constraints;
 };
 
-/// Puts the pieces together as each of the texts does.
-Forms Compose(const Pieces& Each) {
-  const std::string Block = Each.RuleLine + "(\n" + Each.Alignments + Each.Constraints + ")";
+/// Composes each of the texts from the pieces.
+Forms Compose(const Pieces& Rule) {
+  const std::string Block = Rule.RuleLine + "(\n" + Rule.Alignments + Rule.Constraints + ")";
   const std::string Start =
-      "{" + Each.SLType + "," + Each.Index + "}\n" + Each.Words + Each.Structure + Each.Score;
-  return {"{" + Each.POS + "," + Each.Index + "}\n" + Block + "\n",
-          Start + Each.RuleLine + "(\n" + Each.Alignments + ")", Start + Block,
-          Each.Alternatives + Each.Maps + Each.SLLabels + Each.TLLabels + Each.Score + Block,
-          Each.Key + Block};
+      "{" + Rule.SLType + "," + Rule.Index + "}\n" + Rule.Words + Rule.Structure + Rule.Score;
+  return {"{" + Rule.POS + "," + Rule.Index + "}\n" + Block + "\n",
+          Start + Rule.RuleLine + "(\n" + Rule.Alignments + ")", Start + Block,
+          Rule.Alternatives + Rule.Maps + Rule.SLLabels + Rule.TLLabels + Rule.Score + Block,
+          Rule.Key + Block};
 }
 
 /// A change of an empty rule and the pieces that show it.
@@ -79,7 +79,7 @@ struct Change {
   void (*Expect)(Pieces&);
 };
 
-/// A rule in which every member holds something.
+/// A rule with no empty member.
 void Fill(TrRule& Rule) {
   Rule.SetSLWords("the red car");
   Rule.SetTLWords(Strings{"el", "auto's", "\"rojo\""});
@@ -101,7 +101,7 @@ void Fill(TrRule& Rule) {
   Rule.SetYHeadIndex(3);
 }
 
-/// Keeps what had been written to standard output at each flush.
+/// Records what was written to standard output at each flush.
 class FlushRecorder : public std::stringbuf {
  public:
   FlushRecorder() : OldOut(std::cout.rdbuf(this)) {}
@@ -122,7 +122,7 @@ class FlushRecorder : public std::stringbuf {
   std::streambuf* OldOut;
 };
 
-/// A rule whose constraints have no order, and the message that says so.
+/// A rule whose constraints have no order, and the message about it.
 struct Unorderable {
   void (*Add)(TrRule&);
   std::string Message;
@@ -158,7 +158,7 @@ const std::vector<Writer> vOrderingWriters{
     {"Comparison", [](TrRule& Rule) { Rule.ReturnAsStringForComparison(); }, ""},
     {"less", [](TrRule& Rule) { static_cast<void>(Rule < TrRule()); }, ""}};
 
-/// A rule as it is printed after its text was read.
+/// The printed form of a rule that was read from a text.
 std::string Reprinted(const std::string& Text) {
   TrRule Rule;
   EXPECT_TRUE(Rule.SetTrRuleFromString(Text));
@@ -218,7 +218,7 @@ TEST(TrRuleWriters, WriteAFilledRule) {
 
 // ---- Pieces -----------------------------------------------------------------------------------
 
-TEST(TrRuleWriters, ShowEachMemberWhereItBelongsAndNowhereElse) {
+TEST(TrRuleWriters, ShowEachMemberOnlyInItsPlace) {
   const std::vector<Change> vChanges{
       {"nothing", [](TrRule&) {}, [](Pieces&) {}},
       {"RuleIndex", [](TrRule& R) { R.SetRuleIndex(120); }, [](Pieces& P) { P.Index = "120"; }},
@@ -339,17 +339,17 @@ TEST(TrRuleWriters, ShowEachMemberWhereItBelongsAndNowhereElse) {
       {"XHeadIndex", [](TrRule& R) { R.SetXHeadIndex(1); }, [](Pieces&) {}},
       {"YHeadIndex", [](TrRule& R) { R.SetYHeadIndex(1); }, [](Pieces&) {}},
   };
-  for (const Change& Each : vChanges) {
-    SCOPED_TRACE(Each.Name);
+  for (const Change& Variant : vChanges) {
+    SCOPED_TRACE(Variant.Name);
     TrRule Rule;
-    Each.Make(Rule);
+    Variant.Make(Rule);
     Pieces Expected;
-    Each.Expect(Expected);
+    Variant.Expect(Expected);
     ExpectForms(Rule, Compose(Expected));
   }
 }
 
-TEST(TrRuleWriters, PrintCommentsAndTheHeaderTypeThatWereRead) {
+TEST(TrRuleWriters, PrintReadCommentsAndHeaderTypes) {
   TrRule Rule;
   EXPECT_TRUE(Rule.SetTrRuleFromString(" ;; b \n;;a\n;; b\n{AX,7}\nY::Z [\"B\"] -> [C]\n(X1::Y1)"));
   Pieces Expected;
@@ -416,7 +416,7 @@ TEST(TrRuleWriters, CountAlternativesByTheirSourceSentences) {
       ";;SLWord2Comp:\t5->6,\n;;TLWord2Comp_alt:\n;;WordLevelSLPOS:\tC\n;;WordLevelTLPOS:\tD\n"
       ";;Score:1\nA::B [C] -> [D]\n(\n(X1::Y1)\n)";
   EXPECT_EQ(Rule.ReturnAsStringWithAllAlts(), Own);
-  // The alignments and the map that stand first already go to the first alternative.
+  // The first alternative is paired with the existing first alignments and map.
   Rule.AddAlterTrInfo("s", "t", "a", "c", {{0, 1}}, {{2, 3}}, {"p"}, {"q"});
   EXPECT_EQ(Rule.ReturnAsStringWithAllAlts(),
             ";;SL_alt:s\n;;TL_alt:t\n;;Alignment_alt:((1,1))\n;;CStructure_alt:c\n"
@@ -427,7 +427,7 @@ TEST(TrRuleWriters, CountAlternativesByTheirSourceSentences) {
 
 // ---- Comparison text --------------------------------------------------------------------------
 
-TEST(TrRuleWriters, GiveRulesOneComparisonTextWhateverElseDiffers) {
+TEST(TrRuleWriters, WriteOneComparisonTextForRulesThatDifferElsewhere) {
   TrRule Plain;
   TrRule Filled;
   const std::string Text = "A::B [C] -> [D]\n(X1::Y1)\n(x1 = x2)\n((x1 num) = sg)\n(y0 = x0)";
@@ -448,7 +448,7 @@ TEST(TrRuleWriters, GiveRulesOneComparisonTextWhateverElseDiffers) {
             ";D \nA::B [C] -> [D]\n(\n(X1::Y1)\n((X1 NUM) = SG)\n(X1 = X2)\n(Y0 = X0)\n)");
 }
 
-TEST(TrRuleWriters, GiveOtherComparisonTextsToRulesThatDifferInWhatItShows) {
+TEST(TrRuleWriters, WriteDifferentComparisonTextsForRulesThatDifferInThem) {
   const auto TextOf = [](void (*Make)(TrRule&)) {
     TrRule Rule;
     Rule.SetTrRuleFromString("A::B [C] -> [D]\n(X1::Y1)\n((x1 num) = sg)");
@@ -468,7 +468,7 @@ TEST(TrRuleWriters, GiveOtherComparisonTextsToRulesThatDifferInWhatItShows) {
   EXPECT_EQ(TextOf([](TrRule& R) { R.SetWordLevelSLPOS("Z"); }), Text);
 }
 
-TEST(TrRuleWriters, WriteConstraintsInOneOrderHoweverTheyWereAdded) {
+TEST(TrRuleWriters, WriteConstraintsInOneOrder) {
   Strings vsConstraints{"((x0 det) = x1)", "(x0 = x3)", "(y0 = x0)", "(y1 == (y0 det))",
                         "((y1 num) = (x1 num))"};
   for (std::size_t Turn = 0; Turn < vsConstraints.size(); ++Turn) {
@@ -487,7 +487,7 @@ TEST(TrRuleWriters, WriteConstraintsInOneOrderHoweverTheyWereAdded) {
 
 // ---- Streams ----------------------------------------------------------------------------------
 
-TEST(TrRuleWriters, PrintFlushesLineByLine) {
+TEST(TrRuleWriters, FlushEachPrintedLine) {
   TrRule Rule;
   ASSERT_TRUE(Rule.SetTrRuleFromString(
       ";; a\n;; b\n{NP,8}\nA::B [C] -> [D E]\n(X1::Y1)\n(X1::Y2)\n(x0 = x3)\n((x1 num) = sg)"));
@@ -499,7 +499,7 @@ TEST(TrRuleWriters, PrintFlushesLineByLine) {
   EXPECT_EQ(Recorder.str(), "");
 }
 
-TEST(TrRuleWriters, WriteNothingElseAtAnyLevel) {
+TEST(TrRuleWriters, PrintNothingElseAtAnyLevel) {
   TrRule Rule;
   Fill(Rule);
   const Forms Texts = FormsOf(Rule);
@@ -561,21 +561,21 @@ TEST(TrRuleWriters, ListAlignmentsOnceWithTheirMessages) {
   EXPECT_EQ(Errors([&] { Rule.ReturnAsStringForComparison(); }), (Written{"", Messages}));
 }
 
-// ---- Ends of the process ----------------------------------------------------------------------
+// ---- Ending the process ----------------------------------------------------------------------
 
-TEST(TrRuleWriters, EndTheProcessWhereConstraintsHaveNoOrder) {
-  for (const Unorderable& Each : vUnorderables) {
+TEST(TrRuleWriters, EndTheProcessOnUnorderableConstraints) {
+  for (const Unorderable& Example : vUnorderables) {
     for (const Writer& Form : vOrderingWriters) {
-      SCOPED_TRACE(Form.Name + (": " + Each.Message));
+      SCOPED_TRACE(Form.Name + (": " + Example.Message));
       const ChildEnd End = RunInChild([&] {
         TrRule Rule;
         Rule.SetSLPOS("a");
         Rule.SetTLPOS("b");
         Rule.SetAlignment("((1,1))");
-        Each.Add(Rule);
+        Example.Add(Rule);
         Form.Write(Rule);
       });
-      EXPECT_EQ(End, (ChildEnd{1, Form.Out, Each.Message}));
+      EXPECT_EQ(End, (ChildEnd{1, Form.Out, Example.Message}));
     }
   }
 }
@@ -598,11 +598,11 @@ TEST(TrRuleWriters, ListAlignmentsBeforeTheyOrderConstraints) {
   }
 }
 
-TEST(TrRuleWriters, WriteARuleWithoutConstraintsEvenWhereTheyHaveNoOrder) {
-  for (const Unorderable& Each : vUnorderables) {
-    SCOPED_TRACE(Each.Message);
+TEST(TrRuleWriters, WriteARuleWithoutItsUnorderableConstraints) {
+  for (const Unorderable& Example : vUnorderables) {
+    SCOPED_TRACE(Example.Message);
     TrRule Rule;
-    Each.Add(Rule);
+    Example.Add(Rule);
     std::string Text;
     EXPECT_EQ(WrittenBy([&] { Text = Rule.ReturnAsStringForPrintNoConstraints(); }),
               (Written{"", ""}));
@@ -610,9 +610,9 @@ TEST(TrRuleWriters, WriteARuleWithoutConstraintsEvenWhereTheyHaveNoOrder) {
   }
 }
 
-// ---- Reading what was written -----------------------------------------------------------------
+// ---- Reading written texts --------------------------------------------------------------------
 
-TEST(TrRuleWriters, PrintAPrintedRuleAsItWas) {
+TEST(TrRuleWriters, PrintAPrintedRuleUnchanged) {
   for (
       const std::string& sText : {
           SamplePrinted,
@@ -629,7 +629,7 @@ TEST(TrRuleWriters, PrintAPrintedRuleAsItWas) {
   }
 }
 
-TEST(TrRuleWriters, PrintWhatReadingChangesOnceAndThenNoMore) {
+TEST(TrRuleWriters, PrintAStableTextAfterTheFirstReading) {
   struct Rewriting {
     const char* What;
     std::string Before;
@@ -650,15 +650,15 @@ TEST(TrRuleWriters, PrintWhatReadingChangesOnceAndThenNoMore) {
        "{A,8}\n" + Rule + "(Y1 = (Y0 DET)\n)\n"},
       {"other order", "{A,8}\n" + Rule + "((Y0 NUM) = SG)\n((Y1 TENSE) = NEXT)\n)\n",
        "{A,8}\n" + Rule + "((Y1 TENSE) = NEXT)\n((Y0 NUM) = SG)\n)\n"}};
-  for (const Rewriting& Each : vRewritings) {
-    SCOPED_TRACE(Each.What);
-    ASSERT_NE(Each.Before, Each.After);
-    EXPECT_EQ(Reprinted(Each.Before), Each.After);
-    EXPECT_EQ(Reprinted(Each.After), Each.After);
+  for (const Rewriting& Example : vRewritings) {
+    SCOPED_TRACE(Example.What);
+    ASSERT_NE(Example.Before, Example.After);
+    EXPECT_EQ(Reprinted(Example.Before), Example.After);
+    EXPECT_EQ(Reprinted(Example.After), Example.After);
   }
 }
 
-TEST(TrRuleWriters, PrintRulesThatTheReaderDoesNotTake) {
+TEST(TrRuleWriters, PrintRulesThatTheReaderRejects) {
   struct Refusal {
     std::string Text;
     std::string Err;
@@ -670,14 +670,14 @@ TEST(TrRuleWriters, PrintRulesThatTheReaderDoesNotTake) {
        "Error in SetTrRuleFromStr: missing or incorrect type information.\n"},
       {"{,8}\nA::B [C] -> [D]\n(\n)\n",
        "Error in SetTrRuleFromStr: Couldn't set rule -- something missing.\n"}};
-  for (const Refusal& Each : vRefusals) {
+  for (const Refusal& Example : vRefusals) {
     TrRule Rule;
-    EXPECT_EQ(WrittenBy([&] { EXPECT_FALSE(Rule.SetTrRuleFromString(Each.Text)); }),
-              (Written{"", Each.Err}));
+    EXPECT_EQ(WrittenBy([&] { EXPECT_FALSE(Rule.SetTrRuleFromString(Example.Text)); }),
+              (Written{"", Example.Err}));
   }
 }
 
-TEST(TrRuleWriters, ComeBackFromTheReaderWithTheirExtraLinesAsComments) {
+TEST(TrRuleWriters, WriteExtraLinesThatTheReaderKeepsAsComments) {
   TrRule Rule;
   Fill(Rule);
   const std::string Block = "NP::VP [DET ADJ N] -> [DET \"DE\" N]\n(\n(X1::Y1)\n;--;(X3::Y2)\n";
@@ -701,7 +701,7 @@ TEST(TrRuleWriters, ComeBackFromTheReaderWithTheirExtraLinesAsComments) {
             "{NP,-1}\n;;SL:\n;;TL:\n;;Score:1\n" + Block + ")");
 }
 
-TEST(TrRuleWriters, HaveExtraLinesThatTheReaderTakesForMore) {
+TEST(TrRuleWriters, WriteExtraLinesThatTheReaderReadsAsMore) {
   struct Misreading {
     const char* Name;
     void (*Make)(TrRule&);
@@ -716,16 +716,16 @@ TEST(TrRuleWriters, HaveExtraLinesThatTheReaderTakesForMore) {
        "(X1::Y1)\n)\n"},
       {"header", [](TrRule& R) { R.SetTLWords("{ q,3}"); },
        ";;SL:\n;;TL: { Q,3}\n;;Score:1\n{ Q,3}\nA::B [C] -> [D]\n(\n(X1::Y1)\n)\n"}};
-  for (const Misreading& Each : vMisreadings) {
-    SCOPED_TRACE(Each.Name);
+  for (const Misreading& Example : vMisreadings) {
+    SCOPED_TRACE(Example.Name);
     TrRule Rule;
     Rule.SetTrRuleFromString("{A,8}\nA::B [C] -> [D]\n(X1::Y1)");
-    Each.Make(Rule);
-    EXPECT_EQ(Reprinted(Rule.ReturnAsStringForPrint()), Each.Reprinted);
+    Example.Make(Rule);
+    EXPECT_EQ(Reprinted(Rule.ReturnAsStringForPrint()), Example.Reprinted);
   }
 }
 
-TEST(TrRuleWriters, HaveAlternativesThatTheReaderTakesForAlignments) {
+TEST(TrRuleWriters, WriteAlternativesThatTheReaderReadsAsAlignments) {
   TrRule Rule;
   Rule.SetTrRuleFromString("A::B [C] -> [D]\n(X1::Y1)");
   Rule.ResetAlterTrInfo();

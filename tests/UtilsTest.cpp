@@ -1,4 +1,4 @@
-// Pins the upper-casing under its older name.
+// Upper-casing under its older name.
 
 #include "Utils.h"
 
@@ -16,7 +16,7 @@ using std::string_literals::operator""s;
 static_assert(std::is_empty_v<Utils>);
 static_assert(std::is_same_v<decltype(&Utils::AllCaps), std::string (*)(std::string)>);
 
-TEST(Utils, AllCapsMapsEveryByteAsStringToUpperDoes) {
+TEST(Utils, AllCapsMapsEveryByteLikeStringToUpper) {
   std::string AllBytes;
   std::string Expected;
   for (int Value = 0; Value < 256; ++Value) {
@@ -28,7 +28,7 @@ TEST(Utils, AllCapsMapsEveryByteAsStringToUpperDoes) {
   EXPECT_EQ(StringUtils::StringToUpper(AllBytes), Expected);
 }
 
-TEST(Utils, AllCapsOfATextLeavesTheCallersAlone) {
+TEST(Utils, AllCapsLeavesItsArgumentUnchanged) {
   const std::string Text = "Det n1\r\n\0\xC3\xA4 b"s;
   EXPECT_EQ(Utils::AllCaps(Text), "DET N1\r\n\0\xC3\xA4 B"s);
   EXPECT_EQ(Text, "Det n1\r\n\0\xC3\xA4 b"s);

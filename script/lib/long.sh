@@ -1,6 +1,6 @@
 # shellcheck shell=sh disable=SC2154  # Logs is set by steps.sh
-# Sourced by script/check for --long: what takes too long to run before every commit.
-# docs/assurance.md tells what each step is for.
+# Sourced by script/check for --long: the checks that take too long for every commit.
+# docs/assurance.md describes the purpose of each step.
 
 want_long_tools() {
   want python3 have_command python3
@@ -16,8 +16,8 @@ analyse_with_cppcheck() {
     --error-exitcode=1 --suppressions-list=.cppcheck-suppressions -I src src
 }
 
-# The tests, as each compiler builds them for each of two standards, with an optimiser and checking
-# containers, and under the sanitizers of each; those that use threads under one more.
+# The tests with each compiler and each of two standards, with optimisation and checked containers,
+# and under the sanitizers of each compiler; the tests with threads also under the thread sanitizer.
 test_other_presets() {
   for Preset in dev dev-clang cxx20 cxx20-clang assertions sanitize sanitize-clang-all thread; do
     build_preset "$Preset"
@@ -42,46 +42,45 @@ look_for_hardening() {
   has "guarded stack frames" '__stack_chk_fail' readelf -W --dyn-syms "$Driver"
 }
 
-# run_in_valgrind PROGRAM EXPECTED [KINDS]: KINDS of memory may not be left at the end, without it
-# none at all.
+# run_in_valgrind PROGRAM EXPECTED [KINDS]: KINDS of leaked memory are errors, by default all.
 run_in_valgrind() {
   Log=$Logs/valgrind-$(basename "$1").log
   valgrind --quiet --leak-check=full --show-leak-kinds="${3:-all}" \
     --errors-for-leak-kinds="${3:-all}" --error-exitcode=99 --log-file="$Log" \
     "$1" >"$Logs/valgrind.out" ||
-    { cat "$Log" >&2; stop "valgrind has found something in $1"; }
-  cmp "$Logs/valgrind.out" "$2" || stop "under valgrind $1 prints something else"
+    { cat "$Log" >&2; stop "valgrind reports errors in $1"; }
+  cmp "$Logs/valgrind.out" "$2" || stop "the output of $1 differs under valgrind"
 }
 
 try_in_valgrind() {
   say "Running the driver and the examples in valgrind"
-  # The driver keeps its rule, within reach, for as long as the process lasts.
+  # The driver keeps its rule, still reachable, until the process ends.
   run_in_valgrind build/release/trrule-demo tests/data/driver_output.txt definite,indirect,possible
   for Expected in examples/expected/*.txt; do
     run_in_valgrind "build/release/examples/$(basename "$Expected" .txt)" "$Expected"
   done
 }
 
-# What cannot be reached is left out. Lines: the driver's message about an erasure that its script
-# never comes to, and one in the middle of a statement, to which the compiler assigns nothing but
-# the clean-up behind an exception. Branches: those that only an exception takes, since src/ throws
-# none, and running out of memory is not promised to be survived.
+# Excludes what cannot be reached. Lines: the driver's message about an erasure that its script never
+# reaches, and a line in the middle of a statement that only has the clean-up after an exception.
+# Branches: those that only an exception takes, since src/ throws none and does not guarantee to
+# survive running out of memory.
 measure_coverage() {
   build_preset coverage
   find build/coverage -name '*.gcda' -exec rm {} +
   test_preset coverage
-  say "Counting the lines and branches of src/ that the tests reach"
+  say "Measuring the coverage of src/"
   Unreachable='.*(has been successfully deleted|" index:" << std::to_string).*'
   gcovr --root . --filter src/ --exclude-throw-branches --exclude-unreachable-branches \
     --exclude-lines-by-pattern "$Unreachable" --txt "$Logs/coverage.txt" \
     --html-details "$Logs/coverage.html" --print-summary \
     --fail-under-line 100 --fail-under-branch 95 build/coverage 2>"$Logs/coverage.log" ||
-    { cat "$Logs/coverage.txt" "$Logs/coverage.log" >&2; stop "not enough of src/ is reached"; }
+    { cat "$Logs/coverage.txt" "$Logs/coverage.log" >&2; stop "the coverage of src/ is too low"; }
 }
 
 count_growth() {
   build_preset bench trrule-growth
-  say "Counting how the work grows with its input"
+  say "Measuring growth"
   script/growth
 }
 

@@ -1,6 +1,6 @@
 # shellcheck shell=sh
-# Sourced by the scripts beside this folder: installs the packages that a step needs and that are
-# missing, on Debian and Ubuntu; elsewhere names them and stops.
+# Sourced by the scripts in script/: installs missing packages on Debian and Ubuntu; on other systems
+# lists them and stops.
 
 Missing=
 Optional=
@@ -22,14 +22,14 @@ have_sanitizers_of_clang() {
     clang++ -fsanitize=address -x c++ - -o /dev/null >/dev/null 2>&1
 }
 
-# want PACKAGE TEST... notes the package unless the test succeeds.
+# want PACKAGE TEST... records the package as missing unless the test succeeds.
 want() {
   Package=$1
   shift
   "$@" || Missing="$Missing $Package"
 }
 
-# The same for a package that not every release has, and without which the step can do, too.
+# The same for an optional package that not every release has.
 want_if_offered() {
   Package=$1
   shift
@@ -42,7 +42,7 @@ want_build_tools() {
   want ninja-build have_command ninja
 }
 
-# What the command over files of rules is built with; without it, the build leaves that out.
+# The libraries of the command; without them, the build omits it.
 want_command_tools() {
   want libcli11-dev have_header CLI/CLI.hpp
   want nlohmann-json3-dev have_header nlohmann/json.hpp
@@ -54,8 +54,8 @@ want_test_tools() {
   want_command_tools
   want libgtest-dev have_header gtest/gtest.h
   want pkg-config have_command pkg-config
-  # Where there are Debian packages, one is made, with the libraries that it depends on, and tried
-  # in a folder of its own, with the shell that it brings a completion for.
+  # On Debian, the tests build a package with its dependencies and try it in a separate folder, with
+  # the shells that it has completions for.
   if have_command dpkg; then
     want dpkg-dev have_command dpkg-shlibdeps
     want file have_command file
@@ -73,7 +73,7 @@ want_check_tools() {
   want clang-format have_command clang-format
   want clang-tidy have_command clang-tidy
   want doxygen have_command doxygen
-  # The benchmarks are built here, warnings being errors.
+  # The benchmarks are built with warnings as errors.
   want_benchmark_tools
   # The sanitize preset compiles GoogleTest itself.
   want googletest have_file /usr/src/googletest/CMakeLists.txt
@@ -94,8 +94,8 @@ refuse() {
 install_missing() {
   [ -n "$Missing" ] || return 0
   have_command apt-get || refuse "This machine has no apt-get"
-  [ "$(id -u)" -eq 0 ] || have_command sudo || refuse "Neither root nor sudo is at hand"
-  say "Installing what is missing:$Missing"
+  [ "$(id -u)" -eq 0 ] || have_command sudo || refuse "Neither root nor sudo is available"
+  say "Installing missing packages:$Missing"
   as_root true || refuse "This user may not install packages"
   run apt-update.log as_root apt-get -q update
   for Package in $Optional; do
@@ -107,7 +107,7 @@ install_missing() {
   Missing=
 }
 
-# A release whose packages are older than the build asks for cannot be helped by installing them.
+# Installing packages does not help on a release with an older CMake.
 require_cmake() {
   Version=$(cmake --version | sed -n '1s/[^0-9]*\([0-9]*\.[0-9]*\).*/\1/p')
   if [ "${Version%%.*}" -lt 3 ] || { [ "${Version%%.*}" -eq 3 ] && [ "${Version#*.}" -lt 25 ]; }; then

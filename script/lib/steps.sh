@@ -1,6 +1,6 @@
 # shellcheck shell=sh
-# Sourced by the scripts beside this folder: what is being done, one line for each step, and where
-# the details went. Lines go to standard error; standard output belongs to what a script runs.
+# Sourced by the scripts in script/: prints one line for each step, and logs the details. Lines go to
+# standard error; standard output is for the programs that a script runs.
 
 Logs=build/log
 mkdir -p "$Logs"
@@ -16,7 +16,7 @@ stop() {
   exit 1
 }
 
-# run LOG COMMAND... keeps what the command prints in build/log/LOG and shows it if it fails.
+# run LOG COMMAND... logs the output of the command in build/log/LOG and shows it if it fails.
 run() {
   Log=$Logs/$1
   shift
@@ -26,7 +26,7 @@ run() {
   fi
 }
 
-# show_done DONE ALL: at a terminal on one line that is written over, elsewhere a line for each fifth.
+# show_done DONE ALL: overwrites one line on a terminal, otherwise prints a line for each fifth.
 show_done() {
   if [ -t 2 ]; then
     printf '\r   %s of %s' "$1" "$2" >&2
@@ -36,8 +36,8 @@ show_done() {
   fi
 }
 
-# Reads what Ninja ("[3/80] Building"), CTest ("3/80 Test") or apt-get prints and shows how far it
-# has come. Of a package apt-get names three steps: fetched, unpacked, set up.
+# Shows the progress of Ninja ("[3/80] Building"), CTest ("3/80 Test") or apt-get from their output.
+# apt-get prints three steps for each package: fetched, unpacked, set up.
 show_progress() {
   Fifths=0
   Done=0
@@ -64,8 +64,8 @@ show_progress() {
   [ ! -t 2 ] || [ -z "$Pair" ] || echo >&2
 }
 
-# keep_and_show LOG COMMAND... keeps what a long command prints in build/log/LOG, shows how far it
-# has come, and gives its status.
+# keep_and_show LOG COMMAND... logs the output of a long command in build/log/LOG, shows its progress
+# and returns its status.
 keep_and_show() {
   Log=$Logs/$1
   shift
@@ -93,13 +93,12 @@ build_preset() {
     ${1:+--target "$@"}
 }
 
-# The line in which ctest counted the tests of a preset.
+# The line with the number of passed tests of a preset.
 count_of_tests() {
   grep '% tests passed, ' "$Logs/test-$1.log"
 }
 
-# Runs the tests of a preset that has been built, names those that were skipped and why, and ends
-# with the count.
+# Runs the tests of a built preset, lists the skipped ones with reasons, and prints the count.
 test_preset() {
   say "Running the tests of the $1 preset"
   if ! keep_and_show "test-$1.log" ctest --preset "$1" --parallel "$Jobs"; then

@@ -32,7 +32,7 @@ std::string ReadAll(std::FILE* File) {
   return Text;
 }
 
-/// A child process that runs some code with its standard streams in files.
+/// A child process that runs code with its standard streams redirected to files.
 class Child {
  public:
   explicit Child(const std::function<void()>& Code)
@@ -65,7 +65,7 @@ class Child {
     return Resident;
   }
 
-  /// Kills the process and gives the processor time that it used, in microseconds.
+  /// Kills the process and returns the processor time that it used, in microseconds.
   long KillAndGetTime() const {
     kill(Pid, SIGKILL);
     rusage Usage{};

@@ -21,17 +21,16 @@ struct ChildEnd {
   }
 };
 
-/// The status of a child that ran the code to its end and did not end on its own. No exit of the
-/// library has it.
+/// The status of a child whose code returned. The library never exits with it.
 constexpr int RanToItsEnd = 77;
 
-/// Runs code that should end the process in a child process. A fatal input gives
+/// Runs code that should end the process in a child process. The result for a fatal input is
 /// `{1, what went to standard output, what went to standard error}`.
 ChildEnd RunInChild(const std::function<void()>& Code);
 
-/// What was seen of a child process that should never come to its end.
+/// Observations of a child process that should never end.
 struct ChildWait {
-  bool Alive;          ///< it was still there after a short while
+  bool Alive;          ///< it still ran after a short while
   bool KeptMemory;     ///< its memory had not grown by more than a few pages
   bool KeptProcessor;  ///< it had used next to no processor time
   std::string Out;     ///< what it had written to standard output

@@ -2,7 +2,7 @@
 
 #include "GlobalParams.h"
 
-/// Sets the debugging level for a scope and puts the old one back at its end.
+/// Sets the debugging level for a scope and restores the old one.
 class DebugLevel {
  public:
   explicit DebugLevel(int Level) : OldLevel(GlobalParams::DebuggingLevel) {

@@ -6,7 +6,7 @@
 #include <ostream>
 #include <string>
 
-/// What the throwing handler throws: its two arguments.
+/// The exception of the throwing handler: its two arguments.
 struct Halted {
   HaltReason What;
   std::string Message;
@@ -20,14 +20,14 @@ struct Halted {
   }
 };
 
-/// A handler that gives control back to the test.
+/// A handler that returns control to the test.
 [[noreturn]] inline void ThrowHalted(HaltReason WhatPassIn, const std::string& MessagePassIn) {
   throw Halted{WhatPassIn, MessagePassIn};
 }
 
-/// Installs a handler for a scope and puts the old one back at its end.
+/// Installs a handler for a scope and restores the old one.
 ///
-///   HaltGuard Guard;  // what would end the process throws `Halted` now
+///   HaltGuard Guard;  // calls that would end the process now throw `Halted`
 ///   EXPECT_THROW(Rule.SetAlignment("1,1"), Halted);
 class HaltGuard {
  public:
@@ -42,7 +42,7 @@ class HaltGuard {
   HaltHandler OldHandler;
 };
 
-/// Runs code that may halt; what happened, or nothing when the code came to its end.
+/// Runs code that may halt. Returns the halt, or nothing if the code returned.
 ///
 ///   EXPECT_EQ(HaltOf([&] { Rule.Print(); }), std::nullopt);
 template <typename CodeT>

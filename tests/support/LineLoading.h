@@ -10,12 +10,12 @@
 #include <string_view>
 #include <vector>
 
-/// Hands a line in its common form to a loader, one production after the other, and prints the
-/// mergings as the library does.
+/// Loads a line in its common form, trying one production after another, and prints the mergings as
+/// the library does.
 ///
 ///   LoadCommonLine("((y1 num) = sg)", Loader);  // true
 ///
-/// @return false for a line in no common form, and where the loader cannot take it
+/// @return false if the line is not in a common form or the loader rejects it
 inline bool LoadCommonLine(std::string_view Line, TrRuleInternal::RuleLoader& LoaderReturn) {
   if (TrRuleInternal::HeaderParts Parts; TrRuleInternal::ParseCommonHeader(Line, Parts)) {
     constexpr std::size_t KeptLetters = 2;

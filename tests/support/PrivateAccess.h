@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-/// The private members of `TrRule`, for the tests that pin them. An explicit instantiation may
-/// name private members, which is what this rests on; the class itself knows nothing of it.
+/// Access to private members of `TrRule` for tests. It relies on the rule that an explicit
+/// instantiation may name private members; the class is not changed.
 ///
 ///   CallIsOneToOne(Rule, 1, 3);
 template <typename TagT, typename TagT::Member MemberV>

@@ -7,15 +7,15 @@
 
 /// Makes random input for tests, the same in every run unless TRRULE_TEST_SEED says otherwise.
 ///
-/// Take numbers one after the other, in statements of their own: the order of operands and
-/// arguments is the compiler's choice, and the input shall not depend on it.
+/// Take each number in a separate statement: the compiler chooses the order of operands and
+/// arguments, and the input must not depend on it.
 ///
 ///   RandomInput Random;
 ///   Random.Pick(ConstraintSamples);             // one of them
 ///   Random.Damaged("((x0 det) = x1)", "()=");   // such as "(x0 det)== x1)"
 class RandomInput {
  public:
-  /// TRRULE_TEST_SEED of the environment, or the usual seed.
+  /// TRRULE_TEST_SEED of the environment, or the default seed.
   static unsigned Seed();
 
   /// A number below the limit.
@@ -30,7 +30,7 @@ class RandomInput {
   /// Up to so many bytes of an alphabet.
   std::string TextOf(const std::string& Alphabet, std::size_t MaxLength);
 
-  /// The text with some of its bytes lost, replaced or put in front of another.
+  /// The text with some bytes removed, replaced or inserted.
   std::string Damaged(std::string Text, const std::string& Bytes);
 
   /// Up to so many words, in any order.

@@ -12,9 +12,9 @@ bool Fail(const std::string& Message) {
   return false;
 }
 
-/// What stands between the brackets; empty where there are none.
+/// The text between the brackets; empty if there are none.
 std::string SequenceOf(std::string Part) {
-  if (!Slow::Holds(Part, "[") || !Slow::Holds(Part, "]")) {
+  if (!Reference::Holds(Part, "[") || !Reference::Holds(Part, "]")) {
     return "";
   }
   while (Part.front() != '[') {
@@ -35,7 +35,7 @@ std::string SequenceOf(std::string Part) {
 }  // namespace
 
 bool ReferenceReader::Read(const std::string& Text) {
-  for (std::string Line : Slow::Pieces(Text, "\n")) {
+  for (std::string Line : Reference::Pieces(Text, "\n")) {
     if (Line.back() == '\r') {
       Line.pop_back();
     }
@@ -51,28 +51,28 @@ bool ReferenceReader::Read(const std::string& Text) {
 }
 
 bool ReferenceReader::ReadLine(const std::string& Line) {
-  if (Slow::Holds(Line, ";;")) {
+  if (Reference::Holds(Line, ";;")) {
     (Rule.*GetMember(CommentsTag())).push_back(Line);
   }
-  if (Slow::Holds(Line, "{")) {
-    ReadHeader(Slow::Pieces(Line, ","));
+  if (Reference::Holds(Line, "{")) {
+    ReadHeader(Reference::Pieces(Line, ","));
   }
-  if (Slow::Holds(Line, "] -> [")) {
+  if (Reference::Holds(Line, "] -> [")) {
     return HasRuleLine ? Fail("duplicate type and const seq information.") : ReadRuleLine(Line);
   }
-  if (Slow::Holds(Line, "::")) {
+  if (Reference::Holds(Line, "::")) {
     if (!Rule.AddAlignment(Line)) {
       return Fail("Alignment couldn't be set:" + Line);
     }
     HasAlignment = true;
-  } else if (Slow::Holds(Line, "=")) {
+  } else if (Reference::Holds(Line, "=")) {
     ReadConstraint(Line);
   }
   return true;
 }
 
-void ReferenceReader::ReadHeader(const Slow::Strings& vsPieces) {
-  if (vsPieces.size() < 2 || !Slow::Holds(vsPieces[0], "{") || vsPieces[1].find('}') + 1 < 2) {
+void ReferenceReader::ReadHeader(const Reference::Strings& vsPieces) {
+  if (vsPieces.size() < 2 || !Reference::Holds(vsPieces[0], "{") || vsPieces[1].find('}') + 1 < 2) {
     return;
   }
   const std::size_t Open = vsPieces[0].find('{');
@@ -83,16 +83,16 @@ void ReferenceReader::ReadHeader(const Slow::Strings& vsPieces) {
 
 bool ReferenceReader::ReadRuleLine(const std::string& Line) {
   HasRuleLine = true;
-  const Slow::Strings vsParts = Slow::Pieces(Line, " -> ");
+  const Reference::Strings vsParts = Reference::Pieces(Line, " -> ");
   return std::all_of(vsParts.begin(), vsParts.end(), [this](const std::string& sPart) {
-    return Slow::Holds(sPart, "::") ? ReadSLPart(sPart) : ReadTLPart(sPart);
+    return Reference::Holds(sPart, "::") ? ReadSLPart(sPart) : ReadTLPart(sPart);
   });
 }
 
 bool ReferenceReader::ReadSLPart(const std::string& Part) {
-  const std::string Word = Slow::Pieces(Part, " ").front();
-  const Slow::Strings vsTypes = Slow::Pieces(Word, "::");
-  if (!Slow::Holds(Word, "::") || vsTypes.size() != 2) {
+  const std::string Word = Reference::Pieces(Part, " ").front();
+  const Reference::Strings vsTypes = Reference::Pieces(Word, "::");
+  if (!Reference::Holds(Word, "::") || vsTypes.size() != 2) {
     return Fail("missing or incorrect type information.");
   }
   Rule.SetSLType(vsTypes[0]);
@@ -117,10 +117,10 @@ bool ReferenceReader::ReadTLPart(const std::string& Part) {
 }
 
 void ReferenceReader::ReadConstraint(const std::string& Line) {
-  const Slow::Reading Reading = Slow::Read(Line);
+  const Reference::Reading Reading = Reference::Read(Line);
   std::cerr << Reading.Err;
   auto& Entries = Rule.*GetMember(ConstraintsTag());
-  Slow::Store Store(Entries);
+  Reference::Store Store(Entries);
   std::string Out;
   Store.Insert(Reading.Record, Out);
   std::cout << Out;

@@ -1,5 +1,5 @@
-// Linked into a second driver: reports each rule that is released, in place of the destructor. The
-// linker's option --wrap sends the calls here; see tests/CMakeLists.txt.
+// Linked into a second driver: reports each rule that is destroyed, instead of the destructor. The
+// linker option --wrap redirects the calls; see tests/CMakeLists.txt.
 
 #include "TrRule.h"
 
@@ -9,7 +9,7 @@ void Report() {
   std::cerr << "a rule was released\n";
 }
 
-/// Shows that the watch works: this one is released at the end.
+/// Shows that the watch works: this rule is destroyed at the end.
 const TrRule Control;
 
 }  // namespace

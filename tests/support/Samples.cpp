@@ -36,9 +36,10 @@ std::string Line(const std::string& Name, const ValueT& Value) {
 
 std::string Constraints(const TrRule& Rule) {
   std::string Lines;
-  for (const Constraint& Each : Rule.GetConstraintsAsSetC()) {
-    Lines += Line("Constraint", Each.ReturnAsString() + " category " + Text(Each.GetCategory()) +
-                                    " rank " + Text(Each.GetRankInCategory()));
+  for (const Constraint& Record : Rule.GetConstraintsAsSetC()) {
+    Lines +=
+        Line("Constraint", Record.ReturnAsString() + " category " + Text(Record.GetCategory()) +
+                               " rank " + Text(Record.GetRankInCategory()));
   }
   return Lines;
 }

@@ -44,7 +44,7 @@ inline const std::string SamplePrinted =
     "(Y3 = (Y0 MOD)\n"
     ")\n";
 
-/// Lists as they are written in expectations.
+/// Lists of texts in expectations.
 using Strings = std::vector<std::string>;
 
 /// A constraint of each form.
@@ -60,8 +60,8 @@ inline const Strings ConstraintSamples = {
     "((x1 num) = (*NOT* sg))",
 };
 
-/// A rule as `Print` shows it, which is the only way to see its comments and its header type.
+/// The output of `Print`, the only operation that shows the comments and the header type.
 std::string Printed(TrRule& Rule);
 
-/// All of a rule that can be seen from outside, member by member, in the order of the members.
+/// All observable members of a rule, in their order.
 std::string Dump(TrRule& Rule);

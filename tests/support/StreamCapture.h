@@ -4,7 +4,7 @@
 #include <sstream>
 #include <string>
 
-/// Takes what the program writes to std::cout and std::cerr while it lives.
+/// Captures what the program writes to std::cout and std::cerr while it exists.
 ///
 ///   StreamCapture Streams;
 ///   Rule.Print();
@@ -22,10 +22,10 @@ class StreamCapture {
   StreamCapture(const StreamCapture&) = delete;
   StreamCapture& operator=(const StreamCapture&) = delete;
 
-  /// What has been written to standard output since the last call.
+  /// The text written to standard output since the last call.
   std::string TakeOut() { return Take(Out); }
 
-  /// What has been written to standard error since the last call.
+  /// The text written to standard error since the last call.
   std::string TakeErr() { return Take(Err); }
 
  private:
@@ -41,7 +41,7 @@ class StreamCapture {
   std::streambuf* OldErr;
 };
 
-/// What a piece of code wrote to the two streams.
+/// The output of a piece of code on the two streams.
 struct Written {
   std::string Out;
   std::string Err;
@@ -55,7 +55,7 @@ struct Written {
   }
 };
 
-/// Runs the code and gives what it wrote.
+/// Runs the code and returns its output.
 template <typename CodeT>
 Written WrittenBy(CodeT Code) {
   StreamCapture Streams;

@@ -5,7 +5,7 @@
 #include "JsonText.h"
 #include "RuleRecord.h"
 
-#include <PieceCutter.h>
+#include <Splitter.h>
 
 #include <cstddef>
 #include <initializer_list>
@@ -153,9 +153,9 @@ class JsonEvents {
   /// Hands the words of an example as the library reads them from its comment.
   void HandWords(std::string_view Name, std::string_view Sentence) {
     HandList(Name, [&] {
-      TrRuleInternal::PieceCutter Pieces(Sentence, " ");
+      TrRuleInternal::Splitter Pieces(Sentence, " ");
       for (std::string_view Piece; Pieces.Next(Piece);) {
-        HandCapitals(TrRuleInternal::TrimmedPiece(Piece));
+        HandCapitals(TrRuleInternal::TrimmedField(Piece));
       }
     });
   }

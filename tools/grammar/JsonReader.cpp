@@ -12,7 +12,7 @@
 #include "RuleJson.h"
 
 #include <Constraint.h>
-#include <PieceCutter.h>
+#include <Splitter.h>
 
 #include <algorithm>
 #include <array>
@@ -94,12 +94,12 @@ bool IsInCapitals(std::string_view Written, std::string_view Capitals) {
 
 /// Whether the library reads these words from a comment.
 bool AreWordsOf(const JsonMember& Words, std::string_view Sentence) {
-  TrRuleInternal::PieceCutter Pieces(Sentence, " ");
+  TrRuleInternal::Splitter Pieces(Sentence, " ");
   std::string_view Piece;
   bool AreSame = true;
   Words.ForEachLine([&](std::string_view Word) {
     AreSame =
-        AreSame && Pieces.Next(Piece) && IsInCapitals(TrRuleInternal::TrimmedPiece(Piece), Word);
+        AreSame && Pieces.Next(Piece) && IsInCapitals(TrRuleInternal::TrimmedField(Piece), Word);
   });
   return AreSame && !Pieces.Next(Piece);
 }

@@ -190,7 +190,7 @@ void RuleForm::MergeInto(Entries::node_type Taken, std::size_t PrefixSize, const
     return &ValueOf(Old);
   };
   std::vector<TrRuleInternal::Merging> vMergings;
-  TrRuleInternal::TakeOutAndMerge(Stored, TakeOut, PrefixSize, Taken.key(), vMergings);
+  TrRuleInternal::ExtractAndMerge(Stored, TakeOut, PrefixSize, Taken.key(), vMergings);
   std::sort(Added.vLines.begin(), Added.vLines.end());
   Added.FeatValue = vMergings.empty() ? "" : Taken.key().substr(PrefixSize);
   Stored.insert(std::move(Taken));

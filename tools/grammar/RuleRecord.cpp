@@ -5,7 +5,7 @@
 #include "RuleReader.h"
 #include "StrayText.h"
 
-#include <PieceCutter.h>
+#include <Splitter.h>
 #include <TrRule.h>
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace Grammar {
 namespace {
 
 /// How many bytes the library looks at behind a cut.
-constexpr std::size_t ReaderLimit = TrRuleInternal::PieceCutter::MaxRest;
+constexpr std::size_t ReaderLimit = TrRuleInternal::Splitter::MaxRest;
 
 /// Whether the library does not get to see the end of a text.
 bool IsCut(std::string_view Text) {

@@ -1,6 +1,6 @@
 #include "SourceRule.h"
 
-#include <PieceCutter.h>
+#include <Splitter.h>
 
 #include <algorithm>
 #include <string>
@@ -11,9 +11,9 @@ namespace {
 
 /// Cuts a sequence as the library does: at blanks, without the white space at the ends of a label.
 void CutLabels(std::string_view Sequence, std::vector<std::string_view>& vLabelsReturn) {
-  TrRuleInternal::PieceCutter Pieces(Sequence, " ");
+  TrRuleInternal::Splitter Pieces(Sequence, " ");
   for (std::string_view Piece; Pieces.Next(Piece);) {
-    const std::string_view Label = TrRuleInternal::TrimmedPiece(Piece);
+    const std::string_view Label = TrRuleInternal::TrimmedField(Piece);
     if (!Label.empty()) {
       vLabelsReturn.push_back(Label);
     }

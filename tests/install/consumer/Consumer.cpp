@@ -3,7 +3,7 @@
 #include <iostream>
 #include <string>
 
-// A stranger's program: includes one header, reads a rule, edits it and prints it.
+// A user's program: includes one header, reads a rule, edits it and prints it.
 int main() {
   TrRule Rule;
   const bool Read = Rule.SetTrRuleFromString(

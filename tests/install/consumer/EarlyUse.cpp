@@ -2,8 +2,8 @@
 
 #include <string>
 
-// A stranger's program that uses the library before its main function runs. It includes nothing
-// else that would set up the streams.
+// A user's program that uses the library before its main function runs. It includes nothing else
+// that would construct the streams.
 namespace {
 
 bool UseEarly() {
@@ -25,7 +25,7 @@ bool UseEarly() {
 
 const bool Read = UseEarly();
 
-/// Its end finds the settings as they were: they are taken apart after all that came later.
+/// Its destructor finds the settings intact: they are destroyed after everything that came later.
 struct Farewell {
   ~Farewell() {
     std::cout << "at the end: " << GlobalParams::L2 << ' ' << GlobalParams::ssRelevantTypes.size()

@@ -1,7 +1,7 @@
 // Sections, in the order of the header: texts, lines, alignment strings, reading constraint texts,
 // keeping constraints, print order.
 
-#include "support/SlowTwins.h"
+#include "support/ReferenceImplementation.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -9,7 +9,7 @@
 
 using std::string_literals::operator""s;
 
-namespace Slow {
+namespace Reference {
 
 namespace {
 
@@ -29,13 +29,13 @@ std::string Between(const std::string& Text, std::size_t Start, std::size_t End)
   return End < Start ? "" : Text.substr(Start, End - Start);
 }
 
-/// The text without the bytes at its front that stand in a list.
+/// The text without the bytes of a list at its front.
 std::string WithoutFront(const std::string& Text, const std::string& Bytes) {
   const std::size_t Start = Text.find_first_not_of(Bytes);
   return Start == None ? "" : Text.substr(Start);
 }
 
-/// The text without the bytes at its end that stand in a list.
+/// The text without the bytes of a list at its end.
 std::string WithoutBack(const std::string& Text, const std::string& Bytes) {
   return Text.substr(0, Text.find_last_not_of(Bytes) + 1);
 }
@@ -139,7 +139,7 @@ std::size_t CommentBegin(const std::string& Line) {
 
 namespace {
 
-/// The groups of a pattern that a whole text matches, those without a text empty.
+/// The groups of a pattern that matches a whole text; groups without a match are empty.
 std::optional<Strings> GroupsOf(const std::string& Text, const std::regex& Pattern) {
   std::smatch Match;
   if (!std::regex_match(Text, Match, Pattern)) {
@@ -214,7 +214,7 @@ std::optional<Strings> ConstraintParts(const std::string& Text) {
 
 namespace {
 
-/// Cuts what stands between the outer parentheses, comma by comma.
+/// Splits the text between the outer parentheses, comma by comma.
 Strings PairTexts(std::string Rest) {
   Strings vsPairs;
   std::size_t Comma = Rest.find(',');
@@ -238,7 +238,7 @@ Strings PairTexts(std::string Rest) {
   }
 }
 
-/// Reads one index of a pair; where it cannot, notes the side and leaves the index as it was.
+/// Reads one index of a pair. If it is missing, records the side and leaves the index unchanged.
 void ReadIndex(const std::string& Pair, const char* Ends, char Side, int& Index,
                std::string& Missing) {
   const std::size_t Start = Pair.find(Ends[0]);
@@ -349,7 +349,7 @@ std::string UpToParenthesis(const std::string& Text) {
   return Holds(Value, "*OR*") ? Value + ")" : Value;
 }
 
-/// Takes out white space, but for one blank behind a node's name.
+/// Removes white space, except one blank after the name of a node.
 std::string Compact(const std::string& Text) {
   std::string Result;
   for (std::size_t Position = 0; Position < Text.size(); ++Position) {
@@ -364,7 +364,7 @@ std::string Compact(const std::string& Text) {
   return Result;
 }
 
-/// Collects the constrained index up to the first blank; gives the place of that blank.
+/// Collects the constrained index up to the first blank, and returns the position of that blank.
 std::size_t ReadNode(const std::string& Left, const std::string& Skipped, Constraint& Record) {
   std::string Number;
   std::size_t Position = 0;
@@ -440,7 +440,7 @@ Reading Read(const std::string& Text) {
 
 namespace {
 
-/// Reads one ranked text, the agreement's steps included.
+/// Reads one ranked text, including the steps of an agreement.
 class RankedReader {
  public:
   RankedReader(std::string TextPassIn, int RankPassIn, int CategoryPassIn)
@@ -613,7 +613,7 @@ namespace {
 
 using DependencyTable = std::map<int, std::set<int>>;
 
-/// What a key still waits for: other keys of the table; nothing in category 2.
+/// The other keys of the table that a key still waits for; none in category 2.
 std::set<int> Pruned(const DependencyTable& Waiting, int Key, bool IsCategory2) {
   std::set<int> siLeft;
   for (const int Agreed : Waiting.at(Key)) {
@@ -628,9 +628,9 @@ std::set<int> Pruned(const DependencyTable& Waiting, int Key, bool IsCategory2) 
 class PassesForPrint {
  public:
   explicit PassesForPrint(const std::vector<Constraint>& vConstraints) {
-    for (const Constraint& Each : vConstraints) {
+    for (const Constraint& Record : vConstraints) {
       if (Result.Message.empty()) {
-        Add(Each);
+        Add(Record);
       }
     }
     for (std::size_t Number = 0; Number < 3 && Result.Message.empty(); ++Number) {
@@ -641,22 +641,22 @@ class PassesForPrint {
   PrintOrder Result;
 
  private:
-  void Add(const Constraint& Each) {
-    if (Each.IsValueConstraint()) {
-      Result.vsTexts.push_back(Each.ReturnAsString());
+  void Add(const Constraint& Record) {
+    if (Record.IsValueConstraint()) {
+      Result.vsTexts.push_back(Record.ReturnAsString());
       return;
     }
-    const int Agreed = Each.GetAgreedIndex(Each.GetFeatValue());
+    const int Agreed = Record.GetAgreedIndex(Record.GetFeatValue());
     if (Agreed == -1) {
       Result.Message =
           "ERROR in TrRule::GetConstraintsInPrintOrder. Can't find agreed index for constraint " +
-          Each.ReturnAsString();
+          Record.ReturnAsString();
       return;
     }
-    if (Each.GetCategory() >= 1 && Each.GetCategory() <= 4) {
-      const auto Number = static_cast<std::size_t>(std::min(Each.GetCategory(), 3) - 1);
-      Tables[Number][Each.GetConstrainedIndex()].insert(Agreed);
-      Groups[Number].insert({Each.GetConstrainedIndex(), Each});
+    if (Record.GetCategory() >= 1 && Record.GetCategory() <= 4) {
+      const auto Number = static_cast<std::size_t>(std::min(Record.GetCategory(), 3) - 1);
+      Tables[Number][Record.GetConstrainedIndex()].insert(Agreed);
+      Groups[Number].insert({Record.GetConstrainedIndex(), Record});
     }
   }
 
@@ -673,7 +673,7 @@ class PassesForPrint {
     }
   }
 
-  /// Takes out the keys that wait for nothing; whether there were any.
+  /// Removes the keys that wait for nothing. @return whether there were any
   bool Pass(std::size_t Number) {
     DependencyTable Left;
     bool CouldProceed = false;
@@ -704,4 +704,4 @@ PrintOrder OrderForPrint(const std::vector<Constraint>& vConstraints) {
   return PassesForPrint(vConstraints).Result;
 }
 
-}  // namespace Slow
+}  // namespace Reference

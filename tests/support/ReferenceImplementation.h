@@ -11,15 +11,15 @@
 #include <vector>
 
 /// @file
-/// The library's algorithms once more, in the form in which one would explain them: one step after
-/// the other, on copies of the text. They are slow, and plain enough to be checked by eye. The
-/// library has to give the same results; tests and fuzz targets compare the two:
+/// A reference implementation of the library's algorithms: one step at a time, on copies of the
+/// text, slow, and plain enough to check by eye. Tests and fuzz targets compare the library with
+/// it:
 ///
-///   EXPECT_EQ(Tokenizer()(Text, "::"), Slow::Pieces(Text, "::"));
+///   EXPECT_EQ(Tokenizer()(Text, "::"), Reference::Pieces(Text, "::"));
 ///
-/// None of them uses the library's text utilities; of `Constraint` they use the setters and
-/// getters alone.
-namespace Slow {
+/// It uses none of the library's text utilities, and only the setters and getters of
+/// `Constraint`.
+namespace Reference {
 
 using Strings = std::vector<std::string>;
 
@@ -29,17 +29,17 @@ bool Holds(const std::string& Text, const std::string& Part);
 
 std::string Upper(std::string Text);
 
-/// The non-empty pieces, one remainder after the other. The delimiter must not be empty.
+/// The non-empty pieces, one remainder after another. The delimiter must not be empty.
 Strings Pieces(const std::string& Text, const std::string& Delimiter);
 
-/// The same, with the white space at the ends of each piece taken off byte by byte.
+/// The same, with each piece trimmed byte by byte.
 Strings TrimmedPieces(const std::string& Text, const std::string& Delimiter);
 
 std::string WithoutLeadingSpace(std::string Text);
 std::string WithoutTrailingSpace(std::string Text);
 std::string WithoutSpace(const std::string& Text);
 
-/// The text with each `From`, which must not be empty, replaced where it stands.
+/// The text with each `From`, which must not be empty, replaced.
 std::string Replaced(std::string Text, const std::string& From, const std::string& To);
 
 // ---- Lines ------------------------------------------------------------------------------------
@@ -47,11 +47,11 @@ std::string Replaced(std::string Text, const std::string& From, const std::strin
 /// The marks that a text holds, of `;;`, `{`, `] -> [`, `::` and `=`, in this order.
 Strings MarksIn(const std::string& Text);
 
-/// Where the comment of a line begins; its size where there is none.
+/// The start of the comment in a line; the size of the line if there is none.
 std::size_t CommentBegin(const std::string& Line);
 
-// What the lines in their common form are taken apart into, in the order of the fields; nothing for
-// any other text. They go by regular expressions, which suit short texts alone.
+// The parts of lines in their common form, in the order of the fields; nothing for any other text.
+// These functions use regular expressions, which suit only short texts.
 
 /// Type and number of a header.
 std::optional<Strings> HeaderParts(const std::string& Line);
@@ -63,12 +63,12 @@ std::optional<Strings> RuleLineParts(const std::string& Line);
 std::optional<Strings> AlignmentParts(const std::string& Line);
 
 /// Left node, feature, equals signs, kind of the right side, right side, its node, its feature, its
-/// value. The kind is "node", "reference", "value", "or" or "not"; what a text lacks is empty.
+/// value. The kind is "node", "reference", "value", "or" or "not"; missing parts are empty.
 std::optional<Strings> ConstraintParts(const std::string& Text);
 
 // ---- Alignment strings ------------------------------------------------------------------------
 
-/// A canonical string with the indices that were missing on the way: "x" and "y", in order.
+/// A canonical string, and the missing indices as "x" and "y", in order.
 struct Ordered {
   std::string Text;
   std::string Missing;
@@ -82,28 +82,28 @@ struct Ordered {
   }
 };
 
-/// The order through a map of maps, as a reader would sort the pairs by hand.
+/// Orders the pairs through a map of maps, as one would by hand.
 Ordered Canonical(const std::string& Alignments);
 
-/// Whether ordering a string that has pairs changes and reports nothing.
+/// Whether ordering a string with pairs changes and reports nothing.
 bool IsOrdered(const std::string& Alignments);
 
 using TextPairs = std::vector<std::pair<std::string, std::string>>;
 
-/// The index texts of the pairs that are displayed, one remainder after the other.
+/// The index texts of the displayed pairs, one remainder after another.
 TextPairs Displayed(std::string Rest);
 
-/// The string with its sides exchanged, pair by pair; nothing where a pair has not two parts.
+/// The string with its sides exchanged, pair by pair; nothing if a pair does not have two parts.
 std::optional<std::string> Reversed(const std::string& Alignments);
 
 using IntPairs = std::vector<std::pair<int, int>>;
 
-/// The pairs that can be looked up, byte by byte; each "(" but one in the first place opens one.
+/// The pairs that can be looked up, byte by byte. Each "(" except a leading one begins a pair.
 IntPairs IndexedPairs(const std::string& Text);
 
 // ---- Reading constraint texts -----------------------------------------------------------------
 
-/// A constraint that was read, and what was written on the way.
+/// A constraint that was read, and the messages.
 struct Reading {
   Constraint Record;
   std::string Err;
@@ -112,7 +112,7 @@ struct Reading {
 /// Reads a text as `Constraint(std::string)` does.
 Reading Read(const std::string& Text);
 
-/// What becomes of a text with its rank and category given.
+/// The result of reading a text with rank and category.
 struct RankedReading {
   std::optional<Constraint> Record;
   std::string Out;
@@ -120,8 +120,8 @@ struct RankedReading {
   bool Ended = false;  ///< whether the process would have ended
 };
 
-/// Reads a text as `TrRule::SetConstraint` with rank and category does. All steps for agreements
-/// are here, too, although no text gets through them.
+/// Reads a text as `TrRule::SetConstraint` with rank and category does. Includes all steps for
+/// agreements, although no text passes them.
 RankedReading ReadRanked(const std::string& Text, int Rank, int Category);
 
 // ---- Keeping constraints ----------------------------------------------------------------------
@@ -132,16 +132,16 @@ std::string KeyPrefix(const Constraint& Record);
 /// The words of two values, those of the old one first, each once.
 std::string MergedValue(const std::string& Old, const std::string& New);
 
-/// A store that walks over all of its entries to merge a value.
+/// A store that visits all of its entries to merge a value.
 class Store {
  public:
   Store() = default;
   explicit Store(std::map<std::string, Constraint> Entries) : Stored(std::move(Entries)) {}
 
-  /// Whether the key was new; `OutReturn` gets the lines of the merging added.
+  /// Whether the key was new. The lines of the mergings are appended to `OutReturn`.
   bool Insert(Constraint New, std::string& OutReturn);
 
-  /// Nothing where the call would not return.
+  /// Nothing if the call would not return.
   std::optional<bool> Erase(int Index, const std::string& Feature, const std::string& Value,
                             const std::string& Agreed, const std::set<int>& siCategories);
 
@@ -157,14 +157,14 @@ class Store {
 
 // ---- Print order ------------------------------------------------------------------------------
 
-/// The texts in print order; where there is no order, those that came before, and the message.
+/// The texts in print order. If there is no order, the texts before the error, and the message.
 struct PrintOrder {
   Strings vsTexts;
   std::string Message;
 };
 
-/// The order of constraints, found by passes over tables that are pruned again and again.
+/// The order of constraints, found by repeated passes that prune tables.
 /// @param vConstraints the constraints in the order of their keys
 PrintOrder OrderForPrint(const std::vector<Constraint>& vConstraints);
 
-}  // namespace Slow
+}  // namespace Reference

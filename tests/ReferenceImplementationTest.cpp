@@ -1,15 +1,16 @@
-// Compares what is written for speed with its slow twin (support/SlowTwins.h) on random input: half
-// of it well-formed, half of it damaged. The input depends on one number alone:
+// Compares the fast algorithms with the reference implementation
+// (support/ReferenceImplementation.h) on random input, half of it well-formed and half of it
+// damaged. The input depends on one number:
 //
-//   TRRULE_TEST_SEED=7 trrule-tests --gtest_filter='SlowTwin.*'
+//   TRRULE_TEST_SEED=7 trrule-tests --gtest_filter='ReferenceImplementation.*'
 
-#include "support/SlowTwins.h"
+#include "support/ReferenceImplementation.h"
 
 #include "AlignmentText.h"
 #include "StringUtils.h"
 #include "TrRule.h"
-#include "support/FastTwins.h"
 #include "support/HaltGuard.h"
+#include "support/LibraryResults.h"
 #include "support/PrivateAccess.h"
 #include "support/RandomInput.h"
 #include "support/Samples.h"
@@ -28,10 +29,10 @@ using std::string_literals::operator""s;
 
 namespace {
 
-/// Of each algorithm; there are ten of them.
+/// The number of inputs for each of the ten algorithms.
 constexpr int Cases = 21000;
 
-class SlowTwin : public testing::Test, protected RandomInput {
+class ReferenceImplementation : public testing::Test, protected RandomInput {
  protected:
   static void SetUpTestSuite() {
     std::cout << "Random input of TRRULE_TEST_SEED=" << Seed() << '\n';
@@ -40,11 +41,11 @@ class SlowTwin : public testing::Test, protected RandomInput {
   /// An alignment string with pairs that may repeat, in any order.
   std::string Pairs();
 
-  /// Mostly a reference to a greater index, sometimes to any, or a value; rarely to no index.
+  /// Mostly a reference to a larger index, sometimes to any, or a value; rarely without an index.
   Constraint AnyReference();
 };
 
-std::string SlowTwin::Pairs() {
+std::string ReferenceImplementation::Pairs() {
   std::string Text = "(";
   for (std::size_t Left = Below(6); Left > 0; --Left) {
     const std::string X = std::to_string(Below(12));
@@ -55,7 +56,7 @@ std::string SlowTwin::Pairs() {
   return Text == "(" ? "()" : Text;
 }
 
-Constraint SlowTwin::AnyReference() {
+Constraint ReferenceImplementation::AnyReference() {
   const int Category = Pick(std::vector<int>{1, 1, 1, 2, 3, 4, 4, 4, 5, -1});
   const int Index = static_cast<int>(Below(8));
   const std::string Feature = Pick(Strings{"all", "NUM"});
@@ -69,7 +70,7 @@ Constraint SlowTwin::AnyReference() {
 
 // ---- Texts ------------------------------------------------------------------------------------
 
-TEST_F(SlowTwin, CutsTextsIntoTheSamePieces) {
+TEST_F(ReferenceImplementation, AgreesOnSplitTexts) {
   const Tokenizer Tokenize;
   const Strings vsWords = {"NP", "::", ":", " ", "  ", "[DET ADJ N]", "->", "\t", "(X1", "=", "\r"};
   for (int Case = 0; Case < Cases; ++Case) {
@@ -77,13 +78,13 @@ TEST_F(SlowTwin, CutsTextsIntoTheSamePieces) {
         Case % 3 == 0 ? ':' + TextOf(": =a", 2) : Pick(Strings{" ", "::", " -> ", "="});
     const std::string Text =
         Case % 2 == 0 ? WordsOf(vsWords, 20) : TextOf(":: =ab\t\r\n\0\xA0"s, 40);
-    ASSERT_EQ(Tokenize(Text, Delimiter), Slow::Pieces(Text, Delimiter)) << Text;
-    ASSERT_EQ(Tokenize(Text, Delimiter, false), Slow::Pieces(Text, Delimiter)) << Text;
-    ASSERT_EQ(Tokenize(Text, Delimiter, true), Slow::TrimmedPieces(Text, Delimiter)) << Text;
+    ASSERT_EQ(Tokenize(Text, Delimiter), Reference::Pieces(Text, Delimiter)) << Text;
+    ASSERT_EQ(Tokenize(Text, Delimiter, false), Reference::Pieces(Text, Delimiter)) << Text;
+    ASSERT_EQ(Tokenize(Text, Delimiter, true), Reference::TrimmedPieces(Text, Delimiter)) << Text;
   }
 }
 
-TEST_F(SlowTwin, TrimsTexts) {
+TEST_F(ReferenceImplementation, AgreesOnTrimmedTexts) {
   const std::string OfAllBytes = [] {
     std::string Bytes;
     for (int Value = 0; Value < 256; ++Value) {
@@ -96,13 +97,13 @@ TEST_F(SlowTwin, TrimsTexts) {
     const std::size_t Length = Below(64);
     const std::string Text =
         Case % 2 == 0 ? TextOf("  \t\r\n\v\fa\0\xA0"s, 16) : OfAllBytes.substr(Start, Length);
-    ASSERT_EQ(StringUtils::RemoveLeadingWhiteSpace(Text), Slow::WithoutLeadingSpace(Text));
-    ASSERT_EQ(StringUtils::RemoveTrailingWhiteSpace(Text), Slow::WithoutTrailingSpace(Text));
-    ASSERT_EQ(StringUtils::RemoveAllWhiteSpace(Text), Slow::WithoutSpace(Text));
+    ASSERT_EQ(StringUtils::RemoveLeadingWhiteSpace(Text), Reference::WithoutLeadingSpace(Text));
+    ASSERT_EQ(StringUtils::RemoveTrailingWhiteSpace(Text), Reference::WithoutTrailingSpace(Text));
+    ASSERT_EQ(StringUtils::RemoveAllWhiteSpace(Text), Reference::WithoutSpace(Text));
   }
 }
 
-TEST_F(SlowTwin, ReplacesTexts) {
+TEST_F(ReferenceImplementation, AgreesOnReplacements) {
   for (int Case = 0; Case < Cases; ++Case) {
     const std::string Text = Case % 2 == 0 ? WordsOf({"(*OR*", " SG", " PL", ")", "*", "'"}, 8)
                                            : TextOf("ab\"\\\0\xFF"s, 24);
@@ -110,7 +111,7 @@ TEST_F(SlowTwin, ReplacesTexts) {
         Case % 2 == 0 ? Pick(Strings{"(*OR*", ")", "'"}) : 'a' + TextOf("ab\\"s, 2);
     const std::string To =
         Case % 4 < 2 ? Pick(Strings{"", "a", "aa", "\\'", "(*OR*"}) : TextOf("a\"\\\0\xFF"s, 3);
-    ASSERT_EQ(StringUtils::ReplaceAll(Text, From, To), Slow::Replaced(Text, From, To))
+    ASSERT_EQ(StringUtils::ReplaceAll(Text, From, To), Reference::Replaced(Text, From, To))
         << Text << " / " << From << " / " << To;
   }
 }
@@ -123,35 +124,35 @@ const std::string AlignmentBytes = "((()),,,1290- x\0\xFF"s;
 
 }  // namespace
 
-TEST_F(SlowTwin, OrdersAlignments) {
+TEST_F(ReferenceImplementation, AgreesOnTheOrderOfAlignments) {
   int Settled = 0;
   for (int Case = 0; Case < Cases; ++Case) {
     const std::string Text = Case % 2 == 0 ? Pairs() : '(' + Damaged(Pairs(), AlignmentBytes) + ')';
-    const Slow::Ordered Expected = Slow::Canonical(Text);
-    ASSERT_EQ(Fast::Canonical(Text), Expected) << Text;
-    ASSERT_TRUE(!TrRuleInternal::IsCanonical(Text) || Slow::IsOrdered(Text)) << Text;
-    ASSERT_TRUE(Case % 2 != 0 || TrRuleInternal::IsCanonical(Text) == Slow::IsOrdered(Text));
-    // With all indices there, what is in order stays as it is.
+    const Reference::Ordered Expected = Reference::Canonical(Text);
+    ASSERT_EQ(Library::Canonical(Text), Expected) << Text;
+    ASSERT_TRUE(!TrRuleInternal::IsCanonical(Text) || Reference::IsOrdered(Text)) << Text;
+    ASSERT_TRUE(Case % 2 != 0 || TrRuleInternal::IsCanonical(Text) == Reference::IsOrdered(Text));
+    // If no index is missing, ordering again changes nothing.
     if (Expected.Missing.empty()) {
-      ASSERT_EQ(Slow::Canonical(Expected.Text), Expected) << Text;
+      ASSERT_EQ(Reference::Canonical(Expected.Text), Expected) << Text;
       ++Settled;
     }
   }
   EXPECT_GT(Settled, Cases / 2);
 }
 
-TEST_F(SlowTwin, CutsAlignmentsForDisplay) {
+TEST_F(ReferenceImplementation, AgreesOnDisplayedAlignments) {
   for (int Case = 0; Case < Cases; ++Case) {
     const std::string Text = Case % 2 == 0 ? Pairs() : Damaged(Pairs(), AlignmentBytes);
-    ASSERT_EQ(Fast::Displayed(Text), Slow::Displayed(Text)) << Text;
+    ASSERT_EQ(Library::Displayed(Text), Reference::Displayed(Text)) << Text;
   }
 }
 
-TEST_F(SlowTwin, ReversesAlignments) {
+TEST_F(ReferenceImplementation, AgreesOnReversedAlignments) {
   int Reversed = 0;
   for (int Case = 0; Case < Cases; ++Case) {
     const std::string Text = Case % 2 == 0 ? Pairs() : Damaged(Pairs(), AlignmentBytes);
-    const std::optional<std::string> Expected = Slow::Reversed(Text);
+    const std::optional<std::string> Expected = Reference::Reversed(Text);
     ASSERT_EQ(TrRuleInternal::ReversedAlignments(Text), Expected) << Text;
     Reversed += Expected ? 1 : 0;
   }
@@ -163,7 +164,7 @@ TEST_F(SlowTwin, ReversesAlignments) {
 namespace {
 
 std::string Fields(const Constraint& Record) {
-  return Slow::KeyPrefix(Record) + Record.GetFeatValue() + "__" +
+  return Reference::KeyPrefix(Record) + Record.GetFeatValue() + "__" +
          std::to_string(Record.GetRankInCategory()) +
          (Record.IsValueConstraint() ? "__value" : "__reference");
 }
@@ -172,7 +173,7 @@ const std::string ConstraintBytes = "()=* xyXY0129-\t\r_orOR\0\xE9"s;
 
 }  // namespace
 
-TEST_F(SlowTwin, ReadsConstraintTexts) {
+TEST_F(ReferenceImplementation, AgreesOnConstraintTexts) {
   const Strings vsWords = {"(",   ")",   "=",   ")=",  " ",    "x1", "y0",
                            "(x2", "(y0", "(y3", "num", "*OR*", "*",  " = "};
   std::set<std::string> ssRecords;
@@ -180,17 +181,17 @@ TEST_F(SlowTwin, ReadsConstraintTexts) {
   for (int Case = 0; Case < Cases; ++Case) {
     const std::string Text =
         Case % 2 == 0 ? Damaged(Pick(ConstraintSamples), ConstraintBytes) : WordsOf(vsWords, 16);
-    const Slow::Reading Expected = Slow::Read(Text);
+    const Reference::Reading Expected = Reference::Read(Text);
     const Constraint Record(Text);
     ASSERT_EQ(Fields(Record), Fields(Expected.Record)) << Text;
     ASSERT_EQ(Streams.TakeErr(), Expected.Err) << Text;
     ssRecords.insert(Fields(Record));
   }
   EXPECT_EQ(Streams.TakeOut(), "");
-  EXPECT_GT(ssRecords.size(), 500U);  // the texts were not all refused
+  EXPECT_GT(ssRecords.size(), 500U);  // not all texts were rejected
 }
 
-TEST_F(SlowTwin, ReadsRankedConstraintTexts) {
+TEST_F(ReferenceImplementation, AgreesOnRankedConstraintTexts) {
   constexpr int Rank = 2;
   constexpr int Category = 4;
   const Strings vsShapes = {"((X1 NUM) = (*OR* SG PL))", "((Y2 GEN) = (*NOT* M))",
@@ -206,7 +207,7 @@ TEST_F(SlowTwin, ReadsRankedConstraintTexts) {
       const std::size_t Lost = Below(3);
       Text.replace(Place, Lost, Pick(vsWords));
     }
-    const Slow::RankedReading Expected = Slow::ReadRanked(Text, Rank, Category);
+    const Reference::RankedReading Expected = Reference::ReadRanked(Text, Rank, Category);
     TrRule Rule;
     std::optional<Halted> Halt;
     ASSERT_EQ(WrittenBy([&] { Halt = HaltOf([&] { Rule.SetConstraint(Text, Rank, Category); }); }),
@@ -237,10 +238,10 @@ Strings FieldsByKey(const std::map<std::string, Constraint>& Entries) {
   return vsEntries;
 }
 
-/// A rule and a slow store, to which the same things happen.
+/// A rule and a reference store, which receive the same calls.
 struct TwoStores {
   TrRule Rule;
-  Slow::Store Store;
+  Reference::Store Store;
   unsigned Merged = 0;
   unsigned Erased = 0;
   unsigned Waited = 0;
@@ -277,7 +278,7 @@ struct TwoStores {
 
 }  // namespace
 
-TEST_F(SlowTwin, MergesAndErasesConstraints) {
+TEST_F(ReferenceImplementation, AgreesOnMergedAndErasedConstraints) {
   constexpr int CasesOfOneRule = 30;
   const Strings vsFeatures = {"A", "A__B", "A__", "", "B"};
   const Strings vsValues = {"SG",    "PL",   "DU SG",    "(*OR* SG PL)", "(*OR* PL SG)",
@@ -324,9 +325,9 @@ struct RuleInKeyOrder {
   TrRule Rule;
   std::map<std::string, Constraint> Entries;
 
-  /// Values that would merge are left out: merging is not what this is about.
+  /// Skips values that would merge: merging is not under test.
   void Insert(const Constraint& New) {
-    const std::string Prefix = Slow::KeyPrefix(New);
+    const std::string Prefix = Reference::KeyPrefix(New);
     const auto Neighbour = Entries.lower_bound(Prefix);
     const bool WouldMerge =
         New.IsValueConstraint() && Neighbour != Entries.end() && Neighbour->first.find(Prefix) == 0;
@@ -335,25 +336,25 @@ struct RuleInKeyOrder {
     }
   }
 
-  Slow::PrintOrder SlowOrder() const {
+  Reference::PrintOrder ReferenceOrder() const {
     std::vector<Constraint> vConstraints;
-    for (const auto& [Key, Each] : Entries) {
-      vConstraints.push_back(Each);
+    for (const auto& [Key, Stored] : Entries) {
+      vConstraints.push_back(Stored);
     }
-    return Slow::OrderForPrint(vConstraints);
+    return Reference::OrderForPrint(vConstraints);
   }
 };
 
 }  // namespace
 
-TEST_F(SlowTwin, OrdersConstraintsForPrint) {
+TEST_F(ReferenceImplementation, AgreesOnThePrintOrder) {
   std::map<std::optional<HaltReason>, int> Outcomes;
   for (int Case = 0; Case < Cases; ++Case) {
     RuleInKeyOrder Made;
     for (std::size_t Left = Below(16); Left > 0; --Left) {
       Made.Insert(AnyReference());
     }
-    const Slow::PrintOrder Expected = Made.SlowOrder();
+    const Reference::PrintOrder Expected = Made.ReferenceOrder();
     Strings vsOrder;
     std::optional<Halted> Halt;
     const Written Streams = WrittenBy(
