@@ -19,7 +19,12 @@ struct AlignmentParts {
 /// Parses an alignment line in its common form: letters of either case, numbers of up to nine
 /// digits, and nothing before, between or after them. Linear.
 ///
-///   ParseCommonAlignment("(X2::Y3)", Parts);  // Parts.X is 2, Parts.YText is "3"
+/// @code
+///   AlignmentParts Parts;
+///   ParseCommonAlignment("(X2::Y3)", Parts);  // true
+///   Parts.X;                                  // 2
+///   Parts.YText;                              // "3"
+/// @endcode
 ///
 /// @return whether the line is in the common form; if not, the parts are unspecified
 bool ParseCommonAlignment(std::string_view Line, AlignmentParts& PartsReturn);
@@ -49,7 +54,12 @@ std::string_view WithinParentheses(std::string_view Line);
 /// Parses an alignment line by the lenient rules of the library's reader, which accept any text as
 /// the numbers. Linear.
 ///
-///   ReadAlignment("1. (X2::Y3) (a)", Texts);  // Texts.X is "2", Texts.Y is "3) (a"
+/// @code
+///   AlignmentTexts Texts;
+///   ReadAlignment("1. (X2::Y3) (a)", Texts);  // AlignmentFault::None
+///   Texts.X;                                  // "2"
+///   Texts.Y;                                  // "3) (a"
+/// @endcode
 ///
 /// @param Line the line, with the letters of the sides in capitals
 AlignmentFault ReadAlignment(std::string_view Line, AlignmentTexts& TextsReturn);

@@ -11,9 +11,18 @@
 /// exchanging the sides.
 ///
 /// An alignment string is "(" pairs separated by "," ")"; a pair is "(x,y)", where x and y count
-/// the components of their side from 1. For example, `CanonicalAlignments("((2,1),(1,2))", ...)`
-/// returns `"((1,2),(2,1))"`, and `ReversedAlignments("((1,1),(2,3))")` returns `"((1,1),(3,2))"`.
-/// Other texts are parsed as far as possible. Nothing is printed.
+/// the components of their side from 1. Other texts are parsed as far as possible. Nothing is
+/// printed.
+/// @code
+///   std::vector<MissingIndex> vMissing;
+///   CanonicalAlignments("((2,1),(1,2))", vMissing);  // "((1,2),(2,1))"
+///   ReversedAlignments("((1,1),(2,3))");             // "((1,1),(3,2))"
+///   DisplayWalk Walk("((1,1),(2,3))");
+///   DisplayPair Pair;
+///   Walk.Next(Pair);  // true
+///   Walk.Next(Pair);  // true
+///   Pair.Y;           // "3"
+/// @endcode
 
 namespace TrRuleInternal {
 

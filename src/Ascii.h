@@ -13,8 +13,11 @@
 /// Byte classes and number reading that do not depend on the host program's locale.
 ///
 /// Every text of the library is a string of bytes. Only ASCII letters, digits and white space have
-/// a meaning; NUL and bytes over 127 are passed through. For example, `Upper("x1 = ä")` returns
-/// `"X1 = ä"`, and `ToInt(" 12)")` returns 12.
+/// a meaning; NUL and bytes over 127 are passed through.
+/// @code
+///   Upper("x1 = ä");  // "X1 = ä"
+///   ToInt(" 12)");    // 12
+/// @endcode
 
 namespace TrRuleInternal {
 

@@ -11,8 +11,14 @@
 /// The format of constraint texts, as people and as the library write it.
 ///
 /// The library's reader accepts almost any text as a constraint. This parser accepts only the
-/// format, and reports where another text departs from it. For example, "((x1 num = sg)" stops
-/// before "=", where ")" is expected. Nothing is printed.
+/// format, and reports where another text departs from it. Nothing is printed.
+/// @code
+///   ConstraintStop Stop;
+///   ParseConstraint("((y1 num) = (y2 num))", Stop)->RightNode->Index;  // 2
+///   ParseConstraint("((x1 num = sg)", Stop).has_value();               // false
+///   Stop.Place;                                                        // 9
+///   Stop.Expected;                                                     // "\")\""
+/// @endcode
 
 namespace TrRuleInternal {
 
@@ -26,8 +32,6 @@ struct ConstraintStop {
 /// meaning, features of several words, any number of equals signs. Also parses what the library
 /// writes, with some parentheses missing, and extra parentheses that close the body of the rule.
 /// Linear.
-///
-///   ParseConstraint("((y1 num) = (y2 num))", Stop)->RightNode->Index;  // 2
 ///
 /// @return nothing if the text is not in the format; then `StopReturn` receives where and why
 std::optional<ConstraintParts> ParseConstraint(std::string_view Text, ConstraintStop& StopReturn);

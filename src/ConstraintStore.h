@@ -10,8 +10,12 @@
 /// @file
 /// The keys under which a rule stores its constraints, and the merging of the values of a feature.
 ///
-/// For example, "((y1 num) = sg)" has the key "4__1__NUM__SG", whose prefix is "4__1__NUM__". If a
-/// map contains it, adding "((y1 num) = pl)" replaces it by the key "4__1__NUM__(*OR* SG PL)".
+/// The constraint "((y1 num) = sg)" has the key "4__1__NUM__SG", whose prefix is "4__1__NUM__". If
+/// a map contains it, adding "((y1 num) = pl)" replaces it by the key "4__1__NUM__(*OR* SG PL)".
+/// @code
+///   MakeKey(4, 1, "NUM", "SG").Text;  // "4__1__NUM__SG"
+///   MergedValue("SG", "PL");          // "(*OR* SG PL)"
+/// @endcode
 
 namespace TrRuleInternal {
 

@@ -46,7 +46,11 @@ struct ConstraintParts {
 /// Parses a text in the common form: no white space but the single blanks of the form, and words of
 /// letters, digits, "+", "-" and "_". A feature can have several words. Linear.
 ///
-///   ParseCommonForm("((y1 num) = (y2 num))", Parts);  // Parts.RightNode->Index is 2
+/// @code
+///   ConstraintParts Parts;
+///   ParseCommonForm("((y1 num) = (y2 num))", Parts);  // true
+///   Parts.RightNode->Index;                           // 2
+/// @endcode
 ///
 /// @return whether the text is in the common form; if not, the parts are unspecified
 bool ParseCommonForm(std::string_view Text, ConstraintParts& PartsReturn);
@@ -78,11 +82,21 @@ ConstraintFields FieldsOfCommonForm(const ConstraintParts& Parts);
 /// Puts a name within a text in capitals and drops its blanks, except those after a digit: "agr
 /// gen" becomes "AGRGEN", and "(y0 det" becomes "(Y0 DET". The name must not begin with a blank.
 /// Linear.
+/// @code
+///   std::string Name = "agr gen";
+///   WriteName(Name, 0, Name.size());  // 6
+///   Name;                             // "AGRGEN"
+/// @endcode
 /// @return the new size of the name
 std::size_t WriteName(std::string& TextReturn, std::size_t Begin, std::size_t Size);
 
 /// Reads any text. An unreadable text leaves the fields unchanged. So does the text of a whole node
 /// whose "=" signs leave fewer than two sides, but that is not an error. Linear.
+/// @code
+///   ConstraintFields Fields;
+///   ReadConstraint("( x0=x3)", Fields);  // true
+///   Fields.FeatValue;                    // "X3"
+/// @endcode
 /// @return false if the text is unreadable
 bool ReadConstraint(std::string_view Written, ConstraintFields& FieldsReturn);
 

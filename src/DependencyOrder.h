@@ -5,8 +5,12 @@
 /// @file
 /// Ordering numbers by what they refer to.
 ///
-/// For example, the references from 1 to 2, from 2 to 3 and from 4 to 4 yield the order 2, 4, 1:
-/// 2 and 4 wait for nothing, since 3 is not a key, and 1 waits for 2.
+/// In this example 2 and 4 wait for nothing, since 3 is not a key, and 1 waits for 2:
+/// @code
+///   std::vector<int> vOrder;
+///   OrderByDependency({{1, 2}, {2, 3}, {4, 4}}, vOrder);  // true
+///   vOrder;                                               // {2, 4, 1}
+/// @endcode
 
 namespace TrRuleInternal {
 

@@ -11,8 +11,10 @@
 /// Any other value traces nothing. Error messages are printed at every value. The other members are
 /// for programs built on the library. Worked example:
 /// @code
-///   GlobalParams::DebuggingLevel = 4;
-///   TrRule Copy(Rule);    // prints "In TrRule's copy constructor." and the ordering's traces
+///   TrRule Rule;
+///   GlobalParams::DebuggingLevel = 1;
+///   Rule.SetCStructure("(NP)");
+///   // Setting CStructure:|(NP)|
 /// @endcode
 ///
 /// The members are plain, unsynchronised variables: set them before other threads use the library.

@@ -19,6 +19,7 @@
 ///   } catch (const std::runtime_error&) {
 ///     Rule.SetAlignment("((1,1))");  // the rule is still usable
 ///   }
+///   Rule.GetAlignmentStr();  // "((1,1))"
 /// @endcode
 /// The message is printed before the handler is called. The rule keeps what was set before.
 

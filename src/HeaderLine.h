@@ -22,7 +22,12 @@ struct HeaderParts {
 /// Parses a header line in its common form: nothing around the braces, a type without the marks of
 /// other lines, and digits. Linear.
 ///
-///   ParseCommonHeader("{NP,8}", Parts);  // Parts.Type is "NP", Parts.Number is "8"
+/// @code
+///   HeaderParts Parts;
+///   ParseCommonHeader("{NP,8}", Parts);  // true
+///   Parts.Type;                          // "NP"
+///   Parts.Number;                        // "8"
+/// @endcode
 ///
 /// @return whether the line is in the common form; if not, the parts are unspecified
 bool ParseCommonHeader(std::string_view Line, HeaderParts& PartsReturn);

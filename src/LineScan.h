@@ -6,8 +6,13 @@
 /// @file
 /// Finds the marks in a line of a rule, and where its comment begins.
 ///
-/// For example, `ScanLine("(X1::Y1) ;; was x2 = y2")` finds a pair of colons before the comment,
-/// a comment at position 9, and an equals sign in the whole line.
+/// @code
+///   const ScannedLine Scan = ScanLine("(X1::Y1) ;; was x2 = y2");
+///   Scan.Code.HasColons;   // true
+///   Scan.Code.HasEquals;   // false
+///   Scan.Whole.HasEquals;  // true
+///   Scan.CommentBegin;     // 9
+/// @endcode
 
 namespace TrRuleInternal {
 

@@ -11,9 +11,12 @@
 /// Worked example:
 /// @code
 ///   LineUp Index;
-///   std::set<int> siPartners;
-///   Index.GetEq("((1,1),(1,2),(2,3))", 1, siPartners);       // true; siPartners is {1, 2}
-///   Index.GetEqFromY("((1,1),(1,2),(2,3))", 3, siPartners);  // true; siPartners is {1, 2}
+///   std::set<int> siTargets;
+///   std::set<int> siSources;
+///   Index.GetEq("((1,1),(1,2),(2,3))", 1, siTargets);       // true
+///   siTargets;                                              // {1, 2}
+///   Index.GetEqFromY("((1,1),(1,2),(2,3))", 3, siSources);  // true
+///   siSources;                                              // {2}
 /// @endcode
 ///
 /// Indices count the components from 1. The first character of the string is skipped as the outer

@@ -12,10 +12,12 @@
 /// of comments and of maps with a line feed, the lines of the rule itself without one. Nothing is
 /// checked or printed.
 ///
+/// @code
 ///   std::string Text;
 ///   AppendHeaderLine(Text, "NP", 8);
 ///   AppendAlignmentLine(Text, "2", "3", true);
 ///   Text;  // "{NP,8}\n;--;(X2::Y3)"
+/// @endcode
 
 namespace TrRuleInternal {
 

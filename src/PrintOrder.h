@@ -9,8 +9,13 @@
 ///
 /// Values come first, in the order in which they are stored; then the agreements of category 1,
 /// those of category 2, and those of categories 3 and 4 together. In category 2, nodes ascend; in
-/// the other groups a node comes after the nodes that its agreements refer to. For example,
-/// "(Y1 = Y2)" comes after "(Y2 = Y0)".
+/// the other groups a node comes after the nodes that its agreements refer to. Here
+/// "(Y1 = Y2)" comes after "(Y2 = Y0)":
+/// @code
+///   std::vector<std::size_t> vOrder;
+///   FindPrintOrder({{4, 1, 2}, {4, 2, 0}}, vOrder).has_value();  // false
+///   vOrder;                                                      // {1, 0}
+/// @endcode
 
 namespace TrRuleInternal {
 

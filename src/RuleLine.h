@@ -20,7 +20,11 @@ struct RuleLineParts {
 /// Parses a rule line in its common form: types and labels without brackets, braces, colons,
 /// semicolons, equals signs and angle brackets, and no white space but blanks. Linear.
 ///
-///   ParseCommonRuleLine("NP::NP : [DET N] -> [N DET]", Parts);  // Parts.TLLabels is "N DET"
+/// @code
+///   RuleLineParts Parts;
+///   ParseCommonRuleLine("NP::NP : [DET N] -> [N DET]", Parts);  // true
+///   Parts.TLLabels;                                             // "N DET"
+/// @endcode
 ///
 /// @return whether the line is in the common form; if not, the parts are unspecified
 bool ParseCommonRuleLine(std::string_view Line, RuleLineParts& PartsReturn);
@@ -33,6 +37,9 @@ enum class RuleLineFault { None, Types, SourceSide, TargetSide };
 RuleLineFault ParseRuleLine(std::string_view Code, RuleLineParts& PartsReturn);
 
 /// The labels of a sequence in its common form, in capitals. Linear.
+/// @code
+///   UpperLabels("det n");  // {"DET", "N"}
+/// @endcode
 std::vector<std::string> UpperLabels(std::string_view Sequence);
 
 /// The labels of any sequence, without its brackets: the fields between blanks, trimmed, without

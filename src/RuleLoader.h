@@ -17,12 +17,16 @@ namespace TrRuleInternal {
 /// Fills a rule from parsed lines. Prints nothing: it returns what failed and which values were
 /// merged.
 ///
-/// Worked example, with the parts of "((x1 num) = sg)" and then of "((x1 num) = pl)":
+/// Worked example:
 /// @code
+///   TrRule Rule;
 ///   RuleLoader Loader(Rule);
+///   ConstraintParts Parts;
 ///   std::vector<Merging> vMergings;
+///   ParseCommonForm("((x1 num) = sg)", Parts);  // true
 ///   Loader.AddConstraint(Parts, vMergings);
-///   Loader.AddConstraint(OtherParts, vMergings);
+///   ParseCommonForm("((x1 num) = pl)", Parts);  // true
+///   Loader.AddConstraint(Parts, vMergings);
 ///   vMergings.front().NewKey;  // "1__1__NUM__(*OR* SG PL)"
 /// @endcode
 ///

@@ -8,8 +8,14 @@
 /// @file
 /// Splitting a text at a delimiter string without copying it.
 ///
-/// Empty fields are skipped, and an empty delimiter does not split. For example, `"::a::::b::"`
-/// split at `"::"` yields `"a"` and `"b"`, and `"abc"` split at `"x"` yields `"abc"`.
+/// Empty fields are skipped, and an empty delimiter does not split.
+/// @code
+///   Splitter Fields("::a::::b::", "::");
+///   std::string_view Field;
+///   Fields.Next(Field);              // true
+///   Field;                           // "a"
+///   SplitInTwo("x0 = x3", "=")->Second;  // " x3"
+/// @endcode
 
 namespace TrRuleInternal {
 

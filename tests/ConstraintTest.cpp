@@ -175,13 +175,6 @@ TEST(Constraint, SetsOneFieldAtATime) {
   EXPECT_EQ(Fields(Record), "2|-12|agr gen|(y2|-5|value");
 }
 
-TEST(Constraint, ReturnsCopies) {
-  const Constraint Record(Base);
-  Record.GetFeature().append("!");
-  Record.GetFeatValue().append("!");
-  EXPECT_EQ(Fields(Record), Fields(Base));
-}
-
 TEST(Constraint, AcceptsFourCategories) {
   for (const int Category : {1, 2, 3, 4}) {
     Constraint Record;
@@ -215,11 +208,6 @@ TEST(Constraint, ReadsTheSampleTexts) {
       {"((y1 num) = (*OR* sg pl))", "4|1|NUM|(*OR* SG PL)|value"},
       {"((x1 num) = (*OR* sg pl))", "1|1|NUM|(*OR* SG PL)|value"},
   });
-}
-
-TEST(Constraint, ReadsLiteralsAndStringsAlike) {
-  EXPECT_EQ(Fields(Constraint("(x0 = x3)")), "1|0|all|X3|-1|agreement");
-  EXPECT_EQ(Fields(Constraint("(x0 = x3)"s)), "1|0|all|X3|-1|agreement");
 }
 
 TEST(Constraint, IgnoresCase) {

@@ -26,6 +26,8 @@ static_assert(std::is_same_v<decltype(GlobalParams::OrigGrammarFile), std::strin
 static_assert(std::is_same_v<decltype(GlobalParams::HeadTableFile), std::string>);
 static_assert(std::is_same_v<decltype(GlobalParams::ssRelevantTypes), std::set<std::string>>);
 
+static_assert(std::is_empty_v<GlobalParams> && std::is_copy_assignable_v<GlobalParams>);
+
 namespace {
 
 /// The fifteen switches, in the order of their declaration. A switch of another type does not
@@ -204,14 +206,6 @@ TEST(GlobalParams, AreSeparateVariables) {
     std::exit(Kept ? 42 : 1);  // destroys all of them
   });
   EXPECT_EQ(End, (ChildEnd{42, "", ""}));
-}
-
-TEST(GlobalParams, HaveNoStateInObjects) {
-  const DebugLevel Scope(3);
-  const GlobalParams One;
-  GlobalParams Other(One);
-  Other = One;
-  EXPECT_EQ(GlobalParams::DebuggingLevel, 3);
 }
 
 TEST(GlobalParams, PrintTracesOnlyAtTheirOwnLevel) {

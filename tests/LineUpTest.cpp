@@ -278,17 +278,3 @@ TEST(LineUp, IndexesRandomStringsLikeTheReference) {
     EXPECT_EQ(TargetIndex(Text), Grouped(vExpected, false)) << Text;
   }
 }
-
-TEST(LineUp, PrintsNothingAtAnyLevel) {
-  for (int Level = 0; Level <= 4; ++Level) {
-    SCOPED_TRACE(Level);
-    const DebugLevel Scope(Level);
-    const auto Ask = [] {
-      LineUp Index;
-      IntSet siPartners;
-      Index.GetEq("((1,1))", 1, siPartners);
-      Index.GetEqFromY("1,1", 1, siPartners);
-    };
-    EXPECT_EQ(WrittenBy(Ask), (Written{"", ""}));
-  }
-}

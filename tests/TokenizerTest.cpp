@@ -147,26 +147,3 @@ TEST(Tokenizer, SplitsLikeTheReferenceAtEveryPrefixOfTheSample) {
     }
   }
 }
-
-TEST(Tokenizer, LeavesItsArgumentsUnchangedAndKeepsNoState) {
-  const Tokenizer Tokenize;
-  const std::string Text = " a : b ";
-  const std::string Delimiter = ":";
-  const Tokenizer Copy = Tokenize;
-  EXPECT_EQ(Tokenize(Text, Delimiter, true), (Strings{"a", "b"}));
-  EXPECT_EQ(Copy(Text, Delimiter, true), (Strings{"a", "b"}));
-  EXPECT_EQ(Tokenize(Text, Delimiter), (Strings{" a ", " b "}));
-  EXPECT_EQ(Text + Delimiter, " a : b :");
-}
-
-TEST(Tokenizer, PrintsNothingAtAnyLevel) {
-  for (int Level = 0; Level <= 4; ++Level) {
-    SCOPED_TRACE(Level);
-    const DebugLevel Scope(Level);
-    const auto Cut = [] {
-      Tokenizer()("a b", " ");
-      Tokenizer()(" a : b ", ":", true);
-    };
-    EXPECT_EQ(WrittenBy(Cut), (Written{"", ""}));
-  }
-}

@@ -24,7 +24,6 @@ using IntMap = std::map<int, int>;
 using Lists = std::vector<Strings>;
 using IntMaps = std::vector<IntMap>;
 
-constexpr int AllLevels[] = {0, 1, 2, 3, 4, 5, -1};
 
 const Written Nothing;
 
@@ -151,15 +150,6 @@ TEST(TrRuleAlternatives, DifferOnlyInTheListOfTheChangedArgument) {
   for (int Index = 0; Index < 8; ++Index) {
     EXPECT_EQ(DifferenceWith(Others[Index]), std::to_string(Index + 1));
   }
-}
-
-TEST(TrRuleAlternatives, AcceptLiterals) {
-  TrRule Rule;
-  Rule.AddAlterTrInfo("I see", "veo", "((2,1),(1,1))", "(S (V see))", {{0, 0}, {1, 0}}, {{0, 1}},
-                      {"pron", "v"}, {"v"});
-  EXPECT_EQ(Get(Rule), ListsOf({First}));
-  Rule.AddAlterTrInfo("", "", "", "", {}, {}, {}, {});
-  EXPECT_EQ(Get(Rule), ListsOf({First, Empty}));
 }
 
 TEST(TrRuleAlternatives, MayRepeat) {
@@ -302,20 +292,4 @@ TEST(TrRuleAlternatives, AreCopiedAndAssigned) {
   EXPECT_EQ(Get(Original), ListsOf({First, Second}));
   Original = Copy;
   EXPECT_EQ(Get(Original), ListsOf({First, Second, Empty}));
-}
-
-TEST(TrRuleAlternatives, PrintNothing) {
-  for (const int Level : AllLevels) {
-    TrRule Rule;
-    Fill(Rule);
-    const DebugLevel Guard(Level);
-    EXPECT_EQ(WrittenBy([&] {
-                Add(Rule, Second);
-                EXPECT_TRUE(Rule.AddAlterTrInfo());
-                EXPECT_TRUE(Rule.ResetAlterTrInfo());
-                EXPECT_EQ(Get(Rule), ListsOf({OfFilled}));
-              }),
-              Nothing)
-        << "level " << Level;
-  }
 }

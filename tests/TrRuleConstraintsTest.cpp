@@ -156,14 +156,6 @@ TEST(TrRuleConstraints, InsertATextAsAConstraint) {
   EXPECT_EQ(Records(Rule), (Strings{"1|0|all|X3|-1|agreement"}));
 }
 
-TEST(TrRuleConstraints, AreCopies) {
-  Constraint Record(4, 1, "NUM", "SG", 1, true);
-  TrRule Rule;
-  EXPECT_TRUE(Rule.InsertConstraintIntoMap(Record));
-  Record.SetFeatValue("PL");
-  EXPECT_EQ(Records(Rule), Strings{"4|1|NUM|SG|1|value"});
-}
-
 // ---- Merging ----------------------------------------------------------------------------------
 
 TEST(TrRuleConstraints, MergeASecondValueIntoADisjunction) {
@@ -904,35 +896,6 @@ TEST(TrRuleConstraints, ListTheValueOrAgreedValueOfEachFeatureOfANode) {
   for (const Case& Row : vCases) {
     EXPECT_EQ(Rule.GetConstraintsForInd(Row.Index, Row.siCategories), Row.mspExpected);
   }
-}
-
-TEST(TrRuleConstraints, PrintNothingInQueries) {
-  for (const int Level : {0, 1, 2, 3, 4}) {
-    const DebugLevel Debug(Level);
-    const Written Streams = WrittenBy([] {
-      TrRule Rule;
-      Rule.SetConstraint(4, 1, "NUM", "SG", 0, true);
-      Rule.SetConstraint(1, "GEN", "M", "empty", 0, 4);
-      EXPECT_EQ(Rule.GetNumConstraints(), 2);
-      EXPECT_EQ(Rule.GetConstraints(), Rule.GetConstraints(4));
-      EXPECT_EQ(Rule.GetConstraintsAsSet(), Rule.GetConstraintsAsSet(4));
-      EXPECT_EQ(Rule.GetConstraintsAsSetC().size(), Rule.GetConstraintsAsSetC(4).size());
-      EXPECT_EQ(Rule.GetConstraintsForInd(1, {4}).size(), 2U);
-      EXPECT_TRUE(Rule.EraseCategoryConstraints(4));
-      Rule.ClearConstraints();
-    });
-    EXPECT_EQ(Streams, Nothing);
-  }
-}
-
-TEST(TrRuleConstraints, ReturnCopies) {
-  const TrRule Rule = Sample();
-  Rule.GetConstraints().clear();
-  Rule.GetConstraintsAsSet().clear();
-  Rule.GetConstraintsAsSetC().clear();
-  Rule.GetConstraintsForInd(0, {1}).clear();
-  EXPECT_EQ(Rule.GetConstraints().size(), 7U);
-  EXPECT_EQ(Rule.GetConstraintsForInd(0, {1}).size(), 3U);
 }
 
 // ---- Reading ranked texts, step by step -------------------------------------------------------

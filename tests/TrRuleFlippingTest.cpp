@@ -178,22 +178,6 @@ TEST(TrRuleFlipping, MovesTheParseLabels) {
   }
 }
 
-TEST(TrRuleFlipping, ReturnsACopyOfTheParseLabels) {
-  TrRule Rule;
-  Rule.SetSLPOSFromParse("dt");
-  EXPECT_EQ(Rule.GetTLPOSFromParseAfterFlipping(), Strings());
-  Rule.FlipRuleNoConstraints();
-  Strings vsCopy = Rule.GetTLPOSFromParseAfterFlipping();
-  vsCopy.emplace_back("MORE");
-  for (const int Level : {0, 1, 2, 3, 4}) {
-    SCOPED_TRACE(Level);
-    Strings vsLabels;
-    EXPECT_EQ(WrittenAt(Level, [&] { vsLabels = Rule.GetTLPOSFromParseAfterFlipping(); }),
-              (Written{"", ""}));
-    EXPECT_EQ(vsLabels, Strings{"DT"});
-  }
-}
-
 TEST(TrRuleFlipping, FlipsTheSample) {
   TrRule Rule;
   ASSERT_TRUE(Rule.SetTrRuleFromString(SampleText));

@@ -219,21 +219,6 @@ TEST(TrRulePrintOrder, IsPrivate) {
   EXPECT_FALSE(CanBeAskedFor<TrRule>::value);
 }
 
-TEST(TrRulePrintOrder, ChangesAndPrintsNothing) {
-  for (const int Level : {0, 1, 2, 3, 4}) {
-    TrRule Rule;
-    ASSERT_TRUE(Rule.SetTrRuleFromString(SampleText));
-    const std::string Before = Dump(Rule);
-    const DebugLevel Debug(Level);
-    const Written Streams = WrittenBy([&] {
-      EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), vsSampleOrder);
-      EXPECT_EQ(CallGetConstraintsInPrintOrder(Rule), vsSampleOrder);
-    });
-    EXPECT_EQ(Streams, Written{});
-    EXPECT_EQ(Dump(Rule), Before);
-  }
-}
-
 // ---- Rules without an order -------------------------------------------------------------------
 
 TEST(TrRulePrintOrder, EndsTheProcessOnAnAgreementWithoutAnIndex) {

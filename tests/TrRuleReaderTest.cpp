@@ -159,14 +159,6 @@ TEST(TrRuleReader, ReadsTheSample) {
                             "HeadIndex: -1\nXHeadIndex: -1\nYHeadIndex: -1\n");
 }
 
-TEST(TrRuleReader, AcceptsALiteralAndReturnsABool) {
-  static_assert(
-      std::is_same_v<bool (TrRule::*)(std::string), decltype(&TrRule::SetTrRuleFromString)>);
-  TrRule Rule;
-  EXPECT_TRUE(Rule.SetTrRuleFromString("A::B [C] -> [D]\n(X1::Y1)"));
-  EXPECT_EQ(Printed(Rule), "{,-1}\nA::B [C] -> [D]\n(\n(X1::Y1)\n)\n");
-}
-
 TEST(TrRuleReader, RejectsTextsWithoutARuleLineOrAlignment) {
   const std::string Nothing = "{,-1} | :: [] -> [] | ";
   ExpectReadings("",

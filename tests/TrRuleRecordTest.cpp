@@ -326,23 +326,6 @@ TEST(TrRuleMembers, HaveInitialValuesInANewRule) {
             "NumTrExamples: 1\nHeadIndex: -1\nXHeadIndex: -1\nYHeadIndex: -1\n");
 }
 
-TEST(TrRuleMembers, PrintNothingOnConstructionAndDestruction) {
-  for (const int Level : AllLevels) {
-    const DebugLevel Guard(Level);
-    EXPECT_EQ(WrittenBy([] { const TrRule Rule; }), Nothing) << "level " << Level;
-  }
-}
-
-TEST(TrRuleMembers, AreAssignedByValueWithoutAResult) {
-  static_assert(std::is_same_v<decltype(&TrRule::operator=), void (TrRule::*)(TrRule)>);
-  TrRule Original;
-  Fill(Original);
-  TrRule Assigned;
-  ASSERT_NE(Members(Assigned), Members(Original));
-  Assigned = Original;
-  EXPECT_EQ(Members(Assigned), Members(Original));
-}
-
 TEST(TrRuleMembers, ChangeOnlyByTheirSetters) {
   for (const Change& Variant : AllChanges()) {
     TrRule Rule;
@@ -374,35 +357,6 @@ TEST(TrRuleMembers, ArePrintedOnlyByThreeKindsOfTrace) {
       EXPECT_EQ(Texts.Err, "");
     }
   }
-}
-
-TEST(TrRuleMembers, AreReturnedAsCopiesWithoutOutput) {
-  TrRule Filled;
-  Fill(Filled);
-  const std::string Before = Members(Filled);
-  for (const int Level : AllLevels) {
-    const DebugLevel Guard(Level);
-    const TrRule& Rule = Filled;
-    const Written Texts = WrittenBy([&Rule] {
-      for (const Labels& Sequence : AllLabels) {
-        (Rule.*Sequence.Get)().clear();
-      }
-      for (const Side* OneSide : BothSides) {
-        (Rule.*OneSide->GetWords)().clear();
-        (Rule.*OneSide->GetString)().clear();
-        (Rule.*OneSide->GetMap)().clear();
-      }
-      for (const TextMember& Member : AllTexts) {
-        (Rule.*Member.Get)().clear();
-      }
-      Rule.GetTLPOSFromParseAfterFlipping().clear();
-      Rule.GetAlignmentStr().clear();
-      Rule.GetCSet().clear();
-    });
-    EXPECT_EQ(Texts, Nothing) << "level " << Level;
-    EXPECT_EQ(WrittenBy([&] { EXPECT_EQ(Rule.GetNumConstraints(), 7); }), Nothing);
-  }
-  EXPECT_EQ(Members(Filled), Before);
 }
 
 // ---- Words --------------------------------------------------------------------------------------
@@ -495,25 +449,6 @@ TEST(TrRuleWords, DoNotRebuildTheMap) {
     (Rule.*OneSide->SetWordList)({"a", "b", "c"});
     EXPECT_EQ((Rule.*OneSide->GetMap)(), (IntMap{{5, 6}}));
   }
-}
-
-TEST(TrRuleWords, AcceptALiteralAsATextLikeLabels) {
-  TrRule Rule;
-  Rule.SetSLWords("a b");
-  Rule.SetTLWords("o'k q");
-  Rule.SetSLPOS("c d");
-  Rule.SetWordLevelSLPOS("e f");
-  Rule.SetSLPOSFromParse("g h");
-  Rule.SetTLPOS("i j");
-  Rule.SetWordLevelTLPOS("k l");
-  EXPECT_EQ(Rule.GetSLWords(), (Strings{"A", "B"}));
-  EXPECT_EQ(Rule.GetTLWords(), (Strings{"O'K", "Q"}));
-  EXPECT_EQ(Rule.GetSLPOS(), (Strings{"C", "D"}));
-  EXPECT_EQ(Rule.GetWordLevelSLPOS(), (Strings{"E", "F"}));
-  EXPECT_EQ(Rule.GetSLPOSFromParse(), (Strings{"G", "H"}));
-  EXPECT_EQ(Rule.GetTLPOS(), (Strings{"I", "J"}));
-  EXPECT_EQ(Rule.GetWordLevelTLPOS(), (Strings{"K", "L"}));
-  EXPECT_EQ(Rule.GetTLPOSFromParseAfterFlipping(), Strings());
 }
 
 // ---- Label sequences ----------------------------------------------------------------------------

@@ -27,19 +27,3 @@ TEST(Utils, AllCapsMapsEveryByteLikeStringToUpper) {
   EXPECT_EQ(Utils::AllCaps(AllBytes), Expected);
   EXPECT_EQ(StringUtils::StringToUpper(AllBytes), Expected);
 }
-
-TEST(Utils, AllCapsLeavesItsArgumentUnchanged) {
-  const std::string Text = "Det n1\r\n\0\xC3\xA4 b"s;
-  EXPECT_EQ(Utils::AllCaps(Text), "DET N1\r\n\0\xC3\xA4 B"s);
-  EXPECT_EQ(Text, "Det n1\r\n\0\xC3\xA4 b"s);
-  EXPECT_EQ(Utils::AllCaps(""), "");
-  EXPECT_EQ(Utils::AllCaps("DET"), "DET");
-}
-
-TEST(Utils, AllCapsPrintsNothingAtAnyLevel) {
-  for (int Level = 0; Level <= 4; ++Level) {
-    SCOPED_TRACE(Level);
-    const DebugLevel Scope(Level);
-    EXPECT_EQ(WrittenBy([] { Utils::AllCaps("x"); }), (Written{"", ""}));
-  }
-}
