@@ -63,4 +63,22 @@ std::optional<HeaderParts> ParseHeader(std::string_view Code) {
   return ParseWholeNumber(Parts.Number) ? std::optional<HeaderParts>(Parts) : std::nullopt;
 }
 
+// Header = any "{" Type "," any Digit "}" any
+bool ReadHeader(std::string_view Line, HeaderParts& PartsReturn) {
+  Splitter Pieces(Line, ",");
+  std::string_view TypePiece;
+  std::string_view NumberPiece;
+  if (!Pieces.Next(TypePiece) || !Pieces.Next(NumberPiece)) {
+    return false;
+  }
+  const std::size_t Open = TypePiece.find('{');
+  const std::size_t Close = NumberPiece.find('}');
+  if (Open == std::string_view::npos || Close == std::string_view::npos || Close == 0) {
+    return false;
+  }
+  PartsReturn.Type = TypePiece.substr(Open + 1, Open + KeptLetters);
+  PartsReturn.Number = NumberPiece.substr(Close - 1, 1);
+  return true;
+}
+
 }  // namespace TrRuleInternal

@@ -37,6 +37,14 @@ bool ParseCommonHeader(std::string_view Line, HeaderParts& PartsReturn);
 /// @return nothing unless there are "{", type, ",", a number that fits 32 bits, and "}"
 std::optional<HeaderParts> ParseHeader(std::string_view Code);
 
+/// Takes a header apart by the lenient rules of the library's reader: the type is cut after its
+/// second letter when the brace comes first, and of the number only the last digit is read. Linear.
+///
+///   ReadHeader("{ADJP,12}", Parts);  // Parts.Type is "AD", Parts.Number is "2"
+///
+/// @return false where the line gives neither type nor number
+bool ReadHeader(std::string_view Line, HeaderParts& PartsReturn);
+
 /// The value of a decimal number, with or without a minus sign; nothing if the text is not such a
 /// number or the number does not fit.
 std::optional<int> ParseWholeNumber(std::string_view Text);

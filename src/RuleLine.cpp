@@ -129,6 +129,30 @@ RuleLineFault ParseRuleLine(std::string_view Code, RuleLineParts& PartsReturn) {
   return RuleLineFault::None;
 }
 
+// Types = SLType "::" TLType, at the front of a part that ends at a blank
+std::optional<FieldPair> ReadTypes(std::string_view Part) {
+  std::string_view Word;
+  Splitter(Part, " ").Next(Word);
+  return Contains(Word, "::") ? SplitInTwo(Word, "::") : std::nullopt;
+}
+
+// Sequence = "[" Labels "]"
+std::string_view ReadSequence(std::string_view Part) {
+  const std::size_t Open = Part.find('[');
+  if (Open == std::string_view::npos || !Contains(Part, "]")) {
+    return {};
+  }
+  std::string_view Sequence = Part.substr(Open);
+  if (Sequence.size() > 1) {
+    Sequence.remove_prefix(1);
+  }
+  Sequence = DropBack(Sequence, [](char Byte) { return Byte != ']'; });
+  if (Sequence.size() > 1) {
+    Sequence.remove_suffix(1);
+  }
+  return Sequence;
+}
+
 namespace {
 
 bool IsBlank(char Byte) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Splitter.h"
+
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +38,18 @@ enum class RuleLineFault { None, Types, SourceSide, TargetSide };
 /// Parses a rule line as far as possible, into the same parts as the library's reader. Linear.
 /// @param Code a line that contains "] -> [", without its comment
 RuleLineFault ParseRuleLine(std::string_view Code, RuleLineParts& PartsReturn);
+
+/// The types at the front of a source part, by the lenient rules of the library's reader. Linear.
+///
+///   ReadTypes("NP::VP : [DET N]");  // "NP" and "VP"
+///
+/// @return nothing where the first word is not two types with "::" between them
+std::optional<FieldPair> ReadTypes(std::string_view Part);
+
+/// What stands between the first "[" and the last "]" of a part, by the same rules: "[]" gives "]",
+/// which is a label. Linear.
+/// @return an empty text where there is no sequence
+std::string_view ReadSequence(std::string_view Part);
 
 /// The labels of a sequence in its common form, in capitals. Linear.
 /// @code

@@ -63,11 +63,6 @@ bool Traces(int Level) {
   return GlobalParams::DebuggingLevel == Level;
 }
 
-/// A predicate for `DropFront` and `DropBack`: any byte but the given one.
-auto AnyBut(char Kept) {
-  return [Kept](char Byte) { return Byte != Kept; };
-}
-
 }  // namespace
 
 // ---- Lifecycle --------------------------------------------------------------------------------
@@ -773,30 +768,6 @@ bool TrRule::SetTrRuleFromString(std::string TRStringPassIn) {
   return true;
 }
 
-namespace {
-
-// Header = any "{" Type "," any Digit "}" any
-//
-// The type is cut after its second letter when the brace comes first, and only the last digit of
-// the number is read; grammars rely on both.
-void ParseHeader(std::string_view Line, RuleLoader& LoaderReturn) {
-  Splitter Pieces(Line, ",");
-  std::string_view TypePiece;
-  std::string_view NumberPiece;
-  if (!Pieces.Next(TypePiece) || !Pieces.Next(NumberPiece)) {
-    return;
-  }
-  const std::size_t Open = TypePiece.find('{');
-  const std::size_t Close = NumberPiece.find('}');
-  if (Open == std::string_view::npos || Close == std::string_view::npos || Close == 0) {
-    return;
-  }
-  LoaderReturn.SetHeader(TypePiece.substr(Open + 1, Open + KeptLetters),
-                         ToInt(NumberPiece.substr(Close - 1, 1)));
-}
-
-}  // namespace
-
 // Line = [ Comment ] [ Header ] [ RuleLine | AlignmentLine | ConstraintText ]
 //
 // The contents of a line decide its kind: a comment is read as the other kinds, too.
@@ -805,8 +776,8 @@ bool TrRule::ParseLine(std::string_view Line, RuleLoader& LoaderReturn) {
   if (Marks.HasComment) {
     LoaderReturn.AddComment(Line);
   }
-  if (Marks.HasBrace) {
-    ParseHeader(Line, LoaderReturn);
+  if (HeaderParts Header; Marks.HasBrace && TrRuleInternal::ReadHeader(Line, Header)) {
+    LoaderReturn.SetHeader(Header.Type, ToInt(Header.Number));
   }
   if (Marks.HasArrow) {
     return LoaderReturn.NoteRuleLine() ? ParseRuleLine(Line)
@@ -837,33 +808,9 @@ bool TrRule::ParseRuleLine(std::string_view Line) {
   return true;
 }
 
-namespace {
-
-// Sequence = "[" Labels "]". Empty if there is none; "[]" yields "]", which is a label.
-std::string_view ParseSequence(std::string_view Part) {
-  const std::size_t Open = Part.find('[');
-  if (Open == std::string_view::npos || !Contains(Part, "]")) {
-    return {};
-  }
-  std::string_view Sequence = Part.substr(Open);
-  if (Sequence.size() > 1) {
-    Sequence.remove_prefix(1);
-  }
-  Sequence = DropBack(Sequence, AnyBut(']'));
-  if (Sequence.size() > 1) {
-    Sequence.remove_suffix(1);
-  }
-  return Sequence;
-}
-
-}  // namespace
-
 // SLPart = SLType "::" TLType " " any Sequence any
 bool TrRule::ParseSLPart(std::string_view Part) {
-  std::string_view TypeWord;
-  Splitter(Part, " ").Next(TypeWord);
-  const std::optional<FieldPair> Types =
-      Contains(TypeWord, "::") ? SplitInTwo(TypeWord, "::") : std::nullopt;
+  const std::optional<FieldPair> Types = TrRuleInternal::ReadTypes(Part);
   if (!Types) {
     return ReadError("missing or incorrect type information.");
   }
@@ -875,7 +822,7 @@ bool TrRule::ParseSLPart(std::string_view Part) {
     std::cout << "Setting TL type:" << Types->Second << '\n';
   }
   SetTLType(std::string(Types->Second));
-  const std::string_view Sequence = ParseSequence(Part);
+  const std::string_view Sequence = TrRuleInternal::ReadSequence(Part);
   if (Sequence.empty()) {
     return ReadError("missing or incorrect sl const seq information.");
   }
@@ -886,7 +833,7 @@ bool TrRule::ParseSLPart(std::string_view Part) {
 
 // TLPart = any Sequence any
 bool TrRule::ParseTLPart(std::string_view Part) {
-  const std::string_view Sequence = ParseSequence(Part);
+  const std::string_view Sequence = TrRuleInternal::ReadSequence(Part);
   if (Sequence.empty()) {
     return ReadError("missing or incorrect tl const seq information.");
   }

@@ -1,5 +1,5 @@
 #include "CommandLine.h"
-#include "JsonCommand.h"
+#include "FromJsonCommand.h"
 
 namespace {
 
@@ -20,6 +20,7 @@ void AddFromJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   CLI::App* Command = ProgramReturn.add_subcommand("from-json", "Read rules from JSON, one a line");
   const auto Run = std::make_shared<Grammar::RunOptions>();
   AddRunOptions(*Command, *Run);
+  AddThreads(*Command, *Run);
   Command->footer(Footer);
   Command->callback([Run, &ActionReturn] { ActionReturn = [Run] { return RunFromJson(*Run); }; });
 }

@@ -21,6 +21,11 @@ constexpr const char* Footer =
     "Header, constraints, structures and all other comments stay as they are: constraints\n"
     "still name the side that they named, so a turned rule needs new ones.\n"
     "\n"
+    "--as-library writes what the library's own reader and writer make of a rule: literal words\n"
+    "in capitals, features of several words as one, the left feature on the right, a type of two\n"
+    "letters and a number of one digit. Its reader looks into comments, too; a rule that it cannot\n"
+    "read or write is reported and left out.\n"
+    "\n"
     "Exit status: 0 all printed, 1 some rule could not be read, 2 the run failed.\n"
     "\n"
     "Example:\n"
@@ -40,6 +45,10 @@ void AddPrintCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   Command->add_flag("--from-one-line", Line->Run.Folded, "read rules that stand on one line each");
   Command->add_flag("--flip", Line->Options.Flip,
                     "exchange source and target; constraints stay as they are");
+  Command
+      ->add_flag("--as-library", Line->Options.AsLibrary,
+                 "write exactly what the library writes, not the normal form")
+      ->excludes("--no-comments", "--flip");
   Command->footer(Footer);
   Command->callback([Line, &ActionReturn] {
     ActionReturn = [Line] { return RunPrint(Line->Run, Line->Options); };

@@ -1,5 +1,6 @@
 // What the commands make of files: JSON of rules, and rules of JSON.
 
+#include "FromJsonCommand.h"
 #include "GrammarPaths.h"
 #include "JsonCommand.h"
 #include "PrintCommand.h"

@@ -323,6 +323,29 @@ TEST(RuleRun, WritesNoFileWhereAnInputIsMissing) {
   EXPECT_EQ(Folder.Names(), (std::set<std::string>{"a.trr", "b.trr"}));
 }
 
+TEST(RuleRun, LeavesOutWhatTheLibraryCannotWrite) {
+  const TestFolder Folder;
+  const std::string Unread = "\n{NP,1}\nNP::NP : [N] -> [N]\n(X1::Y1) ;; {b::c}\n";
+  const std::string Cycle = "{NP,2}\nNP::NP : [A B] -> [N]\n(X1::Y1)\n(x1 = x2)\n;; (x2 = x1)\n";
+  Folder.Write("a.trr", "{NP,3}\nNP::NP : [\"n\"] -> [N] [\n(X1::Y1)\n" + Unread + Cycle);
+  const std::string Reason =
+      "error TR014: the library's reader looks into comments, too, and cannot ";
+  EXPECT_EQ(RunTrrule({"print", "--as-library", "a.trr"}, Folder.Path("")),
+            (ChildEnd{1, "{NP,3}\nNP::NP [\"N\"] -> [N]\n(\n;--;(X1::Y1)\n)\n",
+                      "a.trr:2:24: error TR035: this text is no part of a rule\n"
+                      "a.trr:6:1: " +
+                          Reason +
+                          "read this rule\n"
+                          "a.trr:9:1: " +
+                          Reason +
+                          "put what it finds in order\n"
+                          "2 of 3 rules were left out\n"}));
+  EXPECT_EQ(
+      RunTrrule({"print", "--as-library", "--one-line", "--keep-bad", "a.trr"}, Folder.Path(""))
+          .Out,
+      "{NP,3}\\tx");
+}
+
 // ---- Threads ----------------------------------------------------------------------------------
 
 /// Many rules with bad ones, stray text and texts that are no rules among them.
@@ -342,9 +365,9 @@ TEST(RuleRun, WritesTheSameForAnyNumberOfThreads) {
   Folder.Write("a.trr", MixedGrammar());
   Folder.Write("b.trr", "; only a comment");
   for (const Strings& vsCommand :
-       {Strings{"print"}, Strings{"print", "--keep-bad", "--flip"}, Strings{"sort"},
-        Strings{"sort", "--by", "type"}, Strings{"unique"},
-        Strings{"unique", "--sorted", "--count"}, Strings{"json"}}) {
+       {Strings{"print"}, Strings{"print", "--keep-bad", "--flip"},
+        Strings{"print", "--as-library"}, Strings{"sort"}, Strings{"sort", "--by", "type"},
+        Strings{"unique"}, Strings{"unique", "--sorted", "--count"}, Strings{"json"}}) {
     SCOPED_TRACE(testing::PrintToString(vsCommand));
     const auto WithThreads = [&](const std::string& Count) {
       Strings vsArguments = vsCommand;
@@ -359,6 +382,48 @@ TEST(RuleRun, WritesTheSameForAnyNumberOfThreads) {
       const ChildEnd Several = WithThreads(sCount);
       EXPECT_TRUE(Several == One) << sCount << " threads write something else";
     }
+  }
+}
+
+TEST(RuleRun, ReadsTheSameFromJsonForAnyNumberOfThreads) {
+  const TestFolder Folder;
+  Folder.Write("a.trr", MixedGrammar());
+  const std::string Json = RunTrrule({"json", "a.trr"}, Folder.Path("")).Out;
+  std::string Mixed;
+  std::size_t Number = 0;
+  for (std::size_t At = 0; At < Json.size();) {
+    const std::size_t End = Json.find('\n', At) + 1;
+    Mixed.append(Json, At, End - At);
+    ++Number;
+    Mixed += Number % 5 == 0 ? "[]\n\n" : "";
+    Mixed += Number % 7 == 0 ? "{\"slType\":\"NP\",\"more\":1}\n" : "";
+    Mixed += Number % 9 == 0 ? "{\"text\":\"; no end\"}\n" : "";
+    At = End;
+  }
+  Folder.Write("a.json", Mixed);
+  Folder.Write("b.json", "{\"text\":\"; b\"}");
+  const auto WithThreads = [&](const std::string& Count) {
+    return RunTrrule({"from-json", "--threads", Count, "b.json", "none", "a.json", "b.json"},
+                     Folder.Path(""));
+  };
+  const ChildEnd One = WithThreads("1");
+  EXPECT_EQ(One.Status, 2);
+  EXPECT_NE(One.Out, "");
+  for (const std::string sCount : {"2", "3", "8"}) {
+    const ChildEnd Several = WithThreads(sCount);
+    EXPECT_TRUE(Several == One) << sCount << " threads write something else";
+  }
+}
+
+TEST(RuleRun, LeavesNothingOfABrokenRunFromJson) {
+  const TestFolder Folder;
+  Folder.Write("a.json", "{\"text\":\"; a\\n\"}\n");
+  for (const std::string sCount : {"1", "2"}) {
+    EXPECT_EQ(RunTrrule({"from-json", "--threads", sCount, "-o", "out.trr", "a.json", "none"},
+                        Folder.Path(""))
+                  .Status,
+              2);
+    EXPECT_EQ(Folder.Names(), (std::set<std::string>{"a.json"}));
   }
 }
 

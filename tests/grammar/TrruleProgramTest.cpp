@@ -151,8 +151,20 @@ TEST(TrruleProgram, ReplacesTheFileThatItReads) {
   EXPECT_EQ(Folder.Read("a.trr"), "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n");
 }
 
-/// Runs sort with much input and then stops it by a signal.
-void ExpectNothingLeftBy(int Signal) {
+/// The same as JSON.
+std::string LargeJson() {
+  std::string Text;
+  for (int Number = 0; Number < 20000; ++Number) {
+    Text += R"({"slType":"NP","tlType":"NP","slLabels":["N"],"tlLabels":["N"],)";
+    Text += R"("alignments":"((1,1))"
+  })";
+    Text += '\n';
+}
+return Text;
+}
+
+/// Runs a command with much input and then stops it by a signal.
+void ExpectNothingLeftBy(int Signal, std::vector<std::string> vsCommand, const std::string& Text) {
   const TestFolder Folder;
   Folder.Write("out", "before");
   int Input[2] = {};
@@ -163,12 +175,12 @@ void ExpectNothingLeftBy(int Signal) {
     close(Input[1]);
     signal(Signal, SIG_DFL);
     setenv("TMPDIR", Folder.Path("").c_str(), 1);
-    ExecuteTrrule({"sort", "--memory", "1K", "-o", Folder.Path("out")});
+    vsCommand.insert(vsCommand.end(), {"-o", Folder.Path("out")});
+    ExecuteTrrule(vsCommand);
     _exit(1);
   }
   close(Input[0]);
-  // When all of this has been taken, the output file is open and much has been spilled.
-  const std::string Text = LargeGrammar();
+  // When all of this has been taken, the output file is open and much has been read.
   for (std::size_t Done = 0; Done < Text.size();) {
     const ssize_t Count = write(Input[1], Text.data() + Done, Text.size() - Done);
     ASSERT_GT(Count, 0);
@@ -186,7 +198,8 @@ void ExpectNothingLeftBy(int Signal) {
 
 TEST(TrruleProgram, LeavesNothingBehindWhenItIsInterrupted) {
   for (const int Signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
-    ExpectNothingLeftBy(Signal);
+    ExpectNothingLeftBy(Signal, {"sort", "--memory", "1K"}, LargeGrammar());
+    ExpectNothingLeftBy(Signal, {"from-json", "--threads", "2"}, LargeJson());
   }
 }
 

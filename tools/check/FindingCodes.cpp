@@ -6,7 +6,7 @@
 #include "NearestName.h"
 #include "RunError.h"
 
-#include <PieceCutter.h>
+#include <Splitter.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -302,7 +302,7 @@ void Repeat(std::string& TextReturn) {
   const std::size_t Begin = TextReturn.rfind('\n', Place - 1);
   const std::string Line = TextReturn.substr(Begin, Place - Begin);
   std::string Copies;
-  while (Copies.size() <= TrRuleInternal::PieceCutter::MaxRest) {
+  while (Copies.size() <= TrRuleInternal::Splitter::MaxRest) {
     Copies += Line;
   }
   TextReturn.replace(Place, Dots.size() - 1, Copies);

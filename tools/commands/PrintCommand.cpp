@@ -1,7 +1,10 @@
 #include "PrintCommand.h"
 
+#include "Bytes.h"
+#include "LibraryText.h"
 #include "LineKind.h"
 #include "OutputFile.h"
+#include "RuleFindings.h"
 
 #include <algorithm>
 #include <string>
@@ -27,17 +30,33 @@ bool AppendComments(std::string_view Others, std::string& TextReturn) {
   return true;
 }
 
+/// Reports that the library cannot write a rule that can be read here.
+void ReportUnwritten(const SourceRule& Rule, LibraryFailure Failure,
+                     std::vector<Finding>& vFindingsReturn) {
+  const std::size_t Line = Rule.RuleLines().front().Line;
+  RuleFindings(Rule.Text(), vFindingsReturn)
+      .Add("TR014", Line, Trimmed(Rule.Text().Line(Line)),
+           Failure == LibraryFailure::Unread
+               ? "the library's reader looks into comments, too, and cannot read this rule"
+               : "the library's reader looks into comments, too, and cannot put what it finds in "
+                 "order");
+}
+
 class Printer : public RuleVisitor {
  public:
   Printer(const PrintOptions& OptionsPassIn, OutputFile& OutputPassIn)
       : Options(OptionsPassIn), Output(OutputPassIn) {}
 
-  void PrepareRule(RuleRecord& Record, std::string& /*KeyReturn*/,
-                   std::string& TextReturn) const override {
+  bool PrepareRule(RuleRecord& Record, std::string& /*KeyReturn*/, std::string& TextReturn,
+                   std::vector<Finding>& vFindingsReturn) const override {
+    if (Options.AsLibrary) {
+      return AppendAsLibrary(Record.Lines(), TextReturn, vFindingsReturn);
+    }
     if (Options.Flip) {
       Record.Flip();
     }
     AppendNormalForm(Record, Options.Form, TextReturn);
+    return true;
   }
 
   void TakeRule(std::string_view /*Key*/, std::string_view Rule) override { Output.Write(Rule); }
@@ -64,6 +83,18 @@ class Printer : public RuleVisitor {
   }
 
  private:
+  bool AppendAsLibrary(const SourceRule& Rule, std::string& TextReturn,
+                       std::vector<Finding>& vFindingsReturn) const {
+    std::string Lines;
+    const LibraryFailure Failure = AppendLibraryText(Rule.Text().Text, Lines);
+    if (Failure != LibraryFailure::None) {
+      ReportUnwritten(Rule, Failure, vFindingsReturn);
+      return false;
+    }
+    TextReturn += Options.Form.OneLine ? Folded(Lines) + '\n' : Lines;
+    return true;
+  }
+
   PrintOptions Options;
   OutputFile& Output;
   std::string Text;
@@ -76,7 +107,7 @@ int RunPrint(const RunOptions& Run, const PrintOptions& Options) {
   OutputFile Output(Run.Output);
   Printer Visitor(Options, Output);
   RunTally Tally = VisitRules(Run, Visitor);
-  Tally.HasLostText = Options.Form.NoComments && Tally.HasStrayText;
+  Tally.HasLostText = (Options.Form.NoComments || Options.AsLibrary) && Tally.HasStrayText;
   return FinishRun(Run, Tally, Output);
 }
 

@@ -69,12 +69,6 @@ struct RuleBatch {
   std::string Texts;
 };
 
-void ReportFailures(const std::vector<std::string>& vsFailures) {
-  for (const std::string& sFailure : vsFailures) {
-    ReportFailure(sFailure);
-  }
-}
-
 /// Reads the files of a run batch by batch. A file that cannot be read is reported in its turn.
 class BatchReader {
  public:
@@ -117,8 +111,9 @@ void PrepareBatch(const RuleVisitor& Visitor, bool KeepBad, RuleBatch& BatchRetu
     Each.IsTaken = Each.Text.HasRule && ReadRule(Each.Text, Record, Each.vFindings) &&
                    !(KeepBad && Record.HasStrayText());
     if (Each.IsTaken) {
-      Visitor.PrepareRule(Record, BatchReturn.Keys, BatchReturn.Texts);
       Each.HasStrayText = Record.HasStrayText();
+      Each.IsTaken =
+          Visitor.PrepareRule(Record, BatchReturn.Keys, BatchReturn.Texts, Each.vFindings);
     }
     Each.KeyEnd = BatchReturn.Keys.size();
     Each.TextEnd = BatchReturn.Texts.size();

@@ -47,10 +47,12 @@ class RuleVisitor {
 
   /// Makes of a rule what `TakeRule` gets. Called on several threads at once, in any order, so it
   /// changes nothing but its arguments.
-  /// @param KeyReturn gets what the rule is sorted by, behind what it holds
-  /// @param TextReturn gets what is kept or written of the rule, behind what it holds
-  virtual void PrepareRule(RuleRecord& Record, std::string& KeyReturn,
-                           std::string& TextReturn) const = 0;
+  /// @param KeyReturn gets what the rule is sorted by, after what it holds
+  /// @param TextReturn gets what is kept or written of the rule, after what it holds
+  /// @param vFindingsReturn gets why the rule is left out, where it is
+  /// @return whether the rule goes on to `TakeRule`; if not, both texts are as they were
+  virtual bool PrepareRule(RuleRecord& Record, std::string& KeyReturn, std::string& TextReturn,
+                           std::vector<Finding>& vFindingsReturn) const = 0;
 
   /// Takes what has been made of a rule, in the order of the input.
   virtual void TakeRule(std::string_view Key, std::string_view Text) = 0;

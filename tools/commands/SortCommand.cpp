@@ -33,8 +33,8 @@ class Sorter : public RuleCollector {
         Rules(MemoryForSorting(Options.Memory),
               Options.Reverse ? SortDirection::Descending : SortDirection::Ascending) {}
 
-  void PrepareRule(RuleRecord& Record, std::string& KeyReturn,
-                   std::string& TextReturn) const override {
+  bool PrepareRule(RuleRecord& Record, std::string& KeyReturn, std::string& TextReturn,
+                   std::vector<Finding>& /*vFindingsReturn*/) const override {
     const std::size_t Begin = TextReturn.size();
     const std::string Key = KeyOf(Record);
     AppendNormalForm(Record, {}, TextReturn);
@@ -45,6 +45,7 @@ class Sorter : public RuleCollector {
       TextReturn += BlockIsHere;
     }
     KeyReturn += Key;
+    return true;
   }
 
   void TakeRule(std::string_view Key, std::string_view Text) override { Rules.Add(Key, Text); }

@@ -155,12 +155,13 @@ class Uniquer : public RuleCollector {
         Rules(MemoryForSorting(Options.Memory) / 2),
         Results(MemoryForSorting(Options.Memory) / 2) {}
 
-  void PrepareRule(RuleRecord& Record, std::string& KeyReturn,
-                   std::string& TextReturn) const override {
+  bool PrepareRule(RuleRecord& Record, std::string& KeyReturn, std::string& TextReturn,
+                   std::vector<Finding>& /*vFindingsReturn*/) const override {
     const std::string Form = Record.SamenessText();
     KeyReturn += Options.Sorted ? "" : SortableNumber(HashOf(Form));
     KeyReturn += Form;
     Pack(Record, TextReturn);
+    return true;
   }
 
   void TakeRule(std::string_view Key, std::string_view Text) override {

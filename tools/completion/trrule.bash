@@ -63,11 +63,14 @@ _trrule() {
   if [ -z "$Words" ] && [[ $Word == -* ]]; then
     case ${COMP_WORDS[1]} in
       check) Words="$Common --threads --format --severity --only --except --statistics" ;;
-      print) Words="$Common --keep-bad --threads --no-comments --one-line --from-one-line --flip" ;;
+      print)
+        Words="$Common --keep-bad --threads --no-comments --one-line --from-one-line --flip"
+        Words="$Words --as-library"
+        ;;
       sort) Words="$Common --keep-bad --threads --memory --by --reverse" ;;
       unique) Words="$Common --keep-bad --threads --memory --sorted --repeated --count --examples" ;;
       json) Words="$Common --keep-bad --threads" ;;
-      from-json) Words=$Common ;;
+      from-json) Words="$Common --threads" ;;
       explain) Words='-h --help' ;;
       translate)
         Words="$Common --text --lexicon -k --all-derivations --start --partial --reverse"

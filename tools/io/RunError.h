@@ -6,6 +6,7 @@
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace Grammar {
 
@@ -42,6 +43,13 @@ inline RunError SystemError(const std::string& What, int Error = errno) {
 inline void ReportFailure(std::string Message) {
   std::replace(Message.begin(), Message.end(), '\n', ' ');
   std::cerr << "trrule: " << Message << '\n';
+}
+
+/// Writes several failures, in their order.
+inline void ReportFailures(const std::vector<std::string>& vsMessages) {
+  for (const std::string& sMessage : vsMessages) {
+    ReportFailure(sMessage);
+  }
 }
 
 }  // namespace Grammar

@@ -1,0 +1,168 @@
+#include "FromJsonCommand.h"
+
+#include "JsonReader.h"
+#include "OutputFile.h"
+#include "Pipeline.h"
+#include "Progress.h"
+#include "RuleFiles.h"
+#include "RunError.h"
+
+#include <cstddef>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Grammar {
+
+namespace {
+
+/// Lines that are read together, and what they stand for.
+struct LineBatch {
+  struct Line {
+    std::vector<std::string> vsFailures;  // of files that should have come before
+    std::string Place;                    // "a.json:12"
+    std::string Text;
+    RuleFromJson Result;
+  };
+
+  std::vector<Line> vLines;
+};
+
+/// Reads the files of a run batch by batch. A file that cannot be read is reported in its turn.
+class LineFiles {
+ public:
+  explicit LineFiles(const RunOptions& Options)
+      : vsNames(OrStandardInput(Options.vsFiles)), Shown(Options.Quiet, TotalSize(vsNames)) {}
+
+  /// Reads about so many bytes of lines, at least one line. @return false after the last one
+  bool Read(LineBatch& BatchReturn) {
+    constexpr std::size_t WantedSize = std::size_t{1} << 18;
+    BatchReturn = LineBatch();
+    std::string Text;
+    for (std::size_t Size = 0; Size < WantedSize && Next(Text);) {
+      Size += Text.size();
+      BatchReturn.vLines.push_back(
+          {std::exchange(vsFailures, {}), Name() + ':' + std::to_string(Number), Text, {}});
+    }
+    return !BatchReturn.vLines.empty();
+  }
+
+  /// What could not be read since the last line.
+  const std::vector<std::string>& Failures() const { return vsFailures; }
+
+  bool HasFailed() const { return Failed; }
+
+ private:
+  const std::string& Name() const { return vsNames[NextName - 1]; }
+
+  /// Gives the next line that is not blank. @return false after the last line of the last file
+  bool Next(std::string& TextReturn) {
+    while (File != nullptr || NextName < vsNames.size()) {
+      try {
+        if (NextInFile(TextReturn)) {
+          return true;
+        }
+      } catch (const InputError& Error) {
+        vsFailures.emplace_back(Error.what());
+        Failed = true;
+      }
+      File = nullptr;
+    }
+    return false;
+  }
+
+  bool NextInFile(std::string& TextReturn) {
+    if (File == nullptr) {
+      Number = 0;
+      File = std::make_unique<InputFile>(vsNames[NextName++]);
+    }
+    while (std::getline(File->Stream(), TextReturn)) {
+      ++Number;
+      Shown.Advance(TextReturn.size() + 1);
+      if (TextReturn.find_first_not_of(" \t\r") != std::string::npos) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  std::vector<std::string> vsNames;
+  std::size_t NextName = 0;
+  std::unique_ptr<InputFile> File;
+  std::size_t Number = 0;  // of the last line in its file, from 1
+  Progress Shown;
+  std::vector<std::string> vsFailures;
+  bool Failed = false;
+};
+
+void ReadBatch(LineBatch& BatchReturn) {
+  JsonReader Reader;
+  for (LineBatch::Line& Each : BatchReturn.vLines) {
+    Each.Result = Reader.Read(Each.Text);
+  }
+}
+
+/// Writes what batches stand for, in the order of the input, and counts.
+class LineWriter {
+ public:
+  explicit LineWriter(OutputFile& OutputPassIn) : Output(OutputPassIn) {}
+
+  void Write(const LineBatch& Batch) {
+    for (const LineBatch::Line& Each : Batch.vLines) {
+      ReportFailures(Each.vsFailures);
+      Report(Each.Place, Each.Result);
+      Count(Each.Result);
+      Write(Each.Result);
+    }
+  }
+
+  RunTally& Result() { return Tally; }
+
+ private:
+  static void Report(const std::string& Place, const RuleFromJson& Read) {
+    for (const std::string& sProblem : Read.vsProblems) {
+      std::cerr << Place << ": " << (Read.IsRead ? "warning: " : "error: ") << sProblem << '\n';
+    }
+  }
+
+  void Count(const RuleFromJson& Read) {
+    Tally.HasFindings = Tally.HasFindings || !Read.vsProblems.empty();
+    // What is not an object at all may have been meant as a rule.
+    Tally.Rules += !Read.IsRead || Read.IsRule ? 1 : 0;
+    Tally.LeftOut += Read.IsRead ? 0 : 1;
+  }
+
+  /// A rule begins a line, also after a text whose last line has no end.
+  void Write(const RuleFromJson& Read) {
+    if (Read.Text.empty()) {
+      return;
+    }
+    if (LacksLineEnd && Read.IsRule) {
+      Output.Write("\n");
+    }
+    Output.Write(Read.Text);
+    LacksLineEnd = Read.Text.back() != '\n';
+  }
+
+  OutputFile& Output;
+  bool LacksLineEnd = false;
+  RunTally Tally;
+};
+
+}  // namespace
+
+int RunFromJson(const RunOptions& Run) {
+  OutputFile Output(Run.Output);
+  LineFiles Files(Run);
+  LineWriter Writer(Output);
+  RunPipeline<LineBatch>(
+      ThreadCount(Run.Threads), [&](LineBatch& Batch) { return Files.Read(Batch); }, ReadBatch,
+      [&](const LineBatch& Batch) { Writer.Write(Batch); });
+  ReportFailures(Files.Failures());
+  Writer.Result().HasUnreadFiles = Files.HasFailed();
+  return FinishRun(Run, Writer.Result(), Output, false);
+}
+
+}  // namespace Grammar
