@@ -2,12 +2,14 @@
 
 #include "Finding.h"
 #include "FuzzSupport.h"
+#include "LibraryText.h"
 #include "LineKind.h"
 #include "NormalForm.h"
 #include "RuleChecker.h"
 #include "RuleReader.h"
 #include "RuleRecord.h"
 #include "StrayText.h"
+#include "support/NormalFormMeaning.h"
 #include "support/StreamCapture.h"
 
 #include <algorithm>
@@ -116,6 +118,12 @@ void RequireStable(const RuleRecord& Record) {
   Require(Unfolded == Once, "one line can be unfolded");
 }
 
+/// What the library reads from the normal form is what it reads from the rule.
+void RequireMeaning(const RuleText& Rule, const RuleRecord& Record) {
+  Require(IsReadOtherwise(Record.Lines()) || ReadsTheSame(Rule.Text, NormalFormOf(Record, false)),
+          "the library reads the same from the normal form");
+}
+
 void RequireFlips(RuleRecord& Record) {
   const std::string Before = NormalFormOf(Record, false);
   Record.Flip();
@@ -123,11 +131,33 @@ void RequireFlips(RuleRecord& Record) {
   Require(NormalFormOf(Record, false) == Before, "flipping twice changes nothing");
 }
 
+/// What the library writes of a text that it reads, and writes without ending the process.
+std::string LibraryTextOf(const std::string& Text) {
+  StreamCapture Streams;
+  TrRule Rule;
+  bool IsRead = false;
+  std::string Printed;
+  HaltOf([&] {
+    IsRead = Rule.SetTrRuleFromString(Text);
+    Streams.TakeOut();
+    Rule.Print();
+    Printed = Streams.TakeOut();
+  });
+  return IsRead ? Printed : "";
+}
+
+void RequireLibraryText(const RuleText& Rule) {
+  std::string Text;
+  Grammar::AppendLibraryText(Rule.Text, Text);
+  Require(Text == LibraryTextOf(Rule.Text), "a text is that of the library");
+}
+
 void RequireRule(const RuleText& Rule) {
   RuleRecord Record;
   std::vector<Finding> vFindings;
   const bool IsRead = Grammar::CheckRule(Rule, Record, vFindings);
   RequirePlaces(Rule, vFindings);
+  RequireLibraryText(Rule);
   RequireSuggestionsMend(Rule, vFindings);
   const bool HasErrors = std::any_of(vFindings.begin(), vFindings.end(), [](const Finding& Found) {
     return Found.Level == Grammar::Severity::Error;
@@ -137,6 +167,7 @@ void RequireRule(const RuleText& Rule) {
   if (IsRead) {
     RequireLinesAccountedFor(Rule, Record, vFindings);
     RequireStable(Record);
+    RequireMeaning(Rule, Record);
     RequireFlips(Record);
   }
 }

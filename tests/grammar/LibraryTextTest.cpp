@@ -89,7 +89,8 @@ TEST(LibraryText, NamesWhatTheLibraryStopsAt) {
       {"(X1::Y1)\n", LibraryFailure::Unread},
       {Rule + ";; [a] -> [b]\n", LibraryFailure::Unread},
       {Rule + ";; a::b\n", LibraryFailure::Unread},
-      {"NP : [A] -> [B]\n(X1::Y1)\n", LibraryFailure::Unread},
+      {"NP : [A] -> [B]\n(X1::Y1)\n", LibraryFailure::None},
+      {"NP:: : [A] -> [B]\n(X1::Y1)\n", LibraryFailure::Unread},
       {"NP::NP : A] -> [B]\n(X1::Y1)\n", LibraryFailure::Unread},
       {Rule + "(x1 = n)\n", LibraryFailure::NoAgreedIndex},
       {Rule + "(x1 = x2)\n(x2 = x1)\n", LibraryFailure::Cycle}};

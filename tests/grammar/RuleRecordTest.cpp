@@ -208,6 +208,10 @@ TEST(NormalForm, KeepsWhatARuleMeans) {
       {"((x1 num) = pl)\n((x1 num) = (*not* sg))", "((X1 NUM) = PL)\n((X1 NUM) = (*NOT* SG))\n"},
       {"((x0 a b) = u)\n((x0 ab) = t)", "((X0 A B) = U)\n((X0 AB) = T)\n"},
       {"((x0 det) = x2)\n((x0 det) = x1)", "((X0 DET) = X2)\n((X0 DET) = X1)\n"},
+      // what the library takes for another node or feature
+      {"((y01 num) = sg)\n((y1 num) = sg)", "((Y01 NUM) = SG)\n((Y1 NUM) = SG)\n"},
+      {"((y00 num ) = sg)", "((Y0 NUM) = SG)\n"},
+      {"((x1 num2 ) = sg)\n((x1 num2) = sg)", "((X1 NUM2 ) = SG)\n((X1 NUM2) = SG)\n"},
       // the same twice, in whatever writing
       {"((x1 num) = sg)\n( ( X01 Num ) = SG)", "((X1 NUM) = SG)\n"},
   };

@@ -151,16 +151,15 @@ TEST(TrruleProgram, ReplacesTheFileThatItReads) {
   EXPECT_EQ(Folder.Read("a.trr"), "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n");
 }
 
-/// The same as JSON.
+/// Many rules as JSON.
 std::string LargeJson() {
   std::string Text;
   for (int Number = 0; Number < 20000; ++Number) {
-    Text += R"({"slType":"NP","tlType":"NP","slLabels":["N"],"tlLabels":["N"],)";
-    Text += R"("alignments":"((1,1))"
-  })";
+    Text += R"j({"slType":"NP","tlType":"NP","slLabels":["N"],"tlLabels":["N"],)j";
+    Text += R"j("alignments":"((1,1))"})j";
     Text += '\n';
-}
-return Text;
+  }
+  return Text;
 }
 
 /// Runs a command with much input and then stops it by a signal.

@@ -259,15 +259,19 @@ void AppendUpper(std::string_view Text, std::string& TextReturn) {
                  TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin), ToUpper);
 }
 
-/// Appends the left side and the sign, "((X1 NUM) = " or "(X1 = ".
-void AppendLeft(const ConstraintParts& Parts, std::string& TextReturn) {
+/// Appends the left side and the sign, "((X1 NUM) = " or "(X1 = ", so that the library reads the
+/// same from it: Y01 is another node than Y1, and a blank after a digit is part of the feature.
+void AppendLeft(const ConstraintParts& Parts, std::string_view LibraryFeature,
+                std::string& TextReturn) {
+  const NodeText& Node = Parts.Left;
   TextReturn += Parts.IsWholeNode ? "(" : "((";
-  TextReturn += Parts.Left.Side;
-  TextReturn += TrRuleInternal::Decimal(Parts.Left.Index);
+  TextReturn += Node.Side;
+  TextReturn += Node.Side == 'Y' && Node.Text[1] == '0' && Node.Index != 0 ? "0" : "";
+  TextReturn += TrRuleInternal::Decimal(Node.Index);
   if (!Parts.IsWholeNode) {
     TextReturn += ' ';
     AppendFeature(Parts.Feature, TextReturn);
-    TextReturn += ')';
+    TextReturn += LibraryFeature.back() == ' ' ? " )" : ")";
   }
   TextReturn += " = ";
 }
@@ -306,7 +310,7 @@ void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
     AppendUpper(CodeOf(Each), TextReturn);
     return;
   }
-  AppendLeft(Parts, TextReturn);
+  AppendLeft(Parts, Each.Fields.Feature, TextReturn);
   if (Parts.Kind == RightKind::Reference) {
     TextReturn += '(';
     AppendUpper(Parts.RightNode->Text, TextReturn);
@@ -325,7 +329,8 @@ void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
 /// Appends the lines that an entry stands for, each with a line end.
 void RuleForm::AppendEntry(const Entry& Each, std::string& TextReturn) const {
   if (Each.IsOneList && !Each.FeatValue.empty()) {
-    AppendLeft(vLines[Each.vLines.front()].Written->Parts, TextReturn);
+    const Line& First = vLines[Each.vLines.front()];
+    AppendLeft(First.Written->Parts, First.Fields.Feature, TextReturn);
     TextReturn.append(Each.FeatValue).append(")\n");
     return;
   }
