@@ -99,7 +99,8 @@ const std::vector<CodeInfo>& AllCodes() {
       {"TR014", Severity::Error, "the rule cannot be written as it was read",
        "Each line can be read, but what would be written of the rule reads as another rule. In the "
        "example, the double quote before the sequence keeps \";;\" from beginning a comment; it is "
-       "no part of the rule, and without it, the comment begins.",
+       "no part of the rule, and without it, the comment begins. print --as-library also reports "
+       "rules by this code that the library's reader stops at, or cannot put in order.",
        "{VP,2}\nVP::VP \"a [b;;\" c] -> [V NP]\n(\n(X1::Y1)\n)",
        "{VP,2}\nVP::VP : [b c] -> [V NP]\n(\n(X1::Y1)\n)", IsWhole},
       {"TR016", Severity::Error, "the file is no grammar",
