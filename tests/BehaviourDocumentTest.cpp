@@ -1,4 +1,5 @@
-// docs/behaviour.md names the tests that cover each of its rows. These tests must exist.
+// docs/behaviour.md names the tests that cover each of its rows. These tests must exist: in this
+// program, or, for the behaviour of the command, in the sources of another one.
 
 #include <gtest/gtest.h>
 
@@ -6,6 +7,7 @@
 #include "Tokenizer.h"
 #include "support/Samples.h"
 
+#include <filesystem>
 #include <fstream>
 #include <set>
 
@@ -65,19 +67,44 @@ std::set<std::string> TestsOfThisProgram() {
   return ssNames;
 }
 
+/// Adds the name of a test that begins on a line, such as "TEST(Suite, Name) {".
+void AddTestOf(const std::string& Line, std::set<std::string>& ssNamesReturn) {
+  const std::size_t Comma = Line.find(", ");
+  const std::size_t End = Line.find(')');
+  if (Line.rfind("TEST(", 0) == 0 && Comma < End && End != std::string::npos) {
+    ssNamesReturn.insert(Line.substr(5, Comma - 5) + '.' + Line.substr(Comma + 2, End - Comma - 2));
+  }
+}
+
+/// The names of all tests in the folders below that of this program's own tests.
+std::set<std::string> TestsOfOtherPrograms() {
+  const std::filesystem::path Tests = std::filesystem::path(BuildPaths::SourceFolder) / "tests";
+  std::set<std::string> ssNames;
+  for (const auto& Entry : std::filesystem::recursive_directory_iterator(Tests)) {
+    if (Entry.path().extension() == ".cpp" && Entry.path().parent_path() != Tests) {
+      std::ifstream File(Entry.path());
+      for (std::string Line; std::getline(File, Line);) {
+        AddTestOf(Line, ssNames);
+      }
+    }
+  }
+  return ssNames;
+}
+
 }  // namespace
 
 TEST(BehaviourDocument, NamesExistingTestsInEveryRow) {
   const std::vector<Row> vRows = ReadRows();
   ASSERT_GT(vRows.size(), 0U);
-  const std::set<std::string> ssTests = TestsOfThisProgram();
+  std::set<std::string> ssTests = TestsOfThisProgram();
+  ssTests.merge(TestsOfOtherPrograms());
   for (const Row& Entry : vRows) {
     SCOPED_TRACE("docs/behaviour.md:" + std::to_string(Entry.LineNumber));
     EXPECT_EQ(Entry.vsCells.size(), 3U) << "what happens, why it matters, the test";
     const Strings vsNames = NamesIn(Entry.vsCells.back());
     EXPECT_FALSE(vsNames.empty());
     for (const std::string& sName : vsNames) {
-      EXPECT_EQ(ssTests.count(sName), 1U) << sName << " is not a test of this program";
+      EXPECT_EQ(ssTests.count(sName), 1U) << sName << " is not a test";
     }
   }
 }

@@ -1,0 +1,107 @@
+#include "ConsolePage.h"
+
+#include "GrammarPaths.h"
+#include "TestFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+// ---- Reading ----------------------------------------------------------------------------------
+
+namespace {
+
+void AddLine(const std::string& Line, Console& ConsoleReturn) {
+  ConsoleReturn.Shown += Line + '\n';
+  if (Line.rfind("$ ", 0) == 0) {
+    ConsoleReturn.vsCommands.push_back(Line + '\n');
+  } else if (Line.rfind("> ", 0) == 0) {
+    ConsoleReturn.vsCommands.back() += Line + '\n';
+  }
+}
+
+}  // namespace
+
+std::vector<Console> ReadConsoles(const std::string& Page) {
+  std::ifstream File(GrammarPaths::SourceFolder + ('/' + Page));
+  std::vector<Console> vConsoles;
+  std::map<std::string, std::string> ssFiles;
+  std::string Fence;  // what stands behind its backquotes; empty outside of fences
+  int LineNumber = 0;
+  for (std::string Line; std::getline(File, Line);) {
+    ++LineNumber;
+    if (Line.rfind("```", 0) == 0) {
+      Fence = Line.substr(3);
+      if (Fence == "console") {
+        vConsoles.push_back({{}, "", ssFiles, LineNumber});
+      }
+    } else if (Fence == "console") {
+      AddLine(Line, vConsoles.back());
+    } else if (Fence.rfind("trr ", 0) == 0) {
+      ssFiles[Fence.substr(4)] += Line + '\n';
+    }
+  }
+  return vConsoles;
+}
+
+// ---- Running ----------------------------------------------------------------------------------
+
+namespace {
+
+/// The script with the lines that it shows, each command in front of its output. `$?` stays that of
+/// the command before.
+std::string Instrumented(const std::vector<std::string>& vsCommands) {
+  std::string Script = "exec 2>&1\n";
+  for (const std::string& sCommand : vsCommands) {
+    Script += "TrruleStatus=$?\ncat <<'EndOfCommand'\n" + sCommand + "EndOfCommand\n";
+    std::string Typed;
+    std::size_t Start = 0;
+    while (Start < sCommand.size()) {
+      const std::size_t End = sCommand.find('\n', Start) + 1;
+      Typed += sCommand.substr(Start + 2, End - Start - 2);
+      Start = End;
+    }
+    Script += "(exit $TrruleStatus)\n" + Typed;
+  }
+  return Script;
+}
+
+std::string OutputOf(const std::string& Command) {
+  std::string Output;
+  FILE* Pipe = popen(Command.c_str(), "r");
+  for (int Byte = std::fgetc(Pipe); Byte != EOF; Byte = std::fgetc(Pipe)) {
+    Output += static_cast<char>(Byte);
+  }
+  pclose(Pipe);
+  return Output;
+}
+
+/// A folder with all grammars that a console can name, and a `trrule` to call.
+void Fill(const TestFolder& Folder, const Console& Shown) {
+  const std::filesystem::path Grammars =
+      std::filesystem::path(GrammarPaths::SourceFolder) / "examples" / "grammar";
+  std::filesystem::copy(Grammars, Folder.Path(""), std::filesystem::copy_options::recursive);
+  for (const auto& [Name, Text] : Shown.ssFiles) {
+    Folder.Write(Name, Text);
+  }
+  std::filesystem::create_directory(Folder.Path("bin"));
+  std::filesystem::create_symlink(GrammarPaths::Program, Folder.Path("bin/trrule"));
+  Folder.Write("script", Instrumented(Shown.vsCommands));
+}
+
+}  // namespace
+
+void ExpectConsolesHold(const std::string& Page) {
+  const std::vector<Console> vConsoles = ReadConsoles(Page);
+  EXPECT_GT(vConsoles.size(), 8U) << Page;
+  for (const Console& Each : vConsoles) {
+    const TestFolder Folder;
+    Fill(Folder, Each);
+    EXPECT_EQ(
+        OutputOf("cd '" + Folder.Path("") + "' && PATH=\"$PWD/bin:$PATH\" LC_ALL=C sh script"),
+        Each.Shown)
+        << Page << ':' << Each.LineNumber;
+  }
+}

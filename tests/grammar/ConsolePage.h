@@ -1,0 +1,31 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+/// Pages whose examples are run. A fence of the kind `console` shows commands, behind `$` and,
+/// where they go on, `>`, each with its output. A fence `trr NAME` holds a grammar that all
+/// consoles behind it find under that name.
+///
+///   ```trr nouns.trr
+///   N::N : ["car"] -> ["coche"]
+///   (X1::Y1)
+///   ```
+///   ```console
+///   $ trrule translate nouns.trr --text car
+///   coche
+///   ```
+struct Console {
+  std::vector<std::string> vsCommands;         ///< with "$ " and "> " in front of their lines
+  std::string Shown;                           ///< the whole fence
+  std::map<std::string, std::string> ssFiles;  ///< the grammars of the page up to here, by name
+  int LineNumber = 0;
+};
+
+/// The consoles of a page, such as "docs/trrule.md".
+std::vector<Console> ReadConsoles(const std::string& Page);
+
+/// Runs each console of a page by a shell, in a folder of its own with a copy of examples/grammar
+/// and a `trrule` to call, and compares what both streams give with what the page shows.
+void ExpectConsolesHold(const std::string& Page);

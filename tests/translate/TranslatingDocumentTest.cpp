@@ -1,0 +1,13 @@
+// docs/translating.md keeps what it says: its examples are run.
+
+#include "ConsolePage.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(TranslatingDocument, ShowsWhatTheCommandPrints) {
+  ExpectConsolesHold("docs/translating.md");
+}
+
+}  // namespace
