@@ -30,11 +30,9 @@ std::uint64_t CountCombinations(const Translate::Chart& Parsed) {
   std::vector<std::uint64_t> vOfItem(Parsed.Items().size());
   // The parts of an item come before it.
   for (std::size_t Item = 0; Item < vOfItem.size(); ++Item) {
-    for (std::uint32_t Step = Parsed.Items()[Item].FirstStep; Step != Translate::Chart::None;
-         Step = Parsed.Steps()[Step].Next) {
-      const std::uint32_t Before = Parsed.Steps()[Step].Before;
+    Parsed.ForEachStep(static_cast<std::uint32_t>(Item), [&](std::uint32_t Before, std::uint32_t) {
       vOfItem[Item] += Before == Translate::Chart::None ? 1 : vOfItem[Before];
-    }
+    });
   }
   std::uint64_t Count = 0;
   for (const Translate::Chart::Way& Way : Parsed.Ways()) {

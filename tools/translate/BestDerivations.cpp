@@ -45,33 +45,33 @@ BestDerivations::Kind BestDerivations::KindOf(NodeId Node) const {
 }
 
 /// Visits the ways of a constituent, the steps of an item, or the members of a group, each with the
-/// one or two nodes that it is made of; `NoEntry` for none.
+/// nodes that it is made of.
 template <typename VisitT>
 void BestDerivations::ForEachAlternative(NodeId Node, VisitT Visit) const {
   switch (KindOf(Node)) {
     case Kind::Constituent:
       for (std::uint32_t Way = Parsed.Constituents()[Node].FirstWay; Way != NoEntry;
            Way = Parsed.Ways()[Way].Next) {
-        Visit(Way, PartOfWay(Way), NoEntry);
+        Visit(Parts{Way, PartOfWay(Way), NoEntry});
       }
       break;
     case Kind::Item:
-      for (std::uint32_t Step = Parsed.Items()[Node - NodeOfItem(0)].FirstStep; Step != NoEntry;
-           Step = Parsed.Steps()[Step].Next) {
-        Visit(Step, FirstOfStep(Step), LastOfStep(Step));
-      }
+      Parsed.ForEachStep(Node - NodeOfItem(0), [&](std::uint32_t Before, std::uint32_t Group) {
+        Visit(Parts{Before, Before == NoEntry ? NoEntry : NodeOfItem(Before),
+                    Group == NoEntry ? NoEntry : NodeOfGroup(Group)});
+      });
       break;
     case Kind::Group: {
       const Chart::Group& Group = Parsed.Groups()[Node - NodeOfGroup(0)];
       for (std::uint32_t Index = 0; Index < Group.Count; ++Index) {
         const std::uint32_t Member = Parsed.Members()[Group.First + Index];
-        Visit(Member, Member, NoEntry);
+        Visit(Parts{Member, Member, NoEntry});
       }
       break;
     }
     case Kind::Goals:
       for (const std::uint32_t Goal : vGoals) {
-        Visit(Goal, Goal, NoEntry);
+        Visit(Parts{Goal, Goal, NoEntry});
       }
       break;
   }
@@ -82,32 +82,12 @@ BestDerivations::NodeId BestDerivations::PartOfWay(std::uint32_t Way) const {
   return Each.IsUnary() ? Each.Part() : NodeOfItem(Each.Part());
 }
 
-BestDerivations::NodeId BestDerivations::FirstOfStep(std::uint32_t Step) const {
-  const std::uint32_t Before = Parsed.Steps()[Step].Before;
-  return Before == NoEntry ? NoEntry : NodeOfItem(Before);
-}
-
-BestDerivations::NodeId BestDerivations::LastOfStep(std::uint32_t Step) const {
-  const std::uint32_t Group = Parsed.Steps()[Step].Group;
-  return Group == NoEntry ? NoEntry : NodeOfGroup(Group);
-}
-
-/// The one or two nodes that an alternative is made of.
-void BestDerivations::PartsOf(NodeId Node, std::uint32_t Alternative, NodeId& FirstReturn,
-                              NodeId& LastReturn) const {
-  const Kind What = KindOf(Node);
-  FirstReturn = What == Kind::Constituent ? PartOfWay(Alternative)
-                : What == Kind::Item      ? FirstOfStep(Alternative)
-                                          : Alternative;
-  LastReturn = What == Kind::Item ? LastOfStep(Alternative) : NoEntry;
-}
-
 // ---- Candidates -------------------------------------------------------------------------------
 
 int BestDerivations::Compare(Kind What, const Candidate& Left, const Candidate& Right) const {
   if (What == Kind::Constituent) {
-    const std::uint32_t One = Parsed.Ways()[Left.Alternative].Rule;
-    const std::uint32_t Other = Parsed.Ways()[Right.Alternative].Rule;
+    const std::uint32_t One = Parsed.Ways()[Left.Of.Alternative].Rule;
+    const std::uint32_t Other = Parsed.Ways()[Right.Of.Alternative].Rule;
     if (One != Other) {
       return One < Other ? -1 : 1;
     }
@@ -128,7 +108,7 @@ bool BestDerivations::IsBetter(Kind What, const Candidate& Left, const Candidate
 BestDerivations::Candidate BestDerivations::MakeCandidate(Kind What, const Parts& Of,
                                                           std::uint32_t Rank,
                                                           std::uint32_t LastRank) {
-  Candidate New{0, Of.Alternative, Rank, LastRank, Derivations::NoList, NoEntry};
+  Candidate New{0, Of, Rank, LastRank, Derivations::NoList, NoEntry};
   if (Of.First != NoEntry) {
     New.First = Ranked(Of.First, Rank);
   }
@@ -152,7 +132,7 @@ BestDerivations::Candidate BestDerivations::MakeCandidate(Kind What, const Parts
 std::uint32_t BestDerivations::Keep(NodeId Node, const Candidate& Which) {
   switch (KindOf(Node)) {
     case Kind::Constituent: {
-      const Chart::Way& Way = Parsed.Ways()[Which.Alternative];
+      const Chart::Way& Way = Parsed.Ways()[Which.Of.Alternative];
       return Store.Tree(Way.Rule, Which.First, Way.Weight);
     }
     case Kind::Item:
@@ -188,20 +168,20 @@ template <typename VisitT>
 void BestDerivations::ForEachBestAlternative(NodeId Node, VisitT Visit) const {
   const bool HasWeight = KindOf(Node) == Kind::Constituent;
   const std::int64_t Best = ScoreOf(Node);
-  ForEachAlternative(Node, [&](std::uint32_t Alternative, NodeId First, NodeId Last) {
-    const std::int64_t Score = (HasWeight ? Parsed.Ways()[Alternative].Weight : 0) +
-                               (First == NoEntry ? 0 : ScoreOf(First)) +
-                               (Last == NoEntry ? 0 : ScoreOf(Last));
+  ForEachAlternative(Node, [&](const Parts& Each) {
+    const std::int64_t Score = (HasWeight ? Parsed.Ways()[Each.Alternative].Weight : 0) +
+                               (Each.First == NoEntry ? 0 : ScoreOf(Each.First)) +
+                               (Each.Last == NoEntry ? 0 : ScoreOf(Each.Last));
     if (Score == Best) {
-      Visit(Alternative, First, Last);
+      Visit(Each);
     }
   });
 }
 
 /// Puts on the stack what has to be worked out before a node.
 void BestDerivations::PushUnknownParts(NodeId Node, bool OnlyBest) {
-  const auto Push = [&](std::uint32_t, NodeId First, NodeId Last) {
-    for (const NodeId Part : {First, Last}) {
+  const auto Push = [&](const Parts& Each) {
+    for (const NodeId Part : {Each.First, Each.Last}) {
       if (Part != NoEntry && !IsKnown(Part, OnlyBest)) {
         vStack.push_back(Part);
       }
@@ -217,8 +197,8 @@ void BestDerivations::PushUnknownParts(NodeId Node, bool OnlyBest) {
 void BestDerivations::ChooseBest(NodeId Node) {
   const Kind What = KindOf(Node);
   std::optional<Candidate> Best;
-  ForEachBestAlternative(Node, [&](std::uint32_t Alternative, NodeId First, NodeId Last) {
-    const Candidate New = MakeCandidate(What, {Alternative, First, Last}, 0, 0);
+  ForEachBestAlternative(Node, [&](const Parts& Each) {
+    const Candidate New = MakeCandidate(What, Each, 0, 0);
     if (!Best || IsBetter(What, New, *Best)) {
       Best = New;
     }
@@ -282,16 +262,13 @@ void BestDerivations::TakeBest(NodeId Node, Frontier& FrontierReturn) {
   const Candidate Used = FrontierReturn.vHeap.back();
   FrontierReturn.vHeap.pop_back();
   FrontierReturn.vBest.push_back(Keep(Node, Used));
-  NodeId First = NoEntry;
-  NodeId Last = NoEntry;
-  PartsOf(Node, Used.Alternative, First, Last);
   Candidate Next = Used;
-  if (Last != NoEntry) {
+  if (Used.Of.Last != NoEntry) {
     ++Next.LastRank;
     FrontierReturn.vPending.push_back(Next);
   }
   // Each pair of ranks is reached in one way only.
-  if (First != NoEntry && Used.LastRank == 0) {
+  if (Used.Of.First != NoEntry && Used.LastRank == 0) {
     Next = Used;
     ++Next.Rank;
     FrontierReturn.vPending.push_back(Next);
@@ -306,13 +283,13 @@ BestDerivations::Frontier& BestDerivations::Open(NodeId Node) {
   if (vFrontiers[Node] == NoEntry) {
     vFrontiers[Node] = static_cast<std::uint32_t>(Opened.size());
     Frontier& New = Opened.emplace_back();
-    ForEachAlternative(Node, [&](std::uint32_t Alternative, NodeId First, NodeId Last) {
-      for (const NodeId Part : {First, Last}) {
+    ForEachAlternative(Node, [&](const Parts& Each) {
+      for (const NodeId Part : {Each.First, Each.Last}) {
         if (Part != NoEntry) {
           WorkOut(Part, true);
         }
       }
-      PushCandidate(Node, MakeCandidate(KindOf(Node), {Alternative, First, Last}, 0, 0), New);
+      PushCandidate(Node, MakeCandidate(KindOf(Node), Each, 0, 0), New);
     });
     TakeBest(Node, New);
   }
@@ -335,21 +312,16 @@ BestDerivations::PartState BestDerivations::Require(NodeId Node, std::uint32_t R
 bool BestDerivations::Settle(NodeId Node, Frontier& FrontierReturn) {
   while (!FrontierReturn.vPending.empty()) {
     const Candidate Each = FrontierReturn.vPending.back();
-    NodeId First = NoEntry;
-    NodeId Last = NoEntry;
-    PartsOf(Node, Each.Alternative, First, Last);
-    const PartState FirstPart = Require(First, Each.Rank);
+    const PartState FirstPart = Require(Each.Of.First, Each.Rank);
     const PartState LastPart =
-        FirstPart == PartState::Known ? Require(Last, Each.LastRank) : PartState::Known;
+        FirstPart == PartState::Known ? Require(Each.Of.Last, Each.LastRank) : PartState::Known;
     if (FirstPart == PartState::Awaited || LastPart == PartState::Awaited) {
       return false;
     }
     FrontierReturn.vPending.pop_back();
     if (FirstPart == PartState::Known && LastPart == PartState::Known) {
-      PushCandidate(
-          Node,
-          MakeCandidate(KindOf(Node), {Each.Alternative, First, Last}, Each.Rank, Each.LastRank),
-          FrontierReturn);
+      PushCandidate(Node, MakeCandidate(KindOf(Node), Each.Of, Each.Rank, Each.LastRank),
+                    FrontierReturn);
     }
   }
   return true;
@@ -415,9 +387,9 @@ std::optional<Derivations::TreeId> BestDerivations::Next() {
 void BestDerivations::CountNode(NodeId Node) {
   std::uint64_t Sum = 0;
   bool IsTooMany = false;
-  ForEachAlternative(Node, [&](std::uint32_t, NodeId First, NodeId Last) {
+  ForEachAlternative(Node, [&](const Parts& Each) {
     std::uint64_t Product = 1;
-    for (const NodeId Part : {First, Last}) {
+    for (const NodeId Part : {Each.First, Each.Last}) {
       if (Part != NoEntry) {
         IsTooMany = IsTooMany || vIsTooMany[Part] ||
                     __builtin_mul_overflow(Product, vCounts[Part], &Product);

@@ -42,21 +42,21 @@ class BestDerivations {
   /// Constituents, items, groups and the goals are numbered through.
   using NodeId = std::uint32_t;
 
-  /// Something that a node may begin with: its how manieth best, in two dimensions for an item.
+  /// An alternative of a node, and the one or two nodes that it is made of; `NoEntry` for none.
+  struct Parts {
+    std::uint32_t Alternative;  ///< a way of a constituent; a member; of an item, what comes before
+    NodeId First;
+    NodeId Last;
+  };
+
+  /// Something that a node may begin with: the how manieth best of an alternative's parts.
   struct Candidate {
     std::int64_t Score;
-    std::uint32_t Alternative;
+    Parts Of;
     std::uint32_t Rank;
     std::uint32_t LastRank;
     std::uint32_t First;  ///< a tree of a group's, a list of an item's or a constituent's
     std::uint32_t Last;   ///< a tree behind a list of an item's
-  };
-
-  /// An alternative, and the nodes that it is made of.
-  struct Parts {
-    std::uint32_t Alternative;
-    NodeId First;
-    NodeId Last;
   };
 
   /// What is known of a node beyond its best.
@@ -77,10 +77,6 @@ class BestDerivations {
   template <typename VisitT>
   void ForEachAlternative(NodeId Node, VisitT Visit) const;
   NodeId PartOfWay(std::uint32_t Way) const;
-  NodeId FirstOfStep(std::uint32_t Step) const;
-  NodeId LastOfStep(std::uint32_t Step) const;
-  void PartsOf(NodeId Node, std::uint32_t Alternative, NodeId& FirstReturn,
-               NodeId& LastReturn) const;
   bool IsBetter(Kind What, const Candidate& Left, const Candidate& Right) const;
   int Compare(Kind What, const Candidate& Left, const Candidate& Right) const;
   Candidate MakeCandidate(Kind What, const Parts& Of, std::uint32_t Rank, std::uint32_t LastRank);

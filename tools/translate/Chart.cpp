@@ -17,7 +17,7 @@ void Chart::Clear() {
   vConstituents.clear();
   vWays.clear();
   vItems.clear();
-  vSteps.clear();
+  Steps = 0;
   vGroups.clear();
   vCells.clear();
   vSlots.clear();
@@ -48,36 +48,35 @@ bool Chart::Parse(std::string_view Text, const ChartLimits& LimitsPassIn,
                   Evaluator& EquationsPassIn) {
   Clear();
   Limits = LimitsPassIn;
+  HowFar = ChartOutcome::Whole;
   Equations = &EquationsPassIn;
   Tokenize(Text);
   const auto Size = static_cast<std::uint32_t>(vTokens.size());
   vFirstCell.assign(Size + 2, 0);
   vFrontiers.assign(Size + 1, {false, false, 0, 0, None});
-  for (std::uint32_t Start = Size; Start > 0; --Start) {
+  for (std::uint32_t Start = Size; Start > 0 && HowFar == ChartOutcome::Whole; --Start) {
     vFirstCell[Start - 1] = static_cast<std::uint32_t>(vCells.size());
-    if (!ParseFrom(Start - 1)) {
-      return false;
-    }
+    ParseFrom(Start - 1);
   }
-  return true;
+  return HowFar == ChartOutcome::Whole;
 }
 
 // ---- One start --------------------------------------------------------------------------------
 
 /// Finds all constituents that begin at a token, the shortest first. Those that begin further to
 /// the right are there already.
-bool Chart::ParseFrom(std::uint32_t Start) {
+void Chart::ParseFrom(std::uint32_t Start) {
   vLinks.clear();
   vGoingOn.clear();
+  ItemIndex.Clear();
   Touch(Start + 1);
-  bool IsWithin = true;
   while (!vEnds.empty()) {
     std::pop_heap(vEnds.begin(), vEnds.end(), std::greater<>());
     const std::uint32_t End = vEnds.back();
     vEnds.pop_back();
-    if (IsWithin) {
+    if (HowFar == ChartOutcome::Whole) {
       ReachEnd(Start, End);
-      IsWithin = FillCell(Start, End);
+      FillCell(Start, End);
       GoOn(End);
     }
     vTouched.push_back(End);
@@ -86,7 +85,6 @@ bool Chart::ParseFrom(std::uint32_t Start) {
     vFrontiers[End] = {false, false, 0, 0, None};
   }
   vTouched.clear();
-  return IsWithin;
 }
 
 void Chart::Touch(std::uint32_t End) {
@@ -100,7 +98,6 @@ void Chart::Touch(std::uint32_t End) {
 /// Makes the items that end at a token: those before it go on with a literal, or over a cell.
 void Chart::ReachEnd(std::uint32_t Start, std::uint32_t End) {
   FirstItem = static_cast<std::uint32_t>(vItems.size());
-  ItemIndex.Clear();
   if (End == Start + 1) {
     FollowLiteral(None, SourceTrie::Root, Start);
   }
@@ -150,19 +147,15 @@ void Chart::GoOn(std::uint32_t End) {
 // ---- One cell ---------------------------------------------------------------------------------
 
 /// Makes the constituents of a span: by the rules whose sequences end there, then by unary rules.
-bool Chart::FillCell(std::uint32_t Start, std::uint32_t End) {
+void Chart::FillCell(std::uint32_t Start, std::uint32_t End) {
   Cell New{Start, End, static_cast<std::uint32_t>(vConstituents.size()), 0, 0, 0};
   CellStart = New.FirstConstituent;
   ConstituentIndex.Clear();
   for (std::uint32_t Each = FirstItem; Each < vItems.size(); ++Each) {
-    if (!Complete(Each)) {
-      return false;
-    }
+    Complete(Each);
   }
   for (std::uint32_t Each = CellStart; Each < vConstituents.size(); ++Each) {
-    if (!AddUnary(Each)) {
-      return false;
-    }
+    AddUnary(Each);
   }
   New.ConstituentCount = static_cast<std::uint32_t>(vConstituents.size()) - CellStart;
   if (New.ConstituentCount > 0) {
@@ -170,26 +163,25 @@ bool Chart::FillCell(std::uint32_t Start, std::uint32_t End) {
     vCells.push_back(New);
     StartItems(New);
   }
-  return true;
 }
 
 /// Applies the rules whose sequence an item has come through.
-bool Chart::Complete(std::uint32_t Through) {
+void Chart::Complete(std::uint32_t Through) {
   const auto InCell = static_cast<std::uint32_t>(vCells.size());
   for (const RuleSet::Ending& By : Rules.EndingsAt(vItems[Through].Node)) {
+    if (HowFar != ChartOutcome::Whole) {
+      return;
+    }
     const std::optional<StructurePair> Made =
         Equations->Evaluate(By.Evaluation, vItems[Through].Keys);
-    if (Made &&
-        !AddConstituent({InCell, By.Types, Made->Source, Made->Target, 0, None, 0}, By, Through)) {
-      return false;
+    if (Made) {
+      AddConstituent({InCell, By.Types, Made->Source, Made->Target, 0, None, 0}, By, Through);
     }
   }
-  return true;
 }
 
 /// Adds a way to make a constituent, and the constituent where it is new.
-/// @return false where there are too many of them
-bool Chart::AddConstituent(Constituent New, const RuleSet::Ending& By, std::uint32_t From) {
+void Chart::AddConstituent(Constituent New, const RuleSet::Ending& By, std::uint32_t From) {
   const auto HashOfOne = [](const Constituent& Each) {
     return Mixed(Mixed(Pair(Each.Source, Each.Target)) ^ Pair(Each.Types, Each.Chain));
   };
@@ -205,37 +197,39 @@ bool Chart::AddConstituent(Constituent New, const RuleSet::Ending& By, std::uint
     vConstituents[Slot].Score = std::max(vConstituents[Slot].Score, New.Score);
     vWays.push_back({By.Rule, From, vConstituents[Slot].FirstWay, By.Weight});
     vConstituents[Slot].FirstWay = NewWay;
-    return true;
+    return;
   }
   if (vConstituents.size() >= Limits.MaxConstituents) {
-    return false;
+    HowFar = ChartOutcome::TooManyConstituents;
+    return;
   }
   vWays.push_back({By.Rule, From, None, By.Weight});
   New.FirstWay = NewWay;
   Slot = static_cast<std::uint32_t>(vConstituents.size());
   vConstituents.push_back(New);
   ConstituentIndex.NoteAdded([&](std::uint32_t Each) { return HashOfOne(vConstituents[Each]); });
-  return true;
 }
 
 // ---- Unary chains -----------------------------------------------------------------------------
 
-bool Chart::AddUnary(std::uint32_t Below) {
+void Chart::AddUnary(std::uint32_t Below) {
   const std::uint32_t Types = vConstituents[Below].Types;
   for (const SourceSymbol Slot : {Rules.SlotOfAnyTarget(Types), Rules.SlotOfBoth(Types)}) {
-    if (Slot != RuleSet::None && !ApplyUnary(Below, Slot)) {
-      return false;
+    if (Slot != RuleSet::None) {
+      ApplyUnary(Below, Slot);
     }
   }
-  return true;
 }
 
-bool Chart::ApplyUnary(std::uint32_t Below, SourceSymbol Slot) {
+void Chart::ApplyUnary(std::uint32_t Below, SourceSymbol Slot) {
   const Constituent Part = vConstituents[Below];
   if (vChains[Part.Chain].Size >= Limits.MaxChain) {
-    return true;
+    return;
   }
   for (const RuleSet::Ending& By : Rules.UnaryRules(Slot)) {
+    if (HowFar != ChartOutcome::Whole) {
+      return;
+    }
     if (Contains(Part.Chain, By.Rule)) {
       continue;
     }
@@ -244,13 +238,12 @@ bool Chart::ApplyUnary(std::uint32_t Below, SourceSymbol Slot) {
       Keys = Equations->AddKey(Keys, {Part.Source, Part.Target});
     }
     const std::optional<StructurePair> Made = Equations->Evaluate(By.Evaluation, Keys);
-    if (Made && !AddConstituent({Part.Cell, By.Types, Made->Source, Made->Target,
-                                 ChainWith(Part.Chain, By.Rule), None, 0},
-                                By, Below | Way::UnaryMark)) {
-      return false;
+    if (Made) {
+      AddConstituent({Part.Cell, By.Types, Made->Source, Made->Target,
+                      ChainWith(Part.Chain, By.Rule), None, 0},
+                     By, Below | Way::UnaryMark);
     }
   }
-  return true;
 }
 
 SourceTrie::Range<std::uint32_t> Chart::ChainRules(std::uint32_t Which) const {
@@ -312,7 +305,7 @@ void Chart::FillSlots(Cell& CellReturn) {
     const auto Slot = static_cast<SourceSymbol>(Each >> 32U);
     if (vSlots.size() == CellReturn.FirstSlot || vSlots.back().Slot != Slot) {
       vSlots.push_back(
-          {Slot, static_cast<std::uint32_t>(vMembers.size()), 0, {None, None, None, None}});
+          {Slot, static_cast<std::uint32_t>(vMembers.size()), 0, {None, None, None, None}, {}});
     }
     vMembers.push_back(static_cast<std::uint32_t>(Each));
     ++vSlots.back().Count;
@@ -327,45 +320,46 @@ StructurePair Chart::KeyOf(std::uint32_t Which, std::uint8_t Needs) const {
           (Needs & SourceTrie::NeedsTarget) != 0 ? Each.Target : StructureId{StructureStore::Open}};
 }
 
-/// The groups that the constituents for a slot fall into: the first, and each leads to the next.
-std::uint32_t Chart::GroupsOf(std::uint32_t Entry, std::uint8_t Needs) {
+/// Makes the groups that the constituents for a slot fall into, unless they are there.
+void Chart::NeedGroups(std::uint32_t Entry, std::uint8_t Needs) {
   if (vSlots[Entry].FirstGroup[Needs] == None) {
     MakeGroups(vSlots[Entry], Needs);
   }
-  return vSlots[Entry].FirstGroup[Needs];
 }
 
 void Chart::MakeGroups(SlotEntry& EntryReturn, std::uint8_t Needs) {
+  const auto FirstGroup = static_cast<std::uint32_t>(vGroups.size());
+  EntryReturn.FirstGroup[Needs] = FirstGroup;
   if (Needs == 0) {
-    EntryReturn.FirstGroup[Needs] = static_cast<std::uint32_t>(vGroups.size());
+    EntryReturn.GroupCount[Needs] = 1;
     vGroups.push_back({{},
                        EntryReturn.First,
                        EntryReturn.Count,
-                       None,
                        BestScore(EntryReturn.First, EntryReturn.Count)});
     return;
   }
-  const auto IsLess = [&](std::uint32_t Left, std::uint32_t Right) {
-    const StructurePair One = KeyOf(Left, Needs);
-    const StructurePair Other = KeyOf(Right, Needs);
-    return Pair(One.Source, One.Target) < Pair(Other.Source, Other.Target);
+  const auto NumberOf = [&](std::uint32_t Which) {
+    const StructurePair Key = KeyOf(Which, Needs);
+    return Pair(Key.Source, Key.Target);
   };
   const auto First = vMembers.begin() + EntryReturn.First;
   vSorted.assign(First, First + EntryReturn.Count);
-  std::stable_sort(vSorted.begin(), vSorted.end(), IsLess);
+  std::stable_sort(vSorted.begin(), vSorted.end(), [&](std::uint32_t Left, std::uint32_t Right) {
+    return NumberOf(Left) < NumberOf(Right);
+  });
   std::uint32_t Begin = 0;
   while (Begin < vSorted.size()) {
     std::uint32_t End = Begin + 1;
-    while (End < vSorted.size() && !IsLess(vSorted[Begin], vSorted[End])) {
+    while (End < vSorted.size() && NumberOf(vSorted[Begin]) == NumberOf(vSorted[End])) {
       ++End;
     }
     vGroups.push_back({KeyOf(vSorted[Begin], Needs), static_cast<std::uint32_t>(vMembers.size()),
-                       End - Begin, EntryReturn.FirstGroup[Needs], 0});
-    EntryReturn.FirstGroup[Needs] = static_cast<std::uint32_t>(vGroups.size() - 1);
+                       End - Begin, 0});
     vMembers.insert(vMembers.end(), vSorted.begin() + Begin, vSorted.begin() + End);
     vGroups.back().Score = BestScore(vGroups.back().First, End - Begin);
     Begin = End;
   }
+  EntryReturn.GroupCount[Needs] = static_cast<std::uint32_t>(vGroups.size()) - FirstGroup;
 }
 
 /// The best score of a stretch of members.
@@ -385,6 +379,32 @@ std::uint32_t Chart::FindEntry(const Cell& In, SourceSymbol Slot) const {
       [](const SlotEntry& Each, SourceSymbol Wanted) { return Each.Slot < Wanted; });
   return Found == Last || Found->Slot != Slot ? None
                                               : static_cast<std::uint32_t>(Found - vSlots.begin());
+}
+
+/// What the last part of an item is, by the slot at its node and the last of its keys.
+Chart::GroupName Chart::NameOfLast(const Item& Of) const {
+  const std::uint8_t Needs = Rules.Trie().Needs(Of.Node);
+  return {Rules.Trie().Symbol(Of.Node), Needs,
+          Needs == 0 ? StructurePair() : Equations->LastKey(Of.Keys)};
+}
+
+/// The group of a span with a name; `None` where there is none.
+std::uint32_t Chart::FindGroup(std::uint32_t Start, std::uint32_t End,
+                               const GroupName& Name) const {
+  const Cell* In = FindCell(Start, End);
+  const std::uint32_t Entry = In == nullptr ? std::uint32_t{None} : FindEntry(*In, Name.Slot);
+  if (Entry == None || vSlots[Entry].FirstGroup[Name.Needs] == None) {
+    return None;
+  }
+  const auto NumberOf = [](const StructurePair& Key) { return Pair(Key.Source, Key.Target); };
+  const auto First = vGroups.begin() + vSlots[Entry].FirstGroup[Name.Needs];
+  const auto Last = First + vSlots[Entry].GroupCount[Name.Needs];
+  const auto Found = std::lower_bound(
+      First, Last, NumberOf(Name.Key),
+      [&](const Group& Each, std::uint64_t Key) { return NumberOf(Each.Key) < Key; });
+  return Found == Last || NumberOf(Found->Key) != NumberOf(Name.Key)
+             ? std::uint32_t{None}
+             : static_cast<std::uint32_t>(Found - vGroups.begin());
 }
 
 // ---- Items ------------------------------------------------------------------------------------
@@ -426,12 +446,16 @@ void Chart::ExtendOver(std::uint32_t Before, std::uint32_t Over) {
 void Chart::Follow(std::uint32_t Before, std::uint32_t Node, std::uint32_t Over,
                    std::uint32_t Entry) {
   const std::uint8_t Needs = Rules.Trie().Needs(Node);
+  const std::uint32_t End = vCells[Over].End;
   const Evaluator::KeysId Earlier =
       Before == None ? Evaluator::KeysId{Evaluator::NoKeys} : vItems[Before].Keys;
-  for (std::uint32_t Each = GroupsOf(Entry, Needs); Each != None; Each = vGroups[Each].Next) {
+  const std::int64_t Score = Before == None ? 0 : vItems[Before].Score;
+  NeedGroups(Entry, Needs);
+  const std::uint32_t First = vSlots[Entry].FirstGroup[Needs];
+  for (std::uint32_t Each = First; Each < First + vSlots[Entry].GroupCount[Needs]; ++Each) {
     const Evaluator::KeysId Keys =
         Needs == 0 ? Earlier : Equations->AddKey(Earlier, vGroups[Each].Key);
-    AddItem(Node, vCells[Over].End, Keys, {Before, Each, None});
+    AddItem({Node, End, Keys, None, Before == None ? Each : Before, Score + vGroups[Each].Score});
   }
 }
 
@@ -440,35 +464,51 @@ void Chart::FollowLiteral(std::uint32_t Before, std::uint32_t Node, std::uint32_
     return;
   }
   const std::uint32_t Target = Rules.Trie().Child(Node, vLiterals[At]);
-  if (Target != NoEntry) {
-    const Evaluator::KeysId Keys =
-        Before == None ? Evaluator::KeysId{Evaluator::NoKeys} : vItems[Before].Keys;
-    AddItem(Target, At + 1, Keys, {Before, None, None});
+  if (Target == NoEntry) {
+    return;
+  }
+  if (Before == None) {
+    AddItem({Target, At + 1, Evaluator::NoKeys, None, None, 0});
+  } else {
+    AddItem({Target, At + 1, vItems[Before].Keys, None, Before, vItems[Before].Score});
   }
 }
 
-/// Adds a step to an item, and the item where it is new.
-void Chart::AddItem(std::uint32_t Node, std::uint32_t End, Evaluator::KeysId Keys, Step Last) {
+/// The numbers of ways hold items with a mark, so there is an end to them in any case.
+std::uint64_t Chart::MaxItems() const {
+  constexpr std::uint64_t ForConstituent = 16;
+  constexpr std::uint64_t Most = Way::UnaryMark - 1;
+  if (Limits.MaxConstituents > Most / ForConstituent) {
+    return Most;
+  }
+  return std::min(Most, std::max(Limits.MaxItems, Limits.MaxConstituents * ForConstituent));
+}
+
+/// Adds an item, or, where it is there already, only the step that leads to it.
+void Chart::AddItem(const Item& New) {
   const auto HashOfItem = [](const Item& Each) { return Mixed(Pair(Each.Node, Each.Keys)); };
-  Item New{Node, End, Keys, None, 0};
-  New.Score = (Last.Before == None ? 0 : vItems[Last.Before].Score) +
-              (Last.Group == None ? 0 : vGroups[Last.Group].Score);
   std::uint32_t& Slot = ItemIndex.Find(HashOfItem(New), [&](std::uint32_t Each) {
-    return vItems[Each].Node == Node && vItems[Each].Keys == Keys;
+    return vItems[Each].Node == New.Node && vItems[Each].Keys == New.Keys;
   });
-  const auto NewStep = static_cast<std::uint32_t>(vSteps.size());
-  if (Slot != NoEntry) {
-    vItems[Slot].Score = std::max(vItems[Slot].Score, New.Score);
-    Last.Next = vItems[Slot].FirstStep;
-    vItems[Slot].FirstStep = NewStep;
-    vSteps.push_back(Last);
+  const std::uint32_t Latest = Slot;
+  if (Latest != NoEntry && vItems[Latest].End == New.End) {
+    ++Steps;
+    vItems[Latest].Score = std::max(vItems[Latest].Score, New.Score);
+    // The items of a start are numbered in the order of their ends.
+    vItems[Latest].Before = std::max(vItems[Latest].Before, New.Before);
     return;
   }
-  New.FirstStep = NewStep;
+  if (vItems.size() >= MaxItems()) {
+    HowFar = ChartOutcome::TooManyItems;
+    return;
+  }
+  ++Steps;
   Slot = static_cast<std::uint32_t>(vItems.size());
-  vSteps.push_back(Last);
   vItems.push_back(New);
-  ItemIndex.NoteAdded([&](std::uint32_t Each) { return HashOfItem(vItems[Each]); });
+  vItems.back().Previous = Latest;
+  if (Latest == NoEntry) {
+    ItemIndex.NoteAdded([&](std::uint32_t Each) { return HashOfItem(vItems[Each]); });
+  }
 }
 
 // ---- Questions --------------------------------------------------------------------------------
@@ -487,14 +527,14 @@ const Chart::Cell* Chart::FindCell(std::size_t Start, std::size_t End) const {
 }
 
 Chart::Counts Chart::Count() const {
-  return {vConstituents.size(), vWays.size(), vItems.size(), vSteps.size()};
+  return {vConstituents.size(), vWays.size(), vItems.size(), Steps};
 }
 
 std::size_t Chart::Bytes() const {
   return vConstituents.size() * sizeof(Constituent) + vWays.size() * sizeof(Way) +
-         vItems.size() * sizeof(Item) + vSteps.size() * sizeof(Step) +
-         vGroups.size() * sizeof(Group) + vCells.size() * sizeof(Cell) +
-         vSlots.size() * sizeof(SlotEntry) + vMembers.size() * sizeof(std::uint32_t);
+         vItems.size() * sizeof(Item) + vGroups.size() * sizeof(Group) +
+         vCells.size() * sizeof(Cell) + vSlots.size() * sizeof(SlotEntry) +
+         vMembers.size() * sizeof(std::uint32_t);
 }
 
 }  // namespace Translate

@@ -15,6 +15,15 @@ namespace Translate {
 struct ChartLimits {
   std::uint32_t MaxChain = 8;
   std::uint64_t MaxConstituents = 1000000;
+  /// Of partly matched rules; sixteen for each constituent are always allowed.
+  std::uint64_t MaxItems = std::uint64_t{1} << 24U;
+};
+
+/// Whether a chart has all constituents of its text.
+enum class ChartOutcome : std::uint8_t {
+  Whole,
+  TooManyConstituents,
+  TooManyItems,  ///< rules whose parts have many structures come through them in too many ways
 };
 
 /// All constituents of a text, each once, with all ways to make it.
@@ -26,9 +35,13 @@ struct ChartLimits {
 /// rules behind that item take for the same. So every part of a sequence is looked for once,
 /// whatever comes before it.
 ///
+/// The *steps* that lead to an item, of which a long ambiguous text has as many as the cube of its
+/// length, are not kept. Each place at which the part before can end gives one at most, and
+/// `ForEachStep` finds them again.
+///
 ///   Chart Parsed(Rules);
 ///   Parsed.Parse("the red car", Limits, Equations);   // false where there are too many
-///   for (const auto Each : Parsed.Constituents(0, 3)) { Parsed.At(Each).Source; }
+///   for (const Chart::Cell& Each : Parsed.CellsAt(0)) { Each.ConstituentCount; }
 class Chart {
  public:
   static constexpr std::uint32_t None = NoEntry;
@@ -62,15 +75,9 @@ class Chart {
     std::uint32_t Node;
     std::uint32_t End;
     Evaluator::KeysId Keys;
-    std::uint32_t FirstStep;
-    std::int64_t Score;  ///< of the best derivations of its parts together
-  };
-
-  /// An item is another one, `None` at its beginning, and a group behind it, `None` for a literal.
-  struct Step {
-    std::uint32_t Before;
-    std::uint32_t Group;
-    std::uint32_t Next;
+    std::uint32_t Previous;  ///< with the same start, node and keys, and the next smaller end
+    std::uint32_t Before;    ///< see `ForEachStep`
+    std::int64_t Score;      ///< of the best derivations of its parts together
   };
 
   /// Constituents of one span that are taken for the same.
@@ -78,7 +85,6 @@ class Chart {
     StructurePair Key;
     std::uint32_t First;  ///< in the list of members
     std::uint32_t Count;
-    std::uint32_t Next;
     std::int64_t Score;  ///< of the best derivation of any of them
   };
 
@@ -104,8 +110,11 @@ class Chart {
 
   /// Finds all constituents of a text; what was there before is gone.
   /// @param Text has to outlive the chart
-  /// @return false where there are more than the limit allows: then the chart is of no use
+  /// @return false where there are more than the limits allow: then the chart is of no use
   bool Parse(std::string_view Text, const ChartLimits& LimitsPassIn, Evaluator& EquationsPassIn);
+
+  /// What kept the last text's chart from having all of its constituents, if anything did.
+  ChartOutcome Outcome() const { return HowFar; }
 
   const RuleSet& Grammar() const { return Rules; }
   const std::vector<std::string_view>& Tokens() const { return vTokens; }
@@ -113,7 +122,6 @@ class Chart {
   const std::vector<Constituent>& Constituents() const { return vConstituents; }
   const std::vector<Way>& Ways() const { return vWays; }
   const std::vector<Item>& Items() const { return vItems; }
-  const std::vector<Step>& Steps() const { return vSteps; }
   const std::vector<Group>& Groups() const { return vGroups; }
   const std::vector<Cell>& Cells() const { return vCells; }
   const std::vector<std::uint32_t>& Members() const { return vMembers; }
@@ -122,6 +130,29 @@ class Chart {
   SourceTrie::Range<Cell> CellsAt(std::size_t Start) const;
   /// The cell of a span; null where it has no constituent.
   const Cell* FindCell(std::size_t Start, std::size_t End) const;
+  /// Visits the steps that lead to an item: what comes before, the last one first, and the group
+  /// behind it. Nothing comes before the first step of a sequence, and a literal has no group: both
+  /// are `None` then.
+  template <typename VisitT>
+  void ForEachStep(std::uint32_t Which, VisitT Visit) const {
+    const Item& Each = vItems[Which];
+    const std::uint32_t Parent = Rules.Trie().Parent(Each.Node);
+    const SourceSymbol Symbol = Rules.Trie().Symbol(Each.Node);
+    if ((Symbol & SourceTrie::LiteralMark) != 0) {
+      Visit(Each.Before, std::uint32_t{None});
+    } else if (Parent == SourceTrie::Root) {
+      Visit(std::uint32_t{None}, Each.Before);
+    } else {
+      const GroupName Name = NameOfLast(Each);
+      for (std::uint32_t Before = Each.Before; Before != None; Before = vItems[Before].Previous) {
+        const std::uint32_t Behind = FindGroup(vItems[Before].End, Each.End, Name);
+        if (Behind != None) {
+          Visit(Before, Behind);
+        }
+      }
+    }
+  }
+
   /// The rules of a chain, ascending.
   SourceTrie::Range<std::uint32_t> ChainRules(std::uint32_t Chain) const;
 
@@ -136,7 +167,15 @@ class Chart {
     SourceSymbol Slot;
     std::uint32_t First;  ///< in the list of members
     std::uint32_t Count;
-    std::uint32_t FirstGroup[4];
+    std::uint32_t FirstGroup[4];  ///< `None` where nobody has asked for them
+    std::uint32_t GroupCount[4];  ///< they stand side by side, in the order of their keys
+  };
+
+  /// What tells a group from the others of its span.
+  struct GroupName {
+    SourceSymbol Slot;
+    std::uint8_t Needs;
+    StructurePair Key;
   };
 
   struct Chain {
@@ -160,16 +199,17 @@ class Chart {
   };
 
   void Clear();
+  std::uint64_t MaxItems() const;
   void Tokenize(std::string_view Text);
-  bool ParseFrom(std::uint32_t Start);
+  void ParseFrom(std::uint32_t Start);
   void Touch(std::uint32_t End);
   void ReachEnd(std::uint32_t Start, std::uint32_t End);
   void GoOn(std::uint32_t End);
-  bool FillCell(std::uint32_t Start, std::uint32_t End);
-  bool Complete(std::uint32_t Through);
-  bool AddUnary(std::uint32_t Below);
-  bool ApplyUnary(std::uint32_t Below, SourceSymbol Slot);
-  bool AddConstituent(Constituent New, const RuleSet::Ending& By, std::uint32_t From);
+  void FillCell(std::uint32_t Start, std::uint32_t End);
+  void Complete(std::uint32_t Through);
+  void AddUnary(std::uint32_t Below);
+  void ApplyUnary(std::uint32_t Below, SourceSymbol Slot);
+  void AddConstituent(Constituent New, const RuleSet::Ending& By, std::uint32_t From);
   std::uint32_t ChainWith(std::uint32_t Before, std::uint32_t Rule);
   bool Contains(std::uint32_t Which, std::uint32_t Rule) const;
   void FillSlots(Cell& CellReturn);
@@ -177,15 +217,18 @@ class Chart {
   void ExtendOver(std::uint32_t Before, std::uint32_t Over);
   void Follow(std::uint32_t Before, std::uint32_t Node, std::uint32_t Over, std::uint32_t Entry);
   void FollowLiteral(std::uint32_t Before, std::uint32_t Node, std::uint32_t At);
-  void AddItem(std::uint32_t Node, std::uint32_t End, Evaluator::KeysId Keys, Step Last);
-  std::uint32_t GroupsOf(std::uint32_t Entry, std::uint8_t Needs);
+  void AddItem(const Item& New);
+  void NeedGroups(std::uint32_t Entry, std::uint8_t Needs);
   StructurePair KeyOf(std::uint32_t Which, std::uint8_t Needs) const;
   void MakeGroups(SlotEntry& EntryReturn, std::uint8_t Needs);
   std::int64_t BestScore(std::uint32_t First, std::uint32_t Count) const;
   std::uint32_t FindEntry(const Cell& In, SourceSymbol Slot) const;
+  GroupName NameOfLast(const Item& Of) const;
+  std::uint32_t FindGroup(std::uint32_t Start, std::uint32_t End, const GroupName& Name) const;
 
   const RuleSet& Rules;
   ChartLimits Limits;
+  ChartOutcome HowFar = ChartOutcome::Whole;
   Evaluator* Equations = nullptr;
   std::vector<std::string_view> vTokens;
   std::vector<SourceSymbol> vLiterals;  // of the tokens
@@ -194,7 +237,7 @@ class Chart {
   std::vector<Constituent> vConstituents;
   std::vector<Way> vWays;
   std::vector<Item> vItems;
-  std::vector<Step> vSteps;
+  std::uint64_t Steps = 0;
   std::vector<Group> vGroups;
   std::vector<Cell> vCells;
   std::vector<SlotEntry> vSlots;
@@ -213,7 +256,7 @@ class Chart {
   std::vector<std::uint32_t> vEnds;     // a heap of the ends that are touched, the least on top
   std::vector<std::uint32_t> vTouched;
   std::uint32_t FirstItem = 0;  // of the end
-  IndexTable ItemIndex;
+  IndexTable ItemIndex;         // of each node with keys, the item with the greatest end so far
   std::uint32_t CellStart = 0;  // the first constituent of the cell
   IndexTable ConstituentIndex;
   std::vector<std::uint64_t> vBySlot;

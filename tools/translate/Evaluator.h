@@ -28,6 +28,9 @@ class Evaluator {
   /// The list with one more pair; what is not looked at is to be open.
   KeysId AddKey(KeysId Before, StructurePair Key);
 
+  /// The pair that was added last to a list that is not empty.
+  StructurePair LastKey(KeysId Keys) const { return vKeys[Keys].Key; }
+
   /// The structures that a rule's evaluation makes of its parts; nothing where its equations clash.
   std::optional<StructurePair> Evaluate(std::uint32_t Evaluation, KeysId Keys) {
     return Evaluation == RuleSet::None ? StructurePair() : LookUp(Evaluation, Keys);

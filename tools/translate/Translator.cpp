@@ -11,13 +11,22 @@ namespace Translate {
 
 // ---- A text -----------------------------------------------------------------------------------
 
+namespace {
+
+std::string ErrorOf(ChartOutcome Outcome, const ChartLimits& Limits) {
+  return Outcome == ChartOutcome::TooManyItems
+             ? "the rules match in too many ways before their last component"
+             : "there are more than " + std::to_string(Limits.MaxConstituents) + " constituents";
+}
+
+}  // namespace
+
 TextResult Translator::Translate(std::string_view Text, const TextOptions& Options) {
   TextResult Result;
   Equations.Trim();
   Result.HasPieces = Options.IsPartial;
   if (!Parsed.Parse(Text, Options.Limits, Equations)) {
-    Result.Error =
-        "there are more than " + std::to_string(Options.Limits.MaxConstituents) + " constituents";
+    Result.Error = ErrorOf(Parsed.Outcome(), Options.Limits);
     return Result;
   }
   Best.Begin();
