@@ -93,6 +93,8 @@ void AddWanted(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsRetu
       ->check(CLI::IsMember({"plain", "json", "tree"}));
   CommandReturn.add_flag("--count", OptionsReturn.Texts.WantsCount,
                          "tell in JSON how many derivations there are");
+  CommandReturn.add_flag("--origins", OptionsReturn.Format.HasOrigins,
+                         "tell in JSON which constraints gave the values");
 }
 
 void AddLimits(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsReturn) {

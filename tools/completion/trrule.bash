@@ -74,7 +74,7 @@ _trrule() {
       explain) Words='-h --help' ;;
       translate)
         Words="$Common --text --lexicon -k --all-derivations --start --partial --reverse"
-        Words="$Words --match-case --format --count --max-chain --max-constituents"
+        Words="$Words --match-case --format --count --origins --max-chain --max-constituents"
         Words="$Words --max-derivations --threads"
         ;;
     esac

@@ -7,19 +7,6 @@
 
 namespace Translate {
 
-namespace {
-
-/// The kinds of steps, in the order of their lines.
-enum StepKind : std::uint8_t {
-  AnalysisValue,
-  AnalysisLink,
-  Transfer,
-  GenerationValue,
-  GenerationLink
-};
-
-}  // namespace
-
 ProgramPath ProgramCompiler::AddPath(const NodePath& Path, Program& ProgramReturn) {
   ProgramPath New;
   New.Node = Path.Index;
@@ -41,13 +28,13 @@ void ProgramCompiler::AddLink(const Equation& Each, Program& ProgramReturn) {
   const auto Line = static_cast<std::uint32_t>(Each.Line);
   if (Each.Left.Of != Each.Right.Of) {
     ProgramReturn.vTransfers.push_back(New);
-    vLines[Transfer].push_back(Line);
+    LinesOf(StepKind::Transfer).push_back(Line);
   } else if (Each.Left.Of == Side::X) {
     ProgramReturn.vAnalysisLinks.push_back(New);
-    vLines[AnalysisLink].push_back(Line);
+    LinesOf(StepKind::AnalysisLink).push_back(Line);
   } else {
     ProgramReturn.vGenerationLinks.push_back(New);
-    vLines[GenerationLink].push_back(Line);
+    LinesOf(StepKind::GenerationLink).push_back(Line);
   }
 }
 
@@ -63,10 +50,10 @@ void ProgramCompiler::AddSet(Side Of, const ValueStep& Step, std::uint32_t Line,
                              Program& ProgramReturn) {
   if (Of == Side::X) {
     ProgramReturn.vAnalysisValues.push_back(Step);
-    vLines[AnalysisValue].push_back(Line);
+    LinesOf(StepKind::AnalysisValue).push_back(Line);
   } else {
     ProgramReturn.vGenerationValues.push_back(Step);
-    vLines[GenerationValue].push_back(Line);
+    LinesOf(StepKind::GenerationValue).push_back(Line);
   }
 }
 

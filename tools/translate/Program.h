@@ -42,6 +42,15 @@ struct ProgramNode {
   std::uint32_t Place = 0;  ///< of the source places, the how manieth, from 0
 };
 
+/// The kinds of steps, in the order of their lines.
+enum class StepKind : std::uint8_t {
+  AnalysisValue,
+  AnalysisLink,
+  Transfer,
+  GenerationValue,
+  GenerationLink
+};
+
 /// The equations of a rule, in the order in which they are unified. Rules whose equations say the
 /// same have one program in common.
 ///
@@ -89,6 +98,9 @@ class ProgramCompiler {
   void AddSet(Side Of, const ValueStep& Step, std::uint32_t Line, Program& ProgramReturn);
   void AddParts(const UsableRule& Rule, Program& ProgramReturn) const;
   std::vector<std::uint32_t> AtomsOf(const Equation& Each);
+  std::vector<std::uint32_t>& LinesOf(StepKind Kind) {
+    return vLines[static_cast<std::size_t>(Kind)];
+  }
 
   SymbolTable& Features;
   SymbolTable& AtomNames;

@@ -90,6 +90,7 @@ class RuleSet {
   std::size_t Size() const { return vRules.size(); }
   const Rule& At(std::uint32_t Index) const { return vRules[Index]; }
   const std::string& FileOf(const Rule& Each) const { return Files.Name(Each.File); }
+  const std::string& FileName(std::uint32_t File) const { return Files.Name(File); }
   const std::string& HeaderOf(const Rule& Each) const { return Headers.Name(Each.Header); }
   SourceTrie::Range<SourceSymbol> SymbolsOf(const Rule& Each) const {
     const SourceSymbol* First = vSymbols.data() + Each.FirstSymbol;

@@ -28,6 +28,10 @@ class StructureStore {
  public:
   static constexpr StructureId Open = 0;
 
+  /// A feature that no rule has: its value, all atoms, says which constraints gave the others. Only
+  /// structures that know where their values come from have it.
+  static constexpr std::uint32_t OriginFeature = 0x7FFFFFFFU;
+
   static constexpr std::uint32_t Mark = 0x80000000U;
 
   /// A target that is a local; other targets are structures.

@@ -1,4 +1,4 @@
-// Sections: names, atoms, knots, the walk.
+// Sections: names, atoms, structures.
 
 #include "StructureText.h"
 
@@ -65,6 +65,11 @@ void StructureText::AppendName(const std::string& Name) {
 
 // ---- Atoms ------------------------------------------------------------------------------------
 
+const AtomSet& StructureText::SetAt(StructureId Structure) const {
+  const AtomSetId Number = Walk.Structures().Atoms(Structure);
+  return Traced == nullptr ? Plain->Set(Number) : Traced->Set(Number);
+}
+
 void StructureText::AppendAtoms(const AtomSet& Set) {
   std::vector<const std::string*> vNames;
   for (const std::uint32_t Atom : Set.vAtoms) {
@@ -85,47 +90,9 @@ void StructureText::AppendAtoms(const AtomSet& Set) {
   Text->append(IsJson && IsList ? "]}" : "");
 }
 
-// ---- Knots ------------------------------------------------------------------------------------
+// ---- Structures -------------------------------------------------------------------------------
 
-/// Finds the locals of a knot, and how many features lead to each.
-std::size_t StructureText::AddKnot(StructureId Structure) {
-  Knot New;
-  New.Words = Store.Knot(Structure);
-  const std::uint32_t Locals = New.Words[0];
-  New.vArrivals.assign(Locals, 0);
-  New.vNumbers.assign(Locals, 0);
-  std::uint32_t At = 1;
-  for (std::uint32_t Local = 0; Local < Locals; ++Local) {
-    New.vLocals.push_back(At);
-    const std::uint32_t Head = New.Words[At++];
-    const std::uint32_t Arcs = StructureStore::IsAlias(Head) ? 0 : Head;
-    for (std::uint32_t Each = 0; Each < Arcs; ++Each, At += 2) {
-      if (StructureStore::IsLocal(New.Words[At + 1])) {
-        ++New.vArrivals[StructureStore::Unmarked(New.Words[At + 1])];
-      }
-    }
-  }
-  vKnots.push_back(std::move(New));
-  return vKnots.size() - 1;
-}
-
-/// Begins the features of a local, which are written one by one after that.
-void StructureText::OpenFeatures(std::size_t Which, std::uint32_t Local, bool IsNumbered) {
-  const std::uint32_t* Words = vKnots[Which].Words + vKnots[Which].vLocals[Local];
-  Frame New{Which, {}, 0, IsNumbered};
-  for (std::uint32_t Index = 0; Index < Words[0]; ++Index) {
-    New.vArcs.push_back({Words[1 + 2 * Index], Words[2 + 2 * Index]});
-  }
-  std::sort(New.vArcs.begin(), New.vArcs.end(), [&](const Arc& Left, const Arc& Right) {
-    return Rules.FeatureName(Left.Feature) < Rules.FeatureName(Right.Feature);
-  });
-  Text->append(IsJson ? "{" : "[");
-  vFrames.push_back(std::move(New));
-}
-
-// ---- The walk ---------------------------------------------------------------------------------
-
-void StructureText::AppendNumbered(std::uint32_t Number, bool IsFirst) {
+void StructureText::AppendNumber(std::uint32_t Number, bool IsFirst) {
   Text->append(IsJson ? "{\"#\":" : "#").append(std::to_string(Number));
   if (IsFirst) {
     Text->append(IsJson ? ",\"is\":" : ":");
@@ -134,58 +101,48 @@ void StructureText::AppendNumbered(std::uint32_t Number, bool IsFirst) {
   }
 }
 
-void StructureText::AppendStructure(StructureId Structure, bool IsNumbered) {
-  if (Store.IsComplex(Structure)) {
-    OpenFeatures(AddKnot(Structure), 0, IsNumbered);
-    return;
+/// What stands before a structure: the feature that leads to it, and its number.
+void StructureText::Begin(const StructureWalk::Event& Each) {
+  if (Each.Feature != NoEntry) {
+    Text->append(Each.IsFirst ? "" : IsJson ? "," : " ");
+    AppendName(Rules.FeatureName(Each.Feature));
+    Text->append(IsJson ? ":" : "=");
   }
-  if (Store.IsOpen(Structure)) {
-    Text->append(IsJson ? "{}" : "[]");
-  } else {
-    AppendAtoms(Atoms.Set(Store.Atoms(Structure)));
+  if (Each.Number != 0) {
+    AppendNumber(Each.Number, Each.What != StructureWalk::Kind::Again);
   }
-  Text->append(IsNumbered && IsJson ? "}" : "");
 }
 
-void StructureText::AppendLocal(std::size_t Which, std::uint32_t Local) {
-  const bool IsNumbered = vKnots[Which].vArrivals[Local] > 1;
-  if (IsNumbered) {
-    std::uint32_t& Number = vKnots[Which].vNumbers[Local];
-    const bool IsFirst = Number == 0;
-    Number = IsFirst ? ++LastNumber : Number;
-    AppendNumbered(Number, IsFirst);
-    if (!IsFirst) {
-      return;
-    }
-  }
-  const std::uint32_t Head = vKnots[Which].Words[vKnots[Which].vLocals[Local]];
-  if (StructureStore::IsAlias(Head)) {
-    AppendStructure(StructureStore::Unmarked(Head), IsNumbered);
-  } else {
-    OpenFeatures(Which, Local, IsNumbered);
-  }
+void StructureText::End(const StructureWalk::Event& Each) {
+  Text->append(Each.Number != 0 && IsJson ? "}" : "");
 }
 
 void StructureText::Append(StructureId Structure) {
-  LastNumber = 0;
-  vKnots.clear();
-  AppendStructure(Structure, false);
-  while (!vFrames.empty()) {
-    Frame& Top = vFrames.back();
-    if (Top.Next == Top.vArcs.size()) {
-      Text->append(IsJson ? "}" : "]").append(IsJson && Top.IsNumbered ? "}" : "");
-      vFrames.pop_back();
-      continue;
-    }
-    const Arc Each = Top.vArcs[Top.Next++];
-    const std::size_t Which = Top.Knot;
-    Text->append(Top.Next == 1 ? "" : IsJson ? "," : " ");
-    AppendName(Rules.FeatureName(Each.Feature));
-    Text->append(IsJson ? ":" : "=");
-    if (StructureStore::IsLocal(Each.Target)) {
-      AppendLocal(Which, StructureStore::Unmarked(Each.Target));
-    } else {
-      AppendStructure(Each.Target, false);
+  using Kind = StructureWalk::Kind;
+  StructureWalk::Event Each;
+  for (Walk.Start(Structure); Walk.Next(Each);) {
+    switch (Each.What) {
+      case Kind::Open:
+        Begin(Each);
+        Text->append(IsJson ? "{}" : "[]");
+        End(Each);
+        break;
+      case Kind::Atoms:
+        Begin(Each);
+        AppendAtoms(SetAt(Each.Structure));
+        End(Each);
+        break;
+      case Kind::Complex:
+        Begin(Each);
+        Text->append(IsJson ? "{" : "[");
+        break;
+      case Kind::End:
+        Text->append(IsJson ? "}" : "]");
+        End(Each);
+        break;
+      case Kind::Again:
+        Begin(Each);
+        break;
     }
   }
 }

@@ -3,10 +3,12 @@
 #include "AtomSets.h"
 #include "RuleSet.h"
 #include "StructureStore.h"
+#include "StructureWalk.h"
+#include "TracedAtomSets.h"
 
 #include <cstdint>
 #include <string>
-#include <vector>
+#include <string_view>
 
 namespace Translate {
 
@@ -23,51 +25,31 @@ class StructureText {
  public:
   StructureText(const RuleSet& RulesPassIn, const StructureStore& StorePassIn,
                 const AtomSets& AtomsPassIn)
-      : Rules(RulesPassIn), Store(StorePassIn), Atoms(AtomsPassIn) {}
+      : Rules(RulesPassIn), Walk(RulesPassIn, StorePassIn), Plain(&AtomsPassIn) {}
+
+  /// The same of structures that know where their values come from, which is not written.
+  StructureText(const RuleSet& RulesPassIn, const StructureStore& StorePassIn,
+                const TracedAtomSets& AtomsPassIn)
+      : Rules(RulesPassIn), Walk(RulesPassIn, StorePassIn), Traced(&AtomsPassIn) {}
 
   void AppendJson(StructureId Structure, std::string& TextReturn);
   void AppendShort(StructureId Structure, std::string& TextReturn);
 
  private:
-  /// A knot that is being written: where its locals stand, how many features lead to each, and
-  /// their numbers.
-  struct Knot {
-    const std::uint32_t* Words;
-    std::vector<std::uint32_t> vLocals;
-    std::vector<std::uint32_t> vArrivals;
-    std::vector<std::uint32_t> vNumbers;
-  };
-
-  struct Arc {
-    std::uint32_t Feature;
-    std::uint32_t Target;
-  };
-
-  /// Features that are being written.
-  struct Frame {
-    std::size_t Knot;
-    std::vector<Arc> vArcs;
-    std::size_t Next;
-    bool IsNumbered;
-  };
-
-  void Append(StructureId Structure);
-  void AppendStructure(StructureId Structure, bool IsNumbered);
-  void AppendLocal(std::size_t Which, std::uint32_t Local);
-  void AppendNumbered(std::uint32_t Number, bool IsFirst);
+  const AtomSet& SetAt(StructureId Structure) const;
   void AppendAtoms(const AtomSet& Set);
   void AppendName(const std::string& Name);
-  void OpenFeatures(std::size_t Which, std::uint32_t Local, bool IsNumbered);
-  std::size_t AddKnot(StructureId Structure);
+  void AppendNumber(std::uint32_t Number, bool IsFirst);
+  void Begin(const StructureWalk::Event& Each);
+  void End(const StructureWalk::Event& Each);
+  void Append(StructureId Structure);
 
   const RuleSet& Rules;
-  const StructureStore& Store;
-  const AtomSets& Atoms;
+  StructureWalk Walk;
+  const AtomSets* Plain = nullptr;
+  const TracedAtomSets* Traced = nullptr;
   std::string* Text = nullptr;
   bool IsJson = true;
-  std::uint32_t LastNumber = 0;
-  std::vector<Knot> vKnots;
-  std::vector<Frame> vFrames;
 };
 
 }  // namespace Translate

@@ -34,6 +34,9 @@ std::string JoinedPieces(const TextResult& Result) {
 void TranslationWriter::Append(std::string_view Text, const TextResult& Result,
                                std::string& OutReturn) {
   Out = &OutReturn;
+  if (Trace) {
+    Trace->Trim();
+  }
   switch (Options.Format) {
     case TextFormat::Plain:
       AppendPlain(Result);
@@ -105,6 +108,16 @@ void AppendSpan(std::size_t Start, std::size_t End, std::string& TextReturn) {
 
 }  // namespace
 
+void AppendPlaces(const RuleSet& Rules, const std::vector<Origin>& vOrigins,
+                  std::string& TextReturn) {
+  TextReturn += '[';
+  for (const Origin& Each : vOrigins) {
+    TextReturn.append(&Each == &vOrigins.front() ? "" : ",");
+    AppendJsonString(Rules.FileName(Each.File) + ':' + std::to_string(Each.Line), TextReturn);
+  }
+  TextReturn += ']';
+}
+
 void TranslationWriter::AppendJsonPieces(const TextResult& Result) {
   Out->append(",\"pieces\":[");
   for (const Piece& Each : Result.vPieces) {
@@ -144,13 +157,51 @@ void TranslationWriter::AppendJsonNode(const TreeNode& Node) {
   Structures.AppendJson(Node.Structures.Source, *Out);
   Out->append(",\"target\":");
   Structures.AppendJson(Node.Structures.Target, *Out);
-  Out->append(",\"children\":[");
+}
+
+/// For each path that leads to atoms the constraints that gave them: {"AGR NUM":["words.trr:30"]}.
+void TranslationWriter::AppendOrigins(StructureId Structure) {
+  StructureWalk Walk(Rules, Trace->Structures());
+  StructureWalk::Event Each;
+  *Out += '{';
+  const std::size_t Start = Out->size();
+  for (Walk.Start(Structure); Walk.Next(Each);) {
+    if (Each.What != StructureWalk::Kind::Atoms) {
+      continue;
+    }
+    std::string Path;
+    for (const std::uint32_t Feature : Walk.Path()) {
+      Path.append(Path.empty() ? "" : " ").append(Rules.FeatureName(Feature));
+    }
+    Out->append(Out->size() == Start ? "" : ",");
+    AppendJsonString(Path, *Out);
+    *Out += ':';
+    AppendPlaces(Rules, Trace->Origins(Each.Structure), *Out);
+  }
+  *Out += '}';
 }
 
 void TranslationWriter::AppendJsonTree(Derivations::TreeId Tree, std::size_t Start) {
+  const std::vector<TreeNode> vNodes = Engine.NodesOf(Tree, Start);
+  std::vector<StructurePair> vTraced;
+  if (Trace) {
+    vTraced =
+        StructuresOf(vNodes, [&](std::uint32_t Rule, const std::vector<StructurePair>& vParts) {
+          return Trace->Apply(Rules.At(Rule), vParts);
+        });
+  }
   std::vector<std::uint32_t> vLeft;  // the children that are still to come, of each open node
-  for (const TreeNode& Node : Engine.NodesOf(Tree, Start)) {
+  for (const TreeNode& Node : vNodes) {
     AppendJsonNode(Node);
+    if (Trace) {
+      const StructurePair& Traced = vTraced[static_cast<std::size_t>(&Node - vNodes.data())];
+      Out->append(",\"origins\":{\"source\":");
+      AppendOrigins(Traced.Source);
+      Out->append(",\"target\":");
+      AppendOrigins(Traced.Target);
+      *Out += '}';
+    }
+    Out->append(",\"children\":[");
     vLeft.push_back(Node.Parts);
     while (!vLeft.empty() && vLeft.back() == 0) {
       Out->append("]}");

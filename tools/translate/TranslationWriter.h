@@ -1,9 +1,11 @@
 #pragma once
 
 #include "StructureText.h"
+#include "Tracer.h"
 #include "Translator.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,9 +16,10 @@ enum class TextFormat : std::uint8_t { Plain, Json, Tree };
 
 struct WriterOptions {
   TextFormat Format = TextFormat::Plain;
-  bool IsList = false;    ///< of the plain form: scores, and an empty line behind each text
-  bool HasCount = false;  ///< of JSON: how many derivations there are
-  bool Colours = false;   ///< of trees
+  bool IsList = false;      ///< of the plain form: scores, and an empty line behind each text
+  bool HasCount = false;    ///< of JSON: how many derivations there are
+  bool HasOrigins = false;  ///< of JSON: which constraints gave the values
+  bool Colours = false;     ///< of trees
 };
 
 /// Writes what has become of texts. One for each translator.
@@ -30,7 +33,11 @@ class TranslationWriter {
       : Rules(RulesPassIn),
         Engine(EnginePassIn),
         Options(OptionsPassIn),
-        Structures(RulesPassIn, EnginePassIn.Structures(), EnginePassIn.Atoms()) {}
+        Structures(RulesPassIn, EnginePassIn.Structures(), EnginePassIn.Atoms()) {
+    if (Options.HasOrigins) {
+      Trace.emplace(RulesPassIn);
+    }
+  }
 
   /// Appends the result of the text that was translated last.
   void Append(std::string_view Text, const TextResult& Result, std::string& OutReturn);
@@ -41,6 +48,7 @@ class TranslationWriter {
   void AppendJsonPieces(const TextResult& Result);
   void AppendJsonTree(Derivations::TreeId Tree, std::size_t Start);
   void AppendJsonNode(const TreeNode& Node);
+  void AppendOrigins(StructureId Structure);
   void AppendDrawing(std::string_view Text, const TextResult& Result);
   void DrawTree(Derivations::TreeId Tree, std::size_t Start);
   void DrawNode(const TreeNode& Node, const std::string& Branch);
@@ -50,6 +58,7 @@ class TranslationWriter {
   Translator& Engine;
   WriterOptions Options;
   StructureText Structures;
+  std::optional<Tracer> Trace;
   std::string* Out = nullptr;
 };
 

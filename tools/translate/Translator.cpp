@@ -173,15 +173,12 @@ void Translator::AddNode(Derivations::TreeId Tree, std::vector<TreeNode>& vNodes
 
 /// Carries out the equations again, each rule after its parts.
 void Translator::SetStructures(std::vector<TreeNode>& vNodesReturn) {
-  std::vector<StructurePair> vDone;  // of what follows, the next one last
-  std::vector<StructurePair> vParts;
-  for (std::size_t Index = vNodesReturn.size(); Index-- > 0;) {
-    TreeNode& Each = vNodesReturn[Index];
-    vParts.assign(vDone.rbegin(), vDone.rbegin() + Each.Parts);
-    vDone.resize(vDone.size() - Each.Parts);
-    Each.Structures =
-        Equations.EvaluateParts(Rules.At(Each.Rule), vParts).value_or(StructurePair());
-    vDone.push_back(Each.Structures);
+  const std::vector<StructurePair> vStructures =
+      StructuresOf(vNodesReturn, [&](std::uint32_t Rule, const std::vector<StructurePair>& vParts) {
+        return Equations.EvaluateParts(Rules.At(Rule), vParts).value_or(StructurePair());
+      });
+  for (std::size_t Index = 0; Index < vNodesReturn.size(); ++Index) {
+    vNodesReturn[Index].Structures = vStructures[Index];
   }
 }
 

@@ -59,6 +59,23 @@ struct TreeNode {
   std::uint32_t Parts;  ///< how many; they follow, each with all that is below it
 };
 
+/// Works out the structures of all constituents of a derivation, parts before what is made of them.
+/// @param vNodes root first and parts in order
+/// @param Apply makes a pair of structures of a rule and the pairs of its parts
+template <typename ApplyT>
+std::vector<StructurePair> StructuresOf(const std::vector<TreeNode>& vNodes, ApplyT Apply) {
+  std::vector<StructurePair> vResults(vNodes.size());
+  std::vector<StructurePair> vDone;  // of what follows, the next one last
+  std::vector<StructurePair> vParts;
+  for (std::size_t Index = vNodes.size(); Index-- > 0;) {
+    vParts.assign(vDone.rbegin(), vDone.rbegin() + vNodes[Index].Parts);
+    vDone.resize(vDone.size() - vNodes[Index].Parts);
+    vResults[Index] = Apply(vNodes[Index].Rule, vParts);
+    vDone.push_back(vResults[Index]);
+  }
+  return vResults;
+}
+
 /// Translates texts, one after the other. One for each thread; all can use the same rules.
 ///
 ///   Translator Engine(Rules);

@@ -1,26 +1,61 @@
-// Sections: nodes, copying on demand, paths, unification, cycles, freezing.
+// Sections: trails, nodes, copying on demand, paths, unification, cycles, freezing.
 
 #include "Unifier.h"
 
+#include "TracedAtomSets.h"
+
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace Translate {
 
+// ---- Trails -----------------------------------------------------------------------------------
+
+void ClashTrail::Start() {
+  vPlaces.clear();
+  vEntered.assign(1, NoEntry);
+  vClashes.clear();
+}
+
+void ClashTrail::Take() {
+  Present = vEntered.back();
+  vEntered.pop_back();
+}
+
+void ClashTrail::Enter(std::uint32_t Feature) {
+  vEntered.push_back(static_cast<std::uint32_t>(vPlaces.size()));
+  vPlaces.push_back({Present, Feature});
+}
+
+bool ClashTrail::NoteClash(std::uint32_t Left, std::uint32_t Right) {
+  Clash New{{}, Left, Right};
+  for (std::uint32_t Each = Present; Each != NoEntry; Each = vPlaces[Each].Before) {
+    New.vFeatures.push_back(vPlaces[Each].Feature);
+  }
+  std::reverse(New.vFeatures.begin(), New.vFeatures.end());
+  vClashes.push_back(std::move(New));
+  return true;
+}
+
 // ---- Nodes ------------------------------------------------------------------------------------
 
-void Unifier::Clear() {
+template <typename AtomsT>
+void BasicUnifier<AtomsT>::Clear() {
   vNodes.clear();
   vArcs.clear();
   ExpandedShared = false;
 }
 
-Unifier::NodeId Unifier::Push(Kind What, std::uint32_t Value) {
+template <typename AtomsT>
+typename BasicUnifier<AtomsT>::NodeId BasicUnifier<AtomsT>::Push(Kind What, std::uint32_t Value) {
   const auto New = static_cast<NodeId>(vNodes.size());
   vNodes.push_back({New, Value, What, 0, 0, 0, None, 0, 0, true});
   return New;
 }
 
-Unifier::NodeId Unifier::Add(StructureId Structure) {
+template <typename AtomsT>
+typename BasicUnifier<AtomsT>::NodeId BasicUnifier<AtomsT>::Add(StructureId Structure) {
   if (Store.IsOpen(Structure)) {
     return Push(Kind::Open, 0);
   }
@@ -29,7 +64,8 @@ Unifier::NodeId Unifier::Add(StructureId Structure) {
 }
 
 /// What a node has become one with, with the way there made shorter.
-Unifier::NodeId Unifier::Find(NodeId Node) {
+template <typename AtomsT>
+typename BasicUnifier<AtomsT>::NodeId BasicUnifier<AtomsT>::Find(NodeId Node) {
   while (vNodes[Node].Forward != Node) {
     const NodeId Next = vNodes[Node].Forward;
     vNodes[Node].Forward = vNodes[Next].Forward;
@@ -42,7 +78,8 @@ Unifier::NodeId Unifier::Find(NodeId Node) {
 
 /// Makes nodes of the features of a frozen structure. Those below stay frozen, unless something is
 /// shared between them.
-void Unifier::Expand(NodeId Node) {
+template <typename AtomsT>
+void BasicUnifier<AtomsT>::Expand(NodeId Node) {
   const StructureId Structure = vNodes[Node].Value;
   const std::uint32_t* Word = Store.Knot(Structure);
   const std::uint32_t Locals = *Word++;
@@ -77,7 +114,9 @@ void Unifier::Expand(NodeId Node) {
 
 // ---- Paths ------------------------------------------------------------------------------------
 
-Unifier::NodeId Unifier::TargetOf(NodeId Node, std::uint32_t Feature) {
+template <typename AtomsT>
+typename BasicUnifier<AtomsT>::NodeId BasicUnifier<AtomsT>::TargetOf(NodeId Node,
+                                                                     std::uint32_t Feature) {
   std::uint32_t Each = vNodes[Node].Value;
   while (Each != NoEntry && vArcs[Each].Feature < Feature) {
     Each = vArcs[Each].Next;
@@ -86,7 +125,9 @@ Unifier::NodeId Unifier::TargetOf(NodeId Node, std::uint32_t Feature) {
 }
 
 /// Adds a feature, with an open structure, to a node that does not have it.
-Unifier::NodeId Unifier::AddArc(NodeId Node, std::uint32_t Feature) {
+template <typename AtomsT>
+typename BasicUnifier<AtomsT>::NodeId BasicUnifier<AtomsT>::AddArc(NodeId Node,
+                                                                   std::uint32_t Feature) {
   const NodeId Target = Push(Kind::Open, 0);
   const auto New = static_cast<std::uint32_t>(vArcs.size());
   std::uint32_t Before = NoEntry;
@@ -100,7 +141,10 @@ Unifier::NodeId Unifier::AddArc(NodeId Node, std::uint32_t Feature) {
   return Target;
 }
 
-Unifier::NodeId Unifier::Make(NodeId From, const std::uint32_t* Features, std::size_t Count) {
+template <typename AtomsT>
+typename BasicUnifier<AtomsT>::NodeId BasicUnifier<AtomsT>::Make(NodeId From,
+                                                                 const std::uint32_t* Features,
+                                                                 std::size_t Count) {
   NodeId At = Find(From);
   for (std::size_t Index = 0; Index < Count; ++Index) {
     if (vNodes[At].What == Kind::Atomic) {
@@ -118,7 +162,10 @@ Unifier::NodeId Unifier::Make(NodeId From, const std::uint32_t* Features, std::s
   return At;
 }
 
-Unifier::NodeId Unifier::Look(NodeId From, const std::uint32_t* Features, std::size_t Count) {
+template <typename AtomsT>
+typename BasicUnifier<AtomsT>::NodeId BasicUnifier<AtomsT>::Look(NodeId From,
+                                                                 const std::uint32_t* Features,
+                                                                 std::size_t Count) {
   NodeId At = Find(From);
   for (std::size_t Index = 0; Index < Count; ++Index) {
     if (vNodes[At].What == Kind::Frozen) {
@@ -136,19 +183,27 @@ Unifier::NodeId Unifier::Look(NodeId From, const std::uint32_t* Features, std::s
 
 // ---- Unification ------------------------------------------------------------------------------
 
-bool Unifier::Unify(NodeId Left, NodeId Right) {
+template <typename AtomsT>
+bool BasicUnifier<AtomsT>::Unify(NodeId Left, NodeId Right) {
   vPending.assign(1, {Left, Right});
+  Trail.Start();
+  bool AreOne = true;
   while (!vPending.empty()) {
     const auto [One, Other] = vPending.back();
     vPending.pop_back();
+    Trail.Take();
     if (!Merge(Find(One), Find(Other))) {
-      return false;
+      AreOne = false;
+      if (!Trail.NoteClash(Find(One), Find(Other))) {
+        break;
+      }
     }
   }
-  return true;
+  return AreOne;
 }
 
-bool Unifier::Merge(NodeId Left, NodeId Right) {
+template <typename AtomsT>
+bool BasicUnifier<AtomsT>::Merge(NodeId Left, NodeId Right) {
   if (Left == Right) {
     return true;
   }
@@ -172,7 +227,8 @@ bool Unifier::Merge(NodeId Left, NodeId Right) {
   return true;
 }
 
-bool Unifier::MergeAtoms(NodeId Left, NodeId Right) {
+template <typename AtomsT>
+bool BasicUnifier<AtomsT>::MergeAtoms(NodeId Left, NodeId Right) {
   if (vNodes[Left].What != vNodes[Right].What) {
     return false;
   }
@@ -185,7 +241,8 @@ bool Unifier::MergeAtoms(NodeId Left, NodeId Right) {
 }
 
 /// Gives the left node the features of both; what both have is to be unified.
-void Unifier::MergeArcs(NodeId Left, NodeId Right) {
+template <typename AtomsT>
+void BasicUnifier<AtomsT>::MergeArcs(NodeId Left, NodeId Right) {
   for (const NodeId Each : {Left, Right}) {
     if (vNodes[Each].What == Kind::Frozen) {
       Expand(Each);
@@ -202,6 +259,7 @@ void Unifier::MergeArcs(NodeId Left, NodeId Right) {
     const bool IsFirst = vArcs[One].Feature <= vArcs[Other].Feature;
     if (vArcs[One].Feature == vArcs[Other].Feature) {
       vPending.emplace_back(vArcs[One].Target, vArcs[Other].Target);
+      Trail.Enter(vArcs[One].Feature);
       Other = vArcs[Other].Next;
     }
     std::uint32_t& Taken = IsFirst ? One : Other;
@@ -214,7 +272,8 @@ void Unifier::MergeArcs(NodeId Left, NodeId Right) {
 // ---- Cycles -----------------------------------------------------------------------------------
 
 /// Walks from each node that has not been reached, and looks for an arc back to where it came from.
-bool Unifier::HasCycle() {
+template <typename AtomsT>
+bool BasicUnifier<AtomsT>::HasCycle() {
   for (NodeState& Each : vNodes) {
     Each.Number = 0;
   }
@@ -250,7 +309,8 @@ bool Unifier::HasCycle() {
 
 // ---- Freezing ---------------------------------------------------------------------------------
 
-StructureId Unifier::Freeze(NodeId Node) {
+template <typename AtomsT>
+StructureId BasicUnifier<AtomsT>::Freeze(NodeId Node) {
   Node = Find(Node);
   if (vNodes[Node].What != Kind::Complex) {
     return Resolve(Node);
@@ -265,7 +325,8 @@ StructureId Unifier::Freeze(NodeId Node) {
   return vNodes[Node].Result;
 }
 
-void Unifier::Enter(NodeId Node, NodeId Parent) {
+template <typename AtomsT>
+void BasicUnifier<AtomsT>::Enter(NodeId Node, NodeId Parent) {
   NodeState& Each = vNodes[Node];
   Each.Number = ++LastNumber;
   Each.Last = LastNumber;
@@ -277,7 +338,8 @@ void Unifier::Enter(NodeId Node, NodeId Parent) {
 }
 
 /// Goes depth first through all that can be reached.
-void Unifier::Walk(NodeId Root) {
+template <typename AtomsT>
+void BasicUnifier<AtomsT>::Walk(NodeId Root) {
   for (NodeState& Each : vNodes) {
     Each.Number = 0;
   }
@@ -306,20 +368,23 @@ void Unifier::Walk(NodeId Root) {
   }
 }
 
-bool Unifier::IsBelow(const NodeState& Upper, const NodeState& Lower) const {
+template <typename AtomsT>
+bool BasicUnifier<AtomsT>::IsBelow(const NodeState& Upper, const NodeState& Lower) const {
   return Upper.Number <= Lower.Number && Lower.Number <= Upper.Last;
 }
 
 /// An arc from one branch of the walk into another opens all nodes that both ends hang on, up to
 /// where the branches part.
-void Unifier::NoteShared() {
+template <typename AtomsT>
+void BasicUnifier<AtomsT>::NoteShared() {
   for (const auto& [From, To] : vCrossings) {
     MarkUpTo(From, To);
     MarkUpTo(vNodes[To].Parent, From);
   }
 }
 
-void Unifier::MarkUpTo(NodeId Node, NodeId Other) {
+template <typename AtomsT>
+void BasicUnifier<AtomsT>::MarkUpTo(NodeId Node, NodeId Other) {
   while (!IsBelow(vNodes[Node], vNodes[Other])) {
     vNodes[Node].IsClosed = false;
     Node = vNodes[Node].Parent;
@@ -327,7 +392,8 @@ void Unifier::MarkUpTo(NodeId Node, NodeId Other) {
 }
 
 /// The number of a node that shares nothing below it with the outside.
-StructureId Unifier::Resolve(NodeId Node) {
+template <typename AtomsT>
+StructureId BasicUnifier<AtomsT>::Resolve(NodeId Node) {
   const NodeState& Each = vNodes[Node];
   switch (Each.What) {
     case Kind::Open:
@@ -343,12 +409,14 @@ StructureId Unifier::Resolve(NodeId Node) {
 }
 
 /// Whether a node below a knot is no part of it.
-bool Unifier::IsOwn(const NodeState& Each) const {
+template <typename AtomsT>
+bool BasicUnifier<AtomsT>::IsOwn(const NodeState& Each) const {
   return Each.IsClosed && Each.Arrivals == 1;
 }
 
 /// Collects the locals of a knot in the order of a walk.
-void Unifier::NumberLocals(NodeId Root) {
+template <typename AtomsT>
+void BasicUnifier<AtomsT>::NumberLocals(NodeId Root) {
   vLocals.clear();
   vSteps.clear();
   for (NodeId Next = Root;;) {
@@ -376,7 +444,8 @@ void Unifier::NumberLocals(NodeId Root) {
   }
 }
 
-std::uint32_t Unifier::ArcCount(NodeId Node) const {
+template <typename AtomsT>
+std::uint32_t BasicUnifier<AtomsT>::ArcCount(NodeId Node) const {
   std::uint32_t Count = 0;
   for (std::uint32_t Each = vNodes[Node].Value; Each != NoEntry; Each = vArcs[Each].Next) {
     ++Count;
@@ -385,7 +454,8 @@ std::uint32_t Unifier::ArcCount(NodeId Node) const {
 }
 
 // knot = count { local }
-StructureId Unifier::KnotOf(NodeId Root) {
+template <typename AtomsT>
+StructureId BasicUnifier<AtomsT>::KnotOf(NodeId Root) {
   NumberLocals(Root);
   vKnot.assign(1, static_cast<std::uint32_t>(vLocals.size()));
   for (const NodeId Local : vLocals) {
@@ -403,5 +473,8 @@ StructureId Unifier::KnotOf(NodeId Root) {
   }
   return Store.Complex(vKnot);
 }
+
+template class BasicUnifier<AtomSets>;
+template class BasicUnifier<TracedAtomSets>;
 
 }  // namespace Translate

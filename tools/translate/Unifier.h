@@ -10,6 +10,59 @@
 
 namespace Translate {
 
+class TracedAtomSets;
+
+/// What unifications need to keep in mind of where they are: nothing, and it costs nothing.
+class NoTrail {
+ public:
+  void Start() {}
+  void Take() {}
+  void Enter(std::uint32_t) {}
+  bool NoteClash(std::uint32_t, std::uint32_t) { return false; }
+};
+
+/// Knows by which features a unification has come to the nodes that clash, and lets it go on to the
+/// other ones.
+class ClashTrail {
+ public:
+  /// Two nodes that cannot be one, and the features that lead there from where both began.
+  struct Clash {
+    std::vector<std::uint32_t> vFeatures;
+    std::uint32_t Left;
+    std::uint32_t Right;
+  };
+
+  void Start();
+  /// The pair of nodes that was entered last, and not taken yet, is worked on.
+  void Take();
+  /// A pair of nodes is to be worked on: those behind a feature of the present one.
+  void Enter(std::uint32_t Feature);
+  bool NoteClash(std::uint32_t Left, std::uint32_t Right);
+
+  const std::vector<Clash>& Clashes() const { return vClashes; }
+
+ private:
+  struct Place {
+    std::uint32_t Before;
+    std::uint32_t Feature;
+  };
+
+  std::vector<Place> vPlaces;
+  std::vector<std::uint32_t> vEntered;
+  std::uint32_t Present = NoEntry;
+  std::vector<Clash> vClashes;
+};
+
+/// What a kind of atom sets goes with.
+template <typename AtomsT>
+struct TrailOf {
+  using Type = NoTrail;
+};
+template <>
+struct TrailOf<TracedAtomSets> {
+  using Type = ClashTrail;
+};
+
 /// The structures of one rule while its equations are unified.
 ///
 /// A node stands for a structure. What comes from a `StructureStore` stays there until a path or a
@@ -21,12 +74,16 @@ namespace Translate {
 ///   const auto Num = Nodes.Make(X1, {Num});        // nothing where X1 is atomic
 ///   Nodes.Unify(Num, Nodes.Add(Singular));         // false where they clash
 ///   Nodes.Freeze(X1);                              // the number of what X1 is now
-class Unifier {
+///
+/// With `TracedAtomSets`, atoms know what gave them, and clashes where they are. Nothing else is
+/// different, and with `AtomSets` nothing is paid for it.
+template <typename AtomsT>
+class BasicUnifier {
  public:
   using NodeId = std::uint32_t;
   static constexpr NodeId None = NoEntry;
 
-  Unifier(StructureStore& StorePassIn, AtomSets& AtomsPassIn)
+  BasicUnifier(StructureStore& StorePassIn, AtomsT& AtomsPassIn)
       : Store(StorePassIn), Atoms(AtomsPassIn) {}
 
   /// Forgets all nodes.
@@ -45,7 +102,11 @@ class Unifier {
   /// Makes two structures one. @return false where they clash
   bool Unify(NodeId Left, NodeId Right);
 
+  /// Where the last unification clashed, if it is one that can tell.
+  const typename TrailOf<AtomsT>::Type& LastTrail() const { return Trail; }
+
   bool IsOpen(NodeId Node) { return vNodes[Find(Node)].What == Kind::Open; }
+  bool IsAtomic(NodeId Node) { return vNodes[Find(Node)].What == Kind::Atomic; }
 
   /// Whether features have become nodes of a structure in which something is shared. Where that is
   /// not so, and no two nodes of one structure were unified, no structure contains itself.
@@ -107,7 +168,8 @@ class Unifier {
   };
 
   StructureStore& Store;
-  AtomSets& Atoms;
+  AtomsT& Atoms;
+  typename TrailOf<AtomsT>::Type Trail;
   std::vector<NodeState> vNodes;
   std::vector<Arc> vArcs;
   std::vector<std::pair<NodeId, NodeId>> vPending;
@@ -122,5 +184,8 @@ class Unifier {
   std::uint32_t LastNumber = 0;
   bool ExpandedShared = false;
 };
+
+using Unifier = BasicUnifier<AtomSets>;
+using TracedUnifier = BasicUnifier<TracedAtomSets>;
 
 }  // namespace Translate
