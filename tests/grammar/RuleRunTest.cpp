@@ -323,29 +323,6 @@ TEST(RuleRun, WritesNoFileWhereAnInputIsMissing) {
   EXPECT_EQ(Folder.Names(), (std::set<std::string>{"a.trr", "b.trr"}));
 }
 
-TEST(RuleRun, LeavesOutWhatTheLibraryCannotWrite) {
-  const TestFolder Folder;
-  const std::string Unread = "\n{NP,1}\nNP::NP : [N] -> [N]\n(X1::Y1) ;; {b::c}\n";
-  const std::string Cycle = "{NP,2}\nNP::NP : [A B] -> [N]\n(X1::Y1)\n(x1 = x2)\n;; (x2 = x1)\n";
-  Folder.Write("a.trr", "{NP,3}\nNP::NP : [\"n\"] -> [N] [\n(X1::Y1)\n" + Unread + Cycle);
-  const std::string Reason =
-      "error TR014: the library's reader looks into comments, too, and cannot ";
-  EXPECT_EQ(RunTrrule({"print", "--as-library", "a.trr"}, Folder.Path("")),
-            (ChildEnd{1, "{NP,3}\nNP::NP [\"N\"] -> [N]\n(\n;--;(X1::Y1)\n)\n",
-                      "a.trr:2:24: error TR035: this text is no part of a rule\n"
-                      "a.trr:6:1: " +
-                          Reason +
-                          "read this rule\n"
-                          "a.trr:9:1: " +
-                          Reason +
-                          "put what it finds in order\n"
-                          "2 of 3 rules were left out\n"}));
-  EXPECT_EQ(
-      RunTrrule({"print", "--as-library", "--one-line", "--keep-bad", "a.trr"}, Folder.Path(""))
-          .Out,
-      "{NP,3}\\tx");
-}
-
 // ---- Threads ----------------------------------------------------------------------------------
 
 /// Many rules with bad ones, stray text and texts that are no rules among them.

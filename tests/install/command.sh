@@ -11,7 +11,7 @@ expect_tree "$Folder/prefix" '' "tree-$Kind.txt" tree-command.txt
 
 # docs/embedding.md has a row for each place, and nothing else stands anywhere.
 # shellcheck disable=SC2016  # the page's own marks
-sed -n '/^## What is installed/,/^## /s/^| `\([^`]*\)`.*/\1/p' "$SOURCE/docs/embedding.md" \
+sed -n '/^## Installed files/,/^## /s/^| `\([^`]*\)`.*/\1/p' "$SOURCE/docs/embedding.md" \
   >"$Folder/places.txt"
 while read -r Place; do
   # shellcheck disable=SC2086  # a pattern

@@ -105,7 +105,7 @@ std::string ClashesOf(const std::string& Grammar) {
   Trace.Apply(Rules.At(0), vParts);
   Translate::StructureText Structures(Rules, Trace.Structures(), Trace.Atoms());
   std::string Text;
-  const auto AppendPath = [&](const Translate::NodePath& Path) {
+  const auto AppendPath = [&](const Translate::RulePath& Path) {
     Text.append(Path.Of == Translate::Side::X ? " x" : " y").append(std::to_string(Path.Node));
     for (const std::uint32_t Feature : Path.vFeatures) {
       Text.append(1, ' ').append(Rules.FeatureName(Feature));
@@ -222,7 +222,7 @@ TEST(Origins, ChangeNoStructure) {
   std::size_t Compared = 0;
   for (unsigned Seed = 0; Seed < 100 && !testing::Test::HasFailure(); ++Seed) {
     RandomGrammar Random(Seed);
-    TestEngine Grammar(Random.Grammar());
+    TestEngine Grammar(TextOf(Random.Rules()));
     for (int Round = 0; Round < 4; ++Round) {
       const std::string Text = Random.Text("abc");
       if (Grammar.Engine.Translate(Text, TestEngine::AllDerivations()).vTranslations.size() < 100) {

@@ -5,7 +5,7 @@
 #include "ProgramRun.h"
 #include "RuleReader.h"
 #include "RuleSet.h"
-#include "RuleSource.h"
+#include "RuleUse.h"
 #include "Translator.h"
 
 #include <gtest/gtest.h>
@@ -71,7 +71,8 @@ class SpanishGrammar {
     return vsTexts;
   }
 
-  std::vector<Translate::SourceRule> vRules;
+  std::deque<Grammar::RuleText> vTexts;  // the rules point into them
+  std::vector<Grammar::UsableRule> vRules;
   std::vector<Grammar::Finding> vFindings;
 
  private:
@@ -80,25 +81,27 @@ class SpanishGrammar {
     Grammar::RuleReader Reader(File, Name);
     for (Grammar::RuleText Text; Reader.Next(Text);) {
       if (Text.HasRule) {
-        Texts.push_back(Text);
+        vTexts.push_back(Text);
         vRules.emplace_back();
-        EXPECT_TRUE(ReadSourceRule(Texts.back(), false, vRules.back(), vFindings));
+        EXPECT_TRUE(ReadUsableRule(vTexts.back(), false, Lines, vRules.back(), vFindings));
         Rules.Add(vRules.back(), static_cast<std::uint32_t>(vRules.size()));
       }
     }
   }
 
-  std::deque<Grammar::RuleText> Texts;  // the rules point into them
+  Grammar::SourceRule Lines;
   Translate::RuleSet Rules{Translate::RuleSetOptions{}};
   std::optional<Translate::Translator> Engine;  // of the finished rules
 };
 
-/// The comments of a kind at a rule.
-Strings ExamplesOf(const Translate::SourceRule& Rule, Translate::SourceExample::Kind Kind) {
+/// The texts of the comments at a rule that begin in this way, such as ";; SL:".
+Strings ExamplesOf(const Grammar::RuleText& Text, const std::string& Label) {
   Strings vsTexts;
-  for (const Translate::SourceExample& Each : Rule.vExamples) {
-    if (Each.What == Kind) {
-      vsTexts.emplace_back(Each.Text);
+  for (std::size_t Line = 0; Line < Text.vLines.size(); ++Line) {
+    const std::string sComment(Text.Line(Line));
+    if (sComment.rfind(Label, 0) == 0) {
+      const std::size_t Begin = sComment.find_first_not_of(' ', Label.size());
+      vsTexts.push_back(Begin == std::string::npos ? "" : sComment.substr(Begin));
     }
   }
   return vsTexts;
@@ -118,13 +121,13 @@ TEST(SpanishGrammar, TranslatesItsSentences) {
 }
 
 TEST(SpanishGrammar, KeepsItsExamples) {
-  using Kind = Translate::SourceExample::Kind;
   SpanishGrammar Spanish;
   for (std::size_t Index = 0; Index < Spanish.vRules.size(); ++Index) {
-    const Translate::SourceRule& Rule = Spanish.vRules[Index];
+    const Grammar::UsableRule& Rule = Spanish.vRules[Index];
     SCOPED_TRACE(std::string(Rule.File) + ':' + std::to_string(Rule.Line));
-    const Strings vsSources = ExamplesOf(Rule, Kind::Source);
-    const Strings vsTargets = ExamplesOf(Rule, Kind::Target);
+    const Grammar::RuleText& Text = Spanish.vTexts[Index];
+    const Strings vsSources = ExamplesOf(Text, ";; SL:");
+    const Strings vsTargets = ExamplesOf(Text, ";; TL:");
     ASSERT_EQ(vsSources.size(), vsTargets.size());
     EXPECT_EQ(vsSources.empty(), Rule.File == "lexicon.trr");
     for (std::size_t Pair = 0; Pair < vsSources.size(); ++Pair) {
@@ -132,7 +135,7 @@ TEST(SpanishGrammar, KeepsItsExamples) {
       EXPECT_NE(std::count(vsTexts.begin(), vsTexts.end(), vsTargets[Pair]), 0)
           << vsSources[Pair] << " gives " << testing::PrintToString(vsTexts);
     }
-    for (const std::string& sRefused : ExamplesOf(Rule, Kind::Refused)) {
+    for (const std::string& sRefused : ExamplesOf(Text, ";; *SL:")) {
       EXPECT_EQ(Spanish.TextsWithRoot(Index, sRefused), Strings()) << sRefused;
     }
   }

@@ -68,8 +68,10 @@ TEST(TranslateChoices, TakesNoListWithoutWordsAndNoEquationWithoutValue) {
        "expected a value or a node"},
   };
   for (const auto& [sEquation, sMessage] : Cases) {
-    EXPECT_EQ(RunOn(CarRule("(X1::Y1)\n" + sEquation), {"--text", "car"}),
-              (ChildEnd{1, "\n", "a.trr:3:" + sMessage + '\n' + NoTranslation}));
+    EXPECT_EQ(
+        RunOn(CarRule("(X1::Y1)\n" + sEquation), {"--text", "car"}),
+        (ChildEnd{1, "\n",
+                  "a.trr:3:" + sMessage + '\n' + NoTranslation + "1 of 1 rule was left out\n"}));
   }
 }
 

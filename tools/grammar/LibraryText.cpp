@@ -162,7 +162,7 @@ void LibraryRule::AddConstraint(ConstraintFields Fields) {
   };
   auto Taken = Constraints.extract(Entry);
   std::vector<TrRuleInternal::Merging> vMergings;
-  TrRuleInternal::TakeOutAndMerge(Constraints, ValueOf, Key.ValueBegin, Taken.key(), vMergings);
+  TrRuleInternal::ExtractAndMerge(Constraints, ValueOf, Key.ValueBegin, Taken.key(), vMergings);
   Taken.mapped().FeatValue = Taken.key().substr(Key.ValueBegin);
   Constraints.insert(std::move(Taken));
 }

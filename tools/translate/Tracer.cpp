@@ -209,13 +209,13 @@ void Tracer::Unify(const PlacedNode& There, const PlacedNode& Came, EquationClas
 
 // ---- Paths ------------------------------------------------------------------------------------
 
-NodePath Tracer::PathOf(const ProgramPath& Path, Side Of) const {
+RulePath Tracer::PathOf(const ProgramPath& Path, Side Of) const {
   const auto First = Steps->vFeatures.begin() + Path.FirstFeature;
   return {Of, Path.Node, {First, First + Path.FeatureCount}};
 }
 
 /// The structure at the end of a path as it is now; open where it is not there.
-StructureId Tracer::Look(const NodePath& Path) {
+StructureId Tracer::Look(const RulePath& Path) {
   SideState& In = StateOf(Path.Of);
   const NodeId Node =
       In.Nodes.Look(In.vRoots[Path.Node], Path.vFeatures.data(), Path.vFeatures.size());
@@ -230,7 +230,7 @@ Tracer::NodeId Tracer::Make(const ProgramPath& Path, Side Of, EquationClash& Cla
   for (std::uint32_t Depth = 0; Depth < Path.FeatureCount; ++Depth) {
     const std::uint32_t* Feature = Steps->vFeatures.data() + Path.FirstFeature + Depth;
     if (Nodes.IsAtomic(At)) {
-      NodePath Start = PathOf(Path, Of);
+      RulePath Start = PathOf(Path, Of);
       Start.vFeatures.resize(Depth);
       const NodeId Came = Nodes.Add(StructureStore::Open);
       AddFeature(Nodes, Came, Feature);
@@ -267,8 +267,8 @@ void Tracer::FillCycle(const Equation& Each) {
                                                              : Steps->vGenerationLinks[Each.Index];
   const Side Of = Each.Kind == StepKind::AnalysisLink ? Side::X : Side::Y;
   const bool IsTransfer = Each.Kind == StepKind::Transfer;
-  NodePath There = PathOf(IsTransfer ? Step.Right : Step.Left, Of);
-  NodePath Came = PathOf(IsTransfer ? Step.Left : Step.Right, IsTransfer ? Side::X : Of);
+  RulePath There = PathOf(IsTransfer ? Step.Right : Step.Left, Of);
+  RulePath Came = PathOf(IsTransfer ? Step.Left : Step.Right, IsTransfer ? Side::X : Of);
   const StructureId ThereValue = Look(There);
   const StructureId CameValue = Look(Came);
   Clash.vConflicts.push_back({std::move(There), ThereValue, std::move(Came), CameValue});

@@ -15,7 +15,7 @@
 namespace Translate {
 
 /// A path of a rule: a node and features.
-struct NodePath {
+struct RulePath {
   Side Of = Side::X;
   std::uint32_t Node = 0;
   std::vector<std::uint32_t> vFeatures;
@@ -23,9 +23,9 @@ struct NodePath {
 
 /// Two values that cannot be one. Both know where they come from.
 struct Conflict {
-  NodePath ThereAt;
+  RulePath ThereAt;
   StructureId There = StructureStore::Open;  ///< the value that was there
-  std::optional<NodePath> CameAt;            ///< nothing for a value that the equation states
+  std::optional<RulePath> CameAt;            ///< nothing for a value that the equation states
   StructureId Came = StructureStore::Open;   ///< the value that came
 };
 
@@ -94,7 +94,7 @@ class Tracer {
   /// A node, and the path that leads to it; none leads to a value that an equation states.
   struct PlacedNode {
     NodeId Node;
-    std::optional<NodePath> Path;
+    std::optional<RulePath> Path;
   };
 
   void SetEquations(const RuleSet::Rule& Rule);
@@ -109,9 +109,9 @@ class Tracer {
   void Unify(const PlacedNode& There, const PlacedNode& Came, EquationClash& ClashReturn);
   NodeId Make(const ProgramPath& Path, Side Of, EquationClash& ClashReturn);
   NodeId AddFeature(TracedUnifier& Nodes, NodeId Node, const std::uint32_t* Feature);
-  StructureId Look(const NodePath& Path);
+  StructureId Look(const RulePath& Path);
   void FillCycle(const Equation& Each);
-  NodePath PathOf(const ProgramPath& Path, Side Of) const;
+  RulePath PathOf(const ProgramPath& Path, Side Of) const;
   SideState& StateOf(Side Of) { return Of == Side::X ? X : Y; }
 
   const RuleSet& Rules;
