@@ -323,6 +323,25 @@ TEST(RuleRun, WritesNoFileWhereAnInputIsMissing) {
   EXPECT_EQ(Folder.Names(), (std::set<std::string>{"a.trr", "b.trr"}));
 }
 
+TEST(RuleRun, LeavesOutWhatTheLibraryCannotWrite) {
+  const TestFolder Folder;
+  const std::string Text =
+      "{NP,3}\nNP::NP : [\"n\"] -> [N] [\n(X1::Y1)\n"
+      "{NP,1}\nNP::NP : [N] -> [N]\n;; [a] -> [b]\n(X1::Y1)\n"
+      "{NP,2}\nNP::NP : [A] -> [N]\n(X1::Y1)\n;; (x2 = x1)\n(x1 = x0)\n";
+  Folder.Write("a.trr", Text);
+  EXPECT_EQ(
+      RunTrrule({"print", "--as-library", "a.trr"}, Folder.Path("")),
+      (ChildEnd{1, "{NP,3}\nNP::NP [\"N\"] -> [N]\n(\n;--;(X1::Y1)\n)\n",
+                "a.trr:2:23: error TR035: this text is no part of a rule\n"
+                "a.trr:5:1: error TR014: the library's reader looks into comments, too, and cannot "
+                "read this rule\n"
+                "a.trr:9:1: error TR014: the library's reader looks into comments, too, and cannot "
+                "put what it finds in order\n"
+                "2 of 3 rules were left out\n"}));
+  EXPECT_EQ(RunTrrule({"print", "--as-library", "--keep-bad", "a.trr"}, Folder.Path("")).Out, Text);
+}
+
 // ---- Threads ----------------------------------------------------------------------------------
 
 /// Many rules with bad ones, stray text and texts that are no rules among them.
