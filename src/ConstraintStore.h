@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ConstraintText.h"
+
 #include <cstddef>
 #include <iterator>
 #include <string>
@@ -19,18 +21,35 @@
 
 namespace TrRuleInternal {
 
-/// The key of a constraint, with the positions of feature and value in it. The prefix is the text
-/// before the value.
-struct ConstraintKey {
-  std::string Text;
-  std::size_t FeatureBegin = 0;  ///< from 0
+/// Where the parts of a key stand in a text, from 0. All that stands before the value is its
+/// prefix.
+struct KeyPlaces {
+  std::size_t Begin = 0;
+  std::size_t FeatureBegin = 0;
   std::size_t FeatureSize = 0;
-  std::size_t ValueBegin = 0;
+  std::size_t ValueBegin = 0;  ///< the value goes up to the end of the key
+};
+
+/// The key of a constraint, with the places of its parts.
+struct ConstraintKey : KeyPlaces {
+  std::string Text;
 };
 
 /// Makes a key, such as "4__1__NUM__SG", from category, index, feature and value. Linear.
 ConstraintKey MakeKey(int Category, int ConstrainedIndex, std::string_view Feature,
                       std::string_view FeatValue);
+
+/// Makes the key of a constraint in the common form; the feature and the value in it are as they
+/// are kept. Linear.
+/// @param Fields what `ViewOfCommonForm` gives for the parts
+ConstraintKey MakeKey(const ConstraintParts& Parts, const ConstraintView& Fields);
+
+/// Appends a key to a text. Linear.
+KeyPlaces AppendKey(const ConstraintView& Fields, std::string& TextReturn);
+
+/// Appends the key of a constraint in the common form to a text. Linear.
+KeyPlaces AppendKey(const ConstraintParts& Parts, const ConstraintView& Fields,
+                    std::string& TextReturn);
 
 /// The disjunction of the words of two values, those of the old one first, each word once.
 /// n log n in the words.

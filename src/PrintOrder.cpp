@@ -58,13 +58,11 @@ std::vector<Agreement> AppendValues(const std::vector<OrderedConstraint>& vConst
   return vAgreements;
 }
 
-/// Category 2 is ordered by index only: there an agreement counts as a reference to its own node.
 std::vector<Reference> ReferencesOf(AgreementIterator First, AgreementIterator Last) {
   std::vector<Reference> vReferences;
   vReferences.reserve(static_cast<std::size_t>(std::distance(First, Last)));
   for (; First != Last; ++First) {
-    vReferences.push_back(
-        {First->Index, First->Group == PrintGroup::Category2 ? First->Index : First->AgreedIndex});
+    vReferences.push_back({First->Index, First->AgreedIndex});
   }
   return vReferences;
 }
@@ -78,12 +76,29 @@ void AppendOneIndex(AgreementIterator First, AgreementIterator Last,
   }
 }
 
+/// The first agreement of a group that constrains a node, or a later one.
+AgreementIterator FindIndex(AgreementIterator First, AgreementIterator Last, int Index) {
+  return std::partition_point(First, Last,
+                              [Index](const Agreement& Each) { return Each.Index < Index; });
+}
+
+/// Whether some agreement of a group refers to another node that the group constrains, too; else
+/// the nodes come in ascending order. In category 2, an agreement refers to nothing but its node.
+bool HasReferences(AgreementIterator First, AgreementIterator Last) {
+  return First->Group != PrintGroup::Category2 &&
+         std::any_of(First, Last, [&](const Agreement& Each) {
+           const auto Target = FindIndex(First, Last, Each.AgreedIndex);
+           return Each.AgreedIndex != Each.Index && Target != Last &&
+                  Target->Index == Each.AgreedIndex;
+         });
+}
+
 /// Appends the agreements of a group, node by node in the order of their references.
 /// @return whether they can be ordered
 bool AppendGroup(AgreementIterator First, AgreementIterator Last,
                  std::vector<std::size_t>& vOrderReturn) {
-  if (First->Index == std::prev(Last)->Index) {
-    AppendOneIndex(First, Last, vOrderReturn);
+  if (!HasReferences(First, Last)) {
+    std::for_each(First, Last, [&](const Agreement& Each) { vOrderReturn.push_back(Each.Place); });
     return true;
   }
   std::vector<int> vIndices;
@@ -91,8 +106,7 @@ bool AppendGroup(AgreementIterator First, AgreementIterator Last,
     return false;
   }
   for (const int Index : vIndices) {
-    const auto IsLower = [Index](const Agreement& Other) { return Other.Index < Index; };
-    AppendOneIndex(std::partition_point(First, Last, IsLower), Last, vOrderReturn);
+    AppendOneIndex(FindIndex(First, Last, Index), Last, vOrderReturn);
   }
   return true;
 }

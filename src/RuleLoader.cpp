@@ -84,30 +84,11 @@ void RuleLoader::NoteAlignment() {
   Alignments = AlignmentState::Unknown;
 }
 
-namespace {
-
-/// The key of fields that are as written in their text.
-ConstraintKey KeyOfCommonForm(const ConstraintParts& Parts, const ConstraintView& Fields) {
-  ConstraintKey Key =
-      MakeKey(Fields.Category, Fields.ConstrainedIndex, Fields.Feature, Fields.FeatValue);
-  if (Parts.IsWholeNode) {
-    WriteName(Key.Text, Key.ValueBegin, Fields.FeatValue.size());
-    return Key;
-  }
-  const std::size_t WrittenSize = WriteName(Key.Text, Key.FeatureBegin, Key.FeatureSize);
-  Key.ValueBegin -= Key.FeatureSize - WrittenSize;
-  Key.FeatureSize = WrittenSize;
-  MakeUpper(Key.Text, Key.ValueBegin);
-  return Key;
-}
-
-}  // namespace
-
 void RuleLoader::AddConstraint(const ConstraintParts& Parts,
                                std::vector<Merging>& vMergingsReturn) {
   constexpr int UnknownRank = -1;
   const ConstraintView Fields = ViewOfCommonForm(Parts);
-  Insert(KeyOfCommonForm(Parts, Fields), Fields, UnknownRank, vMergingsReturn);
+  Insert(MakeKey(Parts, Fields), Fields, UnknownRank, vMergingsReturn);
 }
 
 bool RuleLoader::AddConstraint(const ConstraintView& Fields, int Rank,

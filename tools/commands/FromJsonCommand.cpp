@@ -18,16 +18,30 @@ namespace Grammar {
 
 namespace {
 
-/// Lines that are read together, and what they stand for.
+/// Lines that are read together, and what they stand for. A batch is used again with its storage.
 struct LineBatch {
   struct Line {
     std::vector<std::string> vsFailures;  // of files that should have come before
-    std::string Place;                    // "a.json:12"
+    const std::string* Name = nullptr;    // of its file
+    std::size_t Number = 0;               // in its file, from 1
     std::string Text;
     RuleFromJson Result;
   };
 
-  std::vector<Line> vLines;
+  /// Room for one more line, after the others.
+  Line& NextLine() {
+    constexpr std::size_t MostKept = std::size_t{1} << 14;
+    if (Count == vLines.size()) {
+      return vLines.emplace_back();
+    }
+    if (vLines[Count].Text.capacity() > MostKept) {
+      vLines[Count].Text = std::string();
+    }
+    return vLines[Count];
+  }
+
+  std::vector<Line> vLines;  // the first ones are those of the batch
+  std::size_t Count = 0;     // how many these are
 };
 
 /// Reads the files of a run batch by batch. A file that cannot be read is reported in its turn.
@@ -39,14 +53,18 @@ class LineFiles {
   /// Reads about so many bytes of lines, at least one line. @return false after the last one
   bool Read(LineBatch& BatchReturn) {
     constexpr std::size_t WantedSize = std::size_t{1} << 18;
-    BatchReturn = LineBatch();
-    std::string Text;
-    for (std::size_t Size = 0; Size < WantedSize && Next(Text);) {
-      Size += Text.size();
-      BatchReturn.vLines.push_back(
-          {std::exchange(vsFailures, {}), Name() + ':' + std::to_string(Number), Text, {}});
+    BatchReturn.Count = 0;
+    for (std::size_t Size = 0; Size < WantedSize; ++BatchReturn.Count) {
+      LineBatch::Line& New = BatchReturn.NextLine();
+      if (!Next(New.Text)) {
+        break;
+      }
+      New.vsFailures = std::exchange(vsFailures, {});
+      New.Name = &vsNames[NextName - 1];
+      New.Number = Number;
+      Size += New.Text.size();
     }
-    return !BatchReturn.vLines.empty();
+    return BatchReturn.Count > 0;
   }
 
   /// What could not be read since the last line.
@@ -55,8 +73,6 @@ class LineFiles {
   bool HasFailed() const { return Failed; }
 
  private:
-  const std::string& Name() const { return vsNames[NextName - 1]; }
-
   /// Gives the next line that is not blank. @return false after the last line of the last file
   bool Next(std::string& TextReturn) {
     while (File != nullptr || NextName < vsNames.size()) {
@@ -99,8 +115,8 @@ class LineFiles {
 
 void ReadBatch(LineBatch& BatchReturn) {
   JsonReader Reader;
-  for (LineBatch::Line& Each : BatchReturn.vLines) {
-    Each.Result = Reader.Read(Each.Text);
+  for (std::size_t Place = 0; Place < BatchReturn.Count; ++Place) {
+    BatchReturn.vLines[Place].Result = Reader.Read(BatchReturn.vLines[Place].Text);
   }
 }
 
@@ -110,9 +126,10 @@ class LineWriter {
   explicit LineWriter(OutputFile& OutputPassIn) : Output(OutputPassIn) {}
 
   void Write(const LineBatch& Batch) {
-    for (const LineBatch::Line& Each : Batch.vLines) {
+    for (std::size_t Place = 0; Place < Batch.Count; ++Place) {
+      const LineBatch::Line& Each = Batch.vLines[Place];
       ReportFailures(Each.vsFailures);
-      Report(Each.Place, Each.Result);
+      Report(Each);
       Count(Each.Result);
       Write(Each.Result);
     }
@@ -121,9 +138,10 @@ class LineWriter {
   RunTally& Result() { return Tally; }
 
  private:
-  static void Report(const std::string& Place, const RuleFromJson& Read) {
-    for (const std::string& sProblem : Read.vsProblems) {
-      std::cerr << Place << ": " << (Read.IsRead ? "warning: " : "error: ") << sProblem << '\n';
+  static void Report(const LineBatch::Line& Line) {
+    for (const std::string& sProblem : Line.Result.vsProblems) {
+      std::cerr << *Line.Name << ':' << Line.Number << ": "
+                << (Line.Result.IsRead ? "warning: " : "error: ") << sProblem << '\n';
     }
   }
 

@@ -2,7 +2,6 @@
 
 #include "ExternalSorter.h"
 #include "HeaderText.h"
-#include "NormalForm.h"
 #include "OutputFile.h"
 
 #include <cstdint>
@@ -24,8 +23,7 @@ std::string IndexKey(const RuleRecord& Record) {
   return HasNumber ? NumberKey(NumberOf(Record.Header())) : std::string();
 }
 
-/// Sorts what it is handed. Sorted by the comparison text, a rule whose block ends that text, too,
-/// is kept without its block.
+/// Sorts what it is handed. A rule whose block is the end of its key is kept without its block.
 class Sorter : public RuleCollector {
  public:
   explicit Sorter(const SortOptions& Options)
@@ -35,16 +33,14 @@ class Sorter : public RuleCollector {
 
   bool PrepareRule(RuleRecord& Record, std::string& KeyReturn, std::string& TextReturn,
                    std::vector<Finding>& /*vFindingsReturn*/) const override {
-    const std::size_t Begin = TextReturn.size();
-    const std::string Key = KeyOf(Record);
-    AppendNormalForm(Record, {}, TextReturn);
-    if (By == SortBy::Form && EndsWithBlock(std::string_view(TextReturn).substr(Begin), Key)) {
-      TextReturn.resize(TextReturn.size() - BlockOf(Key).size() - 1);
+    Record.AppendComments(TextReturn);
+    AppendHeader(Record.Header(), TextReturn);
+    if (AppendKey(Record, KeyReturn)) {
       TextReturn += BlockIsInKey;
     } else {
+      Record.Form().AppendBlock(TextReturn);
       TextReturn += BlockIsHere;
     }
-    KeyReturn += Key;
     return true;
   }
 
@@ -58,8 +54,8 @@ class Sorter : public RuleCollector {
       Output.Write(Each.Payload.substr(0, Each.Payload.size() - 1));
       if (Each.Payload.back() == BlockIsInKey) {
         Output.Write(BlockOf(Each.Key));
-        Output.Write("\n");
       }
+      Output.Write("\n");
     }
     WriteOthers(Output);
   }
@@ -69,31 +65,30 @@ class Sorter : public RuleCollector {
   static constexpr char BlockIsHere = '0';
   static constexpr char BlockIsInKey = '1';
 
-  static bool EndsWithBlock(std::string_view Form, std::string_view ComparisonText) {
-    const std::string_view Block = BlockOf(ComparisonText);
-    Form.remove_suffix(1);
-    return Form.size() >= Block.size() && Form.substr(Form.size() - Block.size()) == Block;
-  }
-
   static std::string_view BlockOf(std::string_view ComparisonText) {
     return ComparisonText.substr(ComparisonText.find('\n') + 1);
   }
 
-  std::string KeyOf(const RuleRecord& Record) const {
+  /// @return whether the key ends in the block of the normal form
+  bool AppendKey(const RuleRecord& Record, std::string& KeyReturn) const {
     const RuleForm& Rule = Record.Form();
     switch (By) {
       case SortBy::Index:
-        return IndexKey(Record);
-      case SortBy::Type:
-        return std::string(Rule.SLType()).append(1, '\0').append(Rule.TLType());
-      case SortBy::Count:
-        return NumberKey(Record.Count());
-      case SortBy::Length:
-        return SortableNumber(Rule.SLSize()) + SortableNumber(Rule.TLSize());
-      case SortBy::Form:
+        KeyReturn += IndexKey(Record);
         break;
+      case SortBy::Type:
+        KeyReturn.append(Rule.SLType()).append(1, '\0').append(Rule.TLType());
+        break;
+      case SortBy::Count:
+        KeyReturn += NumberKey(Record.Count());
+        break;
+      case SortBy::Length:
+        KeyReturn += SortableNumber(Rule.SLSize()) + SortableNumber(Rule.TLSize());
+        break;
+      case SortBy::Form:
+        return Rule.AppendComparisonText(KeyReturn);
     }
-    return Record.ComparisonText();
+    return false;
   }
 
   void WriteOthers(OutputFile& Output) {

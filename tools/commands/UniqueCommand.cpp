@@ -2,6 +2,7 @@
 
 #include "CommentMerger.h"
 #include "ExternalSorter.h"
+#include "HeaderText.h"
 #include "NormalForm.h"
 #include "OutputFile.h"
 
@@ -19,27 +20,22 @@ namespace {
 
 /// What is kept of a rule beside its comparison text.
 struct Kept {
-  std::uint64_t Place;  ///< the how many-th text of the run it is
-  int Count;
-  std::vector<std::string> vsComments;
+  std::uint64_t Place;        ///< the how many-th text of the run it is
+  std::string_view Comments;  ///< each with a line end
   std::string_view Header;
 };
 
 struct KeptHead {
   std::uint64_t Place;
   std::uint64_t CommentSize;
-  int Count;
 };
 
 /// Appends what is kept of a rule, but for its place.
 void Pack(const RuleRecord& Record, std::string& BytesReturn) {
   KeptHead Head{};
-  Head.Count = Record.Count();
   const std::size_t Begin = BytesReturn.size();
   BytesReturn.append(sizeof Head, '\0');
-  for (const std::string& sComment : Record.Comments()) {
-    BytesReturn.append(sComment) += '\n';
-  }
+  Record.AppendComments(BytesReturn);
   Head.CommentSize = BytesReturn.size() - Begin - sizeof Head;
   std::memcpy(BytesReturn.data() + Begin, &Head, sizeof Head);
   AppendHeader(Record.Header(), BytesReturn);
@@ -53,13 +49,17 @@ Kept Unpack(std::string_view Bytes) {
   KeptHead Head{};
   std::memcpy(&Head, Bytes.data(), sizeof Head);
   Bytes.remove_prefix(sizeof Head);
-  Kept Result{Head.Place, Head.Count, {}, Bytes.substr(Head.CommentSize)};
-  for (std::string_view Rest = Bytes.substr(0, Head.CommentSize); !Rest.empty();) {
-    const std::size_t End = Rest.find('\n');
-    Result.vsComments.emplace_back(Rest.substr(0, End));
-    Rest.remove_prefix(End + 1);
+  return {Head.Place, Bytes.substr(0, Head.CommentSize), Bytes.substr(Head.CommentSize)};
+}
+
+std::vector<std::string> LinesIn(std::string_view Lines) {
+  std::vector<std::string> vsLines;
+  while (!Lines.empty()) {
+    const std::size_t End = Lines.find('\n');
+    vsLines.emplace_back(Lines.substr(0, End));
+    Lines.remove_prefix(End + 1);
   }
-  return Result;
+  return vsLines;
 }
 
 /// The same number for the same bytes, and rarely for others.
@@ -84,7 +84,8 @@ std::string_view BlockIn(std::string_view Sameness) {
                                                          : Found + End.size());
 }
 
-/// Rules that say the same, being put together.
+/// Rules that say the same, being put together. The comments of a rule that stays alone are not
+/// looked at, unless only some of its examples are wanted.
 class Group {
  public:
   explicit Group(const UniqueOptions& OptionsPassIn) : Options(OptionsPassIn) {}
@@ -98,7 +99,6 @@ class Group {
     Key = KeyPassIn;
     Rules = 0;
     Count = 0;
-    Comments = CommentMerger(Options.Examples.value_or(std::numeric_limits<std::size_t>::max()));
   }
 
   void Add(std::string_view Payload) {
@@ -106,10 +106,14 @@ class Group {
     if (Rules == 0) {
       Place = Rule.Place;
       Header = Rule.Header;
+      FirstComments = Rule.Comments;
+    } else {
+      if (Rules == 1) {
+        StartMerging();
+      }
+      Merge(Rule.Comments);
     }
     ++Rules;
-    Count += Rule.Count;
-    Comments.Add(Rule.vsComments);
   }
 
   /// The rule that stands for all of them.
@@ -120,18 +124,33 @@ class Group {
   }
 
  private:
+  void StartMerging() {
+    Comments = CommentMerger(Options.Examples.value_or(std::numeric_limits<std::size_t>::max()));
+    Merge(FirstComments);
+  }
+
+  void Merge(std::string_view Lines) {
+    const std::vector<std::string> vsLines = LinesIn(Lines);
+    Count += CountIn(vsLines);
+    Comments.Add(vsLines);
+  }
+
   std::string CommentLines() {
-    std::string Lines;
+    if (Rules == 1 && !Options.Examples) {
+      return FirstComments;
+    }
     // The record knows where its count is written; a rule alone has it there already.
-    if (Rules > 1) {
+    if (Rules == 1) {
+      StartMerging();
+      Scratch.SetComments(Comments.Comments());
+    } else {
       constexpr std::int64_t Max = std::numeric_limits<int>::max();
       constexpr std::int64_t Min = std::numeric_limits<int>::min();
       Scratch.SetComments(Comments.Comments());
       Scratch.SetCount(static_cast<int>(std::clamp(Count, Min, Max)));
     }
-    for (const std::string& sComment : Rules > 1 ? Scratch.Comments() : Comments.Comments()) {
-      Lines.append(sComment) += '\n';
-    }
+    std::string Lines;
+    Scratch.AppendComments(Lines);
     return Lines;
   }
 
@@ -141,6 +160,7 @@ class Group {
   std::uint64_t Rules = 0;
   std::int64_t Count = 0;
   std::string Header;
+  std::string FirstComments;
   CommentMerger Comments;
   RuleRecord Scratch;
 };
@@ -157,9 +177,14 @@ class Uniquer : public RuleCollector {
 
   bool PrepareRule(RuleRecord& Record, std::string& KeyReturn, std::string& TextReturn,
                    std::vector<Finding>& /*vFindingsReturn*/) const override {
-    const std::string Form = Record.SamenessText();
-    KeyReturn += Options.Sorted ? "" : SortableNumber(HashOf(Form));
-    KeyReturn += Form;
+    const std::size_t Begin = KeyReturn.size();
+    KeyReturn.append(Options.Sorted ? 0 : HashSize, '\0');
+    const std::size_t FormBegin = KeyReturn.size();
+    Record.AppendSamenessText(KeyReturn);
+    if (!Options.Sorted) {
+      const std::uint64_t Hash = HashOf(std::string_view(KeyReturn).substr(FormBegin));
+      std::memcpy(KeyReturn.data() + Begin, &Hash, sizeof Hash);
+    }
     Pack(Record, TextReturn);
     return true;
   }

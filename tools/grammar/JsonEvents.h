@@ -171,18 +171,18 @@ class JsonEvents {
     HandList("constraints", [&] {
       for (std::size_t Place = 0; Place < Form.ConstraintCount(); ++Place) {
         Handler.StartObject();
-        HandFields(Form.FieldsAt(Place), Form.FeatValueAt(Place));
+        HandFields(Form.FieldsAt(Place));
         HandConstraintLines(Form, Place);
         Handler.EndObject();
       }
     });
   }
 
-  void HandFields(const TrRuleInternal::ConstraintFields& Fields, std::string_view FeatValue) {
+  void HandFields(const TrRuleInternal::ConstraintView& Fields) {
     Hand("category", Fields.Category);
     Hand("index", Fields.ConstrainedIndex);
     Hand("feature", Fields.Feature);
-    Hand("value", FeatValue);
+    Hand("value", Fields.FeatValue);
     Hand("rank", None);
     HandString("isValue");
     Handler.Bool(Fields.ValueConstraint);

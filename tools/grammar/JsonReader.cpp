@@ -4,6 +4,7 @@
 #include "JsonReader.h"
 
 #include "Bytes.h"
+#include "HeaderText.h"
 #include "JsonEvents.h"
 #include "JsonMatcher.h"
 #include "JsonMember.h"

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace Grammar {
 
-enum class LineKind {
+enum class LineKind : std::uint8_t {
   Blank,       ///< nothing but white space
   Comment,     ///< begins with ";", unless it is an alignment behind ";--;"
   Header,      ///< "{NP,8}"

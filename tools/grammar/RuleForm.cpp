@@ -5,20 +5,18 @@
 #include "Bytes.h"
 
 #include <AlignmentText.h>
-#include <ConstraintStore.h>
 #include <LineWriting.h>
 #include <RuleLoader.h>
 
 #include <algorithm>
-#include <charconv>
-#include <iterator>
+#include <numeric>
 #include <tuple>
 #include <utility>
 
 namespace Grammar {
 
-using TrRuleInternal::ConstraintFields;
 using TrRuleInternal::ConstraintParts;
+using TrRuleInternal::ConstraintView;
 using TrRuleInternal::NodeText;
 using TrRuleInternal::RightKind;
 
@@ -111,19 +109,120 @@ std::string_view RuleForm::CodeOf(const Line& Each) const {
   return Rule->CodeOf(Each.Written->Line);
 }
 
+std::string_view RuleForm::KeyOf(const Line& Each) const {
+  return std::string_view(Keys).substr(Each.Key.Begin, Each.KeyEnd - Each.Key.Begin);
+}
+
+ConstraintView RuleForm::ViewOf(const Line& Each) const {
+  const std::string_view All = Keys;
+  return {Each.Category, Each.ConstrainedIndex,
+          All.substr(Each.Key.FeatureBegin, Each.Key.FeatureSize),
+          All.substr(Each.Key.ValueBegin, Each.KeyEnd - Each.Key.ValueBegin), Each.ValueConstraint};
+}
+
+ConstraintView RuleForm::ViewOf(const Entry& Each) const {
+  ConstraintView Fields = ViewOf(vLines[Each.Kept]);
+  if (!Each.FeatValue.empty()) {
+    Fields.FeatValue = Each.FeatValue;
+  }
+  return Fields;
+}
+
+/// Appends the key of a line, with what the library reads from it.
+void RuleForm::ReadKey(Line& LineReturn) {
+  const auto Note = [&](const auto& Fields, const TrRuleInternal::KeyPlaces& Key) {
+    LineReturn.Category = Fields.Category;
+    LineReturn.ConstrainedIndex = Fields.ConstrainedIndex;
+    LineReturn.ValueConstraint = Fields.ValueConstraint;
+    LineReturn.Key = Key;
+    LineReturn.KeyEnd = Keys.size();
+  };
+  const SourceRule::ConstraintLine& Written = *LineReturn.Written;
+  if (Written.IsCommon) {
+    const ConstraintView Fields = TrRuleInternal::ViewOfCommonForm(Written.Parts);
+    Note(Fields, TrRuleInternal::AppendKey(Written.Parts, Fields, Keys));
+  } else {
+    const TrRuleInternal::ConstraintFields Fields = Rule->FieldsOf(Written);
+    Note(Fields,
+         TrRuleInternal::AppendKey({Fields.Category, Fields.ConstrainedIndex, Fields.Feature,
+                                    Fields.FeatValue, Fields.ValueConstraint},
+                                   Keys));
+  }
+}
+
 void RuleForm::ReadConstraints() {
   vLines.clear();
-  Stored.clear();
+  Keys.clear();
   HasSeparator = false;
-  HasRepetition = false;
   for (const SourceRule::ConstraintLine& Each : Rule->Constraints()) {
     Line& New = vLines.emplace_back();
     New.Written = &Each;
-    New.Fields = Rule->FieldsOf(Each);
-    HasSeparator =
-        HasSeparator || Contains(New.Fields.Feature, "__") || Contains(New.Fields.FeatValue, "__");
-    AddConstraint(vLines.size() - 1);
+    ReadKey(New);
   }
+  for (const Line& Each : vLines) {
+    const ConstraintView Fields = ViewOf(Each);
+    HasSeparator =
+        HasSeparator || Contains(Fields.Feature, "__") || Contains(Fields.FeatValue, "__");
+  }
+  MergeByKeys();
+}
+
+/// Whether the library may merge two constraints, or takes them for the same.
+bool RuleForm::HasCommonPrefix(const Line& Left, const Line& Right) const {
+  const auto Begins = [&](const Line& Value, const Line& Other) {
+    const std::size_t Size = Value.Key.ValueBegin - Value.Key.Begin;
+    return Value.ValueConstraint && StartsWith(KeyOf(Other), KeyOf(Value).substr(0, Size));
+  };
+  return Begins(Left, Right) || Begins(Right, Left) || KeyOf(Left) == KeyOf(Right);
+}
+
+/// Makes entries of the lines, in the order of their keys. All keys with one prefix stand together,
+/// so that a line whose neighbours have other prefixes is an entry of its own.
+void RuleForm::MergeByKeys() {
+  vPlaces.resize(vLines.size());
+  std::iota(vPlaces.begin(), vPlaces.end(), std::size_t{0});
+  std::sort(vPlaces.begin(), vPlaces.end(), [this](std::size_t Left, std::size_t Right) {
+    return KeyOf(vLines[Left]) < KeyOf(vLines[Right]);
+  });
+  HasRepetition = false;
+  vEntries.clear();
+  std::size_t Kept = 0;
+  for (std::size_t Begin = 0, End = 0; Begin < vPlaces.size(); Begin = End) {
+    End = Begin + 1;
+    while (End < vPlaces.size() &&
+           HasCommonPrefix(vLines[vPlaces[End - 1]], vLines[vPlaces[End]])) {
+      ++End;
+    }
+    if (End - Begin == 1) {
+      vPlaces[Kept] = vPlaces[Begin];
+      vEntries.push_back({vPlaces[Kept], Kept, Kept + 1, "", true});
+      ++Kept;
+    } else {
+      HasRepetition = true;
+      Kept = MergeStretch(Begin, End, Kept);
+    }
+  }
+}
+
+/// Makes the entries that the library would make of some lines, one after the other.
+/// @param Begin, End where the lines are in `vPlaces`
+/// @param Kept where their places are to be put, which is not after `Begin`
+/// @return the end of these
+std::size_t RuleForm::MergeStretch(std::size_t Begin, std::size_t End, std::size_t Kept) {
+  const auto First = vPlaces.begin() + static_cast<std::ptrdiff_t>(Begin);
+  const auto Last = vPlaces.begin() + static_cast<std::ptrdiff_t>(End);
+  std::sort(First, Last);
+  Groups Stored;
+  std::for_each(First, Last, [&](std::size_t Place) { AddConstraint(Place, Stored); });
+  for (auto& [Key, Each] : Stored) {
+    const std::size_t EntryBegin = Kept;
+    for (const std::size_t Place : Each.vLines) {
+      vPlaces[Kept++] = Place;
+    }
+    vEntries.push_back({Each.Kept, EntryBegin, Kept,
+                        Each.IsMerged ? std::move(Each.FeatValue) : std::string(), Each.IsOneList});
+  }
+  return Kept;
 }
 
 /// Whether two paths are the same: the node's number, and the features in capitals.
@@ -132,12 +231,12 @@ bool RuleForm::IsSamePath(const Line& Left, const Line& Right) const {
   std::string RightPath;
   AppendFeature(Left.Written->Parts.Feature, LeftPath);
   AppendFeature(Right.Written->Parts.Feature, RightPath);
-  return Left.Fields.ConstrainedIndex == Right.Fields.ConstrainedIndex && LeftPath == RightPath;
+  return Left.ConstrainedIndex == Right.ConstrainedIndex && LeftPath == RightPath;
 }
 
 /// A constraint whose key is there already is dropped by the library. The normal form keeps it
 /// where it says something that the key does not.
-void RuleForm::AddRepetition(std::size_t Place, Entry& EntryReturn) const {
+void RuleForm::AddRepetition(std::size_t Place, Group& GroupReturn) const {
   std::string Written;
   AppendWritten(vLines[Place], Written);
   const auto SaysTheSame = [&](std::size_t Other) {
@@ -145,90 +244,74 @@ void RuleForm::AddRepetition(std::size_t Place, Entry& EntryReturn) const {
     AppendWritten(vLines[Other], OtherWritten);
     return OtherWritten == Written;
   };
-  const bool IsPartOfList = EntryReturn.IsOneList && IsWordList(vLines[Place].Written->Parts) &&
-                            IsSamePath(vLines[EntryReturn.Kept], vLines[Place]);
+  const bool IsPartOfList = GroupReturn.IsOneList && IsWordList(vLines[Place].Written->Parts) &&
+                            IsSamePath(vLines[GroupReturn.Kept], vLines[Place]);
   if (!IsPartOfList &&
-      std::none_of(EntryReturn.vLines.begin(), EntryReturn.vLines.end(), SaysTheSame)) {
-    EntryReturn.vLines.push_back(Place);
-    EntryReturn.IsOneList = false;
+      std::none_of(GroupReturn.vLines.begin(), GroupReturn.vLines.end(), SaysTheSame)) {
+    GroupReturn.vLines.push_back(Place);
+    GroupReturn.IsOneList = false;
   }
 }
 
 /// Stores a constraint under its key, and merges its value with those on the same feature, as the
 /// library does.
-void RuleForm::AddConstraint(std::size_t Place) {
+void RuleForm::AddConstraint(std::size_t Place, Groups& StoredReturn) const {
   const Line& New = vLines[Place];
-  const ConstraintFields& Fields = New.Fields;
-  TrRuleInternal::ConstraintKey Key = TrRuleInternal::MakeKey(
-      Fields.Category, Fields.ConstrainedIndex, Fields.Feature, Fields.FeatValue);
-  const auto [Found, IsNew] = Stored.try_emplace(std::move(Key.Text));
+  const std::string_view Key = KeyOf(New);
+  const auto [Found, IsNew] = StoredReturn.try_emplace(std::string(Key));
   if (!IsNew) {
-    HasRepetition = true;
     AddRepetition(Place, Found->second);
     return;
   }
   Found->second.vLines = {Place};
   Found->second.Kept = Place;
+  Found->second.FeatValue = ViewOf(New).FeatValue;
   Found->second.IsOneList = IsWordList(New.Written->Parts);
-  const std::string_view Prefix = std::string_view(Found->first).substr(0, Key.ValueBegin);
-  if (Fields.ValueConstraint && TrRuleInternal::HasNeighbour(Stored, Found, Prefix)) {
-    HasRepetition = true;
-    MergeInto(Stored.extract(Found), Key.ValueBegin, New);
+  const std::string_view Prefix = Key.substr(0, New.Key.ValueBegin - New.Key.Begin);
+  if (New.ValueConstraint && TrRuleInternal::HasNeighbour(StoredReturn, Found, Prefix)) {
+    MergeInto(StoredReturn.extract(Found), New, StoredReturn);
   }
 }
 
 /// Merges the values that share the prefix of a new entry into it, and stores it.
-void RuleForm::MergeInto(Entries::node_type Taken, std::size_t PrefixSize, const Line& New) {
-  Entry& Added = Taken.mapped();
-  const auto TakeOut = [&](const Entry& Old) -> const std::string* {
+void RuleForm::MergeInto(Groups::node_type Taken, const Line& New, Groups& StoredReturn) const {
+  const std::size_t PrefixSize = New.Key.ValueBegin - New.Key.Begin;
+  Group& Added = Taken.mapped();
+  const auto TakeOut = [&](const Group& Old) -> const std::string* {
     const Line& OldLine = vLines[Old.Kept];
-    if (!OldLine.Fields.ValueConstraint) {
+    if (!OldLine.ValueConstraint) {
       return nullptr;
     }
     Added.IsOneList = Added.IsOneList && Old.IsOneList && IsSamePath(OldLine, New);
     Added.vLines.insert(Added.vLines.end(), Old.vLines.begin(), Old.vLines.end());
-    return &ValueOf(Old);
+    return &Old.FeatValue;
   };
   std::vector<TrRuleInternal::Merging> vMergings;
-  TrRuleInternal::ExtractAndMerge(Stored, TakeOut, PrefixSize, Taken.key(), vMergings);
+  TrRuleInternal::ExtractAndMerge(StoredReturn, TakeOut, PrefixSize, Taken.key(), vMergings);
   std::sort(Added.vLines.begin(), Added.vLines.end());
-  Added.FeatValue = vMergings.empty() ? "" : Taken.key().substr(PrefixSize);
-  Stored.insert(std::move(Taken));
-}
-
-const std::string& RuleForm::ValueOf(const Entry& Each) const {
-  return Each.FeatValue.empty() ? vLines[Each.Kept].Fields.FeatValue : Each.FeatValue;
+  Added.IsMerged = !vMergings.empty();
+  Added.FeatValue = Taken.key().substr(PrefixSize);
+  StoredReturn.insert(std::move(Taken));
 }
 
 // ---- Their order ------------------------------------------------------------------------------
 
 RuleForm::Failure RuleForm::Order() {
-  std::vector<TrRuleInternal::OrderedConstraint> vOrdered;
-  std::vector<const Entry*> vEntries;
-  vOrdered.reserve(Stored.size());
-  vEntries.reserve(Stored.size());
+  vOrdered.clear();
   vOrder.clear();
-  for (const auto& [Key, Each] : Stored) {
-    const ConstraintFields& Fields = vLines[Each.Kept].Fields;
-    TrRuleInternal::OrderedConstraint New{Fields.Category, Fields.ConstrainedIndex, std::nullopt};
+  for (const Entry& Each : vEntries) {
+    const ConstraintView Fields = ViewOf(Each);
+    auto& New = vOrdered.emplace_back();
+    New.Category = Fields.Category;
+    New.ConstrainedIndex = Fields.ConstrainedIndex;
     if (!Fields.ValueConstraint) {
       New.AgreedIndex = TrRuleInternal::AgreedIndexIn(Fields.FeatValue);
-      if (New.AgreedIndex == -1) {
-        return Failure::NoAgreedIndex;
-      }
     }
-    vOrdered.push_back(New);
-    vEntries.push_back(&Each);
+    if (New.AgreedIndex == -1) {
+      return Failure::NoAgreedIndex;
+    }
   }
-  std::vector<std::size_t> vPlaces;
-  if (TrRuleInternal::FindPrintOrder(vOrdered, vPlaces)) {
-    return Failure::Cycle;
-  }
-  vOrder.reserve(vPlaces.size());
-  for (const std::size_t Place : vPlaces) {
-    vOrder.push_back(vEntries[Place]);
-  }
-  return Failure::None;
+  return TrRuleInternal::FindPrintOrder(vOrdered, vOrder) ? Failure::Cycle : Failure::None;
 }
 
 void RuleForm::Load(TrRule& RecordReturn) const {
@@ -240,10 +323,7 @@ void RuleForm::Load(TrRule& RecordReturn) const {
     Loader.AddAlignment(Each.Parts);
   }
   for (const Line& Each : vLines) {
-    const ConstraintFields& Fields = Each.Fields;
-    Loader.AddConstraint({Fields.Category, Fields.ConstrainedIndex, Fields.Feature,
-                          Fields.FeatValue, Fields.ValueConstraint},
-                         UnknownRank, vMergings);
+    Loader.AddConstraint(ViewOf(Each), UnknownRank, vMergings);
   }
   Loader.Finish();
 }
@@ -310,7 +390,7 @@ void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
     AppendUpper(CodeOf(Each), TextReturn);
     return;
   }
-  AppendLeft(Parts, Each.Fields.Feature, TextReturn);
+  AppendLeft(Parts, ViewOf(Each).Feature, TextReturn);
   if (Parts.Kind == RightKind::Reference) {
     TextReturn += '(';
     AppendUpper(Parts.RightNode->Text, TextReturn);
@@ -320,7 +400,7 @@ void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
   } else {
     // Of a negation the library keeps all but the parenthesis, unless it takes it for a
     // disjunction.
-    TextReturn += Each.Fields.FeatValue;
+    TextReturn += ViewOf(Each).FeatValue;
     TextReturn += Parts.Kind == RightKind::Not && TextReturn.back() != ')' ? ")" : "";
   }
   TextReturn += ')';
@@ -329,23 +409,20 @@ void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
 /// Appends the lines that an entry stands for, each with a line end.
 void RuleForm::AppendEntry(const Entry& Each, std::string& TextReturn) const {
   if (Each.IsOneList && !Each.FeatValue.empty()) {
-    const Line& First = vLines[Each.vLines.front()];
-    AppendLeft(First.Written->Parts, First.Fields.Feature, TextReturn);
+    const Line& First = vLines[vPlaces[Each.Begin]];
+    AppendLeft(First.Written->Parts, ViewOf(First).Feature, TextReturn);
     TextReturn.append(Each.FeatValue).append(")\n");
     return;
   }
-  for (const std::size_t Place : Each.vLines) {
-    AppendWritten(vLines[Place], TextReturn);
+  for (std::size_t At = Each.Begin; At < Each.End; ++At) {
+    AppendWritten(vLines[vPlaces[At]], TextReturn);
     TextReturn += '\n';
   }
 }
 
 /// Appends the one line that the library writes of an entry.
 void RuleForm::AppendLibraryEntry(const Entry& Each, std::string& TextReturn) const {
-  const ConstraintFields& Fields = vLines[Each.Kept].Fields;
-  TrRuleInternal::AppendConstraint(
-      TextReturn, {Fields.Category, Fields.ConstrainedIndex, Fields.Feature, ValueOf(Each),
-                   Fields.ValueConstraint});
+  TrRuleInternal::AppendConstraint(TextReturn, ViewOf(Each));
   TextReturn += '\n';
 }
 
@@ -383,13 +460,49 @@ void RuleForm::AppendBlock(std::string& TextReturn) const {
   AppendRuleLine(KeepsLiterals, TextReturn);
   TextReturn += BlockStart;
   AppendAlignments(TextReturn);
-  for (const Entry* Each : vOrder) {
-    AppendEntry(*Each, TextReturn);
+  for (const std::size_t Place : vOrder) {
+    AppendEntry(vEntries[Place], TextReturn);
   }
   TextReturn += ')';
 }
 
-void RuleForm::AppendComparisonText(std::string& TextReturn) const {
+namespace {
+
+/// Whether a label is written as the library writes it, in capitals.
+bool IsLibraryLabel(std::string_view Label) {
+  return !IsQuoted(Label) ||
+         std::none_of(Label.begin(), Label.end(), [](char Byte) { return Byte != ToUpper(Byte); });
+}
+
+}  // namespace
+
+/// Whether the library writes the same line of an entry, in the same sense.
+bool RuleForm::IsLibraryEntry(const Entry& Each) const {
+  const SourceRule::ConstraintLine& Written = *vLines[Each.Kept].Written;
+  const ConstraintParts& Parts = Written.Parts;
+  if (Each.End - Each.Begin > 1 || !Each.FeatValue.empty() || !IsNormal(Written) ||
+      Contains(Parts.Feature, " ")) {
+    return false;
+  }
+  switch (Parts.Kind) {
+    case RightKind::Not:
+      return false;
+    case RightKind::Reference:
+      return !Parts.IsWholeNode && IsSameInCapitals(Parts.Feature, Parts.RightFeature);
+    default:
+      return true;
+  }
+}
+
+/// Whether the library writes the same block. Where that is not plain to see, it is denied.
+bool RuleForm::IsLibraryBlock() const {
+  return std::all_of(Labels[Source].begin(), Labels[Source].end(), IsLibraryLabel) &&
+         std::all_of(Labels[Target].begin(), Labels[Target].end(), IsLibraryLabel) &&
+         std::all_of(vEntries.begin(), vEntries.end(),
+                     [this](const Entry& Each) { return IsLibraryEntry(Each); });
+}
+
+bool RuleForm::AppendComparisonText(std::string& TextReturn) const {
   constexpr bool KeepsLiterals = false;
   TextReturn += ';';
   for (const std::string_view Label : Labels[Target]) {
@@ -397,13 +510,18 @@ void RuleForm::AppendComparisonText(std::string& TextReturn) const {
     TextReturn += ' ';
   }
   TextReturn += '\n';
+  if (IsLibraryBlock()) {
+    AppendBlock(TextReturn);
+    return true;
+  }
   AppendRuleLine(KeepsLiterals, TextReturn);
   TextReturn += BlockStart;
   AppendAlignments(TextReturn);
-  for (const Entry* Each : vOrder) {
-    AppendLibraryEntry(*Each, TextReturn);
+  for (const std::size_t Place : vOrder) {
+    AppendLibraryEntry(vEntries[Place], TextReturn);
   }
   TextReturn += ')';
+  return false;
 }
 
 }  // namespace Grammar

@@ -2,6 +2,7 @@
 
 #include "SourceRule.h"
 
+#include <ConstraintStore.h>
 #include <ConstraintText.h>
 #include <PrintOrder.h>
 
@@ -59,7 +60,9 @@ class RuleForm {
   void AppendBlock(std::string& TextReturn) const;
 
   /// Appends the text that the library compares rules by.
-  void AppendComparisonText(std::string& TextReturn) const;
+  /// @return whether it is plain to see that this text ends in the block of the normal form, as
+  ///         for most rules
+  bool AppendComparisonText(std::string& TextReturn) const;
 
   /// Whether a merging depends on what a feature or a value looks like, because it holds the
   /// separator of the library's keys.
@@ -87,16 +90,14 @@ class RuleForm {
   // The constraints that the library's record holds, by their places in print order, from 0.
   std::size_t ConstraintCount() const { return vOrder.size(); }
 
-  /// What the library keeps of a constraint, but for its value, which may have been merged.
-  const TrRuleInternal::ConstraintFields& FieldsAt(std::size_t Place) const {
-    return vLines[vOrder[Place]->Kept].Fields;
+  /// What the library keeps of a constraint; the views end with the form's next reading.
+  TrRuleInternal::ConstraintView FieldsAt(std::size_t Place) const {
+    return ViewOf(vEntries[vOrder[Place]]);
   }
-
-  const std::string& FeatValueAt(std::size_t Place) const { return ValueOf(*vOrder[Place]); }
 
   /// Appends the lines of the normal form that a constraint stands for, each with a line end.
   void AppendConstraintAt(std::size_t Place, std::string& TextReturn) const {
-    AppendEntry(*vOrder[Place], TextReturn);
+    AppendEntry(vEntries[vOrder[Place]], TextReturn);
   }
 
  private:
@@ -109,30 +110,52 @@ class RuleForm {
     std::string_view Text[2];
   };
 
-  /// A constraint line with what the library reads from it.
+  /// A constraint line with what the library reads from it; feature and value are in its key.
   struct Line {
     const SourceRule::ConstraintLine* Written;
-    TrRuleInternal::ConstraintFields Fields;
+    int Category;
+    int ConstrainedIndex;
+    bool ValueConstraint;
+    TrRuleInternal::KeyPlaces Key;  ///< in `Keys`
+    std::size_t KeyEnd;
   };
 
   /// What the library keeps under one key: one constraint, or what several have become.
   struct Entry {
-    std::vector<std::size_t> vLines;  ///< places in `vLines`, ascending
-    std::size_t Kept = 0;             ///< place of the line whose node and feature are kept
-    std::string FeatValue;            ///< of values that were merged; empty otherwise
-    bool IsOneList = true;            ///< whether all lines are lists of words on one path
+    std::size_t Kept;       ///< place of the line whose node and feature are kept
+    std::size_t Begin;      ///< in `vPlaces`, where its lines are, ascending
+    std::size_t End;        ///< after the last of them
+    std::string FeatValue;  ///< of values that were merged; empty otherwise
+    bool IsOneList;         ///< whether all lines are lists of words on one path
   };
 
-  using Entries = std::map<std::string, Entry>;
+  /// An entry while constraints are still being merged.
+  struct Group {
+    std::vector<std::size_t> vLines;
+    std::size_t Kept = 0;
+    std::string FeatValue;
+    bool IsMerged = false;
+    bool IsOneList = true;
+  };
+
+  using Groups = std::map<std::string, Group>;
 
   void ReadAlignments();
   void ReadConstraints();
-  void AddConstraint(std::size_t Place);
-  void MergeInto(Entries::node_type Taken, std::size_t PrefixSize, const Line& New);
-  void AddRepetition(std::size_t Place, Entry& EntryReturn) const;
+  void ReadKey(Line& LineReturn);
+  bool HasCommonPrefix(const Line& Left, const Line& Right) const;
+  void MergeByKeys();
+  std::size_t MergeStretch(std::size_t Begin, std::size_t End, std::size_t Kept);
+  void AddConstraint(std::size_t Place, Groups& StoredReturn) const;
+  void MergeInto(Groups::node_type Taken, const Line& New, Groups& StoredReturn) const;
+  void AddRepetition(std::size_t Place, Group& GroupReturn) const;
   Failure Order();
-  const std::string& ValueOf(const Entry& Each) const;
+  std::string_view KeyOf(const Line& Each) const;
+  TrRuleInternal::ConstraintView ViewOf(const Line& Each) const;
+  TrRuleInternal::ConstraintView ViewOf(const Entry& Each) const;
   bool IsSamePath(const Line& Left, const Line& Right) const;
+  bool IsLibraryEntry(const Entry& Each) const;
+  bool IsLibraryBlock() const;
   std::string_view CodeOf(const Line& Each) const;
   void AppendWritten(const Line& Each, std::string& TextReturn) const;
   void AppendEntry(const Entry& Each, std::string& TextReturn) const;
@@ -145,8 +168,11 @@ class RuleForm {
   std::vector<std::string_view> Labels[2];
   std::vector<Pair> vPairs;
   std::vector<Line> vLines;
-  Entries Stored;
-  std::vector<const Entry*> vOrder;
+  std::string Keys;                  // of all lines
+  std::vector<std::size_t> vPlaces;  // in `vLines`, entry by entry
+  std::vector<Entry> vEntries;       // in the order of their keys
+  std::vector<TrRuleInternal::OrderedConstraint> vOrdered;
+  std::vector<std::size_t> vOrder;  // places in `vEntries`, in print order
   bool HasSeparator = false;
   bool HasRepetition = false;
 };

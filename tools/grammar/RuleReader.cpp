@@ -3,6 +3,7 @@
 #include "Bytes.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace Grammar {
@@ -10,7 +11,10 @@ namespace Grammar {
 RuleReader::RuleReader(std::istream& StreamPassIn, std::string FilePassIn)
     : Stream(&StreamPassIn), File(std::move(FilePassIn)) {}
 
-RuleReader::RuleReader(std::string TextPassIn) : Buffer(std::move(TextPassIn)), AtEnd(true) {}
+RuleReader::RuleReader(std::string TextPassIn) : Buffer(std::move(TextPassIn)), AtEnd(true) {
+  constexpr std::size_t UsualLines = 32;
+  vSpans.reserve(UsualLines);
+}
 
 /// Reads another block behind what is there. What was handed out makes room for it.
 bool RuleReader::Fill() {
@@ -40,20 +44,30 @@ std::string_view RuleReader::Ahead() {
 /// The end of the line that begins at `From`, with its line end; false where it is too long to be
 /// held, or where there is no line.
 bool RuleReader::FindLineEnd(std::size_t From, std::size_t& EndReturn) {
-  std::size_t Looked = From;
+  const char* const Begin = Buffer.data() + Start;
+  const std::size_t Left = Rest().size() - From;
+  if (const void* const Found = Left == 0 ? nullptr : std::memchr(Begin + From, '\n', Left)) {
+    EndReturn = static_cast<std::size_t>(static_cast<const char*>(Found) - Begin) + 1;
+    return true;
+  }
+  return FillLine(From, EndReturn);
+}
+
+/// Reads on until the line that begins at `From` ends.
+bool RuleReader::FillLine(std::size_t From, std::size_t& EndReturn) {
   for (;;) {
-    const std::size_t Found = Buffer.find('\n', Start + Looked);
-    if (Found != std::string::npos) {
-      EndReturn = Found + 1 - Start;
-      return true;
-    }
-    Looked = Rest().size();
+    const std::size_t Looked = Rest().size();
     if (Looked > MaxHeld) {
       return false;
     }
     if (!Fill()) {
       EndReturn = Rest().size();
       return EndReturn > From;
+    }
+    const std::size_t Found = Rest().find('\n', Looked);
+    if (Found != std::string_view::npos) {
+      EndReturn = Found + 1;
+      return true;
     }
   }
 }
@@ -103,18 +117,18 @@ RuleText::Span RuleReader::SpanOf(std::size_t From, std::size_t End) const {
   }
   const LineParts Parts = PartsOf(Text.substr(From, End - From));
   const auto Place = [&](std::string_view Part) {
-    return Part.empty() ? From : OffsetIn(Text, Part);
+    return static_cast<std::uint32_t>(Part.empty() ? From : OffsetIn(Text, Part));
   };
-  const std::size_t Code = Place(Parts.Code);
-  const std::size_t Comment = Place(Parts.Comment);
-  return {From,
-          End,
-          Parts.Kind,
-          Code,
-          Code + Parts.Code.size(),
-          Comment,
-          Comment + Parts.Comment.size(),
-          Parts.HasQuotes};
+  RuleText::Span Line;
+  Line.Begin = static_cast<std::uint32_t>(From);
+  Line.End = static_cast<std::uint32_t>(End);
+  Line.CodeBegin = Place(Parts.Code);
+  Line.CodeEnd = Line.CodeBegin + static_cast<std::uint32_t>(Parts.Code.size());
+  Line.CommentBegin = Place(Parts.Comment);
+  Line.CommentEnd = Line.CommentBegin + static_cast<std::uint32_t>(Parts.Comment.size());
+  Line.Kind = Parts.Kind;
+  Line.HasQuotes = Parts.HasQuotes;
+  return Line;
 }
 
 bool RuleReader::Next(RuleText& TextReturn) {

@@ -58,6 +58,7 @@ class RuleReader {
 
   bool Fill();
   bool FindLineEnd(std::size_t From, std::size_t& EndReturn);
+  bool FillLine(std::size_t From, std::size_t& EndReturn);
   bool StartsRule(LineKind Kind, std::string_view Code);
   void NoteBody(LineKind Kind, std::string_view Code);
   RuleText::Span SpanOf(std::size_t From, std::size_t End) const;

@@ -45,7 +45,6 @@ RuleRecord::RuleRecord() = default;
 
 void RuleRecord::Clear() {
   RuleHead = RuleHeader();
-  vsComments.clear();
   HasStray = false;
   HasForm = false;
   Succeeded = false;
@@ -58,25 +57,40 @@ bool RuleRecord::Read(const RuleText& TextPassIn) {
   if (HasForm && OrderedForm.Read(Source) == RuleForm::Failure::None) {
     ReadComments(TextPassIn);
     Succeeded = !NeedsProof(TextPassIn) || IsStable();
+  } else {
+    vsComments.clear();
   }
   return Succeeded;
 }
 
-/// Keeps the header, the comments, and what is no part of the rule.
+/// Keeps the header, the comments, and what is no part of the rule. The comments of the rule before
+/// are written over, which saves their storage.
 void RuleRecord::ReadComments(const RuleText& TextPassIn) {
   for (const SourceRule::HeaderLine& Each : Source.Headers()) {
     RuleHead = HeaderOf(Each.Parts, TextPassIn.Parts(Each.Line).Code);
   }
-  for (std::size_t Line = 0; Line < TextPassIn.vLines.size(); ++Line) {
-    const LineParts Parts = TextPassIn.Parts(Line);
-    for (const std::string_view Stray : StrayTexts(Parts)) {
-      vsComments.push_back(StrayComment(Stray));
-      HasStray = true;
+  std::size_t Count = 0;
+  const auto Add = [&](std::string_view Comment) {
+    if (Count < vsComments.size()) {
+      vsComments[Count] = Comment;
+    } else {
+      vsComments.emplace_back(Comment);
     }
-    if (!Parts.Comment.empty()) {
-      vsComments.emplace_back(Parts.Comment);
+    ++Count;
+  };
+  for (std::size_t Line = 0; Line < TextPassIn.vLines.size(); ++Line) {
+    const RuleText::Span& Span = TextPassIn.vLines[Line];
+    if (MayHaveStrayTexts(Span.Kind)) {
+      for (const std::string_view Stray : StrayTexts(TextPassIn.Parts(Line))) {
+        Add(StrayComment(Stray));
+        HasStray = true;
+      }
+    }
+    if (Span.CommentEnd > Span.CommentBegin) {
+      Add(TextPassIn.Parts(Line).Comment);
     }
   }
+  vsComments.resize(Count);
 }
 
 /// Whether reading the written rule is the only way to know that it says the same: quotes hide the
@@ -127,23 +141,36 @@ std::string RuleRecord::Block() const {
   return Text;
 }
 
+void RuleRecord::AppendComments(std::string& TextReturn) const {
+  for (const std::string& sComment : vsComments) {
+    TextReturn.append(sComment).append(1, '\n');
+  }
+}
+
 void RuleRecord::AppendLines(bool NoComments, std::string& TextReturn) const {
   if (!NoComments) {
-    for (const std::string& sComment : vsComments) {
-      TextReturn.append(sComment).append(1, '\n');
-    }
+    AppendComments(TextReturn);
   }
   AppendHeader(RuleHead, TextReturn);
   OrderedForm.AppendBlock(TextReturn);
 }
 
 std::string RuleRecord::SamenessText() const {
-  std::string Text = ComparisonText();
-  const std::string OwnBlock = Block();
-  if (Text.compare(Text.find('\n') + 1, std::string::npos, OwnBlock) != 0) {
-    Text.append(1, '\0').append(OwnBlock);
-  }
+  std::string Text;
+  AppendSamenessText(Text);
   return Text;
+}
+
+void RuleRecord::AppendSamenessText(std::string& TextReturn) const {
+  const std::size_t Begin = TextReturn.size();
+  if (OrderedForm.AppendComparisonText(TextReturn)) {
+    return;
+  }
+  const std::string OwnBlock = Block();
+  const std::size_t BlockBegin = TextReturn.find('\n', Begin) + 1;
+  if (TextReturn.compare(BlockBegin, std::string::npos, OwnBlock) != 0) {
+    TextReturn.append(1, '\0').append(OwnBlock);
+  }
 }
 
 std::string RuleRecord::ComparisonText() const {

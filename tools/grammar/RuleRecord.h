@@ -81,12 +81,16 @@ class RuleRecord {
   /// the normal form where that says more, such as another feature on the right. Made anew by each
   /// call.
   std::string SamenessText() const;
+  void AppendSamenessText(std::string& TextReturn) const;
 
   /// The block of the normal form: see `RuleForm::AppendBlock`. Made anew by each call.
   std::string Block() const;
 
-  /// Appends the lines of the normal form: comments, unless they are unwanted, header and block. The
-  /// last one has no line end.
+  /// Appends the comments, a line each.
+  void AppendComments(std::string& TextReturn) const;
+
+  /// Appends the lines of the normal form: comments, unless they are unwanted, header and block.
+  /// The last one has no line end.
   void AppendLines(bool NoComments, std::string& TextReturn) const;
 
  private:

@@ -3,6 +3,7 @@
 #include "LineKind.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,15 +14,16 @@ namespace Grammar {
 /// lines right before it.
 struct RuleText {
   /// Where a line stands in `Text`, without its line end and without the carriage return before it,
-  /// and what it is: taking a line apart is what reading a grammar spends its time on.
+  /// and what it is: taking a line apart is what reading a grammar spends its time on. A text is
+  /// never longer than two times `RuleReader::MaxHeld`.
   struct Span {
-    std::size_t Begin = 0;
-    std::size_t End = 0;
+    std::uint32_t Begin = 0;
+    std::uint32_t End = 0;
+    std::uint32_t CodeBegin = 0;
+    std::uint32_t CodeEnd = 0;
+    std::uint32_t CommentBegin = 0;
+    std::uint32_t CommentEnd = 0;
     LineKind Kind = LineKind::Blank;
-    std::size_t CodeBegin = 0;
-    std::size_t CodeEnd = 0;
-    std::size_t CommentBegin = 0;
-    std::size_t CommentEnd = 0;
     bool HasQuotes = false;
   };
 

@@ -17,6 +17,12 @@
 
 namespace Grammar {
 
+/// Whether a line can have such text.
+constexpr bool MayHaveStrayTexts(LineKind Kind) {
+  return Kind == LineKind::Header || Kind == LineKind::Sequence || Kind == LineKind::Alignment ||
+         Kind == LineKind::Other;
+}
+
 /// What means nothing on a line that can be read: all of it, or what stands before and behind the
 /// header, the rule line or the alignment. In the order of the line, without blanks at the ends.
 std::vector<std::string_view> StrayTexts(const LineParts& Parts);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <tbb/concurrent_queue.h>
 #include <tbb/global_control.h>
 #include <tbb/parallel_pipeline.h>
 #include <tbb/task_arena.h>
@@ -19,12 +20,13 @@ inline unsigned ThreadCount(unsigned Wanted) {
 
 /// Reads batches one after the other, works on several at once, and finishes them in the order in
 /// which they were read. So what is written is the same for any number of threads. Only a few
-/// batches are held at a time. What a step throws ends the run and reaches the caller.
+/// batches are held at a time, and used again. What a step throws ends the run and reaches the
+/// caller.
 ///
 ///   RunPipeline<Batch>(2, ReadBatch, WorkOn, Write);
 ///
 /// @param Threads how many threads work; with one, all is done by the caller's
-/// @param Read fills a new batch; false where there is nothing more to read
+/// @param Read fills a batch, new or used; false where there is nothing more to read
 /// @param Work works on a batch; called on several threads at once
 /// @param Finish takes a batch that has been worked on
 template <typename BatchT, typename ReadT, typename WorkT, typename FinishT>
@@ -37,8 +39,12 @@ void RunPipeline(unsigned Threads, ReadT Read, WorkT Work, FinishT Finish) {
     return;
   }
   using Held = std::shared_ptr<BatchT>;
+  tbb::concurrent_queue<Held> Used;
   const auto ReadStep = [&](tbb::flow_control& Flow) {
-    Held Batch = std::make_shared<BatchT>();
+    Held Batch;
+    if (!Used.try_pop(Batch)) {
+      Batch = std::make_shared<BatchT>();
+    }
     if (!Read(*Batch)) {
       Flow.stop();
     }
@@ -48,7 +54,10 @@ void RunPipeline(unsigned Threads, ReadT Read, WorkT Work, FinishT Finish) {
     Work(*Batch);
     return Batch;
   };
-  const auto FinishStep = [&](const Held& Batch) { Finish(*Batch); };
+  const auto FinishStep = [&](const Held& Batch) {
+    Finish(*Batch);
+    Used.push(Batch);
+  };
   const std::size_t Most = std::size_t{4} * Threads;
   // Without this, more threads than cores are refused.
   const tbb::global_control Limit(tbb::global_control::max_allowed_parallelism, Threads);
