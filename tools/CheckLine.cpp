@@ -13,6 +13,7 @@ struct CheckLine {
   Grammar::CheckOptions Options;
   std::string Format = "text";
   std::string Severity;
+  std::string Starts;
 };
 
 Grammar::FindingFormat FormatOf(const std::string& Name) {
@@ -52,6 +53,9 @@ int Run(const CheckLine& Line) {
   Options.Format = FormatOf(Line.Format);
   Options.Version = ProgramVersion;
   Options.Least = LeastOf(Line.Severity);
+  if (!Line.Starts.empty()) {
+    Options.Starts = Line.Starts;
+  }
   return RunCheck(Line.Run, Options);
 }
 
@@ -67,11 +71,15 @@ void AddCheckCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   Command
       ->add_option("--severity", Line->Severity,
                    "the least that is shown, warning where it is not given; notes are what only "
-                   "concerns programs that use the library's own reader")
+                   "concerns programs that use the library's own reader, or may well be meant")
       ->check(CLI::IsMember({"error", "warning", "note"}));
   Command->add_option("--only", Line->Options.vsOnly, "tell these codes alone")->delimiter(',');
   Command->add_option("--except", Line->Options.vsExcept, "do not tell these codes")
       ->delimiter(',');
+  Command
+      ->add_option("--start", Line->Starts,
+                   "the types of whole texts: report rules that none of them leads to")
+      ->type_name("TYPES");
   Command->add_flag("--statistics", Line->Options.Statistics,
                     "show a table of codes and counts in place of the findings");
   AddThreads(*Command, Line->Run);

@@ -87,6 +87,7 @@ TEST(CheckCommand, TellsTheCodesThatAreWanted) {
     Options.Least = Least;
     Options.vsOnly = vsOnly;
     Options.vsExcept = vsExcept;
+    Options.vsExcept.emplace_back("TR050");
     const CheckEnd End = Check(Text, Options);
     Strings vsCodes;
     for (const auto& Each : nlohmann::json::parse(End.Result)) {
@@ -136,6 +137,7 @@ TEST(CheckCommand, WritesSarifWithColumnsInCharacters) {
   Options.Format = FindingFormat::Sarif;
   Options.Version = "1.2.3";
   Options.Least = Severity::Note;
+  Options.vsExcept = {"TR050"};
   const auto Log = nlohmann::json::parse(Check(RuleWith("((x1 \xC3\x89) == a)"), Options).Result);
   EXPECT_EQ(Log["version"], "2.1.0");
   const auto& Run = Log["runs"][0];
@@ -215,6 +217,7 @@ TEST(CheckCommand, ShowsAndCountsBySeverity) {
   for (const Case& Each : vCases) {
     CheckOptions Options;
     Options.Least = Each.Least;
+    Options.vsExcept = {"TR050"};
     const CheckEnd End = Check(Each.Text, Options);
     EXPECT_EQ(End.Status, Each.Status);
     EXPECT_EQ(End.Result, Each.Result);
@@ -249,14 +252,16 @@ TEST(CheckCommand, CountsInPlaceOfShowing) {
             "1  TR009  error    a constraint names a component that the rule does not have\n"
             "1  TR021  note     the reader shortens the type of the header\n"
             "1  TR024  note     a doubled equals sign\n"
-            "1  TR036  warning  an alignment is given twice\n");
-  EXPECT_EQ(Table.Streams, (Written{"", "1 error, 1 warning, 2 notes\n"}));
+            "1  TR036  warning  an alignment is given twice\n"
+            "3  TR050  note     no rule provides the label of a component\n");
+  EXPECT_EQ(Table.Streams, (Written{"", "1 error, 1 warning, 5 notes\n"}));
   EXPECT_EQ(Check(OneNote, Options).Status, Grammar::StatusClean);
   EXPECT_EQ(Check("", Options).Result, "");
   Options.Format = FindingFormat::Json;
   EXPECT_EQ(Check(OneNote, Options).Result,
             "[\n{\"code\":\"TR024\",\"severity\":\"note\",\"count\":1,\"title\":\"a doubled "
-            "equals sign\"}\n]\n");
+            "equals sign\"},\n{\"code\":\"TR050\",\"severity\":\"note\",\"count\":3,\"title\":"
+            "\"no rule provides the label of a component\"}\n]\n");
   Options.Format = FindingFormat::Sarif;
   EXPECT_THROW(Check(OneNote, Options), Grammar::RunError);
 }
@@ -272,6 +277,62 @@ TEST(CheckCommand, CountsTheSameNotesWhetherTheyAreShownOrNot) {
   const CheckEnd Shown = Check(Text, AllOptions);
   EXPECT_EQ(Counted.Result, Shown.Result);
   EXPECT_EQ(Counted.Streams, Shown.Streams);
+}
+
+// ---- The whole grammar ------------------------------------------------------------------------
+
+const std::string Lexicon = "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n((x0 num) = sg)\n";
+const std::string Missing = "NP::NP : [N A] -> [N]\n(X1::Y1)\n((x1 num) = pl)\n";
+
+TEST(CheckCommand, ReportsWhatOnlyAllFilesShowLast) {
+  const TestFolder Folder;
+  RunOptions Run;
+  Run.vsFiles = {Folder.Write("b.trr", Missing), Folder.Write("a.trr", Lexicon)};
+  Run.Output = Folder.Path("out");
+  CheckOptions Options;
+  Options.Starts = "n, S";
+  const auto CodesOf = [&] {
+    Options.Format = FindingFormat::Json;
+    WrittenBy([&] { RunCheck(Run, Options); });
+    Strings vsCodes;
+    for (const auto& Each : nlohmann::json::parse(Folder.Read("out"))) {
+      vsCodes.push_back(Each["code"].get<std::string>() + ' ' +
+                        Each["severity"].get<std::string>() + ' ' +
+                        std::to_string(Each["line"].get<int>()));
+    }
+    return vsCodes;
+  };
+  EXPECT_EQ(CodesOf(), (Strings{"TR051 warning 1", "TR050 warning 1", "TR052 warning 3"}));
+  Options.vsExcept = {"TR052", "TR051"};
+  EXPECT_EQ(CodesOf(), (Strings{"TR050 warning 1"}));
+  Options.vsExcept.clear();
+  Options.Starts.reset();
+  EXPECT_EQ(CodesOf(), (Strings{"TR050 warning 1", "TR052 warning 3"}));
+  // Without the lexicon, nothing is said where notes are not shown.
+  Run.vsFiles.pop_back();
+  EXPECT_EQ(CodesOf(), Strings());
+  Options.Least = Severity::Note;
+  EXPECT_EQ(CodesOf(), (Strings{"TR050 note 1", "TR050 note 1"}));
+}
+
+TEST(CheckCommand, NamesStartTypesWithoutRules) {
+  CheckOptions Options;
+  Options.Starts = "n,S";
+  const CheckEnd End = Check(Lexicon, Options);
+  EXPECT_EQ(End.Status, Grammar::StatusClean);
+  EXPECT_EQ(End.Streams, (Written{"", "trrule: --start: no usable rule has the type \"S\"\n"}));
+}
+
+TEST(CheckCommand, ReportsPlacesWithoutSourceUnlessThereIsAnError) {
+  const std::string Rule = "NP::NP : [N] -> [DET N]\n(X1::Y2)\n";
+  const CheckEnd End = Check(Rule, CheckOptions());
+  EXPECT_EQ(End.Status, Grammar::StatusFindings);
+  EXPECT_EQ(End.Result,
+            "a b.trr:1:18: warning TR015: the target component has no source to come from\n"
+            "  NP::NP : [N] -> [DET N]\n                   ^~~\n");
+  EXPECT_EQ(Check(Rule + "(x9 = x1)\n", CheckOptions()).Result,
+            "a b.trr:3:2: error TR009: there is no x9: the source side has 1 component\n"
+            "  (x9 = x1)\n   ^~\n");
 }
 
 // ---- Threads ----------------------------------------------------------------------------------

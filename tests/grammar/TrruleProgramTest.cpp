@@ -105,7 +105,7 @@ TEST(TrruleProgram, TakesCodesInAnyCase) {
       "a.trr:1:7: note TR022: the library's reader keeps the last digit of this number, 2; here "
       "it stays whole\n  {ADJP,12}\n        ^~\n";
   for (const Strings& vsOptions : {Strings{"--only", "tr022"}, Strings{"--only", "TR001, Tr022 "},
-                                   Strings{"--severity", "note", "--except=tr021"}}) {
+                                   Strings{"--severity", "note", "--except=tr021,tr050"}}) {
     Strings vsArguments{"check", "a.trr"};
     vsArguments.insert(vsArguments.end(), vsOptions.begin(), vsOptions.end());
     EXPECT_EQ(RunTrrule(vsArguments, Folder.Path("")),
@@ -273,7 +273,7 @@ TEST(TrruleProgram, IsCompletedByBash) {
             "check print sort unique json from-json translate explain help version\n");
   EXPECT_EQ(OfferedByBash("trrule p", 1), "print\n");
   EXPECT_EQ(OfferedByBash("trrule sort --r", 2), "--reverse\n");
-  EXPECT_EQ(OfferedByBash("trrule check --s", 2), "--severity --statistics\n");
+  EXPECT_EQ(OfferedByBash("trrule check --s", 2), "--severity --start --statistics\n");
   EXPECT_EQ(OfferedByBash("trrule check --severity ''", 3), "error warning note\n");
   EXPECT_EQ(OfferedByBash("trrule explain --", 2), "--help\n");
   EXPECT_EQ(OfferedByBash("trrule sort --by ''", 3), "index type count length\n");
@@ -288,15 +288,18 @@ TEST(TrruleProgram, HasItsCodesCompletedByBash) {
     All.append(All.empty() ? "" : " ").append(Each.Code);
   }
   EXPECT_EQ(OfferedByBash(Check + "--only ''", 3), All + "\n");
-  EXPECT_EQ(OfferedByBash(Check + "--except TR01", 3), "TR010 TR011 TR012 TR013 TR014 TR016\n");
-  EXPECT_EQ(OfferedByBash(Check + "--except tr01", 3), "TR010 TR011 TR012 TR013 TR014 TR016\n");
+  EXPECT_EQ(OfferedByBash(Check + "--except TR01", 3),
+            "TR010 TR011 TR012 TR013 TR014 TR015 TR016\n");
+  EXPECT_EQ(OfferedByBash(Check + "--except tr01", 3),
+            "TR010 TR011 TR012 TR013 TR014 TR015 TR016\n");
   EXPECT_EQ(OfferedByBash(Check + "--only TR001,TR03", 3).substr(0, 23), "TR001,TR030 TR001,TR031");
   EXPECT_EQ(OfferedByBash(Check + "--only TR001,TR002,TR010", 3), "TR001,TR002,TR010\n");
-  EXPECT_EQ(OfferedByBash(Check + "--only = TR01", 4), "TR010 TR011 TR012 TR013 TR014 TR016\n");
+  EXPECT_EQ(OfferedByBash(Check + "--only = TR01", 4),
+            "TR010 TR011 TR012 TR013 TR014 TR015 TR016\n");
   EXPECT_EQ(OfferedByBash(Check + "--only =", 3), All + "\n");
   EXPECT_EQ(OfferedByBash("/no/such/trrule check --only ''", 3), "\n");
   const std::string Explain = "'" + std::string(GrammarPaths::Program) + "' explain ";
-  EXPECT_EQ(OfferedByBash(Explain + "tr01", 2), "TR010 TR011 TR012 TR013 TR014 TR016\n");
+  EXPECT_EQ(OfferedByBash(Explain + "tr01", 2), "TR010 TR011 TR012 TR013 TR014 TR015 TR016\n");
   EXPECT_EQ(OfferedByBash(Explain + "TR001 TR04", 3),
             "TR040 TR041 TR042 TR043 TR044 TR045 TR046 TR047 TR048 TR049\n");
 }

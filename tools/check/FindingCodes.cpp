@@ -38,7 +38,7 @@ const std::vector<CodeInfo>& AllCodes() {
        "The sequence line says what a rule makes of what: two types and two sequences of labels. It "
        "is known by its \"] -> [\", written exactly so. Without it there is no rule.",
        "{NP,1}\nNP::NP : [DET N] => [N DET]\n(\n(X1::Y2)\n)",
-       "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n)", IsWhole},
+       "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n(X2::Y1)\n)", IsWhole},
       {"TR002", Severity::Error, "the rule has no alignment",
        "At least one component of the source has to become one of the target. The library takes a "
        "rule without an alignment for no rule.",
@@ -48,7 +48,7 @@ const std::vector<CodeInfo>& AllCodes() {
        "A rule has one sequence line. A second one in it is a leftover, or the beginning of a rule "
        "whose header was lost or whose predecessor was not closed.",
        "{NP,1}\nNP::NP : [N] -> [N]\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n)",
-       "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n)", IsWhole},
+       "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)", IsWhole},
       {"TR004", Severity::Error, "the types are missing or cannot be read",
        "The sequence line begins with the types of both sides, joined by \"::\" without blanks and "
        "followed by one.",
@@ -57,13 +57,13 @@ const std::vector<CodeInfo>& AllCodes() {
       {"TR005", Severity::Error, "the source sequence is missing or cannot be read",
        "The labels of the source stand in square brackets in front of the arrow, at least one of "
        "them.",
-       "{NP,1}\nNP::NP : DET N] -> [DET N]\n(\n(X1::Y1)\n)",
-       "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n)", IsWhole},
+       "{NP,1}\nNP::NP : DET N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)",
+       "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)", IsWhole},
       {"TR006", Severity::Error, "the target sequence is missing or cannot be read",
        "The labels of the target stand in square brackets after the arrow, at least one of them, "
        "and neither another arrow nor a \"::\" follows.",
-       "{NP,1}\nNP::NP : [DET N] -> [DET N\n(\n(X1::Y1)\n)",
-       "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n)", IsWhole},
+       "{NP,1}\nNP::NP : [DET N] -> [DET N\n(\n(X1::Y1)\n(X2::Y2)\n)",
+       "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)", IsWhole},
       {"TR007", Severity::Error, "the alignment cannot be read",
        "An alignment joins one component of the source with one of the target, by their numbers, "
        "in parentheses. Several pairs take several lines.",
@@ -81,7 +81,7 @@ const std::vector<CodeInfo>& AllCodes() {
        "Components are counted from 1 on each side. An alignment with one that is not there aligns "
        "nothing. The rule can be written all the same.",
        "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y3)\n)",
-       "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n)", IsWhole},
+       "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n(X2::Y1)\n)", IsWhole},
       {"TR011", Severity::Error, "the constraints refer to each other in a cycle",
        "Agreements are applied in an order in which each finds its value set already. Constraints "
        "that wait for each other have no such order, and the library does not write the rule.",
@@ -102,7 +102,14 @@ const std::vector<CodeInfo>& AllCodes() {
        "no part of the rule, and without it, the comment begins. print --as-library also reports "
        "rules by this code that the library's reader stops at, or cannot put in order.",
        "{VP,2}\nVP::VP \"a [b;;\" c] -> [V NP]\n(\n(X1::Y1)\n)",
-       "{VP,2}\nVP::VP : [b c] -> [V NP]\n(\n(X1::Y1)\n)", IsWhole},
+       "{VP,2}\nVP::VP : [b c] -> [V NP]\n(\n(X1::Y1)\n(X2::Y2)\n)", IsWhole},
+      {"TR015", Severity::Warning, "a target component has no source, or several",
+       "A target place gets its constituent from the source place that it is aligned with or, of "
+       "several, from the only one with its own label; a source place is wanted with one label. "
+       "Where that is not so, trrule translate leaves the rule out, and calls it an error. What the "
+       "source does not have, the target gets from literal words.",
+       "{NP,1}\nNP::NP : [N] -> [DET N]\n(\n(X1::Y2)\n)",
+       "{NP,1}\nNP::NP : [N] -> [\"el\" N]\n(\n(X1::Y2)\n)", IsWhole},
       {"TR016", Severity::Error, "the file is no grammar",
        "The file holds another kind of text, or none: it is in UTF-16, has bytes that no text has, "
        "or hardly a line that could be one of a rule. It gets this one finding.",
@@ -182,7 +189,7 @@ const std::vector<CodeInfo>& AllCodes() {
        "see above", ";; see above"},
       {"TR036", Severity::Warning, "an alignment is given twice",
        "The second one says nothing new; probably another pair was meant.",
-       "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n(X1::Y2)\n)",
+       "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n(X1::Y2)\n(X2::Y1)\n)",
        "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n(X2::Y1)\n)", IsWhole},
       {"TR037", Severity::Warning, "the line stands before the header of its rule",
        "A line before the first header of a file counts as part of that first rule. It may have "
@@ -196,8 +203,8 @@ const std::vector<CodeInfo>& AllCodes() {
       {"TR039", Severity::Warning, "a sign becomes part of a name",
        "Types, labels and the words of lists end at blanks alone. A comma, colon, bracket or lone "
        "double quote becomes part of the name, which then matches nothing.",
-       "{NP,1}\nNP::NP : [DET, N] -> [DET N]\n(\n(X1::Y1)\n)",
-       "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n)", IsWhole},
+       "{NP,1}\nNP::NP : [DET, N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)",
+       "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)", IsWhole},
       {"TR040", Severity::Warning, "the header has another type than the rule",
        "The header names a rule by the type of its source side. Another type was probably copied "
        "from another rule. The type of the target side counts, too, and the first two letters of "
@@ -240,6 +247,52 @@ const std::vector<CodeInfo>& AllCodes() {
        "The count of a rule is the number right after its first ;;Score:, at least 1 and at most "
        "2,147,483,647. Anything else is read as far as it goes.",
        ";;Score: many", ";;Score: 12"},
+      {"TR050", Severity::Warning, "no rule provides the label of a component",
+       "A place takes a constituent whose rule has the place's label as its source type and, where "
+       "the place is translated, the label of the target place as its target type. Where no rule of "
+       "all files has, nothing ever fills the place. It is a note where the files seem to be without "
+       "their lexicon: where no label is provided by words alone.",
+       "{N,1}\nN::N : [\"car\"] -> [\"auto\"]\n(\n(X1::Y1)\n)\n\n"
+       "{NP,1}\nNP::NP : [N ADJ] -> [N ADJ]\n(\n(X1::Y1)\n(X2::Y2)\n)",
+       "{N,1}\nN::N : [\"car\"] -> [\"auto\"]\n(\n(X1::Y1)\n)\n\n"
+       "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)",
+       IsWhole},
+      {"TR051", Severity::Warning, "no start type leads to a rule",
+       "With --start, only constituents of the start types are translations of a text. The rule is "
+       "part of none: no rule of a start type takes its constituents, nor one of those that make "
+       "up such a rule. The example is for --start NP.",
+       "{NP,1}\nNP::NP : [\"it\"] -> [\"lo\"]\n(\n(X1::Y1)\n)\n\n"
+       "{VP,1}\nVP::VP : [NP] -> [NP]\n(\n(X1::Y1)\n)",
+       "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)\n\n"
+       "{N,1}\nN::N : [\"it\"] -> [\"lo\"]\n(\n(X1::Y1)\n)",
+       IsWhole},
+      {"TR052", Severity::Warning, "no rule supplies the value that an equation wants",
+       "Every rule that could fill the place gives the feature a value, itself or by way of its own "
+       "places, and none of these values is one that the constraint takes. So the rule applies to no "
+       "text. It is a note where the files seem to be without their lexicon, as for TR050.",
+       "{N,1}\nN::N : [\"car\"] -> [\"auto\"]\n(\n(X1::Y1)\n((x0 num) = sg)\n)\n\n"
+       "{NP,1}\nNP::NP : [\"two\" N] -> [\"dos\" N]\n(\n(X2::Y2)\n((x2 num) = pl)\n)",
+       "{N,1}\nN::N : [\"cars\"] -> [\"autos\"]\n(\n(X1::Y1)\n((x0 num) = pl)\n)\n\n"
+       "{NP,1}\nNP::NP : [\"two\" N] -> [\"dos\" N]\n(\n(X2::Y2)\n((x2 num) = pl)\n)",
+       IsWhole},
+      {"TR053", Severity::Note, "unary rules lead in a cycle",
+       "A constituent becomes one of its own types again, by rules with one place each. No rule is "
+       "used twice in such a chain, so that it ends; but each text gets derivations that differ in "
+       "nothing else.",
+       "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)\n\n"
+       "{N,1}\nN::N : [NP] -> [NP]\n(\n(X1::Y1)\n)",
+       "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)\n\n"
+       "{N,1}\nN::N : [\"car\"] -> [\"auto\"]\n(\n(X1::Y1)\n)",
+       IsWhole},
+      {"TR054", Severity::Note, "two rules differ in their target side alone",
+       "They have the same source type, the same source sequence and the same constraints on it, so "
+       "that both apply wherever one does, and the text has both translations. Learned grammars are "
+       "full of such rules; in a grammar of few, a constraint may be missing.",
+       "{N,1}\nN::N : [\"bank\"] -> [\"banco\"]\n(\n(X1::Y1)\n)\n\n"
+       "{N,2}\nN::N : [\"bank\"] -> [\"orilla\"]\n(\n(X1::Y1)\n)",
+       "{N,1}\nN::N : [\"bank\"] -> [\"banco\"]\n(\n(X1::Y1)\n)\n\n"
+       "{N,2}\nN::N : [\"shore\"] -> [\"orilla\"]\n(\n(X1::Y1)\n)",
+       IsWhole},
   };
   return vCodes;
 }

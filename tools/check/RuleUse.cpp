@@ -3,6 +3,7 @@
 #include "RuleUse.h"
 
 #include "RuleChecker.h"
+#include "RuleFindings.h"
 #include "RuleRecord.h"
 
 #include <algorithm>
@@ -95,12 +96,25 @@ std::string_view MessageOf(PlaceSources::Fault What) {
 
 }  // namespace
 
+namespace {
+
 void ReportPlaces(const PlaceSources& Places, std::size_t Line, Severity Level,
                   RuleFindings& FindingsReturn) {
   for (const PlaceSources::Misfit& Each : Places.Misfits()) {
-    Finding& New = FindingsReturn.Add("TR010", Line, Each.Label, std::string(MessageOf(Each.What)));
-    New.Code = "TR015";
-    New.Level = Level;
+    FindingsReturn.Add("TR015", Line, Each.Label, std::string(MessageOf(Each.What))).Level = Level;
+  }
+}
+
+}  // namespace
+
+void CheckPlaces(const SourceRule& Lines, PlaceSources& PlacesReturn,
+                 std::vector<Finding>& vFindingsReturn) {
+  const auto IsError = [](const Finding& Each) { return Each.Level == Severity::Error; };
+  if (std::none_of(vFindingsReturn.begin(), vFindingsReturn.end(), IsError) &&
+      HasUsableLines(Lines) && !PlacesReturn.Find(Lines, false)) {
+    RuleFindings Findings(Lines.Text(), vFindingsReturn);
+    ReportPlaces(PlacesReturn, Lines.RuleLines().front().Line, Severity::Warning, Findings);
+    SortFindings(vFindingsReturn);
   }
 }
 

@@ -2,11 +2,9 @@
 
 #include "Finding.h"
 #include "PlaceSources.h"
-#include "RuleFindings.h"
 #include "SourceRule.h"
 #include "UsableRule.h"
 
-#include <cstddef>
 #include <vector>
 
 namespace Grammar {
@@ -38,9 +36,13 @@ bool ReadUsableRule(const RuleText& Text, bool IsReversed, SourceRule& LinesRetu
 void ReportUnusable(const SourceRule& Lines, bool IsReversed,
                     std::vector<Finding>& vFindingsReturn);
 
-/// Adds the places of a rule that have no source (TR015), each at its label.
-/// @param Line of the rule line, from 0 within the rule
-void ReportPlaces(const PlaceSources& Places, std::size_t Line, Severity Level,
-                  RuleFindings& FindingsReturn);
+/// Adds the places of a rule that have no source, as warnings (TR015): the rule is sound as a
+/// record, and cannot be applied to texts.
+/// @param PlacesReturn is written over; with the same one for many rules, none has to make its own
+/// @param vFindingsReturn what has been found in the rule before: where that is an error, nothing
+/// is
+///        added
+void CheckPlaces(const SourceRule& Lines, PlaceSources& PlacesReturn,
+                 std::vector<Finding>& vFindingsReturn);
 
 }  // namespace Grammar

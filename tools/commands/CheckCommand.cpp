@@ -1,14 +1,19 @@
 #include "CheckCommand.h"
 
+#include "Bytes.h"
 #include "FileKind.h"
 #include "FindingTally.h"
+#include "GrammarFindings.h"
 #include "MissingHeaders.h"
 #include "OutputFile.h"
 #include "Pipeline.h"
 #include "RepeatedRules.h"
+#include "RivalRules.h"
 #include "RuleChecker.h"
 #include "RuleFiles.h"
+#include "RuleUse.h"
 #include "RunError.h"
+#include "StartTypes.h"
 
 #include <unistd.h>
 
@@ -92,6 +97,7 @@ struct CheckBatch {
     bool IsFile = false;
     bool IsRead = false;
     RuleIdentity Identity;
+    RuleOutline Outline;
     std::vector<Finding> vFindings;
     std::string Shown;  ///< those that are shown, as they are written
     HiddenNotes Hidden;
@@ -170,24 +176,109 @@ class CheckReader {
   std::vector<std::string> vsFailures;   // since the last rule
 };
 
+/// Looks at the grammar as a whole, once all its rules have been seen.
+///
+/// What is only a note there is not looked for where notes are neither shown nor counted in a
+/// table: it is costly to know.
+class WholeChecker {
+ public:
+  WholeChecker(const FindingFilter& FilterPassIn, const CheckOptions& Options)
+      : Filter(FilterPassIn),
+        CountsNotes(Options.Statistics),
+        HasStarts(Options.Starts.has_value()) {
+    if (HasStarts) {
+      vsStarts = ParseStartTypes(*Options.Starts);
+    }
+  }
+
+  bool WantsShapes() const {
+    return Wants("TR050") || WantsStarts() || Wants("TR052") || Wants("TR053");
+  }
+  bool WantsRivals() const { return Wants("TR054"); }
+
+  /// Compares a rule with those before it.
+  void Add(const RuleText& Text, const RuleOutline& Outline, std::vector<Finding>& vReturn) {
+    if (WantsRivals()) {
+      Rivals.Check(Text, Outline, vReturn);
+    }
+    if (WantsShapes()) {
+      Shapes.Add(Text, Outline);
+    }
+  }
+
+  /// What is found in all rules together.
+  std::vector<Finding> End() {
+    Shapes.Finish();
+    ReportMissingStarts();
+    GrammarFindings Whole(Shapes);
+    if (Wants("TR050")) {
+      Whole.AddUnprovidedLabels();
+    }
+    if (WantsStarts()) {
+      Whole.AddUnreachableRules(vsStarts);
+    }
+    if (Wants("TR052")) {
+      Whole.AddUnsuppliedValues();
+    }
+    if (Wants("TR053")) {
+      Whole.AddUnaryCycles();
+    }
+    std::vector<Finding> vFindings = Whole.Take();
+    const auto IsHidden = [&](const Finding& Each) {
+      return !CountsNotes && !Filter.IsShown(Each.Level);
+    };
+    vFindings.erase(std::remove_if(vFindings.begin(), vFindings.end(), IsHidden), vFindings.end());
+    return vFindings;
+  }
+
+ private:
+  bool Wants(std::string_view Code) const {
+    return Filter.WantsShown(Code) || (CountsNotes && Filter.IsWanted(Code));
+  }
+  bool WantsStarts() const { return HasStarts && Wants("TR051"); }
+
+  void ReportMissingStarts() const {
+    for (const std::string& sStart : vsStarts) {
+      const std::uint32_t Label = Shapes.FindLabel(Upper(sStart));
+      if (Label == GrammarShapes::None || Shapes.ShapesOfType(Label).IsEmpty()) {
+        std::cerr << MissingStartText(sStart) + '\n';
+      }
+    }
+  }
+
+  const FindingFilter& Filter;
+  bool CountsNotes;
+  bool HasStarts;
+  std::vector<std::string> vsStarts;
+  GrammarShapes Shapes;
+  RivalRules Rivals;
+};
+
 /// Checks rules, each for itself on any thread, and then compares them in their order.
 class RulesChecker {
  public:
-  RulesChecker(const FindingFilter& FilterPassIn, bool StatisticsPassIn,
+  RulesChecker(const FindingFilter& FilterPassIn, const CheckOptions& Options,
                FindingWriter& WriterPassIn)
       : Filter(FilterPassIn),
-        Statistics(StatisticsPassIn),
+        Statistics(Options.Statistics),
         Writer(WriterPassIn),
-        Repeated(Filter.WantsShown("TR033"), Filter.WantsShown("TR034")) {}
+        Repeated(Filter.WantsShown("TR033"), Filter.WantsShown("TR034")),
+        Whole(Filter, Options) {}
 
   /// Called on several threads at once.
   void Prepare(CheckBatch& BatchReturn) const {
     RuleRecord Record;
+    PlaceSources Places;
+    OutlineMaker Outlines;
     std::string Block;
     for (CheckBatch::Item& Each : BatchReturn.Items) {
       if (!Each.IsFile && !Each.Text.Continues) {
         HiddenNotes* const Hidden = Filter.IsShown(Severity::Note) ? nullptr : &Each.Hidden;
         Each.IsRead = CheckRule(Each.Text, Record, Each.vFindings, Hidden);
+        CheckPlaces(Record.Lines(), Places, Each.vFindings);
+        if (Whole.WantsShapes() || Whole.WantsRivals()) {
+          Outlines.Make(Record.Lines(), Each.Outline);
+        }
       }
       if (Each.IsRead) {
         Each.Identity = Repeated.IdentityOf(Record, Block);
@@ -207,6 +298,17 @@ class RulesChecker {
       }
       Count(Each);
     }
+  }
+
+  /// To be called after the last batch.
+  void End() {
+    CheckBatch::Item Last;
+    Last.vFindings = Whole.End();
+    Last.Shown = ShownOf(Last.vFindings);
+    if (!Last.Shown.empty()) {
+      Writer.Write(Last.Shown);
+    }
+    Count(Last);
   }
 
   const FindingTally& Tally() const { return All; }
@@ -231,6 +333,7 @@ class RulesChecker {
       Repeated.Check(ItemReturn.Text, ItemReturn.Identity, ItemReturn.vFindings);
     }
     Headers.Check(ItemReturn.Text, ItemReturn.vFindings);
+    Whole.Add(ItemReturn.Text, ItemReturn.Outline, ItemReturn.vFindings);
     if (ItemReturn.vFindings.size() > Before) {
       SortFindings(ItemReturn.vFindings);
       ItemReturn.Shown = ShownOf(ItemReturn.vFindings);
@@ -255,6 +358,7 @@ class RulesChecker {
   FindingWriter& Writer;
   RepeatedRules Repeated;
   MissingHeaders Headers;
+  WholeChecker Whole;
   FindingTally All;
 };
 
@@ -300,7 +404,7 @@ int RunCheck(const RunOptions& Run, const CheckOptions& OptionsPassIn) {
   const FindingFormat Format = OptionsPassIn.Format;
   const std::unique_ptr<FindingWriter> Writer =
       MakeFindingWriter(Format, WantsColours(Run), OptionsPassIn.Version, Output);
-  RulesChecker Checker(Filter, Statistics, *Writer);
+  RulesChecker Checker(Filter, OptionsPassIn, *Writer);
   CheckReader Reader(Run, Filter.WantsShown("TR016"));
   if (!Statistics) {
     Writer->Begin();
@@ -309,6 +413,7 @@ int RunCheck(const RunOptions& Run, const CheckOptions& OptionsPassIn) {
       ThreadCount(Run.Threads), [&](CheckBatch& Batch) { return Reader.Read(Batch); },
       [&](CheckBatch& Batch) { Checker.Prepare(Batch); },
       [&](CheckBatch& Batch) { Checker.Finish(Batch); });
+  Checker.End();
   const FindingTally& Found = Checker.Tally();
   if (Statistics) {
     Output.Write(Format == FindingFormat::Json ? Found.JsonTable() : Found.Table());

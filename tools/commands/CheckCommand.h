@@ -15,6 +15,7 @@ struct CheckOptions {
   std::vector<std::string> vsOnly;    ///< the codes to report; none stands for all
   std::vector<std::string> vsExcept;  ///< the codes not to report
   bool Statistics = false;            ///< show a table of codes and counts in place of the findings
+  std::optional<std::string> Starts;  ///< start types between commas
   std::string Version;                ///< of the program, for SARIF
 };
 

@@ -9,6 +9,7 @@
 #include "RuleFiles.h"
 #include "RuleUse.h"
 #include "RunError.h"
+#include "StartTypes.h"
 
 #include <unistd.h>
 
@@ -55,21 +56,16 @@ Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Qui
 
 namespace {
 
-/// Cuts start types at commas; blanks mean nothing. A type without rules is told.
-std::vector<std::uint32_t> ParseStarts(std::string Text, const RuleSet& Rules) {
+/// The labels of start types. A type without rules is reported.
+std::vector<std::uint32_t> FindStarts(const std::string& Written, const RuleSet& Rules) {
   std::vector<std::uint32_t> vStarts;
-  Text.erase(std::remove(Text.begin(), Text.end(), ' '), Text.end());
-  std::size_t From = 0;
-  while (From <= Text.size()) {
-    const std::size_t End = std::min(Text.find(',', From), Text.size());
-    const std::string Type = Text.substr(From, End - From);
-    const std::uint32_t Label = Rules.FindSourceType(Type);
+  for (const std::string& sType : Grammar::ParseStartTypes(Written)) {
+    const std::uint32_t Label = Rules.FindSourceType(sType);
     if (Label == RuleSet::None) {
-      std::cerr << "trrule: --start: no usable rule has the type \"" << Type << "\"\n";
+      std::cerr << Grammar::MissingStartText(sType) + '\n';
     } else {
       vStarts.push_back(Label);
     }
-    From = End + 1;
   }
   return vStarts;
 }
@@ -80,7 +76,7 @@ TextOptions TextOptionsOf(const TranslateOptions& Options, const RuleSet& Rules)
       Texts.AllDerivations ? std::numeric_limits<std::uint64_t>::max() : 1);
   Texts.HasStarts = Options.Starts.has_value();
   if (Texts.HasStarts) {
-    Texts.vStarts = ParseStarts(*Options.Starts, Rules);
+    Texts.vStarts = FindStarts(*Options.Starts, Rules);
   }
   return Texts;
 }

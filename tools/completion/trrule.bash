@@ -62,7 +62,7 @@ _trrule() {
   esac
   if [ -z "$Words" ] && [[ $Word == -* ]]; then
     case ${COMP_WORDS[1]} in
-      check) Words="$Common --threads --format --severity --only --except --statistics" ;;
+      check) Words="$Common --threads --format --severity --only --except --start --statistics" ;;
       print)
         Words="$Common --keep-bad --threads --no-comments --one-line --from-one-line --flip"
         Words="$Words --as-library"

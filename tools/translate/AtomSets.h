@@ -8,6 +8,10 @@
 
 namespace Translate {
 
+using Grammar::HashOf;
+using Grammar::IndexTable;
+using Grammar::NoEntry;
+
 /// The number of a set of atoms.
 using AtomSetId = std::uint32_t;
 

@@ -12,6 +12,13 @@
 
 namespace Translate {
 
+using Grammar::HashOf;
+using Grammar::IndexTable;
+using Grammar::Mixed;
+using Grammar::NoEntry;
+using Grammar::Pair;
+using Grammar::PairTable;
+
 struct ChartLimits {
   std::uint32_t MaxChain = 8;
   std::uint64_t MaxConstituents = 1000000;

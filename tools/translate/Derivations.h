@@ -8,6 +8,8 @@
 
 namespace Translate {
 
+using Grammar::PairTable;
+
 /// Derivations, each once: two are the same tree of rules if and only if their numbers are.
 ///
 /// A derivation is a rule and the list of the derivations of its places. A list is its last

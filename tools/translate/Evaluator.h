@@ -12,6 +12,11 @@
 
 namespace Translate {
 
+using Grammar::IndexTable;
+using Grammar::Mixed;
+using Grammar::NoEntry;
+using Grammar::Pair;
+
 /// What the equations of rules make of the structures of their parts, each combination worked out
 /// once. One for each thread; what it has learned serves all texts.
 class Evaluator {

@@ -15,6 +15,7 @@ using Grammar::Equation;
 using Grammar::EquationKind;
 using Grammar::NodePath;
 using Grammar::Side;
+using Grammar::SymbolTable;
 using Grammar::UsableRule;
 
 /// A path of a program: a node and a stretch of the program's features.

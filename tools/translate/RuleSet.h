@@ -16,6 +16,9 @@
 
 namespace Translate {
 
+using Grammar::NoEntry;
+using Grammar::PairTable;
+
 struct RuleSetOptions {
   bool IsReversed = false;  ///< source and target change places
   bool MatchCase = false;   ///< literals match tokens with the same bytes only

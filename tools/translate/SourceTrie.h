@@ -9,6 +9,9 @@
 
 namespace Translate {
 
+using Grammar::NoEntry;
+using Grammar::PairTable;
+
 /// What a rule may want next: a literal, or a constituent for a slot.
 using SourceSymbol = std::uint32_t;
 

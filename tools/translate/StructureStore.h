@@ -9,6 +9,11 @@
 
 namespace Translate {
 
+using Grammar::HashOf;
+using Grammar::IndexTable;
+using Grammar::Mixed;
+using Grammar::NoEntry;
+
 /// The number of a feature structure.
 using StructureId = std::uint32_t;
 

@@ -9,6 +9,8 @@
 
 namespace Translate {
 
+using Grammar::PairTable;
+
 /// The line of a file: a constraint that gave a value.
 struct Origin {
   std::uint32_t File = 0;  ///< of a rule set's files

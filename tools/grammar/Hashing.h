@@ -8,7 +8,7 @@
 /// @file
 /// Hash tables of numbers, which is all that a chart is made of.
 
-namespace Translate {
+namespace Grammar {
 
 /// Spreads the bits of a number over all of its places.
 constexpr std::uint64_t Mixed(std::uint64_t Number) {
@@ -150,4 +150,4 @@ class PairTable {
   IndexTable Index;
 };
 
-}  // namespace Translate
+}  // namespace Grammar

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace Translate {
+namespace Grammar {
 
 /// Texts as numbers from 0, in the order in which they came first.
 ///
@@ -52,4 +52,4 @@ class SymbolTable {
   std::string Capitals;
 };
 
-}  // namespace Translate
+}  // namespace Grammar

@@ -4,12 +4,12 @@
 
 #include <algorithm>
 
-namespace Translate {
+namespace Grammar {
 
 std::uint32_t SymbolTable::InternUpper(std::string_view Text) {
   Capitals.assign(Text);
-  std::transform(Capitals.begin(), Capitals.end(), Capitals.begin(), Grammar::ToUpper);
+  std::transform(Capitals.begin(), Capitals.end(), Capitals.begin(), ToUpper);
   return Intern(Capitals);
 }
 
-}  // namespace Translate
+}  // namespace Grammar

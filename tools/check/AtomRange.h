@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace Grammar {
+
+/// The atoms that are possible at a path: some, or all but some.
+struct AtomRange {
+  bool IsNegated = true;
+  std::vector<std::uint32_t> vAtoms;  ///< ascending, none twice
+
+  bool IsAnything() const { return IsNegated && vAtoms.empty(); }
+  bool IsNothing() const { return !IsNegated && vAtoms.empty(); }
+};
+
+/// What two ranges have in common.
+AtomRange Common(const AtomRange& Left, const AtomRange& Right);
+
+/// Sorts atoms, and drops repetitions.
+void Tidy(std::vector<std::uint32_t>& vAtomsReturn);
+
+}  // namespace Grammar

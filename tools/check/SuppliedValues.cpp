@@ -1,0 +1,240 @@
+// Sections: what is wanted, where it comes from, settling, clashes.
+
+#include "SuppliedValues.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace Grammar {
+
+using Shape = GrammarShapes::Shape;
+using Equation = GrammarShapes::Equation;
+
+// ---- What is wanted ---------------------------------------------------------------------------
+
+namespace {
+
+constexpr std::uint32_t MaxPaths = 256;      // of a slot
+constexpr std::size_t MaxAtoms = 1U << 16U;  // of a path
+
+}  // namespace
+
+/// The variable of a path, a new one where there is none. One path too many can be anything.
+std::uint32_t SuppliedValues::Demand(std::uint32_t Slot, std::uint32_t Path) {
+  const std::uint32_t Number = Numbers.Intern(Slot, Path);
+  if (Number == Variables.size()) {
+    Variable& New = Variables.emplace_back();
+    New.Slot = Slot;
+    New.Path = Path;
+    New.IsAny = ++vPathCounts[Slot] > MaxPaths;
+  }
+  return Number;
+}
+
+std::uint32_t SuppliedValues::Demand(const Shape& Which, const ShapeGraph::Origin& From,
+                                     const std::vector<std::uint32_t>& vFeatures) {
+  std::uint32_t Path = From.Path;
+  for (const std::uint32_t Feature : vFeatures) {
+    Path = Shapes.Extended(Path, Feature);
+  }
+  return Demand(Shapes.PlacesOf(Which).First[From.Place].Slot, Path);
+}
+
+/// A node with features has no value, and one that is given nothing clashes by itself.
+void SuppliedValues::AddMeetings(std::uint32_t Index) {
+  const Shape& Which = Shapes.At(Index);
+  if (Which.PlaceCount == 0 || Which.EquationCount == 0) {
+    return;
+  }
+  Graph.Build(Which);
+  for (std::size_t At = 0; At < Graph.Nodes().size(); ++At) {
+    const ShapeGraph::Node& Node = Graph.Nodes()[At];
+    const bool IsMet = Node.vOrigins.size() > (Node.Given.IsAnything() ? 1U : 0U);
+    if (!Graph.IsOwn(At) || !Node.vFeatures.empty() || !IsMet || Node.Given.IsNothing()) {
+      continue;
+    }
+    Meeting& New = Meetings.emplace_back();
+    New.Shape = Index;
+    New.Line = Node.ValueLine != 0 ? Node.ValueLine : Node.LinkLine;
+    New.Given = Node.Given;
+    New.vOrigins = Node.vOrigins;
+    for (const ShapeGraph::Origin& Each : New.vOrigins) {
+      New.vVariables.push_back(Demand(Which, Each, {}));
+    }
+  }
+}
+
+// ---- Where it comes from ----------------------------------------------------------------------
+
+/// @return false where the path can be anything
+bool SuppliedValues::AddGiven(std::uint32_t Number, const AtomRange& Given) {
+  if (Given.IsNegated) {
+    return false;
+  }
+  std::vector<std::uint32_t>& vAtoms = Variables[Number].vAtoms;
+  vAtoms.insert(vAtoms.end(), Given.vAtoms.begin(), Given.vAtoms.end());
+  return true;
+}
+
+/// Of a shape without links, such as an entry of a lexicon: only values of the very path count.
+bool SuppliedValues::AddFlowOfValues(std::uint32_t Number, const Shape& Which) {
+  AtomRange Any;
+  AtomRange Not;
+  for (const Equation& Each : Shapes.EquationsOf(Which)) {
+    if (Each.Left.Node != 0 || Each.Left.Path != Variables[Number].Path) {
+      continue;
+    }
+    AtomRange& Range = Each.What == GrammarShapes::Kind::Any ? Any : Not;
+    Any.IsNegated = Any.IsNegated && Each.What == GrammarShapes::Kind::Not;
+    for (std::uint32_t Index = 0; Index < Each.AtomCount; ++Index) {
+      Range.vAtoms.push_back(Shapes.AtomAt(Each.FirstAtom + Index));
+    }
+  }
+  Tidy(Any.vAtoms);
+  Tidy(Not.vAtoms);
+  return AddGiven(Number, Common(Any, Not));
+}
+
+/// @return false where the shape lets the path be anything
+bool SuppliedValues::AddFlow(std::uint32_t Number, const Shape& Which) {
+  const auto IsLink = [](const Equation& Each) { return Each.What == GrammarShapes::Kind::Link; };
+  const auto Equations = Shapes.EquationsOf(Which);
+  if (!Which.IsUsable) {
+    return false;
+  }
+  if (std::none_of(Equations.begin(), Equations.end(), IsLink)) {
+    return AddFlowOfValues(Number, Which);
+  }
+  Graph.Build(Which);
+  const ShapeGraph::Node& Node = Graph.Follow(Variables[Number].Path, vRest);
+  if (vRest.empty() ? !Node.vFeatures.empty() : !Node.Given.IsAnything()) {
+    return false;
+  }
+  if (Node.vOrigins.empty()) {
+    return AddGiven(Number, Node.Given);
+  }
+  Flow& New = Flows.emplace_back();
+  New.To = Number;
+  New.Given = Node.Given;
+  for (const ShapeGraph::Origin& Each : Node.vOrigins) {
+    New.vFrom.push_back(Demand(Which, Each, vRest));
+  }
+  for (const std::uint32_t From : New.vFrom) {
+    Variables[From].vUsers.push_back(static_cast<std::uint32_t>(Flows.size() - 1));
+  }
+  return true;
+}
+
+void SuppliedValues::Expand(std::uint32_t Number) {
+  for (const std::uint32_t Each : Shapes.ProvidersOf(Variables[Number].Slot)) {
+    if (Variables[Number].IsAny || !AddFlow(Number, Shapes.At(Each))) {
+      SetAny(Number);
+      return;
+    }
+  }
+  Tidy(Variables[Number].vAtoms);
+  if (Variables[Number].vAtoms.size() > MaxAtoms) {
+    SetAny(Number);
+  }
+}
+
+// ---- Settling ---------------------------------------------------------------------------------
+
+void SuppliedValues::Wake(Variable& VariableReturn, std::uint32_t Number) {
+  if (!VariableReturn.IsWaiting) {
+    VariableReturn.IsWaiting = true;
+    Waiting.push_back(Number);
+  }
+}
+
+void SuppliedValues::SetAny(std::uint32_t Number) {
+  Variable& Each = Variables[Number];
+  Each.IsAny = true;
+  Each.vAtoms = {};
+  Wake(Each, Number);
+}
+
+void SuppliedValues::AddAtoms(std::uint32_t Number, const std::vector<std::uint32_t>& vAtoms) {
+  Variable& Each = Variables[Number];
+  std::vector<std::uint32_t> vAll;
+  std::set_union(Each.vAtoms.begin(), Each.vAtoms.end(), vAtoms.begin(), vAtoms.end(),
+                 std::back_inserter(vAll));
+  if (vAll.size() > MaxAtoms) {
+    SetAny(Number);
+  } else if (vAll.size() > Each.vAtoms.size()) {
+    Each.vAtoms = std::move(vAll);
+    Wake(Each, Number);
+  }
+}
+
+void SuppliedValues::Apply(const Flow& Each) {
+  if (Variables[Each.To].IsAny) {
+    return;
+  }
+  AtomRange Range = Each.Given;
+  for (const std::uint32_t From : Each.vFrom) {
+    if (!Variables[From].IsAny) {
+      Range = Common(Range, {false, Variables[From].vAtoms});
+    }
+  }
+  if (Range.IsNegated) {
+    SetAny(Each.To);
+  } else {
+    AddAtoms(Each.To, Range.vAtoms);
+  }
+}
+
+/// Lets values flow until nothing is new. They only ever become more, so that the order does not
+/// matter.
+void SuppliedValues::Settle() {
+  std::for_each(Flows.begin(), Flows.end(), [this](const Flow& Each) { Apply(Each); });
+  while (!Waiting.empty()) {
+    const std::uint32_t Number = Waiting.front();
+    Waiting.pop_front();
+    Variables[Number].IsWaiting = false;
+    for (const std::uint32_t User : Variables[Number].vUsers) {
+      Apply(Flows[User]);
+    }
+  }
+}
+
+// ---- Clashes ----------------------------------------------------------------------------------
+
+/// Where a place gets no value at all, nothing can fill it; that is another matter.
+std::optional<SuppliedValues::Clash> SuppliedValues::ClashOf(const Meeting& Each) const {
+  Clash Found{Each.Shape, Each.Line, {}};
+  AtomRange Range = Each.Given;
+  for (std::size_t Index = 0; Index < Each.vVariables.size(); ++Index) {
+    const Variable& From = Variables[Each.vVariables[Index]];
+    if (From.IsAny) {
+      continue;
+    }
+    if (From.vAtoms.empty()) {
+      return std::nullopt;
+    }
+    Range = Common(Range, {false, From.vAtoms});
+    Found.vSupplies.push_back({Each.vOrigins[Index], From.vAtoms});
+  }
+  return Range.IsNothing() ? std::optional<Clash>(std::move(Found)) : std::nullopt;
+}
+
+std::vector<SuppliedValues::Clash> SuppliedValues::FindClashes() {
+  vPathCounts.assign(Shapes.SlotCount(), 0);
+  for (std::uint32_t Index = 0; Index < Shapes.Size(); ++Index) {
+    AddMeetings(Index);
+  }
+  for (std::uint32_t Number = 0; Number < Variables.size(); ++Number) {
+    Expand(Number);
+  }
+  Settle();
+  std::vector<Clash> vClashes;
+  for (const Meeting& Each : Meetings) {
+    if (std::optional<Clash> Found = ClashOf(Each)) {
+      vClashes.push_back(std::move(*Found));
+    }
+  }
+  return vClashes;
+}
+
+}  // namespace Grammar
