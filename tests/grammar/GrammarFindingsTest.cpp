@@ -271,8 +271,8 @@ TEST(RivalRules, AreAlikeButForTheirTargetSide) {
   const std::string First =
       Rule("N::N [\"Bank\" A] -> [\"banco\" A]", "(X2::Y2)\n((x1 f) = (x2 g))");
   const std::string Message =
-      " TR054 note: only the target of this rule differs from that of another one: whatever they fit "
-      "has several translations (1)";
+      " TR054 note: only the target of this rule differs from that of another one: the source does not "
+      "decide between them (1)";
   const struct {
     std::string Second;
     Strings vsExpected;

@@ -285,9 +285,10 @@ const std::vector<CodeInfo>& AllCodes() {
        "{N,1}\nN::N : [\"car\"] -> [\"auto\"]\n(\n(X1::Y1)\n)",
        IsWhole},
       {"TR054", Severity::Note, "two rules differ in their target side alone",
-       "They have the same source type, the same source sequence and the same constraints on it, so "
-       "that both apply wherever one does, and the text has both translations. Learned grammars are "
-       "full of such rules; in a grammar of few, a constraint may be missing.",
+       "They have the same source type, the same source sequence and the same constraints on it. "
+       "Where no constraint of the target decides between them, a text has both translations. "
+       "Learned grammars are full of such rules, and so are lexicons with several forms of a word; "
+       "elsewhere, a constraint may be missing.",
        "{N,1}\nN::N : [\"bank\"] -> [\"banco\"]\n(\n(X1::Y1)\n)\n\n"
        "{N,2}\nN::N : [\"bank\"] -> [\"orilla\"]\n(\n(X1::Y1)\n)",
        "{N,1}\nN::N : [\"bank\"] -> [\"banco\"]\n(\n(X1::Y1)\n)\n\n"

@@ -23,8 +23,8 @@ void RivalRules::Check(const RuleText& Text, const RuleOutline& Outline,
   RuleFindings Findings(Text, vFindingsReturn);
   Finding& New =
       Findings.Add("TR054", Outline.RuleLine, Text.Parts(Outline.RuleLine).Code,
-                   "only the target of this rule differs from that of another one: whatever they "
-                   "fit has several translations");
+                   "only the target of this rule differs from that of another one: the source does "
+                   "not decide between them");
   New.OtherFile = vsFiles[First.File];
   New.OtherLine = First.Line;
 }

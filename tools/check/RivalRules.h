@@ -12,7 +12,7 @@
 namespace Grammar {
 
 /// Finds rules that are alike but for their target side: same source type, same source sequence,
-/// same equations of the source. They always apply together, and each of their texts has several
+/// same equations of the source. Where nothing of the target decides between them, a text has both
 /// translations.
 ///
 /// Of each rule it remembers some sixty bytes, however long the rule is. That two different texts
