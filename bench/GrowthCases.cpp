@@ -9,6 +9,7 @@
 // n log n work about 4.7 times, more or less if a buffer happens to double. Where the result or the
 // output grows with the square, so must the work, and the limit allows it.
 
+#include "ConstraintCycles.h"
 #include "LineUp.h"
 #include "TrRule.h"
 
@@ -353,6 +354,20 @@ Work EraseConstraints(int Size) {
   };
 }
 
+/// Each node waits for the next one, and every tenth also for the first of its ten.
+Work FindCycles(int Size) {
+  constexpr int SourceNode = 1;
+  std::vector<Grammar::Reference> vReferences;
+  for (int Number = 0; Number < Size; ++Number) {
+    const auto Line = static_cast<std::size_t>(Number);
+    vReferences.push_back({SourceNode, Number, Number + 1, Line});
+    if (Number % 10 == 9) {
+      vReferences.push_back({SourceNode, Number, Number - 9, Line});
+    }
+  }
+  return [vReferences] { Grammar::FindCycles(vReferences); };
+}
+
 // ---- Whole rules ------------------------------------------------------------------------------
 
 Work Print(int Size) {
@@ -424,6 +439,7 @@ const std::vector<Case>& Cases() {
       {"copy", 1000, Linear, Copy},
       {"compare", 500, Linear, Compare},
       {"write alternatives", 1000, Linear, WriteAlternatives},
+      {"find cycles", 1000, Linear, FindCycles},
   };
   return vCases;
 }
