@@ -51,17 +51,21 @@ void AppendColoured(std::string_view Colour, bool Colours, std::string& TextRetu
   TextReturn += Colours ? Plain : std::string_view();
 }
 
-/// Appends a text as it looks: bytes that would move the cursor are shown as question marks.
-void AppendShown(std::string_view Text, std::string& TextReturn) {
+constexpr bool MovesCursor(char Byte) {
   constexpr unsigned char Delete = 0x7F;
-  const auto MovesCursor = [](char Byte) {
-    const auto Value = static_cast<unsigned char>(Byte);
-    return (Value < ' ' && Byte != '\t') || Value == Delete;
-  };
+  const auto Value = static_cast<unsigned char>(Byte);
+  return (Value < ' ' && Byte != '\t') || Value == Delete;
+}
+
+/// Appends a text as it looks: bytes that would move the cursor are shown as question marks. Hardly
+/// a text has any; counting them to the end takes several bytes at a time.
+void AppendShown(std::string_view Text, std::string& TextReturn) {
   const std::size_t Begin = TextReturn.size();
   TextReturn += Text;
-  std::replace_if(TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin), TextReturn.end(),
-                  MovesCursor, '?');
+  if (std::count_if(Text.begin(), Text.end(), MovesCursor) > 0) {
+    std::replace_if(TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin), TextReturn.end(),
+                    MovesCursor, '?');
+  }
 }
 
 /// As much of a long line as fits around what is meant, and where that begins in it.

@@ -112,8 +112,7 @@ class Checker {
   bool IsMerged = false;       // what comes now belongs to another rule, whose header is missing
   std::size_t Alignments = 0;  // how many of the rule's alignments are its own
   std::vector<const SourceRule::ConstraintLine*> vConstraints;  // those that the library can use
-  std::vector<bool> vIsAligned[2];
-  std::set<std::string> ssTold;  // components without an alignment
+  std::vector<bool> vIsAligned[2];  // components with an alignment, or reported to have none
 };
 
 /// The part of a line, where it is the one that comes next.
@@ -324,8 +323,11 @@ const char* AlsoReadAs(const LineMarks& Marks) {
   return Marks.HasBrace ? "a header" : nullptr;
 }
 
+/// Most comments have no sign of a mark, which is quick to see.
 LineMarks MarksOf(std::string_view Comment) {
-  return TrRuleInternal::ScanLine(Comment).Whole;
+  const bool HasSign = Contains(Comment, "=") || Contains(Comment, "::") ||
+                       Contains(Comment, "{") || Contains(Comment, "] -> [");
+  return HasSign ? TrRuleInternal::ScanLine(Comment).Whole : LineMarks();
 }
 
 void Checker::CheckComment(std::size_t Line, std::string_view Comment) {
@@ -620,6 +622,8 @@ void Checker::Check() {
 
 void Checker::CheckAlignments() {
   CheckRepeatedAlignments();
+  vIsAligned[0].resize(Rule.SLLabels().size() + 1);
+  vIsAligned[1].resize(Rule.TLLabels().size() + 1);
   for (std::size_t Place = 0; HasLabels && Place < Alignments; ++Place) {
     const auto& [Line, Parts] = Rule.Alignments()[Place];
     CheckIndex(Line, 'X', Parts.X, Parts.XText);
@@ -657,10 +661,8 @@ bool HasComponent(const std::vector<std::string_view>& vLabels, int Index) {
 /// Looks at one side of an alignment, and notes the component as aligned.
 void Checker::CheckIndex(std::size_t Line, char Side, int Index, std::string_view Digits) {
   const std::vector<std::string_view>& vLabels = Rule.LabelsOf(Side);
-  std::vector<bool>& vAligned = vIsAligned[Side == 'X' ? 0 : 1];
-  vAligned.resize(vLabels.size() + 1);
   if (HasComponent(vLabels, Index)) {
-    vAligned[static_cast<std::size_t>(Index)] = true;
+    vIsAligned[Side == 'X' ? 0 : 1][static_cast<std::size_t>(Index)] = true;
     return;
   }
   const std::string_view Name(Digits.data() - 1, Digits.size() + 1);
@@ -687,15 +689,15 @@ void Checker::CheckComponent(const NodeText& Node, std::size_t Line) {
     Findings.Add("TR009", Line, Node.Text, MissingComponent(Node.Text, Node.Side, vLabels.size()));
     return;
   }
-  const std::vector<bool>& vAligned = vIsAligned[Node.Side == 'X' ? 0 : 1];
-  const bool IsAligned = Index < vAligned.size() && vAligned[Index];
-  if (Index > 0 && !IsAligned && !IsLiteral(vLabels[Index - 1]) &&
-      ssTold.insert(Upper(Node.Text)).second) {
-    std::string Message;
-    TrRuleInternal::Append(Message,
-                           {Node.Text, " (", Upper(vLabels[Index - 1]), ") has no alignment"});
-    Findings.Add("TR030", Line, Node.Text, std::move(Message));
+  std::vector<bool>& vAligned = vIsAligned[Node.Side == 'X' ? 0 : 1];
+  if (Index == 0 || vAligned[Index] || IsLiteral(vLabels[Index - 1])) {
+    return;
   }
+  vAligned[Index] = true;
+  std::string Message;
+  TrRuleInternal::Append(Message,
+                         {Node.Text, " (", Upper(vLabels[Index - 1]), ") has no alignment"});
+  Findings.Add("TR030", Line, Node.Text, std::move(Message));
 }
 
 /// Whether two features have the same words.

@@ -88,8 +88,10 @@ Finding FileFinding(const std::string& Name, std::string_view Start, std::string
   return New;
 }
 
-/// Rules that are checked together, with all that is found in each for itself.
-struct CheckBatch {
+/// Rules that are checked together, with all that is found in each for itself. Their storage is
+/// used again by the next rules.
+class CheckBatch {
+ public:
   /// One rule, or in its place a file that is no grammar.
   struct Item {
     std::vector<std::string> vsFailures;  ///< of files before it
@@ -101,9 +103,38 @@ struct CheckBatch {
     std::vector<Finding> vFindings;
     std::string Shown;  ///< those that are shown, as they are written
     HiddenNotes Hidden;
-  };
 
-  std::deque<Item> Items;  // which never move
+    void Clear() {
+      vsFailures.clear();
+      IsFile = false;
+      IsRead = false;
+      Outline = RuleOutline();
+      vFindings.clear();
+      Shown.clear();
+      Hidden.clear();
+    }
+  };
+  using Iterator = std::deque<Item>::iterator;
+
+  void Clear() { Count = 0; }
+  bool IsEmpty() const { return Count == 0; }
+
+  Item& Add() {
+    if (Count == Items.size()) {
+      Items.emplace_back();
+    }
+    Items[Count].Clear();
+    return Items[Count++];
+  }
+
+  void RemoveLast() { --Count; }
+
+  Iterator begin() { return Items.begin(); }
+  Iterator end() { return Items.begin() + static_cast<std::ptrdiff_t>(Count); }
+
+ private:
+  std::deque<Item> Items;
+  std::size_t Count = 0;  // how many of them are in use
 };
 
 /// Reads the files of a run batch by batch.
@@ -118,17 +149,17 @@ class CheckReader {
   /// Reads about so many bytes of rules, at least one rule. @return false after the last one
   bool Read(CheckBatch& BatchReturn) {
     constexpr std::size_t WantedSize = std::size_t{1} << 16;
-    BatchReturn.Items.clear();
+    BatchReturn.Clear();
     for (std::size_t Size = 0; Size < WantedSize;) {
-      CheckBatch::Item& New = BatchReturn.Items.emplace_back();
+      CheckBatch::Item& New = BatchReturn.Add();
       if (!ReadItem(New)) {
-        BatchReturn.Items.pop_back();
+        BatchReturn.RemoveLast();
         break;
       }
       New.vsFailures.swap(vsFailures);
       Size += New.Text.Text.size();
     }
-    return !BatchReturn.Items.empty();
+    return !BatchReturn.IsEmpty();
   }
 
   /// To be called after the last batch has been finished. @return whether some file has failed
@@ -271,7 +302,7 @@ class RulesChecker {
     PlaceSources Places;
     OutlineMaker Outlines;
     std::string Block;
-    for (CheckBatch::Item& Each : BatchReturn.Items) {
+    for (CheckBatch::Item& Each : BatchReturn) {
       if (!Each.IsFile && !Each.Text.Continues) {
         HiddenNotes* const Hidden = Filter.IsShown(Severity::Note) ? nullptr : &Each.Hidden;
         Each.IsRead = CheckRule(Each.Text, Record, Each.vFindings, Hidden);
@@ -283,12 +314,12 @@ class RulesChecker {
       if (Each.IsRead) {
         Each.Identity = Repeated.IdentityOf(Record, Block);
       }
-      Each.Shown = ShownOf(Each.vFindings);
+      AppendShown(Each);
     }
   }
 
   void Finish(CheckBatch& BatchReturn) {
-    for (CheckBatch::Item& Each : BatchReturn.Items) {
+    for (CheckBatch::Item& Each : BatchReturn) {
       CheckReader::ReportFailures(Each.vsFailures);
       if (!Each.IsFile) {
         Compare(Each);
@@ -304,7 +335,7 @@ class RulesChecker {
   void End() {
     CheckBatch::Item Last;
     Last.vFindings = Whole.End();
-    Last.Shown = ShownOf(Last.vFindings);
+    AppendShown(Last);
     if (!Last.Shown.empty()) {
       Writer.Write(Last.Shown);
     }
@@ -314,16 +345,15 @@ class RulesChecker {
   const FindingTally& Tally() const { return All; }
 
  private:
-  std::string ShownOf(const std::vector<Finding>& vFindings) const {
-    std::string Text;
-    if (!Statistics) {
-      for (const Finding& Each : vFindings) {
-        if (Filter.IsShown(Each)) {
-          Writer.Append(Each, Text);
-        }
+  void AppendShown(CheckBatch::Item& ItemReturn) const {
+    if (Statistics) {
+      return;
+    }
+    for (const Finding& Each : ItemReturn.vFindings) {
+      if (Filter.IsShown(Each)) {
+        Writer.Append(Each, ItemReturn.Shown);
       }
     }
-    return Text;
   }
 
   /// Adds what is found only beside other rules.
@@ -336,7 +366,8 @@ class RulesChecker {
     Whole.Add(ItemReturn.Text, ItemReturn.Outline, ItemReturn.vFindings);
     if (ItemReturn.vFindings.size() > Before) {
       SortFindings(ItemReturn.vFindings);
-      ItemReturn.Shown = ShownOf(ItemReturn.vFindings);
+      ItemReturn.Shown.clear();
+      AppendShown(ItemReturn);
     }
   }
 
