@@ -1,7 +1,8 @@
 #include "CommandLine.h"
+#include "LimitOptions.h"
 #include "TranslateCommand.h"
 
-#include <charconv>
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -33,30 +34,6 @@ constexpr const char* Footer =
 const std::map<std::string, Translate::TextFormat> Formats{{"plain", Translate::TextFormat::Plain},
                                                            {"json", Translate::TextFormat::Json},
                                                            {"tree", Translate::TextFormat::Tree}};
-
-/// A number from `Least` on, and nothing else.
-std::uint64_t ParseNumber(const std::string& Option, const std::string& Text, std::uint64_t Least) {
-  std::uint64_t Number = 0;
-  const char* End = Text.data() + Text.size();
-  const auto Result = std::from_chars(Text.data(), End, Number);
-  if (Text.empty() || Result.ec != std::errc() || Result.ptr != End || Number < Least) {
-    throw CLI::ValidationError(Option,
-                               Text + " is no number from " + std::to_string(Least) + " on");
-  }
-  return Number;
-}
-
-/// Adds an option with a number behind it.
-template <typename SetT>
-void AddNumber(CLI::App& CommandReturn, const std::string& Name, std::uint64_t Least,
-               const std::string& Help, SetT Set) {
-  CommandReturn
-      .add_option_function<std::string>(
-          Name,
-          [Name, Least, Set](const std::string& Text) { Set(ParseNumber(Name, Text, Least)); },
-          Help)
-      ->type_name("N");
-}
 
 void AddInputs(CLI::App& CommandReturn, TranslateLine& LineReturn) {
   Translate::TranslateOptions& Options = LineReturn.Options;
@@ -98,25 +75,12 @@ void AddWanted(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsRetu
 }
 
 void AddLimits(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsReturn) {
-  constexpr std::uint64_t MaxChain = 1000000;
-  constexpr std::uint64_t MaxConstituents = 1000000000;
-  constexpr std::uint64_t MaxThreads = 1024;
-  AddNumber(CommandReturn, "--max-chain", 0, "so many unary rules in a row; 8 otherwise",
-            [&](std::uint64_t Number) {
-              OptionsReturn.Texts.Limits.MaxChain =
-                  static_cast<std::uint32_t>(std::min(Number, MaxChain));
-            });
-  AddNumber(CommandReturn, "--max-constituents", 0,
-            "give a text up with more constituents; 1000000 otherwise", [&](std::uint64_t Number) {
-              OptionsReturn.Texts.Limits.MaxConstituents = std::min(Number, MaxConstituents);
-            });
+  AddChartLimits(CommandReturn, OptionsReturn.Texts.Limits);
   AddNumber(CommandReturn, "--max-derivations", 0,
             "give up when more have been passed over; 100000 otherwise",
             [&](std::uint64_t Number) { OptionsReturn.Texts.MaxDerivations = Number; });
-  AddNumber(CommandReturn, "--threads", 1, "translate so many texts at once; all cores otherwise",
-            [&](std::uint64_t Number) {
-              OptionsReturn.Threads = static_cast<unsigned>(std::min(Number, MaxThreads));
-            });
+  AddTextThreads(CommandReturn, "translate so many texts at once; all cores otherwise",
+                 OptionsReturn.Threads);
 }
 
 int Run(const TranslateLine& Line) {

@@ -23,6 +23,7 @@ constexpr const char* Footer =
     "  trrule json np.trr                     one JSON object a line\n"
     "  trrule from-json rules.jsonl           and back\n"
     "  trrule translate np.trr --text TEXT    what the rules make of a text\n"
+    "  trrule test np.trr                     the examples in its comments\n"
     "  trrule explain TR011                   what a code of check means\n"
     "  trrule help sort                       all of one command\n";
 
@@ -56,6 +57,7 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddJsonCommand(Program, Chosen);
   AddFromJsonCommand(Program, Chosen);
   AddTranslateCommand(Program, Chosen);
+  AddTestCommand(Program, Chosen);
   AddExplainCommand(Program, Chosen);
   AddHelpCommand(Program, Chosen);
   AddVersionCommand(Program, Chosen);

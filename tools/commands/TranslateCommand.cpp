@@ -26,7 +26,7 @@ namespace Translate {
 // ---- Grammars ---------------------------------------------------------------------------------
 
 Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Quiet,
-                            RuleSet& RulesReturn) {
+                            RuleSet& RulesReturn, const LoadVisitor& Visit) {
   Grammar::RuleFiles Files(vsGrammars, Quiet);
   // With a part of the grammar, texts would mean something else.
   Files.ReportFailuresTo([](const std::string& Message) { throw Grammar::RunError(Message); });
@@ -40,11 +40,16 @@ Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Qui
     }
     ++Tally.Rules;
     vFindings.clear();
-    if (ReadUsableRule(Text, RulesReturn.Settings().IsReversed, Lines, Rule, vFindings)) {
+    const bool IsUsable =
+        ReadUsableRule(Text, RulesReturn.Settings().IsReversed, Lines, Rule, vFindings);
+    if (IsUsable) {
       RulesReturn.Add(Rule, static_cast<std::uint32_t>(Tally.Rules));
     } else {
       Grammar::Report(vFindings);
       ++Tally.LeftOut;
+    }
+    if (Visit) {
+      Visit(Text, Rule, IsUsable, vFindings);
     }
   }
   RulesReturn.Finish();
@@ -54,9 +59,6 @@ Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Qui
 
 // ---- Start types ------------------------------------------------------------------------------
 
-namespace {
-
-/// The labels of start types. A type without rules is reported.
 std::vector<std::uint32_t> FindStarts(const std::string& Written, const RuleSet& Rules) {
   std::vector<std::uint32_t> vStarts;
   for (const std::string& sType : Grammar::ParseStartTypes(Written)) {
@@ -69,6 +71,8 @@ std::vector<std::uint32_t> FindStarts(const std::string& Written, const RuleSet&
   }
   return vStarts;
 }
+
+namespace {
 
 TextOptions TextOptionsOf(const TranslateOptions& Options, const RuleSet& Rules) {
   TextOptions Texts = Options.Texts;

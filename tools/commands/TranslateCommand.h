@@ -6,6 +6,7 @@
 #include "Translator.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,10 +32,21 @@ struct TranslateOptions {
 /// @return `Grammar::StatusFindings` where something was told of a rule or a text
 int RunTranslate(const TranslateOptions& Options);
 
+/// Gets each rule of a grammar right after it has been read, and, if it can be used, added to the
+/// rule set; otherwise with what is wrong with it. The rule may be changed.
+using LoadVisitor =
+    std::function<void(const Grammar::RuleText& Text, UsableRule& Rule, bool IsUsable,
+                       const std::vector<Grammar::Finding>& vFindings)>;
+
 /// Reads grammars into a rule set, as every command that applies rules does. What is wrong with
-/// rules that are left out is told on standard error.
+/// rules that are left out is told on standard error. Throws `Grammar::RunError`.
+/// @param Visit may be empty
 /// @return how many rules there are, and how many of them are left out
 Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Quiet,
-                            RuleSet& RulesReturn);
+                            RuleSet& RulesReturn, const LoadVisitor& Visit = {});
+
+/// The labels of start types, as `--start` has them. A type without usable rules is reported on
+/// standard error.
+std::vector<std::uint32_t> FindStarts(const std::string& Written, const RuleSet& Rules);
 
 }  // namespace Translate

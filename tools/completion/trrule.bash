@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique json from-json translate explain help version'
+  local Commands='check print sort unique json from-json translate test explain help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -37,6 +37,7 @@ _trrule() {
     --format)
       case ${COMP_WORDS[1]} in
         translate) Words='plain json tree' ;;
+        test) Words='plain json junit tap' ;;
         *) Words='text json sarif' ;;
       esac
       ;;
@@ -76,6 +77,11 @@ _trrule() {
         Words="$Common --text --lexicon -k --all-derivations --start --partial --reverse"
         Words="$Words --match-case --format --count --origins --max-chain --max-constituents"
         Words="$Words --max-derivations --threads"
+        ;;
+      test)
+        Words="-o --output -q --quiet -h --help --reverse --match-case --format --strict"
+        Words="$Words --no-coverage --max-chain --max-constituents --max-derivations --threads"
+        Words="$Words --examples --start --fail-under --baseline --accept"
         ;;
     esac
   fi

@@ -3,6 +3,7 @@
 #include "BestDerivations.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace Translate {
@@ -13,6 +14,7 @@ void BestDerivations::Begin() {
   const std::size_t Nodes =
       Parsed.Constituents().size() + Parsed.Items().size() + Parsed.Groups().size() + 1;
   Store.Clear();
+  Texts.Clear();
   vBest.assign(Nodes, NoEntry);
   vFrontiers.clear();
   Opened.clear();
@@ -35,13 +37,10 @@ BestDerivations::NodeId BestDerivations::GoalsNode() const {
 }
 
 BestDerivations::Kind BestDerivations::KindOf(NodeId Node) const {
-  if (Node < Parsed.Constituents().size()) {
+  if (Node < Parsed.Constituents().size() || Node == GoalsNode()) {
     return Kind::Constituent;
   }
-  if (Node < NodeOfGroup(0)) {
-    return Kind::Item;
-  }
-  return Node == GoalsNode() ? Kind::Goals : Kind::Group;
+  return Node < NodeOfGroup(0) ? Kind::Item : Kind::Group;
 }
 
 /// Visits the ways of a constituent, the steps of an item, or the members of a group, each with the
@@ -50,6 +49,12 @@ template <typename VisitT>
 void BestDerivations::ForEachAlternative(NodeId Node, VisitT Visit) const {
   switch (KindOf(Node)) {
     case Kind::Constituent:
+      if (Node == GoalsNode()) {
+        for (const std::uint32_t Way : vGoals) {
+          Visit(Parts{Way, PartOfWay(Way), NoEntry});
+        }
+        break;
+      }
       for (std::uint32_t Way = Parsed.Constituents()[Node].FirstWay; Way != NoEntry;
            Way = Parsed.Ways()[Way].Next) {
         Visit(Parts{Way, PartOfWay(Way), NoEntry});
@@ -69,11 +74,6 @@ void BestDerivations::ForEachAlternative(NodeId Node, VisitT Visit) const {
       }
       break;
     }
-    case Kind::Goals:
-      for (const std::uint32_t Goal : vGoals) {
-        Visit(Parts{Goal, Goal, NoEntry});
-      }
-      break;
   }
 }
 
@@ -148,17 +148,19 @@ std::uint32_t BestDerivations::Keep(NodeId Node, const Candidate& Which) {
 std::int64_t BestDerivations::ScoreOf(NodeId Node) const {
   switch (KindOf(Node)) {
     case Kind::Constituent:
-      return Parsed.Constituents()[Node].Score;
+      return Node == GoalsNode() ? ScoreOfGoals() : Parsed.Constituents()[Node].Score;
     case Kind::Item:
       return Parsed.Items()[Node - NodeOfItem(0)].Score;
     case Kind::Group:
-      return Parsed.Groups()[Node - NodeOfGroup(0)].Score;
-    case Kind::Goals:
       break;
   }
-  std::int64_t Best = Parsed.Constituents()[vGoals.front()].Score;
-  for (const std::uint32_t Goal : vGoals) {
-    Best = std::max(Best, Parsed.Constituents()[Goal].Score);
+  return Parsed.Groups()[Node - NodeOfGroup(0)].Score;
+}
+
+std::int64_t BestDerivations::ScoreOfGoals() const {
+  std::int64_t Best = std::numeric_limits<std::int64_t>::min();
+  for (const std::uint32_t Way : vGoals) {
+    Best = std::max(Best, Parsed.Ways()[Way].Weight + ScoreOf(PartOfWay(Way)));
   }
   return Best;
 }
@@ -253,6 +255,15 @@ void BestDerivations::PushCandidate(NodeId Node, const Candidate& New,
       [&](const Candidate& Left, const Candidate& Right) { return IsBetter(What, Right, Left); });
 }
 
+/// Whether a derivation gives words that the better ones of its node do not. Where it does not,
+/// nothing that has it as a part gives new words, since a better one could be the part.
+bool BestDerivations::IsWanted(NodeId Node, std::uint32_t Which, Frontier& FrontierReturn) {
+  return !IsDistinct ||
+         FrontierReturn.sTexts
+             .insert(KindOf(Node) == Kind::Item ? Texts.OfList(Which) : Texts.OfTree(Which))
+             .second;
+}
+
 /// Takes the best candidate; those that come behind it have to wait for their parts.
 void BestDerivations::TakeBest(NodeId Node, Frontier& FrontierReturn) {
   const Kind What = KindOf(Node);
@@ -261,7 +272,10 @@ void BestDerivations::TakeBest(NodeId Node, Frontier& FrontierReturn) {
       [&](const Candidate& Left, const Candidate& Right) { return IsBetter(What, Right, Left); });
   const Candidate Used = FrontierReturn.vHeap.back();
   FrontierReturn.vHeap.pop_back();
-  FrontierReturn.vBest.push_back(Keep(Node, Used));
+  const std::uint32_t Kept = Keep(Node, Used);
+  if (IsWanted(Node, Kept, FrontierReturn)) {
+    FrontierReturn.vBest.push_back(Kept);
+  }
   Candidate Next = Used;
   if (Used.Of.Last != NoEntry) {
     ++Next.LastRank;
@@ -354,8 +368,19 @@ void BestDerivations::FindRanked(NodeId Root, std::uint32_t Rank) {
 
 // ---- Goals ------------------------------------------------------------------------------------
 
-void BestDerivations::SetGoals(std::vector<std::uint32_t> vConstituents) {
-  vGoals = std::move(vConstituents);
+void BestDerivations::SetGoals(const std::vector<std::uint32_t>& vConstituents) {
+  std::vector<std::uint32_t> vWays;
+  for (const std::uint32_t Each : vConstituents) {
+    for (std::uint32_t Way = Parsed.Constituents()[Each].FirstWay; Way != NoEntry;
+         Way = Parsed.Ways()[Way].Next) {
+      vWays.push_back(Way);
+    }
+  }
+  SetGoalWays(std::move(vWays));
+}
+
+void BestDerivations::SetGoalWays(std::vector<std::uint32_t> vWays) {
+  vGoals = std::move(vWays);
   vBest[GoalsNode()] = NoEntry;
   if (!vFrontiers.empty()) {
     vFrontiers[GoalsNode()] = NoEntry;
@@ -365,6 +390,14 @@ void BestDerivations::SetGoals(std::vector<std::uint32_t> vConstituents) {
     vIsTooMany[GoalsNode()] = false;
   }
   NextRank = 0;
+}
+
+void BestDerivations::WantDistinct(bool IsDistinctPassIn) {
+  if (IsDistinct != IsDistinctPassIn) {
+    vFrontiers.clear();
+    Opened.clear();
+  }
+  IsDistinct = IsDistinctPassIn;
 }
 
 std::optional<Derivations::TreeId> BestDerivations::Next() {

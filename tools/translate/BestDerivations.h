@@ -2,11 +2,13 @@
 
 #include "Chart.h"
 #include "Derivations.h"
+#include "TargetText.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <optional>
+#include <unordered_set>
 #include <vector>
 
 namespace Translate {
@@ -22,13 +24,21 @@ namespace Translate {
 ///   while (const auto Tree = Best.Next()) { Best.Trees().ScoreOfTree(*Tree); }
 class BestDerivations {
  public:
-  explicit BestDerivations(const Chart& ParsedPassIn) : Parsed(ParsedPassIn) {}
+  explicit BestDerivations(const Chart& ParsedPassIn)
+      : Parsed(ParsedPassIn), Texts(ParsedPassIn.Grammar(), Store) {}
 
   /// To be called for each text, after it has been parsed.
   void Begin();
 
   /// Sets the constituents whose derivations `Next` gives, from the first on.
-  void SetGoals(std::vector<std::uint32_t> vConstituents);
+  void SetGoals(const std::vector<std::uint32_t>& vConstituents);
+
+  /// The same for derivations that begin with one of these ways of constituents.
+  void SetGoalWays(std::vector<std::uint32_t> vWays);
+
+  /// Has `Next` pass over derivations whose words others gave before, from the next goals on. Those
+  /// are not worked out, so that it takes no longer for their number.
+  void WantDistinct(bool IsDistinctPassIn);
 
   /// The next derivation of the goals; nothing behind the last.
   std::optional<Derivations::TreeId> Next();
@@ -61,13 +71,15 @@ class BestDerivations {
 
   /// What is known of a node beyond its best.
   struct Frontier {
-    std::vector<std::uint32_t> vBest;  ///< trees or lists, in order
-    std::vector<Candidate> vHeap;      ///< the best on top
-    std::vector<Candidate> vPending;   ///< whose parts have to be worked out first
+    std::vector<std::uint32_t> vBest;          ///< trees or lists, in order
+    std::vector<Candidate> vHeap;              ///< the best on top
+    std::vector<Candidate> vPending;           ///< whose parts have to be worked out first
+    std::unordered_set<std::uint32_t> sTexts;  ///< of those, where each is wanted once
     bool IsExhausted = false;
   };
 
-  enum class Kind : std::uint8_t { Constituent, Item, Group, Goals };
+  /// The goals are a constituent that may be made in all of their ways.
+  enum class Kind : std::uint8_t { Constituent, Item, Group };
 
   Kind KindOf(NodeId Node) const;
   NodeId NodeOfItem(std::uint32_t Item) const;
@@ -85,6 +97,7 @@ class BestDerivations {
   template <typename VisitT>
   void ForEachBestAlternative(NodeId Node, VisitT Visit) const;
   std::int64_t ScoreOf(NodeId Node) const;
+  std::int64_t ScoreOfGoals() const;
   void PushUnknownParts(NodeId Node, bool OnlyBest);
   void WorkOut(NodeId Root, bool OnlyBest);
   void ChooseBest(NodeId Node);
@@ -94,6 +107,7 @@ class BestDerivations {
   Frontier& Open(NodeId Node);
   void PushCandidate(NodeId Node, const Candidate& New, Frontier& FrontierReturn) const;
   void TakeBest(NodeId Node, Frontier& FrontierReturn);
+  bool IsWanted(NodeId Node, std::uint32_t Which, Frontier& FrontierReturn);
   void FindRanked(NodeId Root, std::uint32_t Rank);
   void Advance(NodeId Node);
   enum class PartState : std::uint8_t { Known, Awaited, Missing };
@@ -112,10 +126,12 @@ class BestDerivations {
 
   const Chart& Parsed;
   Derivations Store;
+  TargetTexts Texts;
+  bool IsDistinct = false;
   std::vector<std::uint32_t> vBest;       // of each node; `NoEntry` where it is not known yet
   std::vector<std::uint32_t> vFrontiers;  // of each node that has one
   std::deque<Frontier> Opened;
-  std::vector<std::uint32_t> vGoals;
+  std::vector<std::uint32_t> vGoals;  // ways
   std::vector<NodeId> vStack;
   std::vector<Wanted> vWanted;
   std::vector<std::uint64_t> vCounts;  // of derivations; 0 where it is not known yet

@@ -11,6 +11,12 @@ namespace Translate {
 
 // ---- A text -----------------------------------------------------------------------------------
 
+std::string LimitError(ChartOutcome Outcome, const ChartLimits& Limits) {
+  return Outcome == ChartOutcome::TooManyItems
+             ? "the rules match in too many ways before their last component"
+             : "there are more than " + std::to_string(Limits.MaxConstituents) + " constituents";
+}
+
 void Chart::Clear() {
   vTokens.clear();
   vLiterals.clear();
@@ -173,7 +179,7 @@ void Chart::Complete(std::uint32_t Through) {
       return;
     }
     const std::optional<StructurePair> Made =
-        Equations->Evaluate(By.Evaluation, vItems[Through].Keys);
+        Equations->Evaluate(EvaluationOf(By), vItems[Through].Keys);
     if (Made) {
       AddConstituent({InCell, By.Types, Made->Source, Made->Target, 0, None, 0}, By, Through);
     }
@@ -233,17 +239,21 @@ void Chart::ApplyUnary(std::uint32_t Below, SourceSymbol Slot) {
     if (Contains(Part.Chain, By.Rule)) {
       continue;
     }
-    Evaluator::KeysId Keys = Evaluator::NoKeys;
-    if (By.Evaluation != RuleSet::None && Rules.EvaluationAt(By.Evaluation).Keys > 0) {
-      Keys = Equations->AddKey(Keys, {Part.Source, Part.Target});
-    }
-    const std::optional<StructurePair> Made = Equations->Evaluate(By.Evaluation, Keys);
+    const std::optional<StructurePair> Made =
+        Equations->Evaluate(EvaluationOf(By), UnaryKeys(By, Part));
     if (Made) {
       AddConstituent({Part.Cell, By.Types, Made->Source, Made->Target,
                       ChainWith(Part.Chain, By.Rule), None, 0},
                      By, Below | Way::UnaryMark);
     }
   }
+}
+
+/// What a unary rule looks at in its only part.
+Evaluator::KeysId Chart::UnaryKeys(const RuleSet::Ending& By, const Constituent& Part) const {
+  const bool Looks = By.Evaluation != RuleSet::None && Rules.EvaluationAt(By.Evaluation).Keys > 0;
+  return Looks ? Equations->AddKey(Evaluator::NoKeys, {Part.Source, Part.Target})
+               : Evaluator::KeysId{Evaluator::NoKeys};
 }
 
 SourceTrie::Range<std::uint32_t> Chart::ChainRules(std::uint32_t Which) const {

@@ -33,6 +33,9 @@ enum class ChartOutcome : std::uint8_t {
   TooManyItems,  ///< rules whose parts have many structures come through them in too many ways
 };
 
+/// What to say of a chart that is not whole.
+std::string LimitError(ChartOutcome Outcome, const ChartLimits& Limits);
+
 /// All constituents of a text, each once, with all ways to make it.
 ///
 /// Spans are worked on from the right to the left, and from the shorter to the longer, so that what
@@ -122,6 +125,22 @@ class Chart {
 
   /// What kept the last text's chart from having all of its constituents, if anything did.
   ChartOutcome Outcome() const { return HowFar; }
+
+  /// Takes a variant for its rule, from the next text on; without a rule, all rules as they are.
+  void Replace(const RuleSet::Variant& VariantPassIn) { Replaced = VariantPassIn; }
+
+  /// A rule that was tried on parts of the text, and what it looked at in them.
+  struct Trial {
+    std::uint32_t Rule;
+    std::uint32_t Evaluation;
+    Evaluator::KeysId Keys;
+  };
+
+  /// Visits all trials of the last text, also where it had too many constituents; some more than
+  /// once.
+  /// @param Visit gets a `Trial`
+  template <typename VisitT>
+  void ForEachTrial(VisitT Visit) const;
 
   const RuleSet& Grammar() const { return Rules; }
   const std::vector<std::string_view>& Tokens() const { return vTokens; }
@@ -233,7 +252,13 @@ class Chart {
   GroupName NameOfLast(const Item& Of) const;
   std::uint32_t FindGroup(std::uint32_t Start, std::uint32_t End, const GroupName& Name) const;
 
+  std::uint32_t EvaluationOf(const RuleSet::Ending& By) const {
+    return By.Rule == Replaced.Rule ? Replaced.Evaluation : By.Evaluation;
+  }
+  Evaluator::KeysId UnaryKeys(const RuleSet::Ending& By, const Constituent& Part) const;
+
   const RuleSet& Rules;
+  RuleSet::Variant Replaced;
   ChartLimits Limits;
   ChartOutcome HowFar = ChartOutcome::Whole;
   Evaluator* Equations = nullptr;
@@ -269,5 +294,27 @@ class Chart {
   std::vector<std::uint64_t> vBySlot;
   std::vector<std::uint32_t> vSorted;
 };
+
+template <typename VisitT>
+void Chart::ForEachTrial(VisitT Visit) const {
+  for (const Item& Each : vItems) {
+    for (const RuleSet::Ending& By : Rules.EndingsAt(Each.Node)) {
+      Visit(Trial{By.Rule, By.Evaluation, Each.Keys});
+    }
+  }
+  for (const Constituent& Each : vConstituents) {
+    for (const SourceSymbol Slot :
+         {Rules.SlotOfAnyTarget(Each.Types), Rules.SlotOfBoth(Each.Types)}) {
+      if (Slot == RuleSet::None || vChains[Each.Chain].Size >= Limits.MaxChain) {
+        continue;
+      }
+      for (const RuleSet::Ending& By : Rules.UnaryRules(Slot)) {
+        if (!Contains(Each.Chain, By.Rule)) {
+          Visit(Trial{By.Rule, By.Evaluation, UnaryKeys(By, Each)});
+        }
+      }
+    }
+  }
+}
 
 }  // namespace Translate

@@ -1,6 +1,7 @@
 #include "Derivations.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace Translate {
 
@@ -33,6 +34,26 @@ void Derivations::PartsOf(TreeId Which, std::vector<TreeId>& vPartsReturn) const
     vPartsReturn.push_back(Last(Each));
   }
   std::reverse(vPartsReturn.begin(), vPartsReturn.end());
+}
+
+std::vector<std::uint32_t> Derivations::RulesOf(TreeId Which) const {
+  std::vector<std::uint32_t> vRules;
+  std::vector<TreeId> vStack{Which};
+  std::unordered_set<TreeId> sSeen;
+  while (!vStack.empty()) {
+    const TreeId Each = vStack.back();
+    vStack.pop_back();
+    if (!sSeen.insert(Each).second) {
+      continue;
+    }
+    vRules.push_back(Rule(Each));
+    for (ListId Part = Parts(Each); Part != NoList; Part = Before(Part)) {
+      vStack.push_back(Last(Part));
+    }
+  }
+  std::sort(vRules.begin(), vRules.end());
+  vRules.erase(std::unique(vRules.begin(), vRules.end()), vRules.end());
+  return vRules;
 }
 
 /// Finds the first difference of two lists that are not the same.

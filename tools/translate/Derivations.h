@@ -41,6 +41,9 @@ class Derivations {
   /// The derivations of a tree's places, in order.
   void PartsOf(TreeId Which, std::vector<TreeId>& vPartsReturn) const;
 
+  /// The rules of a tree, ascending, each once.
+  std::vector<std::uint32_t> RulesOf(TreeId Which) const;
+
   /// Compares the numbers of the rules, listed root first and parts in order.
   /// @return less than 0 where the left list comes first, 0 where they are the same
   int CompareTrees(TreeId Left, TreeId Right) const;

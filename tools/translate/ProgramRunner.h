@@ -15,6 +15,11 @@ namespace Translate {
 struct StructurePair {
   StructureId Source = StructureStore::Open;  ///< S
   StructureId Target = StructureStore::Open;  ///< T
+
+  friend bool operator==(StructurePair Left, StructurePair Right) {
+    return Left.Source == Right.Source && Left.Target == Right.Target;
+  }
+  friend bool operator!=(StructurePair Left, StructurePair Right) { return !(Left == Right); }
 };
 
 /// Carries out the equations of one rule over the structures of its parts, step by step. Each step

@@ -58,21 +58,27 @@ void RuleSet::AddTargets(const UsableRule& Source, Rule& RuleReturn) {
   RuleReturn.TargetCount = static_cast<std::uint32_t>(vTargets.size()) - RuleReturn.FirstTarget;
 }
 
-/// Until `Finish`, the program's number stands in the place of the evaluation's.
-void RuleSet::AddProgram(const UsableRule& Source, Rule& RuleReturn) {
-  RuleReturn.FirstLine = static_cast<std::uint32_t>(vStepLines.size());
-  RuleReturn.Evaluation = None;
+/// The number of the program that a rule's equations make, `None` where it has none. The lines of
+/// its steps are left in `vLines`.
+std::uint32_t RuleSet::InternProgram(const UsableRule& Source) {
+  vLines.clear();
   if (Source.vEquations.empty()) {
-    return;
+    return None;
   }
   Program New = Compiler.Compile(Source, vLines);
-  vStepLines.insert(vStepLines.end(), vLines.begin(), vLines.end());
   const auto [Found, IsNew] =
       ProgramNumbers.emplace(KeyOf(New), static_cast<std::uint32_t>(vPrograms.size()));
   if (IsNew) {
     vPrograms.push_back(std::move(New));
   }
-  RuleReturn.Evaluation = Found->second;
+  return Found->second;
+}
+
+/// Until `Finish`, the program's number stands in the place of the evaluation's.
+void RuleSet::AddProgram(const UsableRule& Source, Rule& RuleReturn) {
+  RuleReturn.FirstLine = static_cast<std::uint32_t>(vStepLines.size());
+  RuleReturn.Evaluation = InternProgram(Source);
+  vStepLines.insert(vStepLines.end(), vLines.begin(), vLines.end());
 }
 
 void RuleSet::Add(const UsableRule& Source, std::uint32_t Number) {
@@ -89,6 +95,11 @@ void RuleSet::Add(const UsableRule& Source, std::uint32_t Number) {
   AddTargets(Source, New);
   AddProgram(Source, New);
   vRules.push_back(New);
+}
+
+std::uint32_t RuleSet::AddVariant(const UsableRule& Source) {
+  vVariants.push_back({static_cast<std::uint32_t>(vRules.size() - 1), InternProgram(Source)});
+  return static_cast<std::uint32_t>(vVariants.size() - 1);
 }
 
 // ---- Weights ----------------------------------------------------------------------------------
@@ -199,26 +210,37 @@ std::uint32_t RuleSet::AddEvaluation(std::uint32_t Number,
   return Found->second;
 }
 
-/// Puts evaluations in the place of programs, now that it is known what the trie looks at.
+/// What some rule with the same beginning looks at, for each of a rule's places.
+void RuleSet::AddSeenNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsReturn) const {
+  if (IsUnary(Each)) {
+    AddNeeds(Each, vNeedsReturn);
+    return;
+  }
+  vNeedsReturn.clear();
+  std::uint32_t Node = SourceTrie::Root;
+  for (const SourceSymbol Symbol : SymbolsOf(Each)) {
+    Node = Sequences.Child(Node, Symbol);
+    if ((Symbol & SourceTrie::LiteralMark) == 0) {
+      vNeedsReturn.push_back(Sequences.Needs(Node));
+    }
+  }
+}
+
+/// Puts evaluations in the place of programs, now that it is known what the trie looks at. A
+/// variant looks at nothing that its rule does not look at, so it gets the keys of its rule.
 void RuleSet::SetEvaluations() {
   std::vector<std::uint8_t> vNeeds;
+  for (Variant& Each : vVariants) {
+    if (Each.Evaluation != None) {
+      AddSeenNeeds(vRules[Each.Rule], vNeeds);
+      Each.Evaluation = AddEvaluation(Each.Evaluation, vNeeds);
+    }
+  }
   for (Rule& Each : vRules) {
-    if (Each.Evaluation == None) {
-      continue;
+    if (Each.Evaluation != None) {
+      AddSeenNeeds(Each, vNeeds);
+      Each.Evaluation = AddEvaluation(Each.Evaluation, vNeeds);
     }
-    if (IsUnary(Each)) {
-      AddNeeds(Each, vNeeds);
-    } else {
-      vNeeds.clear();
-      std::uint32_t Node = SourceTrie::Root;
-      for (const SourceSymbol Symbol : SymbolsOf(Each)) {
-        Node = Sequences.Child(Node, Symbol);
-        if ((Symbol & SourceTrie::LiteralMark) == 0) {
-          vNeeds.push_back(Sequences.Needs(Node));
-        }
-      }
-    }
-    Each.Evaluation = AddEvaluation(Each.Evaluation, vNeeds);
   }
 }
 

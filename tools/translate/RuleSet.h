@@ -77,6 +77,12 @@ class RuleSet {
     std::int32_t Weight;
   };
 
+  /// A rule with other equations than its own.
+  struct Variant {
+    std::uint32_t Rule = None;
+    std::uint32_t Evaluation = None;  ///< `None` where no equations are left
+  };
+
   explicit RuleSet(const RuleSetOptions& OptionsPassIn) : Options(OptionsPassIn) {}
 
   RuleSet(const RuleSet&) = delete;
@@ -84,6 +90,11 @@ class RuleSet {
 
   /// Adds a rule that can be used. Rules have to come in the order of their numbers.
   void Add(const UsableRule& Source, std::uint32_t Number);
+
+  /// Adds the rule that was added last once more, with some of its equations left out. It is a rule
+  /// of its own only where a chart is told to take it for the whole one.
+  /// @return its number among the variants, which count from 0
+  std::uint32_t AddVariant(const UsableRule& Source);
 
   /// To be called behind the last rule.
   void Finish();
@@ -147,6 +158,8 @@ class RuleSet {
     return Each.SymbolCount == 1 && (vSymbols[Each.FirstSymbol] & SourceTrie::LiteralMark) == 0;
   }
 
+  const Variant& VariantAt(std::uint32_t Number) const { return vVariants[Number]; }
+
   const Evaluation& EvaluationAt(std::uint32_t Index) const { return vEvaluations[Index]; }
   const Program& ProgramAt(std::uint32_t Index) const { return vPrograms[Index]; }
   const AtomSets& Atoms() const { return Sets; }
@@ -155,12 +168,14 @@ class RuleSet {
   void AddSymbols(const UsableRule& Source, Rule& RuleReturn);
   void AddTargets(const UsableRule& Source, Rule& RuleReturn);
   void AddProgram(const UsableRule& Source, Rule& RuleReturn);
+  std::uint32_t InternProgram(const UsableRule& Source);
   void SetWeights();
   void FillTrie();
   void FillSlots();
   void SetEvaluations();
   void FillEndings();
   void AddNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsReturn) const;
+  void AddSeenNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsReturn) const;
   std::uint32_t AddEvaluation(std::uint32_t Program, const std::vector<std::uint8_t>& vNeeds);
 
   RuleSetOptions Options;
@@ -181,6 +196,7 @@ class RuleSet {
   std::vector<Program> vPrograms;
   std::unordered_map<std::string, std::uint32_t> ProgramNumbers;
   std::vector<Evaluation> vEvaluations;
+  std::vector<Variant> vVariants;
   std::unordered_map<std::string, std::uint32_t> EvaluationNumbers;
   std::vector<bool> vIsSourceType;
   ProgramCompiler Compiler{Features, AtomNames, Sets};

@@ -1,6 +1,8 @@
-// Sections: a text, translations, pieces, words, trees.
+// Sections: a text, translations, pieces, trees.
 
 #include "Translator.h"
+
+#include "TargetText.h"
 
 #include <algorithm>
 #include <limits>
@@ -11,22 +13,12 @@ namespace Translate {
 
 // ---- A text -----------------------------------------------------------------------------------
 
-namespace {
-
-std::string ErrorOf(ChartOutcome Outcome, const ChartLimits& Limits) {
-  return Outcome == ChartOutcome::TooManyItems
-             ? "the rules match in too many ways before their last component"
-             : "there are more than " + std::to_string(Limits.MaxConstituents) + " constituents";
-}
-
-}  // namespace
-
 TextResult Translator::Translate(std::string_view Text, const TextOptions& Options) {
   TextResult Result;
   Equations.Trim();
   Result.HasPieces = Options.IsPartial;
   if (!Parsed.Parse(Text, Options.Limits, Equations)) {
-    Result.Error = ErrorOf(Parsed.Outcome(), Options.Limits);
+    Result.Error = LimitError(Parsed.Outcome(), Options.Limits);
     return Result;
   }
   Best.Begin();
@@ -72,7 +64,7 @@ void Translator::AddTranslations(const TextOptions& Options, TextResult& ResultR
     if (!Tree) {
       return;
     }
-    std::string Target = WordsOf(*Tree);
+    std::string Target = TargetTextOf(Rules, Best.Trees(), *Tree);
     if (!Options.AllDerivations && !ssGiven.insert(Target).second) {
       if (++PassedOver > Options.MaxDerivations) {
         ResultReturn.Error = "more than " + std::to_string(Options.MaxDerivations) +
@@ -120,45 +112,9 @@ Piece Translator::MakePiece(std::size_t Start, std::size_t End) {
   for (std::uint32_t Index = 0; Index < Cell->ConstituentCount; ++Index) {
     vAll.push_back(Cell->FirstConstituent + Index);
   }
-  Best.SetGoals(std::move(vAll));
+  Best.SetGoals(vAll);
   const Derivations::TreeId Tree = *Best.Next();
-  return {Start, End, WordsOf(Tree), Tree};
-}
-
-// ---- Words ------------------------------------------------------------------------------------
-
-std::string Translator::WordsOf(Derivations::TreeId Tree) const {
-  struct Frame {
-    std::uint32_t Rule;
-    std::uint32_t NextItem;
-    std::size_t FirstPart;
-  };
-  std::string Text;
-  std::vector<Frame> vFrames;
-  std::vector<Derivations::TreeId> vParts;
-  std::vector<Derivations::TreeId> vNewParts;
-  const auto Enter = [&](Derivations::TreeId Which) {
-    vFrames.push_back({Best.Trees().Rule(Which), 0, vParts.size()});
-    Best.Trees().PartsOf(Which, vNewParts);
-    vParts.insert(vParts.end(), vNewParts.begin(), vNewParts.end());
-  };
-  Enter(Tree);
-  while (!vFrames.empty()) {
-    Frame& Top = vFrames.back();
-    const auto Targets = Rules.TargetsOf(Rules.At(Top.Rule));
-    if (Top.NextItem == Targets.size()) {
-      vParts.resize(Top.FirstPart);
-      vFrames.pop_back();
-      continue;
-    }
-    const TargetItem& Item = Targets.First[Top.NextItem++];
-    if (!Item.IsLiteral) {
-      Enter(vParts[Top.FirstPart + Item.Value]);
-      continue;
-    }
-    Text.append(Text.empty() ? "" : " ").append(Rules.WordName(Item.Value));
-  }
-  return Text;
+  return {Start, End, TargetTextOf(Rules, Best.Trees(), Tree), Tree};
 }
 
 // ---- Trees ------------------------------------------------------------------------------------

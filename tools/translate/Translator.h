@@ -102,9 +102,6 @@ class Translator {
   /// The constituents of a derivation that begins at a token, root first and parts in order.
   std::vector<TreeNode> NodesOf(Derivations::TreeId Tree, std::size_t Start);
 
-  /// The words of a derivation, joined by blanks.
-  std::string WordsOf(Derivations::TreeId Tree) const;
-
  private:
   std::vector<std::uint32_t> Goals(const TextOptions& Options) const;
   void AddTranslations(const TextOptions& Options, TextResult& ResultReturn);

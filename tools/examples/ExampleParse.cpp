@@ -1,0 +1,195 @@
+// Sections: words, ways, the outcome, texts.
+
+#include "ExampleParse.h"
+
+#include "Bytes.h"
+#include "TargetText.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Examples {
+
+// ---- Words ------------------------------------------------------------------------------------
+
+namespace {
+
+/// Takes the first word off a text; empty behind the last.
+std::string_view TakeWord(std::string_view& TextReturn) {
+  TextReturn = Grammar::WithoutLeadingSpace(TextReturn);
+  const auto End = std::find_if(TextReturn.begin(), TextReturn.end(), Grammar::IsSpace);
+  const std::string_view Word =
+      TextReturn.substr(0, static_cast<std::size_t>(End - TextReturn.begin()));
+  TextReturn.remove_prefix(Word.size());
+  return Word;
+}
+
+}  // namespace
+
+bool HaveSameWords(std::string_view Left, std::string_view Right) {
+  for (;;) {
+    const std::string_view One = TakeWord(Left);
+    if (!Grammar::IsSameInCapitals(One, TakeWord(Right))) {
+      return false;
+    }
+    if (One.empty()) {
+      return true;
+    }
+  }
+}
+
+// ---- Ways -------------------------------------------------------------------------------------
+
+void ExampleParse::Begin(const Example& Of) {
+  IsWhole = Parsed.Parse(Of.Source, Options.Limits, Equations);
+  vRootWays.clear();
+  vOtherWays.clear();
+  Best.Begin();
+  if (IsWhole) {
+    FindWays(Of);
+  }
+}
+
+/// A rule's example has to be of the rule's type, a pair of a file of any start type.
+bool ExampleParse::IsStart(const Example& Of, std::uint32_t Type) const {
+  if (Of.Rule != NoRule) {
+    return Tested.AllRules()[Of.Rule].SourceType == Type;
+  }
+  return !Options.HasStarts ||
+         std::find(Options.vStarts.begin(), Options.vStarts.end(), Type) != Options.vStarts.end();
+}
+
+/// Finds the ways to make what spans the whole text. What has no rule of its own has every root.
+void ExampleParse::FindWays(const Example& Of) {
+  const std::size_t Size = Parsed.Tokens().size();
+  const Translate::Chart::Cell* Whole = Size == 0 ? nullptr : Parsed.FindCell(0, Size);
+  const std::uint32_t Root = Of.Rule == NoRule ? NoRule : Tested.AllRules()[Of.Rule].Usable;
+  for (std::uint32_t Index = 0; Whole != nullptr && Index < Whole->ConstituentCount; ++Index) {
+    const Translate::Chart::Constituent& Each =
+        Parsed.Constituents()[Whole->FirstConstituent + Index];
+    if (!IsStart(Of, Tested.Rules().SourceTypeOf(Each.Types))) {
+      continue;
+    }
+    for (std::uint32_t Way = Each.FirstWay; Way != Translate::Chart::None;
+         Way = Parsed.Ways()[Way].Next) {
+      const bool IsRoot = Of.Rule == NoRule || Parsed.Ways()[Way].Rule == Root;
+      (IsRoot ? vRootWays : vOtherWays).push_back(Way);
+    }
+  }
+}
+
+// ---- The outcome ------------------------------------------------------------------------------
+
+std::string ExampleParse::TextOf(TreeId Tree) const {
+  return Translate::TargetTextOf(Tested.Rules(), Best.Trees(), Tree);
+}
+
+std::optional<ExampleParse::TreeId> ExampleParse::BestOf(const std::vector<std::uint32_t>& vWays) {
+  Best.SetGoalWays(vWays);
+  return Best.Next();
+}
+
+/// The first derivation, in order, with the wanted words.
+/// @param IsTooManyReturn whether it was given up, since too many had other words
+std::optional<ExampleParse::TreeId> ExampleParse::FindFit(const std::vector<std::uint32_t>& vWays,
+                                                          const std::string& Wanted,
+                                                          bool& IsTooManyReturn) {
+  Best.SetGoalWays(vWays);
+  std::uint64_t InVain = 0;
+  while (const std::optional<TreeId> Tree = Best.Next()) {
+    if (HaveSameWords(TextOf(*Tree), Wanted)) {
+      return Tree;
+    }
+    if (++InVain > Options.MaxDerivations) {
+      IsTooManyReturn = true;
+      return std::nullopt;
+    }
+  }
+  return std::nullopt;
+}
+
+ExampleResult ExampleParse::ResultOf(Outcome What, std::optional<TreeId> Tree) const {
+  ExampleResult Result;
+  Result.What = What;
+  if (!Tree) {
+    return Result;
+  }
+  Result.Best = TextOf(*Tree);
+  Result.BestRule = Best.Trees().Rule(*Tree);
+  if (IsPassing(What)) {
+    Result.vRules = Best.Trees().RulesOf(*Tree);
+  }
+  return Result;
+}
+
+ExampleResult ExampleParse::Judge(const Example& Of) {
+  if (!IsWhole) {
+    ExampleResult Result = ResultOf(Outcome::Error, std::nullopt);
+    Result.Error = Translate::LimitError(Parsed.Outcome(), Options.Limits);
+    return Result;
+  }
+  if (Of.Wanted) {
+    return JudgePair(*Of.Wanted);
+  }
+  const std::optional<TreeId> Analysis = BestOf(vRootWays);
+  return ResultOf(Analysis ? Outcome::Fails : Outcome::Passes, Analysis);
+}
+
+ExampleResult ExampleParse::JudgePair(const std::string& Wanted) {
+  bool IsTooMany = false;
+  std::optional<TreeId> Fit = FindFit(vRootWays, Wanted, IsTooMany);
+  Outcome What = Outcome::Passes;
+  if (!Fit && !IsTooMany) {
+    Fit = FindFit(vOtherWays, Wanted, IsTooMany);
+    What = Outcome::PassesByAnotherRule;
+  }
+  if (IsTooMany) {
+    ExampleResult Result = ResultOf(Outcome::Error, std::nullopt);
+    Result.Error = "more than " + std::to_string(Options.MaxDerivations) +
+                   " derivations give other words than wanted";
+    return Result;
+  }
+  if (Fit) {
+    return ResultOf(What, Fit);
+  }
+  const std::optional<TreeId> Other = BestOf(vRootWays);
+  return ResultOf(Other ? Outcome::Differs : Outcome::Fails, Other);
+}
+
+// ---- Texts ------------------------------------------------------------------------------------
+
+/// Gives the different texts to a function, until it wants no more.
+template <typename TakeT>
+void ExampleParse::ForEachText(TakeT Take) {
+  std::vector<std::uint32_t> vAll(vRootWays);
+  vAll.insert(vAll.end(), vOtherWays.begin(), vOtherWays.end());
+  Best.WantDistinct(true);
+  Best.SetGoalWays(std::move(vAll));
+  bool WantsMore = true;
+  while (WantsMore) {
+    const std::optional<TreeId> Tree = Best.Next();
+    WantsMore = Tree && Take(TextOf(*Tree));
+  }
+  Best.WantDistinct(false);
+}
+
+std::vector<std::string> ExampleParse::Texts() {
+  std::vector<std::string> vsTexts;
+  ForEachText([&](const std::string& sText) {
+    vsTexts.push_back(sText);
+    return vsTexts.size() < MaxTexts;
+  });
+  return vsTexts;
+}
+
+bool ExampleParse::HasTexts(const std::vector<std::string>& vsTexts) {
+  std::size_t Count = 0;
+  bool IsSame = true;
+  ForEachText([&](const std::string& sText) {
+    IsSame = Count < vsTexts.size() && vsTexts[Count] == sText;
+    return IsSame && ++Count < MaxTexts;
+  });
+  return IsSame && Count == vsTexts.size();
+}
+
+}  // namespace Examples

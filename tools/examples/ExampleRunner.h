@@ -1,0 +1,69 @@
+#pragma once
+
+#include "ExampleParse.h"
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace Examples {
+
+/// Which constraint lines some example notices. All threads share it.
+class NoticedConstraints {
+ public:
+  explicit NoticedConstraints(std::size_t Count) : vIsNoticed(Count) {}
+
+  bool Has(std::size_t Constraint) const {
+    return vIsNoticed[Constraint].load(std::memory_order_relaxed);
+  }
+  void Add(std::size_t Constraint) {
+    vIsNoticed[Constraint].store(true, std::memory_order_relaxed);
+  }
+
+ private:
+  std::vector<std::atomic<bool>> vIsNoticed;
+};
+
+/// Runs examples, one after the other. One for each thread; all can use the same grammar.
+///
+///   ExampleRunner Runner(Tested, Options);
+///   Runner.Run(Example).What;                // Outcome::Passes
+///   Runner.FindNoticed(Example, Noticed);    // which constraints hold that in place
+class ExampleRunner {
+ public:
+  ExampleRunner(const TestedGrammar& TestedPassIn, const ParseOptions& OptionsPassIn)
+      : Tested(TestedPassIn),
+        Equations(TestedPassIn.Rules()),
+        Whole(TestedPassIn, OptionsPassIn, Equations),
+        Varied(TestedPassIn, OptionsPassIn, Equations),
+        vIsCandidate(TestedPassIn.Constraints().size()) {}
+
+  ExampleRunner(const ExampleRunner&) = delete;
+  ExampleRunner& operator=(const ExampleRunner&) = delete;
+
+  ExampleResult Run(const Example& Of);
+
+  /// Notes the constraints without which the example that was run last would have another outcome,
+  /// or its text other translations. What is noted already is not looked at.
+  ///
+  /// A rule without a constraint matters only where it makes something else of what it was tried
+  /// on. So the text is parsed again for such constraints alone.
+  void FindNoticed(const Example& Of, const ExampleResult& Result,
+                   NoticedConstraints& NoticedReturn);
+
+ private:
+  void FindCandidates(const NoticedConstraints& Noticed);
+  bool ChangesResult(std::size_t Constraint, const Translate::Chart::Trial& Of);
+  bool Notices(const Example& Of, const ExampleResult& Result,
+               const std::vector<std::string>& vsTexts, std::size_t Constraint);
+
+  const TestedGrammar& Tested;
+  Translate::Evaluator Equations;
+  ExampleParse Whole;
+  ExampleParse Varied;
+  std::vector<bool> vIsCandidate;
+  std::vector<std::size_t> vCandidates;
+};
+
+}  // namespace Examples

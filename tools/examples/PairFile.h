@@ -1,0 +1,19 @@
+#pragma once
+
+#include "TestedGrammar.h"
+
+#include <string>
+
+namespace Examples {
+
+/// Adds the pairs of a text file, a line each: the source, a tab and the target. A line that begins
+/// with "*" is a text that has to be refused; an empty one is nothing. From the other side, the two
+/// of a pair change places, and texts to be refused are left out.
+///
+///   the red car<TAB>el auto rojo
+///   *red the car
+///
+/// Throws `Grammar::RunError` where the file cannot be read, or a line is no pair.
+void AddPairs(const std::string& File, TestedGrammar& TestedReturn);
+
+}  // namespace Examples
