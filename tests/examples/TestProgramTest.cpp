@@ -373,7 +373,7 @@ TEST(TestProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
       {{"a.trr", "--max-chain", "x"}, "--max-chain: x is no number from 0 on"},
       {{"a.trr", "--threads", "0"}, "--threads: 0 is no number from 1 on"},
       {{"a.trr", "--accept"}, "--accept requires --baseline"},
-      {{"a.trr", "--fail-under", "1", "--no-coverage"}, "--fail-under excludes --no-coverage"},
+      {{"a.trr", "--fail-under", "1", "--no-coverage"}, "--no-coverage excludes --fail-under"},
       {{"a.trr", "--baseline", "missing"}, "cannot read missing: No such file or directory"},
       {{"a.trr", "--baseline", "a.trr"}, "a.trr:1: invalid line of a baseline"},
       {{"a.trr", "--examples", "missing"}, "cannot read missing: No such file or directory"},
