@@ -93,7 +93,8 @@ const Strings& Pages() {
   static const Strings vsPages{"README.md",           "CHANGELOG.md",      "CONTRIBUTING.md",
                                "SECURITY.md",         "docs/assurance.md", "docs/behaviour.md",
                                "docs/design.md",      "docs/embedding.md", "docs/format.md",
-                               "docs/performance.md", "docs/trrule.md",    "docs/translating.md"};
+                               "docs/performance.md", "docs/testing.md",   "docs/trrule.md",
+                               "docs/translating.md"};
   return vsPages;
 }
 

@@ -1,0 +1,13 @@
+// docs/testing.md keeps what it says: its examples are run.
+
+#include "ConsolePage.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(TestingDocument, ShowsWhatTheCommandPrints) {
+  ExpectConsolesHold("docs/testing.md");
+}
+
+}  // namespace
