@@ -40,24 +40,13 @@ std::string Node(char Side, std::size_t Index) {
 
 }  // namespace
 
-RuleGenerator::RuleGenerator(std::uint64_t Seed) : State(Seed), vLabelLimits(Labels().size()) {
+RuleGenerator::RuleGenerator(std::uint64_t Seed) : Numbers(Seed), vLabelLimits(Labels().size()) {
   double Rank = 0;
   double Sum = 0;
   for (double& Limit : vLabelLimits) {
     Sum += 1 / ++Rank;
     Limit = Sum;
   }
-}
-
-/// A 64-bit linear congruential step with an output mix, random enough to vary rules.
-std::size_t RuleGenerator::Below(std::size_t Limit) {
-  State = State * 6364136223846793005U + 1442695040888963407U;
-  const std::uint64_t Mixed = (State ^ (State >> 29)) * 0x9E3779B97F4A7C15U;
-  return static_cast<std::size_t>((Mixed >> 33) % Limit);
-}
-
-bool RuleGenerator::OneIn(std::size_t Chances) {
-  return Below(Chances) == 0;
 }
 
 const std::string& RuleGenerator::Pick(const std::vector<std::string>& vsTexts) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SeededNumbers.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -23,8 +25,8 @@ class RuleGenerator {
   std::string NextRule();
 
  private:
-  std::size_t Below(std::size_t Limit);
-  bool OneIn(std::size_t Chances);
+  std::size_t Below(std::size_t Limit) { return Numbers.Below(Limit); }
+  bool OneIn(std::size_t Chances) { return Numbers.OneIn(Chances); }
   const std::string& Pick(const std::vector<std::string>& vsTexts);
   std::string Label();
   std::string Sequence(std::size_t Size);
@@ -35,7 +37,7 @@ class RuleGenerator {
   std::string TargetConstraint(std::size_t SLSize, std::size_t TLSize);
   std::string Value();
 
-  std::uint64_t State;
+  SeededNumbers Numbers;
   std::vector<double> vLabelLimits;
 };
 
