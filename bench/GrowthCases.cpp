@@ -4,18 +4,14 @@
 //   trrule-growth                       lists the cases: name, first size, limit
 //   trrule-growth read-constraints 500  prepares that input, and does the work in MeasuredWork
 //
-// script/growth runs each case at its first size and at four times that, counts the instructions
-// inside MeasuredWork, and fails if they grow by more than the limit. Linear work grows 4 times,
-// n log n work about 4.7 times, more or less if a buffer happens to double. Where the result or the
-// output grows with the square, so must the work, and the limit allows it.
+// Messages go nowhere, byte by byte, as to a stream somewhere.
 
 #include "ConstraintCycles.h"
+#include "GrowthCase.h"
 #include "LineUp.h"
 #include "TrRule.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <functional>
 #include <iostream>
 #include <memory>
 #include <random>
@@ -24,26 +20,13 @@
 #include <string>
 #include <vector>
 
-/// The work that is counted, as a function that the counting finds by name.
-extern "C" __attribute__((noinline, visibility("default"))) void MeasuredWork(
-    const std::function<void()>& Work) {
-  Work();
-}
-
 namespace {
 
-constexpr double Linear = 6;
-constexpr double StrictlyLinear = 5;
-constexpr double Quadratic = 20;
-
-using Work = std::function<void()>;
-
-struct Case {
-  const char* Name;
-  int Size;  ///< the first of the sizes
-  double Limit;
-  Work (*Prepare)(int Size);
-};
+using Growth::Case;
+using Growth::Linear;
+using Growth::Quadratic;
+using Growth::StrictlyLinear;
+using Growth::Work;
 
 /// Reads the output byte by byte, as a stream would, and discards it.
 class NoBuffer : public std::streambuf {
@@ -444,31 +427,15 @@ const std::vector<Case>& Cases() {
   return vCases;
 }
 
-int List() {
-  for (const Case& Row : Cases()) {
-    std::cout << Row.Name << '\t' << Row.Size << '\t' << Row.Limit << '\n';
-  }
-  return 0;
-}
-
-int Run(const std::string& Name, int Size) {
-  const auto Found = std::find_if(Cases().begin(), Cases().end(),
-                                  [&](const Case& Row) { return Row.Name == Name; });
-  if (Found == Cases().end() || Size <= 0) {
-    std::cerr << "No such case: " << Name << '\n';
-    return 2;
-  }
-  NoBuffer Nowhere;
-  std::streambuf* OldOut = std::cout.rdbuf(&Nowhere);
-  std::streambuf* OldErr = std::cerr.rdbuf(&Nowhere);
-  MeasuredWork(Found->Prepare(Size));
-  std::cout.rdbuf(OldOut);
-  std::cerr.rdbuf(OldErr);
-  return 0;
-}
-
 }  // namespace
 
-int main(int Count, char** Arguments) {
-  return Count == 3 ? Run(Arguments[1], std::atoi(Arguments[2])) : List();
+int main(int ArgumentCount, char** Arguments) {
+  NoBuffer Nowhere;
+  const bool IsListed = ArgumentCount != 3;
+  std::streambuf* OldOut = IsListed ? std::cout.rdbuf() : std::cout.rdbuf(&Nowhere);
+  std::streambuf* OldErr = IsListed ? std::cerr.rdbuf() : std::cerr.rdbuf(&Nowhere);
+  const int Status = Growth::RunCases(ArgumentCount, Arguments, Cases());
+  std::cout.rdbuf(OldOut);
+  std::cerr.rdbuf(OldErr);
+  return Status;
 }

@@ -10,9 +10,9 @@
 /// Makes a grammar like those that are learned from aligned texts, and sentences for it.
 ///
 /// Two rules in five are lexical, of one to three words. The others have two to five components, of
-/// which one or two are places, of 200 labels. Labels and words have a natural distribution: the k-th
-/// is 1/k as frequent as the first. Every word has a rule of its own, and glue rules join whatever
-/// there is from left to right, so that every sentence of these words has a translation:
+/// which one or two are places, of 200 labels. Labels and words have a natural distribution: the
+/// k-th is 1/k as frequent as the first. Every word has a rule of its own, and glue rules join
+/// whatever there is from left to right, so that every sentence of these words has a translation:
 ///
 ///   ;;Score: 3
 ///   L7::L7 : ["w12" L3 L1] -> [L1 "v12" L3]
