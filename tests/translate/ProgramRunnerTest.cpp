@@ -1,0 +1,95 @@
+#include "ProgramRunner.h"
+
+#include "TranslateSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Translate::Program;
+using Translate::StructureId;
+using Translate::StructureStore;
+
+/// A rule with one place on each side, and structures for its part.
+struct Run {
+  explicit Run(const std::string& Constraints)
+      : Read("S::S : [A] -> [A]\n(X1::Y1)\n" + Constraints),
+        Equations(Compiler.Compile(Read.vRules.at(0), vLines)) {}
+
+  StructureId Atom(const std::string& Name) {
+    return Store.Atomic(Sets.Intern({false, {AtomNames.InternUpper(Name)}}));
+  }
+  /// A structure with one feature.
+  StructureId With(const std::string& Feature, StructureId Value) {
+    return Store.Complex({1, 1, Features.InternUpper(Feature), Value});
+  }
+
+  ReadGrammar Read;
+  Translate::SymbolTable Features;
+  Translate::SymbolTable AtomNames;
+  Translate::AtomSets Sets;
+  StructureStore Store;
+  Translate::ProgramCompiler Compiler{Features, AtomNames, Sets};
+  std::vector<std::uint32_t> vLines;
+  Program Equations;
+  Translate::ProgramRunner Runner{Store, Sets};
+};
+
+TEST(ProgramRunner, AnalysesThenTransfersThenGenerates) {
+  Run Each("((x0 f) = (x1 f))\n((y0 g) = (x0 f))\n((y0 h) = (y1 h))\n");
+  const StructureId S = Each.With("f", Each.Atom("p"));
+  const StructureId T = Each.With("h", Each.Atom("q"));
+  ASSERT_TRUE(Each.Runner.Analyse(Each.Equations, {S}));
+  EXPECT_EQ(Each.Runner.Source(), S);
+  Each.Runner.Transfer(Each.Equations);
+  EXPECT_EQ(Each.Runner.Brought(), (std::vector<StructureId>{Each.Atom("p")}));
+  ASSERT_TRUE(Each.Runner.Generate(Each.Equations, {T}));
+  const std::optional<Translate::StructurePair> All = Each.Runner.Run(Each.Equations, {S}, {T});
+  ASSERT_TRUE(All.has_value());
+  EXPECT_EQ(All->Source, S);
+  EXPECT_EQ(All->Target, Each.Runner.Target());
+}
+
+TEST(ProgramRunner, BringsNothingOfWhatIsNotThere) {
+  for (const char* Constraints :
+       {"((y0 g) = (x1 f))\n", "((y0 g) = (x1 f f))\n", "((y0 g) = (x0 h))\n((x0 h) = (x0 i))\n"}) {
+    Run Each(Constraints);
+    const StructureId Atom = Each.Atom("p");
+    const StructureId S = std::string(Constraints).find("f f") == std::string::npos
+                              ? StructureId{StructureStore::Open}
+                              : Each.With("f", Atom);
+    ASSERT_TRUE(Each.Runner.Analyse(Each.Equations, {S})) << Constraints;
+    Each.Runner.Transfer(Each.Equations);
+    EXPECT_EQ(Each.Runner.Brought(), (std::vector<StructureId>{StructureStore::Open}))
+        << Constraints;
+    ASSERT_TRUE(Each.Runner.Generate(Each.Equations, {StructureStore::Open})) << Constraints;
+    EXPECT_EQ(Each.Runner.Target(), StructureId{StructureStore::Open}) << Constraints;
+  }
+}
+
+TEST(ProgramRunner, ClashesInTheStepThatTheEquationBelongsTo) {
+  struct Case {
+    const char* Constraints;
+    bool IsAnalysed;
+  };
+  const std::vector<Case> vCases = {
+      {"((x1 f) = q)\n", false},
+      {"((x1 f g) = q)\n", false},
+      {"(x1 = (x1 f))\n", false},
+      {"(y0 = x1)\n((y0 f) = q)\n", true},
+      {"((y0 f) = x1)\n((y0 f) = q)\n", true},
+      {"(y0 = (y0 f))\n", true},
+  };
+  for (const Case& Each : vCases) {
+    Run Rule(Each.Constraints);
+    const StructureId S = Rule.With("f", Rule.Atom("p"));
+    EXPECT_EQ(Rule.Runner.Analyse(Rule.Equations, {S}), Each.IsAnalysed) << Each.Constraints;
+    EXPECT_EQ(Rule.Runner.Run(Rule.Equations, {S}, {S}), std::nullopt) << Each.Constraints;
+  }
+}
+
+}  // namespace
