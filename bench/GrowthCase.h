@@ -7,8 +7,8 @@
 ///
 /// script/growth runs each case at its first size and at four times that, counts the instructions
 /// inside `MeasuredWork`, and fails if they grow by more than the limit. Linear work grows 4 times,
-/// n log n work about 4.7 times, more or less if a buffer happens to double. Where the result or the
-/// output grows with the square, so must the work, and the limit allows it.
+/// n log n work about 4.7 times, more or less if a buffer happens to double. Where the result or
+/// the output grows with the square, so must the work, and the limit allows it.
 namespace Growth {
 
 constexpr double None = 1.1;

@@ -50,7 +50,7 @@ std::string LearnedGrammar::Score() {
   return ";;Score: " + std::to_string(1 + Numbers.Below(40)) + '\n';
 }
 
-/// A word is singular, plural, or both.
+/// A word is singular or plural; several words are what the first of them is.
 std::string LearnedGrammar::LexicalRule(std::size_t LabelNumber,
                                         const std::vector<std::size_t>& vWords) {
   std::string Source;
@@ -63,8 +63,7 @@ std::string LearnedGrammar::LexicalRule(std::size_t LabelNumber,
   std::string Text = Score();
   Text += Line(Label(LabelNumber), Source, Target) + "(\n" + Alignment(1, 1);
   if (HasConstraints) {
-    const char* const Values[] = {"sg", "pl", "(*OR* sg pl)"};
-    Text += std::string("((x0 num) = ") + Values[Numbers.Below(3)] + ")\n";
+    Text += vWords.front() % 2 == 0 ? "((x0 num) = sg)\n" : "((x0 num) = pl)\n";
   }
   return Text + ")\n";
 }

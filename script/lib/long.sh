@@ -79,13 +79,8 @@ measure_coverage() {
 }
 
 count_growth() {
-<<<<<<< HEAD
-  build_preset bench trrule-growth
-  say "Measuring growth"
-=======
   build_preset bench trrule-growth trrule-translate-growth
-  say "Counting how the work grows with its input"
->>>>>>> 83c7588 (Measure what translating costs, and count how it grows)
+  say "Measuring growth"
   script/growth
 }
 

@@ -15,8 +15,8 @@ using Translate::StructureId;
 using Translate::StructureStore;
 
 /// A rule with one place on each side, and structures for its part.
-struct Run {
-  explicit Run(const std::string& Constraints)
+struct OneRule {
+  explicit OneRule(const std::string& Constraints)
       : Read("S::S : [A] -> [A]\n(X1::Y1)\n" + Constraints),
         Equations(Compiler.Compile(Read.vRules.at(0), vLines)) {}
 
@@ -40,7 +40,7 @@ struct Run {
 };
 
 TEST(ProgramRunner, AnalysesThenTransfersThenGenerates) {
-  Run Each("((x0 f) = (x1 f))\n((y0 g) = (x0 f))\n((y0 h) = (y1 h))\n");
+  OneRule Each("((x0 f) = (x1 f))\n((y0 g) = (x0 f))\n((y0 h) = (y1 h))\n");
   const StructureId S = Each.With("f", Each.Atom("p"));
   const StructureId T = Each.With("h", Each.Atom("q"));
   ASSERT_TRUE(Each.Runner.Analyse(Each.Equations, {S}));
@@ -57,7 +57,7 @@ TEST(ProgramRunner, AnalysesThenTransfersThenGenerates) {
 TEST(ProgramRunner, BringsNothingOfWhatIsNotThere) {
   for (const char* Constraints :
        {"((y0 g) = (x1 f))\n", "((y0 g) = (x1 f f))\n", "((y0 g) = (x0 h))\n((x0 h) = (x0 i))\n"}) {
-    Run Each(Constraints);
+    OneRule Each(Constraints);
     const StructureId Atom = Each.Atom("p");
     const StructureId S = std::string(Constraints).find("f f") == std::string::npos
                               ? StructureId{StructureStore::Open}
@@ -85,7 +85,7 @@ TEST(ProgramRunner, ClashesInTheStepThatTheEquationBelongsTo) {
       {"(y0 = (y0 f))\n", true},
   };
   for (const Case& Each : vCases) {
-    Run Rule(Each.Constraints);
+    OneRule Rule(Each.Constraints);
     const StructureId S = Rule.With("f", Rule.Atom("p"));
     EXPECT_EQ(Rule.Runner.Analyse(Rule.Equations, {S}), Each.IsAnalysed) << Each.Constraints;
     EXPECT_EQ(Rule.Runner.Run(Rule.Equations, {S}, {S}), std::nullopt) << Each.Constraints;
