@@ -8,8 +8,8 @@
 
 namespace {
 
-using Translate::NoEntry;
-using Translate::PairTable;
+using Grammar::NoEntry;
+using Grammar::PairTable;
 
 TEST(PairTable, NumbersPairsInTheOrderOfTheirComing) {
   PairTable Table;
