@@ -7,7 +7,7 @@
 
 namespace {
 
-using Translate::SymbolTable;
+using Grammar::SymbolTable;
 
 TEST(SymbolTable, NumbersTextsInTheOrderOfTheirComing) {
   SymbolTable Table;
