@@ -58,6 +58,7 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddFromJsonCommand(Program, Chosen);
   AddTranslateCommand(Program, Chosen);
   AddTestCommand(Program, Chosen);
+  AddWhyCommand(Program, Chosen);
   AddExplainCommand(Program, Chosen);
   AddHelpCommand(Program, Chosen);
   AddVersionCommand(Program, Chosen);

@@ -26,7 +26,7 @@ namespace Translate {
 // ---- Grammars ---------------------------------------------------------------------------------
 
 Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Quiet,
-                            RuleSet& RulesReturn, const LoadVisitor& Visit) {
+                            RuleSet& RulesReturn, const LoadedRuleVisitor& Visit) {
   Grammar::RuleFiles Files(vsGrammars, Quiet);
   // With a part of the grammar, texts would mean something else.
   Files.ReportFailuresTo([](const std::string& Message) { throw Grammar::RunError(Message); });
@@ -49,7 +49,7 @@ Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Qui
       ++Tally.LeftOut;
     }
     if (Visit) {
-      Visit(Text, Rule, IsUsable, vFindings);
+      Visit(Lines, IsUsable ? &Rule : nullptr, vFindings);
     }
   }
   RulesReturn.Finish();
@@ -72,16 +72,21 @@ std::vector<std::uint32_t> FindStarts(const std::string& Written, const RuleSet&
   return vStarts;
 }
 
+void SetStarts(const std::optional<std::string>& Starts, const RuleSet& Rules,
+               TextOptions& OptionsReturn) {
+  OptionsReturn.HasStarts = Starts.has_value();
+  if (Starts) {
+    OptionsReturn.vStarts = FindStarts(*Starts, Rules);
+  }
+}
+
 namespace {
 
 TextOptions TextOptionsOf(const TranslateOptions& Options, const RuleSet& Rules) {
   TextOptions Texts = Options.Texts;
   Texts.Translations = Options.Translations.value_or(
       Texts.AllDerivations ? std::numeric_limits<std::uint64_t>::max() : 1);
-  Texts.HasStarts = Options.Starts.has_value();
-  if (Texts.HasStarts) {
-    Texts.vStarts = FindStarts(*Options.Starts, Rules);
-  }
+  SetStarts(Options.Starts, Rules, Texts);
   return Texts;
 }
 

@@ -32,21 +32,25 @@ struct TranslateOptions {
 /// @return `Grammar::StatusFindings` where something was told of a rule or a text
 int RunTranslate(const TranslateOptions& Options);
 
-/// Gets each rule of a grammar right after it has been read, and, if it can be used, added to the
-/// rule set; otherwise with what is wrong with it. The rule may be changed.
-using LoadVisitor =
-    std::function<void(const Grammar::RuleText& Text, UsableRule& Rule, bool IsUsable,
-                       const std::vector<Grammar::Finding>& vFindings)>;
+/// Gets each rule of a grammar right after it has been added to the rule set, and may change it;
+/// one that is left out as null, with what keeps it from being used.
+using LoadedRuleVisitor = std::function<void(const Grammar::SourceRule& Lines, UsableRule* Rule,
+                                             const std::vector<Grammar::Finding>& vFindings)>;
 
 /// Reads grammars into a rule set, as every command that applies rules does. What is wrong with
-/// rules that are left out is told on standard error. Throws `Grammar::RunError`.
+/// rules that are left out is reported on standard error. Throws `Grammar::RunError`.
 /// @param Visit may be empty
 /// @return how many rules there are, and how many of them are left out
 Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Quiet,
-                            RuleSet& RulesReturn, const LoadVisitor& Visit = {});
+                            RuleSet& RulesReturn, const LoadedRuleVisitor& Visit = {});
 
 /// The labels of start types, as `--start` has them. A type without usable rules is reported on
 /// standard error.
 std::vector<std::uint32_t> FindStarts(const std::string& Written, const RuleSet& Rules);
+
+/// Sets the start types, which stand between commas; blanks mean nothing, and nothing stands for
+/// all types. A type without rules is told on standard error.
+void SetStarts(const std::optional<std::string>& Starts, const RuleSet& Rules,
+               TextOptions& OptionsReturn);
 
 }  // namespace Translate

@@ -34,23 +34,22 @@ std::string PlaceOfLine(std::string_view File, std::size_t Line) {
 }  // namespace
 
 void TestedGrammar::Load(const std::vector<std::string>& vsGrammars, bool Quiet) {
-  Counts =
-      Translate::LoadRules(vsGrammars, Quiet, Set,
-                           [this](const Grammar::RuleText& Text, Grammar::UsableRule& Rule,
-                                  bool IsUsable, const std::vector<Grammar::Finding>& vFindings) {
-                             AddRule(Text, Rule, IsUsable, vFindings);
-                           });
+  Counts = Translate::LoadRules(vsGrammars, Quiet, Set,
+                                [this](const Grammar::SourceRule& Lines, Grammar::UsableRule* Rule,
+                                       const std::vector<Grammar::Finding>& vFindings) {
+                                  AddRule(Lines.Text(), Rule, vFindings);
+                                });
   vFirstConstraint.push_back(vConstraints.size());
   SetSourceTypes();
 }
 
-void TestedGrammar::AddRule(const Grammar::RuleText& Text, Grammar::UsableRule& Rule, bool IsUsable,
+void TestedGrammar::AddRule(const Grammar::RuleText& Text, Grammar::UsableRule* Rule,
                             const std::vector<Grammar::Finding>& vFindings) {
   TestedRule& New = vRules.emplace_back();
   New.Place = PlaceOfLine(Text.File, Grammar::LineOfRule(Text));
-  if (IsUsable) {
+  if (Rule != nullptr) {
     New.Usable = static_cast<std::uint32_t>(Set.Size() - 1);
-    AddVariants(Text, Rule);
+    AddVariants(Text, *Rule);
   } else {
     vsTypes.push_back(ReadSourceType(Text, Set.Settings().IsReversed));
     New.Finding = vFindings.front().Code + ": " + vFindings.front().Message;

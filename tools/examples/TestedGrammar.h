@@ -70,7 +70,7 @@ class TestedGrammar {
   std::size_t FirstConstraint(std::uint32_t Usable) const { return vFirstConstraint[Usable]; }
 
  private:
-  void AddRule(const Grammar::RuleText& Text, Grammar::UsableRule& Rule, bool IsUsable,
+  void AddRule(const Grammar::RuleText& Text, Grammar::UsableRule* Rule,
                const std::vector<Grammar::Finding>& vFindings);
   void AddVariants(const Grammar::RuleText& Text, Grammar::UsableRule& Rule);
   void AddExamples(const Grammar::RuleText& Text);

@@ -59,9 +59,11 @@ bool Chart::Parse(std::string_view Text, const ChartLimits& LimitsPassIn,
   Tokenize(Text);
   const auto Size = static_cast<std::uint32_t>(vTokens.size());
   vFirstCell.assign(Size + 2, 0);
+  vFirstItem.assign(Size + 1, 0);
   vFrontiers.assign(Size + 1, {false, false, 0, 0, None});
   for (std::uint32_t Start = Size; Start > 0 && HowFar == ChartOutcome::Whole; --Start) {
     vFirstCell[Start - 1] = static_cast<std::uint32_t>(vCells.size());
+    vFirstItem[Start - 1] = static_cast<std::uint32_t>(vItems.size());
     ParseFrom(Start - 1);
   }
   return HowFar == ChartOutcome::Whole;
@@ -526,6 +528,11 @@ void Chart::AddItem(const Item& New) {
 SourceTrie::Range<Chart::Cell> Chart::CellsAt(std::size_t Start) const {
   const std::size_t Last = Start == 0 ? vCells.size() : vFirstCell[Start - 1];
   return {vCells.data() + vFirstCell[Start], vCells.data() + Last};
+}
+
+Chart::ItemRange Chart::ItemsAt(std::size_t Start) const {
+  const std::size_t Last = Start == 0 ? vItems.size() : vFirstItem[Start - 1];
+  return {vFirstItem[Start], static_cast<std::uint32_t>(Last)};
 }
 
 const Chart::Cell* Chart::FindCell(std::size_t Start, std::size_t End) const {

@@ -179,6 +179,13 @@ class Chart {
     }
   }
 
+  /// The items that begin at a token.
+  struct ItemRange {
+    std::uint32_t First;
+    std::uint32_t Last;  ///< behind the last one
+  };
+  ItemRange ItemsAt(std::size_t Start) const;
+
   /// The rules of a chain, ascending.
   SourceTrie::Range<std::uint32_t> ChainRules(std::uint32_t Chain) const;
 
@@ -275,6 +282,7 @@ class Chart {
   std::vector<SlotEntry> vSlots;
   std::vector<std::uint32_t> vMembers;
   std::vector<std::uint32_t> vFirstCell;  // by start; those of the greatest start come first
+  std::vector<std::uint32_t> vFirstItem;  // the same of items
   std::vector<Chain> vChains;
   std::vector<std::uint32_t> vChainRules;
   PairTable ChainSteps;                     // a chain and a rule …

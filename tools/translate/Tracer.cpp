@@ -186,7 +186,8 @@ void Tracer::Unify(const PlacedNode& There, const PlacedNode& Came, EquationClas
     return;
   }
   for (const ClashTrail::Clash& Each : Nodes.LastTrail().Clashes()) {
-    Conflict New{*There.Path, Nodes.Freeze(Each.Left), Came.Path, Nodes.Freeze(Each.Right)};
+    Conflict New{*There.Path, Nodes.Freeze(Each.Left), Came.Path, Nodes.Freeze(Each.Right),
+                 Each.vFeatures.size()};
     const auto Extend = [&](std::vector<std::uint32_t>& vFeatures) {
       vFeatures.insert(vFeatures.end(), Each.vFeatures.begin(), Each.vFeatures.end());
     };
@@ -235,7 +236,7 @@ Tracer::NodeId Tracer::Make(const ProgramPath& Path, Side Of, EquationClash& Cla
       const NodeId Came = Nodes.Add(StructureStore::Open);
       AddFeature(Nodes, Came, Feature);
       ClashReturn.vConflicts.push_back(
-          {std::move(Start), Nodes.Freeze(At), std::nullopt, Nodes.Freeze(Came)});
+          {std::move(Start), Nodes.Freeze(At), std::nullopt, Nodes.Freeze(Came), 0});
       return TracedUnifier::None;
     }
     const NodeId Next = Nodes.Look(At, Feature, 1);
@@ -271,7 +272,7 @@ void Tracer::FillCycle(const Equation& Each) {
   RulePath Came = PathOf(IsTransfer ? Step.Left : Step.Right, IsTransfer ? Side::X : Of);
   const StructureId ThereValue = Look(There);
   const StructureId CameValue = Look(Came);
-  Clash.vConflicts.push_back({std::move(There), ThereValue, std::move(Came), CameValue});
+  Clash.vConflicts.push_back({std::move(There), ThereValue, std::move(Came), CameValue, 0});
 }
 
 // ---- Origins ----------------------------------------------------------------------------------

@@ -27,6 +27,7 @@ struct Conflict {
   StructureId There = StructureStore::Open;  ///< the value that was there
   std::optional<RulePath> CameAt;            ///< nothing for a value that the equation states
   StructureId Came = StructureStore::Open;   ///< the value that came
+  std::size_t Depth = 0;                     ///< features below what the equation itself names
 };
 
 /// An equation that does not hold together with those before it.

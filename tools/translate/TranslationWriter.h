@@ -62,6 +62,10 @@ class TranslationWriter {
   std::string* Out = nullptr;
 };
 
+/// Lines of files as a JSON list: ["words.trr:30"].
+void AppendPlaces(const RuleSet& Rules, const std::vector<Origin>& vOrigins,
+                  std::string& TextReturn);
+
 /// A score in nats with six digits: "-1.386294".
 void AppendScore(std::int64_t Score, std::string& TextReturn);
 

@@ -114,70 +114,24 @@ Piece Translator::MakePiece(std::size_t Start, std::size_t End) {
   }
   Best.SetGoals(vAll);
   const Derivations::TreeId Tree = *Best.Next();
-  return {Start, End, TargetTextOf(Rules, Best.Trees(), Tree), Tree};
+  return {Start, End, WordsOf(Tree), Tree};
 }
 
 // ---- Trees ------------------------------------------------------------------------------------
 
-void Translator::AddNode(Derivations::TreeId Tree, std::vector<TreeNode>& vNodesReturn) const {
-  TreeNode New{Best.Trees().Rule(Tree), 0, 0, {}, 0};
-  for (const SourceSymbol Symbol : Rules.SymbolsOf(Rules.At(New.Rule))) {
-    New.Parts += (Symbol & SourceTrie::LiteralMark) == 0 ? 1 : 0;
-  }
-  vNodesReturn.push_back(New);
-}
-
-/// Carries out the equations again, each rule after its parts.
-void Translator::SetStructures(std::vector<TreeNode>& vNodesReturn) {
-  const std::vector<StructurePair> vStructures =
-      StructuresOf(vNodesReturn, [&](std::uint32_t Rule, const std::vector<StructurePair>& vParts) {
-        return Equations.EvaluateParts(Rules.At(Rule), vParts).value_or(StructurePair());
-      });
-  for (std::size_t Index = 0; Index < vNodesReturn.size(); ++Index) {
-    vNodesReturn[Index].Structures = vStructures[Index];
-  }
-}
-
-/// Goes through the symbols of all rules from the left to the right.
-void Translator::SetSpans(std::vector<TreeNode>& vNodesReturn, std::size_t Start) const {
-  struct Frame {
-    std::size_t Node;
-    std::size_t NextSymbol;
-  };
-  std::vector<Frame> vFrames{{0, 0}};
-  std::size_t At = Start;
-  std::size_t NextNode = 1;
-  vNodesReturn[0].Start = Start;
-  while (!vFrames.empty()) {
-    Frame& Top = vFrames.back();
-    const auto Symbols = Rules.SymbolsOf(Rules.At(vNodesReturn[Top.Node].Rule));
-    if (Top.NextSymbol == Symbols.size()) {
-      vNodesReturn[Top.Node].End = At;
-      vFrames.pop_back();
-      continue;
-    }
-    if ((Symbols.First[Top.NextSymbol++] & SourceTrie::LiteralMark) != 0) {
-      ++At;
-      continue;
-    }
-    vNodesReturn[NextNode].Start = At;
-    vFrames.push_back({NextNode++, 0});
-  }
+std::string Translator::WordsOf(Derivations::TreeId Tree) const {
+  return TargetTextOf(Rules, Best.Trees(), Tree);
 }
 
 std::vector<TreeNode> Translator::NodesOf(Derivations::TreeId Tree, std::size_t Start) {
-  std::vector<TreeNode> vNodes;
-  std::vector<Derivations::TreeId> vParts;
-  std::vector<Derivations::TreeId> vStack{Tree};
-  while (!vStack.empty()) {
-    const Derivations::TreeId Each = vStack.back();
-    vStack.pop_back();
-    AddNode(Each, vNodes);
-    Best.Trees().PartsOf(Each, vParts);
-    vStack.insert(vStack.end(), vParts.rbegin(), vParts.rend());
+  std::vector<TreeNode> vNodes = Translate::NodesOf(Rules, Best.Trees(), Tree, Start);
+  const std::vector<StructurePair> vStructures =
+      StructuresOf(vNodes, [&](std::uint32_t Rule, const std::vector<StructurePair>& vParts) {
+        return Equations.EvaluateParts(Rules.At(Rule), vParts).value_or(StructurePair());
+      });
+  for (std::size_t Index = 0; Index < vNodes.size(); ++Index) {
+    vNodes[Index].Structures = vStructures[Index];
   }
-  SetStructures(vNodes);
-  SetSpans(vNodes, Start);
   return vNodes;
 }
 

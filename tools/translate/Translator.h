@@ -2,6 +2,7 @@
 
 #include "BestDerivations.h"
 #include "Chart.h"
+#include "DerivationTree.h"
 #include "Evaluator.h"
 #include "RuleSet.h"
 
@@ -50,32 +51,6 @@ struct TextResult {
   std::string Error;                         ///< empty where there is none
 };
 
-/// A constituent in a derivation.
-struct TreeNode {
-  std::uint32_t Rule;
-  std::size_t Start;
-  std::size_t End;
-  StructurePair Structures;
-  std::uint32_t Parts;  ///< how many; they follow, each with all that is below it
-};
-
-/// Works out the structures of all constituents of a derivation, parts before what is made of them.
-/// @param vNodes root first and parts in order
-/// @param Apply makes a pair of structures of a rule and the pairs of its parts
-template <typename ApplyT>
-std::vector<StructurePair> StructuresOf(const std::vector<TreeNode>& vNodes, ApplyT Apply) {
-  std::vector<StructurePair> vResults(vNodes.size());
-  std::vector<StructurePair> vDone;  // of what follows, the next one last
-  std::vector<StructurePair> vParts;
-  for (std::size_t Index = vNodes.size(); Index-- > 0;) {
-    vParts.assign(vDone.rbegin(), vDone.rbegin() + vNodes[Index].Parts);
-    vDone.resize(vDone.size() - vNodes[Index].Parts);
-    vResults[Index] = Apply(vNodes[Index].Rule, vParts);
-    vDone.push_back(vResults[Index]);
-  }
-  return vResults;
-}
-
 /// Translates texts, one after the other. One for each thread; all can use the same rules.
 ///
 ///   Translator Engine(Rules);
@@ -102,14 +77,16 @@ class Translator {
   /// The constituents of a derivation that begins at a token, root first and parts in order.
   std::vector<TreeNode> NodesOf(Derivations::TreeId Tree, std::size_t Start);
 
- private:
+  /// The words of a derivation, joined by blanks.
+  std::string WordsOf(Derivations::TreeId Tree) const;
+
+  /// The constituents whose derivations translate the text.
   std::vector<std::uint32_t> Goals(const TextOptions& Options) const;
+
+ private:
   void AddTranslations(const TextOptions& Options, TextResult& ResultReturn);
   void AddPieces(TextResult& ResultReturn);
   Piece MakePiece(std::size_t Start, std::size_t End);
-  void AddNode(Derivations::TreeId Tree, std::vector<TreeNode>& vNodesReturn) const;
-  void SetStructures(std::vector<TreeNode>& vNodesReturn);
-  void SetSpans(std::vector<TreeNode>& vNodesReturn, std::size_t Start) const;
 
   const RuleSet& Rules;
   Evaluator Equations;

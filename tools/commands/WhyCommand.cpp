@@ -1,0 +1,221 @@
+// Sections: arguments, rules, answers, the run.
+
+#include "WhyCommand.h"
+
+#include "DiagnosisWriter.h"
+#include "NearestName.h"
+#include "OutputFile.h"
+#include "RuleDescription.h"
+#include "RuleDiagnosis.h"
+#include "RunError.h"
+#include "TranslateCommand.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <set>
+#include <utility>
+
+namespace Translate {
+
+// ---- Arguments --------------------------------------------------------------------------------
+
+namespace {
+
+bool IsFile(std::string_view Name) {
+  std::error_code Error;
+  return std::filesystem::exists(std::filesystem::path(Name), Error);
+}
+
+/// Whether an argument names a rule: a header, or a line of a file that is there.
+bool CanNameRule(const std::string& sArgument) {
+  if (IsFile(sArgument)) {
+    return false;
+  }
+  const std::optional<std::string_view> File = FileOfPlace(sArgument);
+  return IsHeaderName(sArgument) || (File && (*File == "-" || IsFile(*File)));
+}
+
+}  // namespace
+
+void SplitRuleNames(const std::vector<std::string>& vsArguments, std::vector<std::string>& vsNames,
+                    std::vector<std::string>& vsGrammars) {
+  auto Split = vsArguments.begin() + (vsArguments.empty() ? 0 : 1);
+  Split = std::find_if_not(Split, vsArguments.end(), CanNameRule);
+  vsNames.assign(vsArguments.begin(), Split);
+  vsGrammars.assign(Split, vsArguments.end());
+}
+
+// ---- Rules ------------------------------------------------------------------------------------
+
+namespace {
+
+/// The rules that are asked about, in the order of the input, and the names of all.
+struct AskedRules {
+  std::vector<RuleDescription> vRules;
+  std::vector<bool> vIsFound;  // of the names
+  std::set<std::string> sHeaders;
+};
+
+void TakeRule(const std::vector<std::string>& vsNames, const Grammar::SourceRule& Lines,
+              const UsableRule* Rule, const std::vector<Grammar::Finding>& vFindings,
+              std::uint32_t Index, AskedRules& AskedReturn) {
+  bool IsMeant = false;
+  for (std::size_t Each = 0; Each < vsNames.size(); ++Each) {
+    if (IsRuleMeant(vsNames[Each], Lines)) {
+      AskedReturn.vIsFound[Each] = true;
+      IsMeant = true;
+    }
+  }
+  if (IsMeant) {
+    RuleDescription& New = AskedReturn.vRules.emplace_back(DescribeRule(Lines, Rule));
+    New.vFindings = vFindings;
+    if (Rule != nullptr) {
+      New.Index = Index;
+    }
+  }
+  const std::string Header = HeaderTextOf(Lines);
+  if (!Header.empty()) {
+    AskedReturn.sHeaders.insert(Header);
+  }
+}
+
+/// @return whether all names fit some rule
+bool ReportNames(const std::vector<std::string>& vsNames, const AskedRules& Asked) {
+  const std::vector<std::string> vsHeaders(Asked.sHeaders.begin(), Asked.sHeaders.end());
+  bool AllFit = true;
+  for (std::size_t Each = 0; Each < vsNames.size(); ++Each) {
+    if (!Asked.vIsFound[Each]) {
+      AllFit = false;
+      const std::string Nearest = Grammar::NearestName(vsNames[Each], vsHeaders);
+      std::cerr << "trrule: no rule fits " << vsNames[Each]
+                << (Nearest.empty() ? "" : "; did you mean " + Nearest + "?") << '\n';
+    }
+  }
+  return AllFit;
+}
+
+// ---- Answers ----------------------------------------------------------------------------------
+
+std::string PlaceOf(const Grammar::Finding& Which) {
+  return Which.File + ':' + std::to_string(Which.Line) + ':' + std::to_string(Which.Column);
+}
+
+/// What is said of a rule that is left out.
+void AppendLeftOut(const RuleDescription& Rule, bool IsJson, std::string& OutReturn) {
+  if (!IsJson) {
+    for (const Grammar::Finding& Each : Rule.vFindings) {
+      OutReturn += Rule.Name() + " is left out: " + PlaceOf(Each) + ": " +
+                   std::string(NameOf(Each.Level)) + ' ' + Each.Code + ": " + Each.Message + '\n';
+    }
+    return;
+  }
+  AppendRuleName(Rule, OutReturn);
+  OutReturn += ",\"findings\":[";
+  for (const Grammar::Finding& Each : Rule.vFindings) {
+    OutReturn += &Each == &Rule.vFindings.front() ? "{\"place\":" : ",{\"place\":";
+    AppendJsonString(PlaceOf(Each), OutReturn);
+    OutReturn += ",\"code\":";
+    AppendJsonString(Each.Code, OutReturn);
+    OutReturn += ",\"message\":";
+    AppendJsonString(Each.Message, OutReturn);
+    OutReturn += '}';
+  }
+  OutReturn += "]}\n";
+}
+
+/// What is said of a rule that is used.
+void AppendFacts(const RuleDescription& Rule, bool IsJson, RuleDiagnosis& Why,
+                 std::string& OutReturn) {
+  DiagnosisText Plain(Why, Rule);
+  DiagnosisJson Json(Why, Rule);
+  for (std::size_t Begin = 0; Begin < Why.Size(); ++Begin) {
+    const BeginFacts Facts = Why.FactsAt(*Rule.Index, Begin);
+    if (IsJson) {
+      Json.Append(Facts, OutReturn);
+      OutReturn += '\n';
+    } else {
+      Plain.Append(Facts, OutReturn);
+    }
+  }
+  if (!IsJson && Why.Size() == 0) {
+    OutReturn += Rule.Name() + " has nothing to do: the text has no words\n";
+  }
+}
+
+/// What is said of a rule where the text has reached a limit.
+void AppendError(const RuleDescription& Rule, bool IsJson, const std::string& Error,
+                 std::string& OutReturn) {
+  if (!IsJson) {
+    OutReturn += "nothing is known of " + Rule.Name() + ": " + Error + '\n';
+    return;
+  }
+  AppendRuleName(Rule, OutReturn);
+  OutReturn += ",\"error\":";
+  AppendJsonString(Error, OutReturn);
+  OutReturn += "}\n";
+}
+
+/// Plain, a line about the rule itself stands before all.
+void AppendHeading(const RuleDescription& Rule, std::string& OutReturn) {
+  OutReturn += (OutReturn.empty() ? "" : "\n") + Rule.Place() + ':';
+  OutReturn += Rule.Header.empty() ? "" : " {" + Rule.Header + '}';
+  OutReturn += Rule.Sequence.empty() ? "" : ' ' + Rule.Sequence;
+  OutReturn += '\n';
+}
+
+/// All answers. @return whether the text has reached no limit
+bool AppendAnswers(const WhyOptions& Options, const RuleSet& Rules, const AskedRules& Asked,
+                   std::string& OutReturn) {
+  TextOptions Texts = Options.Texts;
+  SetStarts(Options.Starts, Rules, Texts);
+  Translator Engine(Rules);
+  const TextResult Result = Engine.Translate(Options.Text, Texts);
+  std::optional<RuleDiagnosis> Why;
+  if (Result.Error.empty()) {
+    Why.emplace(Rules, Engine, Result, Texts);
+  } else {
+    std::cerr << "--text:1: error: " << Result.Error << '\n';
+  }
+  for (const RuleDescription& Rule : Asked.vRules) {
+    if (!Options.IsJson) {
+      AppendHeading(Rule, OutReturn);
+    }
+    if (!Rule.Index) {
+      AppendLeftOut(Rule, Options.IsJson, OutReturn);
+    } else if (Why) {
+      AppendFacts(Rule, Options.IsJson, *Why, OutReturn);
+    } else {
+      AppendError(Rule, Options.IsJson, Result.Error, OutReturn);
+    }
+  }
+  return Result.Error.empty();
+}
+
+}  // namespace
+
+// ---- The run ----------------------------------------------------------------------------------
+
+int RunWhy(const WhyOptions& Options) {
+  RuleSet Rules(Options.Rules);
+  AskedRules Asked;
+  Asked.vIsFound.resize(Options.vsNames.size());
+  const Grammar::RunTally Tally = LoadRules(
+      Options.vsGrammars, Options.Quiet, Rules,
+      [&](const Grammar::SourceRule& Lines, const UsableRule* Rule,
+          const std::vector<Grammar::Finding>& vFindings) {
+        const auto Index = static_cast<std::uint32_t>(Rules.Size() - (Rule == nullptr ? 0 : 1));
+        TakeRule(Options.vsNames, Lines, Rule, vFindings, Index, Asked);
+      });
+  const bool AllFit = ReportNames(Options.vsNames, Asked);
+  Grammar::OutputFile Output(Options.Output);
+  std::string Out;
+  const bool HasFacts = AppendAnswers(Options, Rules, Asked, Out);
+  Output.Write(Out);
+  Grammar::ReportLeftOut(Tally);
+  Output.Finish();
+  const bool IsClean = AllFit && HasFacts && !Tally.HasFindings;
+  return IsClean ? Grammar::StatusClean : Grammar::StatusFindings;
+}
+
+}  // namespace Translate

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "RuleSet.h"
+#include "Translator.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Translate {
+
+/// What a run is told that explains rules.
+struct WhyOptions {
+  std::vector<std::string> vsNames;     ///< of rules: "NP,8", or "g.trr:5"
+  std::vector<std::string> vsGrammars;  ///< "-" for standard input
+  std::string Text;
+  std::string Output;  ///< "" or "-" for standard output
+  bool Quiet = false;  ///< show no progress
+  bool IsJson = false;
+  RuleSetOptions Rules;
+  std::optional<std::string> Starts;  ///< start types between commas
+  TextOptions Texts;                  ///< but for the start types
+};
+
+/// Tells what rules do with a text, and why they do no more. Throws `Grammar::RunError`.
+/// @return `Grammar::StatusFindings` where no rule fits a name, rules are left out, or the text
+///         reaches a limit
+int RunWhy(const WhyOptions& Options);
+
+/// Cuts the arguments of the command: the first one names a rule, and so does each one behind it
+/// that can, up to the first that cannot, or that is the name of a file.
+void SplitRuleNames(const std::vector<std::string>& vsArguments, std::vector<std::string>& vsNames,
+                    std::vector<std::string>& vsGrammars);
+
+}  // namespace Translate

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "RuleDescription.h"
+#include "RuleDiagnosis.h"
+#include "StructureText.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Translate {
+
+/// What both forms of a diagnosis have in common: names for what the facts have numbers for.
+class DiagnosisNames {
+ public:
+  DiagnosisNames(RuleDiagnosis& WhyPassIn, const RuleDescription& RulePassIn)
+      : Why(WhyPassIn),
+        Rules(WhyPassIn.Grammar()),
+        Rule(RulePassIn),
+        Structures(WhyPassIn.Grammar(), WhyPassIn.Trace().Structures(), WhyPassIn.Trace().Atoms()) {
+  }
+
+  /// "(x1 NUM)", "y0"; the letters as they are written, also where the sides are exchanged.
+  std::string PathName(const RulePath& Path) const;
+  /// "x1", as it is written.
+  std::string NodeName(Side Of, std::size_t Node) const;
+  /// Tokens between blanks.
+  std::string Words(std::size_t Start, std::size_t End) const;
+  /// "N::N".
+  std::string TypesName(std::uint32_t Types) const;
+  /// "g.trr:5".
+  std::string PlaceOf(std::uint32_t RuleIndex) const;
+  /// "NP,8", or the place where there is no header.
+  std::string NameOf(std::uint32_t RuleIndex) const;
+  /// The equation of a line, as the rule has it.
+  const RuleDescription::Equation& EquationAt(std::size_t Line) const {
+    return Rule.Equations.at(Line);
+  }
+
+ protected:
+  RuleDiagnosis& Why;
+  const RuleSet& Rules;
+  const RuleDescription& Rule;
+  StructureText Structures;
+};
+
+/// Writes what a rule does with a text, and why it does no more, as one would say it.
+///
+///   DiagnosisText(Why, Rule).Append(Why.FactsAt(Index, 0), Out);
+///   // NP,4 fits x1–x2 at "red car"; it fails at ((x1 num) = (x2 num)), line 12: x1 has PL from
+///   // words.trr:30, x2 has SG from words.trr:44
+class DiagnosisText : public DiagnosisNames {
+ public:
+  using DiagnosisNames::DiagnosisNames;
+
+  /// Appends lines about one begin.
+  void Append(const BeginFacts& Facts, std::string& TextReturn);
+
+  /// The cause that lies furthest in the rule: of all begins the one where most components are met;
+  /// of equal ones the first. One line, without its end.
+  std::string FurthestCause();
+
+ private:
+  std::string StopText(const Stop& Which, std::size_t Begin) const;
+  std::string PlaceText(const StopPlace& Which) const;
+  std::string WantedText(SourceSymbol Wanted) const;
+  std::string FitText(const Combination& Way, std::size_t Begin) const;
+  std::string PartsText(const Combination& Way) const;
+  std::string ClashText(const EquationClash& Clash);
+  std::string ConflictText(const Conflict& Which, bool IsTransfer);
+  std::string ValueText(StructureId Value);
+  std::string MadeText(const MadeFacts& Made, std::size_t Begin);
+  std::string MissingText(const MissingAbove& Missing) const;
+  std::string TakerText(const Taker& Which) const;
+  std::string ChainText(const Combination& Way, std::size_t Begin, bool IsUsed) const;
+};
+
+/// Writes the same as one JSON object.
+class DiagnosisJson : public DiagnosisNames {
+ public:
+  using DiagnosisNames::DiagnosisNames;
+
+  /// Appends an object, without a line end.
+  void Append(const BeginFacts& Facts, std::string& TextReturn);
+
+ private:
+  void AppendStop(const Stop& Which);
+  void AppendWanted(SourceSymbol Wanted);
+  void AppendTypes(std::uint32_t Types);
+  void AppendWay(const Combination& Way, std::size_t Begin);
+  void AppendEquation(const EquationClash& Clash);
+  void AppendValue(const RulePath* Path, StructureId Value);
+  void AppendMade(const MadeFacts& Made, std::size_t Begin);
+  void AppendMissing(const MissingAbove& Missing);
+  void AppendTaker(const Taker& Which);
+  void AppendMore(std::string_view Name, const std::optional<std::uint64_t>& More);
+  template <typename ElementT, typename AppendT>
+  void AppendList(const std::vector<ElementT>& vElements, AppendT AppendEach);
+  void AppendSpan(std::size_t Start, std::size_t End);
+
+  std::string* Out = nullptr;
+};
+
+/// The beginning of all objects about a rule: {"rule":"g.trr:5","header":"NP,8"
+void AppendRuleName(const RuleDescription& Rule, std::string& JsonReturn);
+
+}  // namespace Translate
