@@ -2,6 +2,7 @@
 // no crash, no hang, limits hold, and what comes out is in order.
 
 #include "FuzzSupport.h"
+#include "RuleDiagnosis.h"
 #include "RuleReader.h"
 #include "RuleSet.h"
 #include "RuleUse.h"
@@ -62,6 +63,26 @@ void RequireWritable(const Translate::RuleSet& Rules, Translate::Translator& Eng
   }
 }
 
+/// Each rule has a cause wherever it makes nothing.
+void RequireCauses(const Translate::RuleSet& Rules, Translate::Translator& Engine,
+                   const Translate::TextResult& Result, const Translate::TextOptions& Wanted) {
+  if (!Result.Error.empty()) {
+    return;
+  }
+  Translate::RuleDiagnosis Why(Rules, Engine, Result, Wanted);
+  for (std::uint32_t Rule = 0; Rule < Rules.Size(); ++Rule) {
+    for (std::size_t Begin = 0; Begin < Why.Size(); ++Begin) {
+      const Translate::BeginFacts Facts = Why.FactsAt(Rule, Begin);
+      Require(Facts.Stopped || !Facts.Clashes.IsEmpty() || !Facts.Made.IsEmpty() ||
+                  !Facts.Used.IsEmpty() || !Facts.Longest.IsEmpty(),
+              "something is known of each begin");
+      for (const Translate::ClashFacts& Each : Facts.Clashes.vFirst) {
+        Require(!Each.vEquations.empty(), "what clashes is named");
+      }
+    }
+  }
+}
+
 void RequireText(bool IsReversed, const std::string& Grammar, const std::string& Text) {
   Translate::RuleSetOptions Options;
   Options.IsReversed = IsReversed;
@@ -80,6 +101,7 @@ void RequireText(bool IsReversed, const std::string& Grammar, const std::string&
   Require(Result.vTranslations.size() <= Wanted.Translations, "no more than are wanted");
   RequireOrder(Result);
   RequireWritable(Rules, Engine, Text, Result);
+  RequireCauses(Rules, Engine, Result, Wanted);
 }
 
 }  // namespace

@@ -57,8 +57,8 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddJsonCommand(Program, Chosen);
   AddFromJsonCommand(Program, Chosen);
   AddTranslateCommand(Program, Chosen);
-  AddTestCommand(Program, Chosen);
   AddWhyCommand(Program, Chosen);
+  AddTestCommand(Program, Chosen);
   AddExplainCommand(Program, Chosen);
   AddHelpCommand(Program, Chosen);
   AddVersionCommand(Program, Chosen);

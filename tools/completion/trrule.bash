@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique json from-json translate test explain help version'
+  local Commands='check print sort unique json from-json translate why test explain help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -37,6 +37,7 @@ _trrule() {
     --format)
       case ${COMP_WORDS[1]} in
         translate) Words='plain json tree' ;;
+        why) Words='plain json' ;;
         test) Words='plain json junit tap' ;;
         *) Words='text json sarif' ;;
       esac
@@ -77,6 +78,10 @@ _trrule() {
         Words="$Common --text --lexicon -k --all-derivations --start --partial --reverse"
         Words="$Words --match-case --format --count --origins --max-chain --max-constituents"
         Words="$Words --max-derivations --threads"
+        ;;
+      why)
+        Words="-o --output -q --quiet -h --help --text --lexicon --start --reverse --match-case"
+        Words="$Words --format --max-chain --max-constituents --max-derivations"
         ;;
       test)
         Words="-o --output -q --quiet -h --help --reverse --match-case --format --strict"
