@@ -243,8 +243,9 @@ TEST(TrruleProgram, HasHelpWithAnExampleForEachCommand) {
 
 TEST(TrruleProgram, KnowsTheSameOptionsInHelpManualAndCompletions) {
   StringSet ssOptions = OptionsIn(RunTrrule({"--help"}).Out);
-  ssOptions.merge(OptionsIn(RunTrrule({"translate", "--help"}).Out));
-  ssOptions.merge(OptionsIn(RunTrrule({"why", "--help"}).Out));
+  for (const char* Command : {"translate", "why", "test"}) {
+    ssOptions.merge(OptionsIn(RunTrrule({Command, "--help"}).Out));
+  }
   for (const std::string& sCommand : Commands) {
     ssOptions.merge(OptionsIn(RunTrrule({sCommand, "--help"}).Out));
   }
