@@ -238,6 +238,13 @@ TEST(GrammarFindings, CountLikeRulesOnceAndFollowAnyLength) {
   }
   EXPECT_EQ(ValuesIn(Text), (Strings{"10:1+15 TR052 warning: this never holds: NUM of x2 (N) is "
                                      "always PL or SG; 2 more rules have it (1)"}));
+  std::string Many;
+  for (const char* const Value : {"a", "b", "c", "d", "e"}) {
+    Many += Rule("N::N [\"w\"] -> [\"w\"]", "((x0 lex) = " + std::string(Value) + ")");
+  }
+  EXPECT_EQ(ValuesIn(Many + Rule("NP::NP [N] -> [N]", "((x1 lex) = f)")),
+            (Strings{"18:1+14 TR052 warning: this never holds: LEX of x1 (N) is always one of 5 "
+                     "values (1)"}));
   std::string Chain = Rule("T0::T0 [\"a\"] -> [\"b\"]", "((x0 f) = v)");
   for (int Index = 1; Index < 3000; ++Index) {
     const std::string Type = "T" + std::to_string(Index);

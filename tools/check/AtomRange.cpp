@@ -24,6 +24,18 @@ AtomRange Common(const AtomRange& Left, const AtomRange& Right) {
   return Both;
 }
 
+void Narrow(AtomRange& RangeReturn, const std::vector<std::uint32_t>& vAtoms) {
+  if (RangeReturn.IsNegated) {
+    RangeReturn = Common(RangeReturn, {false, vAtoms});
+    return;
+  }
+  const auto IsOther = [&](std::uint32_t Each) {
+    return !std::binary_search(vAtoms.begin(), vAtoms.end(), Each);
+  };
+  std::vector<std::uint32_t>& vKept = RangeReturn.vAtoms;
+  vKept.erase(std::remove_if(vKept.begin(), vKept.end(), IsOther), vKept.end());
+}
+
 void Tidy(std::vector<std::uint32_t>& vAtomsReturn) {
   std::sort(vAtomsReturn.begin(), vAtomsReturn.end());
   vAtomsReturn.erase(std::unique(vAtomsReturn.begin(), vAtomsReturn.end()), vAtomsReturn.end());

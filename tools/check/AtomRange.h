@@ -17,6 +17,11 @@ struct AtomRange {
 /// What two ranges have in common.
 AtomRange Common(const AtomRange& Left, const AtomRange& Right);
 
+/// Leaves of a range what is among some atoms. Where it is a few atoms already,
+/// the size of the others hardly matters.
+/// @param vAtoms ascending
+void Narrow(AtomRange& RangeReturn, const std::vector<std::uint32_t>& vAtoms);
+
 /// Sorts atoms, and drops repetitions.
 void Tidy(std::vector<std::uint32_t>& vAtomsReturn);
 

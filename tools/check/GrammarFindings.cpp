@@ -194,13 +194,12 @@ void GrammarFindings::AddUnreachableRules(const std::vector<std::string>& vsStar
 /// "NUM of x2 (N) is always PL or SG"
 std::string GrammarFindings::SupplyText(const Shape& Which,
                                         const SuppliedValues::Supply& Each) const {
-  constexpr std::size_t MaxNames = 4;
   const GrammarShapes::Place& Place = Shapes.PlacesOf(Which).First[Each.From.Place];
   std::string Text = Shapes.PathName(Each.From.Path);
   Text += (Text.empty() ? "x" : " of x") + std::to_string(Place.Node) + " (" +
           Shapes.LabelName(Shapes.SlotLabel(Place.Slot)) + ") is always ";
-  if (Each.vAtoms.size() > MaxNames) {
-    return Text + "one of " + std::to_string(Each.vAtoms.size()) + " values";
+  if (Each.vAtoms.empty()) {
+    return Text + "one of " + std::to_string(Each.Count) + " values";
   }
   std::vector<std::string> vsNames;
   for (const std::uint32_t Atom : Each.vAtoms) {

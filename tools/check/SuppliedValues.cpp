@@ -15,12 +15,14 @@ using Equation = GrammarShapes::Equation;
 
 namespace {
 
-constexpr std::uint32_t MaxPaths = 256;      // of a slot
-constexpr std::size_t MaxAtoms = 1U << 16U;  // of a path
+constexpr std::uint32_t MaxPaths = 256;          // of a slot
+constexpr std::size_t MaxAtoms = 1U << 16U;      // of a path
+constexpr std::size_t MaxUnordered = 1U << 12U;  // atoms of a path
 
 }  // namespace
 
-/// The variable of a path, a new one where there is none. One path too many can be anything.
+/// The variable of a path, a new one where there is none. One path too many can
+/// be anything.
 std::uint32_t SuppliedValues::Demand(std::uint32_t Slot, std::uint32_t Path) {
   const std::uint32_t Number = Numbers.Intern(Slot, Path);
   if (Number == Variables.size()) {
@@ -41,7 +43,8 @@ std::uint32_t SuppliedValues::Demand(const Shape& Which, const ShapeGraph::Origi
   return Demand(Shapes.PlacesOf(Which).First[From.Place].Slot, Path);
 }
 
-/// A node with features has no value, and one that is given nothing clashes by itself.
+/// A node with features has no value, and one that is given nothing clashes by
+/// itself.
 void SuppliedValues::AddMeetings(std::uint32_t Index) {
   const Shape& Which = Shapes.At(Index);
   if (Which.PlaceCount == 0 || Which.EquationCount == 0) {
@@ -72,12 +75,13 @@ bool SuppliedValues::AddGiven(std::uint32_t Number, const AtomRange& Given) {
   if (Given.IsNegated) {
     return false;
   }
-  std::vector<std::uint32_t>& vAtoms = Variables[Number].vAtoms;
-  vAtoms.insert(vAtoms.end(), Given.vAtoms.begin(), Given.vAtoms.end());
+  std::vector<std::uint32_t>& vNew = Variables[Number].vNew;
+  vNew.insert(vNew.end(), Given.vAtoms.begin(), Given.vAtoms.end());
   return true;
 }
 
-/// Of a shape without links, such as an entry of a lexicon: only values of the very path count.
+/// Of a shape without links, such as an entry of a lexicon: only values of the
+/// very path count.
 bool SuppliedValues::AddFlowOfValues(std::uint32_t Number, const Shape& Which) {
   AtomRange Any;
   AtomRange Not;
@@ -133,17 +137,14 @@ void SuppliedValues::Expand(std::uint32_t Number) {
       return;
     }
   }
-  Tidy(Variables[Number].vAtoms);
-  if (Variables[Number].vAtoms.size() > MaxAtoms) {
-    SetAny(Number);
-  }
+  TakeNewAtoms(Number);
 }
 
 // ---- Settling ---------------------------------------------------------------------------------
 
-void SuppliedValues::Wake(Variable& VariableReturn, std::uint32_t Number) {
-  if (!VariableReturn.IsWaiting) {
-    VariableReturn.IsWaiting = true;
+void SuppliedValues::Wake(std::uint32_t Number) {
+  if (!Variables[Number].IsWaiting) {
+    Variables[Number].IsWaiting = true;
     Waiting.push_back(Number);
   }
 }
@@ -152,19 +153,34 @@ void SuppliedValues::SetAny(std::uint32_t Number) {
   Variable& Each = Variables[Number];
   Each.IsAny = true;
   Each.vAtoms = {};
-  Wake(Each, Number);
+  Each.vNew = {};
+  Wake(Number);
 }
 
+/// Atoms come in one by one where there are many entries, so that they are put
+/// in order later.
 void SuppliedValues::AddAtoms(std::uint32_t Number, const std::vector<std::uint32_t>& vAtoms) {
   Variable& Each = Variables[Number];
-  std::vector<std::uint32_t> vAll;
-  std::set_union(Each.vAtoms.begin(), Each.vAtoms.end(), vAtoms.begin(), vAtoms.end(),
-                 std::back_inserter(vAll));
-  if (vAll.size() > MaxAtoms) {
+  for (const std::uint32_t Atom : vAtoms) {
+    if (!std::binary_search(Each.vAtoms.begin(), Each.vAtoms.end(), Atom)) {
+      Each.vNew.push_back(Atom);
+    }
+  }
+  if (!Each.vNew.empty()) {
+    Wake(Number);
+  }
+  if (Each.vNew.size() > Each.vAtoms.size() + MaxUnordered) {
+    TakeNewAtoms(Number);
+  }
+}
+
+void SuppliedValues::TakeNewAtoms(std::uint32_t Number) {
+  Variable& Each = Variables[Number];
+  Each.vAtoms.insert(Each.vAtoms.end(), Each.vNew.begin(), Each.vNew.end());
+  Each.vNew.clear();
+  Tidy(Each.vAtoms);
+  if (Each.vAtoms.size() > MaxAtoms) {
     SetAny(Number);
-  } else if (vAll.size() > Each.vAtoms.size()) {
-    Each.vAtoms = std::move(vAll);
-    Wake(Each, Number);
   }
 }
 
@@ -175,7 +191,7 @@ void SuppliedValues::Apply(const Flow& Each) {
   AtomRange Range = Each.Given;
   for (const std::uint32_t From : Each.vFrom) {
     if (!Variables[From].IsAny) {
-      Range = Common(Range, {false, Variables[From].vAtoms});
+      Narrow(Range, Variables[From].vAtoms);
     }
   }
   if (Range.IsNegated) {
@@ -185,14 +201,15 @@ void SuppliedValues::Apply(const Flow& Each) {
   }
 }
 
-/// Lets values flow until nothing is new. They only ever become more, so that the order does not
-/// matter.
+/// Lets values flow until nothing is new. They only ever become more, so that
+/// the order does not matter.
 void SuppliedValues::Settle() {
   std::for_each(Flows.begin(), Flows.end(), [this](const Flow& Each) { Apply(Each); });
   while (!Waiting.empty()) {
     const std::uint32_t Number = Waiting.front();
     Waiting.pop_front();
     Variables[Number].IsWaiting = false;
+    TakeNewAtoms(Number);
     for (const std::uint32_t User : Variables[Number].vUsers) {
       Apply(Flows[User]);
     }
@@ -201,22 +218,34 @@ void SuppliedValues::Settle() {
 
 // ---- Clashes ----------------------------------------------------------------------------------
 
-/// Where a place gets no value at all, nothing can fill it; that is another matter.
-std::optional<SuppliedValues::Clash> SuppliedValues::ClashOf(const Meeting& Each) const {
-  Clash Found{Each.Shape, Each.Line, {}};
+/// Where a place gets no value at all, nothing can fill it; that is another
+/// matter.
+bool SuppliedValues::IsClash(const Meeting& Each) const {
   AtomRange Range = Each.Given;
+  for (const std::uint32_t Number : Each.vVariables) {
+    const Variable& From = Variables[Number];
+    if (!From.IsAny && From.vAtoms.empty()) {
+      return false;
+    }
+    if (!From.IsAny) {
+      Narrow(Range, From.vAtoms);
+    }
+  }
+  return Range.IsNothing();
+}
+
+SuppliedValues::Clash SuppliedValues::ClashOf(const Meeting& Each) const {
+  Clash Found{Each.Shape, Each.Line, {}};
   for (std::size_t Index = 0; Index < Each.vVariables.size(); ++Index) {
     const Variable& From = Variables[Each.vVariables[Index]];
-    if (From.IsAny) {
-      continue;
+    if (!From.IsAny) {
+      Supply& New = Found.vSupplies.emplace_back();
+      New.From = Each.vOrigins[Index];
+      New.Count = From.vAtoms.size();
+      New.vAtoms = New.Count > Supply::MaxAtoms ? std::vector<std::uint32_t>() : From.vAtoms;
     }
-    if (From.vAtoms.empty()) {
-      return std::nullopt;
-    }
-    Range = Common(Range, {false, From.vAtoms});
-    Found.vSupplies.push_back({Each.vOrigins[Index], From.vAtoms});
   }
-  return Range.IsNothing() ? std::optional<Clash>(std::move(Found)) : std::nullopt;
+  return Found;
 }
 
 std::vector<SuppliedValues::Clash> SuppliedValues::FindClashes() {
@@ -230,8 +259,8 @@ std::vector<SuppliedValues::Clash> SuppliedValues::FindClashes() {
   Settle();
   std::vector<Clash> vClashes;
   for (const Meeting& Each : Meetings) {
-    if (std::optional<Clash> Found = ClashOf(Each)) {
-      vClashes.push_back(std::move(*Found));
+    if (IsClash(Each)) {
+      vClashes.push_back(ClashOf(Each));
     }
   }
   return vClashes;

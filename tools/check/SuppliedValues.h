@@ -4,15 +4,15 @@
 #include "GrammarShapes.h"
 #include "ShapeGraph.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <optional>
 #include <vector>
 
 namespace Grammar {
 
-/// Finds equations that no constituent can meet: what they want of a place, none of the rules that
-/// could fill it ever has.
+/// Finds equations that no constituent can meet: what they want of a place,
+/// none of the rules that could fill it ever has.
 ///
 /// For example, no N below has the value that the NP wants:
 ///
@@ -22,19 +22,23 @@ namespace Grammar {
 ///   NP::NP : ["two" N] -> ["dos" N]
 ///   ( (X2::Y2) ((x2 num) = du) )
 ///
-/// What a place can have at a path is worked out from below: all values that the rules which could
-/// fill it give their own node there, by a value or by equations with their places. It is anything
-/// as soon as one of them leaves the path open, gives it features, or cannot be used. So what is
-/// found never holds; what is not found may or may not.
+/// What a place can have at a path is worked out from below: all values that
+/// the rules which could fill it give their own node there, by a value or by
+/// equations with their places. It is anything as soon as one of them leaves
+/// the path open, gives it features, or cannot be used. So what is found never
+/// holds; what is not found may or may not.
 ///
-/// The work is bounded by so many paths for each kind of place, and so many atoms for each path:
-/// beyond that, anything is possible.
+/// The work is bounded by so many paths for each kind of place, and so many
+/// atoms for each path: beyond that, anything is possible.
 class SuppliedValues {
  public:
   /// What a place has at a path.
   struct Supply {
+    static constexpr std::size_t MaxAtoms = 4;
+
     ShapeGraph::Origin From;
-    std::vector<std::uint32_t> vAtoms;  ///< ascending, at least one
+    std::size_t Count = 0;              ///< how many values, at least one
+    std::vector<std::uint32_t> vAtoms;  ///< where there are few
   };
 
   /// An equation that never holds.
@@ -44,7 +48,8 @@ class SuppliedValues {
     std::vector<Supply> vSupplies;  ///< that have nothing in common with it, or with each other
   };
 
-  /// @param ShapesPassIn gets paths that no rule has written; has to outlive this
+  /// @param ShapesPassIn gets paths that no rule has written; has to outlive
+  /// this
   explicit SuppliedValues(GrammarShapes& ShapesPassIn)
       : Shapes(ShapesPassIn), Graph(ShapesPassIn) {}
 
@@ -57,19 +62,22 @@ class SuppliedValues {
     std::uint32_t Slot = 0;
     std::uint32_t Path = 0;
     bool IsAny = false;
-    bool IsWaiting = false;  ///< until its users have been looked at again
-    std::vector<std::uint32_t> vAtoms;
+    bool IsWaiting = false;             ///< until its users have been looked at again
+    std::vector<std::uint32_t> vAtoms;  ///< ascending
+    std::vector<std::uint32_t> vNew;    ///< come since its users were looked at, in any order
     std::vector<std::uint32_t> vUsers;  ///< flows
   };
 
-  /// A way by which a path gets values: those that other paths and a given range have in common.
+  /// A way by which a path gets values: those that other paths and a given
+  /// range have in common.
   struct Flow {
     std::uint32_t To = 0;
     AtomRange Given;
     std::vector<std::uint32_t> vFrom;
   };
 
-  /// A node of a shape at which the paths of places have to have a value in common.
+  /// A node of a shape at which the paths of places have to have a value in
+  /// common.
   struct Meeting {
     std::uint32_t Shape = 0;
     std::uint32_t Line = 0;
@@ -88,10 +96,12 @@ class SuppliedValues {
   bool AddGiven(std::uint32_t Number, const AtomRange& Given);
   void SetAny(std::uint32_t Number);
   void AddAtoms(std::uint32_t Number, const std::vector<std::uint32_t>& vAtoms);
-  void Wake(Variable& VariableReturn, std::uint32_t Number);
+  void TakeNewAtoms(std::uint32_t Number);
+  void Wake(std::uint32_t Number);
   void Settle();
   void Apply(const Flow& Each);
-  std::optional<Clash> ClashOf(const Meeting& Each) const;
+  bool IsClash(const Meeting& Each) const;
+  Clash ClashOf(const Meeting& Each) const;
 
   GrammarShapes& Shapes;
   ShapeGraph Graph;
