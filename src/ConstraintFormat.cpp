@@ -183,9 +183,9 @@ bool TakeWords(Scanner& ScanReturn, ConstraintParts& PartsReturn) {
 /// Right = Node | Reference | Value
 bool TakeRight(Scanner& ScanReturn, ConstraintParts& PartsReturn) {
   const std::string_view Before = ScanReturn.Remaining();
-  bool IsRead = true;
   if (ScanReturn.Take('(')) {
     const std::string_view Inner = ScanReturn.Remaining();
+    bool IsRead = true;
     if (!TakeReference(ScanReturn, PartsReturn)) {
       ScanReturn.GoBackTo(Inner);
       IsRead = TakeWords(ScanReturn, PartsReturn);

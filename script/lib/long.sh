@@ -10,10 +10,16 @@ want_long_tools() {
   want gcovr have_command gcovr
 }
 
+# The folders of the tools as cppcheck looks for headers in them.
+tool_folders() {
+  find tools -type d -printf '-I %p '
+}
+
 analyse_with_cppcheck() {
-  say "Analysing src/ with cppcheck"
+  say "Analysing src/ and tools/ with cppcheck"
+  # shellcheck disable=SC2046  # each folder is a word of its own
   run cppcheck.log cppcheck --enable=all --inconclusive --std=c++17 --language=c++ --quiet \
-    --error-exitcode=1 --suppressions-list=.cppcheck-suppressions -I src src
+    --error-exitcode=1 --suppressions-list=.cppcheck-suppressions -I src $(tool_folders) src tools
 }
 
 # The tests with each compiler and each of two standards, with optimisation and checked containers,

@@ -111,7 +111,7 @@ WriterOptions WriterOptionsOf(const TranslateOptions& Options) {
 /// The texts of a run: the one that was given, or the lines of standard input.
 class TextSource {
  public:
-  TextSource(const TranslateOptions& Options)
+  explicit TextSource(const TranslateOptions& Options)
       : Given(Options.Text),
         Shown(Options.Quiet || Given.has_value(), Given ? 0 : Grammar::TotalSize({"-"})) {
     if (!Given) {

@@ -139,9 +139,9 @@ bool LibraryRule::ReadAlignment(std::string_view Line) {
   if (TrRuleInternal::ReadAlignment(Capitals, Texts) != TrRuleInternal::AlignmentFault::None) {
     return false;
   }
-  std::vector<TrRuleInternal::MissingIndex> vMissing;
   TrRuleInternal::AppendPair(Alignments, Texts.X, Texts.Y);
   if (!TrRuleInternal::IsCanonical(Alignments)) {
+    std::vector<TrRuleInternal::MissingIndex> vMissing;
     Alignments = TrRuleInternal::CanonicalAlignments(Alignments, vMissing);
   }
   LastPair = TrRuleInternal::LastOfCanonical(Alignments);
