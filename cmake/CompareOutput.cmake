@@ -1,7 +1,7 @@
 # cmake -DPROGRAM=... -DEXPECTED=... -DNAME=... -DWORK_DIR=... -P CompareOutput.cmake
 #
 # Runs PROGRAM and fails unless it ends with status 0, leaves standard error empty and writes to
-# standard output exactly the bytes of the file EXPECTED. NAME tells apart the files in WORK_DIR.
+# standard output exactly the bytes of the file EXPECTED. NAME distinguishes the files in WORK_DIR.
 
 set(OutFile "${WORK_DIR}/${NAME}.out")
 set(ErrFile "${WORK_DIR}/${NAME}.err")
@@ -19,7 +19,7 @@ endif()
 file(READ "${ErrFile}" ErrText HEX)
 if(NOT ErrText STREQUAL "")
   file(READ "${ErrFile}" ErrText)
-  message(SEND_ERROR "Standard error should be empty, but holds:\n${ErrText}")
+  message(SEND_ERROR "Standard error should be empty, but is:\n${ErrText}")
 endif()
 
 execute_process(COMMAND "${CMAKE_COMMAND}" -E compare_files "${EXPECTED}" "${OutFile}"

@@ -1,4 +1,4 @@
-# `cmake --build --preset docs` makes the pages for browsers; a warning of Doxygen's is an error.
+# `cmake --build --preset docs` builds the HTML pages; a warning of Doxygen is an error.
 
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
@@ -15,6 +15,6 @@ add_custom_target(
   docs
   COMMAND ${CMAKE_COMMAND} -E rm -rf "${PROJECT_BINARY_DIR}/html"
   COMMAND Doxygen::doxygen "${PROJECT_BINARY_DIR}/Doxyfile"
-  COMMENT "Making the documentation in ${PROJECT_BINARY_DIR}/html"
+  COMMENT "Building the documentation in ${PROJECT_BINARY_DIR}/html"
   WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
   VERBATIM)

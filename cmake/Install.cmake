@@ -1,4 +1,4 @@
-# What `cmake --install` puts where, and how other programs find it there.
+# The files that `cmake --install` installs, and how other programs find them.
 
 include(CMakePackageConfigHelpers)
 
@@ -22,7 +22,7 @@ install(EXPORT TrRuleTargets NAMESPACE TrRule:: DESTINATION "${PackageDir}")
 configure_package_config_file(
   "${PROJECT_SOURCE_DIR}/cmake/TrRuleConfig.cmake.in" "${PROJECT_BINARY_DIR}/TrRuleConfig.cmake"
   INSTALL_DESTINATION "${PackageDir}" NO_SET_AND_CHECK_MACRO)
-# Before 1.0, another minor version is another interface; the name of the shared object says so too.
+# Before 1.0, another minor version is another interface, also in the name of the shared object.
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/TrRuleConfigVersion.cmake"
                                  COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/TrRuleConfig.cmake"
@@ -30,8 +30,8 @@ install(FILES "${PROJECT_BINARY_DIR}/TrRuleConfig.cmake"
 
 # --- pkg-config --------------------------------------------------------------------------------
 
-# Paths are relative to the file itself, so that an installed tree can be moved; those that were
-# given as absolute stay so.
+# Paths are relative to the file itself, so that an installed tree can be moved. Absolute paths stay
+# absolute.
 set(PcDir "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig")
 file(RELATIVE_PATH FromPcToPrefix "${PcDir}" "${CMAKE_INSTALL_PREFIX}")
 cmake_path(SET PcPrefix NORMALIZE "${FromPcToPrefix}")
@@ -50,12 +50,12 @@ install(FILES "${PROJECT_BINARY_DIR}/trrule.pc" DESTINATION "${CMAKE_INSTALL_LIB
 
 # --- Documentation -----------------------------------------------------------------------------
 
-# The pages link to each other and to the examples, so they keep their places.
+# The pages link to each other and to the examples, so they keep their relative paths.
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md LICENSE DESTINATION "${DocDir}")
 install(DIRECTORY docs DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.md" PATTERN "*.svg"
                                                               PATTERN "*.json")
 install(DIRECTORY examples DESTINATION "${DocDir}" FILES_MATCHING PATTERN "*.cpp" PATTERN "*.txt"
                                                                   PATTERN "*.trr"
                                                                   PATTERN "CMakeLists.txt" EXCLUDE)
-# The pages for browsers go along where they have been made.
+# The HTML pages are installed if they have been built.
 install(DIRECTORY "${PROJECT_BINARY_DIR}/html" DESTINATION "${DocDir}" OPTIONAL)

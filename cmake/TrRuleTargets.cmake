@@ -1,4 +1,4 @@
-# How this project's targets are compiled, and how its tests compare outputs.
+# Compiler settings of the targets, and the comparison of outputs in tests.
 
 # The sanitizers and the checks of the library's debug mode change how containers are laid out, so
 # everything that is linked together has to be compiled with them.
@@ -9,7 +9,7 @@ if(TRRULE_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# Each option where the compiler has it; docs/assurance.md tells what they do.
+# Each option if the compiler has it; docs/assurance.md describes them.
 if(TRRULE_HARDEN)
   include(CheckCXXCompilerFlag)
   include(CheckPIESupported)
@@ -20,14 +20,14 @@ if(TRRULE_HARDEN)
       add_compile_options(-f${Option})
     endif()
   endforeach()
-  # A distribution's compiler may have set a level of its own; without optimisation there is none.
+  # The compiler of a distribution may set its own level; without optimisation there is none.
   add_compile_options("$<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=3>")
-  # A static library has to fit into programs that are loaded anywhere.
+  # A static library must link into position-independent programs.
   add_compile_options("$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,STATIC_LIBRARY>:-fPIE>")
   add_link_options(-Wl,-z,relro,-z,now)
 endif()
 
-# Warnings are this project's own business: a program that takes it in as a part sees none of them.
+# Only this project enables warnings, not a program that contains it.
 function(trrule_configure_program Target)
   target_compile_features(${Target} PRIVATE cxx_std_17)
   set_target_properties(${Target} PROPERTIES CXX_EXTENSIONS OFF)
@@ -41,7 +41,7 @@ function(trrule_configure_program Target)
   endif()
 endfunction()
 
-# The symbols are hidden but for the classes, which say so themselves.
+# Symbols are hidden, except the classes, which are marked as visible.
 function(trrule_configure_library Target)
   trrule_configure_program(${Target})
   target_compile_features(${Target} PUBLIC cxx_std_17)
@@ -52,8 +52,8 @@ function(trrule_configure_library Target)
                                              VISIBILITY_INLINES_HIDDEN ON)
 endfunction()
 
-# A test that runs a program without arguments and compares both of its streams, byte for byte, and
-# its status: standard output with the file, standard error with nothing, the status with 0.
+# A test that runs a program without arguments: its standard output must equal the file, byte for
+# byte, its standard error must be empty, and its status 0.
 function(trrule_add_output_test Name Target ExpectedFile)
   add_test(NAME ${Name}
            COMMAND ${CMAKE_COMMAND} "-DPROGRAM=$<TARGET_FILE:${Target}>"

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Programs whose build takes the library's sources in as a part.
+# Programs whose build contains the sources of the library.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 
@@ -9,6 +9,6 @@ fresh_folder
 "$CMAKE" --build "$Folder/build" --parallel 2
 run_consumers "$Folder/build"
 
-# Installing the program installs nothing of the library's.
+# Installing the program installs nothing of the library.
 "$CMAKE" --install "$Folder/build" --prefix "$Folder/prefix" >/dev/null
 [ ! -e "$Folder/prefix" ] || fail "the library installed itself"

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds the library and the driver, once for all tests of a kind. The command over files of rules
-# takes longest by far and is not built again: command.sh installs the one of the tests' own build.
+# Builds the library and the driver, once for all tests of a kind. The command takes the longest and is
+# not built again: command.sh installs the one of the build of the tests.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 

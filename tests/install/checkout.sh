@@ -1,6 +1,5 @@
 #!/bin/sh
-# A checkout by a git that would convert line ends is the same, byte for byte, as one by a git that
-# would not.
+# A checkout with converted line ends is the same, byte for byte, as one without.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 
@@ -16,6 +15,6 @@ check_out false lf
 check_out true crlf
 diff -rq "$Folder/false" "$Folder/true" || fail "line ends were converted"
 
-# Both would be the same, too, if carriage returns had been lost when they were committed.
+# Both would also be the same if carriage returns had been lost in the commit.
 Corpus=fuzz/corpus/RuleTextFuzz/carriage-returns.txt
 cmp "$SOURCE/$Corpus" "$Folder/true/$Corpus" || fail "$Corpus has changed"

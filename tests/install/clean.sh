@@ -1,5 +1,5 @@
 #!/bin/sh
-# Takes away what build.sh made.
+# Removes what build.sh built.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 

@@ -1,6 +1,6 @@
 #!/bin/sh
-# What the Debian package of the tests' own build holds, by name, the command run from where the
-# package was unpacked, and the completion as Debian's zsh finds it.
+# The files of the Debian package, the command run from the unpacked package, and the completion as
+# Debian's zsh finds it.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 
@@ -19,8 +19,7 @@ command -v zsh >/dev/null || skip "zsh is not installed: its completion was not 
 Completions=/usr/share/zsh/vendor-completions
 # shellcheck disable=SC2016  # for zsh
 zsh -f -c 'print -l $fpath' | grep -qx "$Completions" || skip "this zsh is not Debian's"
-# With the unpacked folder in the place of the one for packages, the completion is known without
-# any setting of the user's.
+# With the unpacked folder instead of the one for packages, the completion works without any settings.
 cat >"$Folder/complete.zsh" <<'END'
 fpath=("${(@)fpath/#%$1/$2}")
 autoload -Uz compinit

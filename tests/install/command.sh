@@ -1,6 +1,6 @@
 #!/bin/sh
-# The command over files of rules, as the tests' own build installs it: all that comes with it, by
-# name, and the command run from where it was put.
+# The command as the build of the tests installs it: all installed files, and the command run from its
+# installed path.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 

@@ -14,7 +14,7 @@ Kind=$1
 Built=$WORK/library-$Kind
 export CXX
 
-# Nothing of the caller's may lead a consumer to another installed copy.
+# Settings of the caller must not lead a consumer to another installed copy.
 unset DESTDIR CMAKE_PREFIX_PATH CPATH LIBRARY_PATH LD_LIBRARY_PATH PKG_CONFIG_PATH TrRule_DIR
 unset CMAKE_BUILD_TYPE CPLUS_INCLUDE_PATH CXXFLAGS LDFLAGS
 
@@ -31,14 +31,14 @@ skip() {
 
 command -v "$CXX" >/dev/null || skip "there is no $CXX on this machine"
 
-# A folder of this test's own, gone when the test ends, however it ends.
+# A folder of this test, which is removed when the test ends.
 fresh_folder() {
   Folder=$(mktemp -d "$WORK/$(basename "$0" .sh)-$Kind-XXXXXX")
   trap 'rm -rf "$Folder"' EXIT
   trap 'exit 1' HUP INT TERM
 }
 
-# The library was configured for another prefix: what is installed has to work where it is put.
+# The library was configured for another prefix: the installed files must work where they are.
 install_into() {
   "$CMAKE" --install "$Built" --prefix "$1" >/dev/null
 }
@@ -72,8 +72,8 @@ run_consumers() {
   done
 }
 
-# expect_tree PREFIX CHANGE LIST...: the files under a prefix, but for the documentation, are those
-# of the lists in expected/, after a change by sed.
+# expect_tree PREFIX CHANGE LIST...: the files under a prefix, except the documentation, are those of
+# the lists in expected/, after a change by sed.
 expect_tree() {
   Prefix=$1
   Change=$2
@@ -96,13 +96,14 @@ make_package() {
   Package=$1
 }
 
-# Nothing is installed into the system: what the package puts under / goes under $Root.
+# Nothing is installed into the system: the files of the package go under $Root instead of /.
 unpack_package() {
   Root=$Folder/root
   dpkg-deb --extract "$Package" "$Root"
 }
 
-# Shared means that the program asks for the versioned shared object, static that it does not.
+# A shared library means that the program needs the versioned shared object, a static one that it does
+# not.
 check_linkage() {
   Wanted=$(readelf -d "$1" | sed -n 's/.*NEEDED.*\[\(libtrrule[^]]*\)\]/\1/p')
   case $Kind in

@@ -1,6 +1,6 @@
 #!/bin/sh
-# The Debian package: makes it, looks at what it says of itself, unpacks it into a folder of this
-# test's own, and runs the driver and a program built with the library from there.
+# The Debian package: builds it, checks its control data, unpacks it into a folder of this test, and
+# runs the driver and a program built with the library from there.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 
@@ -22,11 +22,11 @@ case $(field Depends) in
 esac
 
 compare "$SOURCE/cmake/debian/copyright" "$Root/usr/share/doc/trrule/copyright"
-# The place that both name for the text of the licence.
+# The path of the licence text that both name.
 [ ! -d /usr/share/common-licenses ] || [ -e /usr/share/common-licenses/Apache-2.0 ] ||
   fail "the text of the licence is not where the copyright file says"
 
-# Whatever the umask was, everyone may read what is in the package, and only root may change it.
+# Everyone may read the files of the package, and only root may change them, whatever the umask was.
 find "$Root" -mindepth 1 ! -type l \( ! -perm -444 -o -perm /022 \) >"$Folder/modes.txt"
 compare /dev/null "$Folder/modes.txt"
 

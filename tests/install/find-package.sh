@@ -1,5 +1,5 @@
 #!/bin/sh
-# Programs of another project that take the installed library by find_package.
+# Programs of another project that find the installed library with find_package.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 

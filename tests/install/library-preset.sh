@@ -1,13 +1,13 @@
 #!/bin/sh
-# The library alone, by the commands at the top of docs/embedding.md, with no tools but a compiler
-# and CMake with its make; then a program that takes it from there.
+# Only the library, built by the commands at the top of docs/embedding.md with a compiler, CMake and
+# make; then a program that uses it.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 
 command -v make >/dev/null || skip "make is not installed"
 fresh_folder
 
-# Whatever else is on this machine, the build does not see it.
+# The build sees no other tools of this machine.
 mkdir "$Folder/bin"
 ln -s "$CMAKE" "$Folder/bin/cmake"
 for Tool in sh uname make as ld ar ranlib nm strip objcopy objdump readelf addr2line; do
@@ -15,7 +15,7 @@ for Tool in sh uname make as ld ar ranlib nm strip objcopy objdump readelf addr2
 done
 ln -s "$(command -v "$CXX")" "$Folder/bin/c++"
 
-# What is needed and no more; the build goes where the preset says.
+# Only the needed files; the preset chooses the build folder.
 mkdir "$Folder/source"
 (cd "$SOURCE" && cp -R CMakeLists.txt CMakePresets.json cmake src docs examples LICENSE ./*.md \
   "$Folder/source")

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Programs without a build system that take the installed library by pkg-config.
+# Programs without a build system that find the installed library with pkg-config.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 

@@ -1,5 +1,5 @@
 #!/bin/sh
-# All that is installed, by name, and the driver run from where it was put.
+# All installed files, and the driver run from its installed path.
 # shellcheck source=tests/install/common.sh
 . "$SOURCE/tests/install/common.sh"
 
