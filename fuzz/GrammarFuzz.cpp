@@ -49,7 +49,7 @@ bool HasFindingOn(const std::vector<Finding>& vFindings, std::size_t Line) {
                      [&](const Finding& Found) { return Found.Line == Line; });
 }
 
-/// A line of a rule that was read is in the record, or it is told of.
+/// A line of a rule that was read is in the record, or it is reported of.
 void RequireLinesAccountedFor(const RuleText& Rule, const RuleRecord& Record,
                               const std::vector<Finding>& vFindings) {
   std::size_t Comments = 0;

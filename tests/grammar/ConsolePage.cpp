@@ -28,7 +28,7 @@ std::vector<Console> ReadConsoles(const std::string& Page) {
   std::ifstream File(GrammarPaths::SourceFolder + ('/' + Page));
   std::vector<Console> vConsoles;
   std::map<std::string, std::string> ssFiles;
-  std::string Fence;  // what stands behind its backquotes; empty outside of fences
+  std::string Fence;  // the text behind its backquotes; empty outside of fences
   int LineNumber = 0;
   for (std::string Line; std::getline(File, Line);) {
     ++LineNumber;

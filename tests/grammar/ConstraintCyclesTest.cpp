@@ -62,7 +62,7 @@ TEST(ConstraintCycles, AreNamedFromTheirFirstLine) {
 }
 
 /// The first cycle on the way from the last node of a path, as the nodes up to the one that comes
-/// again; empty where there is none. Each node is tried over and over.
+/// again; empty if there is not one. Each node is tried over and over.
 std::vector<int> FirstCycle(const std::vector<Reference>& vReferences, std::vector<int> vPath,
                             std::set<int>& siDoneReturn) {
   const int Last = vPath.back();
@@ -128,7 +128,7 @@ TEST(ConstraintCycles, AreThoseOfASearchThatBeginsAnewAfterEach) {
     for (std::size_t Line = 0; Line < vReferences.size(); ++Line) {
       const auto From = static_cast<int>(Below(Nodes));
       const auto To = static_cast<int>(Below(Nodes));
-      // A node that waits for itself is none.
+      // A node that waits for itself is not one.
       vReferences[Line] = {1, From, To == From ? 99 : To, Line};
     }
     const Strings vsCycles = CyclesIn(vReferences);

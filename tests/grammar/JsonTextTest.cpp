@@ -1,4 +1,4 @@
-// Rules are bytes, JSON is Unicode: what goes over must come back.
+// Rules are bytes, JSON is Unicode: what goes over must be restored.
 
 #include "JsonText.h"
 

@@ -21,7 +21,7 @@ namespace {
 using Grammar::OutputFile;
 using Names = std::set<std::string>;
 
-/// The message with which something fails; empty where it does not.
+/// The message with which something fails; empty if it does not.
 template <typename CodeT>
 std::string FailureOf(CodeT Code) {
   try {

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-/// Becomes the command, with these arguments. Does not come back.
+/// Becomes the command, with these arguments. Does not be restored.
 inline void ExecuteTrrule(std::vector<std::string> vsArguments) {
   vsArguments.insert(vsArguments.begin(), GrammarPaths::Program);
   std::vector<char*> vArguments;

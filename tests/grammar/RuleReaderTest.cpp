@@ -51,7 +51,7 @@ TEST(RuleReader, CutsBeforeTheCommentsOfTheNextRule) {
       // The lines of the first rule may come in any order.
       {"(X1::Y1)\n(x0 = x1)\nN::N : [N] -> [N]\n{N,2}\n",
        {"(X1::Y1)\n(x0 = x1)\nN::N : [N] -> [N]\n", "{N,2}\n"}},
-      // What looks like a header in a comment or in a constraint is none.
+      // What looks like a header in a comment or in a constraint is not one.
       {"{N,1}\n;; {N,2}\n((x1 sem) = {N,3})\n", {"{N,1}\n;; {N,2}\n((x1 sem) = {N,3})\n"}},
       // CRLF, a last line without an end, NUL and other bytes.
       {"{N,1}\r\nA\r\n\r\n{N,2}\r\nB", {"{N,1}\r\nA\r\n", "\r\n{N,2}\r\nB"}},

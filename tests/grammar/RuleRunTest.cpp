@@ -1,4 +1,4 @@
-// Nothing of a grammar is lost without a word: what the commands write, what they report, and
+// Nothing of a grammar is lost silently: what the commands write, what they report, and
 // when they leave a file alone.
 
 #include "RuleRun.h"

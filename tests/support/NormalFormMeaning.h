@@ -36,7 +36,7 @@ inline bool HasWideTypes(const Grammar::SourceRule& Rule) {
   return !Types || Types->First != Line.Parts.SLType;
 }
 
-/// Whether a reference stands after a feature and a doubled sign, where the library reads a value.
+/// Whether a reference is after a feature and a doubled sign, where the library reads a value.
 inline bool HasDoubledReference(const Grammar::SourceRule& Rule) {
   const auto IsDoubled = [](const Grammar::SourceRule::ConstraintLine& Each) {
     return Each.Parts.Kind == TrRuleInternal::RightKind::Reference && !Each.Parts.IsWholeNode &&

@@ -27,13 +27,13 @@ class RandomInput {
     return Collection[Below(Collection.size())];
   }
 
-  /// Up to so many bytes of an alphabet.
+  /// Up to that many bytes of an alphabet.
   std::string TextOf(const std::string& Alphabet, std::size_t MaxLength);
 
   /// The text with some bytes removed, replaced or inserted.
   std::string Damaged(std::string Text, const std::string& Bytes);
 
-  /// Up to so many words, in any order.
+  /// Up to that many words, in any order.
   std::string WordsOf(const std::vector<std::string>& vsWords, std::size_t MaxCount);
 
  private:

@@ -116,7 +116,7 @@ TEST(Chart, GrowsWithTheSquareOfTheText) {
 }
 
 TEST(Chart, EndsAtItsLimits) {
-  // Each word has two structures, and the rule looks at all of them.
+  // Each word has two structures, and the rule reads all of them.
   std::string Line = "S::S : [";
   std::string Body = "] -> [\"y\"]\n(X1::Y1)\n";
   for (int Index = 1; Index <= 40; ++Index) {

@@ -29,7 +29,7 @@ using Strings = std::vector<std::string>;
 
 constexpr std::size_t MaxDerivations = 300;
 
-/// All derivations of a text in order; nothing where there are very many.
+/// All derivations of a text in order; nothing if there are very many.
 std::optional<Strings> DerivationsOf(
     TestEngine& Grammar, const std::string& Text,
     const RuleName& Name = [](std::uint32_t Number) { return std::to_string(Number); }) {
@@ -326,7 +326,7 @@ TEST(Invariance, FewerConstraintsTakeNoDerivationAway) {
 
 // ---- Threads and limits -----------------------------------------------------------------------
 
-/// The JSON of all texts, worked on by so many threads.
+/// The JSON of all texts, worked on by that many threads.
 std::string Written(const Translate::RuleSet& Rules, const Strings& vsTexts, unsigned Threads) {
   std::size_t Next = 0;
   std::string Out;

@@ -27,7 +27,7 @@ Strings FindingsIn(const std::string& Grammar, bool IsReversed = false) {
   return vsFindings;
 }
 
-/// The words of the best translation; empty where there is none.
+/// The words of the best translation; empty if there is not one.
 std::string Best(const std::string& Grammar, const std::string& Text) {
   std::string Line = TestEngine(Grammar).Plain(Text);
   Line.pop_back();

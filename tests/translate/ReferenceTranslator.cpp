@@ -197,7 +197,7 @@ Ref Make(const Nodes& Roots, const NodePath& Path) {
   return At;
 }
 
-/// The end of a path; nothing where it is not there.
+/// The end of a path; nothing if it is not there.
 Ref Look(const Nodes& Roots, const NodePath& Path) {
   Ref At = Find(Roots.at(Path.Of)[Path.Index]);
   for (const std::string_view Feature : Path.vFeatures) {
@@ -381,7 +381,7 @@ std::int64_t Table::Weight(std::size_t Rule) const {
   return std::llround(1000000 * std::log(static_cast<long double>(vRules[Rule].Count) / Total));
 }
 
-/// Takes structures apart that may contain themselves, so that they can go.
+/// Parses structures that may contain themselves, so that they can go.
 class Releaser {
  public:
   explicit Releaser(Nodes& RootsPassIn) : Roots(RootsPassIn) {}

@@ -17,7 +17,7 @@
 
 /// What tests of the engine share: grammars and texts in, texts out.
 
-/// The rules of a grammar text, taken apart, and what is wrong with those that are left out.
+/// The rules of a grammar text, parsed, and what is wrong with those that are left out.
 class ReadGrammar {
  public:
   explicit ReadGrammar(const std::string& Text, bool IsReversed = false) {

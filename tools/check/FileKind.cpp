@@ -58,7 +58,7 @@ bool IsSound(const LineParts& Parts) {
   }
 }
 
-/// Whether a line could be one of a rule, as it stands or with a mistake mended.
+/// Whether a line could be one of a rule, unchanged or with a mistake mended.
 bool IsOfRule(const LineParts& Parts) {
   if (IsSound(Parts)) {
     return true;

@@ -10,15 +10,15 @@ namespace Grammar {
 /// How many bytes of a file are looked at to tell whether it is a grammar.
 constexpr std::size_t FileStartSize = std::size_t{1} << 16;
 
-/// Tells whether a file is no grammar at all: one finding then says so, rather than one for each of
+/// Whether a file is no grammar at all: one finding then says so, rather than one for each of
 /// its lines.
 ///
-/// A file is none where it is in UTF-16, where more than one byte in a hundred is a control
+/// A file is not one where it is in UTF-16, where more than one byte in a hundred is a control
 /// character other than white space, or where it has at least four lines that are neither blank nor
 /// comment, and fewer than one in four of them could be a header, a rule line, an alignment or a
 /// constraint, also one with a mistake.
 /// @param Start the beginning of the file, whole where it is no longer than `FileStartSize`
-/// @return what it is instead, as a message; nothing where it may be a grammar
+/// @return what it is instead, as a message; nothing if it may be a grammar
 std::optional<std::string> WhyNoGrammar(std::string_view Start);
 
 }  // namespace Grammar

@@ -23,14 +23,14 @@ struct Finding {
   std::string Message;     ///< one line
   std::string LineText;    ///< the line itself, without its end
   std::string Suggestion;  ///< the whole line as it was probably meant, which has no finding of its
-                           ///< rule; empty where that cannot be said
+                           ///< rule; empty if that cannot be said
   std::string OtherFile;   ///< where the first of two rules stands; empty without another place
   std::size_t OtherLine = 0;
   std::string Example;  ///< what such a line looks like in some other rule; may be empty
 };
 
-/// Puts findings in the order in which they are told: by line, column and code. Those at the same
-/// place stay as they are.
+/// Puts findings in the order in which they are reported: by line, column and code. Those at the
+/// same place stay as they are.
 void SortFindings(std::vector<Finding>& vFindingsReturn);
 
 }  // namespace Grammar

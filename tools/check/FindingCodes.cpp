@@ -302,7 +302,7 @@ const std::vector<CodeInfo>& AllCodes() {
 
 namespace {
 
-/// The codes by their numbers, null where there is none.
+/// The codes by their numbers, null if there is not one.
 std::vector<const CodeInfo*> CodesByNumber() {
   constexpr std::size_t Numbers = 100;
   std::vector<const CodeInfo*> vByNumber(Numbers);

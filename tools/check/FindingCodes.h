@@ -30,7 +30,7 @@ struct CodeInfo {
 /// All codes, ascending.
 const std::vector<CodeInfo>& AllCodes();
 
-/// What is known of a code; null where there is no such code.
+/// What is known of a code; null if there is no such code.
 const CodeInfo* FindCode(std::string_view Code);
 
 /// Whether findings with a code keep their rule from being applied to texts. The other errors only
@@ -38,7 +38,7 @@ const CodeInfo* FindCode(std::string_view Code);
 bool KeepsFromUse(std::string_view Code);
 
 /// The code of a text that a person has written: in any case, with white space around it. Throws
-/// `RunError` where there is none.
+/// `RunError` where there is not one.
 /// @param WhereToLook names the command that lists the codes
 const CodeInfo& KnownCode(const std::string& Written, const std::string& WhereToLook);
 
@@ -46,7 +46,7 @@ const CodeInfo& KnownCode(const std::string& Written, const std::string& WhereTo
 extern const std::string_view ExampleRuleLine;
 
 /// An example as the text of a grammar: lines of a body get a rule around them, and a line "..." is
-/// replaced by so many copies of the line before it that the rule is too long for the library.
+/// replaced by that many copies of the line before it that the rule is too long for the library.
 std::string WholeExample(const CodeInfo& Info, std::string_view Example);
 
 /// What `trrule explain` prints of a code: title, meaning, and both examples.

@@ -16,13 +16,13 @@ class FindingWriter {
  public:
   virtual ~FindingWriter();
 
-  /// Writes what stands before the first finding.
+  /// Writes the text before the first finding.
   virtual void Begin() = 0;
   /// Appends a finding to a text for `Write`. May be called on several threads at once.
   virtual void Append(const Finding& Each, std::string& TextReturn) const = 0;
   /// Writes the text of one finding or more, which is not empty.
   virtual void Write(std::string_view Text) = 0;
-  /// Writes what stands behind the last one.
+  /// Writes the text behind the last one.
   virtual void End() = 0;
 };
 

@@ -275,7 +275,7 @@ std::string MendedSide(std::string_view Side) {
   return Labels.empty() ? "" : '[' + Labels + ']';
 }
 
-/// What stands behind the brackets of a target side.
+/// The text behind the brackets of a target side.
 std::string_view TakeBehind(std::string_view& SideReturn) {
   const std::size_t Close = SideReturn.find_last_of("])}");
   if (Close == None || SideReturn.find('"', Close) != None) {
@@ -333,7 +333,7 @@ std::string MendedSequence(std::string_view Code) {
 // ---- Alignments -------------------------------------------------------------------------------
 
 std::string MendedAlignment(std::string_view Code) {
-  // What stands behind the parenthesis is told apart, and becomes a comment.
+  // The text behind the parenthesis is reported apart, and becomes a comment.
   const std::size_t Close = Code.find(')');
   const std::string_view Pair = Code.substr(0, Close);
   const std::string_view Behind = Close == None ? "" : Stripped(Code.substr(Close), ")] ");
@@ -384,7 +384,7 @@ std::string WithParentheses(std::string_view Code) {
   return "";
 }
 
-/// Cuts off what stands behind the parenthesis that closes a constraint.
+/// Cuts off the text behind the parenthesis that closes a constraint.
 std::string_view TakeBehindParentheses(std::string_view& CodeReturn) {
   int Depth = 0;
   for (std::size_t At = 0; At < CodeReturn.size(); ++At) {

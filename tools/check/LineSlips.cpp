@@ -169,7 +169,7 @@ bool StartsWithWord(std::string_view Text, std::string_view Word) {
           static_cast<unsigned char>(Text[Word.size()]) > 127);
 }
 
-/// The sign behind a label: ":", also a look-alike; empty where something else follows.
+/// The sign behind a label: ":", also a look-alike; empty if something else follows.
 std::string_view ColonAt(std::string_view Text) {
   if (StartsWith(Text, ":")) {
     return Text.substr(0, 1);
@@ -180,7 +180,7 @@ std::string_view ColonAt(std::string_view Text) {
              : std::string_view();
 }
 
-/// What stands in a comment in the place of a label; empty where it is the label, or other words.
+/// The text in a comment in the place of a label; empty if it is the label, or other words.
 std::string_view SlipOf(std::string_view Label, std::string_view Text, bool IsSemicolonMissing) {
   const std::string_view Word = Label.substr(0, Label.size() - 1);
   if (!StartsWithWord(Text, Word)) {

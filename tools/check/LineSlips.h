@@ -42,7 +42,7 @@ struct LabelSlip {
   std::string_view Place;  ///< what stands there instead
 };
 
-/// Label is empty where the comment has none of the labels, or has it as it should be.
+/// Label is empty if the comment has none of the labels, or has it as it should be.
 LabelSlip FindLabelSlip(std::string_view Comment);
 
 }  // namespace Grammar

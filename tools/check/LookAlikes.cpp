@@ -26,7 +26,7 @@ constexpr bool IsAscii(char Byte) {
   return ValueOf(Byte) < 0x80U;
 }
 
-/// How many bytes a character has that begins with this one; 0 where none does.
+/// How many bytes a character has that begins with this one; 0 if none does.
 constexpr std::size_t SizeFrom(unsigned char First) {
   if (First < 0x80U) {
     return 1;

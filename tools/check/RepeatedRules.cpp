@@ -87,7 +87,7 @@ void RepeatedRules::Check(const RuleText& TextPassIn, const RuleIdentity& Identi
   }
 }
 
-/// The place of an equal text; null where there is none, and then it is noted.
+/// The place of an equal text; null if there is not one, and then it is noted.
 const RepeatedRules::Place* RepeatedRules::FindOrAdd(Places& PlacesReturn, std::uint64_t Sum,
                                                      std::uint64_t OtherSum, std::size_t Line) {
   const Place New{OtherSum, static_cast<std::uint32_t>(vsFiles.size() - 1),

@@ -16,7 +16,7 @@ namespace Grammar {
 struct RuleIdentity {
   std::uint64_t FormSum = 0;
   std::uint64_t OtherFormSum = 0;
-  std::string Header;  ///< "{NP,8}"; empty where there is none that can be read
+  std::string Header;  ///< "{NP,8}"; empty if none can be read
 };
 
 /// Finds rules that say the same as an earlier one, and numbers that are used twice.

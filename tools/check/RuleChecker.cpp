@@ -204,7 +204,7 @@ std::string WithTextAsComment(std::string_view Code, std::string_view Part) {
   return IsMarker ? Rest : Rest.append(1, ' ').append(AsComment(WithoutColons(Part)));
 }
 
-/// The first comment with the label is the one that is read.
+/// The first comment with the label is the read one.
 void Checker::CheckCount(std::size_t Line, std::string_view Comment) {
   std::string_view Written;
   if (!Text.HasRule || !TakeLabel(Comment, ScoreLabel, Written)) {
@@ -308,7 +308,7 @@ void Checker::CheckOther(std::size_t Line, std::string_view Code) {
 
 // ---- Comments ---------------------------------------------------------------------------------
 
-/// What the library's reader takes a line with some marks for, which is a comment here; null where
+/// What the library's reader takes a line with some marks for, which is a comment here; null if
 /// it is a comment there, too.
 const char* AlsoReadAs(const LineMarks& Marks) {
   if (Marks.HasArrow) {
@@ -378,7 +378,7 @@ bool IsSameConstraint(std::string_view Left, std::string_view Right) {
   return AsTuple(Fields[0]) == AsTuple(Fields[1]);
 }
 
-/// Whether the library's reader, which looks at the whole line, takes it for what it is without its
+/// Whether the library's reader, which reads the whole line, takes it for what it is without its
 /// comment.
 bool Checker::ReadsTheSame(std::size_t Line, const LineParts& Parts) const {
   const LineMarks Marks = MarksOf(Parts.Comment);
@@ -472,7 +472,7 @@ void Checker::CheckSecondSequence(std::size_t Line, std::string_view Code) {
   Findings.AddFault("TR003", Line, Code, Message, "");
 }
 
-/// A rule line whose arrow is not "] -> [", so that it is none for the library.
+/// A rule line whose arrow is not "] -> [", so that it is not one for the library.
 void Checker::CheckArrow(std::size_t Line, std::string_view Code) {
   if (SequenceLine) {
     CheckSecondSequence(Line, Code);
@@ -791,7 +791,7 @@ void Checker::AddToRule(std::string_view Code, std::string Message, std::string 
       std::move(Example);
 }
 
-/// Whether a rule with such an error cannot be used; the others can be written all the same.
+/// Whether a rule with such an error cannot be used; the others can be written anyway.
 bool IsUnreadable(const Finding& Each) {
   return Each.Level == Severity::Error && Each.Code != "TR009" && Each.Code != "TR010" &&
          Each.Code != "TR035";

@@ -14,8 +14,8 @@ namespace Grammar {
 ///
 /// A suggestion is a line in which nothing is found any more. Where notes are hidden, it may be a
 /// line with notes.
-/// @param RecordReturn gets the rule read into it
-/// @param HiddenReturn gets the codes of the notes, which are not added then; null where notes are
+/// @param RecordReturn receives the rule read into it
+/// @param HiddenReturn receives the codes of the notes, which are not added then; null if notes are
 ///        wanted
 /// @return whether the record holds the rule
 bool CheckRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,

@@ -47,7 +47,7 @@ using HiddenNotes = std::vector<const CodeInfo*>;
 class RuleFindings {
  public:
   /// @param TextPassIn, vFindingsPassIn have to outlive the collection
-  /// @param HiddenPassIn gets the codes of notes; null where notes are wanted
+  /// @param HiddenPassIn receives the codes of notes; null if notes are wanted
   RuleFindings(const RuleText& TextPassIn, std::vector<Finding>& vFindingsPassIn,
                HiddenNotes* HiddenPassIn = nullptr);
 
@@ -62,7 +62,7 @@ class RuleFindings {
   Finding& AddFault(std::string_view Code, std::size_t Line, std::string_view Part,
                     const std::string& Message, std::string Mended);
 
-  /// Whether some byte of the rule is none of ASCII.
+  /// Whether some byte of the rule is not one of ASCII.
   bool HasBytesBeyond() const { return HasOthers; }
 
   /// Whether a look-alike on the line has been reported, or whatever else explains it.

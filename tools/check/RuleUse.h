@@ -19,9 +19,9 @@ namespace Grammar {
 ///
 /// @param Text has to outlive what is returned
 /// @param IsReversed whether source and target change places
-/// @param LinesReturn gets the lines of the rule, taken apart
+/// @param LinesReturn receives the lines of the rule, parsed
 /// @param RuleReturn is written over
-/// @param vFindingsReturn gets what keeps the rule from being used; see `ReportUnusable`
+/// @param vFindingsReturn receives what keeps the rule from being used; see `ReportUnusable`
 /// @return whether the rule can be used
 bool ReadUsableRule(const RuleText& Text, bool IsReversed, SourceRule& LinesReturn,
                     UsableRule& RuleReturn, std::vector<Finding>& vFindingsReturn);
@@ -32,7 +32,7 @@ bool ReadUsableRule(const RuleText& Text, bool IsReversed, SourceRule& LinesRetu
 ///
 /// @param Lines a rule that cannot be used
 /// @param IsReversed whether source and target change places
-/// @param vFindingsReturn gets at least one finding, all of them errors
+/// @param vFindingsReturn receives at least one finding, all of them errors
 void ReportUnusable(const SourceRule& Lines, bool IsReversed,
                     std::vector<Finding>& vFindingsReturn);
 

@@ -146,7 +146,7 @@ class CheckReader {
     IsOpen = OpenNext();
   }
 
-  /// Reads about so many bytes of rules, at least one rule. @return false after the last one
+  /// Reads about that many bytes of rules, at least one rule. @return false after the last one
   bool Read(CheckBatch& BatchReturn) {
     constexpr std::size_t WantedSize = std::size_t{1} << 16;
     BatchReturn.Clear();

@@ -50,7 +50,7 @@ class LineFiles {
   explicit LineFiles(const RunOptions& Options)
       : vsNames(OrStandardInput(Options.vsFiles)), Shown(Options.Quiet, TotalSize(vsNames)) {}
 
-  /// Reads about so many bytes of lines, at least one line. @return false after the last one
+  /// Reads about that many bytes of lines, at least one line. @return false after the last one
   bool Read(LineBatch& BatchReturn) {
     constexpr std::size_t WantedSize = std::size_t{1} << 18;
     BatchReturn.Count = 0;
@@ -73,7 +73,7 @@ class LineFiles {
   bool HasFailed() const { return Failed; }
 
  private:
-  /// Gives the next line that is not blank. @return false after the last line of the last file
+  /// Returns the next line that is not blank. @return false after the last line of the last file
   bool Next(std::string& TextReturn) {
     while (File != nullptr || NextName < vsNames.size()) {
       try {

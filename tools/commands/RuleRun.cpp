@@ -23,7 +23,7 @@ void Report(const std::vector<Finding>& vFindings) {
 
 namespace {
 
-/// Carries texts along as they stand, and sees to it that each ends its last line.
+/// Carries texts along unchanged, and sees to it that each ends its last line.
 class TextCarrier {
  public:
   explicit TextCarrier(RuleVisitor& VisitorPassIn) : Visitor(VisitorPassIn) {}
@@ -100,7 +100,7 @@ class BatchReader {
     Files.ReportFailuresTo([this](const std::string& Message) { vsFailures.push_back(Message); });
   }
 
-  /// Reads about so many bytes of rules, at least one rule. @return false behind the last one
+  /// Reads about that many bytes of rules, at least one rule. @return false behind the last one
   bool Read(RuleBatch& BatchReturn) {
     constexpr std::size_t WantedSize = std::size_t{1} << 16;
     BatchReturn.Count = 0;
@@ -145,7 +145,7 @@ void PrepareBatch(const RuleVisitor& Visitor, bool KeepBad, RuleBatch& BatchRetu
   }
 }
 
-/// Hands batches to a visitor, in the order of the input, and counts.
+/// Passes batches to a visitor, in the order of the input, and counts.
 class BatchFinisher {
  public:
   BatchFinisher(RuleVisitor& VisitorPassIn, bool KeepBadPassIn)

@@ -13,13 +13,13 @@
 
 namespace Grammar {
 
-/// What every command over the rules of some files is told.
+/// What every command over the rules of some files is reported.
 struct RunOptions {
   std::vector<std::string> vsFiles;  ///< "-" for standard input; none stands for standard input
   std::string Output;                ///< "" or "-" for standard output
   bool Quiet = false;                ///< show no progress
   bool Folded = false;               ///< each rule stands on one line
-  bool KeepBad = false;              ///< carry along what cannot be read as a rule, as it stands
+  bool KeepBad = false;              ///< carry along what cannot be read as a rule, unchanged
   bool Force = false;                ///< replace the output even where something is missing in it
   unsigned Threads = 0;              ///< how many threads work on rules; 0 for one on each core
 };
@@ -47,9 +47,9 @@ class RuleVisitor {
 
   /// Makes of a rule what `TakeRule` gets. Called on several threads at once, in any order, so it
   /// changes nothing but its arguments.
-  /// @param KeyReturn gets what the rule is sorted by, after what it holds
-  /// @param TextReturn gets what is kept or written of the rule, after what it holds
-  /// @param vFindingsReturn gets why the rule is left out, where it is
+  /// @param KeyReturn receives what the rule is sorted by, after what it holds
+  /// @param TextReturn receives what is kept or written of the rule, after what it holds
+  /// @param vFindingsReturn receives why the rule is left out, where it is
   /// @return whether the rule goes on to `TakeRule`; if not, both texts are as they were
   virtual bool PrepareRule(RuleRecord& Record, std::string& KeyReturn, std::string& TextReturn,
                            std::vector<Finding>& vFindingsReturn) const = 0;
@@ -57,7 +57,7 @@ class RuleVisitor {
   /// Takes what has been made of a rule, in the order of the input.
   virtual void TakeRule(std::string_view Key, std::string_view Text) = 0;
 
-  /// Takes a text that goes on as it stands: the comments of a file without rules, and, where
+  /// Takes a text that goes on unchanged: the comments of a file without rules, and, where
   /// that is wanted, what cannot be read as a rule.
   virtual void TakeText(std::string_view Text) = 0;
 
@@ -72,10 +72,10 @@ class RuleCollector : public RuleVisitor {
   virtual void WriteTo(OutputFile& OutputReturn) = 0;
 };
 
-/// Hands all rules to the visitor. What cannot be read is reported on standard error.
+/// Passes all rules to the visitor. What cannot be read is reported on standard error.
 ///
 /// A rule with text that is no part of it goes to the visitor with that text as comments; where
-/// bad rules are kept, it is carried along as it stands instead.
+/// bad rules are kept, it is kept unchanged instead.
 RunTally VisitRules(const RunOptions& Options, RuleVisitor& Visitor);
 
 /// Whether the output names one of the inputs, under whatever name.
@@ -91,7 +91,7 @@ bool ReplacesInput(const RunOptions& Options);
 int FinishRun(const RunOptions& Options, const RunTally& Tally, OutputFile& OutputReturn,
               bool CanKeepBad = true);
 
-/// Hands all rules to the collector, has it write to the output of the run, and ends that.
+/// Passes all rules to the collector, has it write to the output of the run, and ends that.
 /// @return as `FinishRun`
 int CollectRules(const RunOptions& Options, RuleCollector& Collector);
 

@@ -13,7 +13,7 @@
 
 namespace Translate {
 
-/// What a run over texts is told.
+/// What a run over texts is reported.
 struct TranslateOptions {
   std::vector<std::string> vsGrammars;  ///< "-" for standard input, with a text of its own
   std::optional<std::string> Text;      ///< otherwise each line of standard input is one
@@ -27,8 +27,8 @@ struct TranslateOptions {
   WriterOptions Format;
 };
 
-/// Translates texts. Rules that are left out, and texts without translation, are told on standard
-/// error. Throws `Grammar::RunError`.
+/// Translates texts. Rules that are left out, and texts without translation, are reported on
+/// standard error. Throws `Grammar::RunError`.
 /// @return `Grammar::StatusFindings` where something was told of a rule or a text
 int RunTranslate(const TranslateOptions& Options);
 

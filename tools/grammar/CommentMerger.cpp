@@ -18,7 +18,7 @@ bool HasLabel(std::string_view Comment, std::string_view Label) {
   return TakeLabel(Comment, Label, Rest);
 }
 
-/// The label of a line of an example; their number where it has none.
+/// The label of a line of an example; their number if it has none.
 std::size_t LabelOf(std::string_view Comment) {
   std::size_t Label = 0;
   while (Label < ExampleLabels.size() && !HasLabel(Comment, ExampleLabels[Label])) {

@@ -12,7 +12,7 @@ namespace Grammar {
 ///
 /// An example is what its labels make it: a line ";;SL:" with the lines ";;TL:" and
 /// ";;C-Structure:" that belong to it; a label that comes again begins the next one. The first rule
-/// keeps its comments as they stand. Of each further rule, the examples and the other comments are
+/// keeps its comments unchanged. Of each further rule, the examples and the other comments are
 /// added that are not there yet. Counts (";;Score:") are left to who adds them.
 class CommentMerger {
  public:

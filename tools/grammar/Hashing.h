@@ -46,7 +46,7 @@ class IndexTable {
     return vSlots[At];
   }
 
-  /// As `Find` for one who only looks; `NoEntry` where there is none.
+  /// As `Find` for one who only looks; `NoEntry` where there is not one.
   template <typename IsEqualT>
   std::uint32_t Look(std::uint64_t Hash, IsEqualT IsEqual) const {
     if (vSlots.empty()) {

@@ -18,14 +18,14 @@ struct RuleHeader {
 };
 
 /// The header of a rule as it is kept.
-/// @param Parts the parts of the line; nothing where it cannot be read
+/// @param Parts the parts of the line; nothing if it cannot be read
 /// @param Code the line itself
 RuleHeader HeaderOf(const std::optional<TrRuleInternal::HeaderParts>& Parts, std::string_view Code);
 
-/// The number of a header, as the record holds it: -1 where it has none that can be read.
+/// The number of a header, as the record holds it: -1 if it has none that can be read.
 int NumberOf(const RuleHeader& Header);
 
-/// Appends the header with a line end, as it is written; nothing where there is none.
+/// Appends the header with a line end, as it is written; nothing if there is not one.
 void AppendHeader(const RuleHeader& Header, std::string& TextReturn);
 
 }  // namespace Grammar

@@ -15,7 +15,7 @@
 
 namespace Grammar {
 
-/// Hands the object of a rule, value by value, to a handler, which writes it or compares it. The
+/// Passes the object of a rule, value by value, to a handler, which writes it or compares it. The
 /// handler has the operations of a `rapidjson::Writer`; names come as texts.
 ///
 ///   rapidjson::Writer<rapidjson::StringBuffer> Writer(Buffer);
@@ -122,7 +122,7 @@ class JsonEvents {
     Hand("ruleIndex", Header.IsPresent ? NumberOf(Header) : None);
   }
 
-  /// Hands the labels as the normal form has them.
+  /// Passes the labels as the normal form has them.
   void HandLabels(std::string_view Name, const Labels& vLabels) {
     HandList(Name, [&] {
       for (const std::string_view Label : vLabels) {
@@ -141,7 +141,7 @@ class JsonEvents {
     HandBytes(Scratch);
   }
 
-  /// Hands the labels as the library's record has them, all in capitals.
+  /// Passes the labels as the library's record has them, all in capitals.
   void HandWordLabels(std::string_view Name, const Labels& vLabels) {
     HandList(Name, [&] {
       for (const std::string_view Label : vLabels) {
@@ -150,7 +150,7 @@ class JsonEvents {
     });
   }
 
-  /// Hands the words of an example as the library reads them from its comment.
+  /// Passes the words of an example as the library reads them from its comment.
   void HandWords(std::string_view Name, std::string_view Sentence) {
     HandList(Name, [&] {
       TrRuleInternal::Splitter Pieces(Sentence, " ");
@@ -160,7 +160,7 @@ class JsonEvents {
     });
   }
 
-  /// What stands after a label in the comments; empty where no comment bears it.
+  /// The text after a label in the comments; empty if no comment bears it.
   static std::string_view Labelled(const RuleRecord& Record, std::string_view Label) {
     std::string_view Rest;
     const bool IsFound = FindLabel(Record.Comments(), Label, Rest) != Record.Comments().end();

@@ -8,7 +8,7 @@
 
 namespace Grammar {
 
-/// Compares a value with the events of another one, which are handed to it in place of a writer:
+/// Compares a value with the events of another one, which are passed to it in place of a writer:
 /// whether both have the same members in the same order.
 ///
 ///   JsonMatcher Matcher(Object);
@@ -65,7 +65,7 @@ class JsonMatcher {
     bool IsAtName;   ///< whether the name of that member comes next
   };
 
-  /// The next value or name; null where there is none, or where something differed before.
+  /// The next value or name; null if there is not one, or where something differed before.
   const rapidjson::Value* Next() {
     if (!Matches || Depth == 0) {
       return Matches ? &Root : nullptr;

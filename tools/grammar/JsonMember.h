@@ -18,7 +18,7 @@ class JsonProblem : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// A text of JSON as it stands there; see JsonText.h.
+/// A text of JSON unchanged there; see JsonText.h.
 std::string_view ViewOf(const Json& Text);
 
 /// The bytes that a text of JSON stands for.
@@ -28,7 +28,7 @@ std::string_view BytesOf(const Json& Text, std::string& ScratchReturn);
 /// A member of an object, of which the first counts where it is given twice; or none, where it is
 /// missing. Each operation throws `JsonProblem` where the member is of another kind.
 ///
-///   JsonMember(Object, "count").AsNumber(1);  // 1 where there is no such member
+///   JsonMember(Object, "count").AsNumber(1);  // 1 if there is no such member
 ///
 /// Texts are the bytes that they stand for. Those that stand on a line have no line end.
 class JsonMember {
@@ -42,7 +42,7 @@ class JsonMember {
 
   std::string AsLine() const;
 
-  /// Appends a text that stands on a line; nothing where it is missing.
+  /// Appends a text that stands on a line; nothing if it is missing.
   void AppendLine(std::string& TextReturn) const;
 
   int AsNumber() const;
@@ -50,7 +50,7 @@ class JsonMember {
 
   bool AsBool() const;
 
-  /// Hands each text of a list of lines to a function; the view ends with the call.
+  /// Passes each text of a list of lines to a function; the view ends with the call.
   template <typename TakeT>
   void ForEachLine(TakeT Take) const {
     std::string Scratch;
@@ -65,7 +65,7 @@ class JsonMember {
   /// A list of objects, by their addresses.
   std::vector<const Json*> AsObjects() const;
 
-  /// The object; null where there is none.
+  /// The object; null if there is not one.
   const Json* AsObject() const;
 
  private:

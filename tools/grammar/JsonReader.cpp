@@ -68,7 +68,7 @@ class ParsedLine {
 // ---- Comments and header ----------------------------------------------------------------------
 
 /// Makes a comment say what a member says, if it does not yet.
-/// @param IsSaid looks at what stands after the label
+/// @param IsSaid reads the text after the label
 /// @param Write gives what should stand there
 template <typename IsSaidT, typename WriteT>
 void LetCommentSay(std::string_view Label, IsSaidT IsSaid, WriteT Write,
@@ -333,7 +333,7 @@ class WrittenConstraints {
 
   bool HasFields(const Json& Object) const { return ByFields.count(FieldsText(Object)) > 0; }
 
-  /// Takes out the constraint that has all members of another one. @return false where none has
+  /// Takes out the constraint that has all members of another one. @return false if none has
   bool Take(const GivenConstraint& Given) {
     return Given.IsWrittenByFields() ? TakeFrom(ByFields, FieldsText(*Given.Object), Given)
                                      : TakeFrom(ByLines, Given.Lines.AsLines(), Given);
@@ -407,7 +407,7 @@ void ReportLostMembers(const Json& Object, const std::vector<GivenConstraint>& v
 // ---- The line ---------------------------------------------------------------------------------
 
 /// Reads the rule that an object stands for.
-/// @param vsProblemsReturn gets what is lost
+/// @param vsProblemsReturn receives what is lost
 void ReadRule(const Json& Object, RuleText& LinesReturn, RuleRecord& RecordReturn,
               Strings& vsProblemsReturn) {
   const Strings vsComments = CommentsFrom(Object);

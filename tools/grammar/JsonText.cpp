@@ -22,7 +22,7 @@ bool IsStandIn(std::string_view Text) {
          (At(Text, 1) == StandInLow || At(Text, 1) == StandInHigh);
 }
 
-/// How many bytes a character has, by its first; 0 where no character begins with that byte.
+/// How many bytes a character has, by its first; 0 if no character begins with that byte.
 std::size_t LengthBy(unsigned char First) {
   if (First < 0x80) {
     return 1;
@@ -44,7 +44,7 @@ bool SecondFits(unsigned char First, unsigned char Second) {
   return !IsTooLong && !IsNone;
 }
 
-/// The length of the character that a text begins with; 0 where it begins with none.
+/// The length of the character that a text begins with; 0 if it begins with none.
 std::size_t CharacterLength(std::string_view Text) {
   const std::size_t Length = LengthBy(At(Text, 0));
   if (Length == 0 || Text.size() < Length) {

@@ -9,7 +9,7 @@
 ///
 /// A rule is bytes, in whatever encoding. What is UTF-8 goes into JSON as it is. Each other byte,
 /// 80 to FF, becomes one character of the private range U+F780 to U+F7FF: U+F700 and the byte.
-/// Bytes that spell one of these characters are taken apart in the same way, so that every text
+/// Bytes that spell one of these characters are parsed in the same way, so that every text
 /// has one form in JSON, and comes back as it was.
 
 namespace Grammar {

@@ -34,7 +34,7 @@ using TrRuleInternal::Splitter;
 /// What the library's record holds of a rule after reading, as far as it is written.
 class LibraryRule {
  public:
-  /// @return false where the library's reader stops
+  /// @return false if the library's reader stops
   bool Read(std::string_view Text);
 
   LibraryFailure AppendTo(std::string& TextReturn) const;
@@ -56,7 +56,7 @@ class LibraryRule {
   std::vector<std::string> vsTLLabels;
   bool HasAlignment = false;
   std::string Alignments;
-  std::optional<IndexPair> LastPair = IndexPair(-1, -1);  // nothing where it is not known
+  std::optional<IndexPair> LastPair = IndexPair(-1, -1);  // nothing if it is not known
   std::map<std::string, ConstraintFields> Constraints;
 };
 
@@ -194,7 +194,7 @@ LibraryFailure LibraryRule::FindOrder(std::vector<const ConstraintFields*>& vOrd
   return LibraryFailure::None;
 }
 
-/// Whether a component is a literal word; one that is not there is none.
+/// Whether a component is a literal word; one that is not there is not one.
 bool IsLiteral(const std::vector<std::string>& vsLabels, std::string_view Index) {
   const auto Place = static_cast<std::size_t>(TrRuleInternal::ToInt(Index));
   return Place > 0 && Place <= vsLabels.size() && vsLabels[Place - 1].front() == '"' &&

@@ -17,7 +17,7 @@ enum class LineKind : std::uint8_t {
   Other,       ///< anything else: the reader passes over it
 };
 
-/// A line, taken apart. The views point into it.
+/// A line, parsed. The views point into it.
 struct LineParts {
   LineKind Kind = LineKind::Blank;
   std::string_view Code;     ///< what is not comment, without white space at its ends
@@ -25,8 +25,8 @@ struct LineParts {
   bool HasQuotes = false;    ///< whether there are double quotes in the code
 };
 
-/// Tells what a line is. A comment is a comment, whatever it contains; ";;" inside of double quotes
-/// begins none. Linear.
+/// Reports what a line is. A comment is a comment, whatever it contains; ";;" inside of double
+/// quotes begins none. Linear.
 LineParts PartsOf(std::string_view Line);
 
 /// Whether a line of the body closes it, too: it ends in a ")" behind another one or a blank, and

@@ -6,7 +6,7 @@
 
 namespace Grammar {
 
-/// The name that was probably meant by one that there is not; empty where that cannot be said.
+/// The name that was probably meant by one that there is not; empty if that cannot be said.
 ///
 /// The distance between two texts is the number of bytes to insert, delete, replace, or exchange
 /// with a neighbour, in whatever case they are. The nearest name is meant where it is the only one

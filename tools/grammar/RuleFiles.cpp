@@ -38,7 +38,7 @@ void RuleFiles::Open(const std::string& Name) {
   Reader = std::make_unique<RuleReader>(IsFolded ? Lines->Stream : File->Stream(), Name);
 }
 
-/// Opens the next file that can be opened. @return false where there is none
+/// Opens the next file that can be opened. @return false if there is not one
 bool RuleFiles::OpenNext() {
   Reader = nullptr;
   Lines = nullptr;
@@ -53,7 +53,7 @@ bool RuleFiles::OpenNext() {
   return Reader != nullptr;
 }
 
-/// The next rule of the open file. What a file gives before it fails has been handed out by then.
+/// The next rule of the open file. What a file gives before it fails has been returned by then.
 bool RuleFiles::ReadNext(RuleText& TextReturn) {
   try {
     return Reader->Next(TextReturn);

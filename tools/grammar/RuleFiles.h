@@ -18,7 +18,7 @@ namespace Grammar {
 ///   RuleFiles Files({"a.trr", "-"}, false);
 ///   for (RuleText Text; Files.Next(Text);) { … }
 ///
-/// A file that cannot be read is reported on standard error, and the others are read all the same.
+/// A file that cannot be read is reported on standard error, and the others are read anyway.
 class RuleFiles {
  public:
   /// @param vsNamesPassIn the files, "-" for standard input; none stands for standard input
@@ -26,7 +26,7 @@ class RuleFiles {
   RuleFiles(std::vector<std::string> vsNamesPassIn, bool Quiet, bool FoldedPassIn = false);
   ~RuleFiles();
 
-  /// Gives the next rule. @return false behind the last rule of the last file
+  /// Returns the next rule. @return false behind the last rule of the last file
   bool Next(RuleText& TextReturn);
 
   /// Has files that cannot be read reported in another way, from now on.
@@ -44,7 +44,7 @@ class RuleFiles {
   const std::string& Name() const { return vsNames[NextName - 1]; }
   std::string_view Ahead() { return Reader->Ahead(); }
 
-  /// Gives the next rule of the file that is open. @return false behind its last rule
+  /// Returns the next rule of the file that is open. @return false behind its last rule
   bool NextInFile(RuleText& TextReturn);
 
  private:

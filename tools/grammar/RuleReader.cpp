@@ -16,7 +16,7 @@ RuleReader::RuleReader(std::string TextPassIn) : Buffer(std::move(TextPassIn)), 
   vSpans.reserve(UsualLines);
 }
 
-/// Reads another block behind what is there. What was handed out makes room for it.
+/// Reads another block behind what is there. What was returned makes room for it.
 bool RuleReader::Fill() {
   constexpr std::size_t BlockSize = 1U << 16U;
   if (AtEnd) {
@@ -41,7 +41,7 @@ std::string_view RuleReader::Ahead() {
   return Rest();
 }
 
-/// The end of the line that begins at `From`, with its line end; false where it is too long to be
+/// The end of the line that begins at `From`, with its line end; false if it is too long to be
 /// held, or where there is no line.
 bool RuleReader::FindLineEnd(std::size_t From, std::size_t& EndReturn) {
   const char* const Begin = Buffer.data() + Start;
@@ -106,7 +106,7 @@ void RuleReader::NoteBody(LineKind Kind, std::string_view Code) {
   }
 }
 
-/// What stands in a line, which may or may not have an end.
+/// The text in a line, which may or may not have an end.
 RuleText::Span RuleReader::SpanOf(std::size_t From, std::size_t End) const {
   const std::string_view Text = Rest();
   if (End > From && Text[End - 1] == '\n') {

@@ -15,13 +15,13 @@ namespace Grammar {
 ///
 /// A rule begins at its header, or at its sequence line where it has no header, together with the
 /// comment and blank lines right before it; it ends before the next one begins. Every byte of the
-/// input is in exactly one of the texts that are handed out, in order.
+/// input is in exactly one of the texts that are returned, in order.
 ///
 ///   RuleReader Reader(std::cin, "-");
 ///   for (RuleText Text; Reader.Next(Text);) { … }
 class RuleReader {
  public:
-  /// A rule text that grows beyond this is handed out in pieces.
+  /// A rule text that grows beyond this is returned in pieces.
   static constexpr std::size_t MaxHeld = 1U << 20U;
 
   /// @param StreamPassIn is read to its end; has to outlive the reader
@@ -31,18 +31,18 @@ class RuleReader {
   /// Reads a text that is in memory.
   explicit RuleReader(std::string TextPassIn);
 
-  /// Gives the next rule, using again the storage of the argument.
+  /// Returns the next rule, using again the storage of the argument.
   /// @return false at the end, and where the stream cannot be read: see `HasFailed`
   bool Next(RuleText& TextReturn);
 
   /// What comes next, as far as it has been read; at the beginning of the input at least a block of
-  /// 65,536 bytes, unless it is shorter. Valid until the next rule is asked for.
+  /// 65,536 bytes, unless it is shorter. Valid until the next rule is requested.
   std::string_view Ahead();
 
   /// Whether the end was not the end of the input, but a failure to read it.
   bool HasFailed() const { return Failed; }
 
-  /// How many bytes have been handed out.
+  /// How many bytes have been returned.
   std::uint64_t BytesRead() const { return Bytes; }
 
  private:
@@ -67,9 +67,9 @@ class RuleReader {
 
   std::string_view Rest() const { return std::string_view(Buffer).substr(Start); }
 
-  std::istream* Stream = nullptr;  // null where all there is to read is in the buffer
+  std::istream* Stream = nullptr;  // null if all there is to read is in the buffer
   std::string File;
-  std::string Buffer;     // what has been read and not been handed out begins at `Start`
+  std::string Buffer;     // what has been read and not been returned begins at `Start`
   std::size_t Start = 0;  // all other places are counted from here
   std::size_t LineNumber = 1;
   std::vector<RuleText::Span> vSpans;

@@ -15,7 +15,7 @@ namespace Grammar {
 
 namespace {
 
-/// How many bytes the library looks at behind a cut.
+/// How many bytes the library reads behind a cut.
 constexpr std::size_t ReaderLimit = TrRuleInternal::Splitter::MaxRest;
 
 /// Whether the library does not get to see the end of a text.
@@ -179,7 +179,7 @@ std::string RuleRecord::ComparisonText() const {
   return Text;
 }
 
-// ---- What stands in comments ------------------------------------------------------------------
+// ---- The text in comments ------------------------------------------------------------------
 
 bool TakeLabel(std::string_view Comment, std::string_view Label, std::string_view& RestReturn) {
   std::string_view Rest = WithoutLeadingSpace(Comment);

@@ -15,7 +15,7 @@
 
 namespace Grammar {
 
-/// The count in the first comment that bears its label; 1 where there is none.
+/// The count in the first comment that bears its label; 1 if there is not one.
 int CountIn(const std::vector<std::string>& vsComments);
 
 /// One rule as it is written again: comments, header, and what its lines say.
@@ -41,10 +41,10 @@ class RuleRecord {
   /// Whether the record holds the rule that it was given last.
   bool IsRead() const { return Succeeded; }
 
-  /// Whether constraints of the rule may be dropped or merged with others; true where nobody knows.
+  /// Whether constraints of the rule may be dropped or merged with others; true if nobody knows.
   bool MayHaveRepetitions() const { return !HasForm || OrderedForm.HasRepetitions(); }
 
-  /// The lines of the rule, taken apart; also of a rule that could not be read.
+  /// The lines of the rule, parsed; also of a rule that could not be read.
   const SourceRule& Lines() const { return Source; }
 
   /// The rule in the library's order.
@@ -71,7 +71,7 @@ class RuleRecord {
 
   /// How many examples the rule stands for, from 1; see CountText.h.
   int Count() const { return CountIn(vsComments); }
-  /// Sets the count in the comment ";;Score:", which is added where there is none.
+  /// Sets the count in the comment ";;Score:", which is added where there is not one.
   void SetCount(int CountPassIn);
 
   /// The text that the library compares rules by. Made anew by each call.
@@ -109,17 +109,17 @@ class RuleRecord {
 };
 
 /// Whether a text is cut off when the library reads it: behind the first line end, and within each
-/// line, it takes so many bytes.
+/// line, it takes that many bytes.
 bool IsTooLong(const RuleText& TextPassIn);
 
-/// Takes apart a text that is one rule. @return false where it is none, or several
+/// Takes apart a text that is one rule. @return false if it is not one, or several
 bool ReadOnlyRule(std::string Written, RuleText& TextReturn);
 
 /// Whether a comment begins with a label such as "SL:", with or without blanks behind ";;", and
-/// what stands behind the label and the blanks after it.
+/// the text behind the label and the blanks after it.
 bool TakeLabel(std::string_view Comment, std::string_view Label, std::string_view& RestReturn);
 
-/// The first comment with a label, and what stands after it; the end where there is none.
+/// The first comment with a label, and the text after it; the end where there is not one.
 std::vector<std::string>::const_iterator FindLabel(const std::vector<std::string>& vsComments,
                                                    std::string_view Label,
                                                    std::string_view& RestReturn);

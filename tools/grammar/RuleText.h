@@ -10,7 +10,7 @@
 
 namespace Grammar {
 
-/// The lines of one rule, byte for byte as they stand in their file, with the comment and blank
+/// The lines of one rule, byte for byte unchanged in their file, with the comment and blank
 /// lines right before it.
 struct RuleText {
   /// Where a line stands in `Text`, without its line end and without the carriage return before it,
@@ -44,7 +44,7 @@ struct RuleText {
     return Between(vLines[Index].Begin, vLines[Index].End);
   }
 
-  /// The same line, taken apart as `PartsOf` does.
+  /// The same line, parsed as `PartsOf` does.
   LineParts Parts(std::size_t Index) const {
     const Span& Each = vLines[Index];
     return {Each.Kind, Between(Each.CodeBegin, Each.CodeEnd),

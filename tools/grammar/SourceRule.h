@@ -14,7 +14,7 @@
 
 namespace Grammar {
 
-/// The text of a rule, its lines taken apart once. What checks, prints, sorts or converts a rule
+/// The text of a rule, its lines parsed once. What checks, prints, sorts or converts a rule
 /// reads these parts; nobody reads a line a second time.
 ///
 ///   SourceRule Rule;
@@ -27,7 +27,7 @@ class SourceRule {
  public:
   struct HeaderLine {
     std::size_t Line;
-    std::optional<TrRuleInternal::HeaderParts> Parts;  ///< nothing where it cannot be read
+    std::optional<TrRuleInternal::HeaderParts> Parts;  ///< nothing if it cannot be read
   };
 
   struct RuleLine {
@@ -54,7 +54,7 @@ class SourceRule {
     TrRuleInternal::ConstraintStop Stop;  ///< of a constraint
   };
 
-  /// Takes the lines of a rule apart; what was read before is gone. Linear.
+  /// Parses the lines of a rule; what was read before is gone. Linear.
   void Read(const RuleText& TextPassIn);
 
   const RuleText& Text() const { return *Source; }
@@ -66,7 +66,7 @@ class SourceRule {
   const std::vector<ConstraintLine>& Constraints() const { return vConstraints; }
   const std::vector<BrokenLine>& BrokenLines() const { return vBroken; }
 
-  /// The labels of the first rule line, without white space at their ends; none where that line is
+  /// The labels of the first rule line, without white space at their ends; none if that line is
   /// not whole.
   const std::vector<std::string_view>& SLLabels() const { return vSLLabels; }
   const std::vector<std::string_view>& TLLabels() const { return vTLLabels; }

@@ -37,7 +37,7 @@ std::string_view Without(std::string_view Text, std::string_view Allowed) {
   return StartsWith(Rest, Allowed) ? WithoutLeadingSpace(Rest.substr(Allowed.size())) : Rest;
 }
 
-// Header = stray "{" Type "," Number "}" stray; one that cannot be read is kept as it stands
+// Header = stray "{" Type "," Number "}" stray; one that cannot be read is kept unchanged
 Texts StrayInHeader(std::string_view Code) {
   const std::size_t Open = Code.find('{');
   return StrayOf(Code.substr(0, Open), Code.substr(Code.find('}', Open) + 1),

@@ -12,7 +12,7 @@
 ///   StrayTexts(PartsOf("(X1::Y1) see {NP,3}"))  // "see {NP,3}"
 ///   StrayComment("see {NP,3}")                  // ";; not read: see %7BNP,3}"
 ///
-/// The library's reader passes over such text without a word. Here it is reported (TR035) and goes
+/// The library's reader passes over such text silently. Here it is reported (TR035) and goes
 /// on as a comment of its rule.
 
 namespace Grammar {
@@ -23,7 +23,7 @@ constexpr bool MayHaveStrayTexts(LineKind Kind) {
          Kind == LineKind::Other;
 }
 
-/// What means nothing on a line that can be read: all of it, or what stands before and behind the
+/// What means nothing on a line that can be read: all of it, or the text before and behind the
 /// header, the rule line or the alignment. In the order of the line, without blanks at the ends.
 std::vector<std::string_view> StrayTexts(const LineParts& Parts);
 
@@ -31,7 +31,7 @@ std::vector<std::string_view> StrayTexts(const LineParts& Parts);
 ///
 /// Behind ";; not read: " stands the text. What would make a line of the rule of it is written as
 /// "%" and two hexadecimal digits: "{", "=", the second colon of "::" and the last bracket of
-/// "] -> [". So is a "%" that stands before two such digits. The label keeps "SL: a car" from
+/// "] -> [". So is a "%" that is before two such digits. The label keeps "SL: a car" from
 /// becoming the example of the rule, and "Score: 3" its count.
 std::string StrayComment(std::string_view Text);
 

@@ -23,7 +23,7 @@ class SymbolTable {
   SymbolTable(const SymbolTable&) = delete;
   SymbolTable& operator=(const SymbolTable&) = delete;
 
-  /// The number of a text, a new one where it has none.
+  /// The number of a text, a new one if it has none.
   std::uint32_t Intern(std::string_view Text) {
     const auto Found = Numbers.find(Text);
     if (Found != Numbers.end()) {
@@ -37,7 +37,7 @@ class SymbolTable {
   /// The same for a text in any case, which is kept in ASCII capitals.
   std::uint32_t InternUpper(std::string_view Text);
 
-  /// The number of a text; `None` where it has none.
+  /// The number of a text; `None` if it has none.
   std::uint32_t Find(std::string_view Text) const {
     const auto Found = Numbers.find(Text);
     return Found == Numbers.end() ? None : Found->second;

@@ -125,7 +125,7 @@ std::size_t LineOfRule(const RuleText& Text) {
 
 namespace {
 
-/// The count in the first comment that bears its label; 1 where there is none.
+/// The count in the first comment that bears its label; 1 if there is not one.
 std::uint32_t CountIn(const RuleText& Text) {
   for (std::size_t Line = 0; Line < Text.vLines.size(); ++Line) {
     const RuleText::Span& Each = Text.vLines[Line];

@@ -23,7 +23,7 @@ struct NodePath {
   std::vector<std::string_view> vFeatures;  ///< as written
 };
 
-/// What stands on the right of an equation.
+/// The text on the right of an equation.
 enum class EquationKind : std::uint8_t {
   Path,  ///< both sides are the same structure
   Any,   ///< the value is one of the atoms
@@ -57,7 +57,7 @@ struct RuleSide {
 struct UsableRule {
   std::string_view File;
   std::size_t Line = 0;  ///< of the rule line
-  std::string Header;    ///< "NP,8"; empty where there is none that can be read
+  std::string Header;    ///< "NP,8"; empty if none can be read
   bool HasHeader = false;
   RuleSide X;
   RuleSide Y;
@@ -89,7 +89,7 @@ bool HasComponent(const SourceRule& Lines, const TrRuleInternal::NodeText& Node)
 bool LacksNode(const TrRuleInternal::ConstraintParts& Parts);
 
 /// The first parenthesis within a list of values, and what follows it: the library writes such
-/// lists, but they mean nothing. Empty where there is none.
+/// lists, but they mean nothing. Empty where there is not one.
 std::string_view ParenthesisInList(const TrRuleInternal::ConstraintParts& Parts);
 
 /// The line that a rule is named by: that of the rule line, else of the header, else the first one

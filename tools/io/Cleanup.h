@@ -26,7 +26,7 @@ class UnfinishedFile {
 
   int Descriptor() const { return File; }
 
-  /// Gives the file its final name, in place of what has that name.
+  /// Returns the file its final name, in place of what has that name.
   void RenameTo(const std::string& Target);
 
  private:

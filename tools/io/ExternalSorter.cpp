@@ -8,7 +8,7 @@ namespace Grammar {
 
 namespace {
 
-/// What stands before the key of a stored record.
+/// The text before the key of a stored record.
 struct Head {
   std::uint64_t Arrival;  ///< the how many-th record it is; it keeps equal keys in order
   std::uint64_t KeySize;
@@ -53,7 +53,7 @@ class RunReader {
   std::string_view Stored() const { return {Buffer.data() + Start, Size}; }
 
  private:
-  /// Whether so many bytes are there behind the start, after reading what is missing.
+  /// Whether that many bytes are there behind the start, after reading what is missing.
   bool Have(std::size_t Count) {
     if (Buffer.size() - Start >= Count) {
       return true;
@@ -81,7 +81,7 @@ class RunReader {
 
 }  // namespace
 
-/// Gives the records of several runs in one order. Of equal keys, that of the earlier run comes
+/// Returns the records of several runs in one order. Of equal keys, that of the earlier run comes
 /// first, and runs are in the order in which their records came.
 class ExternalSorter::Merger {
   using HeapEntry = std::pair<std::uint64_t, std::size_t>;

@@ -8,10 +8,10 @@
 
 namespace Grammar {
 
-/// The names, or "-" for standard input where there are none.
+/// The names, or "-" for standard input if there are none.
 std::vector<std::string> OrStandardInput(std::vector<std::string> vsNames);
 
-/// The size of all files together; 0 where one of them is no regular file.
+/// The size of all files together; 0 if one of them is no regular file.
 std::uint64_t TotalSize(const std::vector<std::string>& vsNames);
 
 /// A file that is read from its beginning to its end, or standard input for "-". Throws

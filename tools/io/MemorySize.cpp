@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t MaxSize = std::numeric_limits<std::size_t>::max();
 
-/// How often 1024 is taken for a letter; nothing for what is none.
+/// How often 1024 is taken for a letter; nothing for what is not one.
 std::optional<unsigned> PowerOf(char Letter) {
   constexpr std::string_view Letters = "KMGT";
   const std::size_t Position = Letters.find(static_cast<char>(Letter & ~0x20));

@@ -48,7 +48,7 @@ class OutputFile {
   void OpenFile(const std::string& Path);
 
   std::string Name;    ///< as messages show it
-  std::string Target;  ///< what is to be replaced; empty where the file is written directly
+  std::string Target;  ///< what is to be replaced; empty if the file is written directly
   std::string Buffer;
   int Descriptor = -1;
   bool OwnsDescriptor = false;

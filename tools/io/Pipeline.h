@@ -11,7 +11,7 @@
 
 namespace Grammar {
 
-/// How many threads a run may use: as many as it is told, or for 0 as many as the machine has
+/// How many threads a run may use: as many as it is reported, or for 0 as many as the machine has
 /// cores.
 inline unsigned ThreadCount(unsigned Wanted) {
   const unsigned Cores = std::thread::hardware_concurrency();
@@ -26,7 +26,7 @@ inline unsigned ThreadCount(unsigned Wanted) {
 ///   RunPipeline<Batch>(2, ReadBatch, WorkOn, Write);
 ///
 /// @param Threads how many threads work; with one, all is done by the caller's
-/// @param Read fills a batch, new or used; false where there is nothing more to read
+/// @param Read fills a batch, new or used; false if there is nothing more to read
 /// @param Work works on a batch; called on several threads at once
 /// @param Finish takes a batch that has been worked on
 template <typename BatchT, typename ReadT, typename WorkT, typename FinishT>
@@ -59,7 +59,7 @@ void RunPipeline(unsigned Threads, ReadT Read, WorkT Work, FinishT Finish) {
     Used.push(Batch);
   };
   const std::size_t Most = std::size_t{4} * Threads;
-  // Without this, more threads than cores are refused.
+  // Without this, more threads than cores are rejected.
   const tbb::global_control Limit(tbb::global_control::max_allowed_parallelism, Threads);
   tbb::task_arena Arena(static_cast<int>(Threads));
   Arena.execute([&] {

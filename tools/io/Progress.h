@@ -6,12 +6,12 @@
 
 namespace Grammar {
 
-/// Tells people at a terminal how far a long run has come: rules, rules in a second, bytes of all
+/// Reports people at a terminal how far a long run has come: rules, rules in a second, bytes of all
 /// bytes. Writes to standard error, and only where that is a terminal.
 class Progress {
  public:
   /// @param Quiet whether to show nothing at all
-  /// @param TotalBytes the size of the input, 0 where it is not known
+  /// @param TotalBytes the size of the input, 0 if it is not known
   Progress(bool Quiet, std::uint64_t TotalBytes);
 
   /// Takes the line away again.
@@ -29,7 +29,7 @@ class Progress {
     }
   }
 
-  /// The line that is shown after so many seconds, without what moves the cursor.
+  /// The line that is shown after that many seconds, without what moves the cursor.
   std::string Line(double Seconds) const;
 
  private:

@@ -322,7 +322,7 @@ BestDerivations::PartState BestDerivations::Require(NodeId Node, std::uint32_t R
   return PartState::Awaited;
 }
 
-/// Makes candidates of all that waits for its parts. @return false where some part is still awaited
+/// Makes candidates of all that waits for its parts. @return false if some part is still awaited
 bool BestDerivations::Settle(NodeId Node, Frontier& FrontierReturn) {
   while (!FrontierReturn.vPending.empty()) {
     const Candidate Each = FrontierReturn.vPending.back();

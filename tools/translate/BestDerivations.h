@@ -16,7 +16,7 @@ namespace Translate {
 /// The derivations of some constituents of a chart in order: the higher score first; among equal
 /// scores, the one whose rule numbers come first, listed root first and parts in order.
 ///
-/// Only as many are worked out as are asked for: of a constituent, an item or a group the second
+/// Only as many are worked out as are requested: of a constituent, an item or a group the second
 /// best only when its best has been used. Nothing recurses, however deep a derivation is.
 ///
 ///   BestDerivations Best(Parsed);
@@ -43,7 +43,7 @@ class BestDerivations {
   /// The next derivation of the goals; nothing behind the last.
   std::optional<Derivations::TreeId> Next();
 
-  /// How many derivations the goals have; nothing where that does not fit 64 bits.
+  /// How many derivations the goals have; nothing if that does not fit 64 bits.
   std::optional<std::uint64_t> CountGoals();
 
   const Derivations& Trees() const { return Store; }
@@ -134,7 +134,7 @@ class BestDerivations {
   std::vector<std::uint32_t> vGoals;  // ways
   std::vector<NodeId> vStack;
   std::vector<Wanted> vWanted;
-  std::vector<std::uint64_t> vCounts;  // of derivations; 0 where it is not known yet
+  std::vector<std::uint64_t> vCounts;  // of derivations; 0 if it is not known yet
   std::vector<bool> vIsTooMany;        // where the count does not fit
   std::uint32_t NextRank = 0;
 };

@@ -400,7 +400,7 @@ Chart::GroupName Chart::NameOfLast(const Item& Of) const {
           Needs == 0 ? StructurePair() : Equations->LastKey(Of.Keys)};
 }
 
-/// The group of a span with a name; `None` where there is none.
+/// The group of a span with a name; `None` where there is not one.
 std::uint32_t Chart::FindGroup(std::uint32_t Start, std::uint32_t End,
                                const GroupName& Name) const {
   const Cell* In = FindCell(Start, End);

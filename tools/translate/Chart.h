@@ -50,7 +50,7 @@ std::string LimitError(ChartOutcome Outcome, const ChartLimits& Limits);
 /// `ForEachStep` finds them again.
 ///
 ///   Chart Parsed(Rules);
-///   Parsed.Parse("the red car", Limits, Equations);   // false where there are too many
+///   Parsed.Parse("the red car", Limits, Equations);   // false if there are too many
 ///   for (const Chart::Cell& Each : Parsed.CellsAt(0)) { Each.ConstituentCount; }
 class Chart {
  public:
@@ -120,7 +120,7 @@ class Chart {
 
   /// Finds all constituents of a text; what was there before is gone.
   /// @param Text has to outlive the chart
-  /// @return false where there are more than the limits allow: then the chart is of no use
+  /// @return false if there are more than the limits allow: then the chart is of no use
   bool Parse(std::string_view Text, const ChartLimits& LimitsPassIn, Evaluator& EquationsPassIn);
 
   /// What kept the last text's chart from having all of its constituents, if anything did.
@@ -154,7 +154,7 @@ class Chart {
 
   /// The cells that begin at a token, by their ends.
   SourceTrie::Range<Cell> CellsAt(std::size_t Start) const;
-  /// The cell of a span; null where it has no constituent.
+  /// The cell of a span; null if it has no constituent.
   const Cell* FindCell(std::size_t Start, std::size_t End) const;
   /// Visits the steps that lead to an item: what comes before, the last one first, and the group
   /// behind it. Nothing comes before the first step of a sequence, and a literal has no group: both
@@ -200,7 +200,7 @@ class Chart {
     SourceSymbol Slot;
     std::uint32_t First;  ///< in the list of members
     std::uint32_t Count;
-    std::uint32_t FirstGroup[4];  ///< `None` where nobody has asked for them
+    std::uint32_t FirstGroup[4];  ///< `None` where nobody has requested them
     std::uint32_t GroupCount[4];  ///< they stand side by side, in the order of their keys
   };
 

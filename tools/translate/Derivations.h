@@ -45,7 +45,7 @@ class Derivations {
   std::vector<std::uint32_t> RulesOf(TreeId Which) const;
 
   /// Compares the numbers of the rules, listed root first and parts in order.
-  /// @return less than 0 where the left list comes first, 0 where they are the same
+  /// @return less than 0 if the left list comes first, 0 if they are the same
   int CompareTrees(TreeId Left, TreeId Right) const;
   /// The same for two lists of equally many.
   int CompareLists(ListId Left, ListId Right) const;

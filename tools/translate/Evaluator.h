@@ -21,7 +21,7 @@ using Grammar::Pair;
 /// once. One for each thread; what it has learned serves all texts.
 class Evaluator {
  public:
-  /// A list of keys: the structures of the parts that some rule looks at, in order.
+  /// A list of keys: the structures of the parts that some rule reads, in order.
   using KeysId = std::uint32_t;
   static constexpr KeysId NoKeys = 0;
 
@@ -36,7 +36,7 @@ class Evaluator {
   /// The pair that was added last to a list that is not empty.
   StructurePair LastKey(KeysId Keys) const { return vKeys[Keys].Key; }
 
-  /// The structures that a rule's evaluation makes of its parts; nothing where its equations clash.
+  /// The structures that a rule's evaluation makes of its parts; nothing if its equations clash.
   std::optional<StructurePair> Evaluate(std::uint32_t Evaluation, KeysId Keys) {
     return Evaluation == RuleSet::None ? StructurePair() : LookUp(Evaluation, Keys);
   }

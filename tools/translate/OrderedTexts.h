@@ -18,14 +18,14 @@ struct TextOutput {
   std::string Messages;
 };
 
-/// Hands texts to any number of threads, and their results on in the order of the texts. No more
+/// Passes texts to any number of threads, and their results on in the order of the texts. No more
 /// texts are held than a few for each thread.
 ///
 ///   OrderedTexts Texts(4, ReadLine, WriteResult);
 ///   Texts.Run([] { return [](const std::string& Text, std::size_t Line) { return …; }; });
 class OrderedTexts {
  public:
-  /// Gives the next text; false behind the last. Never called by two threads at once.
+  /// Returns the next text; false behind the last. Never called by two threads at once.
   using Source = std::function<bool(std::string& TextReturn)>;
   /// Takes the results in order; `IsWaiting` says that some thread waits for more input, so that
   /// what was written should be seen. Never called by two threads at once.

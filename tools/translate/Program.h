@@ -79,7 +79,8 @@ class ProgramCompiler {
       : Features(FeaturesPassIn), AtomNames(AtomNamesPassIn), Atoms(AtomsPassIn) {}
 
   /// Compiles the equations of a rule.
-  /// @param vLinesReturn gets the line of each step in its file: of the steps of the analysis, the
+  /// @param vLinesReturn receives the line of each step in its file: of the steps of the analysis,
+  /// the
   ///        transfer and the generation, each with values before links; of alternatives, the first
   Program Compile(const UsableRule& Rule, std::vector<std::uint32_t>& vLinesReturn);
 

@@ -26,7 +26,7 @@ struct StructurePair {
 /// can be called by itself.
 ///
 ///   ProgramRunner Runner(Store, Atoms);
-///   Runner.Analyse(Equations, {S1, S2});            // false where the analysis clashes
+///   Runner.Analyse(Equations, {S1, S2});            // false if the analysis clashes
 ///   Runner.Source();                                // S
 ///   Runner.Transfer(Equations);
 ///   Runner.Generate(Equations, {T1, T2});
@@ -56,7 +56,7 @@ class ProgramRunner {
   /// T, after the generation.
   StructureId Target() const { return TargetResult; }
 
-  /// All steps. Nothing where the equations clash.
+  /// All steps. Nothing if the equations clash.
   std::optional<StructurePair> Run(const Program& Equations,
                                    const std::vector<StructureId>& vSources,
                                    const std::vector<StructureId>& vTargets);

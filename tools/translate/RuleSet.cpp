@@ -141,7 +141,7 @@ void RuleSet::FillSlots() {
   }
 }
 
-/// What a rule looks at, for each of its symbols.
+/// What a rule reads, for each of its symbols.
 void RuleSet::AddNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsReturn) const {
   vNeedsReturn.assign(Each.SymbolCount, 0);
   if (Each.Evaluation == None) {
@@ -226,8 +226,8 @@ void RuleSet::AddSeenNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsRe
   }
 }
 
-/// Puts evaluations in the place of programs, now that it is known what the trie looks at. A
-/// variant looks at nothing that its rule does not look at, so it gets the keys of its rule.
+/// Puts evaluations in the place of programs, now that it is known what the trie reads. A
+/// variant reads nothing that its rule does not read, so it gets the keys of its rule.
 void RuleSet::SetEvaluations() {
   std::vector<std::uint8_t> vNeeds;
   for (Variant& Each : vVariants) {

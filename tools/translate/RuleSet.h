@@ -32,7 +32,7 @@ struct TargetItem {
 
 /// How the equations of a rule get at its parts: a program, and where in a list of keys each of the
 /// structures stands that the program begins with. A list of keys has a structure pair for each
-/// place of which some rule with the same beginning looks at something.
+/// place of which some rule with the same beginning reads something.
 struct Evaluation {
   std::uint32_t Program = 0;
   std::uint32_t Keys = 0;                ///< how long the list is
@@ -56,7 +56,7 @@ class RuleSet {
     std::uint32_t Count;
     std::uint32_t File;
     std::uint32_t Line;
-    std::uint32_t Header;  ///< of the headers; `None` where it has none that can be read
+    std::uint32_t Header;  ///< of the headers; `None` if it has none that can be read
     std::uint32_t SourceType;
     std::uint32_t TargetType;
     std::uint32_t Types;  ///< the pair of both
@@ -126,7 +126,7 @@ class RuleSet {
   /// The label of a type; `None` where no usable rule has it as its source type.
   std::uint32_t FindSourceType(std::string_view Type) const;
 
-  /// The symbol of the literals that match a token; `None` where there are none.
+  /// The symbol of the literals that match a token; `None` if there are none.
   SourceSymbol FindLiteral(std::string_view Token, std::string& ScratchReturn) const;
   const std::string& LiteralName(SourceSymbol Symbol) const {
     return Literals.Name(Symbol & ~SourceTrie::LiteralMark);

@@ -18,7 +18,7 @@ using SourceSymbol = std::uint32_t;
 /// The source sequences of rules, each beginning once.
 ///
 /// An edge is a literal or a slot. Each node knows the rules that end at it, and what of the
-/// constituent at its own edge some rule at or below it looks at.
+/// constituent at its own edge some rule at or below it reads.
 ///
 ///   SourceTrie Trie;
 ///   Trie.Add({SlotOfDet, SlotOfN}, {0, NeedsSource}, 7);
@@ -49,7 +49,7 @@ class SourceTrie {
 
   SourceTrie();
 
-  /// Adds a rule. @param vNeeds for each symbol, what the rule looks at
+  /// Adds a rule. @param vNeeds for each symbol, what the rule reads
   void Add(const std::vector<SourceSymbol>& vSymbols, const std::vector<std::uint8_t>& vNeeds,
            std::uint32_t Rule);
 

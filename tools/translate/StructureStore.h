@@ -21,10 +21,10 @@ using StructureId = std::uint32_t;
 /// only if their numbers are, with all that is shared within them.
 ///
 /// A structure is open, atomic, or complex. A complex one is kept as a *knot*: as many locals as
-/// cannot be told apart from its root because something is shared between them, the root first, in
-/// the order in which a walk through the features meets them. What hangs on a knot by one feature
-/// alone, and shares nothing with the rest, is a structure with a number of its own, so that most
-/// knots have one local, and a copy of a structure costs nothing.
+/// cannot be distinguished from its root because something is shared between them, the root first,
+/// in the order in which a walk through the features meets them. What hangs on a knot by one
+/// feature alone, and shares nothing with the rest, is a structure with a number of its own, so
+/// that most knots have one local, and a copy of a structure costs nothing.
 ///
 ///   knot = count { local }
 ///   local = arc count { feature target } | alias

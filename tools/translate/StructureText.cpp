@@ -14,7 +14,7 @@ namespace Translate {
 
 namespace {
 
-/// The letter that stands for a control character behind a backslash; 0 where there is none.
+/// The letter that stands for a control character behind a backslash; 0 if there is not one.
 char ShortEscape(char Byte) {
   switch (Byte) {
     case '\b':
@@ -101,7 +101,7 @@ void StructureText::AppendNumber(std::uint32_t Number, bool IsFirst) {
   }
 }
 
-/// What stands before a structure: the feature that leads to it, and its number.
+/// The text before a structure: the feature that leads to it, and its number.
 void StructureText::Begin(const StructureWalk::Event& Each) {
   if (Each.Feature != NoEntry) {
     Text->append(Each.IsFirst ? "" : IsJson ? "," : " ");

@@ -31,7 +31,7 @@ class StructureWalk {
     StructureId Structure = StructureStore::Open;  ///< of an open or an atomic one
     std::uint32_t Feature = NoEntry;  ///< that leads to it; none to the root, nor at an end
     bool IsFirst = true;              ///< of the features of its structure
-    std::uint32_t Number = 0;         ///< 0 where only one feature leads to it
+    std::uint32_t Number = 0;         ///< 0 if only one feature leads to it
   };
 
   StructureWalk(const RuleSet& RulesPassIn, const StructureStore& StorePassIn)

@@ -97,7 +97,7 @@ bool IsOf(StepKind Kind, bool IsSource) {
 
 }  // namespace
 
-/// @return false where one clashes, which is left aside from then on
+/// @return false if one clashes, which is left aside from then on
 bool Tracer::RunEquations(bool IsSource) {
   for (Equation& Each : vEquations) {
     if (!IsOf(Each.Kind, IsSource)) {

@@ -240,7 +240,7 @@ bool BasicUnifier<AtomsT>::MergeAtoms(NodeId Left, NodeId Right) {
   return Both.has_value();
 }
 
-/// Gives the left node the features of both; what both have is to be unified.
+/// Returns the left node the features of both; what both have is to be unified.
 template <typename AtomsT>
 void BasicUnifier<AtomsT>::MergeArcs(NodeId Left, NodeId Right) {
   for (const NodeId Each : {Left, Right}) {

@@ -71,8 +71,8 @@ struct TrailOf<TracedAtomSets> {
 ///
 ///   Unifier Nodes(Store, Atoms);
 ///   const auto X1 = Nodes.Add(S);
-///   const auto Num = Nodes.Make(X1, {Num});        // nothing where X1 is atomic
-///   Nodes.Unify(Num, Nodes.Add(Singular));         // false where they clash
+///   const auto Num = Nodes.Make(X1, {Num});        // nothing if X1 is atomic
+///   Nodes.Unify(Num, Nodes.Add(Singular));         // false if they clash
 ///   Nodes.Freeze(X1);                              // the number of what X1 is now
 ///
 /// With `TracedAtomSets`, atoms know what gave them, and clashes where they are. Nothing else is
@@ -99,7 +99,7 @@ class BasicUnifier {
   /// The node at the end of a path; `None` where it is not there.
   NodeId Look(NodeId From, const std::uint32_t* Features, std::size_t Count);
 
-  /// Makes two structures one. @return false where they clash
+  /// Makes two structures one. @return false if they clash
   bool Unify(NodeId Left, NodeId Right);
 
   /// Where the last unification clashed, if it is one that can tell.
@@ -126,7 +126,7 @@ class BasicUnifier {
     std::uint32_t Value;  ///< the set of an atomic one, the structure of a frozen, the first arc
     Kind What;
     // What a walk notes of it.
-    std::uint32_t Number;  ///< in the order of the walk, from 1; 0 where it was not reached
+    std::uint32_t Number;  ///< in the order of the walk, from 1; 0 if it was not reached
     std::uint32_t Last;    ///< the greatest number below it
     std::uint32_t Arrivals;
     NodeId Parent;
