@@ -125,6 +125,21 @@ class Planting {
     return Rule;
   }
 
+  /// What each component of a rule wants: a word, or a source and a target type.
+  static Strings WantedBy(const Translate::RuleSet& Rules, std::uint32_t Rule) {
+    Strings vsWanted;
+    for (const Translate::SourceSymbol Symbol : Rules.SymbolsOf(Rules.At(Rule))) {
+      if ((Symbol & Translate::SourceTrie::LiteralMark) != 0) {
+        vsWanted.push_back('"' + Rules.LiteralName(Symbol) + '"');
+      } else {
+        const std::uint32_t Target = Rules.SlotWanted(Symbol);
+        vsWanted.push_back(Rules.LabelName(Rules.SlotLabel(Symbol)) + "::" +
+                           (Target == Translate::RuleSet::None ? "" : Rules.LabelName(Target)));
+      }
+    }
+    return vsWanted;
+  }
+
   std::string GrammarWith(const std::vector<RandomRule>& vMore) const {
     return TextOf(vRules) + TextOf(vMore);
   }
@@ -138,6 +153,13 @@ class Planting {
       return 0;  // a target component has lost its source
     }
     const auto Asked = static_cast<std::uint32_t>(Set().Size());
+    // Where a target component had two sources, another one may now have to give it.
+    const Strings vsBefore = WantedBy(Set(), vNodes[Node].Rule);
+    const Strings vsNow = WantedBy(Answers.Engine.Set(), Asked);
+    if (!std::equal(vsNow.begin(), vsNow.begin() + static_cast<std::ptrdiff_t>(Component) - 1,
+                    vsBefore.begin())) {
+      return 0;
+    }
     const std::size_t Begin = vNodes[Node].Start;
     const std::optional<BeginFacts> Facts = FactsOf(Answers, Asked, Text, Begin);
     const bool IsNamed = Facts && Facts->Stopped && Facts->Stopped->Component == Component &&
