@@ -24,7 +24,6 @@ using IntMap = std::map<int, int>;
 using Lists = std::vector<Strings>;
 using IntMaps = std::vector<IntMap>;
 
-
 const Written Nothing;
 
 /// One alternative: the arguments of `AddAlterTrInfo`, in order.
