@@ -50,7 +50,6 @@ using TrRuleInternal::ParseLabels;
 using TrRuleInternal::PrintGroup;
 using TrRuleInternal::RuleLineParts;
 using TrRuleInternal::RuleLoader;
-using TrRuleInternal::SplitInTwo;
 using TrRuleInternal::SplitInTwoTrimmed;
 using TrRuleInternal::Splitter;
 using TrRuleInternal::StartsWith;
