@@ -1,5 +1,5 @@
 #include "CommandLine.h"
-#include "LimitOptions.h"
+#include "EngineOptions.h"
 #include "TestCommand.h"
 
 #include <algorithm>
@@ -49,10 +49,7 @@ void AddInputs(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn) {
                   "write to this file, which appears whole or not at all")
       ->type_name("FILE");
   CommandReturn.add_flag("-q,--quiet", OptionsReturn.Quiet, "show no progress at a terminal");
-  CommandReturn.add_flag("--reverse", OptionsReturn.Rules.IsReversed,
-                         "translate from the target to the source");
-  CommandReturn.add_flag("--match-case", OptionsReturn.Rules.MatchCase,
-                         "a literal matches the same bytes only");
+  AddRuleSetOptions(CommandReturn, OptionsReturn.Rules);
 }
 
 void AddWanted(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn) {

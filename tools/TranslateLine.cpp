@@ -1,5 +1,5 @@
 #include "CommandLine.h"
-#include "LimitOptions.h"
+#include "EngineOptions.h"
 #include "TranslateCommand.h"
 
 #include <algorithm>
@@ -45,10 +45,7 @@ void AddInputs(CLI::App& CommandReturn, TranslateLine& LineReturn) {
   CommandReturn.add_option("-o,--output", Options.Output,
                            "write to this file, which appears whole or not at all");
   CommandReturn.add_flag("-q,--quiet", Options.Quiet, "show no progress at a terminal");
-  CommandReturn.add_flag("--reverse", Options.Rules.IsReversed,
-                         "translate from the target to the source");
-  CommandReturn.add_flag("--match-case", Options.Rules.MatchCase,
-                         "a literal matches the same bytes only");
+  AddRuleSetOptions(CommandReturn, Options.Rules);
 }
 
 void AddWanted(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsReturn) {

@@ -1,5 +1,5 @@
 #include "CommandLine.h"
-#include "LimitOptions.h"
+#include "EngineOptions.h"
 #include "RunError.h"
 #include "WhyCommand.h"
 
@@ -53,10 +53,7 @@ void AddMeaning(CLI::App& CommandReturn, Translate::WhyOptions& OptionsReturn) {
   CommandReturn
       .add_option("--start", OptionsReturn.Starts, "translate as one of these types alone")
       ->type_name("TYPE,...");
-  CommandReturn.add_flag("--reverse", OptionsReturn.Rules.IsReversed,
-                         "translate from the target to the source");
-  CommandReturn.add_flag("--match-case", OptionsReturn.Rules.MatchCase,
-                         "a literal matches the same bytes only");
+  AddRuleSetOptions(CommandReturn, OptionsReturn.Rules);
   AddChartLimits(CommandReturn, OptionsReturn.Texts.Limits);
   AddNumber(CommandReturn, "--max-derivations", 0, "taken for translate's sake; changes nothing",
             [&](std::uint64_t Number) { OptionsReturn.Texts.MaxDerivations = Number; });

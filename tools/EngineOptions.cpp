@@ -1,4 +1,4 @@
-#include "LimitOptions.h"
+#include "EngineOptions.h"
 
 #include <algorithm>
 #include <charconv>
@@ -32,6 +32,13 @@ void AddNumber(CLI::App& CommandReturn, const std::string& Name, std::uint64_t L
           [Name, Least, Set](const std::string& Text) { Set(ParseNumber(Name, Text, Least)); },
           Help)
       ->type_name("N");
+}
+
+void AddRuleSetOptions(CLI::App& CommandReturn, Translate::RuleSetOptions& OptionsReturn) {
+  CommandReturn.add_flag("--reverse", OptionsReturn.IsReversed,
+                         "translate from the target to the source");
+  CommandReturn.add_flag("--match-case", OptionsReturn.MatchCase,
+                         "a literal matches the same bytes only");
 }
 
 void AddChartLimits(CLI::App& CommandReturn, Translate::ChartLimits& LimitsReturn) {

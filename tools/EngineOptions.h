@@ -1,16 +1,24 @@
 #pragma once
 
+#include "Chart.h"
+#include "RuleSet.h"
+
 #include <CLI/CLI.hpp>
 
 #include <cstdint>
 #include <functional>
 #include <string>
 
-#include "Chart.h"
+/// @file
+/// The options that `translate`, `why` and `test` share. What they fill has to outlive the command.
 
-/// Adds an option with a number from `Least` on behind it.
+/// Adds an option that takes a number, `Least` or greater; any other text is a usage error.
+/// @param Set gets the number when the command line is parsed
 void AddNumber(CLI::App& CommandReturn, const std::string& Name, std::uint64_t Least,
                const std::string& Help, const std::function<void(std::uint64_t)>& Set);
+
+/// Adds --reverse and --match-case.
+void AddRuleSetOptions(CLI::App& CommandReturn, Translate::RuleSetOptions& OptionsReturn);
 
 /// Adds --max-chain and --max-constituents.
 void AddChartLimits(CLI::App& CommandReturn, Translate::ChartLimits& LimitsReturn);
