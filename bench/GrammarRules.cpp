@@ -60,7 +60,7 @@ int WriteRules(long Count) {
 
 using Measured = std::size_t (*)(const std::string&);
 
-/// Hands each rule to the library; generating the rules is not measured.
+/// Passes each rule to the library; generating the rules is not measured.
 int MeasureLibrary(long Count, Measured Work) {
   std::ostringstream Ignored;
   std::streambuf* OldOut = std::cout.rdbuf(Ignored.rdbuf());

@@ -15,15 +15,15 @@ namespace Growth {
 
 int RunCases(int ArgumentCount, char** Arguments, const std::vector<Case>& vCases) {
   if (ArgumentCount != 3) {
-    for (const Case& Each : vCases) {
-      std::cout << Each.Name << '\t' << Each.Size << '\t' << Each.Limit << '\n';
+    for (const Case& Row : vCases) {
+      std::cout << Row.Name << '\t' << Row.Size << '\t' << Row.Limit << '\n';
     }
     return 0;
   }
   const std::string Name = Arguments[1];
   const int Size = std::atoi(Arguments[2]);
-  const auto Found = std::find_if(vCases.begin(), vCases.end(),
-                                  [&](const Case& Each) { return Each.Name == Name; });
+  const auto Found =
+      std::find_if(vCases.begin(), vCases.end(), [&](const Case& Row) { return Row.Name == Name; });
   if (Found == vCases.end() || Size <= 0) {
     std::cerr << "No such case: " << Name << '\n';
     return 2;

@@ -135,8 +135,8 @@ std::string LearnedGrammar::NextRule() {
   for (std::size_t Count = 1 + Numbers.Below(3); Count > 0; --Count) {
     vWords.push_back(Ranked(vWordLimits));
   }
-  const std::size_t Of = Ranked(vLabelLimits);
-  return LexicalRule(Of, vWords);
+  const std::size_t Label = Ranked(vLabelLimits);
+  return LexicalRule(Label, vWords);
 }
 
 std::string LearnedGrammar::Sentence(std::size_t Size) {

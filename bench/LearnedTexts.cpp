@@ -1,6 +1,6 @@
 // What script/bench-translate reads: grammars like those that are learned, and sentences for them.
 //
-//   trrule-learned rules COUNT [constraints] [SUFFIX]     so many rules, the base rules included
+//   trrule-learned rules COUNT [constraints] [SUFFIX]     that many rules, the base rules included
 //   trrule-learned texts COUNT [TOKENS]                   of ten to twenty-five tokens, or of so
 //   many
 

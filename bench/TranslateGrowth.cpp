@@ -27,8 +27,8 @@ void AddRules(const std::string& Text, Translate::RuleSet& RulesReturn) {
   Grammar::UsableRule Rule;
   std::vector<Grammar::Finding> vFindings;
   std::uint32_t Number = 0;
-  for (Grammar::RuleText Each; Reader.Next(Each);) {
-    if (ReadUsableRule(Each, false, Lines, Rule, vFindings)) {
+  for (Grammar::RuleText Source; Reader.Next(Source);) {
+    if (ReadUsableRule(Source, false, Lines, Rule, vFindings)) {
       RulesReturn.Add(Rule, ++Number);
     }
   }

@@ -89,7 +89,8 @@ void RequireSuggestionsMend(const RuleText& Rule, const std::vector<Finding>& vF
     for (const RuleText& Part : RulesOf(Text)) {
       Grammar::CheckRule(Part, Record, vAfter);
     }
-    Require(!HasFindingOn(vAfter, Found.Line - Rule.FirstLine + 1), "a suggestion mends its line");
+    Require(!HasFindingOn(vAfter, Found.Line - Rule.FirstLine + 1),
+            "a suggestion corrects its line");
   }
 }
 

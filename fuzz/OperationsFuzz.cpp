@@ -42,7 +42,7 @@ const Strings vsLines = {
     "(X1::Y1)",         "(X2::Y3)",       "(x10::y2)",
     "(X0::Y1)",         "(X1 ::Y2)",      "(Xa::Yb)",
     "{NP,8}",           "  {ADJP,3}",     "NP::NP : [DET ADJ N] -> [DET N ADJ]",
-    "[A B] -> [B A]",   ";; a remark",    ";; (x0 = x1)",
+    "[A B] -> [B A]",   ";; a comment",   ";; (x0 = x1)",
     "(y1 == (y0 det))", "((y1 num) = sg)"};
 
 /// Two rules, a few constraints, and the calls that the bytes of an input make on them.

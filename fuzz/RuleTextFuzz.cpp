@@ -9,7 +9,7 @@ namespace {
 /// Properties of a text that the reader accepts.
 void RequireAccepted(const TrRule& Rule, const std::string& Text) {
   Require(Reference::Holds(Text, "] -> [") && Reference::Holds(Text, "::"),
-          "an accepted text has a sequence line and an alignment");
+          "an accepted text has a rule line and an alignment");
   Require(!Rule.GetAlignmentStr().empty(), "an accepted rule has alignments");
 }
 

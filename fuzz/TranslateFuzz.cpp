@@ -76,8 +76,8 @@ void RequireCauses(const Translate::RuleSet& Rules, Translate::Translator& Engin
       Require(Facts.Stopped || !Facts.Clashes.IsEmpty() || !Facts.Made.IsEmpty() ||
                   !Facts.Used.IsEmpty() || !Facts.Longest.IsEmpty(),
               "something is known of each begin");
-      for (const Translate::ClashFacts& Each : Facts.Clashes.vFirst) {
-        Require(!Each.vEquations.empty(), "what clashes is named");
+      for (const Translate::ClashFacts& Current : Facts.Clashes.vFirst) {
+        Require(!Current.vEquations.empty(), "what clashes is named");
       }
     }
   }

@@ -18,13 +18,13 @@ namespace {
 /// The text of a rule, as read and as printed, with its own comment, header type and label.
 std::string TextOf(char Name) {
   const std::string sName(1, Name);
-  return ";; remark on " + sName + "\n{T" + sName + ",1}\n" + sName + "::" + sName + " [" + sName +
+  return ";; comment on " + sName + "\n{T" + sName + ",1}\n" + sName + "::" + sName + " [" + sName +
          "] -> [" + sName + "]\n(\n(X1::Y1)\n)\n";
 }
 
 /// The printed text of a rule with the comment and the header type of another.
-std::string MixedText(char Remarks, char Rest) {
-  const std::string Head = TextOf(Remarks);
+std::string MixedText(char Comments, char Rest) {
+  const std::string Head = TextOf(Comments);
   const std::string Body = TextOf(Rest);
   return Head.substr(0, Head.find('}')) + Body.substr(Body.find('}'));
 }

@@ -81,7 +81,7 @@ TEST(RoundTrip, RestoresWellFormedRulesFromEveryForm) {
       SampleText,
       With("((y1 num) = (*OR* sg pl))\n((x1 num) = (*NOT* sg))\n((y2 a) = (x1 a))"),
       With("((y1 num) = sg)\n((y1 num) = pl)\n((y1 gen) = (y2 gen))"),
-      With(";; a remark {VP,3}\n{B,2}"),
+      With(";; a comment {VP,3}\n{B,2}"),
       "{P,0}\nP::P [\"OF\" NP] -> [\"DE\" NP]\n(X1::Y1)\n(X0::Y9)\n(X2::Y2)",
   };
   for (const std::string& sText : vsTexts) {
@@ -119,7 +119,7 @@ TEST(RoundTrip, ReadsSomeCommentsAsOtherLinesToo) {
   ExpectForms({
       {"a value that merges the other way", With("((y1 a) = sg)\n;; ((y1 a) = pl)"), "-FNAC"},
       {"an alignment in another text", With(";; (X01::Y1)"), "-FNAC"},
-      {"a carriage return at the end", With(";; a remark\r\r"), "-FNAC"},
+      {"a carriage return at the end", With(";; a comment\r\r"), "-FNAC"},
       {"a header, which the true one overwrites", With(";; {VP,3}\n{B,2}"), "PFNAC"},
   });
 }

@@ -37,12 +37,12 @@ std::optional<Grammar::Severity> LeastOf(const std::string& Name) {
 std::string Footer() {
   constexpr std::size_t LevelWidth = 9;
   std::string Text = "Codes:\n";
-  for (const Grammar::CodeInfo& Each : Grammar::AllCodes()) {
-    Text.append("  ").append(Each.Code).append("  ").append(NameOf(Each.Level));
-    Text.append(LevelWidth - NameOf(Each.Level).size(), ' ').append(Each.Title).append("\n");
+  for (const Grammar::CodeInfo& Info : Grammar::AllCodes()) {
+    Text.append("  ").append(Info.Code).append("  ").append(NameOf(Info.Level));
+    Text.append(LevelWidth - NameOf(Info.Level).size(), ' ').append(Info.Title).append("\n");
   }
   return Text +
-         "\ntrrule explain CODE tells more of a code.\n"
+         "\ntrrule explain CODE explains a code.\n"
          "\nExit status: 0 nothing found, 1 something found, 2 the run failed.\n"
          "\nExample:\n"
          "  trrule check --severity error --except TR009,TR010 np.trr\n";
@@ -70,11 +70,11 @@ void AddCheckCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
       ->check(CLI::IsMember({"text", "json", "sarif"}));
   Command
       ->add_option("--severity", Line->Severity,
-                   "the least that is shown, warning where it is not given; notes are what only "
+                   "the lowest that is shown, warning by default; notes are what only "
                    "concerns programs that use the library's own reader, or may well be meant")
       ->check(CLI::IsMember({"error", "warning", "note"}));
-  Command->add_option("--only", Line->Options.vsOnly, "tell these codes alone")->delimiter(',');
-  Command->add_option("--except", Line->Options.vsExcept, "do not tell these codes")
+  Command->add_option("--only", Line->Options.vsOnly, "report only these codes")->delimiter(',');
+  Command->add_option("--except", Line->Options.vsExcept, "do not report these codes")
       ->delimiter(',');
   Command
       ->add_option("--start", Line->Starts,

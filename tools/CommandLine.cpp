@@ -17,12 +17,12 @@ void AddRunOptions(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn) {
 void AddThreads(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn) {
   CommandReturn
       .add_option("--threads", RunReturn.Threads,
-                  "work on so many threads; as many as there are cores otherwise")
+                  "use this number of threads; all cores by default")
       ->check(CLI::Range(1U, 1024U))
       ->type_name("N");
 }
 
 void AddKeepBad(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn) {
   CommandReturn.add_flag("--keep-bad", RunReturn.KeepBad,
-                         "pass rules that cannot be read, or not whole, through as they stand");
+                         "pass rules that cannot be read, or not whole, through unchanged");
 }

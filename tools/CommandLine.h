@@ -20,7 +20,7 @@ void AddThreads(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
 /// Adds --keep-bad.
 void AddKeepBad(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
 
-/// The command of a name; null if there is not one.
+/// The command of a name; null if there is none.
 const CLI::App* FindCommand(const CLI::App& Program, const std::string& Name);
 
 /// What to say of a command that there is not.

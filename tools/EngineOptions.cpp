@@ -16,8 +16,8 @@ std::uint64_t ParseNumber(const std::string& Option, const std::string& Text, st
   const char* End = Text.data() + Text.size();
   const auto Result = std::from_chars(Text.data(), End, Number);
   if (Text.empty() || Result.ec != std::errc() || Result.ptr != End || Number < Least) {
-    throw CLI::ValidationError(Option,
-                               Text + " is no number from " + std::to_string(Least) + " on");
+    throw CLI::ValidationError(
+        Option, "invalid number " + Text + "; use a number from " + std::to_string(Least) + " on");
   }
   return Number;
 }
@@ -42,12 +42,13 @@ void AddRuleSetOptions(CLI::App& CommandReturn, Translate::RuleSetOptions& Optio
 }
 
 void AddChartLimits(CLI::App& CommandReturn, Translate::ChartLimits& LimitsReturn) {
-  AddNumber(CommandReturn, "--max-chain", 0, "so many unary rules in a row; 8 otherwise",
+  AddNumber(CommandReturn, "--max-chain", 0,
+            "at most this number of unary rules in a row; 8 by default",
             [&LimitsReturn](std::uint64_t Number) {
               LimitsReturn.MaxChain = static_cast<std::uint32_t>(std::min(Number, MaxChain));
             });
   AddNumber(CommandReturn, "--max-constituents", 0,
-            "give a text up with more constituents; 1000000 otherwise",
+            "give up a text with more constituents; 1000000 by default",
             [&LimitsReturn](std::uint64_t Number) {
               LimitsReturn.MaxConstituents = std::min(Number, MaxConstituents);
             });

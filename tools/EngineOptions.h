@@ -13,7 +13,7 @@
 /// The options that `translate`, `why` and `test` share. What they fill has to outlive the command.
 
 /// Adds an option that takes a number, `Least` or greater; any other text is a usage error.
-/// @param Set gets the number when the command line is parsed
+/// @param Set receives the number when the command line is parsed
 void AddNumber(CLI::App& CommandReturn, const std::string& Name, std::uint64_t Least,
                const std::string& Help, const std::function<void(std::uint64_t)>& Set);
 

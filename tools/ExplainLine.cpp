@@ -11,9 +11,9 @@ namespace {
 std::string ListOfCodes() {
   constexpr std::size_t LevelWidth = 9;
   std::string Text;
-  for (const Grammar::CodeInfo& Each : Grammar::AllCodes()) {
-    Text.append(Each.Code).append("  ").append(NameOf(Each.Level));
-    Text.append(LevelWidth - NameOf(Each.Level).size(), ' ').append(Each.Title).append("\n");
+  for (const Grammar::CodeInfo& Info : Grammar::AllCodes()) {
+    Text.append(Info.Code).append("  ").append(NameOf(Info.Level));
+    Text.append(LevelWidth - NameOf(Info.Level).size(), ' ').append(Info.Title).append("\n");
   }
   return Text;
 }

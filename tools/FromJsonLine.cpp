@@ -6,10 +6,10 @@ namespace {
 constexpr const char* Footer =
     "Reads what trrule json writes, one object a line, and writes the rules in the normal form.\n"
     "Members that are missing are those of a new rule. A member that a grammar cannot hold, such\n"
-    "as a list of numbers, is told on standard error, and the rule written without it. A line\n"
-    "that is no such object is told and left out.\n"
+    "as a list of numbers, is reported on standard error, and the rule written without it. A line\n"
+    "that is not such an object is reported and left out.\n"
     "\n"
-    "Exit status: 0 all written, 1 something was told, 2 the run failed.\n"
+    "Exit status: 0 all written, 1 something was reported, 2 the run failed.\n"
     "\n"
     "Example:\n"
     "  trrule json np.trr | jq -c '.ruleIndex += 100' | trrule from-json -o new.trr\n";

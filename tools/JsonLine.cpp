@@ -5,8 +5,8 @@ namespace {
 
 constexpr const char* Footer =
     "Each rule becomes one object on a line of its own, with every member of the record; the\n"
-    "members are described in trrule-schema.json. A file of comments alone, and with --keep-bad a\n"
-    "rule that cannot be read, become {\"text\": ...}, so that trrule from-json gives back all of\n"
+    "members are described in trrule-schema.json. A file of comments only, and with --keep-bad a\n"
+    "rule that cannot be read, become {\"text\": ...}, so that trrule from-json restores all of\n"
     "what trrule print writes. Bytes that are not UTF-8 become the characters\n"
     "U+F780 to U+F7FF.\n"
     "\n"

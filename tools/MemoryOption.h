@@ -13,11 +13,12 @@ inline void AddMemoryOption(CLI::App& CommandReturn, std::size_t& MemoryReturn) 
           [&MemoryReturn](const std::string& Text) {
             const std::optional<std::size_t> Size = Grammar::ParseMemorySize(Text);
             if (!Size.has_value()) {
-              throw CLI::ValidationError("--memory", Text + " is no size, such as 64M, 2G or 50%");
+              throw CLI::ValidationError(
+                  "--memory", "invalid size " + Text + "; use a size such as 64M, 2G or 50%");
             }
             MemoryReturn = *Size;
           },
           "hold so much in memory and the rest in temporary files (64M, 2G, 50%); half of the "
-          "machine's otherwise")
+          "machine's by default")
       ->type_name("SIZE");
 }

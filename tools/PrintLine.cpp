@@ -12,7 +12,7 @@ constexpr const char* Footer =
     "The normal form of a rule: its comments, header, rule line, alignments in order,\n"
     "constraints in the order in which they can be applied. Printing it again changes\n"
     "nothing. Rules that cannot be read are reported on standard error and left out; text that is\n"
-    "no part of a rule is reported and kept as a comment, \";; not read: ...\".\n"
+    "not part of a rule is reported and kept as a comment, \";; not read: ...\".\n"
     "\n"
     "--one-line separates the lines of a rule by tabs, and writes a tab inside of a line\n"
     "as \\t and a backslash as \\\\; --from-one-line reads that.\n"
@@ -42,7 +42,7 @@ void AddPrintCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   AddKeepBad(*Command, Line->Run);
   Command->add_flag("--no-comments", Line->Options.Form.NoComments, "leave comments out");
   Command->add_flag("--one-line", Line->Options.Form.OneLine, "write each rule on one line");
-  Command->add_flag("--from-one-line", Line->Run.Folded, "read rules that stand on one line each");
+  Command->add_flag("--from-one-line", Line->Run.Folded, "read rules of one line each");
   Command->add_flag("--flip", Line->Options.Flip,
                     "exchange source and target; constraints stay as they are");
   Command

@@ -13,14 +13,14 @@ struct SortLine {
 };
 
 constexpr const char* Footer =
-    "Rules are compared by the text that tells whether two rules say the same: target labels,\n"
+    "Rules are compared by the text that duplicates have in common: target labels,\n"
     "types, sequences, alignments and constraints. --by chooses something else:\n"
     "  index   the number of the header; rules without one come first\n"
     "  type    the source type, then the target type\n"
     "  count   how many examples a rule stands for (;;Score:)\n"
     "  length  how many components the source side has, then the target side\n"
     "Rules that are equal in that stay in their order, also with --reverse. Each rule is written\n"
-    "in the normal form. What is no rule, such as a file of comments alone, comes last.\n"
+    "in the normal form. Text without a rule, such as a file of comments, comes last.\n"
     "\n"
     "Temporary files lie in the folder that TMPDIR names, or in /tmp; they have no names, and so\n"
     "cannot be left behind.\n"

@@ -37,12 +37,12 @@ void AddInputs(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn) {
       ->required();
   CommandReturn
       .add_option("--examples", OptionsReturn.vsPairs,
-                  "more examples: source, tab, target; * before a source to be refused")
+                  "more examples: source, tab, target; * before a source to be rejected")
       ->type_name("FILE")
       ->allow_extra_args(false);
   CommandReturn
       .add_option("--start", OptionsReturn.Starts,
-                  "those are of one of these types; of any otherwise")
+                  "those are of one of these types; of any by default")
       ->type_name("TYPE,...");
   CommandReturn
       .add_option("-o,--output", OptionsReturn.Output,
@@ -69,7 +69,7 @@ void AddWanted(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn) {
 void AddThresholds(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn) {
   CommandReturn
       .add_option("--fail-under", OptionsReturn.FailUnder,
-                  "status 1 where less of the rules, or of the constraints, is covered")
+                  "status 1 if less of the rules, or of the constraints, is covered")
       ->type_name("PERCENT")
       ->check(CLI::Range(0, 100))
       ->excludes("--no-coverage");
@@ -94,9 +94,10 @@ void AddTestCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   AddThresholds(*Command, *Options);
   AddChartLimits(*Command, Options->Parse.Limits);
   AddNumber(*Command, "--max-derivations", 0,
-            "give an example up when more have been looked at in vain; 100000 otherwise",
+            "give up an example after more failed attempts; 100000 by default",
             [Options](std::uint64_t Number) { Options->Parse.MaxDerivations = Number; });
-  AddTextThreads(*Command, "run so many examples at once; all cores otherwise", Options->Threads);
+  AddTextThreads(*Command, "run this number of examples at once; all cores by default",
+                 Options->Threads);
   Command->footer(Footer);
   Command->callback(
       [Options, &ActionReturn] { ActionReturn = [Options] { return RunTest(*Options); }; });

@@ -16,16 +16,16 @@ struct TranslateLine {
 };
 
 constexpr const char* Footer =
-    "Each line of standard input is a text, or the one behind --text; its words stand between\n"
+    "Each line of standard input is a text, or the one after --text; its words stand between\n"
     "blanks. It gets the words of its best derivation, on a line of its own; a text without\n"
-    "translation gets an empty line, and is told on standard error. So are rules that are left\n"
+    "translation gets an empty line, and is reported on standard error. So are rules that are left\n"
     "out.\n"
     "\n"
     "-k N and --all-derivations give a line for each translation, with its score before it, and an\n"
-    "empty line behind each text. --format json gives an object a line, with the derivation and\n"
+    "empty line after each text. --format json gives an object a line, with the derivation and\n"
     "its feature structures, and --format tree draws it.\n"
     "\n"
-    "Exit status: 0 all translated, 1 something was told, 2 the run failed.\n"
+    "Exit status: 0 all translated, 1 something was reported, 2 the run failed.\n"
     "\n"
     "Example:\n"
     "  trrule translate np.trr --lexicon words.trr --text 'the red car'\n"
@@ -49,12 +49,11 @@ void AddInputs(CLI::App& CommandReturn, TranslateLine& LineReturn) {
 }
 
 void AddWanted(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsReturn) {
-  AddNumber(CommandReturn, "-k", 1, "give so many translations of each text",
+  AddNumber(CommandReturn, "-k", 1, "write this number of translations of each text",
             [&](std::uint64_t Number) { OptionsReturn.Translations = Number; });
   CommandReturn.add_flag("--all-derivations", OptionsReturn.Texts.AllDerivations,
                          "also those with a text that was given already");
-  CommandReturn
-      .add_option("--start", OptionsReturn.Starts, "translate as one of these types alone")
+  CommandReturn.add_option("--start", OptionsReturn.Starts, "translate only as one of these types")
       ->type_name("TYPE,...");
   CommandReturn.add_flag("--partial", OptionsReturn.Texts.IsPartial,
                          "cut a text without translation into pieces");
@@ -66,17 +65,17 @@ void AddWanted(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsRetu
       ->type_name("FORM")
       ->check(CLI::IsMember({"plain", "json", "tree"}));
   CommandReturn.add_flag("--count", OptionsReturn.Texts.WantsCount,
-                         "tell in JSON how many derivations there are");
+                         "report the number of derivations in JSON");
   CommandReturn.add_flag("--origins", OptionsReturn.Format.HasOrigins,
-                         "tell in JSON which constraints gave the values");
+                         "report in JSON which constraints gave the values");
 }
 
 void AddLimits(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsReturn) {
   AddChartLimits(CommandReturn, OptionsReturn.Texts.Limits);
   AddNumber(CommandReturn, "--max-derivations", 0,
-            "give up when more have been passed over; 100000 otherwise",
+            "give up after more skipped derivations; 100000 by default",
             [&](std::uint64_t Number) { OptionsReturn.Texts.MaxDerivations = Number; });
-  AddTextThreads(CommandReturn, "translate so many texts at once; all cores otherwise",
+  AddTextThreads(CommandReturn, "translate this number of texts at once; all cores by default",
                  OptionsReturn.Threads);
 }
 

@@ -13,12 +13,12 @@ struct UniqueLine {
 };
 
 constexpr const char* Footer =
-    "Two rules say the same where target labels, types, sequences, alignments and constraints\n"
-    "are the same, in whatever order the constraints stand. The first of them is kept, with its\n"
+    "Two rules are duplicates if target labels, types, sequences, alignments and constraints\n"
+    "are the same, with the constraints in any order. The first of them is kept, with its\n"
     "header. Its count (;;Score:) becomes the sum of all counts, and the examples (;;SL: with\n"
     ";;TL: and ;;C-Structure:) and all other comments of the others are added, each once.\n"
     "\n"
-    "--count writes each rule on one line, behind the number of rules that it stands for and a\n"
+    "--count writes each rule on one line, after the number of rules that it stands for and a\n"
     "tab; cut -f2- leaves what trrule print --from-one-line reads.\n"
     "\n"
     "Exit status: 0 all read, 1 some rule could not be read, 2 the run failed.\n"
@@ -33,7 +33,8 @@ std::size_t ParseExamples(const std::string& Text) {
   const char* End = Text.data() + Text.size();
   const auto Result = std::from_chars(Text.data(), End, Number);
   if (Text.empty() || Result.ec != std::errc() || Result.ptr != End) {
-    throw CLI::ValidationError("--examples", Text + " is no number of examples, such as 0 or 3");
+    throw CLI::ValidationError(
+        "--examples", "invalid number " + Text + "; use a number of examples such as 0 or 3");
   }
   return Number;
 }
@@ -51,13 +52,12 @@ void AddUniqueCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   Command->add_flag("--sorted", Line->Options.Sorted, "in order, not as they come first");
   Command->add_flag("--repeated", Line->Options.Repeated,
                     "only rules that are there twice or more");
-  Command->add_flag("--count", Line->Options.Count,
-                    "one rule a line, behind how often it is there");
+  Command->add_flag("--count", Line->Options.Count, "one rule a line, after how often it occurs");
   Command
       ->add_option_function<std::string>(
           "--examples",
           [Line](const std::string& Text) { Line->Options.Examples = ParseExamples(Text); },
-          "keep so many examples of each rule")
+          "keep this number of examples of each rule")
       ->type_name("N");
   Command->footer(Footer);
   Command->callback([Line, &ActionReturn] {

@@ -16,14 +16,14 @@ struct WhyLine {
 
 constexpr const char* Footer =
     "A rule is named by its header, TYPE,NUMBER, or by its file and one of its lines, FILE:LINE. The\n"
-    "first argument is such a name, and so are those behind it that look like one and are no file.\n"
+    "first argument is such a name, and so are those after it that look like one and are not files.\n"
     "All rules that fit are explained.\n"
     "\n"
-    "For each word at which a rule can begin it is told how far it comes: which component it stops\n"
+    "For each word at which a rule can begin the answer says how far it comes: which component it stops\n"
     "at and what there is instead; which equations clash, with both values and the constraints that\n"
     "gave them; or what it makes, and whether the best derivation uses that.\n"
     "\n"
-    "Exit status: 0 answered, 1 no rule fits or something was told of a rule, 2 the run failed.\n"
+    "Exit status: 0 answered, 1 no rule fits or something was reported of a rule, 2 the run failed.\n"
     "\n"
     "Example:\n"
     "  trrule why NP,4 grammar.trr words.trr --text 'the red cars'\n";
@@ -50,8 +50,7 @@ void AddInputs(CLI::App& CommandReturn, WhyLine& LineReturn) {
 }
 
 void AddMeaning(CLI::App& CommandReturn, Translate::WhyOptions& OptionsReturn) {
-  CommandReturn
-      .add_option("--start", OptionsReturn.Starts, "translate as one of these types alone")
+  CommandReturn.add_option("--start", OptionsReturn.Starts, "translate only as one of these types")
       ->type_name("TYPE,...");
   AddRuleSetOptions(CommandReturn, OptionsReturn.Rules);
   AddChartLimits(CommandReturn, OptionsReturn.Texts.Limits);
@@ -64,7 +63,7 @@ int Run(const WhyLine& Line) {
   Translate::SplitRuleNames(Line.vsArguments, Options.vsNames, Options.vsGrammars);
   Options.vsGrammars.insert(Options.vsGrammars.end(), Line.vsLexicon.begin(), Line.vsLexicon.end());
   if (Options.vsGrammars.empty()) {
-    throw Grammar::RunError("no grammar is named behind the rules");
+    throw Grammar::RunError("no grammar is named after the rules");
   }
   return RunWhy(Options);
 }

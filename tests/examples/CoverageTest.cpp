@@ -39,11 +39,11 @@ struct TestedText {
   std::pair<Strings, Strings> Uncovered() const {
     std::pair<Strings, Strings> Lines;
     const auto LineOf = [](const std::string& Place) { return Place.substr(Place.rfind(':') + 1); };
-    for (const std::uint32_t Each : Results.Covered.vUncoveredRules) {
-      Lines.first.push_back(LineOf(Tested.AllRules()[Each].Place));
+    for (const std::uint32_t Number : Results.Covered.vUncoveredRules) {
+      Lines.first.push_back(LineOf(Tested.AllRules()[Number].Place));
     }
-    for (const std::size_t Each : Results.Covered.vUncoveredConstraints) {
-      Lines.second.push_back(LineOf(Tested.Constraints()[Each].Place));
+    for (const std::size_t Index : Results.Covered.vUncoveredConstraints) {
+      Lines.second.push_back(LineOf(Tested.Constraints()[Index].Place));
     }
     return Lines;
   }
@@ -65,30 +65,30 @@ Strings LinesOf(const std::string& Text) {
 
 constexpr std::uint64_t MaxDerivations = 500;
 
-/// Adds all that an example's text becomes; false where that would take too long.
-bool AddTexts(const Examples::TestedGrammar& Tested, const Examples::Example& Of,
+/// Adds all that an example's text becomes; false if that would take too long.
+bool AddTexts(const Examples::TestedGrammar& Tested, const Examples::Example& Given,
               std::string& TextReturn) {
   Translate::Translator Engine(Tested.Rules());
   Translate::TextOptions Texts;
   Texts.Translations = 100;
   Texts.WantsCount = true;
   Texts.HasStarts = true;
-  Texts.vStarts = {Tested.AllRules()[Of.Rule].SourceType};
+  Texts.vStarts = {Tested.AllRules()[Given.Rule].SourceType};
   Texts.MaxDerivations = MaxDerivations;
-  const Translate::TextResult Made = Engine.Translate(Of.Source, Texts);
+  const Translate::TextResult Made = Engine.Translate(Given.Source, Texts);
   for (const auto& Translation : Made.vTranslations) {
     TextReturn += '\n' + Translation.Target;
   }
   return Made.Derivations.value_or(MaxDerivations + 1) <= MaxDerivations;
 }
 
-/// The outcome of each example, with all that its text becomes; nothing where that would take too
+/// The outcome of each example, with all that its text becomes; nothing if that would take too
 /// long.
 std::optional<Strings> AllResults(const std::string& Text) {
   TestedText Whole(Text);
   Strings vsTexts;
-  for (const Examples::Example& Each : Whole.Tested.AllExamples()) {
-    if (!AddTexts(Whole.Tested, Each, vsTexts.emplace_back())) {
+  for (const Examples::Example& Current : Whole.Tested.AllExamples()) {
+    if (!AddTexts(Whole.Tested, Current, vsTexts.emplace_back())) {
       return std::nullopt;
     }
   }
@@ -106,8 +106,8 @@ std::optional<Strings> UnnoticedConstraints(const std::string& Text) {
   const std::optional<Strings> vsWhole = AllResults(Text);
   const Strings vsLines = LinesOf(Text);
   const TestedText Covered(Text);
-  for (const Examples::ConstraintLine& Each : Covered.Tested.Constraints()) {
-    const std::string Number = Each.Place.substr(Each.Place.rfind(':') + 1);
+  for (const Examples::ConstraintLine& Current : Covered.Tested.Constraints()) {
+    const std::string Number = Current.Place.substr(Current.Place.rfind(':') + 1);
     std::string Changed;
     for (std::size_t Line = 0; Line < vsLines.size(); ++Line) {
       Changed += (std::to_string(Line + 1) == Number ? "" : vsLines[Line]) + '\n';
@@ -148,7 +148,7 @@ std::string GrammarWithExamples(unsigned Seed) {
 
 // ---- Known answers ----------------------------------------------------------------------------
 
-TEST(Coverage, IsOfRulesInTheBestFittingDerivationOfAPassingExample) {
+TEST(Coverage, CountsRulesOfTheBestFittingDerivationOfAPassingExample) {
   const TestedText Text(
       ";;SL: the car\n;;TL: el auto\n"
       "NP::NP : [\"the\" N] -> [\"el\" N]\n(X2::Y2)\n"
@@ -161,7 +161,7 @@ TEST(Coverage, IsOfRulesInTheBestFittingDerivationOfAPassingExample) {
   EXPECT_EQ(Text.Uncovered(), (std::pair<Strings, Strings>{{"5", "12", "14"}, {}}));
 }
 
-TEST(Coverage, IsOfConstraintsWhoseRemovalSomeExampleNotices) {
+TEST(Coverage, CountsConstraintsWhoseRemovalAnExampleNotices) {
   const std::string Words =
       "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n((x0 num) = sg)\n((x0 kind) = thing)\n"
       "N::N : [\"cars\"] -> [\"autos\"]\n(X1::Y1)\n((x0 num) = pl)\n";
@@ -175,7 +175,7 @@ TEST(Coverage, IsOfConstraintsWhoseRemovalSomeExampleNotices) {
       (std::pair<Strings, Strings>{{"5"}, {"3", "4"}}));
 }
 
-TEST(Coverage, NoticesOtherTextsWhereTheOutcomeStays) {
+TEST(Coverage, NoticesOtherTextsWithTheSameOutcome) {
   const TestedText Text(
       ";;SL: car\n;;TL: auto\n"
       "NP::NP : [N] -> [N]\n(X1::Y1)\n((x1 num) = sg)\n"
@@ -186,7 +186,7 @@ TEST(Coverage, NoticesOtherTextsWhereTheOutcomeStays) {
   EXPECT_EQ(Text.Uncovered().second, Strings{});
 }
 
-TEST(Coverage, TakesOutOneOfSeveralAlternatives) {
+TEST(Coverage, RemovesOneOfSeveralAlternatives) {
   const TestedText Text(
       ";;SL: car\n;;TL: auto\n"
       "NP::NP : [N] -> [N]\n(X1::Y1)\n((x1 num) = sg)\n((x1 num) = pl)\n"
@@ -198,7 +198,7 @@ TEST(Coverage, TakesOutOneOfSeveralAlternatives) {
 
 // ---- Against the obvious way ------------------------------------------------------------------
 
-TEST(Coverage, IsWhatTakingEachLineOutFinds) {
+TEST(Coverage, MatchesTheRemovalOfEveryLine) {
   std::size_t Covered = 0;
   std::size_t Unnoticed = 0;
   for (unsigned Seed = 0; Seed < 20; ++Seed) {

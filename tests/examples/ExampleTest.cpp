@@ -20,8 +20,8 @@ std::string Found(const std::string& Comments) {
   Reader.Next(Text);
   const Examples::CommentExamples Examples = Examples::ReadExamples(Text);
   std::string Lines;
-  for (const auto& Each : Examples.vPairs) {
-    Lines += '[' + Each.Source + "] -> [" + Each.Target + "]\n";
+  for (const auto& Current : Examples.vPairs) {
+    Lines += '[' + Current.Source + "] -> [" + Current.Target + "]\n";
   }
   for (const std::string& sEach : Examples.vsRefused) {
     Lines += "*[" + sEach + "]\n";
@@ -32,7 +32,7 @@ std::string Found(const std::string& Comments) {
   return Lines;
 }
 
-TEST(Example, StandsInTheCommentsOfItsRule) {
+TEST(Example, IsReadFromTheCommentsOfItsRule) {
   struct Case {
     const char* Comments;
     const char* Expected;
@@ -51,17 +51,17 @@ TEST(Example, StandsInTheCommentsOfItsRule) {
        "[a] -> [1]\n"
        "a.trr:3: warning: the ;;TL: has no ;;SL:, and so is no example\n"
        "a.trr:4: warning: the ;;TL: has no ;;SL:, and so is no example\n"},
-      // Nothing behind ";;SL:" is no example, but has its partner all the same.
+      // Nothing behind ";;SL:" is no example, but has its partner anyway.
       {";;SL:\n;;SL:b\n;;TL:1\n;;TL:2\n", "[b] -> [2]\n"},
       {";;SL:a\n;;TL:\n", "[a] -> []\n"},
       {";;*SL: the\n;;SL:a\n;;TL:1\n;;*SL:\n;; *SL:the the\n", "[a] -> [1]\n*[the]\n*[the the]\n"},
   };
-  for (const Case& Each : vCases) {
-    EXPECT_EQ(Found(Each.Comments), Each.Expected) << Each.Comments;
+  for (const Case& Row : vCases) {
+    EXPECT_EQ(Found(Row.Comments), Row.Expected) << Row.Comments;
   }
 }
 
-TEST(Example, StandsBehindALineOrInTheBody) {
+TEST(Example, IsReadAfterALineOrInTheBody) {
   std::istringstream Stream(
       "{N,1}  ;;SL: a\nN::N : [\"a\"] -> [\"b\"] ;; TL: b\n(\n(X1::Y1)\n;;*SL: c\n)\n");
   Grammar::RuleReader Reader(Stream, "a.trr");

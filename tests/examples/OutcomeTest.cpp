@@ -39,10 +39,10 @@ std::string Word(const std::string& Examples, const std::string& Type, const std
   return Examples + Type + "::" + Type + " : [\"" + Source + "\"] -> [\"" + Target + "\"]" + Body;
 }
 
-TEST(Outcome, PassesWhereADerivationWithTheRuleAtItsRootGivesTheWords) {
+TEST(Outcome, PassesIfADerivationWithTheRuleAtItsRootGivesTheWords) {
   EXPECT_EQ(TestGrammar(Word(";;SL: car\n;;TL: auto\n", "N", "car", "auto")),
             (ChildEnd{0, Line(3, "car", "auto", "passes", "auto"), ""}));
-  // Token by token as they stand, but for ASCII capitals.
+  // Token by token unchanged, but for ASCII capitals.
   EXPECT_EQ(TestGrammar(Word(";;SL: car\n;;TL:  AUTO\n", "N", "Car", "Auto"), {"--strict"}),
             (ChildEnd{0, Line(3, "car", "AUTO", "passes", "Auto"), ""}));
   // Not only the best one counts.
@@ -53,14 +53,14 @@ TEST(Outcome, PassesWhereADerivationWithTheRuleAtItsRootGivesTheWords) {
             (ChildEnd{0, Line(9, "the car", "el coche", "passes", "el coche"), ""}));
 }
 
-TEST(Outcome, WantsNoWordsWhereNothingStandsBehindTheTarget) {
+TEST(Outcome, RequiresNoWordsIfTheTargetIsEmpty) {
   EXPECT_EQ(TestGrammar(Word(";;SL: the\n;;TL:\n", "DET", "the", "")),
             (ChildEnd{0, Line(3, "the", "", "passes", ""), ""}));
   EXPECT_EQ(TestGrammar(Word(";;SL: the\n;;TL:\n", "DET", "the", "el")),
             (ChildEnd{1, Line(3, "the", "", "differs", "el"), ""}));
 }
 
-TEST(Outcome, PassesByAnotherRuleWhereOnlyOtherRootsGiveTheWords) {
+TEST(Outcome, PassesByAnotherRuleIfOnlyOtherRootsGiveTheWords) {
   const std::string Grammar = Word(";;SL: car\n;;TL: coche\n", "N", "car", "auto") +
                               Word("", "N", "car", "coche") + Word("", "NP", "car", "coche");
   const std::string Expected = Line(3, "car", "coche", "passes by another rule", "coche");
@@ -75,7 +75,7 @@ TEST(Outcome, TakesTheBestOfTheOtherRules) {
             (ChildEnd{0, Line(3, "car", "coche", "passes by another rule", "COCHE"), ""}));
 }
 
-TEST(Outcome, CountsOtherRulesOfTheSameSourceTypeAlone) {
+TEST(Outcome, CountsOnlyOtherRulesOfTheSameSourceType) {
   EXPECT_EQ(TestGrammar(Word(";;SL: car\n;;TL: coche\n", "N", "car", "auto") +
                         Word("", "NP", "car", "coche")),
             (ChildEnd{1, Line(3, "car", "coche", "differs", "auto"), ""}));
@@ -84,7 +84,7 @@ TEST(Outcome, CountsOtherRulesOfTheSameSourceTypeAlone) {
             (ChildEnd{0, Line(3, "car", "coche", "passes by another rule", "coche"), ""}));
 }
 
-TEST(Outcome, DiffersWhereTheRuleGivesOtherWords) {
+TEST(Outcome, DiffersIfTheRuleGivesOtherWords) {
   const std::string Grammar = Word("", "N", "car", "auto") +
                               Word(";;Score: 2\n", "N", "car", "coche") +
                               ";;SL: the car\n;;TL: la casa\n"
@@ -93,14 +93,14 @@ TEST(Outcome, DiffersWhereTheRuleGivesOtherWords) {
             (ChildEnd{1, Line(8, "the car", "la casa", "differs", "el coche"), ""}));
 }
 
-TEST(Outcome, FailsWhereNoDerivationHasTheRuleAtItsRoot) {
+TEST(Outcome, FailsIfNoDerivationHasTheRuleAtItsRoot) {
   // The text of another root is not given, since it fits nothing.
   EXPECT_EQ(TestGrammar(Word(";;SL: bus\n;;TL: coche\n", "N", "car", "auto") +
                         Word("", "N", "bus", "autobus")),
             (ChildEnd{1, Line(3, "bus", "coche", "fails", "null"), ""}));
 }
 
-TEST(Outcome, OfATextThatMustNotBeAnalysedIsTheOtherWayRound) {
+TEST(Outcome, IsOppositeForATextThatMustNotBeAnalysed) {
   EXPECT_EQ(TestGrammar(Word(";;*SL: bus\n;;*SL: the car\n", "N", "car", "auto") +
                         Word("", "N", "bus", "autobus")),
             (ChildEnd{0,
@@ -115,7 +115,7 @@ TEST(Outcome, OfATextThatMustNotBeAnalysedIsTheOtherWayRound) {
             (ChildEnd{1, Line(7, "car", "null", "fails", "coche"), ""}));
 }
 
-TEST(Outcome, ComesPairsFirstThenRefusedTextsRulesInOrder) {
+TEST(Outcome, ListsPairsThenRejectedTextsInTheOrderOfRules) {
   EXPECT_EQ(
       TestGrammar(
           Word(";;*SL: a\n;;SL: car\n;;TL: auto\n;;SL: Car\n;;TL: Auto\n", "N", "car", "auto") +
@@ -127,13 +127,13 @@ TEST(Outcome, ComesPairsFirstThenRefusedTextsRulesInOrder) {
           ""}));
 }
 
-TEST(Outcome, ReportsCommentsWithoutPartner) {
+TEST(Outcome, ReportsCommentsWithoutAPartner) {
   EXPECT_EQ(TestGrammar(Word(";;SL: car\n;;TL: auto\n;;SL: bus\n", "N", "car", "auto")),
             (ChildEnd{0, Line(4, "car", "auto", "passes", "auto"),
                       "a.trr:3: warning: the ;;SL: has no ;;TL:, and so is no example\n"}));
 }
 
-TEST(Outcome, OfARuleThatWasLeftOutIsAFailureOrByAnotherRule) {
+TEST(Outcome, IsAFailureOrByAnotherRuleForASkippedRule) {
   const std::string Broken = "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y2)\n";
   const std::string Examples = ";;SL: car\n;;TL: auto\n;;*SL: car\n";
   EXPECT_EQ(TestGrammar(Examples + Broken).Out,
@@ -145,7 +145,7 @@ TEST(Outcome, OfARuleThatWasLeftOutIsAFailureOrByAnotherRule) {
   EXPECT_EQ(TestGrammar(Broken + Word("", "N", "car", "auto")).Status, 1);
 }
 
-TEST(Outcome, OfARuleWithoutReadableTypesHasNoDerivation) {
+TEST(Outcome, HasNoDerivationForARuleWithoutReadableTypes) {
   EXPECT_EQ(TestGrammar(";;SL: car\n;;TL: auto\n;;*SL: car\nN : [\"car\"] -> [\"auto\"]\n"
                         "(X1::Y1)\n" +
                         Word("", "N", "car", "auto"))
@@ -153,7 +153,7 @@ TEST(Outcome, OfARuleWithoutReadableTypesHasNoDerivation) {
             Line(4, "car", "auto", "fails", "null") + Line(4, "car", "null", "passes", "null"));
 }
 
-TEST(Outcome, OfAReversedGrammarExchangesThePairsAndHasNoRefusedTexts) {
+TEST(Outcome, ExchangesThePairsAndHasNoRejectedTextsInReverse) {
   EXPECT_EQ(
       TestGrammar(Word(";;SL: car\n;;TL: auto\n;;*SL: bus\n", "N", "car", "auto"), {"--reverse"}),
       (ChildEnd{0, Line(4, "auto", "car", "passes", "car"), ""}));
@@ -163,14 +163,14 @@ TEST(Outcome, OfAReversedGrammarExchangesThePairsAndHasNoRefusedTexts) {
       (ChildEnd{1, Line(5, "", "car", "fails", "null"), ""}));
 }
 
-TEST(Outcome, DependsOnCaseWhereThatIsWanted) {
+TEST(Outcome, DependsOnCaseOnRequest) {
   const std::string Grammar = Word(";;SL: Car\n;;TL: auto\n", "N", "car", "auto");
   EXPECT_EQ(TestGrammar(Grammar), (ChildEnd{0, Line(3, "Car", "auto", "passes", "auto"), ""}));
   EXPECT_EQ(TestGrammar(Grammar, {"--match-case"}),
             (ChildEnd{1, Line(3, "Car", "auto", "fails", "null"), ""}));
 }
 
-TEST(Outcome, IsAnErrorWhereALimitIsReached) {
+TEST(Outcome, IsAnErrorAtALimit) {
   const std::string Grammar = Word(";;SL: car\n;;TL: auto\n", "N", "car", "auto") +
                               Word("", "N", "car", "coche") + Word("", "N", "car", "carro");
   EXPECT_EQ(TestGrammar(Grammar, {"--max-constituents", "0"}),
@@ -179,7 +179,7 @@ TEST(Outcome, IsAnErrorWhereALimitIsReached) {
   EXPECT_EQ(TestGrammar(Grammar, {"--max-chain", "0"}).Status, 0);
 }
 
-TEST(Outcome, LooksAtSoManyDerivationsInVainWithTheRuleAndThenWithOthers) {
+TEST(Outcome, LimitsTheDerivationsWithTheRuleAndThenWithOthers) {
   // Two give other words with the rule, and two with other rules.
   const std::string Words = Word("", "N", "car", "auto") + Word("", "N", "car", "coche") +
                             Word("", "NP", "car", "carro") + Word("", "NP", "car", "buga");
@@ -202,10 +202,10 @@ TEST(Outcome, LooksAtSoManyDerivationsInVainWithTheRuleAndThenWithOthers) {
       {"casa", "1", "error", "null"},
       {"casa", "2", "differs", "auto"},
   };
-  for (const Case& Each : vCases) {
-    const ChildEnd End = TestGrammar(Phrase(Each.Wanted), {"--max-derivations", Each.Max});
-    EXPECT_EQ(End.Out, Line(3, "car", Each.Wanted, Each.What, Each.Best))
-        << Each.Wanted << ' ' << Each.Max;
+  for (const Case& Row : vCases) {
+    const ChildEnd End = TestGrammar(Phrase(Row.Wanted), {"--max-derivations", Row.Max});
+    EXPECT_EQ(End.Out, Line(3, "car", Row.Wanted, Row.What, Row.Best))
+        << Row.Wanted << ' ' << Row.Max;
   }
 }
 

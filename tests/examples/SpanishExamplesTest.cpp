@@ -8,7 +8,7 @@
 
 namespace {
 
-TEST(SpanishExamples, AllPassAndHoldEachRuleAndEachConstraintInPlace) {
+TEST(SpanishExamples, AllPassAndCoverEveryRuleAndConstraint) {
   const ChildEnd End =
       RunTrrule({"test", "--strict", "--format", "json", "grammar.trr", "lexicon.trr"},
                 GrammarPaths::SourceFolder + std::string("/examples/grammar/spanish"));

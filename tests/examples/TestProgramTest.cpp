@@ -27,7 +27,7 @@ const std::string Nouns =
     "N::N : [\"car\"] -> [\"coche\"]\n(X1::Y1)\n"
     ";;SL: car\n;;TL: auto\nN::N : [\"car\"] -> [\"auto\" N]\n(X1::Y1)\n";
 
-TEST(TestProgram, ShowsWhatDoesNotPassAndWhatIsNotCovered) {
+TEST(TestProgram, ShowsFailuresAndMissingCoverage) {
   const TestFolder Folder;
   Folder.Write("a.trr", Nouns);
   EXPECT_EQ(RunTest(Folder, {"a.trr"}),
@@ -54,7 +54,7 @@ TEST(TestProgram, ShowsWhatDoesNotPassAndWhatIsNotCovered) {
                       "from\n1 of 4 rules was left out\n"}));
 }
 
-TEST(TestProgram, SaysWhyARuleWasLeftOut) {
+TEST(TestProgram, ReportsWhyARuleWasSkipped) {
   const TestFolder Folder;
   Folder.Write("a.trr", ";;SL: car\n;;TL: auto\nN::N : [\"car\"] -> [\"auto\" N]\n(X1::Y1)\n");
   EXPECT_EQ(RunTest(Folder, {"a.trr", "--no-coverage"}),
@@ -191,7 +191,7 @@ not ok 4 - b.trr:3: a \# b
                                                                               ""}));
 }
 
-TEST(TestProgram, CallsPassingByAnotherRuleAFailureWhereItIsStrict) {
+TEST(TestProgram, TreatsPassingByAnotherRuleAsAFailureIfStrict) {
   const TestFolder Folder;
   Folder.Write("a.trr", Nouns.substr(0, Nouns.find("(X1::Y1)")) + "(X1::Y1)\n" +
                             "N::N : [\"car\"] -> [\"coche\"]\n(X1::Y1)\n");
@@ -255,7 +255,7 @@ TEST(TestProgram, ExchangesThePairsOfFilesWithTheSides) {
                       ""}));
 }
 
-TEST(TestProgram, SaysWhyAPairHasNoTranslation) {
+TEST(TestProgram, ReportsWhyAPairHasNoTranslation) {
   const TestFolder Folder;
   Folder.Write("a.trr", Phrases);
   Folder.Write("pairs", "bus\tbus\n");
@@ -270,7 +270,7 @@ TEST(TestProgram, SaysWhyAPairHasNoTranslation) {
 
 // ---- Thresholds and baselines -----------------------------------------------------------------
 
-TEST(TestProgram, EndsWithOneWhereTooLittleIsCovered) {
+TEST(TestProgram, EndsWithStatus1IfTooLittleIsCovered) {
   const TestFolder Folder;
   Folder.Write("a.trr", ";;SL: car\n;;TL: auto\n" + Phrases + "((x2 num) = sg)\n");
   const auto Run = [&](const char* Percent) {
@@ -287,7 +287,7 @@ TEST(TestProgram, EndsWithOneWhereTooLittleIsCovered) {
                                  "trrule: --fail-under: 0 of 1 constraints are less than 51 %\n"}));
 }
 
-TEST(TestProgram, ShowsWhatHasChangedSinceTheBaseline) {
+TEST(TestProgram, ShowsChangesSinceTheBaseline) {
   const TestFolder Folder;
   const auto Word = [](const std::string& Source, const std::string& Wanted,
                        const std::string& Target) {
@@ -348,7 +348,7 @@ TEST(TestProgram, FailsWithNewFailuresAndKeepsTheBaseline) {
 
 // ---- The end ----------------------------------------------------------------------------------
 
-TEST(TestProgram, EndsWithZeroWhereAllPassAndNoRuleWasLeftOut) {
+TEST(TestProgram, EndsWithStatus0IfAllPassAndNoRuleWasSkipped) {
   const TestFolder Folder;
   const std::string Good = ";;SL: car\n;;TL: auto\nN::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n";
   Folder.Write("a.trr", Good);
@@ -362,7 +362,7 @@ TEST(TestProgram, EndsWithZeroWhereAllPassAndNoRuleWasLeftOut) {
             (ChildEnd{0, Expected, ""}));
 }
 
-TEST(TestProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
+TEST(TestProgram, EndsWithStatus2AndOneLineWhenTheRunFails) {
   const TestFolder Folder;
   Folder.Write("a.trr", Nouns);
   Folder.Write("tab", "a\tb\n\tc\n");
@@ -370,8 +370,8 @@ TEST(TestProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
       {{}, "FILE is required"},
       {{"missing.trr"}, "cannot read missing.trr: No such file or directory"},
       {{"a.trr", "-o", "no/where"}, "cannot write no/where: No such file or directory"},
-      {{"a.trr", "--max-chain", "x"}, "--max-chain: x is no number from 0 on"},
-      {{"a.trr", "--threads", "0"}, "--threads: 0 is no number from 1 on"},
+      {{"a.trr", "--max-chain", "x"}, "--max-chain: invalid number x; use a number from 0 on"},
+      {{"a.trr", "--threads", "0"}, "--threads: invalid number 0; use a number from 1 on"},
       {{"a.trr", "--accept"}, "--accept requires --baseline"},
       {{"a.trr", "--fail-under", "1", "--no-coverage"}, "--no-coverage excludes --fail-under"},
       {{"a.trr", "--baseline", "missing"}, "cannot read missing: No such file or directory"},

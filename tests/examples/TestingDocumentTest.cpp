@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(TestingDocument, ShowsWhatTheCommandPrints) {
+TEST(TestingDocument, ShowsTheOutputOfTheCommands) {
   ExpectConsolesHold("docs/testing.md");
 }
 

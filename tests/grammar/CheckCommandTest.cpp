@@ -66,19 +66,19 @@ std::string LargeGrammar() {
 
 const std::string TwoEqual = RuleWith("(x0 = x3)") + RuleWith("(x0 = x3)");
 
-TEST(CheckCommand, TellsOfEqualRulesAndNumbersWithBothPlaces) {
+TEST(CheckCommand, ReportsDuplicateRulesAndHeadersWithBothPlaces) {
   const CheckEnd End = Check(TwoEqual, CheckOptions());
   EXPECT_EQ(End.Status, Grammar::StatusFindings);
   EXPECT_EQ(End.Result,
-            "a b.trr:9:1: warning TR034: {NP,8} is the header of another rule, too\n"
+            "a b.trr:9:1: warning TR034: {NP,8} is also the header of another rule\n"
             "  {NP,8}\n  ^~~~~~\n  see a b.trr:1\n"
-            "a b.trr:10:1: warning TR033: this rule says the same as another one\n"
+            "a b.trr:10:1: warning TR033: this rule duplicates another one\n"
             "  NP::NP : [DET ADJ N] -> [DET N ADJ]\n  " +
                 std::string("^") + std::string(34, '~') + "\n  see a b.trr:2\n");
   EXPECT_EQ(End.Streams, (Written{"", "0 errors, 2 warnings, 0 notes\n"}));
 }
 
-TEST(CheckCommand, TellsTheCodesThatAreWanted) {
+TEST(CheckCommand, ReportsOnlyTheSelectedCodes) {
   const std::string Text = RuleWith("(x0 == x3)\n(x9 = x3)");
   const auto CodesFor = [&](std::optional<Severity> Least, const Strings& vsOnly,
                             const Strings& vsExcept) {
@@ -90,8 +90,8 @@ TEST(CheckCommand, TellsTheCodesThatAreWanted) {
     Options.vsExcept.emplace_back("TR050");
     const CheckEnd End = Check(Text, Options);
     Strings vsCodes;
-    for (const auto& Each : nlohmann::json::parse(End.Result)) {
-      vsCodes.push_back(Each["code"]);
+    for (const auto& Current : nlohmann::json::parse(End.Result)) {
+      vsCodes.push_back(Current["code"]);
     }
     EXPECT_EQ(End.Status, vsCodes.empty() ? Grammar::StatusClean : Grammar::StatusFindings);
     return vsCodes;
@@ -109,7 +109,7 @@ TEST(CheckCommand, TellsTheCodesThatAreWanted) {
   EXPECT_EQ(CodesFor(Severity::Note, {"TR024", "TR009"}, {"TR009"}), (Strings{"TR024"}));
 }
 
-TEST(CheckCommand, KnowsNoOtherCodes) {
+TEST(CheckCommand, RejectsUnknownCodes) {
   CheckOptions Only;
   Only.vsOnly = {"TR001", "TR099"};
   CheckOptions Except;
@@ -125,7 +125,7 @@ TEST(CheckCommand, WritesJson) {
   EXPECT_EQ(
       Check(RuleWith("(x0 == x3\xFF)"), Options).Result,
       "[\n{\"file\":\"a b.trr\",\"line\":7,\"column\":8,\"length\":3,\"severity\":\"error\","
-      "\"code\":\"TR012\",\"message\":\"\\\"x3\xEF\xBF\xBD\\\" is no node, and only a node can "
+      "\"code\":\"TR012\",\"message\":\"\\\"x3\xEF\xBF\xBD\\\" is not a node, and only a node can "
       "equal x0\",\"text\":\"(x0 == x3\xEF\xBF\xBD)\",\"example\":\"((x0 feature) = "
       "x3\xEF\xBF\xBD)\"}\n]\n");
   EXPECT_EQ(nlohmann::json::parse(Check(TwoEqual, Options).Result)[1]["other"],
@@ -156,19 +156,19 @@ TEST(CheckCommand, WritesSarifWithColumnsInCharacters) {
   EXPECT_EQ(Uri.substr(Uri.rfind('/') + 1), "a%20b.trr");
 }
 
-TEST(CheckCommand, WritesTheExplanationsAsHelpOfSarif) {
+TEST(CheckCommand, WritesExplanationsAsSarifHelp) {
   CheckOptions Options;
   Options.Format = FindingFormat::Sarif;
   const auto Rules =
       nlohmann::json::parse(Check("", Options).Result)["runs"][0]["tool"]["driver"]["rules"];
   std::size_t Next = 0;
-  for (const Grammar::CodeInfo& Each : Grammar::AllCodes()) {
+  for (const Grammar::CodeInfo& Info : Grammar::AllCodes()) {
     EXPECT_EQ(Rules[Next++],
-              nlohmann::json({{"id", Each.Code},
-                              {"shortDescription", {{"text", Each.Title}}},
-                              {"fullDescription", {{"text", Each.Why}}},
-                              {"help", {{"text", Explanation(Each)}}},
-                              {"defaultConfiguration", {{"level", NameOf(Each.Level)}}}}));
+              nlohmann::json({{"id", Info.Code},
+                              {"shortDescription", {{"text", Info.Title}}},
+                              {"fullDescription", {{"text", Info.Explanation}}},
+                              {"help", {{"text", Explanation(Info)}}},
+                              {"defaultConfiguration", {{"level", NameOf(Info.Level)}}}}));
   }
   EXPECT_EQ(Rules.size(), Next);
 }
@@ -176,16 +176,16 @@ TEST(CheckCommand, WritesTheExplanationsAsHelpOfSarif) {
 // ---- Severities and counts --------------------------------------------------------------------
 
 /// A note on line 1, a warning on line 7 and an error on line 8.
-const std::string OneOfEach =
+const std::string AllSeverities =
     "{ADJP,8}\nADJP::NP : [DET ADJ N] -> [DET N ADJ]\n(\n(X1::Y1)\n"
     "(X2::Y3)\n(X3::Y2)\n(X1::Y1)\n(x9 = x3)\n)\n";
 const std::string OneNote = RuleWith("(x0 == x3)");
 
 const std::string NoteText =
-    "a b.trr:1:2: note TR021: the library's reader keeps two letters of this type, \"AD\"; here it "
-    "stays whole\n  {ADJP,8}\n   ^~~~\n";
+    "a b.trr:1:2: note TR021: the library's reader keeps two letters of this type, \"AD\"; trrule "
+    "keeps all of it\n  {ADJP,8}\n   ^~~~\n";
 const std::string WarningText =
-    "a b.trr:7:1: warning TR036: this alignment stands here twice\n  (X1::Y1)\n  ^~~~~~~~\n";
+    "a b.trr:7:1: warning TR036: this alignment is repeated\n  (X1::Y1)\n  ^~~~~~~~\n";
 const std::string ErrorText =
     "a b.trr:8:2: error TR009: there is no x9: the source side has 3 components\n  (x9 = x3)\n"
     "   ^~\n";
@@ -201,31 +201,31 @@ TEST(CheckCommand, ShowsAndCountsBySeverity) {
   const std::string All = "1 error, 1 warning, 1 note";
   const std::string Hidden = " not shown (--severity note shows all)\n";
   const std::vector<Case> vCases{
-      {OneOfEach, Severity::Note, Grammar::StatusFindings, NoteText + WarningText + ErrorText,
+      {AllSeverities, Severity::Note, Grammar::StatusFindings, NoteText + WarningText + ErrorText,
        All + "\n"},
-      {OneOfEach, std::nullopt, Grammar::StatusFindings, WarningText + ErrorText,
+      {AllSeverities, std::nullopt, Grammar::StatusFindings, WarningText + ErrorText,
        All + "; 1" + Hidden},
-      {OneOfEach, Severity::Warning, Grammar::StatusFindings, WarningText + ErrorText,
+      {AllSeverities, Severity::Warning, Grammar::StatusFindings, WarningText + ErrorText,
        All + "; 1" + Hidden},
-      {OneOfEach, Severity::Error, Grammar::StatusFindings, ErrorText, All + "; 2" + Hidden},
+      {AllSeverities, Severity::Error, Grammar::StatusFindings, ErrorText, All + "; 2" + Hidden},
       {OneNote, std::nullopt, Grammar::StatusClean, "", "0 errors, 0 warnings, 1 note; 1" + Hidden},
       {OneNote, Severity::Note, Grammar::StatusFindings,
        "a b.trr:7:5: note TR024: \"==\" is kept as \"=\"\n  (x0 == x3)\n      ^~\n"
        "  instead: (x0 = x3)\n",
        "0 errors, 0 warnings, 1 note\n"},
       {RuleWith("(x0 = x3)"), Severity::Note, Grammar::StatusClean, "", ""}};
-  for (const Case& Each : vCases) {
+  for (const Case& Row : vCases) {
     CheckOptions Options;
-    Options.Least = Each.Least;
+    Options.Least = Row.Least;
     Options.vsExcept = {"TR050"};
-    const CheckEnd End = Check(Each.Text, Options);
-    EXPECT_EQ(End.Status, Each.Status);
-    EXPECT_EQ(End.Result, Each.Result);
-    EXPECT_EQ(End.Streams, (Written{"", Each.Err}));
+    const CheckEnd End = Check(Row.Text, Options);
+    EXPECT_EQ(End.Status, Row.Status);
+    EXPECT_EQ(End.Result, Row.Result);
+    EXPECT_EQ(End.Streams, (Written{"", Row.Err}));
   }
 }
 
-TEST(CheckCommand, CountsAsNoteWhatOnlyTheLibraryTakesForARepetition) {
+TEST(CheckCommand, CountsARepetitionForTheLibraryOnlyAsANote) {
   CheckOptions Options;
   Options.vsOnly = {"TR031"};
   Options.Least = Severity::Note;
@@ -234,19 +234,19 @@ TEST(CheckCommand, CountsAsNoteWhatOnlyTheLibraryTakesForARepetition) {
                      "((x1 agr gen) = fem)\n((x1 agrgen) = fem)"),
             Options);
   EXPECT_EQ(End.Result,
-            "a b.trr:8:1: note TR031: the library takes this constraint for the one on line 7, and "
-            "drops it; here it stays\n  ((y1 num) = (x1 per))\n  ^~~~~~~~~~~~~~~~~~~~~\n"
-            "a b.trr:9:1: warning TR031: this constraint stands on line 7 already\n"
+            "a b.trr:8:1: note TR031: the library reads this constraint as the one on line 7, and "
+            "drops it; trrule keeps it\n  ((y1 num) = (x1 per))\n  ^~~~~~~~~~~~~~~~~~~~~\n"
+            "a b.trr:9:1: warning TR031: this constraint repeats line 7\n"
             "  ((Y1 NUM) = (x1 num))\n  ^~~~~~~~~~~~~~~~~~~~~\n"
-            "a b.trr:11:1: note TR031: the library takes this constraint for the one on line 10, "
-            "and drops it; here it stays\n  ((x1 agrgen) = fem)\n  ^~~~~~~~~~~~~~~~~~~\n");
+            "a b.trr:11:1: note TR031: the library reads this constraint as the one on line 10, "
+            "and drops it; trrule keeps it\n  ((x1 agrgen) = fem)\n  ^~~~~~~~~~~~~~~~~~~\n");
   EXPECT_EQ(End.Streams, (Written{"", "0 errors, 1 warning, 2 notes\n"}));
 }
 
-TEST(CheckCommand, CountsInPlaceOfShowing) {
+TEST(CheckCommand, CountsInsteadOfShowing) {
   CheckOptions Options;
   Options.Statistics = true;
-  const CheckEnd Table = Check(OneOfEach + OneNote, Options);
+  const CheckEnd Table = Check(AllSeverities + OneNote, Options);
   EXPECT_EQ(Table.Status, Grammar::StatusFindings);
   EXPECT_EQ(Table.Result,
             "1  TR009  error    a constraint names a component that the rule does not have\n"
@@ -267,7 +267,7 @@ TEST(CheckCommand, CountsInPlaceOfShowing) {
 }
 
 /// What is counted where notes are not shown is what is counted where they are.
-TEST(CheckCommand, CountsTheSameNotesWhetherTheyAreShownOrNot) {
+TEST(CheckCommand, CountsNotesThatAreNotShown) {
   CheckOptions Options;
   Options.Statistics = true;
   CheckOptions AllOptions = Options;
@@ -284,7 +284,7 @@ TEST(CheckCommand, CountsTheSameNotesWhetherTheyAreShownOrNot) {
 const std::string Lexicon = "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n((x0 num) = sg)\n";
 const std::string Missing = "NP::NP : [N A] -> [N]\n(X1::Y1)\n((x1 num) = pl)\n";
 
-TEST(CheckCommand, ReportsWhatOnlyAllFilesShowLast) {
+TEST(CheckCommand, ReportsFindingsOfAllFilesLast) {
   const TestFolder Folder;
   RunOptions Run;
   Run.vsFiles = {Folder.Write("b.trr", Missing), Folder.Write("a.trr", Lexicon)};
@@ -295,10 +295,10 @@ TEST(CheckCommand, ReportsWhatOnlyAllFilesShowLast) {
     Options.Format = FindingFormat::Json;
     WrittenBy([&] { RunCheck(Run, Options); });
     Strings vsCodes;
-    for (const auto& Each : nlohmann::json::parse(Folder.Read("out"))) {
-      vsCodes.push_back(Each["code"].get<std::string>() + ' ' +
-                        Each["severity"].get<std::string>() + ' ' +
-                        std::to_string(Each["line"].get<int>()));
+    for (const auto& Current : nlohmann::json::parse(Folder.Read("out"))) {
+      vsCodes.push_back(Current["code"].get<std::string>() + ' ' +
+                        Current["severity"].get<std::string>() + ' ' +
+                        std::to_string(Current["line"].get<int>()));
     }
     return vsCodes;
   };
@@ -337,7 +337,7 @@ TEST(CheckCommand, ReportsPlacesWithoutSourceUnlessThereIsAnError) {
 
 // ---- Threads ----------------------------------------------------------------------------------
 
-/// Several files, one of them missing, and one that is no grammar.
+/// Several files, one of them missing, and one that is not a grammar.
 CheckEnd CheckWithThreads(const TestFolder& Folder, unsigned Threads, CheckOptions Options) {
   RunOptions Run;
   Run.vsFiles = {Folder.Path("a"), Folder.Path("none"), Folder.Path("b"), Folder.Path("a"),

@@ -21,19 +21,19 @@ Strings Merged(const std::vector<Strings>& vvsComments,
   return Merger.Comments();
 }
 
-TEST(CommentMerger, KeepsTheFirstRulesCommentsAsTheyStand) {
+TEST(CommentMerger, KeepsTheCommentsOfTheFirstRuleUnchanged) {
   const Strings vsComments{"; twice", "; twice", ";; SL: a", ";; SL: a", ";;Score:2"};
   EXPECT_EQ(Merged({}), Strings());
   EXPECT_EQ(Merged({{}, {}}), Strings());
   EXPECT_EQ(Merged({vsComments}), vsComments);
 }
 
-TEST(CommentMerger, AddsWhatIsNotThereYet) {
+TEST(CommentMerger, AddsNewComments) {
   EXPECT_EQ(Merged({{"; one", ";; Users: 2"}, {"; two", "; one"}, {"; three", ";; Users: 2"}}),
             (Strings{"; one", ";; Users: 2", "; two", "; three"}));
 }
 
-TEST(CommentMerger, TakesTheLinesOfAnExampleTogether) {
+TEST(CommentMerger, KeepsTheLinesOfAnExampleTogether) {
   EXPECT_EQ(Merged({{";; SL: the car", ";; TL: el auto"},
                     {";; SL: the car", ";; TL: el coche"},
                     {";; SL: the car", ";; TL: el auto"},
@@ -42,18 +42,18 @@ TEST(CommentMerger, TakesTheLinesOfAnExampleTogether) {
                      ";;SL:THE HOUSE", "; seen once", ";;TL:LA CASA", ";;C-Structure:(NP)"}));
 }
 
-TEST(CommentMerger, BeginsAnExampleWhereALabelComesAgain) {
+TEST(CommentMerger, BeginsAnExampleAtARepeatedLabel) {
   EXPECT_EQ(Merged({{";;TL:a", ";;SL:b", ";;SL:c", ";;TL:d"}, {";;SL:c", ";;TL:d"}, {";;SL:b"}}),
             (Strings{";;TL:a", ";;SL:b", ";;SL:c", ";;TL:d", ";;SL:b"}));
 }
 
-TEST(CommentMerger, LeavesCountsToTheFirstRule) {
+TEST(CommentMerger, KeepsOnlyTheCountOfTheFirstRule) {
   EXPECT_EQ(Merged({{";;Score:2", "; a"}, {";; Score: 5", "; b"}}),
             (Strings{";;Score:2", "; a", "; b"}));
   EXPECT_EQ(Merged({{"; a"}, {";;Score:5"}}), Strings{"; a"});
 }
 
-TEST(CommentMerger, KeepsNoMoreExamplesThanItIsTold) {
+TEST(CommentMerger, LimitsTheNumberOfExamples) {
   const std::vector<Strings> Rules{
       {";;SL:1", ";;TL:1", "; a", ";;SL:2"}, {";;SL:1", ";;TL:1"}, {";;SL:3", "; b"}};
   EXPECT_EQ(Merged(Rules, 0), (Strings{"; a", "; b"}));

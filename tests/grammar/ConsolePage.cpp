@@ -28,7 +28,7 @@ std::vector<Console> ReadConsoles(const std::string& Page) {
   std::ifstream File(GrammarPaths::SourceFolder + ('/' + Page));
   std::vector<Console> vConsoles;
   std::map<std::string, std::string> ssFiles;
-  std::string Fence;  // the text behind its backquotes; empty outside of fences
+  std::string Fence;  // the text after its backquotes; empty outside of fences
   int LineNumber = 0;
   for (std::string Line; std::getline(File, Line);) {
     ++LineNumber;
@@ -96,12 +96,12 @@ void Fill(const TestFolder& Folder, const Console& Shown) {
 void ExpectConsolesHold(const std::string& Page) {
   const std::vector<Console> vConsoles = ReadConsoles(Page);
   EXPECT_GT(vConsoles.size(), 8U) << Page;
-  for (const Console& Each : vConsoles) {
+  for (const Console& Current : vConsoles) {
     const TestFolder Folder;
-    Fill(Folder, Each);
+    Fill(Folder, Current);
     EXPECT_EQ(
         OutputOf("cd '" + Folder.Path("") + "' && PATH=\"$PWD/bin:$PATH\" LC_ALL=C sh script"),
-        Each.Shown)
-        << Page << ':' << Each.LineNumber;
+        Current.Shown)
+        << Page << ':' << Current.LineNumber;
   }
 }

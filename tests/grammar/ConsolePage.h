@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-/// Pages whose examples are run. A fence of the kind `console` shows commands, behind `$` and,
+/// Pages whose examples are run. A fence of the kind `console` shows commands, after `$` and,
 /// where they go on, `>`, each with its output. A fence `trr NAME` holds a grammar that all
-/// consoles behind it find under that name.
+/// consoles after it find under that name.
 ///
 ///   ```trr nouns.trr
 ///   N::N : ["car"] -> ["coche"]

@@ -37,13 +37,13 @@ std::vector<Reference> ReferencesIn(const Strings& vsTexts) {
 
 Strings CyclesIn(const std::vector<Reference>& vReferences) {
   Strings vsFound;
-  for (const Grammar::ConstraintCycle& Each : Grammar::FindCycles(vReferences)) {
-    vsFound.push_back(std::to_string(Each.Line) + ": " + Each.Nodes);
+  for (const Grammar::ConstraintCycle& Cycle : Grammar::FindCycles(vReferences)) {
+    vsFound.push_back(std::to_string(Cycle.Line) + ": " + Cycle.Nodes);
   }
   return vsFound;
 }
 
-TEST(ConstraintCycles, AreNamedFromTheirFirstLine) {
+TEST(ConstraintCycles, StartAtTheirFirstLine) {
   const std::vector<std::pair<Strings, Strings>> Cases{
       {{"(x0 = x1)", "(x1 = x2)"}, {}},
       {{"(x0 = x0)"}, {}},
@@ -62,20 +62,20 @@ TEST(ConstraintCycles, AreNamedFromTheirFirstLine) {
 }
 
 /// The first cycle on the way from the last node of a path, as the nodes up to the one that comes
-/// again; empty if there is not one. Each node is tried over and over.
+/// again; empty if there is none. Each node is tried over and over.
 std::vector<int> FirstCycle(const std::vector<Reference>& vReferences, std::vector<int> vPath,
                             std::set<int>& siDoneReturn) {
   const int Last = vPath.back();
-  for (const Reference& Each : vReferences) {
-    if (Each.ConstrainedIndex != Last || siDoneReturn.count(Each.AgreedIndex) > 0) {
+  for (const Reference& Current : vReferences) {
+    if (Current.ConstrainedIndex != Last || siDoneReturn.count(Current.AgreedIndex) > 0) {
       continue;
     }
-    const auto Met = std::find(vPath.begin(), vPath.end(), Each.AgreedIndex);
+    const auto Met = std::find(vPath.begin(), vPath.end(), Current.AgreedIndex);
     if (Met != vPath.end()) {
       return {Met, vPath.end()};
     }
     std::vector<int> vLonger = vPath;
-    vLonger.push_back(Each.AgreedIndex);
+    vLonger.push_back(Current.AgreedIndex);
     std::vector<int> vCycle = FirstCycle(vReferences, std::move(vLonger), siDoneReturn);
     if (!vCycle.empty()) {
       return vCycle;
@@ -98,9 +98,9 @@ Strings CyclesOneByOne(std::vector<Reference> vReferences) {
     std::map<std::size_t, int> mNodes;  // by the line on which each waits for the next
     std::size_t Size = vCycle.size();
     for (std::size_t Step = 0; Step < Size; ++Step) {
-      const auto IsStep = [&](const Reference& Each) {
-        return Each.ConstrainedIndex == vCycle[Step] &&
-               Each.AgreedIndex == vCycle[(Step + 1) % Size];
+      const auto IsStep = [&](const Reference& Current) {
+        return Current.ConstrainedIndex == vCycle[Step] &&
+               Current.AgreedIndex == vCycle[(Step + 1) % Size];
       };
       mNodes.emplace(std::find_if(vReferences.begin(), vReferences.end(), IsStep)->Line,
                      vCycle[Step]);
@@ -118,7 +118,7 @@ Strings CyclesOneByOne(std::vector<Reference> vReferences) {
   return vsFound;
 }
 
-TEST(ConstraintCycles, AreThoseOfASearchThatBeginsAnewAfterEach) {
+TEST(ConstraintCycles, AreThoseOfARestartedSearch) {
   std::mt19937 Random(20);
   const auto Below = [&](std::size_t Limit) { return static_cast<std::size_t>(Random() % Limit); };
   std::size_t Found = 0;
@@ -138,7 +138,7 @@ TEST(ConstraintCycles, AreThoseOfASearchThatBeginsAnewAfterEach) {
   EXPECT_GT(Found, 2000U);
 }
 
-TEST(ConstraintCycles, OfManyNodesAreFoundInOneWalk) {
+TEST(ConstraintCycles, AreFoundAmongManyNodesInOneWalk) {
   constexpr int Nodes = 200000;
   std::vector<Reference> vReferences;
   for (int Node = 1; Node < Nodes; ++Node) {

@@ -14,7 +14,7 @@
 namespace {
 
 struct Case {
-  std::string Text;  ///< behind ";;Score:"
+  std::string Text;  ///< after ";;Score:"
   int Value;
   bool IsExact;
 };
@@ -46,53 +46,53 @@ const std::vector<Case> Cases{
     {"3\xC2\xA0", 3, false},
 };
 
-TEST(CountText, IsTheDigitsAtTheBeginning) {
-  for (const Case& Each : Cases) {
-    const Grammar::CountText Count = Grammar::ParseCount(Each.Text);
-    EXPECT_EQ(Count.Value, Each.Value) << Each.Text;
-    EXPECT_EQ(Count.IsExact, Each.IsExact) << Each.Text;
+TEST(CountText, IsTheLeadingDigits) {
+  for (const Case& Row : Cases) {
+    const Grammar::CountText Count = Grammar::ParseCount(Row.Text);
+    EXPECT_EQ(Count.Value, Row.Value) << Row.Text;
+    EXPECT_EQ(Count.IsExact, Row.IsExact) << Row.Text;
   }
 }
 
 const std::string Body = "{NP,1}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n";
 
 TEST(CountText, IsTheSameInTheRecordAndInItsRule) {
-  for (const Case& Each : Cases) {
+  for (const Case& Row : Cases) {
     OwnedRecord Record;
     std::vector<Grammar::Finding> vFindings;
-    ASSERT_TRUE(Record.ReadFirst(";;Score:" + Each.Text + '\n' + Body, vFindings));
-    EXPECT_EQ(Record.Count(), Each.Value) << Each.Text;
-    EXPECT_EQ(Record.Rule().GetNumTrExamples(), Each.Value) << Each.Text;
-    EXPECT_EQ(Record.Count(), Each.Value) << Each.Text;
+    ASSERT_TRUE(Record.ReadFirst(";;Score:" + Row.Text + '\n' + Body, vFindings));
+    EXPECT_EQ(Record.Count(), Row.Value) << Row.Text;
+    EXPECT_EQ(Record.Rule().GetNumTrExamples(), Row.Value) << Row.Text;
+    EXPECT_EQ(Record.Count(), Row.Value) << Row.Text;
   }
 }
 
-TEST(CountText, ComesBackFromJsonAsItStands) {
+TEST(CountText, IsRestoredFromJsonUnchanged) {
   const TestFolder Folder;
   std::string Text;
-  for (const Case& Each : Cases) {
-    Text += ";;Score:" + Each.Text + '\n' + Body;
+  for (const Case& Row : Cases) {
+    Text += ";;Score:" + Row.Text + '\n' + Body;
   }
   Folder.Write("a.trr", Text);
   EXPECT_EQ(RunTrrule({"json", "-o", "a.jsonl", "a.trr"}, Folder.Path("")), (ChildEnd{0, "", ""}));
   EXPECT_EQ(RunTrrule({"from-json", "a.jsonl"}, Folder.Path("")), (ChildEnd{0, Text, ""}));
 }
 
-TEST(CountText, IsReportedWhereItIsNotReadAsItIsWritten) {
-  for (const Case& Each : Cases) {
+TEST(CountText, IsReportedWhenItIsReadDifferently) {
+  for (const Case& Row : Cases) {
     const std::vector<Grammar::Finding> vFindings =
-        FindingsIn("\n;;Score: " + Each.Text + '\n' + Body);
-    ASSERT_EQ(vFindings.size(), Each.IsExact ? 0U : 1U) << Each.Text;
-    if (!Each.IsExact) {
+        FindingsIn("\n;;Score: " + Row.Text + '\n' + Body);
+    ASSERT_EQ(vFindings.size(), Row.IsExact ? 0U : 1U) << Row.Text;
+    if (!Row.IsExact) {
       EXPECT_EQ(vFindings[0].Code, "TR049");
       EXPECT_EQ(vFindings[0].Line, 2U);
       EXPECT_EQ(vFindings[0].Message,
-                '"' + Each.Text + "\" is not a count: it is read as " + std::to_string(Each.Value));
+                '"' + Row.Text + "\" is not a count: it is read as " + std::to_string(Row.Value));
     }
   }
 }
 
-TEST(CountText, IsReportedWithItsPlace) {
+TEST(CountText, IsReportedWithItsPosition) {
   const TestFolder Folder;
   Folder.Write("a.trr",
                ";; Score: abc\n"
@@ -118,7 +118,7 @@ TEST(CountText, IsReportedWithItsPlace) {
                       "a.trr:7:1: warning TR049: \"\" is not a count: it is read as 1\n"
                       "  ;;Score:\n"
                       "  ^~~~~~~~\n"
-                      "a.trr:11:1: warning TR047: this is kept as a mere comment: the label is "
+                      "a.trr:11:1: warning TR047: this is only a comment: the label is "
                       "written \";;Score:\"\n"
                       "  ; Score: not a label\n"
                       "  ^~~~~~~~\n",
@@ -127,7 +127,7 @@ TEST(CountText, IsReportedWithItsPlace) {
   EXPECT_EQ(RunTrrule({"check", "a.trr"}, Folder.Path("")), (ChildEnd{0, "", ""}));
 }
 
-TEST(CountText, IsSummedUpToTheLargestNumber) {
+TEST(CountText, IsSummedUpToALimit) {
   const TestFolder Folder;
   Folder.Write("a.trr", ";;Score:4294967297\n" + Body + ";;Score:+5\n" + Body);
   EXPECT_EQ(RunTrrule({"unique", "a.trr"}, Folder.Path("")),
@@ -137,7 +137,7 @@ TEST(CountText, IsSummedUpToTheLargestNumber) {
             (ChildEnd{0, ";;Score:3\n" + Body, ""}));
 }
 
-TEST(CountText, OfJsonIsWrittenIfAGrammarCanHoldIt) {
+TEST(CountText, IsWrittenFromJsonIfAGrammarCanContainIt) {
   const std::string Rule =
       R"j("slType":"NP","tlType":"NP","slLabels":["N"],"tlLabels":["N"],"alignments":"((1,1))")j";
   const std::string Written = "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n";
@@ -155,10 +155,10 @@ TEST(CountText, OfJsonIsWrittenIfAGrammarCanHoldIt) {
       {R"j("count":0)j", {1, Written, Lost}},
       {R"j("count":-4,"comments":[";;Score:-4"])j", {1, ";;Score:-4\n" + Written, Lost}},
   };
-  for (const auto& Each : Lines) {
+  for (const auto& Row : Lines) {
     const TestFolder Folder;
-    Folder.Write("a", "{" + Rule + "," + Each.Members + "}\n");
-    EXPECT_EQ(RunTrrule({"from-json", "a"}, Folder.Path("")), Each.End) << Each.Members;
+    Folder.Write("a", "{" + Rule + "," + Row.Members + "}\n");
+    EXPECT_EQ(RunTrrule({"from-json", "a"}, Folder.Path("")), Row.End) << Row.Members;
   }
 }
 

@@ -35,8 +35,8 @@ Sorted SortedBy(const Records& vRecords, std::size_t Memory, SortDirection Direc
   }
   Sorter.Sort();
   Sorted Result{{}, Sorter.SpilledRuns()};
-  for (SortRecord Each; Sorter.Next(Each);) {
-    Result.vRecords.emplace_back(Each.Key, Each.Payload);
+  for (SortRecord Record; Sorter.Next(Record);) {
+    Result.vRecords.emplace_back(Record.Key, Record.Payload);
   }
   return Result;
 }
@@ -70,7 +70,7 @@ TEST(ExternalSorter, SortsNothingAndOne) {
   EXPECT_EQ(SortedBy({{"", ""}}, Plenty, SortDirection::Ascending).vRecords, (Records{{"", ""}}));
 }
 
-TEST(ExternalSorter, ComparesBytesAndTakesAKeyThatEndsForTheLess) {
+TEST(ExternalSorter, ComparesBytesAndSortsAPrefixFirst) {
   const std::string Nul(1, '\0');
   const Records Expected{
       {"", "1"},        {Nul, "2"},       {Nul + Nul, "3"},       {"a", "4"},
@@ -83,7 +83,7 @@ TEST(ExternalSorter, ComparesBytesAndTakesAKeyThatEndsForTheLess) {
   EXPECT_EQ(SortedBy(Expected, Plenty, SortDirection::Descending).vRecords, Input);
 }
 
-TEST(ExternalSorter, KeepsEqualKeysInTheirOrderInBothDirections) {
+TEST(ExternalSorter, IsStableInBothDirections) {
   const Records Input{{"b", "1"}, {"a", "2"}, {"b", "3"}, {"a", "4"}, {"b", "5"}};
   EXPECT_EQ(SortedBy(Input, Plenty, SortDirection::Ascending).vRecords,
             (Records{{"a", "2"}, {"a", "4"}, {"b", "1"}, {"b", "3"}, {"b", "5"}}));
@@ -91,7 +91,7 @@ TEST(ExternalSorter, KeepsEqualKeysInTheirOrderInBothDirections) {
             (Records{{"b", "1"}, {"b", "3"}, {"b", "5"}, {"a", "2"}, {"a", "4"}}));
 }
 
-TEST(ExternalSorter, GivesTheSameWithLittleMemoryAsWithPlenty) {
+TEST(ExternalSorter, HasTheSameResultWithLittleMemory) {
   for (const SortDirection Direction : {SortDirection::Ascending, SortDirection::Descending}) {
     for (const std::size_t MaxKeySize : {3U, 40U, 300U}) {
       const Records Input = RandomRecords(3000, MaxKeySize, 7);
@@ -107,7 +107,7 @@ TEST(ExternalSorter, GivesTheSameWithLittleMemoryAsWithPlenty) {
   }
 }
 
-TEST(ExternalSorter, TakesRecordsLargerThanItsMemory) {
+TEST(ExternalSorter, SortsRecordsLargerThanItsMemory) {
   Records Input = RandomRecords(50, 10, 3);
   for (std::size_t Number = 0; Number < Input.size(); Number += 10) {
     Input[Number].first += std::string(200000, 'z');

@@ -25,14 +25,14 @@ using StringSet = std::set<std::string>;
 
 TEST(FindingCodes, AscendAndAreFound) {
   std::string Last;
-  for (const CodeInfo& Each : Grammar::AllCodes()) {
-    EXPECT_LT(Last, Each.Code);
-    EXPECT_EQ(Grammar::FindCode(Each.Code), &Each);
-    Last = Each.Code;
+  for (const CodeInfo& Info : Grammar::AllCodes()) {
+    EXPECT_LT(Last, Info.Code);
+    EXPECT_EQ(Grammar::FindCode(Info.Code), &Info);
+    Last = Info.Code;
   }
 }
 
-TEST(FindingCodes, AreNotFoundInOtherTexts) {
+TEST(FindingCodes, RejectOtherTexts) {
   for (const std::string_view Text : {"", "TR", "TR000", "TR017", "TR099", "tr001", "TR0011",
                                       "TR101", "TR0x1", "TR01x", "TS001", "TR01"}) {
     EXPECT_EQ(Grammar::FindCode(Text), nullptr) << Text;
@@ -48,7 +48,7 @@ std::string Known(const std::string& Written) {
   }
 }
 
-TEST(FindingCodes, AreTakenInAnyCaseAndSuggested) {
+TEST(FindingCodes, AreAcceptedInAnyCaseAndSuggested) {
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"TR011", "TR011"},
       {" tr011\t", "TR011"},
@@ -78,25 +78,25 @@ StringSet CodesIn(std::string_view Code, const std::string& Text) {
   Options.Starts = Code == "TR051" ? std::optional<std::string>("NP") : std::nullopt;
   WrittenBy([&] { RunCheck(Run, Options); });
   StringSet ssCodes;
-  for (const auto& Each : nlohmann::json::parse(Folder.Read("out"))) {
-    ssCodes.insert(Each["code"].get<std::string>());
+  for (const auto& Current : nlohmann::json::parse(Folder.Read("out"))) {
+    ssCodes.insert(Current["code"].get<std::string>());
   }
   return ssCodes;
 }
 
 TEST(FindingCodes, HaveAWrongExampleWithTheCodeAndARightOneWithoutFindings) {
-  for (const CodeInfo& Each : Grammar::AllCodes()) {
-    StringSet ssExpected{std::string(Each.Code)};
-    if (Each.Code == "TR014") {
+  for (const CodeInfo& Info : Grammar::AllCodes()) {
+    StringSet ssExpected{std::string(Info.Code)};
+    if (Info.Code == "TR014") {
       // Nothing but another mistake makes such a rule.
       ssExpected.merge(StringSet{"TR035", "TR039"});
     }
-    EXPECT_EQ(CodesIn(Each.Code, WholeExample(Each, Each.Wrong)), ssExpected) << Each.Code;
-    EXPECT_EQ(CodesIn(Each.Code, WholeExample(Each, Each.Right)), StringSet()) << Each.Code;
+    EXPECT_EQ(CodesIn(Info.Code, WholeExample(Info, Info.Wrong)), ssExpected) << Info.Code;
+    EXPECT_EQ(CodesIn(Info.Code, WholeExample(Info, Info.Right)), StringSet()) << Info.Code;
   }
 }
 
-TEST(FindingCodes, PutLinesOfABodyIntoARule) {
+TEST(FindingCodes, CompleteLinesOfABodyToARule) {
   EXPECT_EQ(WholeExample(*Grammar::FindCode("TR012"), "(x0 = n)"),
             "{NP,1}\nNP::NP : [DET ADJ N] -> [DET N ADJ]\n(\n(X1::Y1)\n(X2::Y3)\n(X3::Y2)\n"
             "(x0 = n)\n)\n");
@@ -142,8 +142,8 @@ TEST(FindingCodes, AreExplainedWithBothExamples) {
 }
 
 TEST(FindingCodes, AreExplainedInLinesThatFitATerminal) {
-  for (const CodeInfo& Each : Grammar::AllCodes()) {
-    const std::string Text = Explanation(Each);
+  for (const CodeInfo& Info : Grammar::AllCodes()) {
+    const std::string Text = Explanation(Info);
     EXPECT_EQ(Text.find(" \n"), std::string::npos) << Text;
     for (std::size_t Begin = 0; Begin < Text.size(); Begin = Text.find('\n', Begin) + 1) {
       EXPECT_LE(Text.find('\n', Begin) - Begin, 80U) << Text;

@@ -21,13 +21,13 @@ FindingTally TallyOf(int Errors, int Warnings, int Notes) {
   return Tally;
 }
 
-TEST(FindingTally, SumsUpEachSeverity) {
+TEST(FindingTally, SumsEachSeverity) {
   EXPECT_EQ(FindingTally().Summary(), "0 errors, 0 warnings, 0 notes");
   EXPECT_EQ(TallyOf(1, 1, 1).Summary(), "1 error, 1 warning, 1 note");
   EXPECT_EQ(TallyOf(2, 0, 12).Summary(), "2 errors, 0 warnings, 12 notes");
 }
 
-TEST(FindingTally, CountsCodesAndSeveritiesApart) {
+TEST(FindingTally, CountsCodesAndSeveritiesSeparately) {
   FindingTally Tally = TallyOf(2, 3, 5);
   Tally.Add("TR049", Severity::Warning);
   EXPECT_EQ(Tally.Count(Severity::Error), 2U);
@@ -48,7 +48,7 @@ TEST(FindingTally, AlignsTheCountsOfItsTable) {
             "1  TR031  note     a constraint is given twice\n");
 }
 
-TEST(FindingTally, GivesItsTableAsJson) {
+TEST(FindingTally, WritesItsTableAsJson) {
   EXPECT_EQ(FindingTally().JsonTable(), "[]\n");
   EXPECT_EQ(TallyOf(2, 0, 12).JsonTable(),
             "[\n{\"code\":\"TR009\",\"severity\":\"error\",\"count\":2,\"title\":\"a constraint "

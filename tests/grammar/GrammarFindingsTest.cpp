@@ -19,10 +19,10 @@ using Strings = std::vector<std::string>;
 /// "line:column+length severity code message", and the other place.
 Strings TextsOf(const std::vector<Finding>& vFindings) {
   Strings vsTexts;
-  for (const Finding& Each : vFindings) {
-    std::string& sText = vsTexts.emplace_back(PlaceOf(Each) + ' ');
-    sText.append(NameOf(Each.Level)).append(": ").append(Each.Message);
-    sText += Each.OtherLine == 0 ? "" : " (" + std::to_string(Each.OtherLine) + ')';
+  for (const Finding& Found : vFindings) {
+    std::string& sText = vsTexts.emplace_back(PlaceOf(Found) + ' ');
+    sText.append(NameOf(Found.Level)).append(": ").append(Found.Message);
+    sText += Found.OtherLine == 0 ? "" : " (" + std::to_string(Found.OtherLine) + ')';
   }
   return vsTexts;
 }
@@ -108,7 +108,7 @@ TEST(GrammarFindings, NameLabelsThatNoRuleProvides) {
                      "needs"}));
 }
 
-TEST(GrammarFindings, TakeLabelsLightlyWithoutALexicon) {
+TEST(GrammarFindings, ReportLabelsAsNotesWithoutALexicon) {
   // Words alone make no N, so that its rules may stand elsewhere, too.
   const std::string Phrase = Rule("NP::NP [N V] -> [N]") + Rule("NP::NP [V] -> [V]");
   EXPECT_EQ(LabelsIn(Phrase),
@@ -121,7 +121,7 @@ TEST(GrammarFindings, TakeLabelsLightlyWithoutALexicon) {
                      "it"}));
 }
 
-TEST(GrammarFindings, LetRulesThatCannotBeUsedProvideTheirTypes) {
+TEST(GrammarFindings, IncludeTheTypesOfUnusableRules) {
   EXPECT_EQ(LabelsIn(Nouns + Rule("ADJ::ADJ [\"red\"] -> [\"rojo\"]", "(x0 = red)") +
                      Rule("NP::NP [N ADJ] -> [N]")),
             Strings());
@@ -129,7 +129,7 @@ TEST(GrammarFindings, LetRulesThatCannotBeUsedProvideTheirTypes) {
 
 // ---- Start types ------------------------------------------------------------------------------
 
-TEST(GrammarFindings, NameRulesThatNoStartTypeLeadsTo) {
+TEST(GrammarFindings, NameRulesThatNoStartTypeReaches) {
   const std::string Text =
       Nouns + Rule("NP::NP [N] -> [N]") + Rule("VP::VP [V NP] -> [V]") + Rule("VP::VP [V] -> [V]");
   EXPECT_EQ(UnreachableIn(Text, {"VP", "NP"}), Strings());
@@ -146,7 +146,7 @@ TEST(GrammarFindings, NameRulesThatNoStartTypeLeadsTo) {
                      "\"VP::VP\"; 1 more rule has them"}));
 }
 
-TEST(GrammarFindings, GoDownToTheTargetTypesThatAreWanted) {
+TEST(GrammarFindings, FollowTheTargetTypesOfComponents) {
   const std::string Text =
       Rule("S::S [N] -> [A]") + Rule("N::A [\"a\"] -> [\"x\"]") + Rule("N::B [\"a\"] -> [\"y\"]");
   EXPECT_EQ(UnreachableIn(Text, {"S"}),
@@ -191,8 +191,8 @@ TEST(GrammarFindings, NameValuesThatNoRuleSupplies) {
       // Words of the rule itself can have any value.
       {Nouns + Rule("NP::NP [\"two\" N] -> [\"dos\" N]", "((x1 num) = du)"), {}},
   };
-  for (const auto& Each : Cases) {
-    EXPECT_EQ(ValuesIn(Each.Text), Each.vsExpected) << Each.Text;
+  for (const auto& Row : Cases) {
+    EXPECT_EQ(ValuesIn(Row.Text), Row.vsExpected) << Row.Text;
   }
 }
 
@@ -231,7 +231,7 @@ TEST(GrammarFindings, NameAgreementsThatNeverHold) {
                      "NUM of x2 (N) is always PL or SG (7)"}));
 }
 
-TEST(GrammarFindings, CountLikeRulesOnceAndFollowAnyLength) {
+TEST(GrammarFindings, CountEqualRulesOnceAndFollowAnyLength) {
   std::string Text = Nouns;
   for (const char* const Word : {"\"a\"", "\"b\"", "\"c\""}) {
     Text += Rule("NP::NP [" + std::string(Word) + " N] -> [\"x\" N]", "(X2::Y2)\n((x2 num) = du)");
@@ -259,7 +259,7 @@ TEST(GrammarFindings, CountLikeRulesOnceAndFollowAnyLength) {
 
 // ---- Unary rules ------------------------------------------------------------------------------
 
-TEST(GrammarFindings, NameUnaryRulesThatLeadInACycle) {
+TEST(GrammarFindings, NameUnaryRulesThatFormACycle) {
   EXPECT_EQ(CyclesIn(Nouns + Rule("NP::NP [N] -> [N]")), Strings());
   EXPECT_EQ(CyclesIn(Rule("A::A [a] -> [a]")),
             (Strings{"1:1+15 TR053 note: unary rules lead in a cycle: A::A → A::A"}));
@@ -297,7 +297,7 @@ TEST(RivalRules, AreAlikeButForTheirTargetSide) {
       // The order of constraints does not count.
       {Rule("N::N [\"bank\" A] -> [\"banco\" A]", "((x1 f) = (x2 g))\n(X2::Y2)"), {}},
   };
-  for (const auto& Each : Cases) {
-    EXPECT_EQ(RivalsIn(First + Each.Second), Each.vsExpected) << Each.Second;
+  for (const auto& Row : Cases) {
+    EXPECT_EQ(RivalsIn(First + Row.Second), Row.vsExpected) << Row.Second;
   }
 }

@@ -25,15 +25,15 @@ inline std::vector<Grammar::RuleText> RulesOf(const std::string& Text) {
 }
 
 /// A finding as "line:column+length code", and "?" where there is something to write instead.
-inline std::string PlaceOf(const Grammar::Finding& Each) {
-  return std::to_string(Each.Line) + ':' + std::to_string(Each.Column) + '+' +
-         std::to_string(Each.Length) + ' ' + Each.Code + (Each.Suggestion.empty() ? "" : "?");
+inline std::string PlaceOf(const Grammar::Finding& Found) {
+  return std::to_string(Found.Line) + ':' + std::to_string(Found.Column) + '+' +
+         std::to_string(Found.Length) + ' ' + Found.Code + (Found.Suggestion.empty() ? "" : "?");
 }
 
 inline std::vector<std::string> PlacesOf(const std::vector<Grammar::Finding>& vFindings) {
   std::vector<std::string> vsPlaces;
-  for (const Grammar::Finding& Each : vFindings) {
-    vsPlaces.push_back(PlaceOf(Each));
+  for (const Grammar::Finding& Found : vFindings) {
+    vsPlaces.push_back(PlaceOf(Found));
   }
   return vsPlaces;
 }

@@ -32,13 +32,13 @@ struct Mistake {
 
 std::string Described(const std::vector<Finding>& vFindings) {
   std::string Text;
-  for (const Finding& Each : vFindings) {
-    Text += std::to_string(Each.Line) + ':' + std::to_string(Each.Column) + '+' +
-            std::to_string(Each.Length) + ' ';
-    Text.append(NameOf(Each.Level)).append(" ").append(Each.Code).append(": ");
-    Text.append(Each.Message).append("\n");
-    Text += Each.Suggestion.empty() ? "" : "  instead: " + Each.Suggestion + '\n';
-    Text += Each.Example.empty() ? "" : "  for example: " + Each.Example + '\n';
+  for (const Finding& Found : vFindings) {
+    Text += std::to_string(Found.Line) + ':' + std::to_string(Found.Column) + '+' +
+            std::to_string(Found.Length) + ' ';
+    Text.append(NameOf(Found.Level)).append(" ").append(Found.Code).append(": ");
+    Text.append(Found.Message).append("\n");
+    Text += Found.Suggestion.empty() ? "" : "  instead: " + Found.Suggestion + '\n';
+    Text += Found.Example.empty() ? "" : "  for example: " + Found.Example + '\n';
   }
   return Text;
 }
@@ -64,77 +64,77 @@ std::string AsHeader(const std::string& Line) {
 const std::vector<Mistake>& AlignmentMistakes() {
   static const std::vector<Mistake> vMistakes{
       {"(X1:Y2)",
-       "7:1+7 error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
+       "7:1+7 error TR035: this line is not part of a rule; an alignment needs \"::\"\n"
        "  instead: (X1::Y2)\n"},
       {"(X1-Y2)",
-       "7:1+7 error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
+       "7:1+7 error TR035: this line is not part of a rule; an alignment needs \"::\"\n"
        "  instead: (X1::Y2)\n"},
       {"(X1,Y2)",
-       "7:1+7 error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
+       "7:1+7 error TR035: this line is not part of a rule; an alignment needs \"::\"\n"
        "  instead: (X1::Y2)\n"},
       {"(X1 Y2)",
-       "7:1+7 error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
+       "7:1+7 error TR035: this line is not part of a rule; an alignment needs \"::\"\n"
        "  instead: (X1::Y2)\n"},
       {"X1::Y2",
-       "7:1+6 error TR007: this is no alignment of one x with one y\n"
+       "7:1+6 error TR007: this is not an alignment of one x with one y\n"
        "  instead: (X1::Y2)\n"},
       {"(X1::Y2",
-       "7:1+7 error TR007: this is no alignment of one x with one y\n"
+       "7:1+7 error TR007: this is not an alignment of one x with one y\n"
        "  instead: (X1::Y2)\n"},
       {"(Y2::X1)",
-       "7:1+8 error TR007: this is no alignment of one x with one y\n"
+       "7:1+8 error TR007: this is not an alignment of one x with one y\n"
        "  instead: (X1::Y2)\n"},
       {"(1::2)",
-       "7:1+6 error TR007: this is no alignment of one x with one y\n"
+       "7:1+6 error TR007: this is not an alignment of one x with one y\n"
        "  instead: (X1::Y2)\n"},
       {"(Xl::Y2)",
-       "7:1+8 error TR007: this is no alignment of one x with one y\n"
+       "7:1+8 error TR007: this is not an alignment of one x with one y\n"
        "  instead: (X1::Y2)\n"},
-      {"(X1::X2)", "7:1+8 error TR007: this is no alignment of one x with one y\n"},
+      {"(X1::X2)", "7:1+8 error TR007: this is not an alignment of one x with one y\n"},
       {"[X1::Y2]",
-       "7:1+8 error TR007: this is no alignment of one x with one y\n"
+       "7:1+8 error TR007: this is not an alignment of one x with one y\n"
        "  instead: (X1::Y2)\n"},
       {"(X1::Y2) see there",
-       "7:10+9 error TR035: this text is no part of a rule\n"
+       "7:10+9 error TR035: this text is not part of a rule\n"
        "  instead: (X1::Y2) ;; see there\n"},
       {"(X1::Y2) ; see there",
-       "7:10+11 error TR035: this text is no part of a rule\n"
+       "7:10+11 error TR035: this text is not part of a rule\n"
        "  instead: (X1::Y2) ;; see there\n"},
       {"(X1::Y2),",
-       "7:9+1 error TR035: this text is no part of a rule\n"
+       "7:9+1 error TR035: this text is not part of a rule\n"
        "  instead: (X1::Y2)\n"},
       {"1. (X1::Y2)",
-       "7:1+2 error TR035: this text is no part of a rule\n"
+       "7:1+2 error TR035: this text is not part of a rule\n"
        "  instead: (X1::Y2)\n"},
       {"- (X1::Y2)",
-       "7:1+1 error TR035: this text is no part of a rule\n"
+       "7:1+1 error TR035: this text is not part of a rule\n"
        "  instead: (X1::Y2)\n"},
       {"(X1::Y2) (X2::Y1)",
-       "7:1+17 error TR007: this is more than one alignment: each stands on a line of its own\n"},
-      {"(\u0425 1::Y2)", "7:1+10 error TR007: this is no alignment of one x with one y\n"},
+       "7:1+17 error TR007: this is more than one alignment: write each on its own line\n"},
+      {"(\u0425 1::Y2)", "7:1+10 error TR007: this is not an alignment of one x with one y\n"},
       {"(\u04251::Y2)",
-       "7:2+2 error TR007: this is no alignment of one x with one y; here stands U+0425 CYRILLIC CAPITAL LETTER HA, which looks like X\n"
+       "7:2+2 error TR007: this is not an alignment of one x with one y; found U+0425 CYRILLIC CAPITAL LETTER HA, which looks like X\n"
        "  instead: (X1::Y2)\n"},
       {"(\u03A71::\u03A52)",
-       "7:2+2 error TR007: this is no alignment of one x with one y; here stands U+03A7 GREEK CAPITAL LETTER CHI, which looks like X\n"
+       "7:2+2 error TR007: this is not an alignment of one x with one y; found U+03A7 GREEK CAPITAL LETTER CHI, which looks like X\n"
        "  instead: (X1::Y2)\n"},
       {"(X1\uFF1A\uFF1AY2)",
-       "7:4+3 error TR035: this line is no part of a rule; here stands U+FF1A FULLWIDTH COLON, which looks like :\n"
+       "7:4+3 error TR035: this line is not part of a rule; found U+FF1A FULLWIDTH COLON, which looks like :\n"
        "  instead: (X1::Y2)\n"},
       {"\uFF08X1::Y2\uFF09",
-       "7:1+3 error TR007: this is no alignment of one x with one y; here stands U+FF08 FULLWIDTH LEFT PARENTHESIS, which looks like (\n"
+       "7:1+3 error TR007: this is not an alignment of one x with one y; found U+FF08 FULLWIDTH LEFT PARENTHESIS, which looks like (\n"
        "  instead: (X1::Y2)\n"},
       {"(X1\u2237Y2)",
-       "7:4+3 error TR035: this line is no part of a rule; here stands U+2237 PROPORTION, which looks like ::\n"
+       "7:4+3 error TR035: this line is not part of a rule; found U+2237 PROPORTION, which looks like ::\n"
        "  instead: (X1::Y2)\n"},
       {"(X\u2081::Y\u2082)",
-       "7:3+3 error TR007: this is no alignment of one x with one y; here stands U+2081 SUBSCRIPT ONE, which looks like 1\n"
+       "7:3+3 error TR007: this is not an alignment of one x with one y; found U+2081 SUBSCRIPT ONE, which looks like 1\n"
        "  instead: (X1::Y2)\n"},
       {"(X1::Y2)\u00A0",
-       "7:9+2 error TR035: this text is no part of a rule; here stands U+00A0 NO-BREAK SPACE, which looks like a blank\n"
+       "7:9+2 error TR035: this text is not part of a rule; found U+00A0 NO-BREAK SPACE, which looks like a blank\n"
        "  instead: (X1::Y2)\n"},
       {"(X1::\u200BY2)",
-       "7:6+3 error TR007: this is no alignment of one x with one y; here stands U+200B ZERO WIDTH SPACE, which cannot be seen\n"
+       "7:6+3 error TR007: this is not an alignment of one x with one y; found U+200B ZERO WIDTH SPACE, which cannot be seen\n"
        "  instead: (X1::Y2)\n"},
   };
   return vMistakes;
@@ -143,19 +143,19 @@ const std::vector<Mistake>& AlignmentMistakes() {
 const std::vector<Mistake>& ConstraintMistakes() {
   static const std::vector<Mistake> vMistakes{
       {"((x1 num) -> sg)",
-       "7:1+16 error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
+       "7:1+16 error TR035: this line is not part of a rule; a constraint needs \"=\"\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1 num) : sg)",
-       "7:1+15 error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
+       "7:1+15 error TR035: this line is not part of a rule; a constraint needs \"=\"\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1 num) sg)",
-       "7:1+13 error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
+       "7:1+13 error TR035: this line is not part of a rule; a constraint needs \"=\"\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1 num) (x2 num))",
-       "7:1+19 error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
+       "7:1+19 error TR035: this line is not part of a rule; a constraint needs \"=\"\n"
        "  instead: ((x1 num) = (x2 num))\n"},
       {"(x0 x3)",
-       "7:1+7 error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
+       "7:1+7 error TR035: this line is not part of a rule; a constraint needs \"=\"\n"
        "  instead: (x0 = x3)\n"},
       {"((x1 num) := sg)",
        "7:11+6 error TR008: the constraint is not in the format from here on: expected \"=\"\n"
@@ -172,13 +172,13 @@ const std::vector<Mistake>& ConstraintMistakes() {
        "7:12+1 warning TR041: the sign is read as \"=\", and \">\" becomes part of the value: ((X1 NUM) = > SG)\n"
        "  instead: ((x1 num) = sg)\n"},
       {"(x0 =c x3)",
-       "7:6+4 error TR012: \"c x3\" is no node, and only a node can equal x0\n"
+       "7:6+4 error TR012: \"c x3\" is not a node, and only a node can equal x0\n"
        "  instead: (x0 = x3)\n"},
       {"((x1 num) = *OR* sg pl)",
-       "7:13+10 warning TR042: the list has no parentheses of its own, and is one value: ((X1 NUM) = *OR* SG PL))\n"
+       "7:13+10 warning TR042: the list has no parentheses, and is one value: ((X1 NUM) = *OR* SG PL))\n"
        "  instead: ((x1 num) = (*OR* sg pl))\n"},
       {"((x1 num) = *NOT* sg)",
-       "7:13+8 warning TR042: the list has no parentheses of its own, and is one value: ((X1 NUM) = *NOT* SG)\n"},
+       "7:13+8 warning TR042: the list has no parentheses, and is one value: ((X1 NUM) = *NOT* SG)\n"},
       {"((x1 num) = sg pl)",
        "7:13+5 warning TR043: \"sg pl\" is one value; alternatives are written as a list\n"
        "  for example: ((x1 num) = (*OR* sg pl))\n"},
@@ -238,7 +238,7 @@ const std::vector<Mistake>& ConstraintMistakes() {
        "7:8+4 error TR008: the constraint is not in the format from here on: expected a node and a feature, or *OR* or *NOT* and words\n"
        "  instead: (x0 = x3)\n"},
       {"(x0 = n)",
-       "7:7+1 error TR012: \"n\" is no node, and only a node can equal x0\n"
+       "7:7+1 error TR012: \"n\" is not a node, and only a node can equal x0\n"
        "  for example: ((x0 feature) = n)\n"},
       {"(x0 = )",
        "7:7+1 error TR008: the constraint is not in the format from here on: expected a value or a node\n"},
@@ -254,39 +254,39 @@ const std::vector<Mistake>& ConstraintMistakes() {
        "7:3+12 error TR008: the constraint is not in the format from here on: expected a node such as x1 or y2\n"},
       {"((x1 num) = (y2 num)) ((x2 num) = (x1 num))",
        "7:23+21 error TR008: the constraint is not in the format from here on: expected the end\n"},
-      {"(x1 = x1)", "7:1+9 warning TR044: the constraint says nothing: both sides are the same\n"},
+      {"(x1 = x1)", "7:1+9 warning TR044: the constraint has no effect: both sides are the same\n"},
       {"((x1 num) = (x1 num))",
-       "7:1+21 warning TR044: the constraint says nothing: both sides are the same\n"},
+       "7:1+21 warning TR044: the constraint has no effect: both sides are the same\n"},
       {"((x1 n\u00FAmero) = sg)",
        "7:7+2 warning TR046: \"\u00FA\" stays small: of a feature, only the letters of ASCII become capitals: N\u00FAMERO\n"
        "  instead: ((x1 N\u00DAMERO) = sg)\n"},
       {"((\u04451 num) = sg)",
-       "7:3+2 error TR008: the constraint is not in the format from here on: expected a node such as x1 or y2; here stands U+0445 CYRILLIC SMALL LETTER HA, which looks like x\n"
+       "7:3+2 error TR008: the constraint is not in the format from here on: expected a node such as x1 or y2; found U+0445 CYRILLIC SMALL LETTER HA, which looks like x\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1 num)\u00A0= sg)",
-       "7:10+2 error TR008: the constraint is not in the format from here on: expected \"=\"; here stands U+00A0 NO-BREAK SPACE, which looks like a blank\n"
+       "7:10+2 error TR008: the constraint is not in the format from here on: expected \"=\"; found U+00A0 NO-BREAK SPACE, which looks like a blank\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1\u00A0num) = sg)",
-       "7:5+2 error TR008: the constraint is not in the format from here on: expected a blank and a feature; here stands U+00A0 NO-BREAK SPACE, which looks like a blank\n"
+       "7:5+2 error TR008: the constraint is not in the format from here on: expected a blank and a feature; found U+00A0 NO-BREAK SPACE, which looks like a blank\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1 num) = \u201Csg\u201D)",
-       "7:13+3 warning TR048: here stands U+201C LEFT DOUBLE QUOTATION MARK, which looks like \"\n"
+       "7:13+3 warning TR048: found U+201C LEFT DOUBLE QUOTATION MARK, which looks like \"\n"
        "  instead: ((x1 num) = \"sg\")\n"},
       {"((x1 num) \uFF1D sg)",
-       "7:11+3 error TR035: this line is no part of a rule; here stands U+FF1D FULLWIDTH EQUALS SIGN, which looks like =\n"
+       "7:11+3 error TR035: this line is not part of a rule; found U+FF1D FULLWIDTH EQUALS SIGN, which looks like =\n"
        "  instead: ((x1 num) = sg)\n"},
       {"((x1 num) = s\u0435)",
-       "7:14+2 warning TR048: here stands U+0435 CYRILLIC SMALL LETTER IE, which looks like e\n"
+       "7:14+2 warning TR048: found U+0435 CYRILLIC SMALL LETTER IE, which looks like e\n"
        "  instead: ((x1 num) = se)\n"},
       {"((x1 num) = (\u2217OR\u2217 sg pl))",
-       "7:14+3 error TR008: the constraint is not in the format from here on: expected a node and a feature, or *OR* or *NOT* and words; here stands U+2217 ASTERISK OPERATOR, which looks like *\n"
+       "7:14+3 error TR008: the constraint is not in the format from here on: expected a node and a feature, or *OR* or *NOT* and words; found U+2217 ASTERISK OPERATOR, which looks like *\n"
        "  instead: ((x1 num) = (*OR* sg pl))\n"},
       {"((x1 agr gen) == (x3 agr gen))",
-       "7:6+7 note TR025: the library makes one word of this feature, AGRGEN; here its words stay apart\n"
+       "7:6+7 note TR025: the library makes one word of this feature, AGRGEN; trrule keeps its words\n"
        "  instead: ((x1 agrgen) = (x3 agrgen))\n"
-       "7:15+2 note TR024: \"==\" is kept as \"=\"; the library's reader takes the reference behind it for a value: ((X1 AGRGEN) = (X3 AGR GEN)\n"
+       "7:15+2 note TR024: \"==\" is kept as \"=\"; the library's reader reads the reference after it as a value: ((X1 AGRGEN) = (X3 AGR GEN)\n"
        "  instead: ((x1 agrgen) = (x3 agrgen))\n"
-       "7:22+7 note TR025: the library makes one word of this feature, AGRGEN; here its words stay apart\n"
+       "7:22+7 note TR025: the library makes one word of this feature, AGRGEN; trrule keeps its words\n"
        "  instead: ((x1 agrgen) = (x3 agrgen))\n"},
       {"(x0 == x3 ) ;; see",
        "7:5+2 note TR024: \"==\" is kept as \"=\"\n"
@@ -300,51 +300,52 @@ const std::vector<Mistake>& ConstraintMistakes() {
 const std::vector<Mistake>& OtherMistakes() {
   static const std::vector<Mistake> vMistakes{
       {"see there",
-       "7:1+9 error TR035: this line is no part of a rule\n"
+       "7:1+9 error TR035: this line is not part of a rule\n"
        "  instead: ;; see there\n"},
       {"# note",
-       "7:1+6 error TR035: this line is no part of a rule; a comment begins with \";;\"\n"
+       "7:1+6 error TR035: this line is not part of a rule; a comment begins with \";;\"\n"
        "  instead: ;; note\n"},
       {"// note",
-       "7:1+7 error TR035: this line is no part of a rule; a comment begins with \";;\"\n"
+       "7:1+7 error TR035: this line is not part of a rule; a comment begins with \";;\"\n"
        "  instead: ;; note\n"},
       {"% note",
-       "7:1+6 error TR035: this line is no part of a rule; a comment begins with \";;\"\n"
+       "7:1+6 error TR035: this line is not part of a rule; a comment begins with \";;\"\n"
        "  instead: ;; note\n"},
       {"-- note",
-       "7:1+7 error TR035: this line is no part of a rule; a comment begins with \";;\"\n"
+       "7:1+7 error TR035: this line is not part of a rule; a comment begins with \";;\"\n"
        "  instead: ;; note\n"},
       {"/* note */",
-       "7:1+10 error TR035: this line is no part of a rule; a comment begins with \";;\"\n"
+       "7:1+10 error TR035: this line is not part of a rule; a comment begins with \";;\"\n"
        "  instead: ;; note\n"},
       {"))",
-       "7:1+2 error TR035: this line is no part of a rule\n"
+       "7:1+2 error TR035: this line is not part of a rule\n"
        "  instead: )\n"},
-      {"()", "7:1+2 error TR035: this line is no part of a rule\n"},
-      {"(NP,9)", "7:1+6 error TR035: this line is no part of a rule; a header is written {NP,9}\n"},
+      {"()", "7:1+2 error TR035: this line is not part of a rule\n"},
+      {"(NP,9)",
+       "7:1+6 error TR035: this line is not part of a rule; a header is written {NP,9}\n"},
       {"SL: the red car",
-       "7:1+15 error TR035: this line is no part of a rule\n"
+       "7:1+15 error TR035: this line is not part of a rule\n"
        "  instead: ;; SL: the red car\n"},
       {";; SL the red car",
-       "7:4+2 warning TR047: this is kept as a mere comment: the label is written \";;SL:\"\n"
+       "7:4+2 warning TR047: this is only a comment: the label is written \";;SL:\"\n"
        "  instead: ;; SL: the red car\n"},
       {";;sl: the red car",
-       "7:3+3 warning TR047: this is kept as a mere comment: the label is written \";;SL:\"\n"
+       "7:3+3 warning TR047: this is only a comment: the label is written \";;SL:\"\n"
        "  instead: ;;SL: the red car\n"},
       {"; TL: el auto",
-       "7:1+5 warning TR047: this is kept as a mere comment: the label is written \";;TL:\"\n"
+       "7:1+5 warning TR047: this is only a comment: the label is written \";;TL:\"\n"
        "  instead: ;; TL: el auto\n"},
       {";; TL : el auto",
-       "7:4+4 warning TR047: this is kept as a mere comment: the label is written \";;TL:\"\n"
+       "7:4+4 warning TR047: this is only a comment: the label is written \";;TL:\"\n"
        "  instead: ;; TL: el auto\n"},
       {";; Score 3",
-       "7:4+5 warning TR047: this is kept as a mere comment: the label is written \";;Score:\"\n"
+       "7:4+5 warning TR047: this is only a comment: the label is written \";;Score:\"\n"
        "  instead: ;; Score: 3\n"},
       {";; SL\uFF1A the red car",
-       "7:4+5 warning TR047: this is kept as a mere comment: the label is written \";;SL:\"\n"
+       "7:4+5 warning TR047: this is only a comment: the label is written \";;SL:\"\n"
        "  instead: ;; SL: the red car\n"},
       {"\uFF1B\uFF1B note",
-       "7:1+3 error TR035: this line is no part of a rule; here stands U+FF1B FULLWIDTH SEMICOLON, which looks like ;\n"
+       "7:1+3 error TR035: this line is not part of a rule; found U+FF1B FULLWIDTH SEMICOLON, which looks like ;\n"
        "  instead: ;; note\n"},
   };
   return vMistakes;
@@ -401,7 +402,7 @@ const std::vector<Mistake>& SequenceMistakes() {
        "2:11+1 warning TR039: \"'\" becomes part of the label \"'the'\"\n"
        "  instead: NP::NP : [\"the\" N] -> [N DET]\n"},
       {"NP::NP : [\u201Cthe\u201D N] -> [N DET]",
-       "2:11+3 warning TR048: here stands U+201C LEFT DOUBLE QUOTATION MARK, which looks like \"\n"
+       "2:11+3 warning TR048: found U+201C LEFT DOUBLE QUOTATION MARK, which looks like \"\n"
        "  instead: NP::NP : [\"the\" N] -> [N DET]\n"},
       {"NP::NP : [DET N]] -> [N DET]",
        "2:16+1 warning TR039: \"]\" becomes part of the label \"N]\"\n"
@@ -413,80 +414,80 @@ const std::vector<Mistake>& SequenceMistakes() {
        "2:27+1 warning TR039: \"]\" becomes part of the label \"DET]\"\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : DET N] -> [N DET]",
-       "2:1+15 error TR005: the source side is no [sequence of labels]\n"
+       "2:1+15 error TR005: the source side is not a [sequence of labels]\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N] -> [N DET",
-       "2:21+6 error TR006: the target side is no [sequence of labels]\n"
+       "2:21+6 error TR006: the target side is not a [sequence of labels]\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N] -> N DET]",
-       "2:17+4 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:17+4 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : DET N -> N DET",
-       "2:15+4 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:15+4 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : (DET N) -> (N DET)",
-       "2:17+4 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:17+4 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : {DET N} -> {N DET}",
-       "2:17+4 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:17+4 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N]->[N DET]",
-       "2:17+2 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:17+2 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N] > [N DET]",
-       "2:17+3 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:17+3 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N] => [N DET]",
-       "2:17+4 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:17+4 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N] --> [N DET]",
-       "2:17+5 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:17+5 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N] <- [N DET]",
-       "2:18+2 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"},
+       "2:18+2 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"},
       {"NP::NP : [DET N]\t->\t[N DET]",
-       "2:17+4 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:17+4 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N]  ->  [N DET]",
-       "2:17+6 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:17+6 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N] [N DET]",
-       "2:16+3 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"
+       "2:16+3 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N] \u2192 [N DET]",
-       "2:18+3 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise; here stands U+2192 RIGHTWARDS ARROW, which looks like ->\n"
+       "2:18+3 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt; found U+2192 RIGHTWARDS ARROW, which looks like ->\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET N] \u2013> [N DET]",
-       "2:18+3 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise; here stands U+2013 EN DASH, which looks like -\n"
+       "2:18+3 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt; found U+2013 EN DASH, which looks like -\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"[DET N] => [N DET]",
-       "2:8+4 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise\n"},
+       "2:8+4 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt\n"},
       {"NP::NP : [DET N] -> []",
-       "2:21+2 error TR006: the target side is no [sequence of labels]\n"},
+       "2:21+2 error TR006: the target side is not a [sequence of labels]\n"},
       {"NP::NP : [DET N] -> [N DET] see",
-       "2:29+3 error TR035: this text is no part of a rule\n"
+       "2:29+3 error TR035: this text is not part of a rule\n"
        "  instead: NP::NP : [DET N] -> [N DET] ;; see\n"},
       {"NP::NP : [DET N] -> [N DET];",
-       "2:28+1 error TR035: this text is no part of a rule\n"
+       "2:28+1 error TR035: this text is not part of a rule\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP see : [DET N] -> [N DET]",
-       "2:8+5 error TR035: this text is no part of a rule\n"
+       "2:8+5 error TR035: this text is not part of a rule\n"
        "  instead: NP::NP : [DET N] -> [N DET] ;; see\n"},
       {"NP\u2237NP : [DET N] -> [N DET]",
-       "2:3+3 error TR004: the line does not begin with two types, as in NP::NP; here stands U+2237 PROPORTION, which looks like ::\n"
+       "2:3+3 error TR004: the line does not begin with two types, as in NP::NP; found U+2237 PROPORTION, which looks like ::\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP\uFF1A\uFF1ANP : [DET N] -> [N DET]",
-       "2:3+3 error TR004: the line does not begin with two types, as in NP::NP; here stands U+FF1A FULLWIDTH COLON, which looks like :\n"
+       "2:3+3 error TR004: the line does not begin with two types, as in NP::NP; found U+FF1A FULLWIDTH COLON, which looks like :\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [D\u0415T N] -> [N DET]",
-       "2:12+2 warning TR048: here stands U+0415 CYRILLIC CAPITAL LETTER IE, which looks like E\n"
+       "2:12+2 warning TR048: found U+0415 CYRILLIC CAPITAL LETTER IE, which looks like E\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [DET\u00A0N] -> [N DET]",
-       "2:14+2 warning TR048: here stands U+00A0 NO-BREAK SPACE, which looks like a blank\n"
+       "2:14+2 warning TR048: found U+00A0 NO-BREAK SPACE, which looks like a blank\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"
        "5:2+2 error TR010: there is no X2: the source side has 1 component\n"},
       {"NP::NP : [DET N]\u00A0-> [N DET]",
-       "2:17+2 error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise; here stands U+00A0 NO-BREAK SPACE, which looks like a blank\n"
+       "2:17+2 error TR001: the rule has no rule line: the \"] -> [\" of this line is misspelt; found U+00A0 NO-BREAK SPACE, which looks like a blank\n"
        "  instead: NP::NP : [DET N] -> [N DET]\n"},
       {"NP::NP : [d\u00E9t N] -> [N DET]",
        "2:12+2 warning TR046: \"\u00E9\" stays small: of a label, only the letters of ASCII become capitals\n"
@@ -530,36 +531,36 @@ const std::vector<Mistake>& HeaderMistakes() {
        "1:1+7 warning TR023: the header is not {type,number}: it gives the rule no number\n"
        "  for example: {NP,8}\n"},
       {"{NP\uFF0C8}",
-       "1:4+3 warning TR023: the header is not {type,number}: it gives the rule no number; here stands U+FF0C FULLWIDTH COMMA, which looks like ,\n"
+       "1:4+3 warning TR023: the header is not {type,number}: it gives the rule no number; found U+FF0C FULLWIDTH COMMA, which looks like ,\n"
        "  instead: {NP,8}\n"},
       {"{NP,\uFF18}",
-       "1:5+3 warning TR023: the header is not {type,number}: it gives the rule no number; here stands U+FF18 FULLWIDTH DIGIT EIGHT, which looks like 8\n"
+       "1:5+3 warning TR023: the header is not {type,number}: it gives the rule no number; found U+FF18 FULLWIDTH DIGIT EIGHT, which looks like 8\n"
        "  instead: {NP,8}\n"},
       {"(NP,8)",
-       "1:1+6 warning TR035: this line is no part of a rule; a header is written {NP,8}\n"
+       "1:1+6 warning TR035: this line is not part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"[NP,8]",
-       "1:1+6 warning TR035: this line is no part of a rule; a header is written {NP,8}\n"
+       "1:1+6 warning TR035: this line is not part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"<NP,8>",
-       "1:1+6 warning TR035: this line is no part of a rule; a header is written {NP,8}\n"
+       "1:1+6 warning TR035: this line is not part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"NP,8",
-       "1:1+4 warning TR035: this line is no part of a rule; a header is written {NP,8}\n"
+       "1:1+4 warning TR035: this line is not part of a rule; a header is written {NP,8}\n"
        "  instead: {NP,8}\n"},
       {"{NP,8} see",
-       "1:8+3 error TR035: this text is no part of a rule\n"
+       "1:8+3 error TR035: this text is not part of a rule\n"
        "  instead: {NP,8} ;; see\n"},
       {"1. {NP,8}",
-       "1:1+2 error TR035: this text is no part of a rule\n"
+       "1:1+2 error TR035: this text is not part of a rule\n"
        "  instead: {NP,8}\n"},
       {"{VP,8}",
        "1:2+2 warning TR040: the header has the type \"VP\", and the rule on line 2 has \"NP\"\n"},
       {"\uFEFF{NP,8}",
-       "1:1+3 error TR035: this text is no part of a rule; here stands U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
+       "1:1+3 error TR035: this text is not part of a rule; found U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
        "  instead: {NP,8}\n"},
       {"\uFEFF;; SL: the car",
-       "1:1+3 warning TR035: this line is no part of a rule; here stands U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
+       "1:1+3 warning TR035: this line is not part of a rule; found U+FEFF ZERO WIDTH NO-BREAK SPACE, which cannot be seen\n"
        "  instead: ;; SL: the car\n"},
   };
   return vMistakes;
@@ -567,34 +568,34 @@ const std::vector<Mistake>& HeaderMistakes() {
 
 void ExpectFindings(const std::vector<Mistake>& vMistakes,
                     std::string (*MakeRule)(const std::string&)) {
-  for (const Mistake& Each : vMistakes) {
-    EXPECT_EQ(Described(FindingsIn(MakeRule(Each.Line))), Each.Findings) << Each.Line;
+  for (const Mistake& Row : vMistakes) {
+    EXPECT_EQ(Described(FindingsIn(MakeRule(Row.Line))), Row.Findings) << Row.Line;
   }
 }
 
-TEST(HumanMistakes, InAlignments) {
+TEST(HumanMistakes, AreFoundInAlignments) {
   ExpectFindings(AlignmentMistakes(), InBody);
 }
 
-TEST(HumanMistakes, InConstraints) {
+TEST(HumanMistakes, AreFoundInConstraints) {
   ExpectFindings(ConstraintMistakes(), InBody);
 }
 
-TEST(HumanMistakes, InCommentsAndOtherLines) {
+TEST(HumanMistakes, AreFoundInCommentsAndOtherLines) {
   ExpectFindings(OtherMistakes(), InBody);
 }
 
-TEST(HumanMistakes, InRuleLines) {
+TEST(HumanMistakes, AreFoundInRuleLines) {
   ExpectFindings(SequenceMistakes(), AsRuleLine);
 }
 
-TEST(HumanMistakes, InHeaders) {
+TEST(HumanMistakes, AreFoundInHeaders) {
   ExpectFindings(HeaderMistakes(), AsHeader);
 }
 
 // ---- What is no mistake -----------------------------------------------------------------------
 
-TEST(HumanMistakes, AreNotFoundWhereThereAreNone) {
+TEST(HumanMistakes, AreNotFoundInCorrectLines) {
   for (const std::string sLine : {"((x1 lex) = \u0434\u043E\u043C)",
                                   "((x1 lex) = l\u2019eau)",
                                   "((x1 lex) = \"new york\")",
@@ -629,12 +630,12 @@ TEST(HumanMistakes, AreNotFoundWhereThereAreNone) {
 }
 
 /// Headers as the library writes them, and those of rules that were flipped.
-TEST(HumanMistakes, HeadersMayHaveTheTypeOfEitherSideOrTwoLettersOfIt) {
+TEST(HumanMistakes, AllowHeadersWithTheTypeOfEitherSideOrTwoLettersOfIt) {
   for (const std::string sHeader : {"{ADJP,8}", "{NP,8}", "{AD,8}", "{np,8}", "{,8}"}) {
     const std::string Text = sHeader + "\nADJP::NP [N] -> [N]\n(X1::Y1)\n";
     const std::vector<Finding> vFindings = FindingsIn(Text);
-    EXPECT_TRUE(std::none_of(vFindings.begin(), vFindings.end(), [](const Finding& Each) {
-      return Each.Code == "TR040";
+    EXPECT_TRUE(std::none_of(vFindings.begin(), vFindings.end(), [](const Finding& Found) {
+      return Found.Code == "TR040";
     })) << sHeader;
   }
 }
@@ -650,30 +651,30 @@ std::string Checked(const std::string& Text) {
   RunCheck(Run, Grammar::CheckOptions());
   std::istringstream Lines(Folder.Read("out"));
   const std::string Name = Folder.Path("a.trr");
-  std::string Told;
+  std::string Reported;
   for (std::string Line; std::getline(Lines, Line);) {
     if (Line.rfind(Name, 0) == 0) {
-      Told += Line.substr(Name.size() + 1) + '\n';
+      Reported += Line.substr(Name.size() + 1) + '\n';
     }
   }
-  return Told;
+  return Reported;
 }
 
 const std::string Rule = "NP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n(X2::Y1)\n";
 
-TEST(HumanMistakes, AMissingHeaderIsTold) {
+TEST(HumanMistakes, IncludeAMissingHeader) {
   EXPECT_EQ(Checked("{NP,1}\n" + Rule + ")\n\nV" + Rule + "((x2 num) = sg)\n)\n"),
             "8:1: warning TR045: this rule has no header, while rules before it have one\n");
   EXPECT_EQ(Checked("{NP,1}\n" + Rule + ")\n(NP,2)\nV" + Rule + ")\n{NP,3}\nA" + Rule + ")\n"),
-            "7:1: warning TR035: this line is no part of a rule; a header is written "
+            "7:1: warning TR035: this line is not part of a rule; a header is written "
             "{NP,2}\n"
             "8:1: warning TR045: this rule has no header, while rules before it have one\n");
   EXPECT_EQ(Checked(Rule + ")\nV" + Rule + ")\n{ANP,1}\nA" + Rule + ")\n"), "");
 }
 
-TEST(HumanMistakes, ARuleThatHasSwallowedTheNextOneIsToldAsThat) {
+TEST(HumanMistakes, IncludeARuleMergedWithTheNextOne) {
   const std::string Merged =
-      "error TR003: the rule has a sequence line already, on line 2; if another rule begins here, "
+      "error TR003: the rule already has a rule line, on line 2; if another rule begins here, "
       "it lacks its header\n";
   // What belongs to the other rule is not held against the first one.
   const std::string Next = "V::V : [A B C] -> [A B C]\n(\n(X1::Y2)\n(X3::Y3)\n((x3 num) = sg)\n)\n";
@@ -681,7 +682,7 @@ TEST(HumanMistakes, ARuleThatHasSwallowedTheNextOneIsToldAsThat) {
   EXPECT_EQ(Checked("{NP,1}\n" + Rule + ")\nV::V : [A B C] => [A B C]\n" + Next.substr(26)),
             "7:1: " + Merged);
   EXPECT_EQ(Checked("{NP,1}\nNP::NP [N] -> [N]\nNP::NP [N] -> [N]\n(X1::Y1)\n"),
-            "3:1: error TR003: the rule has a sequence line already, on line 2\n");
+            "3:1: error TR003: the rule already has a rule line, on line 2\n");
 }
 
 std::string Utf16(const std::string& Text) {
@@ -692,7 +693,7 @@ std::string Utf16(const std::string& Text) {
   return Wide;
 }
 
-TEST(HumanMistakes, AFileThatIsNoGrammarHasOneFinding) {
+TEST(HumanMistakes, HaveOneFindingForAFileThatIsNotAGrammar) {
   const std::string Prose =
       "Transfer rules are learned from examples.\nA rule has two sides (source and target), each = "
       "a sequence.\nSee also:\n- the manual\n- the paper\n";
@@ -703,19 +704,19 @@ TEST(HumanMistakes, AFileThatIsNoGrammarHasOneFinding) {
     Many += Prose;
   }
   const std::vector<std::pair<std::string, std::string>> Cases{
-      {Prose, "this is no grammar: of its first 5 lines, none could be one of a rule"},
-      {Many, "this is no grammar: of its first 2373 lines, none could be one of a rule"},
-      {Code, "this is no grammar: of its first 4 lines, none could be one of a rule"},
+      {Prose, "this is not a grammar: of its first 5 lines, none could be one of a rule"},
+      {Many, "this is not a grammar: of its first 2373 lines, none could be one of a rule"},
+      {Code, "this is not a grammar: of its first 4 lines, none could be one of a rule"},
       {"\xFF\xFE" + Utf16(AsHeader("{NP,8}")),
-       "this is no grammar, or it is one in UTF-16: rules are read in UTF-8"},
+       "this is not a grammar, or it is one in UTF-16: rules are read in UTF-8"},
       {Utf16(AsHeader("{NP,8}")),
-       "this is no grammar, or it is one in UTF-16: rules are read in UTF-8"},
+       "this is not a grammar, or it is one in UTF-16: rules are read in UTF-8"},
       {std::string("\x7F"
                    "ELF\2\1\1\0\0\0{NP,8}\n",
                    17),
-       "this is no grammar: it holds bytes that no text holds"},
+       "this is not a grammar: it holds bytes that no text holds"},
       {"{\"header\":{\"type\":\"NP\"},\"ruleIndex\":1}\n",
-       "this is no grammar but JSON: trrule from-json reads what trrule json has written"},
+       "this is not a grammar but JSON: trrule from-json reads what trrule json has written"},
       {"{NP,1}\tNP::NP [N] -> [N]\t(\t(X1::Y1)\t)\n",
        "these are rules on one line each: trrule print --from-one-line reads them"}};
   for (const auto& [sText, sMessage] : Cases) {
@@ -723,20 +724,20 @@ TEST(HumanMistakes, AFileThatIsNoGrammarHasOneFinding) {
   }
 }
 
-TEST(HumanMistakes, AFileWithSomeRulesIsAGrammar) {
+TEST(HumanMistakes, TreatAFileWithSomeRulesAsAGrammar) {
   // Three lines tell too little; and one line in four is enough.
   EXPECT_EQ(Checked("a\n{NP,1}\n" + Rule + ")\nb\nc\nd\n"),
-            "1:1: warning TR035: this line is no part of a rule\n"
-            "1:1: warning TR037: this line stands before the header of its rule\n"
-            "8:1: warning TR035: this line is no part of a rule\n"
-            "9:1: warning TR035: this line is no part of a rule\n"
-            "10:1: warning TR035: this line is no part of a rule\n");
+            "1:1: warning TR035: this line is not part of a rule\n"
+            "1:1: warning TR037: this line comes before the header of its rule\n"
+            "8:1: warning TR035: this line is not part of a rule\n"
+            "9:1: warning TR035: this line is not part of a rule\n"
+            "10:1: warning TR035: this line is not part of a rule\n");
   EXPECT_EQ(Checked("a\nb\nc\n"),
-            "1:1: error TR001: the rule has no sequence line\n"
+            "1:1: error TR001: the rule has no rule line\n"
             "1:1: error TR002: the rule has no alignment\n"
-            "1:1: warning TR035: this line is no part of a rule\n"
-            "2:1: warning TR035: this line is no part of a rule\n"
-            "3:1: warning TR035: this line is no part of a rule\n");
+            "1:1: warning TR035: this line is not part of a rule\n"
+            "2:1: warning TR035: this line is not part of a rule\n"
+            "3:1: warning TR035: this line is not part of a rule\n");
   EXPECT_EQ(Checked(""), "");
   EXPECT_EQ(Checked(";; a\n;; b\n;; c\n;; d\n"), "");
 }
@@ -755,18 +756,18 @@ std::string WithLine(const std::string& Text, std::size_t Number, const std::str
 
 /// What is found on a line that was replaced by what was suggested for it, for each such line.
 /// @param CountReturn is raised by the number of suggestions
-std::string FoundInMendedLines(const std::string& Text, std::size_t& CountReturn) {
+std::string FoundInCorrectedLines(const std::string& Text, std::size_t& CountReturn) {
   std::string Found;
-  for (const Finding& Each : FindingsIn(Text)) {
-    if (Each.Suggestion.empty()) {
+  for (const Finding& Current : FindingsIn(Text)) {
+    if (Current.Suggestion.empty()) {
       continue;
     }
     ++CountReturn;
-    std::vector<Finding> vAll = FindingsIn(WithLine(Text, Each.Line, Each.Suggestion));
+    std::vector<Finding> vAll = FindingsIn(WithLine(Text, Current.Line, Current.Suggestion));
     vAll.erase(std::remove_if(vAll.begin(), vAll.end(),
-                              [&](const Finding& Other) { return Other.Line != Each.Line; }),
+                              [&](const Finding& Other) { return Other.Line != Current.Line; }),
                vAll.end());
-    Found += vAll.empty() ? "" : Described({Each}) + "but then:\n" + Described(vAll);
+    Found += vAll.empty() ? "" : Described({Current}) + "but then:\n" + Described(vAll);
   }
   return Found;
 }
@@ -776,41 +777,41 @@ std::string FileText(const std::filesystem::path& Path) {
   return {std::istreambuf_iterator<char>(File), std::istreambuf_iterator<char>()};
 }
 
-TEST(Suggestions, MendTheLinesOfAllCorpora) {
+TEST(Suggestions, CorrectTheLinesOfAllCorpora) {
   std::size_t Count = 0;
   for (const std::string sFolder : {"examples/grammar", "fuzz/corpus/GrammarFuzz",
                                     "fuzz/corpus/RuleTextFuzz", "fuzz/corpus/ConstraintTextFuzz"}) {
     for (const auto& Entry : std::filesystem::recursive_directory_iterator(
              std::filesystem::path(GrammarPaths::SourceFolder) / sFolder)) {
       if (Entry.is_regular_file()) {
-        EXPECT_EQ(FoundInMendedLines(FileText(Entry.path()), Count), "") << Entry.path();
+        EXPECT_EQ(FoundInCorrectedLines(FileText(Entry.path()), Count), "") << Entry.path();
       }
     }
   }
   EXPECT_GT(Count, 10U);
 }
 
-TEST(Suggestions, MendTheMistakesOfPeople) {
+TEST(Suggestions, CorrectHumanMistakes) {
   std::size_t Count = 0;
   for (const auto& [pMistakes, MakeRule] :
        {std::pair(&AlignmentMistakes(), &InBody), std::pair(&ConstraintMistakes(), &InBody),
         std::pair(&OtherMistakes(), &InBody), std::pair(&SequenceMistakes(), &AsRuleLine),
         std::pair(&HeaderMistakes(), &AsHeader)}) {
-    for (const Mistake& Each : *pMistakes) {
-      EXPECT_EQ(FoundInMendedLines(MakeRule(Each.Line), Count), "") << Each.Line;
+    for (const Mistake& Row : *pMistakes) {
+      EXPECT_EQ(FoundInCorrectedLines(MakeRule(Row.Line), Count), "") << Row.Line;
     }
   }
   EXPECT_GT(Count, 100U);
 }
 
-TEST(Suggestions, MendGeneratedRules) {
+TEST(Suggestions, CorrectGeneratedRules) {
   RuleGenerator Generator(3);
   std::string Text;
   for (int Times = 0; Times < 60; ++Times) {
     Text += Generator.NextRule();
   }
   std::size_t Count = 0;
-  EXPECT_EQ(FoundInMendedLines(Text, Count), "");
+  EXPECT_EQ(FoundInCorrectedLines(Text, Count), "");
   EXPECT_GT(Count, 10U);
 }
 
@@ -828,26 +829,26 @@ std::string Garbled(std::string Text, std::mt19937& Random) {
   return Text;
 }
 
-TEST(Suggestions, MendWhateverIsGarbled) {
+TEST(Suggestions, CorrectDamagedLines) {
   std::mt19937 Random(11);
   const std::string Text = SampleText + "{NP,9}\n" + Rule + ")\n";
   std::size_t Count = 0;
   for (int Times = 0; Times < 500; ++Times) {
     const std::string Bad = Garbled(Text, Random);
-    ASSERT_EQ(FoundInMendedLines(Bad, Count), "") << Bad;
+    ASSERT_EQ(FoundInCorrectedLines(Bad, Count), "") << Bad;
   }
   EXPECT_GT(Count, 200U);
 }
 
 /// A rule is checked again for each suggestion, which a long rule does not get many of.
-TEST(Suggestions, AreNotTriedWithoutEnd) {
+TEST(Suggestions, AreTriedALimitedNumberOfTimes) {
   std::string Lines;
   while (Lines.size() < 90000) {
     Lines += "((x1 num) = sg\n";
   }
   const std::vector<Finding> vFindings = FindingsIn(InBody(Lines));
   const auto Count = std::count_if(vFindings.begin(), vFindings.end(),
-                                   [](const Finding& Each) { return !Each.Suggestion.empty(); });
+                                   [](const Finding& Found) { return !Found.Suggestion.empty(); });
   EXPECT_GT(Count, 0);
   EXPECT_LT(Count, 12);
 }

@@ -22,7 +22,7 @@ namespace {
 using Grammar::RunOptions;
 
 const std::string Filled =
-    "; a remark\n"
+    "; a comment\n"
     ";;SL:THE RED CAR\n"
     ";;TL:EL AUTO ROJO\n"
     ";;C-Structure:(NP (DET) (ADJ) (N))\n"
@@ -42,7 +42,7 @@ const std::string Filled =
 
 const std::string FilledJson =
     R"j({"header":{"type":"ADJP"},"ruleIndex":12,)j"
-    R"j("comments":["; a remark",";;SL:THE RED CAR",";;TL:EL AUTO ROJO",)j"
+    R"j("comments":["; a comment",";;SL:THE RED CAR",";;TL:EL AUTO ROJO",)j"
     R"j(";;C-Structure:(NP (DET) (ADJ) (N))",";;Score:4"],)j"
     R"j("slType":"ADJP","tlType":"NP","slLabels":["\"of\"","ADJ","N"],"tlLabels":["DET","N","ADJ"],)j"
     R"j("alignments":"((1,1),(2,3))","constraints":[)j"
@@ -126,7 +126,7 @@ TEST(JsonCommand, WritesTheMembersThatTheSchemaDescribes) {
             NamesIn(Members.at("header").at("oneOf").at(1).at("properties")));
 }
 
-TEST(JsonCommand, LosesNothingOnTheWayThereAndBack) {
+TEST(JsonCommand, LosesNothingInARoundTrip) {
   std::string Generated;
   for (const std::string& sRule : GeneratedRules(3, 500)) {
     Generated += sRule;
@@ -151,7 +151,7 @@ TEST(JsonCommand, LosesNothingOnTheWayThereAndBack) {
   }
 }
 
-TEST(JsonCommand, CarriesAlongWhatIsNoRule) {
+TEST(JsonCommand, KeepsTextThatIsNotARule) {
   const std::string Bad = "{XP,1}\nXP::XP : [N -> [N]\n(X1::Y1)\n";
   const Result Json = ToJson(Bad + "{NP,1}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n");
   EXPECT_EQ(Json.Status, 1);

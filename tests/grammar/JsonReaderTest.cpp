@@ -31,15 +31,15 @@ const std::string SmallText = SmallWith("");
 
 void ExpectRead(const std::vector<Case>& Cases) {
   JsonReader Reader;
-  for (const Case& Each : Cases) {
-    const RuleFromJson Read = Reader.Read(Each.Json);
-    EXPECT_TRUE(Read.IsRead) << Each.Json;
-    EXPECT_EQ(Read.Text, Each.Text) << Each.Json;
-    EXPECT_EQ(Read.vsProblems, Each.vsProblems) << Each.Json;
+  for (const Case& Row : Cases) {
+    const RuleFromJson Read = Reader.Read(Row.Json);
+    EXPECT_TRUE(Read.IsRead) << Row.Json;
+    EXPECT_EQ(Read.Text, Row.Text) << Row.Json;
+    EXPECT_EQ(Read.vsProblems, Row.vsProblems) << Row.Json;
   }
 }
 
-TEST(JsonReader, FillsInMissingMembersAndReportsWhatDoesNotFit) {
+TEST(JsonReader, FillsInMissingMembersAndReportsInvalidOnes) {
   ExpectRead({
       {"{" + Small + "}", SmallText, {}},
       {"{" + Small + R"j(,"header":null,"ruleIndex":-1})j", SmallText, {}},
@@ -65,7 +65,7 @@ TEST(JsonReader, FillsInMissingMembersAndReportsWhatDoesNotFit) {
       {"{" + Small + R"j(,"numbers":[3],"headIndex":1,"nonsense":0})j",
        SmallText,
        {"numbers: a grammar cannot hold it as it is given",
-        "headIndex: a grammar cannot hold it as it is given", "nonsense: there is no such member"}},
+        "headIndex: a grammar cannot hold it as it is given", "nonsense: unknown member"}},
       {"{" + Small + R"j(,"slType":"VP"})j",
        SmallText,
        {"slType: a grammar cannot hold it as it is given"}},
@@ -82,7 +82,7 @@ std::string WithConstraints(const std::string& Constraints) {
 TEST(JsonReader, ReadsAConstraintByItsLinesOrItsOtherMembers) {
   const std::string Lost = "constraints: a grammar cannot hold it as it is given";
   const std::string Differ =
-      "constraints: the lines say something else than the other members, which are written";
+      "constraints: the lines differ from the other members, which are written";
   const std::string Fields =
       R"j("category":1,"index":1,"feature":"NUM","value":"SG","isValue":true)j";
   ExpectRead({
@@ -133,7 +133,7 @@ TEST(JsonReader, ReadsAConstraintByItsLinesOrItsOtherMembers) {
   });
 }
 
-TEST(JsonReader, RefusesWhatIsNoRule) {
+TEST(JsonReader, RejectsWhatIsNotARule) {
   const std::string NoRule = "what is written cannot be read as one rule";
   const std::string BadAlignments = "alignments: should be a text such as ((1,1),(2,3))";
   const std::vector<Case> Cases{
@@ -171,11 +171,11 @@ TEST(JsonReader, RefusesWhatIsNoRule) {
       {"{\"slType\":\"N\",\"tlType\":\"N\",\"alignments\":\"\"}", "", {NoRule}},
   };
   JsonReader Reader;
-  for (const Case& Each : Cases) {
-    const RuleFromJson Read = Reader.Read(Each.Json);
-    EXPECT_FALSE(Read.IsRead) << Each.Json.substr(0, 100);
-    EXPECT_EQ(Read.Text, "") << Each.Json.substr(0, 100);
-    EXPECT_EQ(Read.vsProblems, Each.vsProblems) << Each.Json.substr(0, 100);
+  for (const Case& Row : Cases) {
+    const RuleFromJson Read = Reader.Read(Row.Json);
+    EXPECT_FALSE(Read.IsRead) << Row.Json.substr(0, 100);
+    EXPECT_EQ(Read.Text, "") << Row.Json.substr(0, 100);
+    EXPECT_EQ(Read.vsProblems, Row.vsProblems) << Row.Json.substr(0, 100);
   }
 }
 

@@ -18,7 +18,7 @@ struct Case {
   std::string Unicode;
 };
 
-TEST(JsonText, LeavesUtf8AndReplacesAllOtherBytes) {
+TEST(JsonText, KeepsUtf8AndReplacesAllOtherBytes) {
   const std::vector<Case> Cases{
       {"", ""},
       {"veo el auto", "veo el auto"},
@@ -37,13 +37,13 @@ TEST(JsonText, LeavesUtf8AndReplacesAllOtherBytes) {
       {"\xEF\xA0\x80", "\xEF\xA0\x80"},
       {"\xEF\x9E\x80", "\xEF\x9F\xAF\xEF\x9E\x9E\xEF\x9E\x80"},  // a stand-in itself
   };
-  for (const Case& Each : Cases) {
-    EXPECT_EQ(ToUnicode(Each.Bytes), Each.Unicode) << testing::PrintToString(Each.Bytes);
-    EXPECT_EQ(ToBytes(Each.Unicode), Each.Bytes) << testing::PrintToString(Each.Bytes);
+  for (const Case& Row : Cases) {
+    EXPECT_EQ(ToUnicode(Row.Bytes), Row.Unicode) << testing::PrintToString(Row.Bytes);
+    EXPECT_EQ(ToBytes(Row.Unicode), Row.Bytes) << testing::PrintToString(Row.Bytes);
   }
 }
 
-TEST(JsonText, BringsEveryTextBack) {
+TEST(JsonText, RestoresEveryText) {
   std::mt19937 Random(5);
   const std::string Bytes("a\xEF\x9E\x9F\x80\xBF\xC3\xE2\xF0\xED\0", 11);
   for (int Round = 0; Round < 20000; ++Round) {

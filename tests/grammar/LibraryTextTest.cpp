@@ -19,7 +19,7 @@ namespace {
 
 using Grammar::LibraryFailure;
 
-/// The library's own text of a rule, and why there is not one.
+/// The library's own text of a rule, and why there is none.
 struct LibraryOutcome {
   LibraryFailure Failure = LibraryFailure::None;
   std::string Text;

@@ -1,4 +1,4 @@
-// The texts of single lines: what a line is, headers, sequence lines, alignments, constraints.
+// The texts of single lines: what a line is, headers, rule lines, alignments, constraints.
 
 #include "HeaderText.h"
 #include "LineKind.h"
@@ -21,7 +21,7 @@ namespace {
 using Grammar::LineKind;
 using TrRuleInternal::RuleLineFault;
 
-TEST(LineKind, TellsLinesByWhatTheyContain) {
+TEST(LineKind, ClassifiesLinesByWhatTheyContain) {
   const std::vector<std::tuple<std::string, LineKind, std::string, std::string>> Cases{
       {"", LineKind::Blank, "", ""},
       {" \t\r", LineKind::Blank, "", ""},
@@ -54,7 +54,7 @@ Grammar::RuleHeader HeaderOf(const std::string& Code) {
   return Grammar::HeaderOf(TrRuleInternal::ParseHeader(Code), Code);
 }
 
-TEST(HeaderText, KeepsTypeAndNumberWhole) {
+TEST(HeaderText, KeepsTheWholeTypeAndNumber) {
   const std::vector<std::tuple<std::string, std::string, std::string, int>> Cases{
       {"{NP,8}", "NP", "8", 8},
       {"{ADJP,12}", "ADJP", "12", 12},
@@ -70,7 +70,7 @@ TEST(HeaderText, KeepsTypeAndNumberWhole) {
   }
 }
 
-TEST(HeaderText, KeepsWhatItCannotReadAsItIs) {
+TEST(HeaderText, KeepsAnUnreadableHeaderUnchanged) {
   for (const std::string sCode : {"{", "{}", "{NP}", "{NP,}", "{NP,a}", "{NP,8", "{NP 8}",
                                   "{NP,+8}", "{NP,8a}", "{NP,8,9}", "{NP,2147483648}", "}NP,8{"}) {
     const Grammar::RuleHeader Header = HeaderOf(sCode);
@@ -81,7 +81,7 @@ TEST(HeaderText, KeepsWhatItCannotReadAsItIs) {
   }
 }
 
-TEST(SequenceLine, GivesTypesAndLabels) {
+TEST(SequenceLine, ReturnsTypesAndLabels) {
   const std::vector<std::pair<std::string, std::vector<std::string>>> Cases{
       {"NP::VP : [DET N] -> [N DET]", {"NP", "VP", "DET N", "N DET"}},
       {"NP::VP [ a ] -> [ b ] c", {"NP", "VP", "a", "b"}},
@@ -95,7 +95,7 @@ TEST(SequenceLine, GivesTypesAndLabels) {
   }
 }
 
-TEST(SequenceLine, TellsWhichPartIsWrong) {
+TEST(SequenceLine, ReportsTheInvalidPart) {
   const std::vector<std::pair<std::string, RuleLineFault>> Cases{
       {"[A] -> [A]", RuleLineFault::Types},
       {"N:: N [A] -> [A]", RuleLineFault::Types},
@@ -115,7 +115,7 @@ TEST(SequenceLine, TellsWhichPartIsWrong) {
   }
 }
 
-TEST(AlignmentLine, NeedsANumberOnBothSides) {
+TEST(AlignmentLine, RequiresANumberOnBothSides) {
   for (const std::string sCode :
        {"(X12::Y3)", "(x12::y3)", "1. (X12 ::  Y3 ) a", ";--;(X12::Y3)"}) {
     const auto Line = TrRuleInternal::ParseAlignment(sCode);
@@ -150,7 +150,7 @@ std::string Described(const std::string& Text) {
   return Line;
 }
 
-TEST(ConstraintText, IsTakenApart) {
+TEST(ConstraintText, IsParsed) {
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"(x0 = x3)", "whole X0 [] = kind 0 [x3] -> X3 [] [x3]"},
       {"(Y1==(y0 det))", "whole Y1 [] == kind 1 [(y0 det)] -> Y0 [det] []"},
@@ -170,7 +170,7 @@ TEST(ConstraintText, IsTakenApart) {
   }
 }
 
-TEST(ConstraintText, TellsWhereItStopsBeingInTheFormat) {
+TEST(ConstraintText, ReportsWhereItDepartsFromTheFormat) {
   const std::vector<std::pair<std::string, std::size_t>> Cases{{"", 0},
                                                                {"x0 = x1", 0},
                                                                {"(z0 = x1)", 1},
@@ -191,7 +191,7 @@ TEST(ConstraintText, TellsWhereItStopsBeingInTheFormat) {
   }
 }
 
-TEST(ConstraintText, TellsWhatIsExpectedWhereItStops) {
+TEST(ConstraintText, ReportsWhatIsExpectedThere) {
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"x0 = x1", "\"(\""},
       {"(z0 = x1)", "a node such as x1 or y2"},

@@ -18,7 +18,7 @@ std::string Found(const std::string& Text) {
                : "";
 }
 
-TEST(LookAlikes, AreNamedWhereTheyStand) {
+TEST(LookAlikes, AreNamedInTheirPlace) {
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"(\u04251::Y1)", "1+2: U+0425 CYRILLIC CAPITAL LETTER HA, which looks like X"},
       {"\u0443\u2081", "0+2: U+0443 CYRILLIC SMALL LETTER U, which looks like y"},
@@ -44,7 +44,7 @@ TEST(LookAlikes, AreNotFoundInWordsOfTheirOwnScript) {
   }
 }
 
-TEST(LookAlikes, GiveWayToWhatTheyLookLike) {
+TEST(LookAlikes, AreReplacedByTheirAsciiCharacter) {
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"\uFF08\u04251\uFF1A\uFF1A\u03A5\u2082\uFF09", "(X1::Y2)"},
       {"[D\u0415T\u00A0N]\u200B\u2192 \u201Ca\u201D", "[DET N]-> \"a\""},
@@ -55,7 +55,7 @@ TEST(LookAlikes, GiveWayToWhatTheyLookLike) {
   }
 }
 
-TEST(LookAlikes, BytesBeyondAsciiAreFoundWhereverTheyStand) {
+TEST(LookAlikes, IncludeBytesBeyondAsciiAnywhere) {
   for (std::size_t Size = 0; Size < 40; ++Size) {
     std::string Text(Size, '\x7F');
     EXPECT_FALSE(Grammar::HasBytesBeyondAscii(Text)) << Size;

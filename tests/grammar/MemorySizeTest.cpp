@@ -33,7 +33,7 @@ TEST(MemorySize, ReadsNumbersWithTheirUnits) {
   }
 }
 
-TEST(MemorySize, RefusesEverythingElse) {
+TEST(MemorySize, RejectsEverythingElse) {
   for (const std::string sText :
        {"", "0", "0M", "-1", "+1", " 1", "1 ", "1 M", "M", "1X", "1MM", "1KiB", "1B2", "1%%",
         "101%", "1.5G", "18446744073709551616", "16777216T", "99999999999999999999999"}) {

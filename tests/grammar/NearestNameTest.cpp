@@ -10,7 +10,7 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-TEST(NearestName, IsTheOnlyOneThatIsNear) {
+TEST(NearestName, IsTheOnlySimilarName) {
   const Strings vsNames{"check", "print", "sort", "unique", "json", "from-json"};
   const std::vector<std::pair<std::string, std::string>> Cases{{"check", "check"},
                                                                {"chekc", "check"},
@@ -40,7 +40,7 @@ TEST(NearestName, IsTheOnlyOneThatIsNear) {
   EXPECT_EQ(Grammar::NearestName("check", {}), "");
 }
 
-TEST(NearestName, IsAskedForOrElseAPlaceToLookAt) {
+TEST(NearestName, IsSuggestedOrElseAPlaceToLook) {
   EXPECT_EQ(Grammar::AdviceOn("chekc", {"check"}, "see there"), "; did you mean check?");
   EXPECT_EQ(Grammar::AdviceOn("frob", {"check"}, "see there"), "; see there");
 }

@@ -74,7 +74,7 @@ const std::string Minus = Rule("{NP,-5}\n", "NP::NP", "ADJ N DET", ";;Score:3\n"
 const std::string None = Rule("", "AP::NP", "ADJ N", ";;Score:11\n");
 const std::string Bad = "{XP,1}\nXP::XP : [N -> [N]\n(X1::Y1)\n";
 
-TEST(SortCommand, OrdersByTheTextThatTellsRulesApart) {
+TEST(SortCommand, OrdersByTheComparisonText) {
   EXPECT_EQ(Sorted({Ten + Nine, Minus + None}), (ChildEnd{0, None + Minus + Ten + Nine, ""}));
   EXPECT_EQ(Sorted({Ten + Nine, Minus + None}, By(SortBy::Form, true)),
             (ChildEnd{0, Nine + Ten + Minus + None, ""}));
@@ -92,9 +92,9 @@ TEST(SortCommand, OrdersByNumberTypeCountAndLength) {
       {SortBy::Count, Nine + Ten + Minus + None, None + Minus + Ten + Nine},
       {SortBy::Length, Nine + Ten + None + Minus, Minus + Ten + None + Nine},
   };
-  for (const auto& Each : Cases) {
-    EXPECT_EQ(Sorted({All}, By(Each.Key)), (ChildEnd{0, Each.Up, ""}));
-    EXPECT_EQ(Sorted({All}, By(Each.Key, true)), (ChildEnd{0, Each.Down, ""}));
+  for (const auto& Row : Cases) {
+    EXPECT_EQ(Sorted({All}, By(Row.Key)), (ChildEnd{0, Row.Up, ""}));
+    EXPECT_EQ(Sorted({All}, By(Row.Key, true)), (ChildEnd{0, Row.Down, ""}));
   }
 }
 
@@ -108,17 +108,17 @@ TEST(SortCommand, WritesTheNormalForm) {
   EXPECT_EQ(Sorted({""}), (ChildEnd{0, "", ""}));
 }
 
-TEST(SortCommand, PutsWhatIsNoRuleBehindAllRules) {
+TEST(SortCommand, PutsOtherTextAfterAllRules) {
   const std::string Report =
-      "0.trr:8:12: error TR001: the rule has no sequence line: the \"] -> [\" of this one is spelt "
-      "otherwise\n";
+      "0.trr:8:12: error TR001: the rule has no rule line: the \"] -> [\" of this line is "
+      "misspelt\n";
   EXPECT_EQ(Sorted({Ten + Bad, "; no rule", Nine}),
             (ChildEnd{1, Ten + Nine + "; no rule\n", Report + "1 of 3 rules was left out\n"}));
   EXPECT_EQ(Sorted({Ten + Bad, "; no rule", Nine}, {}, true),
             (ChildEnd{1, Ten + Nine + Bad + "; no rule\n", Report}));
 }
 
-TEST(SortCommand, FailsWithoutOutputWhereAFileCannotBeRead) {
+TEST(SortCommand, FailsWithoutOutputWhenAFileCannotBeRead) {
   const TestFolder Folder;
   RunOptions Run;
   Run.Output = Folder.Path("out");
@@ -156,7 +156,7 @@ TEST(UniqueCommand, AddsCountsCommentsAndExamples) {
   EXPECT_EQ(Unique({""}), (ChildEnd{0, "", ""}));
 }
 
-TEST(UniqueCommand, KeepsTheOrderOfFirstAppearanceUnlessItShallSort) {
+TEST(UniqueCommand, KeepsTheOrderOfFirstAppearanceUnlessSorted) {
   UniqueOptions Options;
   EXPECT_EQ(Unique({Nine + First + Ten, Second + Nine}).Out,
             "; nine\n;;Score:2\n" + Rule("{VP,9}\n", "VP::NP", "N") + Both + Ten);
@@ -164,7 +164,7 @@ TEST(UniqueCommand, KeepsTheOrderOfFirstAppearanceUnlessItShallSort) {
   EXPECT_EQ(Unique({Nine + First + Ten, Second}, Options).Out, Both + Ten + Nine);
 }
 
-TEST(UniqueCommand, KeepsOnlyRepeatedRulesOrSomeExamplesWhereThatIsWanted) {
+TEST(UniqueCommand, KeepsOnlyRepeatedRulesOrSomeExamplesOnRequest) {
   UniqueOptions Options;
   Options.Repeated = true;
   EXPECT_EQ(Unique({Nine + First, Second + Ten}, Options).Out, Both);
@@ -183,12 +183,12 @@ TEST(UniqueCommand, CountsRulesOnOneLineEach) {
             "1\t; nine\t;;Score:1\t{VP,9}\tVP::NP [N] -> [N]\t(\t(X1::Y1)\t)\n");
 }
 
-TEST(UniqueCommand, HoldsTheCountAtTheLargestNumber) {
+TEST(UniqueCommand, LimitsTheCount) {
   const std::string Most = Rule("{NP,1}\n", "NP::NP", "N", ";;Score:2147483647\n");
   EXPECT_EQ(Unique({Most + Most}), (ChildEnd{0, Most, ""}));
 }
 
-TEST(UniqueCommand, LeavesWhatIsNoRuleInItsPlace) {
+TEST(UniqueCommand, KeepsOtherTextInItsPlace) {
   const ChildEnd Kept = Unique({Ten + Bad, "; no rule", Nine, Ten}, {}, true);
   EXPECT_EQ(Kept.Status, 1);
   EXPECT_EQ(Kept.Out,
@@ -210,7 +210,7 @@ std::string ManyRules() {
   return Text;
 }
 
-TEST(OrderCommands, GiveTheSameWithLittleMemory) {
+TEST(OrderCommands, HaveTheSameResultWithLittleMemory) {
   const std::string Text = ManyRules();
   for (const SortBy Key :
        {SortBy::Form, SortBy::Index, SortBy::Type, SortBy::Count, SortBy::Length}) {
@@ -231,7 +231,7 @@ TEST(OrderCommands, GiveTheSameWithLittleMemory) {
   }
 }
 
-TEST(OrderCommands, ChangeNothingWhenTheyAreRunAgain) {
+TEST(OrderCommands, ChangeNothingWhenRepeated) {
   const std::string Text = ManyRules();
   const std::string InOrder = Sorted({Text}).Out;
   const std::string Once = Unique({Text}).Out;

@@ -50,7 +50,7 @@ TEST(OutputFile, AppearsWhenItIsFinished) {
   EXPECT_EQ(Folder.Read("a"), "one\n" + Large);
 }
 
-TEST(OutputFile, LeavesNothingWhereItIsNotFinished) {
+TEST(OutputFile, LeavesNothingWhenItIsNotFinished) {
   const TestFolder Folder;
   Folder.Write("a", "before");
   {
@@ -63,7 +63,7 @@ TEST(OutputFile, LeavesNothingWhereItIsNotFinished) {
   EXPECT_EQ(Folder.Read("a"), "before");
 }
 
-TEST(OutputFile, KeepsThePermissionsOfWhatItReplaces) {
+TEST(OutputFile, KeepsThePermissionsOfTheReplacedFile) {
   const TestFolder Folder;
   const std::string Path = Folder.Write("a", "before");
   ASSERT_EQ(chmod(Path.c_str(), 0640), 0);
@@ -77,7 +77,7 @@ TEST(OutputFile, KeepsThePermissionsOfWhatItReplaces) {
   EXPECT_EQ(ModeOf(Folder.Path("b")), 0640U);
 }
 
-TEST(OutputFile, WritesWhereALinkPoints) {
+TEST(OutputFile, FollowsLinks) {
   const TestFolder Folder;
   Folder.Write("a", "before");
   ASSERT_EQ(symlink("a", Folder.Path("link").c_str()), 0);
@@ -88,7 +88,7 @@ TEST(OutputFile, WritesWhereALinkPoints) {
   EXPECT_EQ(Folder.Read("a"), "after");
 }
 
-TEST(OutputFile, TellsWhyItCannotBeWritten) {
+TEST(OutputFile, ReportsWhyItCannotBeWritten) {
   const TestFolder Folder;
   const std::string NoFolder = Folder.Path("none/a");
   EXPECT_EQ(FailureOf([&] { OutputFile Output(NoFolder); }),
@@ -144,7 +144,7 @@ TEST(OutputFile, SurvivesSignalsThatAreIgnored) {
   EXPECT_EQ(Folder.Names(), Names{"a"});
 }
 
-TEST(OutputFile, TellsWhereNobodyReads) {
+TEST(OutputFile, DetectsAClosedPipe) {
   const ChildEnd End = RunInChild([] {
     int Ends[2] = {};
     signal(SIGPIPE, SIG_IGN);

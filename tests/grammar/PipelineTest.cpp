@@ -37,12 +37,12 @@ TEST(Pipeline, FinishesBatchesInTheOrderInWhichTheyWereRead) {
     std::vector<int> vFinished;
     RunPipeline<Batch>(
         Threads, [&](Batch& BatchReturn) { return (BatchReturn.Number = Next++) < Batches; },
-        Square, [&](const Batch& Each) { vFinished.push_back(Each.Squared); });
+        Square, [&](const Batch& Current) { vFinished.push_back(Current.Squared); });
     EXPECT_EQ(vFinished, vExpected) << Threads;
   }
 }
 
-TEST(Pipeline, HoldsAFewBatchesForEachThread) {
+TEST(Pipeline, KeepsAFewBatchesForEachThread) {
   for (const unsigned Threads : ThreadCounts) {
     int Next = 0;
     std::atomic<int> Held{0};
@@ -58,14 +58,14 @@ TEST(Pipeline, HoldsAFewBatchesForEachThread) {
   }
 }
 
-TEST(Pipeline, HandsOnWhatAnyStepThrows) {
+TEST(Pipeline, RethrowsExceptionsOfAnyStep) {
   constexpr int Bad = 100;
   for (const unsigned Threads : ThreadCounts) {
     for (const std::string sStep : {"read", "work", "finish"}) {
       int Next = 0;
       int Finished = 0;
-      const auto Fail = [&](const std::string& Step, const Batch& Each) {
-        if (Step == sStep && Each.Number == Bad) {
+      const auto Fail = [&](const std::string& Step, const Batch& Current) {
+        if (Step == sStep && Current.Number == Bad) {
           throw std::runtime_error(Step);
         }
       };
@@ -74,14 +74,14 @@ TEST(Pipeline, HandsOnWhatAnyStepThrows) {
         Fail("read", BatchReturn);
         return BatchReturn.Number < Batches;
       };
-      const auto Finish = [&](const Batch& Each) {
-        Fail("finish", Each);
+      const auto Finish = [&](const Batch& Current) {
+        Fail("finish", Current);
         ++Finished;
       };
       std::string Thrown;
       try {
         RunPipeline<Batch>(
-            Threads, Read, [&](Batch& Each) { Fail("work", Each); }, Finish);
+            Threads, Read, [&](Batch& Current) { Fail("work", Current); }, Finish);
       } catch (const std::runtime_error& Error) {
         Thrown = Error.what();
       }
@@ -91,7 +91,7 @@ TEST(Pipeline, HandsOnWhatAnyStepThrows) {
   }
 }
 
-TEST(Pipeline, TakesAsManyThreadsAsThereAreCoresUnlessToldOtherwise) {
+TEST(Pipeline, UsesAllCoresByDefault) {
   EXPECT_EQ(Grammar::ThreadCount(3), 3U);
   EXPECT_GE(Grammar::ThreadCount(0), 1U);
 }

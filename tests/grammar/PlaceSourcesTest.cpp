@@ -24,16 +24,16 @@ using Grammar::SourceRule;
 std::string Described(const SourceRule& Rule, bool IsReversed) {
   PlaceSources Places;
   const bool IsFound = Places.Find(Rule, IsReversed);
-  EXPECT_EQ(IsFound, Places.Misfits().empty());
+  EXPECT_EQ(IsFound, Places.Mismatches().empty());
   std::string Text;
-  for (const std::uint32_t Each : Places.Sources()) {
-    Text += Each == PlaceSources::None ? "-" : std::to_string(Each + 1);
+  for (const std::uint32_t Number : Places.Sources()) {
+    Text += Number == PlaceSources::None ? "-" : std::to_string(Number + 1);
   }
   const std::string_view Line = Rule.Text().Line(Rule.RuleLines().front().Line);
-  for (const PlaceSources::Misfit& Each : Places.Misfits()) {
+  for (const PlaceSources::Mismatch& Current : Places.Mismatches()) {
     const char* const Names[] = {" none@", " many@", " labels@"};
-    Text += Names[static_cast<std::size_t>(Each.What)] +
-            std::to_string(Grammar::OffsetIn(Line, Each.Label) + 1);
+    Text += Names[static_cast<std::size_t>(Current.What)] +
+            std::to_string(Grammar::OffsetIn(Line, Current.Label) + 1);
   }
   return Text;
 }
@@ -48,7 +48,7 @@ std::string SourcesOf(const std::string& Labels, const std::string& Pairs,
 
 }  // namespace
 
-TEST(PlaceSources, AreWhereATargetPlaceIsAligned) {
+TEST(PlaceSources, AreTheAlignedPlaces) {
   const struct {
     std::string Labels;
     std::string Pairs;
@@ -74,9 +74,9 @@ TEST(PlaceSources, AreWhereATargetPlaceIsAligned) {
       {"[N A] -> [N V B C]", "(X1::Y1)\n(X1::Y2)\n(X2::Y1)\n", "11-- labels@7 none@20 none@22",
        "11 labels@16"},
   };
-  for (const auto& Each : Cases) {
-    EXPECT_EQ(SourcesOf(Each.Labels, Each.Pairs), Each.Expected) << Each.Labels;
-    EXPECT_EQ(SourcesOf(Each.Labels, Each.Pairs, true), Each.Reversed) << Each.Labels;
+  for (const auto& Row : Cases) {
+    EXPECT_EQ(SourcesOf(Row.Labels, Row.Pairs), Row.Expected) << Row.Labels;
+    EXPECT_EQ(SourcesOf(Row.Labels, Row.Pairs, true), Row.Reversed) << Row.Labels;
   }
 }
 
@@ -95,9 +95,9 @@ std::string SlowSources(const SourceRule& Rule) {
   for (std::size_t Target = 0; Target < vTo.size(); ++Target) {
     std::set<std::size_t> ssAligned;
     std::set<std::size_t> ssSame;
-    for (const SourceRule::AlignmentLine& Each : Rule.Alignments()) {
-      const auto Source = static_cast<std::size_t>(Each.Parts.X - 1);
-      if (static_cast<std::size_t>(Each.Parts.Y) == Target + 1 &&
+    for (const SourceRule::AlignmentLine& Line : Rule.Alignments()) {
+      const auto Source = static_cast<std::size_t>(Line.Parts.X - 1);
+      if (static_cast<std::size_t>(Line.Parts.Y) == Target + 1 &&
           !Grammar::IsLiteral(vFrom[Source])) {
         ssAligned.insert(Source);
         if (Grammar::Upper(vFrom[Source]) == Grammar::Upper(vTo[Target])) {
@@ -134,7 +134,7 @@ std::string SlowSources(const SourceRule& Rule) {
 
 }  // namespace
 
-TEST(PlaceSources, AreThoseOfTheDefinitionForRandomRules) {
+TEST(PlaceSources, MatchTheDefinitionForRandomRules) {
   std::mt19937 Numbers(15);
   const auto Below = [&](std::size_t Limit) { return Numbers() % Limit; };
   for (int Count = 0; Count < 3000; ++Count) {

@@ -19,7 +19,7 @@ struct Case {
   std::string Line;
 };
 
-TEST(Progress, TellsRulesRateAndBytes) {
+TEST(Progress, ReportsRulesRateAndBytes) {
   const std::vector<Case> Cases{
       {0, {}, 0, "0 rules, 0 B"},
       {0, {100, 899}, 0.5, "2 rules, 4/s, 999 B"},
@@ -28,12 +28,12 @@ TEST(Progress, TellsRulesRateAndBytes) {
       {5000000000, {5000000000}, 1, "1 rules, 1/s, 5.0 GB of 5.0 GB (100 %)"},
       {0, {999949, 1}, 0, "2 rules, 1.0 MB"},
       {0, {7000000000000}, 0, "1 rules, 7.0 TB"}};
-  for (const Case& Each : Cases) {
-    Progress Shown(true, Each.TotalBytes);
-    for (const std::uint64_t Bytes : Each.vAdvances) {
+  for (const Case& Row : Cases) {
+    Progress Shown(true, Row.TotalBytes);
+    for (const std::uint64_t Bytes : Row.vAdvances) {
       Shown.Advance(Bytes);
     }
-    EXPECT_EQ(Shown.Line(Each.Seconds), Each.Line);
+    EXPECT_EQ(Shown.Line(Row.Seconds), Row.Line);
   }
 }
 

@@ -55,13 +55,13 @@ std::string OutputOf(const std::string& Command) {
   return Output;
 }
 
-TEST(ReadmeCommand, PrintsWhatThePageShows) {
+TEST(ReadmeCommand, PrintsTheOutputsOfThePage) {
   const std::vector<ShownCommand> vShown = ReadShownCommands();
   EXPECT_EQ(vShown.size(), 3U);
-  for (const ShownCommand& Each : vShown) {
-    const std::string Output = OutputOf(Each.Command);
-    EXPECT_EQ(Each.IsCut ? Output.substr(0, Each.Output.size()) : Output, Each.Output);
-    EXPECT_EQ(Each.IsCut, Output.size() > Each.Output.size());
+  for (const ShownCommand& Shown : vShown) {
+    const std::string Output = OutputOf(Shown.Command);
+    EXPECT_EQ(Shown.IsCut ? Output.substr(0, Shown.Output.size()) : Output, Shown.Output);
+    EXPECT_EQ(Shown.IsCut, Output.size() > Shown.Output.size());
   }
 }
 

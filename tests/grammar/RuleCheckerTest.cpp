@@ -24,15 +24,15 @@ std::string RuleWith(const std::string& Lines) {
          "\n)\n";
 }
 
-TEST(RuleChecker, FindsNothingInASoundRule) {
+TEST(RuleChecker, FindsNothingInAValidRule) {
   EXPECT_EQ(PlacesOf(FindingsIn(RuleWith("((x0 num) = (x3 num))\n(x0 = x3)\n(y0 = x0)"))),
             Strings());
   EXPECT_EQ(PlacesOf(FindingsIn(RuleWith("(y2 = y0))"))), Strings());
   EXPECT_EQ(PlacesOf(FindingsIn("")), Strings());
-  EXPECT_EQ(PlacesOf(FindingsIn(";; only a remark\n\n")), Strings());
+  EXPECT_EQ(PlacesOf(FindingsIn(";; only a comment\n\n")), Strings());
 }
 
-TEST(RuleChecker, TellsWhatIsNotKeptAsItIsWritten) {
+TEST(RuleChecker, ReportsWhatIsNotKeptAsWritten) {
   const std::vector<std::pair<std::string, Strings>> Cases{
       {"(y1 == (y0 det))", {"7:5+2 TR024?"}},
       {"((y1 num) == (y2 num))", {"7:11+2 TR024?"}},
@@ -64,7 +64,7 @@ TEST(RuleChecker, TellsWhatIsNotKeptAsItIsWritten) {
   }
 }
 
-TEST(RuleChecker, TellsOfComponentsThatAreNotThereOrNotAligned) {
+TEST(RuleChecker, ReportsMissingAndUnalignedComponents) {
   const std::vector<std::pair<std::string, Strings>> Cases{
       {"((x4 num) = sg)", {"7:3+2 TR009"}},          {"((x3 num) = (x4 num))", {"7:14+2 TR009"}},
       {"(Y4 = X5)", {"7:2+2 TR009", "7:7+2 TR009"}}, {"((x0 det) = x4)", {"7:13+2 TR009"}},
@@ -78,7 +78,7 @@ TEST(RuleChecker, TellsOfComponentsThatAreNotThereOrNotAligned) {
   EXPECT_EQ(PlacesOf(FindingsIn(Unaligned)), (Strings{"3:3+2 TR030", "6:3+2 TR030"}));
 }
 
-TEST(RuleChecker, TellsOfRepetitionsAndMergings) {
+TEST(RuleChecker, ReportsRepetitionsAndMergings) {
   const std::vector<std::pair<std::string, Strings>> Cases{
       {"(x0 = x3)\n(X0=X3)", {"8:1+7 TR031"}},
       {"((x1 n) = a)\n((x1 n) = b)", {"8:11+1 TR032"}},
@@ -91,7 +91,7 @@ TEST(RuleChecker, TellsOfRepetitionsAndMergings) {
   }
 }
 
-TEST(RuleChecker, TellsWhatAHeaderLoses) {
+TEST(RuleChecker, ReportsWhatAHeaderLoses) {
   const std::string Rest = "NP::NP [N] -> [N]\n(X1::Y1)\n";
   const std::vector<std::pair<std::string, Strings>> Cases{
       {"{NP,8}", {}},
@@ -106,7 +106,7 @@ TEST(RuleChecker, TellsWhatAHeaderLoses) {
   }
 }
 
-TEST(RuleChecker, TellsErrorsAndWarningsOfOneRuleInTheOrderOfItsLines) {
+TEST(RuleChecker, ReportsErrorsAndWarningsInTheOrderOfTheLines) {
   EXPECT_EQ(
       PlacesOf(FindingsIn("{ADJP,8}\nADJP::NP [N] -> [N]\n(X1::Y2)\n(x1 == x0)\n(x0 = x1)\n(x0")),
       (Strings{"1:2+4 TR021", "3:6+2 TR010", "4:1+10 TR011", "4:5+2 TR024", "6:1+3 TR035?"}));
@@ -138,7 +138,7 @@ TEST(RuleChecker, CountsLinesInFilesWithReturns) {
             (Strings{"3:1+4 TR023", "5:6+2 TR010"}));
 }
 
-TEST(RuleChecker, OutlivesEveryPrefixOfTheSampleInSilence) {
+TEST(RuleChecker, ReadsEveryPrefixOfTheSampleWithoutOutput) {
   const Written Streams = WrittenBy([] {
     for (std::size_t Size = 0; Size <= SampleText.size(); ++Size) {
       FindingsIn(SampleText.substr(0, Size));
@@ -176,7 +176,7 @@ const std::string Bad = ";; bad\r\n{NP,2}\nNP::NP [N] -> [N]\n";
 const std::string BadMessage = "a.trr:3:1: error TR002: the rule has no alignment\n";
 const std::string Good = "{NP,3}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n";
 
-TEST(PrintCommand, PassesOverWhatCannotBeReadOrThroughAsItStands) {
+TEST(PrintCommand, SkipsUnreadableRulesOrKeepsThemUnchanged) {
   const PrintEnd Without = Print(Bad + Good, {});
   EXPECT_EQ(Without.Status, Grammar::StatusFindings);
   EXPECT_EQ(Without.Result, Good);
@@ -199,7 +199,7 @@ TEST(PrintCommand, KeepsCommentsOfAFileWithoutRules) {
   }
 }
 
-TEST(PrintCommand, ReadsBackWhatItWroteOnOneLine) {
+TEST(PrintCommand, ReadsItsOneLineFormat) {
   Grammar::PrintOptions OneLine;
   OneLine.Form.OneLine = true;
   const std::string Text = ";; a\\b\tc\n" + SamplePrinted + Bad + ";; t\n" + Good + ";; end\n";
@@ -210,7 +210,7 @@ TEST(PrintCommand, ReadsBackWhatItWroteOnOneLine) {
             ";; bad\r\t{NP,2}\tNP::NP [N] -> [N]\n{NP,3}\tNP::NP [N] -> [N]\t(\t(X1::Y1)\t)\n");
 }
 
-TEST(PrintCommand, TurnsRulesRound) {
+TEST(PrintCommand, FlipsRules) {
   Grammar::PrintOptions Turned;
   Turned.Flip = true;
   EXPECT_EQ(Print("N::V [A B] -> [C D]\n(X1::Y2)\n(x0 = x1)\n", Turned).Result,

@@ -54,10 +54,11 @@ using Fields = std::tuple<int, int, std::string, std::string, int, bool>;
 std::multiset<Fields> ConstraintsOf(const TrRule& Rule) {
   std::multiset<Fields> Result;
   for (const int Category : {-1, 1, 2, 3, 4}) {
-    for (const Constraint& Each : Rule.GetConstraintsAsSetC(Category)) {
-      Result.emplace(Each.GetCategory(), Each.GetConstrainedIndex(),
-                     Grammar::ToUnicode(Each.GetFeature()), Grammar::ToUnicode(Each.GetFeatValue()),
-                     Each.GetRankInCategory(), Each.IsValueConstraint());
+    for (const Constraint& Stored : Rule.GetConstraintsAsSetC(Category)) {
+      Result.emplace(Stored.GetCategory(), Stored.GetConstrainedIndex(),
+                     Grammar::ToUnicode(Stored.GetFeature()),
+                     Grammar::ToUnicode(Stored.GetFeatValue()), Stored.GetRankInCategory(),
+                     Stored.IsValueConstraint());
     }
   }
   return Result;
@@ -65,9 +66,9 @@ std::multiset<Fields> ConstraintsOf(const TrRule& Rule) {
 
 std::multiset<Fields> ConstraintsOf(const JsonValue& Object) {
   std::multiset<Fields> Result;
-  for (const JsonValue& Each : Object.at("constraints")) {
-    Result.emplace(Each.at("category"), Each.at("index"), Each.at("feature"), Each.at("value"),
-                   Each.at("rank"), Each.at("isValue"));
+  for (const JsonValue& Value : Object.at("constraints")) {
+    Result.emplace(Value.at("category"), Value.at("index"), Value.at("feature"), Value.at("value"),
+                   Value.at("rank"), Value.at("isValue"));
   }
   return Result;
 }
@@ -122,7 +123,7 @@ JsonValue AlternativesOf(const TrRule& Rule) {
           {"slWordLabels", vvsSL},       {"tlWordLabels", vvsTL}};
 }
 
-TEST(RuleJson, HasWhatTheRecordHolds) {
+TEST(RuleJson, HasTheMembersOfTheRecord) {
   ForEachRule([](const OwnedRecord& Record, const std::string& Line) {
     const TrRule Rule = Record.Rule();
     const JsonValue Object = JsonValue::parse(Line);
@@ -137,8 +138,8 @@ TEST(RuleJson, HasWhatTheRecordHolds) {
 
 std::string JoinedTexts(const JsonValue& Texts, const std::string& Separator) {
   std::string Joined;
-  for (const JsonValue& Each : Texts) {
-    Joined += (Joined.empty() ? "" : Separator) + Grammar::ToBytes(Each.get<std::string>());
+  for (const JsonValue& Value : Texts) {
+    Joined += (Joined.empty() ? "" : Separator) + Grammar::ToBytes(Value.get<std::string>());
   }
   return Joined;
 }
@@ -152,8 +153,8 @@ TEST(RuleJson, HasTheLabelsAndConstraintLinesOfTheNormalForm) {
                              " [" + JoinedTexts(Object.at("slLabels"), " ") + "] -> [" +
                              JoinedTexts(Object.at("tlLabels"), " ") + "]\n";
     std::string Lines;
-    for (const JsonValue& Each : Object.at("constraints")) {
-      Lines += JoinedTexts(Each.at("lines"), "\n") + "\n";
+    for (const JsonValue& Value : Object.at("constraints")) {
+      Lines += JoinedTexts(Value.at("lines"), "\n") + "\n";
     }
     EXPECT_EQ(Block.substr(0, Head.size()), Head);
     const std::string End = Lines + ")";
@@ -162,7 +163,7 @@ TEST(RuleJson, HasTheLabelsAndConstraintLinesOfTheNormalForm) {
   });
 }
 
-TEST(RuleJson, ComesBackAsTheNormalForm) {
+TEST(RuleJson, IsReadBackAsTheNormalForm) {
   Grammar::JsonReader Reader;
   ForEachRule([&](const OwnedRecord& Record, const std::string& Line) {
     std::string Form;
@@ -178,7 +179,7 @@ TEST(RuleJson, ComesBackAsTheNormalForm) {
   });
 }
 
-TEST(RuleJson, SaysNothingOfARuleThatIsCutOff) {
+TEST(RuleJson, IsEmptyForATruncatedRule) {
   Grammar::JsonReader Reader;
   ForEachRule([&](const OwnedRecord&, const std::string& Line) {
     for (std::size_t Size = 0; Size + 1 < Line.size(); Size += 7) {

@@ -20,7 +20,7 @@ std::vector<std::string> TextsOf(const std::string& Text) {
   return vsTexts;
 }
 
-TEST(RuleReader, CutsBeforeTheCommentsOfTheNextRule) {
+TEST(RuleReader, SplitsBeforeTheCommentsOfTheNextRule) {
   using Cuts = std::vector<std::string>;
   const std::vector<std::pair<std::string, Cuts>> Cases{
       {"", {}},
@@ -32,16 +32,16 @@ TEST(RuleReader, CutsBeforeTheCommentsOfTheNextRule) {
       {"{N,1}\nA\n;; a\nA\n;; b\n{N,2}\n", {"{N,1}\nA\n;; a\nA\n", ";; b\n{N,2}\n"}},
       {"{N,1}\n{N,2}\n", {"{N,1}\n", "{N,2}\n"}},
       {"1. {N,1}\n2. {N,2}\n", {"1. {N,1}\n", "2. {N,2}\n"}},
-      // Behind the last rule, comments are its own.
+      // After the last rule, comments are its own.
       {"{N,1}\nA\n;; end\n", {"{N,1}\nA\n;; end\n"}},
-      // Without headers, sequence lines do.
+      // Without headers, rule lines do.
       {"N::N : [N] -> [N]\n(X1::Y1)\nV::V : [V] -> [V]\n(X1::Y1)\n",
        {"N::N : [N] -> [N]\n(X1::Y1)\n", "V::V : [V] -> [V]\n(X1::Y1)\n"}},
       {"N::N : [N] -> [N]\n(\n)\nV::V : [V] -> [V]\n",
        {"N::N : [N] -> [N]\n(\n)\n", "V::V : [V] -> [V]\n"}},
       {"N::N : [N] -> [N]\n(\n(y2 = y0))\nV::V : [V] -> [V]\n",
        {"N::N : [N] -> [N]\n(\n(y2 = y0))\n", "V::V : [V] -> [V]\n"}},
-      // In a body that is open, or before it, a second sequence line is a mistake.
+      // In a body that is open, or before it, a second rule line is a mistake.
       {"N::N : [N] -> [N]\n(\n(X1::Y1)\nV::V : [V] -> [V]\n)\n",
        {"N::N : [N] -> [N]\n(\n(X1::Y1)\nV::V : [V] -> [V]\n)\n"}},
       {"N::N : [N] -> [N]\nV::V : [V] -> [V]\n(X1::Y1)\n",
@@ -61,7 +61,7 @@ TEST(RuleReader, CutsBeforeTheCommentsOfTheNextRule) {
   }
 }
 
-TEST(RuleReader, GivesLinesWithoutTheirEnds) {
+TEST(RuleReader, ReturnsLinesWithoutTheirEnds) {
   const std::vector<RuleText> vRules = RulesOf("\n;; a\r\n{N,1}\r\r\n\n{N,2}");
   ASSERT_EQ(vRules.size(), 2U);
   const RuleText& First = vRules[0];
@@ -72,17 +72,17 @@ TEST(RuleReader, GivesLinesWithoutTheirEnds) {
   EXPECT_EQ(First.File, "a.trr");
   EXPECT_EQ(First.FirstLine, 1U);
   EXPECT_TRUE(First.HasReturns);
-  EXPECT_FALSE(First.LacksLastEnd);
+  EXPECT_FALSE(First.LacksFinalNewline);
   EXPECT_TRUE(First.HasRule);
   const RuleText& Second = vRules[1];
   ASSERT_EQ(Second.vLines.size(), 2U);
   EXPECT_EQ(Second.Line(1), "{N,2}");
   EXPECT_EQ(Second.FirstLine, 4U);
   EXPECT_FALSE(Second.HasReturns);
-  EXPECT_TRUE(Second.LacksLastEnd);
+  EXPECT_TRUE(Second.LacksFinalNewline);
 }
 
-TEST(RuleReader, TellsCommentsWithoutARule) {
+TEST(RuleReader, DetectsCommentsWithoutARule) {
   for (const auto& [sText, HasRule] : std::vector<std::pair<std::string, bool>>{
            {"\n", false}, {";; a\n; b\n \t\n", false}, {"A\n", true}, {";--;(X1::Y1)\n", true}}) {
     const std::vector<RuleText> vRules = RulesOf(sText);
@@ -110,7 +110,7 @@ TEST(RuleReader, LosesNoByteOfAnyPrefix) {
   }
 }
 
-TEST(RuleReader, FindsRulesAcrossTheBlocksThatItReads) {
+TEST(RuleReader, FindsRulesAcrossBlocks) {
   std::string Text;
   for (int Rule = 0; Rule < 1000; ++Rule) {
     Text += ";; " + std::string(static_cast<std::size_t>(Rule % 97), 'a') + "\n" + SamplePrinted;
@@ -119,7 +119,7 @@ TEST(RuleReader, FindsRulesAcrossTheBlocksThatItReads) {
   ExpectAllBytes(Text);
 }
 
-TEST(RuleReader, GivesARuleThatIsTooLongToBeHeldInPieces) {
+TEST(RuleReader, ReturnsALongRuleInPieces) {
   const std::string Long = "{N,1}\n" + std::string(3 * RuleReader::MaxHeld, 'a') + "\nb\n";
   const std::string Many = [] {
     std::string Lines;
@@ -157,7 +157,7 @@ TEST(RuleReader, EndsALineInPiecesBeforeTheNextRule) {
   }
 }
 
-TEST(RuleReader, ForgetsWhatTheTextHeldBefore) {
+TEST(RuleReader, ReplacesTheContentsOfTheText) {
   std::istringstream Stream("{N,1}");
   RuleReader Reader(Stream, "b.trr");
   RuleText Text = RulesOf("a\r\nb\r\nc").front();

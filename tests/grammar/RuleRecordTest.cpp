@@ -45,7 +45,7 @@ TEST(RuleRecord, KeepsWhatTheLibraryDoesNot) {
   EXPECT_EQ(Record.Rule().GetNumConstraints(), 0);
 }
 
-TEST(RuleRecord, TakesNothingFromTheRuleBefore) {
+TEST(RuleRecord, KeepsNothingOfThePreviousRule) {
   ReadRecord Record(";; SL: a\n;;Score:7\n{NP,8}\n" + Body);
   std::vector<Finding> vFindings;
   ASSERT_TRUE(Record.ReadFirst("VP::VP [V] -> [V]\n(X1::Y1)\n", vFindings));
@@ -71,7 +71,7 @@ TEST(RuleRecord, PutsExamplesBackIntoTheRecord) {
   }
 }
 
-TEST(RuleRecord, TakesNoOtherCommentsForExamples) {
+TEST(RuleRecord, IgnoresOtherComments) {
   ReadRecord Record("; SL: a\n;; TLx: b\n;; SL_alt: c\n;;Score: many\n;; x SL: d\n" + Body);
   EXPECT_EQ(Record.Count(), 1);
   EXPECT_EQ(Record.Rule().GetSLString(), "");
@@ -79,7 +79,7 @@ TEST(RuleRecord, TakesNoOtherCommentsForExamples) {
   EXPECT_EQ(Record.Rule().GetNumTrExamples(), 1);
 }
 
-TEST(RuleRecord, ReadsBackWhatTheStringWriterWrote) {
+TEST(RuleRecord, ReadsTheTextOfTheStringWriter) {
   TrRule First = ReadRecord("{NP,8}\n" + Body).Rule();
   First.SetSLWords(std::string("the car"));
   First.SetTLWords(Strings{"l'auto"});
@@ -94,7 +94,7 @@ TEST(RuleRecord, KeepsAlignmentsWithoutTheirBlanks) {
   EXPECT_EQ(Record.Rule().GetAlignmentStr(), "((1,2),(2,1))");
 }
 
-TEST(RuleRecord, WritesACountWhereTheOldOneStood) {
+TEST(RuleRecord, WritesACountInPlaceOfTheOldOne) {
   const std::vector<std::pair<std::string, Strings>> Cases{
       {";; a\n;; Score: 2\n;; b\n", {";; a", ";;Score:9", ";; b"}},
       {";; a\n", {";; a", ";;Score:9"}},
@@ -109,7 +109,7 @@ TEST(RuleRecord, WritesACountWhereTheOldOneStood) {
   }
 }
 
-TEST(RuleRecord, TellsWhyARuleCannotBeRead) {
+TEST(RuleRecord, ReportsWhyARuleCannotBeRead) {
   const std::string Head = "{NP,8}\nNP::NP : [N] -> [N]\n";
   const std::vector<std::pair<std::string, Strings>> Cases{
       {"{NP,8}\n(X1::Y1)\n", {"1:1+6 TR001"}},
@@ -141,7 +141,7 @@ TEST(RuleRecord, TellsWhyARuleCannotBeRead) {
   }
 }
 
-TEST(RuleRecord, LetsNothingOfTheLibraryOutOnTheStreams) {
+TEST(RuleRecord, PrintsNothingOfTheLibrary) {
   const Written Streams = WrittenBy([] {
     ReadRecord Record("NP::NP : [N] -> [N]\n(X1::Y1)\n(X9::Y9)\n((x1 n) = a)\n((x1 n) = b)\n");
     EXPECT_EQ(Record.Block(), "NP::NP [N] -> [N]\n(\n(X1::Y1)\n(X9::Y9)\n((X1 N) = (*OR* A B))\n)");
@@ -181,7 +181,7 @@ TEST(NormalForm, WritesCommentsHeaderRuleLineAlignmentsAndConstraints) {
       "\t((Y1 NUM) = (Y2 NUM))\t)\n");
 }
 
-TEST(NormalForm, IsWhatTheLibraryPrintsWithAllParentheses) {
+TEST(NormalForm, IsTheTextOfTheLibraryWithAllParentheses) {
   std::string Expected = SamplePrinted;
   for (const std::string sLine : {"(Y1 = (Y0 DET)", "(Y3 = (Y0 MOD)"}) {
     const std::size_t Found = Expected.find(sLine + '\n');
@@ -191,7 +191,7 @@ TEST(NormalForm, IsWhatTheLibraryPrintsWithAllParentheses) {
   EXPECT_EQ(NormalFormOf(SampleText), Expected);
 }
 
-TEST(NormalForm, KeepsWhatARuleMeans) {
+TEST(NormalForm, KeepsTheMeaningOfARule) {
   const std::string Head = "NP::NP [A B] -> [A B]\n(\n(X1::Y1)\n";
   const std::vector<std::pair<std::string, std::string>> Cases{
       // features of several words, on both sides
@@ -222,7 +222,7 @@ TEST(NormalForm, KeepsWhatARuleMeans) {
             "np::NP [DET \"Car\" N] -> [\"el\" N]\n(\n;--;(X2::Y1)\n)\n");
 }
 
-TEST(NormalForm, KeepsAReferenceBehindADoubledSign) {
+TEST(NormalForm, KeepsAReferenceAfterADoubledSign) {
   const std::string Head = "NP::NP [A B] -> [A B]\n(\n(X1::Y1)\n";
   EXPECT_EQ(NormalFormOf(Head + "((y1 num) == (y2 num))\n((x1 num) == sg)\n(y2 == (y0 num))\n)\n"),
             Head + "((X1 NUM) = SG)\n(Y2 = (Y0 NUM))\n((Y1 NUM) = (Y2 NUM))\n)\n");
@@ -244,7 +244,7 @@ TEST(NormalForm, IsStable) {
   }
 }
 
-TEST(NormalForm, IsStableOverEveryCorpusAtHand) {
+TEST(NormalForm, IsStableForEveryCorpus) {
   std::size_t Files = 0;
   for (const char* Folder : {"fuzz/corpus", "tests/regressions", "examples/grammar"}) {
     const std::filesystem::path Root = std::filesystem::path(GrammarPaths::SourceFolder) / Folder;
@@ -261,14 +261,14 @@ TEST(NormalForm, IsStableOverEveryCorpusAtHand) {
   EXPECT_GT(Files, 10U);
 }
 
-TEST(NormalForm, GivesEveryReadablePrefixOfTheSampleAFormThatStays) {
+TEST(NormalForm, IsStableForEveryReadablePrefixOfTheSample) {
   for (std::size_t Size = 0; Size <= SampleText.size(); ++Size) {
     const std::string Once = NormalFormOf(SampleText.substr(0, Size));
     EXPECT_EQ(NormalFormOf(Once), Once) << SampleText.substr(0, Size);
   }
 }
 
-TEST(NormalForm, OnOneLineCanBeUnfolded) {
+TEST(NormalForm, IsRestoredFromOneLine) {
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"", ""},
       {"a\nb\n", "a\tb"},
@@ -286,7 +286,7 @@ TEST(NormalForm, OnOneLineCanBeUnfolded) {
   EXPECT_EQ(Odd, "\\a\\");
 }
 
-TEST(NormalForm, TurnsARuleRound) {
+TEST(NormalForm, FlipsARule) {
   ReadRecord Record(
       ";; SL: the red car\n;;TL:el auto rojo\n;; SL_alt: a\n;; other\n"
       "{NP,8}\n"

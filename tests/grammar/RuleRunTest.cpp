@@ -35,12 +35,12 @@ const std::string Stray =
     ")\n";
 
 const std::string StrayReport =
-    "a.trr:2:8: error TR035: this text is no part of a rule\n"
-    "a.trr:3:29: error TR035: this text is no part of a rule\n"
-    "a.trr:5:10: error TR035: this text is no part of a rule\n"
-    "a.trr:6:1: error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
-    "a.trr:8:1: error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
-    "a.trr:9:1: error TR035: this line is no part of a rule; a comment begins with \";;\"\n";
+    "a.trr:2:8: error TR035: this text is not part of a rule\n"
+    "a.trr:3:29: error TR035: this text is not part of a rule\n"
+    "a.trr:5:10: error TR035: this text is not part of a rule\n"
+    "a.trr:6:1: error TR035: this line is not part of a rule; an alignment needs \"::\"\n"
+    "a.trr:8:1: error TR035: this line is not part of a rule; a constraint needs \"=\"\n"
+    "a.trr:9:1: error TR035: this line is not part of a rule; a comment begins with \";;\"\n";
 
 const std::string StrayBlock =
     "{NP,1}\n"
@@ -83,7 +83,7 @@ TEST(RuleRun, KeepsStrayTextAsComments) {
   EXPECT_EQ(RunOn(Stray, {"print", "--no-comments"}), (ChildEnd{1, StrayBlock, StrayReport}));
 }
 
-TEST(RuleRun, KeepsStrayTextWhereRulesBecomeOne) {
+TEST(RuleRun, KeepsStrayTextOfMergedRules) {
   EXPECT_EQ(RunOn(StrayBlock + Stray + Stray, {"unique"}).Out,
             StrayWritten.substr(0, StrayWritten.find("{NP,1}")) + ";;Score:3\n" + StrayBlock);
 }
@@ -99,7 +99,7 @@ TEST(RuleRun, KeepsStrayTextInJson) {
             (ChildEnd{0, StrayWritten + Good, ""}));
 }
 
-TEST(RuleRun, CarriesARuleWithStrayTextAlongAsItStands) {
+TEST(RuleRun, KeepsARuleWithStrayTextUnchanged) {
   EXPECT_EQ(RunOn(Stray + Good, {"print", "--keep-bad"}), (ChildEnd{1, Stray + Good, StrayReport}));
   EXPECT_EQ(RunOn(Stray + Good, {"sort", "--keep-bad"}), (ChildEnd{1, Good + Stray, StrayReport}));
   EXPECT_EQ(RunOn(Stray + Good, {"unique", "--keep-bad"}),
@@ -110,13 +110,13 @@ TEST(RuleRun, CarriesARuleWithStrayTextAlongAsItStands) {
   EXPECT_EQ(Json.Out.substr(0, 28), "{\"text\":\";; SL: the car\\n{NP");
 }
 
-TEST(RuleRun, WritesTheSameAgain) {
+TEST(RuleRun, WritesAStableOutput) {
   for (const std::string sCommand : {"print", "sort", "unique"}) {
     EXPECT_EQ(RunOn(StrayWritten + Good, {sCommand}), (ChildEnd{0, StrayWritten + Good, ""}));
   }
 }
 
-TEST(RuleRun, SaysHowManyRulesWereLeftOut) {
+TEST(RuleRun, ReportsHowManyRulesWereLeftOut) {
   const std::string OneReport = "a.trr:2:1: error TR002: the rule has no alignment\n";
   const std::string TwoReport = OneReport + "a.trr:4:1: error TR002: the rule has no alignment\n";
   const struct {
@@ -129,21 +129,21 @@ TEST(RuleRun, SaysHowManyRulesWereLeftOut) {
       {Bad + Bad, "", TwoReport + "2 of 2 rules were left out\n"},
       {Bad + Bad + Good, Good, TwoReport + "2 of 3 rules were left out\n"},
   };
-  for (const auto& Each : Cases) {
+  for (const auto& Row : Cases) {
     for (const std::string sCommand : {"print", "sort", "unique"}) {
-      EXPECT_EQ(RunOn(Each.Text, {sCommand}), (ChildEnd{1, Each.Written, Each.Err})) << sCommand;
+      EXPECT_EQ(RunOn(Row.Text, {sCommand}), (ChildEnd{1, Row.Written, Row.Err})) << sCommand;
     }
-    EXPECT_EQ(RunOn(Each.Text, {"json"}).Err, Each.Err);
+    EXPECT_EQ(RunOn(Row.Text, {"json"}).Err, Row.Err);
   }
   // A rule with stray text is not left out.
   EXPECT_EQ(
       RunOn(Bad + Stray.substr(0, Stray.find("# note")) + ")\n", {"print"}).Err,
       OneReport +
-          "a.trr:4:8: error TR035: this text is no part of a rule\n"
-          "a.trr:5:29: error TR035: this text is no part of a rule\n"
-          "a.trr:7:10: error TR035: this text is no part of a rule\n"
-          "a.trr:8:1: error TR035: this line is no part of a rule; an alignment needs \"::\"\n"
-          "a.trr:10:1: error TR035: this line is no part of a rule; a constraint needs \"=\"\n"
+          "a.trr:4:8: error TR035: this text is not part of a rule\n"
+          "a.trr:5:29: error TR035: this text is not part of a rule\n"
+          "a.trr:7:10: error TR035: this text is not part of a rule\n"
+          "a.trr:8:1: error TR035: this line is not part of a rule; an alignment needs \"::\"\n"
+          "a.trr:10:1: error TR035: this line is not part of a rule; a constraint needs \"=\"\n"
           "1 of 2 rules was left out\n");
   EXPECT_EQ(RunOn(Bad + Good, {"print", "--keep-bad"}), (ChildEnd{1, Bad + Good, OneReport}));
 }
@@ -152,12 +152,12 @@ TEST(RuleRun, CountsARuleInPiecesOnce) {
   const std::string Long = "{NP,1}\n" + std::string(std::size_t{5} << 20, 'a') + '\n';
   EXPECT_EQ(RunOn(Long + Good, {"print"}),
             (ChildEnd{1, Good,
-                      "a.trr:1:1: error TR013: the library's reader takes 100,000 bytes behind the "
+                      "a.trr:1:1: error TR013: the library's reader reads 100,000 bytes after the "
                       "first line of a rule, and as many of a line\n"
                       "1 of 2 rules was left out\n"}));
 }
 
-TEST(RuleRun, LeavesOutWhatCannotBeCountedOrRepeated) {
+TEST(RuleRun, OmitsWhatCannotBeCountedOrRepeated) {
   const std::string Report = "a.trr:2:1: error TR002: the rule has no alignment\n";
   for (const std::string sOption : {"--count", "--repeated"}) {
     EXPECT_EQ(
@@ -169,7 +169,7 @@ TEST(RuleRun, LeavesOutWhatCannotBeCountedOrRepeated) {
   }
 }
 
-TEST(RuleRun, CountsTheLinesOfJsonThatAreNoRules) {
+TEST(RuleRun, CountsTheLinesOfJsonThatAreNotRules) {
   const std::string Rule =
       R"j({"slType":"NP","tlType":"NP","slLabels":["N"],"tlLabels":["N"],"alignments":"((1,1))"})j"
       "\n";
@@ -207,7 +207,7 @@ std::string Replaced(const TestFolder& Folder, const std::string& Text, const St
   return Folder.Read("a.trr");
 }
 
-TEST(RuleRun, KnowsAnInputUnderEveryName) {
+TEST(RuleRun, RecognisesAnInputUnderEveryName) {
   const TestFolder Folder;
   const std::string Text = Bad + Good;
   ASSERT_EQ(symlink("a.trr", Folder.Path("link").c_str()), 0);
@@ -227,7 +227,7 @@ TEST(RuleRun, KnowsAnInputUnderEveryName) {
   EXPECT_EQ(Replaced(Folder, Text, {"print", "-o", "a.trr", "-"}, 2, "a.trr"), Text);
 }
 
-TEST(RuleRun, ReplacesAnInputWhereNothingIsLostOrThatIsForced) {
+TEST(RuleRun, ReplacesAnInputWhenNothingIsLostOrWhenForced) {
   const TestFolder Folder;
   const std::string Text = Bad + Good;
   EXPECT_EQ(Replaced(Folder, Text, {"print", "-o", "a.trr", "--keep-bad", "a.trr"}, 1), Text);
@@ -278,7 +278,7 @@ TEST(RuleRun, DoesNotReplaceAGrammarByItsFindings) {
 
 // ---- Files that cannot be read ----------------------------------------------------------------
 
-TEST(RuleRun, ReadsTheOtherFilesWhereOneIsMissing) {
+TEST(RuleRun, ReadsTheOtherFilesWhenOneIsMissing) {
   const std::string Missing = "trrule: cannot read none: No such file or directory\n";
   const std::string Folders = "trrule: cannot read .: Is a directory\n";
   const TestFolder Folder;
@@ -303,7 +303,7 @@ TEST(RuleRun, ReadsTheOtherFilesWhereOneIsMissing) {
   EXPECT_EQ(RunTrrule({"print", "none"}, Folder.Path("")), (ChildEnd{2, "", Missing}));
 }
 
-TEST(RuleRun, WritesNoFileWhereAnInputIsMissing) {
+TEST(RuleRun, WritesNoFileWhenAnInputIsMissing) {
   const TestFolder Folder;
   Folder.Write("a.trr", Bad + Good);
   Folder.Write("b.trr", "before");
@@ -333,7 +333,7 @@ TEST(RuleRun, LeavesOutWhatTheLibraryCannotWrite) {
   EXPECT_EQ(
       RunTrrule({"print", "--as-library", "a.trr"}, Folder.Path("")),
       (ChildEnd{1, "{NP,3}\nNP::NP [\"N\"] -> [N]\n(\n;--;(X1::Y1)\n)\n",
-                "a.trr:2:23: error TR035: this text is no part of a rule\n"
+                "a.trr:2:23: error TR035: this text is not part of a rule\n"
                 "a.trr:5:1: error TR014: the library's reader looks into comments, too, and cannot "
                 "read this rule\n"
                 "a.trr:9:1: error TR014: the library's reader looks into comments, too, and cannot "

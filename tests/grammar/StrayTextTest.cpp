@@ -1,4 +1,4 @@
-// Text on the lines of a rule that is no part of it: what is found, and the comment that keeps it.
+// Text on the lines of a rule that is not part of it: what is found, and the comment that keeps it.
 
 #include "StrayText.h"
 
@@ -25,7 +25,7 @@ Strings StraysOf(const std::string& Line) {
   return vsTexts;
 }
 
-TEST(StrayText, IsAllThatMeansNothingOnALine) {
+TEST(StrayText, IsAllTextWithoutAMeaning) {
   const std::vector<std::pair<std::string, Strings>> Cases{
       // Whole lines.
       {"see above", {"see above"}},
@@ -145,7 +145,7 @@ std::string RandomText(std::mt19937& Random) {
   return Text;
 }
 
-TEST(StrayText, ComesBackFromItsComment) {
+TEST(StrayText, IsRestoredFromItsComment) {
   std::mt19937 Random(7);
   for (int Round = 0; Round < 20000; ++Round) {
     const std::string Text = RandomText(Random);
@@ -156,7 +156,7 @@ TEST(StrayText, ComesBackFromItsComment) {
 const std::string Head = ";; first\n{NP,8}\n";
 const std::string Rest = "NP::NP [N] -> [N]\n(\n(X1::Y1)\n(X0 = X1)\n)\n";
 
-TEST(StrayText, IsNothingButACommentForTheLibrary) {
+TEST(StrayText, IsOnlyACommentForTheLibrary) {
   std::mt19937 Random(8);
   for (int Round = 0; Round < 5000; ++Round) {
     const std::string Comment = Grammar::StrayComment(RandomText(Random));
@@ -182,7 +182,7 @@ TEST(StrayText, IsNeitherAnExampleNorACount) {
   }
 }
 
-TEST(StrayText, StaysWhereARuleIsReadAndWrittenAgain) {
+TEST(StrayText, StaysInARoundTrip) {
   std::mt19937 Random(9);
   std::size_t WithStray = 0;
   for (int Round = 0; Round < 5000; ++Round) {
@@ -213,9 +213,9 @@ TEST(StrayText, StaysWhereARuleIsReadAndWrittenAgain) {
 /// A rule with lines, the first of them line 5, each with its severity.
 Strings LevelsOf(const std::string& Text) {
   Strings vsLevels;
-  for (const Grammar::Finding& Each : FindingsIn(Text)) {
-    if (Each.Code == "TR035") {
-      vsLevels.push_back(std::to_string(Each.Line) + ' ' + std::string(NameOf(Each.Level)));
+  for (const Grammar::Finding& Found : FindingsIn(Text)) {
+    if (Found.Code == "TR035") {
+      vsLevels.push_back(std::to_string(Found.Line) + ' ' + std::string(NameOf(Found.Level)));
     }
   }
   return vsLevels;
@@ -240,7 +240,7 @@ TEST(StrayText, IsAnErrorWithinARuleAndAWarningOutside) {
   }
 }
 
-TEST(StrayText, MustNotMakeTheNormalFormTooLong) {
+TEST(StrayText, IsLimitedByTheLengthOfTheNormalForm) {
   // Every "=" takes three bytes in the comment.
   const auto RuleWith = [](std::size_t Size) {
     return "{NP,1} " + std::string(Size, '=') + "\nNP::NP : [N] -> [N]\n(X1::Y1)\n";

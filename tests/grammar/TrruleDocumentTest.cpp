@@ -13,7 +13,7 @@
 
 namespace {
 
-TEST(TrruleDocument, ShowsWhatTheCommandsPrint) {
+TEST(TrruleDocument, ShowsTheOutputOfTheCommands) {
   ExpectConsolesHold("docs/trrule.md");
 }
 
@@ -28,12 +28,12 @@ std::set<std::string> CodesIn(const std::string& Text) {
 
 TEST(TrruleDocument, ShowsEveryCodeInSomeOutput) {
   std::string Shown;
-  for (const Console& Each : ReadConsoles("docs/trrule.md")) {
-    Shown += Each.Shown;
+  for (const Console& Current : ReadConsoles("docs/trrule.md")) {
+    Shown += Current.Shown;
   }
   std::set<std::string> ssAll;
-  for (const Grammar::CodeInfo& Each : Grammar::AllCodes()) {
-    ssAll.insert(std::string(Each.Code));
+  for (const Grammar::CodeInfo& Info : Grammar::AllCodes()) {
+    ssAll.insert(std::string(Info.Code));
   }
   EXPECT_EQ(CodesIn(Shown), ssAll);
 }
@@ -47,9 +47,9 @@ TEST(TrruleDocument, ListsEveryCodeWithItsTitle) {
     }
   }
   std::string Expected;
-  for (const Grammar::CodeInfo& Each : Grammar::AllCodes()) {
-    Expected.append("| ").append(Each.Code).append(" | ").append(NameOf(Each.Level));
-    Expected.append(" | ").append(Each.Title).append(" |\n");
+  for (const Grammar::CodeInfo& Info : Grammar::AllCodes()) {
+    Expected.append("| ").append(Info.Code).append(" | ").append(NameOf(Info.Level));
+    Expected.append(" | ").append(Info.Title).append(" |\n");
   }
   EXPECT_EQ(Listed, Expected);
 }

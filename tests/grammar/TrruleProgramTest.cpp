@@ -34,7 +34,7 @@ std::string ReadSource(const std::string& Path) {
   return {std::istreambuf_iterator<char>(File), std::istreambuf_iterator<char>()};
 }
 
-TEST(TrruleProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
+TEST(TrruleProgram, EndsWithStatus2AndOneLineWhenTheRunFails) {
   const std::vector<std::pair<Strings, std::string>> Cases{
       {{"sort", "/no/such/file"}, "cannot read /no/such/file: No such file or directory"},
       {{"sort", "/"}, "cannot read /: Is a directory"},
@@ -60,12 +60,14 @@ TEST(TrruleProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
       {{"explain", "TR35"}, "unknown code \"TR35\"; did you mean TR035?"},
       {{"explain", "TR001", "TR9x"}, "unknown code \"TR9x\"; trrule explain lists the codes"},
       {{"sort", "--frob"}, "The following argument was not expected: --frob"},
-      {{"sort", "--memory", "3Q"}, "--memory: 3Q is no size, such as 64M, 2G or 50%"},
-      {{"unique", "--memory", "0"}, "--memory: 0 is no size, such as 64M, 2G or 50%"},
-      {{"unique", "--examples", "-1"}, "--examples: -1 is no number of examples, such as 0 or 3"},
-      {{"unique", "--examples", "x"}, "--examples: x is no number of examples, such as 0 or 3"},
+      {{"sort", "--memory", "3Q"}, "--memory: invalid size 3Q; use a size such as 64M, 2G or 50%"},
+      {{"unique", "--memory", "0"}, "--memory: invalid size 0; use a size such as 64M, 2G or 50%"},
+      {{"unique", "--examples", "-1"},
+       "--examples: invalid number -1; use a number of examples such as 0 or 3"},
+      {{"unique", "--examples", "x"},
+       "--examples: invalid number x; use a number of examples such as 0 or 3"},
       {{"unique", "--examples", "99999999999999999999"},
-       "--examples: 99999999999999999999 is no number of examples, such as 0 or 3"},
+       "--examples: invalid number 99999999999999999999; use a number of examples such as 0 or 3"},
       {{"sort", "--by", "size"}, "--by: size not in {index,type,count,length}"},
   };
   for (const auto& [vsArguments, sMessage] : Cases) {
@@ -98,12 +100,12 @@ TEST(TrruleProgram, ExplainsEachCommandInBothWays) {
   }
 }
 
-TEST(TrruleProgram, TakesCodesInAnyCase) {
+TEST(TrruleProgram, AcceptsCodesInAnyCase) {
   const TestFolder Folder;
   Folder.Write("a.trr", "{ADJP,12}\nADJP::NP : [N] -> [N]\n(X1::Y1)\n");
   const std::string Number =
-      "a.trr:1:7: note TR022: the library's reader keeps the last digit of this number, 2; here "
-      "it stays whole\n  {ADJP,12}\n        ^~\n";
+      "a.trr:1:7: note TR022: the library's reader keeps the last digit of this number, 2; "
+      "trrule keeps all of it\n  {ADJP,12}\n        ^~\n";
   for (const Strings& vsOptions : {Strings{"--only", "tr022"}, Strings{"--only", "TR001, Tr022 "},
                                    Strings{"--severity", "note", "--except=tr021,tr050"}}) {
     Strings vsArguments{"check", "a.trr"};
@@ -121,7 +123,7 @@ TEST(TrruleProgram, HasNothingToDoOnAnEmptyGrammar) {
   }
 }
 
-TEST(TrruleProgram, TellsTheStatusOfARunWithABadRule) {
+TEST(TrruleProgram, ReturnsTheStatusOfARunWithABadRule) {
   const TestFolder Folder;
   const std::string Bad = Folder.Write("bad.trr", "NP::NP : [N -> [N]\n(X1::Y1)\n");
   for (const Strings& vsArguments :
@@ -202,7 +204,7 @@ TEST(TrruleProgram, LeavesNothingBehindWhenItIsInterrupted) {
   }
 }
 
-TEST(TrruleProgram, EndsQuietlyWhereNobodyReads) {
+TEST(TrruleProgram, EndsQuietlyOnAClosedPipe) {
   const TestFolder Folder;
   const std::string Path = Folder.Write("a.trr", LargeGrammar());
   for (const bool IsIgnored : {false, true}) {
@@ -241,7 +243,7 @@ TEST(TrruleProgram, HasHelpWithAnExampleForEachCommand) {
   }
 }
 
-TEST(TrruleProgram, KnowsTheSameOptionsInHelpManualAndCompletions) {
+TEST(TrruleProgram, DocumentsTheSameOptionsInHelpManualAndCompletions) {
   StringSet ssOptions = OptionsIn(RunTrrule({"--help"}).Out);
   for (const char* Command : {"translate", "why", "test"}) {
     ssOptions.merge(OptionsIn(RunTrrule({Command, "--help"}).Out));
@@ -286,8 +288,8 @@ TEST(TrruleProgram, IsCompletedByBash) {
 TEST(TrruleProgram, HasItsCodesCompletedByBash) {
   const std::string Check = "'" + std::string(GrammarPaths::Program) + "' check ";
   std::string All;
-  for (const Grammar::CodeInfo& Each : Grammar::AllCodes()) {
-    All.append(All.empty() ? "" : " ").append(Each.Code);
+  for (const Grammar::CodeInfo& Info : Grammar::AllCodes()) {
+    All.append(All.empty() ? "" : " ").append(Info.Code);
   }
   EXPECT_EQ(OfferedByBash(Check + "--only ''", 3), All + "\n");
   EXPECT_EQ(OfferedByBash(Check + "--except TR01", 3),

@@ -17,20 +17,20 @@ using Grammar::NodePath;
 using Grammar::UsableRule;
 
 std::string TextOf(const NodePath& Path) {
-  std::string Text = (Path.Of == Grammar::Side::X ? "x" : "y") + std::to_string(Path.Index);
-  for (const std::string_view Each : Path.vFeatures) {
-    Text.append(" ").append(Each);
+  std::string Text = (Path.OnSide == Grammar::Side::X ? "x" : "y") + std::to_string(Path.Index);
+  for (const std::string_view Current : Path.vFeatures) {
+    Text.append(" ").append(Current);
   }
   return Text;
 }
 
-std::string TextOf(const Equation& Each) {
-  std::string Text = std::to_string(Each.Line) + ": " + TextOf(Each.Left);
-  if (Each.Kind == EquationKind::Path) {
-    return Text + " = " + TextOf(Each.Right) + '\n';
+std::string TextOf(const Equation& Current) {
+  std::string Text = std::to_string(Current.Line) + ": " + TextOf(Current.Left);
+  if (Current.Kind == EquationKind::Path) {
+    return Text + " = " + TextOf(Current.Right) + '\n';
   }
-  Text += Each.Kind == EquationKind::Any ? " in" : " not in";
-  for (const std::string_view Atom : Each.vAtoms) {
+  Text += Current.Kind == EquationKind::Any ? " in" : " not in";
+  for (const std::string_view Atom : Current.vAtoms) {
     Text.append(" <").append(Atom).append(">");
   }
   return Text + '\n';
@@ -52,17 +52,17 @@ std::string MeaningOf(const std::string& Text, bool IsReversed = false) {
   std::vector<Grammar::Finding> vFindings;
   if (!ReadUsableRule(vRules.at(0), IsReversed, Lines, Rule, vFindings)) {
     std::string Places;
-    for (const Grammar::Finding& Each : vFindings) {
-      Places += NameOf(Each.Level);
-      Places += ' ' + PlaceOf(Each) + ' ' + Each.Message + '\n';
+    for (const Grammar::Finding& Found : vFindings) {
+      Places += NameOf(Found.Level);
+      Places += ' ' + PlaceOf(Found) + ' ' + Found.Message + '\n';
     }
     return Places;
   }
   std::string Meaning(Rule.File);
   Meaning += ':' + std::to_string(Rule.Line) + ' ' + (Rule.HasHeader ? Rule.Header : "-") + " x" +
              std::to_string(Rule.Count) + '\n' + TextOf(Rule.X) + " / " + TextOf(Rule.Y) + '\n';
-  for (const Equation& Each : Rule.vEquations) {
-    Meaning += TextOf(Each);
+  for (const Equation& Current : Rule.vEquations) {
+    Meaning += TextOf(Current);
   }
   return Meaning;
 }
@@ -82,7 +82,7 @@ const std::string Example =
 
 }  // namespace
 
-TEST(UsableRule, HoldsWhatTheLinesMean) {
+TEST(UsableRule, HasTheMeaningOfTheLines) {
   EXPECT_EQ(MeaningOf(Example),
             "a.trr:3 NP,7 x12\n"
             "NP \"La\" N / Np n\n"
@@ -93,7 +93,7 @@ TEST(UsableRule, HoldsWhatTheLinesMean) {
             "10: x1 num not in <sg>\n");
 }
 
-TEST(UsableRule, ExchangesTheSidesInAllOfIt) {
+TEST(UsableRule, ExchangesAllSides) {
   EXPECT_EQ(
       MeaningOf("NP::Np : [A N] -> [n a]\n(X2::Y1)\n(X1::Y2)\n(y1 = x2)\n((x0 num) = sg)\n", true),
       "a.trr:1 - x1\n"
@@ -117,13 +117,13 @@ TEST(UsableRule, HasTheHeaderAndTheCountThatCanBeRead) {
       {";;Score: 99999999999\n", "- x2147483647"},
       {";;;Score: 5\n;Score: 6\n;; a Score: 7\n", "- x1"},
   };
-  for (const auto& Each : Cases) {
-    const std::string Meaning = MeaningOf(Each.Before + "A::A [\"a\"] -> [\"b\"]\n(X1::Y1)\n");
-    EXPECT_EQ(Meaning.substr(Meaning.find(' ') + 1), Each.Expected + "\nA \"a\" / A \"b\"\n");
+  for (const auto& Row : Cases) {
+    const std::string Meaning = MeaningOf(Row.Before + "A::A [\"a\"] -> [\"b\"]\n(X1::Y1)\n");
+    EXPECT_EQ(Meaning.substr(Meaning.find(' ') + 1), Row.Expected + "\nA \"a\" / A \"b\"\n");
   }
 }
 
-TEST(UsableRule, IsNoneWithAReason) {
+TEST(UsableRule, IsMissingWithAReason) {
   const std::string Line = "N::N [A] -> [A]\n";
   const struct {
     std::string Text;
@@ -131,7 +131,7 @@ TEST(UsableRule, IsNoneWithAReason) {
   } Cases[] = {
       {Line, "error 1:1+15 TR002 the rule has no alignment\n"},
       {Line + "(X1::Y1)\n(x0 = sg)\n",
-       "error 3:7+2 TR012 \"sg\" is no node, and only a node can equal x0\n"},
+       "error 3:7+2 TR012 \"sg\" is not a node, and only a node can equal x0\n"},
       {Line + "(X1::Y1)\n((x0 num) = (*OR* a (b)))\n",
        "error 3:21+2 TR008 the constraint is not in the format from here on\n"},
       {Line + "(X1::Y1)\n((x0 ext) = (x3 ext))\n",
@@ -149,8 +149,8 @@ TEST(UsableRule, IsNoneWithAReason) {
       {"N::N [A] -> [B C]\n(X1::Y1)\n(X1::Y3)\n",
        "error 3:6+2 TR010 there is no Y3: the target side has 2 components\n"},
   };
-  for (const auto& Each : Cases) {
-    EXPECT_EQ(MeaningOf(Each.Text), Each.Expected);
+  for (const auto& Row : Cases) {
+    EXPECT_EQ(MeaningOf(Row.Text), Row.Expected);
   }
   EXPECT_EQ(MeaningOf("N::N [A B] -> [C]\n(X1::Y1)\n", true),
             "error 1:9+1 TR015 the target component has no source to come from\n");

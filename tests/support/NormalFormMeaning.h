@@ -20,11 +20,11 @@
 
 /// Whether the library's record keeps white space of an alignment, "(X1::Y1 )".
 inline bool HasWideAlignment(const Grammar::SourceRule& Rule) {
-  const auto IsWide = [&](const Grammar::SourceRule::AlignmentLine& Each) {
-    const std::string Capitals = TrRuleInternal::Upper(std::string(Rule.CodeOf(Each.Line)));
+  const auto IsWide = [&](const Grammar::SourceRule::AlignmentLine& Aligned) {
+    const std::string Capitals = TrRuleInternal::Upper(std::string(Rule.CodeOf(Aligned.Line)));
     TrRuleInternal::AlignmentTexts Texts;
     TrRuleInternal::ReadAlignment(Capitals, Texts);
-    return Texts.X != Each.Parts.XText || Texts.Y != Each.Parts.YText;
+    return Texts.X != Aligned.Parts.XText || Texts.Y != Aligned.Parts.YText;
   };
   return std::any_of(Rule.Alignments().begin(), Rule.Alignments().end(), IsWide);
 }
@@ -38,21 +38,21 @@ inline bool HasWideTypes(const Grammar::SourceRule& Rule) {
 
 /// Whether a reference is after a feature and a doubled sign, where the library reads a value.
 inline bool HasDoubledReference(const Grammar::SourceRule& Rule) {
-  const auto IsDoubled = [](const Grammar::SourceRule::ConstraintLine& Each) {
-    return Each.Parts.Kind == TrRuleInternal::RightKind::Reference && !Each.Parts.IsWholeNode &&
-           Each.Parts.Equals.size() > 1;
+  const auto IsDoubled = [](const Grammar::SourceRule::ConstraintLine& Line) {
+    return Line.Parts.Kind == TrRuleInternal::RightKind::Reference && !Line.Parts.IsWholeNode &&
+           Line.Parts.Equals.size() > 1;
   };
   return std::any_of(Rule.Constraints().begin(), Rule.Constraints().end(), IsDoubled);
 }
 
-/// Whether the library reads text on a header line that is no part of the rule, "{NP,8} a = b".
+/// Whether the library reads text on a header line that is not part of the rule, "{NP,8} a = b".
 inline bool HasReadStray(const Grammar::SourceRule& Rule) {
   const auto IsRead = [](std::string_view Text) {
     const TrRuleInternal::LineMarks Marks = TrRuleInternal::ScanLine(Text).Whole;
     return Marks.HasArrow || Marks.HasColons || Marks.HasEquals;
   };
-  return std::any_of(Rule.Headers().begin(), Rule.Headers().end(), [&](const auto& Each) {
-    const auto vStray = Grammar::StrayTexts(Rule.Text().Parts(Each.Line));
+  return std::any_of(Rule.Headers().begin(), Rule.Headers().end(), [&](const auto& Header) {
+    const auto vStray = Grammar::StrayTexts(Rule.Text().Parts(Header.Line));
     return std::any_of(vStray.begin(), vStray.end(), IsRead);
   });
 }
@@ -63,7 +63,7 @@ inline bool HasReadComment(const Grammar::SourceRule& Rule) {
   std::vector<Grammar::Finding> vFindings;
   Grammar::CheckRule(Rule.Text(), Checked, vFindings);
   return std::any_of(vFindings.begin(), vFindings.end(),
-                     [](const Grammar::Finding& Each) { return Each.Code == "TR029"; });
+                     [](const Grammar::Finding& Found) { return Found.Code == "TR029"; });
 }
 
 /// Whether the library takes a rule for another one than is meant, and so for another one than its

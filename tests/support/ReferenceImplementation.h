@@ -47,7 +47,7 @@ std::string Replaced(std::string Text, const std::string& From, const std::strin
 /// The marks that a text holds, of `;;`, `{`, `] -> [`, `::` and `=`, in this order.
 Strings MarksIn(const std::string& Text);
 
-/// The start of the comment in a line; the size of the line if there is not one.
+/// The start of the comment in a line; the size of the line if there is none.
 std::size_t CommentBegin(const std::string& Line);
 
 // The parts of lines in their common form, in the order of the fields; nothing for any other text.

@@ -11,7 +11,7 @@ using Translate::AtomSet;
 using Translate::AtomSetId;
 using Translate::AtomSets;
 
-TEST(AtomSets, KeepsEachSetOnceWhateverItsOrder) {
+TEST(AtomSets, StoresEachSetOnceInAnyOrder) {
   AtomSets Sets;
   EXPECT_EQ(Sets.Intern({false, {3, 1, 3}}), Sets.Intern({false, {1, 3}}));
   EXPECT_NE(Sets.Intern({false, {1, 3}}), Sets.Intern({true, {1, 3}}));
@@ -33,12 +33,12 @@ TEST(AtomSets, IntersectsWhatIsLeft) {
       {{true, {1}}, {true, {1}}, AtomSet{true, {1}}},
   };
   AtomSets Sets;
-  for (const Case& Each : vCases) {
-    const AtomSetId Left = Sets.Intern(Each.Left);
-    const AtomSetId Right = Sets.Intern(Each.Right);
+  for (const Case& Row : vCases) {
+    const AtomSetId Left = Sets.Intern(Row.Left);
+    const AtomSetId Right = Sets.Intern(Row.Right);
     for (const std::optional<AtomSetId> Both :
          {Sets.Intersect(Left, Right), Sets.Intersect(Right, Left)}) {
-      EXPECT_EQ(Both ? std::optional<AtomSet>(Sets.Set(*Both)) : std::nullopt, Each.Both);
+      EXPECT_EQ(Both ? std::optional<AtomSet>(Sets.Set(*Both)) : std::nullopt, Row.Both);
     }
   }
 }

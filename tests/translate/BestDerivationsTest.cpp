@@ -37,7 +37,7 @@ std::vector<std::uint32_t> AllConstituents(const Translate::Chart& Parsed) {
 }
 
 /// Each chart is asked for the derivations of all of its constituents together.
-TEST(BestDerivations, GivesEachOnceTheBetterFirstAndAsManyAsItCounts) {
+TEST(BestDerivations, ReturnsEachOnceBestFirstAndAsManyAsItCounts) {
   constexpr std::uint64_t Most = 500;
   std::size_t Compared = 0;
   for (unsigned Seed = 0; Seed < 200 && !HasFailure(); ++Seed) {
@@ -71,7 +71,7 @@ TEST(BestDerivations, GivesEachOnceTheBetterFirstAndAsManyAsItCounts) {
   EXPECT_GT(Compared, 1000U);
 }
 
-TEST(BestDerivations, BeginsAgainWithOtherGoals) {
+TEST(BestDerivations, RestartsWithOtherGoals) {
   TestEngine Engine("A::A : [\"a\"] -> [\"x\"]\n(X1::Y1)\nB::B : [\"a\"] -> [\"y\"]\n(X1::Y1)\n");
   Engine.Engine.Translate("a", {});
   BestDerivations Best(Engine.Engine.ParsedChart());

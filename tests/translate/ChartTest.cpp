@@ -32,15 +32,15 @@ std::string Repeated(const std::string& Word, int Count) {
 std::string SpansOf(const Chart& Parsed) {
   std::string Spans;
   for (std::size_t Start = 0; Start < Parsed.Tokens().size(); ++Start) {
-    for (const Chart::Cell& Each : Parsed.CellsAt(Start)) {
-      Spans += std::to_string(Each.Start) + '-' + std::to_string(Each.End) + ':' +
-               std::to_string(Each.ConstituentCount) + ' ';
+    for (const Chart::Cell& Current : Parsed.CellsAt(Start)) {
+      Spans += std::to_string(Current.Start) + '-' + std::to_string(Current.End) + ':' +
+               std::to_string(Current.ConstituentCount) + ' ';
     }
   }
   return Spans;
 }
 
-TEST(Chart, CutsTheTextAtWhiteSpace) {
+TEST(Chart, SplitsTheTextAtWhiteSpace) {
   TestEngine Engine(Binary);
   Engine.Engine.Translate(" a\t\vb  cd\f", {});
   EXPECT_EQ(Engine.Engine.ParsedChart().Tokens(), (std::vector<std::string_view>{"a", "b", "cd"}));
@@ -58,7 +58,7 @@ TEST(Chart, FindsTheSpansOfConstituents) {
   EXPECT_EQ(Parsed.FindCell(2, 3), nullptr);
 }
 
-TEST(Chart, PacksWhatIsTheSame) {
+TEST(Chart, PacksEqualConstituents) {
   TestEngine Engine(Binary);
   Engine.Engine.Translate(Repeated("a", 5), {});
   const Chart::Counts Counts = Engine.Engine.ParsedChart().Count();
@@ -92,7 +92,7 @@ std::uint64_t CountSteps(const Chart& Parsed) {
   return Count;
 }
 
-TEST(Chart, FindsAllStepsAgain) {
+TEST(Chart, ReturnsAllStepsOfAConstituent) {
   std::uint64_t Steps = 0;
   for (unsigned Seed = 0; Seed < 150 && !HasFailure(); ++Seed) {
     RandomGrammar Random(Seed);
@@ -115,7 +115,7 @@ TEST(Chart, GrowsWithTheSquareOfTheText) {
   EXPECT_LT(Engine.Engine.ParsedChart().Bytes(), 41 * Once / 10);
 }
 
-TEST(Chart, EndsAtItsLimits) {
+TEST(Chart, StopsAtItsLimits) {
   // Each word has two structures, and the rule reads all of them.
   std::string Line = "S::S : [";
   std::string Body = "] -> [\"y\"]\n(X1::Y1)\n";
@@ -142,22 +142,22 @@ TEST(Chart, EndsAtItsLimits) {
   EXPECT_EQ(Parsed.Outcome(), ChartOutcome::Whole);
 }
 
-TEST(Chart, TellsWhichLimitWasReached) {
+TEST(Chart, ReportsTheLimitThatWasReached) {
   TestEngine Engine(Binary);
   Translate::TextOptions Options;
   Options.Limits.MaxConstituents = 2;
   EXPECT_EQ(Engine.Engine.Translate("a a", Options).Error, "there are more than 2 constituents");
 }
 
-TEST(Chart, KeepsTheRulesOfAChain) {
+TEST(Chart, StoresTheRulesOfAChain) {
   TestEngine Engine(
       "A::A : [B] -> [B]\n(X1::Y1)\nB::B : [A] -> [A]\n(X1::Y1)\nA::A : [\"a\"] -> [\"x\"]\n"
       "(X1::Y1)\n");
   Engine.Engine.Translate("a", {});
   const Chart& Parsed = Engine.Engine.ParsedChart();
   std::set<std::vector<std::uint32_t>> Chains;
-  for (const Chart::Constituent& Each : Parsed.Constituents()) {
-    const auto Rules = Parsed.ChainRules(Each.Chain);
+  for (const Chart::Constituent& Current : Parsed.Constituents()) {
+    const auto Rules = Parsed.ChainRules(Current.Chain);
     Chains.emplace(Rules.begin(), Rules.end());
   }
   EXPECT_EQ(Chains, (std::set<std::vector<std::uint32_t>>{{}, {1}, {0, 1}}));

@@ -8,7 +8,7 @@ namespace {
 
 using Translate::Derivations;
 
-TEST(Derivations, GivesEqualTreesOneNumber) {
+TEST(Derivations, NumbersEqualTreesAlike) {
   Derivations Trees;
   const auto Leaf = Trees.Tree(4, Derivations::NoList, -5);
   const auto Both = Trees.List(Trees.List(Derivations::NoList, Leaf), Leaf);
@@ -20,7 +20,7 @@ TEST(Derivations, GivesEqualTreesOneNumber) {
   EXPECT_EQ(vParts, (std::vector<Derivations::TreeId>{Leaf, Leaf}));
 }
 
-TEST(Derivations, ComparesTheFirstRuleThatDiffers) {
+TEST(Derivations, ComparesTheFirstDifferentRule) {
   Derivations Trees;
   const auto Three = Trees.Tree(3, Derivations::NoList, 0);
   const auto Four = Trees.Tree(4, Derivations::NoList, 0);

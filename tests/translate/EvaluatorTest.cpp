@@ -23,7 +23,7 @@ TEST(Evaluator, NumbersListsOfKeys) {
   EXPECT_EQ(Equations.LastKey(Both).Target, 2U);
 }
 
-TEST(Evaluator, RemembersWhatItHasWorkedOut) {
+TEST(Evaluator, ReusesItsResults) {
   const TestEngine Engine(
       "S::S : [A] -> [A]\n(X1::Y1)\n((x0 f) = x1)\n((x1 g) = p)\n"
       "A::A : [\"a\"] -> [\"x\"]\n(X1::Y1)\n");

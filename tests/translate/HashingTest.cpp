@@ -11,7 +11,7 @@ namespace {
 using Grammar::NoEntry;
 using Grammar::PairTable;
 
-TEST(PairTable, NumbersPairsInTheOrderOfTheirComing) {
+TEST(PairTable, NumbersPairsInTheOrderOfInsertion) {
   PairTable Table;
   EXPECT_EQ(Table.Find(1, 2), NoEntry);
   EXPECT_EQ(Table.Intern(1, 2), 0U);
@@ -25,7 +25,7 @@ TEST(PairTable, NumbersPairsInTheOrderOfTheirComing) {
   EXPECT_EQ(Table.Intern(NoEntry, 0), 0U);
 }
 
-TEST(PairTable, DoesWhatAMapDoes) {
+TEST(PairTable, MatchesAMap) {
   PairTable Table;
   std::map<std::pair<std::uint32_t, std::uint32_t>, std::uint32_t> Expected;
   for (std::uint32_t Number = 0; Number < 20000; ++Number) {

@@ -97,11 +97,11 @@ std::size_t CompareNormalForm(const std::string& Text, const Strings& vsTexts) {
   return Compared;
 }
 
-TEST(Invariance, ANormalFormMeansTheSame) {
+TEST(Invariance, HoldsForNormalForms) {
   std::size_t Compared = 0;
   for (unsigned Seed = 0; Seed < 150 && !HasFailure(); ++Seed) {
-    const Trial Each(Seed);
-    Compared += CompareNormalForm(TextOf(Each.vRules), Each.vsTexts);
+    const Trial Current(Seed);
+    Compared += CompareNormalForm(TextOf(Current.vRules), Current.vsTexts);
   }
   EXPECT_GT(Compared, 1000U);
 }
@@ -109,8 +109,8 @@ TEST(Invariance, ANormalFormMeansTheSame) {
 /// Texts of a few of the words that the rules know.
 Strings TextsFor(const std::string& Grammar, RandomGrammar& Random) {
   Strings vsWords{"a"};
-  for (const Grammar::UsableRule& Each : ReadGrammar(Grammar).vRules) {
-    for (const std::string_view Label : Each.X.vLabels) {
+  for (const Grammar::UsableRule& Rule : ReadGrammar(Grammar).vRules) {
+    for (const std::string_view Label : Rule.X.vLabels) {
       if (Grammar::IsLiteral(Label)) {
         vsWords.emplace_back(Grammar::WordOf(Label));
       }
@@ -134,7 +134,7 @@ std::string ContentOf(const std::filesystem::path& File) {
   return Content.str();
 }
 
-TEST(Invariance, TheNormalFormOfEveryGrammarOfTheRepositoryMeansTheSame) {
+TEST(Invariance, HoldsForTheNormalFormOfEveryGrammarOfTheRepository) {
   RandomGrammar Random(1);
   std::size_t Files = 0;
   std::size_t Compared = 0;
@@ -157,18 +157,18 @@ TEST(Invariance, TheNormalFormOfEveryGrammarOfTheRepositoryMeansTheSame) {
 
 // ---- Order ------------------------------------------------------------------------------------
 
-TEST(Invariance, TheOrderOfConstraintsMeansNothing) {
+TEST(Invariance, HoldsForAnyOrderOfConstraints) {
   std::size_t Compared = 0;
   for (unsigned Seed = 1000; Seed < 1150 && !HasFailure(); ++Seed) {
-    Trial Each(Seed);
-    TestEngine Before(TextOf(Each.vRules));
-    for (RandomRule& Rule : Each.vRules) {
-      Each.Random.Shuffle(Rule.vConstraints);
+    Trial Current(Seed);
+    TestEngine Before(TextOf(Current.vRules));
+    for (RandomRule& Rule : Current.vRules) {
+      Current.Random.Shuffle(Rule.vConstraints);
     }
-    TestEngine After(TextOf(Each.vRules));
-    for (const std::string& sText : Each.vsTexts) {
+    TestEngine After(TextOf(Current.vRules));
+    for (const std::string& sText : Current.vsTexts) {
       const std::optional<Strings> vsExpected = DerivationsOf(Before, sText);
-      EXPECT_EQ(DerivationsOf(After, sText), vsExpected) << sText << '\n' << TextOf(Each.vRules);
+      EXPECT_EQ(DerivationsOf(After, sText), vsExpected) << sText << '\n' << TextOf(Current.vRules);
       Compared += vsExpected ? vsExpected->size() : 0;
     }
   }
@@ -177,25 +177,25 @@ TEST(Invariance, TheOrderOfConstraintsMeansNothing) {
 
 /// The order of rules decides between equal scores alone; that of features and atoms, which come up
 /// with the rules, decides nothing.
-TEST(Invariance, TheOrderOfRulesChangesNoDerivation) {
+TEST(Invariance, HoldsForAnyOrderOfRules) {
   std::size_t Compared = 0;
   for (unsigned Seed = 2000; Seed < 2150 && !HasFailure(); ++Seed) {
-    Trial Each(Seed);
-    TestEngine Before(TextOf(Each.vRules));
-    std::vector<std::size_t> vOrder(Each.vRules.size());
+    Trial Current(Seed);
+    TestEngine Before(TextOf(Current.vRules));
+    std::vector<std::size_t> vOrder(Current.vRules.size());
     for (std::size_t Index = 0; Index < vOrder.size(); ++Index) {
       vOrder[Index] = Index;
     }
-    Each.Random.Shuffle(vOrder);
+    Current.Random.Shuffle(vOrder);
     std::vector<RandomRule> vShuffled;
     for (const std::size_t Index : vOrder) {
-      vShuffled.push_back(Each.vRules[Index]);
+      vShuffled.push_back(Current.vRules[Index]);
     }
     TestEngine After(TextOf(vShuffled));
     const auto OldNumber = [&](std::uint32_t Number) {
       return std::to_string(vOrder[Number - 1] + 1);
     };
-    for (const std::string& sText : Each.vsTexts) {
+    for (const std::string& sText : Current.vsTexts) {
       const std::optional<Strings> vsExpected = DerivationsOf(Before, sText);
       const std::optional<Strings> vsFound = DerivationsOf(After, sText, OldNumber);
       ASSERT_EQ(vsFound.has_value(), vsExpected.has_value()) << sText << '\n' << TextOf(vShuffled);
@@ -208,20 +208,20 @@ TEST(Invariance, TheOrderOfRulesChangesNoDerivation) {
   EXPECT_GT(Compared, 1000U);
 }
 
-TEST(Invariance, TheOrderOfFeaturesAndAtomsMeansNothing) {
+TEST(Invariance, HoldsForAnyOrderOfFeaturesAndAtoms) {
   // A rule that nothing uses names them first, in another order.
   const std::string Names =
       "Q::Q : [\"q\"] -> [\"q\"]\n(X1::Y1)\n((y0 h) = r)\n((y0 g) = new york)\n((y0 f) = q)\n";
   std::size_t Compared = 0;
   for (unsigned Seed = 3000; Seed < 3100 && !HasFailure(); ++Seed) {
-    const Trial Each(Seed);
-    TestEngine Before(TextOf(Each.vRules));
-    TestEngine After(Names + TextOf(Each.vRules));
+    const Trial Current(Seed);
+    TestEngine Before(TextOf(Current.vRules));
+    TestEngine After(Names + TextOf(Current.vRules));
     const auto OldNumber = [](std::uint32_t Number) { return std::to_string(Number - 1); };
-    for (const std::string& sText : Each.vsTexts) {
+    for (const std::string& sText : Current.vsTexts) {
       const std::optional<Strings> vsExpected = DerivationsOf(Before, sText);
       EXPECT_EQ(DerivationsOf(After, sText, OldNumber), vsExpected) << sText << '\n'
-                                                                    << TextOf(Each.vRules);
+                                                                    << TextOf(Current.vRules);
       Compared += vsExpected ? vsExpected->size() : 0;
     }
   }
@@ -244,18 +244,18 @@ void ExpectAllOf(const Strings& vsFewer, const Strings& vsMore, const std::strin
   EXPECT_EQ(vsLost, Strings()) << Where;
 }
 
-TEST(Invariance, AnotherRuleTakesNoDerivationAway) {
+TEST(Invariance, HoldsWithAnotherRule) {
   std::size_t Gained = 0;
   for (unsigned Seed = 4000; Seed < 4150 && !HasFailure(); ++Seed) {
-    Trial Each(Seed);
-    TestEngine Before(TextOf(Each.vRules));
-    Each.vRules.push_back(Each.Random.PhraseRule());
-    TestEngine After(TextOf(Each.vRules));
-    for (const std::string& sText : Each.vsTexts) {
+    Trial Current(Seed);
+    TestEngine Before(TextOf(Current.vRules));
+    Current.vRules.push_back(Current.Random.PhraseRule());
+    TestEngine After(TextOf(Current.vRules));
+    for (const std::string& sText : Current.vsTexts) {
       const std::optional<Strings> vsFewer = DerivationsOf(Before, sText);
       const std::optional<Strings> vsMore = DerivationsOf(After, sText);
       if (vsFewer && vsMore) {
-        ExpectAllOf(*vsFewer, *vsMore, sText + '\n' + TextOf(Each.vRules));
+        ExpectAllOf(*vsFewer, *vsMore, sText + '\n' + TextOf(Current.vRules));
         Gained += vsMore->size() - vsFewer->size();
       }
     }
@@ -264,10 +264,11 @@ TEST(Invariance, AnotherRuleTakesNoDerivationAway) {
 }
 
 /// Whether a value stands on a path on which another one stands, too.
-bool HasAlternative(const RandomRule& Rule, const RandomConstraint& Each) {
-  return !Each.Path.empty() &&
-         std::count_if(Rule.vConstraints.begin(), Rule.vConstraints.end(),
-                       [&](const RandomConstraint& Other) { return Other.Path == Each.Path; }) > 1;
+bool HasAlternative(const RandomRule& Rule, const RandomConstraint& Constraint) {
+  return !Constraint.Path.empty() &&
+         std::count_if(
+             Rule.vConstraints.begin(), Rule.vConstraints.end(),
+             [&](const RandomConstraint& Other) { return Other.Path == Constraint.Path; }) > 1;
 }
 
 /// Takes a constraint out of about every second rule, unless it is an alternative.
@@ -294,9 +295,9 @@ std::optional<Strings> RuleTreesOf(TestEngine& Grammar, const std::string& Text)
     return std::nullopt;
   }
   Strings vsTrees;
-  for (const Translate::Translation& Each : Result.vTranslations) {
-    std::string& sTree = vsTrees.emplace_back("- " + Each.Target);
-    for (const Translate::TreeNode& Node : Grammar.Engine.NodesOf(Each.Tree, 0)) {
+  for (const Translate::Translation& Best : Result.vTranslations) {
+    std::string& sTree = vsTrees.emplace_back("- " + Best.Target);
+    for (const Translate::TreeNode& Node : Grammar.Engine.NodesOf(Best.Tree, 0)) {
       sTree += ' ' + std::to_string(Grammar.Set().At(Node.Rule).Number) + '/' +
                std::to_string(Node.Parts);
     }
@@ -304,19 +305,19 @@ std::optional<Strings> RuleTreesOf(TestEngine& Grammar, const std::string& Text)
   return vsTrees;
 }
 
-TEST(Invariance, FewerConstraintsTakeNoDerivationAway) {
+TEST(Invariance, HoldsWithFewerConstraints) {
   std::size_t Gained = 0;
   for (unsigned Seed = 5000; Seed < 5200 && !HasFailure(); ++Seed) {
-    Trial Each(Seed);
-    TestEngine Before(TextOf(Each.vRules));
-    const std::string Text = TextOf(Each.vRules);
-    TakeConstraintsOut(Each);
-    TestEngine After(TextOf(Each.vRules));
-    for (const std::string& sText : Each.vsTexts) {
+    Trial Current(Seed);
+    TestEngine Before(TextOf(Current.vRules));
+    const std::string Text = TextOf(Current.vRules);
+    TakeConstraintsOut(Current);
+    TestEngine After(TextOf(Current.vRules));
+    for (const std::string& sText : Current.vsTexts) {
       const std::optional<Strings> vsFewer = RuleTreesOf(Before, sText);
       const std::optional<Strings> vsMore = RuleTreesOf(After, sText);
       if (vsFewer && vsMore) {
-        ExpectAllOf(*vsFewer, *vsMore, sText + '\n' + Text + "----\n" + TextOf(Each.vRules));
+        ExpectAllOf(*vsFewer, *vsMore, sText + '\n' + Text + "----\n" + TextOf(Current.vRules));
         Gained += vsMore->size() - vsFewer->size();
       }
     }
@@ -357,24 +358,24 @@ std::string Written(const Translate::RuleSet& Rules, const Strings& vsTexts, uns
   return Out;
 }
 
-TEST(Invariance, AnyNumberOfThreadsGivesTheSame) {
+TEST(Invariance, HoldsForAnyNumberOfThreads) {
   for (unsigned Seed = 6000; Seed < 6020; ++Seed) {
-    Trial Each(Seed);
+    Trial Current(Seed);
     for (int Count = 0; Count < 40; ++Count) {
-      Each.vsTexts.push_back(Each.Random.Text("abc"));
+      Current.vsTexts.push_back(Current.Random.Text("abc"));
     }
-    const TestEngine Grammar(TextOf(Each.vRules));
-    const std::string Alone = Written(Grammar.Set(), Each.vsTexts, 1);
+    const TestEngine Grammar(TextOf(Current.vRules));
+    const std::string Alone = Written(Grammar.Set(), Current.vsTexts, 1);
     for (const unsigned Threads : {2U, 3U, 8U}) {
-      EXPECT_EQ(Written(Grammar.Set(), Each.vsTexts, Threads), Alone) << TextOf(Each.vRules);
+      EXPECT_EQ(Written(Grammar.Set(), Current.vsTexts, Threads), Alone) << TextOf(Current.vRules);
     }
   }
 }
 
-TEST(Invariance, LimitsThatAreFarAwayMeanNothing) {
+TEST(Invariance, HoldsForLargeLimits) {
   for (unsigned Seed = 7000; Seed < 7060 && !HasFailure(); ++Seed) {
-    const Trial Each(Seed);
-    TestEngine Grammar(TextOf(Each.vRules));
+    const Trial Current(Seed);
+    TestEngine Grammar(TextOf(Current.vRules));
     Translate::WriterOptions Form;
     Form.Format = Translate::TextFormat::Json;
     Translate::TextOptions Usual;
@@ -382,13 +383,13 @@ TEST(Invariance, LimitsThatAreFarAwayMeanNothing) {
     Translate::TextOptions Far = Usual;
     Far.MaxDerivations = UINT64_MAX;
     Far.Limits.MaxConstituents = UINT64_MAX;
-    for (const std::string& sText : Each.vsTexts) {
+    for (const std::string& sText : Current.vsTexts) {
       const std::string Expected = Grammar.Written(sText, Usual, Form);
-      EXPECT_EQ(Grammar.Written(sText, Far, Form), Expected) << TextOf(Each.vRules);
+      EXPECT_EQ(Grammar.Written(sText, Far, Form), Expected) << TextOf(Current.vRules);
       // A limit that is just not reached is as good as none.
       Translate::TextOptions Near = Usual;
       Near.Limits.MaxConstituents = Grammar.Engine.ParsedChart().Count().Constituents;
-      EXPECT_EQ(Grammar.Written(sText, Near, Form), Expected) << TextOf(Each.vRules);
+      EXPECT_EQ(Grammar.Written(sText, Near, Form), Expected) << TextOf(Current.vRules);
     }
   }
 }

@@ -20,14 +20,14 @@ using Translate::WriterOptions;
 Strings FindingsIn(const std::string& Grammar, bool IsReversed = false) {
   Strings vsFindings;
   const ReadGrammar Read(Grammar, IsReversed);
-  for (const Grammar::Finding& Each : Read.vFindings) {
-    vsFindings.push_back(std::to_string(Each.Line) + ':' + std::to_string(Each.Column) + ' ' +
-                         Each.Code + ": " + Each.Message);
+  for (const Grammar::Finding& Found : Read.vFindings) {
+    vsFindings.push_back(std::to_string(Found.Line) + ':' + std::to_string(Found.Column) + ' ' +
+                         Found.Code + ": " + Found.Message);
   }
   return vsFindings;
 }
 
-/// The words of the best translation; empty if there is not one.
+/// The words of the best translation; empty if there is none.
 std::string Best(const std::string& Grammar, const std::string& Text) {
   std::string Line = TestEngine(Grammar).Plain(Text);
   Line.pop_back();
@@ -64,14 +64,14 @@ std::string Rule(const std::string& Line, const std::string& Body) {
 
 // ---- Rules as they are read -------------------------------------------------------------------
 
-TEST(Meaning, LeavesOutARuleThatCannotBeReadAndGoesOn) {
+TEST(Meaning, SkipsAnUnreadableRule) {
   const std::string Bad = "N::N : [\"a\"] -> [\"x\"]\n(X1::1)\n";
   EXPECT_EQ(Best(Bad + Word("N", "a", "y"), "a"), "y");
-  EXPECT_EQ(FindingsIn(Bad), (Strings{"2:1 TR007: this is no alignment of one x with one y"}));
+  EXPECT_EQ(FindingsIn(Bad), (Strings{"2:1 TR007: this is not an alignment of one x with one y"}));
 }
 
 TEST(Meaning, UsesARuleThatTheLibraryCannotWrite) {
-  // A cycle of references, and a reference without a number behind the last X.
+  // A cycle of references, and a reference without a number after the last X.
   const std::string Cycle =
       Rule("S::S : [N N] -> [\"x\"]", "(X1::Y1)\n((x1 num) = (x2 num))\n((x2 num) = (x1 num))\n");
   EXPECT_EQ(Best(Cycle + Word("N", "a", "y"), "a a"), "x");
@@ -80,17 +80,17 @@ TEST(Meaning, UsesARuleThatTheLibraryCannotWrite) {
   EXPECT_EQ(Best(NoNumber, "a"), "y");
 }
 
-TEST(Meaning, LooksForComponentsAlsoWhereTheLibraryCannotWriteTheConstraint) {
+TEST(Meaning, ChecksComponentsEvenIfTheLibraryCannotWriteTheConstraint) {
   EXPECT_EQ(FindingsIn(Word("N", "a", "y", "((x0 ext) = (x2 ext))\n")),
             (Strings{"3:14 TR009: there is no x2: the source side has 1 component"}));
 }
 
-TEST(Meaning, TakesNoParenthesisWithinAList) {
+TEST(Meaning, RejectsAParenthesisInAList) {
   EXPECT_EQ(FindingsIn(Word("N", "a", "y", "((x0 num) = (*OR* sg (*NOT* pl))\n")),
             (Strings{"3:22 TR008: the constraint is not in the format from here on"}));
 }
 
-TEST(Meaning, NamesARuleByItsRuleLineElseItsHeader) {
+TEST(Meaning, NamesARuleByItsRuleLineOrItsHeader) {
   EXPECT_EQ(TestEngine(";; first\n\n{N,007}\n;; second\n" + Word("N", "a", "x")).Json("a"),
             "{\"source\":\"a\",\"translations\":[{\"target\":\"x\",\"score\":0.000000,\"tree\":"
             "{\"rule\":\"a.trr:5\",\"header\":\"N,7\",\"span\":[0,1],\"types\":[\"N\",\"N\"],"
@@ -103,23 +103,23 @@ TEST(Meaning, ComparesTypesAndLabelsInCapitals) {
   EXPECT_EQ(Best("np::Np : [n] -> [N]\n(X1::Y1)\n" + Word("N", "a", "x"), "a"), "x");
 }
 
-TEST(Meaning, CutsLabelsAtBlanksBeforeItLooksAtQuotes) {
+TEST(Meaning, SplitsLabelsAtBlanksBeforeItReadsQuotes) {
   // Three components: neither quote closes what the other has opened.
   const std::string Grammar = "S::S : [\"new york\"] -> [\"x\"]\n(X1::Y1)\n";
   EXPECT_EQ(Best(Grammar, "new york"), "");
   EXPECT_EQ(Best("S::S : [\"new\"  \"york\"] -> [\"x\"]\n(X1::Y1)\n", "new york"), "x");
 }
 
-TEST(Meaning, TakesASingleQuoteForAPlace) {
+TEST(Meaning, ReadsASingleQuoteAsAPlace) {
   EXPECT_EQ(FindingsIn("S::S : [\"a\"] -> [\"]\n(X1::Y1)\n"),
             (Strings{"1:18 TR015: the target component has no source to come from"}));
 }
 
-TEST(Meaning, MatchesWordsInAnyCaseAndWritesThemAsTheyStand) {
+TEST(Meaning, MatchesWordsInAnyCaseAndWritesThemUnchanged) {
   EXPECT_EQ(Best(Word("N", "Car", "elAuto"), "cAR"), "elAuto");
 }
 
-TEST(Meaning, MatchesTheSameBytesWhereThatIsWanted) {
+TEST(Meaning, MatchesBytesOnRequest) {
   Translate::RuleSetOptions Options;
   Options.MatchCase = true;
   TestEngine Engine(Word("N", "Car", "auto"), Options);
@@ -127,7 +127,7 @@ TEST(Meaning, MatchesTheSameBytesWhereThatIsWanted) {
   EXPECT_EQ(Engine.Plain("car"), "\n");
 }
 
-TEST(Meaning, WritesNothingForTheEmptyLiteralAndMatchesItNever) {
+TEST(Meaning, WritesNothingForTheEmptyLiteralAndNeverMatchesIt) {
   EXPECT_EQ(Best("S::S : [D N] -> [\"\" N]\n(X1::Y1)\n(X2::Y2)\n" + Word("N", "a", "x") +
                      "D::D : [\"la\"] -> [\"\"]\n(X1::Y1)\n",
                  "la a"),
@@ -135,7 +135,7 @@ TEST(Meaning, WritesNothingForTheEmptyLiteralAndMatchesItNever) {
   EXPECT_EQ(Best(Word("N", "", "x"), "a"), "");
 }
 
-TEST(Meaning, GivesEachTargetPlaceTheSourceThatItIsAlignedWith) {
+TEST(Meaning, TakesEachTargetPlaceFromItsAlignedSource) {
   const std::string Words = Word("A", "a", "x") + Word("B", "b", "y");
   EXPECT_EQ(Best("S::S : [A B] -> [B A]\n(X1::Y2)\n(X2::Y1)\n" + Words, "a b"), "y x");
   // Of several, the only one with its own label.
@@ -145,7 +145,7 @@ TEST(Meaning, GivesEachTargetPlaceTheSourceThatItIsAlignedWith) {
             "y z");
 }
 
-TEST(Meaning, LeavesOutARuleWhoseTargetHasNoSingleSource) {
+TEST(Meaning, SkipsARuleWithoutASingleSourceForATarget) {
   const std::vector<std::pair<std::string, Strings>> Cases{
       {"S::S : [A B] -> [A B]\n(X1::Y1)\n",
        {"1:20 TR015: the target component has no source to come from"}},
@@ -168,7 +168,7 @@ TEST(Meaning, LeavesOutARuleWhoseTargetHasNoSingleSource) {
   }
 }
 
-TEST(Meaning, LooksForSourcesOnTheOtherSideInReverse) {
+TEST(Meaning, TakesSourcesFromTheOtherSideInReverse) {
   const std::string Grammar = "S::S : [A B] -> [A]\n(X1::Y1)\n";
   EXPECT_EQ(FindingsIn(Grammar, false), Strings());
   EXPECT_EQ(FindingsIn(Grammar, true),
@@ -180,7 +180,7 @@ TEST(Meaning, TranslatesAPlaceOnceAndWritesItAtEachTarget) {
             "x and x");
 }
 
-TEST(Meaning, TranslatesNothingOfAPlaceWithoutTarget) {
+TEST(Meaning, OmitsAPlaceWithoutATarget) {
   // A place that is wanted nowhere takes any target type.
   EXPECT_EQ(Best("S::S : [A B] -> [B]\n(X2::Y1)\nA::Q : [\"a\"] -> [\"x\"]\n(X1::Y1)\n" +
                      Word("B", "b", "y"),
@@ -210,12 +210,12 @@ TEST(Meaning, ReadsTheCountFromTheFirstScore) {
 
 // ---- Constraints as equations -----------------------------------------------------------------
 
-TEST(Meaning, TakesANodeWithFeaturesForAPath) {
+TEST(Meaning, ReadsANodeWithFeaturesAsAPath) {
   EXPECT_EQ(Structures(Word("N", "a", "x", "((x0 agr num) = sg)\n((y0 AGR\tgen) = masc)\n"), "a"),
             R"({"AGR":{"NUM":"SG"}} -> {"AGR":{"GEN":"MASC"}})");
 }
 
-TEST(Meaning, TakesALoneNodeInThePlaceOfAValueForAPath) {
+TEST(Meaning, ReadsALoneNodeAsAPathInPlaceOfAValue) {
   EXPECT_EQ(Structures("S::S : [N] -> [\"x\"]\n(X1::Y1)\n((x0 head) = x1)\n" +
                            Word("N", "a", "x", "((x0 num) = sg)\n"),
                        "a"),
@@ -229,19 +229,19 @@ TEST(Meaning, KeepsSeveralWordsAsOneAtom) {
             R"({"OF":{"*OR*":["NEW","YORK"]}} -> {})");
 }
 
-TEST(Meaning, TakesANodeInAListForAnAtom) {
+TEST(Meaning, ReadsANodeInAListAsAnAtom) {
   EXPECT_EQ(Structures(Word("N", "a", "x", "((x0 f) = (*OR* x1 y7))\n"), "a"),
             R"({"F":{"*OR*":["X1","Y7"]}} -> {})");
 }
 
-TEST(Meaning, TakesADoubledEqualsSignForOne) {
+TEST(Meaning, ReadsADoubledEqualsSignAsOne) {
   EXPECT_EQ(Structures("S::S : [N] -> [\"x\"]\n(X1::Y1)\n((x0 num) == (x1 num))\n" +
                            Word("N", "a", "x", "((x0 num) == sg)\n"),
                        "a"),
             R"({"NUM":"SG"} -> {})");
 }
 
-TEST(Meaning, MergesValuesOfOnePathAsItIsWritten) {
+TEST(Meaning, MergesValuesOfOneWrittenPath) {
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"((x0 num) = sg)\n((x0 NUM) = pl)\n", R"({"NUM":{"*OR*":["PL","SG"]}})"},
       {"((x0 num) = sg)\n((x00 num) = (*OR* pl du))\n", R"({"NUM":{"*OR*":["DU","PL","SG"]}})"},
@@ -260,14 +260,14 @@ TEST(Meaning, MergesValuesOfOnePathAsItIsWritten) {
   }
 }
 
-TEST(Meaning, MergesValuesOfEachSideForItself) {
+TEST(Meaning, MergesValuesOfEachSideSeparately) {
   EXPECT_EQ(Structures(Word("N", "a", "x", "((x0 n) = sg)\n((y0 n) = pl)\n"), "a"),
             R"({"N":"SG"} -> {"N":"PL"})");
 }
 
 // ---- Structures -------------------------------------------------------------------------------
 
-TEST(Meaning, TellsAComplexStructureFromAnOpenOne) {
+TEST(Meaning, DistinguishesComplexAndOpenStructures) {
   EXPECT_EQ(Structures(Word("N", "a", "x", "((x0 f) = (x0 f))\n"), "a"), R"({"F":{}} -> {})");
   EXPECT_EQ(Structures(Word("N", "a", "x", "(x0 = x1)\n"), "a"), R"({} -> {})");
   // So a value clashes with the one, and not with the other.
@@ -276,7 +276,7 @@ TEST(Meaning, TellsAComplexStructureFromAnOpenOne) {
   EXPECT_EQ(Structures(Top + Word("N", "a", "x"), "a t"), R"({"V":"SG"} -> {})");
 }
 
-TEST(Meaning, IntersectsWhatAtomsAreLeft) {
+TEST(Meaning, IntersectsAtoms) {
   const std::string Top = "S::S : [N M] -> [\"x\"]\n(X1::Y1)\n((x1 f) = (x2 f))\n(x0 = x1)\n";
   const std::vector<Strings> Cases{
       {"p", "p", R"({"F":"P"} -> {})"},
@@ -295,11 +295,11 @@ TEST(Meaning, IntersectsWhatAtomsAreLeft) {
   }
 }
 
-TEST(Meaning, ClashesWhereAFeatureOfAnAtomIsNamed) {
+TEST(Meaning, ClashesOnAFeatureOfAnAtom) {
   EXPECT_EQ(Structures(Word("N", "a", "x", "((x0 f) = p)\n((x0 f g) = q)\n"), "a"), "none");
 }
 
-TEST(Meaning, ClashesWhereAStructureContainsItself) {
+TEST(Meaning, ClashesOnAStructureThatContainsItself) {
   EXPECT_EQ(Structures(Word("N", "a", "x", "(x0 = (x0 f))\n"), "a"), "none");
   // Also where nothing of it is kept.
   EXPECT_EQ(Structures(Word("N", "a", "x", "(x1 = (x1 f g))\n"), "a"), "none");
@@ -307,7 +307,7 @@ TEST(Meaning, ClashesWhereAStructureContainsItself) {
             "none");
 }
 
-TEST(Meaning, ClashesWhereWhatIsBroughtMakesAStructureContainItself) {
+TEST(Meaning, ClashesOnATransferThatMakesAStructureContainItself) {
   // B is what A has below F, and in the other one A is what B has below F: both hold in a ring
   // only.
   const std::string Words = Word("N", "a", "x", "((x0 b) = (x0 a f))\n((y0 a) = (y0 b f))\n") +
@@ -321,7 +321,7 @@ TEST(Meaning, ClashesWhereWhatIsBroughtMakesAStructureContainItself) {
   EXPECT_EQ(Structures(Pair + "(y1 = x1)\n" + Words, "a b"), "none");
 }
 
-TEST(Meaning, KeepsWhatIsSharedAndTellsItFromWhatIsEqual) {
+TEST(Meaning, DistinguishesSharedAndEqualStructures) {
   EXPECT_EQ(Structures(Word("N", "a", "x", "((x0 b) = (x0 a))\n((x0 a) = p)\n"), "a"),
             R"({"A":{"#":1,"is":"P"},"B":{"#":1}} -> {})");
   EXPECT_EQ(Structures(Word("N", "a", "x", "((x0 a) = p)\n((x0 b) = p)\n"), "a"),
@@ -336,7 +336,7 @@ const std::string Phrase =
     "NP::NP : [D N] -> [D N]\n(X1::Y1)\n(X2::Y2)\n((x1 num) = (x2 num))\n(x0 = x2)\n"
     "((y0 num) = (x0 num))\n((y1 gen) = (y2 gen))\n";
 
-TEST(Meaning, AcceptsAgreementAndRefusesTheRest) {
+TEST(Meaning, AcceptsOnlyAgreement) {
   const std::string Words = Word("D", "this", "el", "((x0 num) = sg)\n((y0 gen) = m)\n") +
                             Word("D", "this", "la", "((x0 num) = sg)\n((y0 gen) = f)\n") +
                             Word("N", "car", "auto", "((x0 num) = sg)\n((y0 gen) = m)\n") +
@@ -346,31 +346,31 @@ TEST(Meaning, AcceptsAgreementAndRefusesTheRest) {
   EXPECT_EQ(Structures(Phrase + Words, "this car"), R"({"NUM":"SG"} -> {"NUM":"SG"})");
 }
 
-TEST(Meaning, SaysNothingByATransferOfWhatIsNotThere) {
+TEST(Meaning, IgnoresATransferOfAMissingPath) {
   EXPECT_EQ(
       Structures(Word("N", "a", "x", "((y0 f g) = (x0 f))\n((y0 h) = (x0 v w))\n((x0 v) = p)\n"),
                  "a"),
       R"({"V":"P"} -> {})");
 }
 
-TEST(Meaning, MakesThePathThatATransferBringsSomethingTo) {
+TEST(Meaning, CreatesTheTargetPathOfATransfer) {
   EXPECT_EQ(Structures(Word("N", "a", "x", "((y0 f g) = (x0 v))\n((x0 v) = p)\n"), "a"),
             R"({"V":"P"} -> {"F":{"G":"P"}})");
 }
 
-TEST(Meaning, TransfersWhateverStandsLeft) {
+TEST(Meaning, TransfersWithTheSourceOnEitherSide) {
   EXPECT_EQ(Structures(Word("N", "a", "x", "((x0 v) = (y0 w))\n((x0 v) = p)\n"), "a"),
             R"({"V":"P"} -> {"W":"P"})");
 }
 
-TEST(Meaning, TransfersWhatTheAnalysisLeftAndChangesNothingThere) {
+TEST(Meaning, TransfersWithoutChangingTheAnalysis) {
   EXPECT_EQ(
       Structures(Word("N", "a", "x", "((y0 v) = (x0 v))\n((x0 v) = (*OR* p q))\n((y0 v) = p)\n"),
                  "a"),
       R"({"V":{"*OR*":["P","Q"]}} -> {"V":"P"})");
 }
 
-TEST(Meaning, CopiesForEachTransferAndSharesNothingBetweenCopies) {
+TEST(Meaning, CopiesSeparatelyForEachTransfer) {
   EXPECT_EQ(Structures(Word("N", "a", "x",
                             "((x0 v w) = p)\n((x0 u) = (x0 v))\n((y0 a) = (x0 v))\n"
                             "((y0 b) = (x0 v))\n"),
@@ -390,7 +390,7 @@ TEST(Meaning, GeneratesAWholeNodeFromAFeature) {
             R"({} -> {"DET":{"DEF":"PLUS"}})");
 }
 
-TEST(Meaning, GivesEachTargetPlaceACopyOfItsOwn) {
+TEST(Meaning, CopiesForEachTargetPlace) {
   const std::string Top = "S::S : [N] -> [N N]\n(X1::Y1)\n(X1::Y2)\n((y0 a) = y1)\n((y0 b) = y2)\n";
   const std::string Noun = Word("N", "a", "x", "((y0 g) = (*OR* m f))\n");
   EXPECT_EQ(Structures(Top + Noun, "a"),
@@ -399,7 +399,7 @@ TEST(Meaning, GivesEachTargetPlaceACopyOfItsOwn) {
             R"({} -> {"A":{"G":"M"},"B":{"G":"F"}})");
 }
 
-TEST(Meaning, ChangesNothingOfAConstituentFromAbove) {
+TEST(Meaning, DoesNotChangeAConstituentFromAbove) {
   TestEngine Engine("S::S : [N \"t\"] -> [N]\n(X1::Y1)\n((x1 num) = sg)\n((y1 num) = pl)\n" +
                     Word("N", "a", "x", "((y0 num) = (x0 num))\n"));
   EXPECT_EQ(Engine.Json("a t"),
@@ -416,7 +416,7 @@ TEST(Meaning, LeavesTheNodesOfLiteralsOpen) {
       R"({"F":"P"} -> {"G":"Q"})");
 }
 
-TEST(Meaning, UsesNoUnaryRuleTwiceInAChain) {
+TEST(Meaning, DoesNotRepeatAUnaryRuleInAChain) {
   const std::string Words = Word("A", "a", "x");
   const std::string There = "B::B : [A] -> [A \"t\"]\n(X1::Y1)\n";
   const std::string Back = "A::A : [B] -> [B \"b\"]\n(X1::Y1)\n";
@@ -431,7 +431,7 @@ TEST(Meaning, BeginsANewChainWithAnyOtherRule) {
   EXPECT_EQ(Best(Grammar, "a c c"), "x t t t");
 }
 
-TEST(Meaning, EndsAChainAtItsGreatestLength) {
+TEST(Meaning, LimitsTheLengthOfAChain) {
   std::string Grammar = Word("L0", "a", "x");
   for (int Level = 0; Level < 10; ++Level) {
     Grammar += 'L' + std::to_string(Level + 1) + "::L : [L" + std::to_string(Level) + "] -> [\"" +
@@ -454,7 +454,7 @@ TEST(Meaning, ScoresByTheShareOfTheCount) {
             "-0.287682\ty\n-1.386294\tx\n\n");
 }
 
-TEST(Meaning, CountsUsableRulesOnlyInTheTotal) {
+TEST(Meaning, CountsOnlyUsableRulesInTheTotal) {
   EXPECT_EQ(TestEngine(Word("N", "a", "x") + "N::N : [\"a\"] -> [A]\n(X1::Y1)\n").All("a"),
             "0.000000\tx\n\n");
 }
@@ -474,7 +474,7 @@ TEST(Meaning, ListsTheRootFirstAndChildrenInTheOrderOfTheSource) {
             "-3.465735\t( ( x x ) x )\n-3.465735\t( x ( x x ) )\n\n");
 }
 
-TEST(Meaning, PassesOverATextThatHasBeenGiven) {
+TEST(Meaning, SkipsATextThatWasReturnedBefore) {
   const std::string Grammar = Word("N", "a", "x") + Word("N", "a", "x") + Word("N", "a", "y");
   TestEngine Engine(Grammar);
   TextOptions Options;
@@ -488,7 +488,7 @@ TEST(Meaning, PassesOverATextThatHasBeenGiven) {
   EXPECT_EQ(Engine.Written("a", Options, Form), "-1.098612\tx\n-1.098612\tx\n\n");
 }
 
-TEST(Meaning, GivesUpWhereTooManyWerePassedOver) {
+TEST(Meaning, StopsAfterTooManySkippedTexts) {
   std::string Grammar = Word("N", "a", "y");
   for (int Count = 0; Count < 4; ++Count) {
     Grammar += Word("N", "a", "x");
@@ -500,11 +500,11 @@ TEST(Meaning, GivesUpWhereTooManyWerePassedOver) {
   EXPECT_EQ(Engine.Engine.Translate("a", Options).Error, "");
   Options.MaxDerivations = 2;
   const Translate::TextResult Result = Engine.Engine.Translate("a", Options);
-  EXPECT_EQ(Result.Error, "more than 2 derivations say what others said before");
+  EXPECT_EQ(Result.Error, "more than 2 derivations repeat earlier texts");
   EXPECT_EQ(Result.vTranslations.size(), 2U);
 }
 
-TEST(Meaning, GivesUpWhereThereAreTooManyConstituents) {
+TEST(Meaning, StopsAtTooManyConstituents) {
   TestEngine Engine("S::S : [N N] -> [N N]\n(X1::Y1)\n(X2::Y2)\n" + Word("N", "a", "x"));
   TextOptions Options;
   Options.Limits.MaxConstituents = 3;
@@ -518,7 +518,7 @@ TEST(Meaning, GivesUpWhereThereAreTooManyConstituents) {
             "\"there are more than 2 constituents\"}\n");
 }
 
-TEST(Meaning, TranslatesAsStartTypesAlone) {
+TEST(Meaning, TranslatesOnlyAsStartTypes) {
   TestEngine Engine(Word("N", "a", "x") + "S::S : [N] -> [N \"s\"]\n(X1::Y1)\n");
   TextOptions Options;
   Options.HasStarts = true;
@@ -528,13 +528,13 @@ TEST(Meaning, TranslatesAsStartTypesAlone) {
   EXPECT_EQ(Engine.Set().FindSourceType("Q"), Translate::RuleSet::None);
 }
 
-TEST(Meaning, HasNoTranslationOfNothing) {
+TEST(Meaning, HasNoTranslationOfAnEmptyText) {
   TestEngine Engine(Word("N", "a", "x"));
   EXPECT_EQ(Engine.All(""), "\n");
   EXPECT_EQ(Engine.All(" \t\v\f\r "), "\n");
 }
 
-TEST(Meaning, CutsWhatHasNoTranslationIntoTheFewestPieces) {
+TEST(Meaning, SplitsATextWithoutTranslationIntoTheFewestPieces) {
   TestEngine Engine(Word("A", "a", "x") + Word("B", "b", "y") + Word("E", "e", "") +
                     "P::P : [\"a\" \"b\"] -> [\"ab\"]\n(X1::Y1)\n" +
                     "P::P : [\"b\" \"c\"] -> [\"bc\"]\n(X1::Y1)\n");
@@ -574,7 +574,7 @@ TEST(Meaning, ExchangesTheSidesInReverse) {
 
 // ---- Output -----------------------------------------------------------------------------------
 
-TEST(Meaning, CountsDerivationsAsLongAsTheyFit) {
+TEST(Meaning, CountsDerivationsUpToALimit) {
   TestEngine Engine("S::S : [S S] -> [S S]\n(X1::Y1)\n(X2::Y2)\n" + Word("S", "a", "x"));
   TextOptions Options;
   Options.WantsCount = true;

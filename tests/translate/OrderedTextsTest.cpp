@@ -8,7 +8,7 @@
 
 namespace {
 
-TEST(OrderedTexts, HandsResultsOnInOrder) {
+TEST(OrderedTexts, ReturnsResultsInOrder) {
   std::size_t Given = 0;
   std::string Out;
   std::string Expected;
@@ -30,7 +30,7 @@ TEST(OrderedTexts, HandsResultsOnInOrder) {
   EXPECT_EQ(Out, Expected);
 }
 
-TEST(OrderedTexts, ThrowsOnWhatAWorkerThrows) {
+TEST(OrderedTexts, RethrowsExceptionsOfWorkers) {
   Translate::OrderedTexts Texts(
       3, [](std::string&) { return true; }, [](const Translate::TextOutput&, bool) {});
   EXPECT_THROW(Texts.Run([] {

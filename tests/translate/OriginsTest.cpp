@@ -24,7 +24,7 @@ using Translate::WriterOptions;
 
 // ---- Sets -------------------------------------------------------------------------------------
 
-TEST(Origins, AreThoseOfBothWhereSetsHaveSomethingInCommon) {
+TEST(Origins, AreThoseOfBothSetsIfTheyIntersect) {
   AtomSets Plain;
   const AtomSetId Some = Plain.Intern({false, {1, 2}});
   const AtomSetId Other = Plain.Intern({false, {2, 3}});
@@ -61,7 +61,7 @@ const std::string Words =
     "((x0 num) = pl)\n"
     "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n((x0 num) = sg)\n((x0 case) = (*NOT* gen))\n";
 
-TEST(Origins, StandBesideTheStructures) {
+TEST(Origins, AreStoredBesideTheStructures) {
   TestEngine Grammar(
       "NP::NP : [ADJ N] -> [N ADJ]\n(X1::Y2)\n(X2::Y1)\n((x1 num) = (x2 num))\n"
       "((x0 agr) = x2)\n((y0 num) = (x0 agr num))\n((y0 gen) = (y2 gen))\n" +
@@ -84,7 +84,7 @@ TEST(Origins, StandBesideTheStructures) {
             "\n");
 }
 
-TEST(Origins, NameWhatIsSharedOnceAndTheRootByNoFeature) {
+TEST(Origins, NameASharedPartOnceAndTheRootWithoutAFeature) {
   TestEngine Grammar(
       "N::N : [\"a\"] -> [\"b\"]\n(X1::Y1)\n((x0 g) = (x0 f))\n((x0 f) = p)\n"
       "((y1 v) = q)\n(y0 = (y1 v))\n");
@@ -113,7 +113,7 @@ std::string ClashesOf(const std::string& Grammar) {
   Translate::StructureText Structures(Rules, Trace.Structures(), Trace.Atoms());
   std::string Text;
   const auto AppendPath = [&](const Translate::RulePath& Path) {
-    Text.append(Path.Of == Translate::Side::X ? " x" : " y").append(std::to_string(Path.Node));
+    Text.append(Path.OnSide == Translate::Side::X ? " x" : " y").append(std::to_string(Path.Node));
     for (const std::uint32_t Feature : Path.vFeatures) {
       Text.append(1, ' ').append(Rules.FeatureName(Feature));
     }
@@ -121,13 +121,13 @@ std::string ClashesOf(const std::string& Grammar) {
   };
   const auto AppendValue = [&](Translate::StructureId Value) {
     Structures.AppendShort(Value, Text);
-    for (const Origin& Each : Trace.Origins(Value)) {
-      Text.append("@").append(std::to_string(Each.Line));
+    for (const Origin& Current : Trace.Origins(Value)) {
+      Text.append("@").append(std::to_string(Current.Line));
     }
   };
-  for (const Translate::EquationClash& Each : Trace.Clashes()) {
-    Text.append(std::to_string(Each.Line)).append(Each.IsCycle ? " cycle" : "");
-    for (const Translate::Conflict& Conflict : Each.vConflicts) {
+  for (const Translate::EquationClash& Clash : Trace.Clashes()) {
+    Text.append(std::to_string(Clash.Line)).append(Clash.IsCycle ? " cycle" : "");
+    for (const Translate::Conflict& Conflict : Clash.vConflicts) {
       AppendPath(Conflict.ThereAt);
       AppendValue(Conflict.There);
       Text += " /";
@@ -152,9 +152,9 @@ struct ClashCase {
   const char* Expected;
 };
 
-TEST(Origins, TellWhatClashes) {
+TEST(Origins, NameWhatClashes) {
   const std::vector<ClashCase> Cases{
-      // The words' equations stand on lines 4 to 10 behind as many as there are here, and one more.
+      // The words' equations stand on lines 4 to 10 after as many as there are here, and one more.
       {"((x1 num) = (x2 num))\n", ""},
       {"((x1 num) = du)\n", "4 x1 NUM:PL|SG@8 / DU@4\n"},
       {"((x1 num) = du)\n((x1 num) = tr)\n", "4 x1 NUM:PL|SG@9 / DU|TR@4\n"},
@@ -179,8 +179,8 @@ TEST(Origins, TellWhatClashes) {
       {"((x0 a b) = p)\n((x0 a) = x0)\n", "5 cycle x0 A:[B=P]@4 / x0:[A=[B=P]]@4\n"},
       {"((y0 a b) = p)\n((y0 a) = (y1 c))\n((y1 c) = (y0 a b))\n", "6 y1 C:[B=P]@4 / y0 A B:P@4\n"},
   };
-  for (const ClashCase& Each : Cases) {
-    EXPECT_EQ(ClashesOf(Np(Each.Equations)), Each.Expected) << Each.Equations;
+  for (const ClashCase& Case : Cases) {
+    EXPECT_EQ(ClashesOf(Np(Case.Equations)), Case.Expected) << Case.Equations;
   }
 }
 
@@ -204,8 +204,8 @@ std::size_t CompareStructures(TestEngine& Grammar, const std::string& Text) {
                                  Grammar.Engine.Atoms());
   Translate::StructureText Traced(Grammar.Set(), Trace.Structures(), Trace.Atoms());
   std::size_t Compared = 0;
-  for (std::size_t Each = 0; Each < Result.vTranslations.size(); ++Each) {
-    const auto vNodes = Grammar.Engine.NodesOf(Result.vTranslations[Each].Tree, 0);
+  for (std::size_t Current = 0; Current < Result.vTranslations.size(); ++Current) {
+    const auto vNodes = Grammar.Engine.NodesOf(Result.vTranslations[Current].Tree, 0);
     const auto vPairs = StructuresOf(vNodes, [&](std::uint32_t Rule, const auto& vParts) {
       const Translate::StructurePair Made = Trace.Apply(Grammar.Set().At(Rule), vParts);
       EXPECT_TRUE(Trace.Clashes().empty());
@@ -225,7 +225,7 @@ std::size_t CompareStructures(TestEngine& Grammar, const std::string& Text) {
   return Compared;
 }
 
-TEST(Origins, ChangeNoStructure) {
+TEST(Origins, DoNotChangeStructures) {
   std::size_t Compared = 0;
   for (unsigned Seed = 0; Seed < 100 && !testing::Test::HasFailure(); ++Seed) {
     RandomGrammar Random(Seed);

@@ -111,14 +111,15 @@ class Planting {
   }
 
   static bool HasPosition(const Translate::Stop& Stop, std::size_t Position) {
-    return std::any_of(Stop.vPlaces.begin(), Stop.vPlaces.end(),
-                       [&](const Translate::StopPlace& Each) { return Each.Position == Position; });
+    return std::any_of(
+        Stop.vPlaces.begin(), Stop.vPlaces.end(),
+        [&](const Translate::StopPlace& Place) { return Place.Position == Position; });
   }
 
   /// A rule with another label in the place of one of the source side's.
   static RandomRule WithLabel(RandomRule Rule, std::size_t Component, const std::string& Label) {
     std::size_t At = Rule.Head.find(" : [") + 4;
-    for (std::size_t Each = 1; Each < Component; ++Each) {
+    for (std::size_t Current = 1; Current < Component; ++Current) {
       At = Rule.Head.find(' ', At) + 1;
     }
     Rule.Head.replace(At, Rule.Head.find_first_of(" ]", At) - At, Label);
@@ -238,13 +239,13 @@ class Planting {
     const std::size_t Rule = RuleOf(Node);
     const std::vector<RandomConstraint>& vConstraints = vRules[Rule].vConstraints;
     std::size_t Planted = 0;
-    for (std::size_t Each = 0; Each < vConstraints.size(); ++Each) {
+    for (std::size_t Current = 0; Current < vConstraints.size(); ++Current) {
       const auto IsSame = [&](const RandomConstraint& Other) {
-        return Other.Path == vConstraints[Each].Path;
+        return Other.Path == vConstraints[Current].Path;
       };
-      if (!vConstraints[Each].Path.empty() &&
+      if (!vConstraints[Current].Path.empty() &&
           std::count_if(vConstraints.begin(), vConstraints.end(), IsSame) == 1) {
-        Planted += PlantValue(Rule, Each);
+        Planted += PlantValue(Rule, Current);
       }
     }
     return Planted;
@@ -295,15 +296,15 @@ class Planting {
                            if (Facts.Begin != vNodes[Node].Start) {
                              return;
                            }
-                           for (const Translate::MadeFacts& Each : Facts.Made.vFirst) {
-                             Outcome = IsNodesWay(Each.Way, Node) ? std::size_t{Made} : Outcome;
+                           for (const Translate::MadeFacts& Current : Facts.Made.vFirst) {
+                             Outcome = IsNodesWay(Current.Way, Node) ? std::size_t{Made} : Outcome;
                            }
-                           for (const Translate::ClashFacts& Each : Facts.Clashes.vFirst) {
-                             if (IsNodesWay(Each.Way, Node)) {
+                           for (const Translate::ClashFacts& Current : Facts.Clashes.vFirst) {
+                             if (IsNodesWay(Current.Way, Node)) {
                                Outcome = Clashed;
-                               EXPECT_TRUE(NamesLine(Diagnosis, Each.vEquations, Line))
+                               EXPECT_TRUE(NamesLine(Diagnosis, Current.vEquations, Line))
                                    << TextOf(vChanged) << Text << "\nline " << Line;
-                               for (const Translate::EquationClash& Equation : Each.vEquations) {
+                               for (const Translate::EquationClash& Equation : Current.vEquations) {
                                  vLines.push_back(Equation.Line);
                                }
                              }
@@ -321,15 +322,15 @@ class Planting {
     const auto IsFrom = [&](Translate::StructureId Value) {
       const auto vOrigins = Diagnosis.Trace().Origins(Value);
       return std::any_of(vOrigins.begin(), vOrigins.end(),
-                         [&](const Translate::Origin& Each) { return Each.Line == Line; });
+                         [&](const Translate::Origin& Current) { return Current.Line == Line; });
     };
     return std::all_of(
-        vEquations.begin(), vEquations.end(), [&](const Translate::EquationClash& Each) {
-          return Each.Line == Line || std::any_of(Each.vConflicts.begin(), Each.vConflicts.end(),
-                                                  [&](const Translate::Conflict& Conflict) {
-                                                    return IsFrom(Conflict.There) ||
-                                                           IsFrom(Conflict.Came);
-                                                  });
+        vEquations.begin(), vEquations.end(), [&](const Translate::EquationClash& Clash) {
+          return Clash.Line == Line || std::any_of(Clash.vConflicts.begin(), Clash.vConflicts.end(),
+                                                   [&](const Translate::Conflict& Conflict) {
+                                                     return IsFrom(Conflict.There) ||
+                                                            IsFrom(Conflict.Came);
+                                                   });
         });
   }
 
@@ -344,16 +345,18 @@ class Planting {
       const std::vector<std::size_t>& vAll = Equations.at(Line).vLines;
       vOut.insert(vOut.end(), vAll.begin(), vAll.end());
     }
-    for (std::size_t Each = Without.vConstraints.size(); Each-- > 0;) {
-      if (std::find(vOut.begin(), vOut.end(), LineOf(Rule, Each)) != vOut.end()) {
+    for (std::size_t Current = Without.vConstraints.size(); Current-- > 0;) {
+      if (std::find(vOut.begin(), vOut.end(), LineOf(Rule, Current)) != vOut.end()) {
         Without.vConstraints.erase(Without.vConstraints.begin() +
-                                   static_cast<std::ptrdiff_t>(Each));
+                                   static_cast<std::ptrdiff_t>(Current));
       }
     }
     WhyAnswers After(TextOf(vChanged) + Without.Text());
     const std::optional<BeginFacts> Facts =
         FactsOf(After, static_cast<std::uint32_t>(Set().Size()), Text, vNodes[Node].Start);
-    const auto IsWay = [&](const Translate::MadeFacts& Each) { return IsNodesWay(Each.Way, Node); };
+    const auto IsWay = [&](const Translate::MadeFacts& Listed) {
+      return IsNodesWay(Listed.Way, Node);
+    };
     EXPECT_TRUE(Facts && std::any_of(Facts->Made.vFirst.begin(), Facts->Made.vFirst.end(), IsWay))
         << TextOf(vChanged) << Without.Text() << Text;
   }

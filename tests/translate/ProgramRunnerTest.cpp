@@ -40,38 +40,39 @@ struct OneRule {
 };
 
 TEST(ProgramRunner, AnalysesThenTransfersThenGenerates) {
-  OneRule Each("((x0 f) = (x1 f))\n((y0 g) = (x0 f))\n((y0 h) = (y1 h))\n");
-  const StructureId S = Each.With("f", Each.Atom("p"));
-  const StructureId T = Each.With("h", Each.Atom("q"));
-  ASSERT_TRUE(Each.Runner.Analyse(Each.Equations, {S}));
-  EXPECT_EQ(Each.Runner.Source(), S);
-  Each.Runner.Transfer(Each.Equations);
-  EXPECT_EQ(Each.Runner.Brought(), (std::vector<StructureId>{Each.Atom("p")}));
-  ASSERT_TRUE(Each.Runner.Generate(Each.Equations, {T}));
-  const std::optional<Translate::StructurePair> All = Each.Runner.Run(Each.Equations, {S}, {T});
+  OneRule Current("((x0 f) = (x1 f))\n((y0 g) = (x0 f))\n((y0 h) = (y1 h))\n");
+  const StructureId S = Current.With("f", Current.Atom("p"));
+  const StructureId T = Current.With("h", Current.Atom("q"));
+  ASSERT_TRUE(Current.Runner.Analyse(Current.Equations, {S}));
+  EXPECT_EQ(Current.Runner.Source(), S);
+  Current.Runner.Transfer(Current.Equations);
+  EXPECT_EQ(Current.Runner.Brought(), (std::vector<StructureId>{Current.Atom("p")}));
+  ASSERT_TRUE(Current.Runner.Generate(Current.Equations, {T}));
+  const std::optional<Translate::StructurePair> All =
+      Current.Runner.Run(Current.Equations, {S}, {T});
   ASSERT_TRUE(All.has_value());
   EXPECT_EQ(All->Source, S);
-  EXPECT_EQ(All->Target, Each.Runner.Target());
+  EXPECT_EQ(All->Target, Current.Runner.Target());
 }
 
-TEST(ProgramRunner, BringsNothingOfWhatIsNotThere) {
+TEST(ProgramRunner, TransfersNothingOfAMissingPath) {
   for (const char* Constraints :
        {"((y0 g) = (x1 f))\n", "((y0 g) = (x1 f f))\n", "((y0 g) = (x0 h))\n((x0 h) = (x0 i))\n"}) {
-    OneRule Each(Constraints);
-    const StructureId Atom = Each.Atom("p");
+    OneRule Current(Constraints);
+    const StructureId Atom = Current.Atom("p");
     const StructureId S = std::string(Constraints).find("f f") == std::string::npos
                               ? StructureId{StructureStore::Open}
-                              : Each.With("f", Atom);
-    ASSERT_TRUE(Each.Runner.Analyse(Each.Equations, {S})) << Constraints;
-    Each.Runner.Transfer(Each.Equations);
-    EXPECT_EQ(Each.Runner.Brought(), (std::vector<StructureId>{StructureStore::Open}))
+                              : Current.With("f", Atom);
+    ASSERT_TRUE(Current.Runner.Analyse(Current.Equations, {S})) << Constraints;
+    Current.Runner.Transfer(Current.Equations);
+    EXPECT_EQ(Current.Runner.Brought(), (std::vector<StructureId>{StructureStore::Open}))
         << Constraints;
-    ASSERT_TRUE(Each.Runner.Generate(Each.Equations, {StructureStore::Open})) << Constraints;
-    EXPECT_EQ(Each.Runner.Target(), StructureId{StructureStore::Open}) << Constraints;
+    ASSERT_TRUE(Current.Runner.Generate(Current.Equations, {StructureStore::Open})) << Constraints;
+    EXPECT_EQ(Current.Runner.Target(), StructureId{StructureStore::Open}) << Constraints;
   }
 }
 
-TEST(ProgramRunner, ClashesInTheStepThatTheEquationBelongsTo) {
+TEST(ProgramRunner, ClashesInTheStepOfTheEquation) {
   struct Case {
     const char* Constraints;
     bool IsAnalysed;
@@ -84,11 +85,11 @@ TEST(ProgramRunner, ClashesInTheStepThatTheEquationBelongsTo) {
       {"((y0 f) = x1)\n((y0 f) = q)\n", true},
       {"(y0 = (y0 f))\n", true},
   };
-  for (const Case& Each : vCases) {
-    OneRule Rule(Each.Constraints);
+  for (const Case& Row : vCases) {
+    OneRule Rule(Row.Constraints);
     const StructureId S = Rule.With("f", Rule.Atom("p"));
-    EXPECT_EQ(Rule.Runner.Analyse(Rule.Equations, {S}), Each.IsAnalysed) << Each.Constraints;
-    EXPECT_EQ(Rule.Runner.Run(Rule.Equations, {S}, {S}), std::nullopt) << Each.Constraints;
+    EXPECT_EQ(Rule.Runner.Analyse(Rule.Equations, {S}), Row.IsAnalysed) << Row.Constraints;
+    EXPECT_EQ(Rule.Runner.Run(Rule.Equations, {S}, {S}), std::nullopt) << Row.Constraints;
   }
 }
 

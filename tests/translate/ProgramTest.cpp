@@ -15,7 +15,7 @@ using Numbers = std::vector<std::uint32_t>;
 
 /// Compiles the equations of rules; two places on each side.
 struct Compiled {
-  Program Of(const std::string& Constraints) {
+  Program Compile(const std::string& Constraints) {
     const ReadGrammar Read("S::S : [A B] -> [A B]\n(X1::Y1)\n(X2::Y2)\n" + Constraints);
     return Compiler.Compile(Read.vRules.at(0), vLines);
   }
@@ -49,25 +49,25 @@ TEST(Program, SortsEquationsIntoSteps) {
       {"((x0 f) = p)\n((x0 F) = (*OR* q r))\n((x0 f) = (*NOT* q))\n", {2, 0, 0, 0, 0}, {6, 4}},
       {"((x0 f) = p)\n((x0 f g) = p)\n((y0 f) = p)\n", {2, 0, 0, 1, 0}, {4, 5, 6}},
   };
-  for (const Case& Each : vCases) {
+  for (const Case& Row : vCases) {
     Compiled Rules;
-    EXPECT_EQ(StepsOf(Rules.Of(Each.Constraints)), Each.vSteps) << Each.Constraints;
-    EXPECT_EQ(Rules.vLines, Each.vLines) << Each.Constraints;
+    EXPECT_EQ(StepsOf(Rules.Compile(Row.Constraints)), Row.vSteps) << Row.Constraints;
+    EXPECT_EQ(Rules.vLines, Row.vLines) << Row.Constraints;
   }
 }
 
 TEST(Program, MergesTheAtomsOfAlternatives) {
   Compiled Rules;
-  const Program Which = Rules.Of("((x0 f) = q)\n((X0 f) = (*OR* p Q))\n");
+  const Program Which = Rules.Compile("((x0 f) = q)\n((X0 f) = (*OR* p Q))\n");
   ASSERT_EQ(Which.vAnalysisValues.size(), 1U);
   const Translate::AtomSet& Set = Rules.Sets.Set(Which.vAnalysisValues[0].Atoms);
   EXPECT_FALSE(Set.IsNegated);
   EXPECT_EQ(Set.vAtoms, (Numbers{Rules.AtomNames.Find("Q"), Rules.AtomNames.Find("P")}));
 }
 
-TEST(Program, PutsTheSourceSideOfATransferLeft) {
+TEST(Program, PutsTheSourceOfATransferOnTheLeft) {
   Compiled Rules;
-  const Program Which = Rules.Of("((y2 f) = x1)\n(x2 = (y1 g))\n");
+  const Program Which = Rules.Compile("((y2 f) = x1)\n(x2 = (y1 g))\n");
   ASSERT_EQ(Which.vTransfers.size(), 2U);
   EXPECT_EQ(Which.vTransfers[0].Left.Node, 1U);
   EXPECT_EQ(Which.vTransfers[0].Right.Node, 2U);
@@ -75,9 +75,9 @@ TEST(Program, PutsTheSourceSideOfATransferLeft) {
   EXPECT_EQ(Which.vTransfers[1].Right.Node, 1U);
 }
 
-TEST(Program, CopiesNoPartThatNoEquationNames) {
+TEST(Program, CopiesOnlyPartsThatAnEquationNames) {
   Compiled Rules;
-  const Program Which = Rules.Of("((x0 f) = (x2 f))\n((y1 f) = p)\n");
+  const Program Which = Rules.Compile("((x0 f) = (x2 f))\n((y1 f) = p)\n");
   ASSERT_EQ(Which.vSourceParts.size(), 1U);
   EXPECT_EQ(Which.vSourceParts[0].Node, 2U);
   EXPECT_EQ(Which.vSourceParts[0].Place, 1U);
@@ -86,9 +86,9 @@ TEST(Program, CopiesNoPartThatNoEquationNames) {
   EXPECT_EQ(Which.vTargetParts[0].Place, 0U);
 }
 
-TEST(Program, HasAKeyThatTellsProgramsApart) {
+TEST(Program, HasAKeyThatDistinguishesPrograms) {
   Compiled Rules;
-  const auto KeyOfRule = [&](const char* Constraints) { return KeyOf(Rules.Of(Constraints)); };
+  const auto KeyOfRule = [&](const char* Constraints) { return KeyOf(Rules.Compile(Constraints)); };
   EXPECT_EQ(KeyOfRule("((x1 num) = (x2 num))\n"), KeyOfRule("((X1 NUM) == (x2 num))\n"));
   EXPECT_NE(KeyOfRule("((x1 num) = (x2 num))\n"), KeyOfRule("((x1 num) = (x2 gen))\n"));
   EXPECT_NE(KeyOfRule("((x1 num) = p)\n"), KeyOfRule("((x1 num) = (*NOT* p))\n"));

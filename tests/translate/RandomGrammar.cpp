@@ -24,21 +24,21 @@ std::string Joined(std::initializer_list<std::string> vsTexts) {
 
 std::string RandomRule::Text() const {
   std::string Whole = Head + "(\n" + Alignments;
-  for (const RandomConstraint& Each : vConstraints) {
-    Whole += Each.Text + '\n';
+  for (const RandomConstraint& Constraint : vConstraints) {
+    Whole += Constraint.Text + '\n';
   }
   return Whole + ")\n";
 }
 
 std::string TextOf(const std::vector<RandomRule>& vRules) {
   std::string Text;
-  for (const RandomRule& Each : vRules) {
-    Text += Each.Text();
+  for (const RandomRule& Rule : vRules) {
+    Text += Rule.Text();
   }
   return Text;
 }
 
-std::string RandomGrammar::Of(const std::string& Letters) {
+std::string RandomGrammar::LetterOf(const std::string& Letters) {
   return std::string(1, Letters[Below(Letters.size())]);
 }
 
@@ -51,7 +51,7 @@ std::string RandomGrammar::Text(const std::string& Letters) {
   std::string Words;
   for (std::size_t Count = 1 + Below(4); Count > 0; --Count) {
     Words += Words.empty() ? "" : " ";
-    Words += AnyCase(Of(Letters));
+    Words += AnyCase(LetterOf(Letters));
   }
   return Words;
 }
@@ -63,9 +63,9 @@ std::string RandomGrammar::Sequence(std::size_t Size, bool IsSource, std::string
   std::string Text;
   for (std::size_t Index = 0; Index < Size; ++Index) {
     const bool IsLiteral = OneIn(4);
-    std::string Label = OneIn(12) ? Of("abc") : Of("ABC");
+    std::string Label = OneIn(12) ? LetterOf("abc") : LetterOf("ABC");
     if (IsLiteral) {
-      Label = '"' + (OneIn(IsSource ? 30 : 6) ? "" : AnyCase(Of("abc"))) + '"';
+      Label = '"' + (OneIn(IsSource ? 30 : 6) ? "" : AnyCase(LetterOf("abc"))) + '"';
     }
     KindsReturn += IsLiteral ? " " : Label;
     Text += Index == 0 ? "" : " ";
@@ -89,9 +89,9 @@ std::string RandomGrammar::Alignments(const std::string& Source, const std::stri
 // ---- Constraints ------------------------------------------------------------------------------
 
 std::string RandomGrammar::Features() {
-  std::string Text = AnyCase(Of("fgh"));
+  std::string Text = AnyCase(LetterOf("fgh"));
   while (OneIn(4)) {
-    Text += ' ' + Of("fgh");
+    Text += ' ' + LetterOf("fgh");
   }
   return Text;
 }
@@ -100,29 +100,29 @@ std::string RandomGrammar::Node(char Side, std::size_t Index) {
   return Joined({AnyCase(std::string(1, Side)), OneIn(20) ? "0" : "", std::to_string(Index)});
 }
 
-std::string RandomGrammar::Path(const Sizes& Of) {
+std::string RandomGrammar::Path(const Sizes& Counts) {
   const bool IsSource = OneIn(2);
   const std::string Text =
-      IsSource ? Node('x', Below(Of.first + 1)) : Node('y', Below(Of.second + 1));
+      IsSource ? Node('x', Below(Counts.first + 1)) : Node('y', Below(Counts.second + 1));
   return OneIn(4) ? Text : Joined({"(", Text, " ", Features(), ")"});
 }
 
 std::string RandomGrammar::Atom() {
-  return OneIn(10) ? "new york" : AnyCase(Of("pqr"));
+  return OneIn(10) ? "new york" : AnyCase(LetterOf("pqr"));
 }
 
 /// Words between blanks.
 std::string RandomGrammar::Atoms() {
-  std::string Text = AnyCase(Of("pqr"));
+  std::string Text = AnyCase(LetterOf("pqr"));
   while (OneIn(2)) {
-    Text += ' ' + (OneIn(12) ? "x1" : Of("pqr"));
+    Text += ' ' + (OneIn(12) ? "x1" : LetterOf("pqr"));
   }
   return Text;
 }
 
-RandomConstraint RandomGrammar::Value(const Sizes& Of) {
+RandomConstraint RandomGrammar::Value(const Sizes& Counts) {
   const bool IsSource = OneIn(2);
-  const std::size_t Index = OneIn(2) ? 0 : Below((IsSource ? Of.first : Of.second) + 1);
+  const std::size_t Index = OneIn(2) ? 0 : Below((IsSource ? Counts.first : Counts.second) + 1);
   const std::string Words = Features();
   RandomConstraint New;
   New.Path = (IsSource ? "X" : "Y") + std::to_string(Index) + ' ' + Grammar::Upper(Words);
@@ -142,31 +142,31 @@ RandomConstraint RandomGrammar::Value(const Sizes& Of) {
   return New;
 }
 
-RandomConstraint RandomGrammar::Constraint(const Sizes& Of) {
+RandomConstraint RandomGrammar::Constraint(const Sizes& Counts) {
   if (OneIn(2)) {
-    return Value(Of);
+    return Value(Counts);
   }
-  return {Joined({"(", Path(Of), " = ", Path(Of), ")"}), ""};
+  return {Joined({"(", Path(Counts), " = ", Path(Counts), ")"}), ""};
 }
 
 /// What hands the structures of the parts on, so that there is something to agree about above.
-void RandomGrammar::AddCarriers(const Sizes& Of, RandomRule& RuleReturn) {
-  const std::string X = std::to_string(1 + Below(Of.first));
-  const std::string Y = std::to_string(1 + Below(Of.second));
-  for (const std::string& Each :
+void RandomGrammar::AddCarriers(const Sizes& Counts, RandomRule& RuleReturn) {
+  const std::string X = std::to_string(1 + Below(Counts.first));
+  const std::string Y = std::to_string(1 + Below(Counts.second));
+  for (const std::string& sCurrent :
        {"(x0 = x" + X + ')', "(y0 = y" + Y + ')', std::string("(y0 = x0)"),
         "(y" + Y + " = x" + X + ')', "((x0 f) = x" + X + ')'}) {
     if (OneIn(5)) {
-      RuleReturn.vConstraints.push_back({Each, ""});
+      RuleReturn.vConstraints.push_back({sCurrent, ""});
     }
   }
 }
 
 /// Paths of one side that lead to the same.
-void RandomGrammar::AddSharing(const Sizes& Of, RandomRule& RuleReturn) {
+void RandomGrammar::AddSharing(const Sizes& Counts, RandomRule& RuleReturn) {
   const bool IsSource = OneIn(2);
   const char Side = IsSource ? 'x' : 'y';
-  const std::size_t Index = OneIn(2) ? 0 : Below((IsSource ? Of.first : Of.second) + 1);
+  const std::size_t Index = OneIn(2) ? 0 : Below((IsSource ? Counts.first : Counts.second) + 1);
   for (std::size_t Count = 1 + Below(2); Count > 0; --Count) {
     RuleReturn.vConstraints.push_back({Joined({"((", Node(Side, Index), " ", Features(), ") = (",
                                                Node(Side, Index), " ", Features(), "))"}),
@@ -174,12 +174,12 @@ void RandomGrammar::AddSharing(const Sizes& Of, RandomRule& RuleReturn) {
   }
 }
 
-void RandomGrammar::AddConstraints(const Sizes& Of, std::size_t Count, RandomRule& RuleReturn) {
+void RandomGrammar::AddConstraints(const Sizes& Counts, std::size_t Count, RandomRule& RuleReturn) {
   for (; Count > 0; --Count) {
-    RuleReturn.vConstraints.push_back(Constraint(Of));
+    RuleReturn.vConstraints.push_back(Constraint(Counts));
   }
   if (OneIn(6)) {
-    AddSharing(Of, RuleReturn);
+    AddSharing(Counts, RuleReturn);
   }
   if (!RuleReturn.vConstraints.empty() && OneIn(10)) {
     RuleReturn.vConstraints.push_back(RuleReturn.vConstraints.front());
@@ -190,8 +190,8 @@ void RandomGrammar::AddConstraints(const Sizes& Of, std::size_t Count, RandomRul
 
 RandomRule RandomGrammar::LexicalRule() {
   RandomRule New;
-  New.Head = Joined({";;Score: ", Of("123"), "\n", Of("ABC"), "::", Of("ABC"), " : [\"", Of("abc"),
-                     "\"] -> [\"", Of("xyz"), "\"]\n"});
+  New.Head = Joined({";;Score: ", LetterOf("123"), "\n", LetterOf("ABC"), "::", LetterOf("ABC"),
+                     " : [\"", LetterOf("abc"), "\"] -> [\"", LetterOf("xyz"), "\"]\n"});
   New.Alignments = "(X1::Y1)\n";
   AddConstraints({1, 1}, Below(4), New);
   return New;
@@ -203,8 +203,8 @@ RandomRule RandomGrammar::PhraseRule() {
   std::string Target;
   const std::string Left = Sequence(1 + Below(3), true, Source);
   const std::string Right = Sequence(1 + Below(3), false, Target);
-  New.Head = Joined({";;Score: ", Of("123"), "\n", Of("ABC"), "::", Of("ABC"), " : [", Left,
-                     "] -> [", Right, "]\n"});
+  New.Head = Joined({";;Score: ", LetterOf("123"), "\n", LetterOf("ABC"), "::", LetterOf("ABC"),
+                     " : [", Left, "] -> [", Right, "]\n"});
   New.Alignments = Alignments(Source, Target);
   const Sizes Both{Source.size(), Target.size()};
   AddConstraints(Both, Below(3), New);

@@ -55,21 +55,21 @@ class RandomGrammar {
  private:
   using Sizes = std::pair<std::size_t, std::size_t>;  // of both sides
 
-  std::string Of(const std::string& Letters);
+  std::string LetterOf(const std::string& Letters);
   std::string AnyCase(std::string Text);
   RandomRule LexicalRule();
   std::string Sequence(std::size_t Size, bool IsSource, std::string& KindsReturn);
   std::string Alignments(const std::string& Source, const std::string& Target);
   std::string Features();
   std::string Node(char Side, std::size_t Index);
-  std::string Path(const Sizes& Of);
+  std::string Path(const Sizes& Counts);
   std::string Atom();
   std::string Atoms();
-  RandomConstraint Value(const Sizes& Of);
-  RandomConstraint Constraint(const Sizes& Of);
-  void AddCarriers(const Sizes& Of, RandomRule& RuleReturn);
-  void AddSharing(const Sizes& Of, RandomRule& RuleReturn);
-  void AddConstraints(const Sizes& Of, std::size_t Count, RandomRule& RuleReturn);
+  RandomConstraint Value(const Sizes& Counts);
+  RandomConstraint Constraint(const Sizes& Counts);
+  void AddCarriers(const Sizes& Counts, RandomRule& RuleReturn);
+  void AddSharing(const Sizes& Counts, RandomRule& RuleReturn);
+  void AddConstraints(const Sizes& Counts, std::size_t Count, RandomRule& RuleReturn);
 
   std::mt19937 Numbers;
 };

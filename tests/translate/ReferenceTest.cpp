@@ -65,6 +65,6 @@ INSTANTIATE_TEST_SUITE_P(Settings, Reference,
                                          Case{"MatchCase", {false, true}, 8, 2000, 150, 300},
                                          Case{"ShortChains", {false, false}, 2, 3000, 150, 300},
                                          Case{"NoChains", {true, true}, 0, 4000, 150, 100}),
-                         [](const auto& Each) { return std::string(Each.param.Name); });
+                         [](const auto& Current) { return std::string(Current.param.Name); });
 
 }  // namespace

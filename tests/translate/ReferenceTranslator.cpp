@@ -40,11 +40,11 @@ Ref New() {
   return std::make_shared<Structure>();
 }
 
-Ref Find(Ref Each) {
-  while (Each->Same) {
-    Each = Each->Same;
+Ref Find(Ref Current) {
+  while (Current->Same) {
+    Current = Current->Same;
   }
-  return Each;
+  return Current;
 }
 
 bool Unify(Ref Left, Ref Right);
@@ -83,42 +83,42 @@ bool Unify(Ref Left, Ref Right) {
     return UnifyAtoms(*Left, *Right);
   }
   const std::map<std::string, Ref> mOthers = Right->mFeatures;
-  return std::all_of(mOthers.begin(), mOthers.end(), [&](const auto& Each) {
+  return std::all_of(mOthers.begin(), mOthers.end(), [&](const auto& Current) {
     Left = Find(Left);
-    const auto [Found, IsNew] = Left->mFeatures.emplace(Each.first, Each.second);
-    return IsNew || Unify(Found->second, Each.second);
+    const auto [Found, IsNew] = Left->mFeatures.emplace(Current.first, Current.second);
+    return IsNew || Unify(Found->second, Current.second);
   });
 }
 
-Ref Copy(Ref Each, std::map<Ref, Ref>& mCopiesReturn) {
-  Each = Find(Each);
-  if (mCopiesReturn.count(Each) == 0) {
-    const Ref Result = mCopiesReturn[Each] = New();
-    *Result = *Each;
+Ref Copy(Ref Current, std::map<Ref, Ref>& mCopiesReturn) {
+  Current = Find(Current);
+  if (mCopiesReturn.count(Current) == 0) {
+    const Ref Result = mCopiesReturn[Current] = New();
+    *Result = *Current;
     for (auto& [sFeature, Value] : Result->mFeatures) {
       Value = Copy(Value, mCopiesReturn);
     }
   }
-  return mCopiesReturn[Each];
+  return mCopiesReturn[Current];
 }
 
-Ref CopyOf(const Ref& Each) {
+Ref CopyOf(const Ref& Current) {
   std::map<Ref, Ref> mCopies;
-  return Copy(Each, mCopies);
+  return Copy(Current, mCopies);
 }
 
-bool HasCycle(Ref Each, std::set<Ref>& ssInside, std::set<Ref>& ssDone) {
-  Each = Find(Each);
-  if (ssInside.count(Each) == 1 || ssDone.count(Each) == 1) {
-    return ssDone.count(Each) == 0;
+bool HasCycle(Ref Current, std::set<Ref>& ssInside, std::set<Ref>& ssDone) {
+  Current = Find(Current);
+  if (ssInside.count(Current) == 1 || ssDone.count(Current) == 1) {
+    return ssDone.count(Current) == 0;
   }
-  ssInside.insert(Each);
-  for (const auto& [sFeature, Value] : Each->mFeatures) {
+  ssInside.insert(Current);
+  for (const auto& [sFeature, Value] : Current->mFeatures) {
     if (HasCycle(Value, ssInside, ssDone)) {
       return true;
     }
   }
-  ssDone.insert(Each);
+  ssDone.insert(Current);
   return false;
 }
 
@@ -126,55 +126,56 @@ bool HasCycle(const std::vector<Ref>& vRoots) {
   std::set<Ref> ssInside;
   std::set<Ref> ssDone;
   return std::any_of(vRoots.begin(), vRoots.end(),
-                     [&](const Ref& Each) { return HasCycle(Each, ssInside, ssDone); });
+                     [&](const Ref& Current) { return HasCycle(Current, ssInside, ssDone); });
 }
 
-void CountArrivals(Ref Each, std::map<Ref, int>& mArrivals, std::set<Ref>& ssSeen) {
-  Each = Find(Each);
-  if (ssSeen.insert(Each).second) {
-    for (const auto& [sFeature, Value] : Each->mFeatures) {
+void CountArrivals(Ref Current, std::map<Ref, int>& mArrivals, std::set<Ref>& ssSeen) {
+  Current = Find(Current);
+  if (ssSeen.insert(Current).second) {
+    for (const auto& [sFeature, Value] : Current->mFeatures) {
       ++mArrivals[Find(Value)];
       CountArrivals(Value, mArrivals, ssSeen);
     }
   }
 }
 
-void Write(Ref Each, const std::map<Ref, int>& mArrivals, std::map<Ref, int>& mNumbers,
+void Write(Ref Current, const std::map<Ref, int>& mArrivals, std::map<Ref, int>& mNumbers,
            std::ostream& Out) {
-  Each = Find(Each);
-  const auto Found = mArrivals.find(Each);
+  Current = Find(Current);
+  const auto Found = mArrivals.find(Current);
   const bool IsShared = Found != mArrivals.end() && Found->second > 1;
   if (IsShared) {
-    const auto [Number, IsFirst] = mNumbers.emplace(Each, static_cast<int>(mNumbers.size()) + 1);
+    const auto [Number, IsFirst] = mNumbers.emplace(Current, static_cast<int>(mNumbers.size()) + 1);
     Out << "{\"#\":" << Number->second << (IsFirst ? ",\"is\":" : "}");
     if (!IsFirst) {
       return;
     }
   }
-  const bool IsList = Each->IsNegated || Each->ssAtoms.size() > 1;
-  std::string Between =
-      Each->What == Kind::Atomic && IsList ? Each->IsNegated ? "{\"*NOT*\":[" : "{\"*OR*\":[" : "";
-  for (const std::string& sAtom : Each->ssAtoms) {
+  const bool IsList = Current->IsNegated || Current->ssAtoms.size() > 1;
+  std::string Between = Current->What == Kind::Atomic && IsList
+                            ? Current->IsNegated ? "{\"*NOT*\":[" : "{\"*OR*\":["
+                            : "";
+  for (const std::string& sAtom : Current->ssAtoms) {
     Out << Between << '"' << sAtom << '"';
     Between = ",";
   }
-  Out << (IsList ? "]}" : "") << (Each->What == Kind::Atomic ? "" : "{");
+  Out << (IsList ? "]}" : "") << (Current->What == Kind::Atomic ? "" : "{");
   Between = "";
-  for (const auto& [sFeature, Value] : Each->mFeatures) {
+  for (const auto& [sFeature, Value] : Current->mFeatures) {
     Out << Between << '"' << sFeature << "\":";
     Write(Value, mArrivals, mNumbers, Out);
     Between = ",";
   }
-  Out << (Each->What == Kind::Atomic ? "" : "}") << (IsShared ? "}" : "");
+  Out << (Current->What == Kind::Atomic ? "" : "}") << (IsShared ? "}" : "");
 }
 
-std::string TextOf(const Ref& Each) {
+std::string TextOf(const Ref& Current) {
   std::map<Ref, int> mArrivals;
   std::map<Ref, int> mNumbers;
   std::set<Ref> ssSeen;
   std::ostringstream Out;
-  CountArrivals(Each, mArrivals, ssSeen);
-  Write(Each, mArrivals, mNumbers, Out);
+  CountArrivals(Current, mArrivals, ssSeen);
+  Write(Current, mArrivals, mNumbers, Out);
   return Out.str();
 }
 
@@ -182,9 +183,9 @@ std::string TextOf(const Ref& Each) {
 
 using Nodes = std::map<Side, std::vector<Ref>>;
 
-/// The end of a path, which is made where it is not there; nothing behind an atom.
+/// The end of a path, which is made where it is not there; nothing after an atom.
 Ref Make(const Nodes& Roots, const NodePath& Path) {
-  Ref At = Find(Roots.at(Path.Of)[Path.Index]);
+  Ref At = Find(Roots.at(Path.OnSide)[Path.Index]);
   for (const std::string_view Feature : Path.vFeatures) {
     if (At->What == Kind::Atomic) {
       return nullptr;
@@ -199,7 +200,7 @@ Ref Make(const Nodes& Roots, const NodePath& Path) {
 
 /// The end of a path; nothing if it is not there.
 Ref Look(const Nodes& Roots, const NodePath& Path) {
-  Ref At = Find(Roots.at(Path.Of)[Path.Index]);
+  Ref At = Find(Roots.at(Path.OnSide)[Path.Index]);
   for (const std::string_view Feature : Path.vFeatures) {
     const auto Found = At->mFeatures.find(Grammar::Upper(Feature));
     if (Found == At->mFeatures.end()) {
@@ -222,18 +223,18 @@ Slot SlotOf(const NodePath& Path) {
   for (const std::string_view Feature : Path.vFeatures) {
     vsFeatures.push_back(Grammar::Upper(Feature));
   }
-  return {Path.Of, Path.Index, vsFeatures};
+  return {Path.OnSide, Path.Index, vsFeatures};
 }
 
 /// A value; of alternatives, the value of all of them together.
-Ref ValueOf(const UsableRule& Rule, const Equation& Each) {
+Ref ValueOf(const UsableRule& Rule, const Equation& Current) {
   const Ref Value = New();
   Value->What = Kind::Atomic;
-  Value->IsNegated = Each.Kind == EquationKind::None;
+  Value->IsNegated = Current.Kind == EquationKind::None;
   for (const Equation& Other : Rule.vEquations) {
-    const bool IsSame =
-        &Other == &Each || (Each.Kind == EquationKind::Any && Other.Kind == EquationKind::Any &&
-                            SlotOf(Other.Left) == SlotOf(Each.Left));
+    const bool IsSame = &Other == &Current ||
+                        (Current.Kind == EquationKind::Any && Other.Kind == EquationKind::Any &&
+                         SlotOf(Other.Left) == SlotOf(Current.Left));
     for (const std::string_view Atom : IsSame ? Other.vAtoms : std::vector<std::string_view>()) {
       Value->ssAtoms.insert(Grammar::Upper(Atom));
     }
@@ -243,17 +244,18 @@ Ref ValueOf(const UsableRule& Rule, const Equation& Each) {
 
 /// The equations that hold within one side.
 bool UnifySide(const UsableRule& Rule, Side Which, const Nodes& Roots) {
-  for (const Equation& Each : Rule.vEquations) {
-    if (Each.Left.Of != Which || (Each.Kind == EquationKind::Path && Each.Right.Of != Which)) {
+  for (const Equation& Current : Rule.vEquations) {
+    if (Current.Left.OnSide != Which ||
+        (Current.Kind == EquationKind::Path && Current.Right.OnSide != Which)) {
       continue;
     }
     Ref Right;
-    if (Each.Kind == EquationKind::Path) {
-      Right = Make(Roots, Each.Right);
+    if (Current.Kind == EquationKind::Path) {
+      Right = Make(Roots, Current.Right);
     } else {
-      Right = ValueOf(Rule, Each);
+      Right = ValueOf(Rule, Current);
     }
-    if (!Right || !UnifyAt(Roots, Each.Left, Right)) {
+    if (!Right || !UnifyAt(Roots, Current.Left, Right)) {
       return false;
     }
   }
@@ -261,14 +263,14 @@ bool UnifySide(const UsableRule& Rule, Side Which, const Nodes& Roots) {
 }
 
 bool UnifyTransfers(const UsableRule& Rule, const Nodes& Roots) {
-  for (const Equation& Each : Rule.vEquations) {
-    if (Each.Kind != EquationKind::Path || Each.Left.Of == Each.Right.Of) {
+  for (const Equation& Current : Rule.vEquations) {
+    if (Current.Kind != EquationKind::Path || Current.Left.OnSide == Current.Right.OnSide) {
       continue;
     }
-    const bool IsLeft = Each.Left.Of == Side::X;
-    const Ref From = Look(Roots, IsLeft ? Each.Left : Each.Right);
+    const bool IsLeft = Current.Left.OnSide == Side::X;
+    const Ref From = Look(Roots, IsLeft ? Current.Left : Current.Right);
     if (From && From->What != Kind::Open &&
-        !UnifyAt(Roots, IsLeft ? Each.Right : Each.Left, CopyOf(From))) {
+        !UnifyAt(Roots, IsLeft ? Current.Right : Current.Left, CopyOf(From))) {
       return false;
     }
   }
@@ -328,15 +330,15 @@ class Table {
 };
 
 bool Table::Fits(std::size_t Rule, std::size_t Component, const Derivation& Part) const {
-  const UsableRule& Each = vRules[Rule];
+  const UsableRule& Used = vRules[Rule];
   const UsableRule& Below = vRules[Part.Rule];
-  for (std::size_t Target = 0; Target < Each.Places.Sources().size(); ++Target) {
-    if (Each.Places.Sources()[Target] == Component &&
-        !Grammar::IsSameInCapitals(Each.Y.vLabels[Target], Below.Y.Type)) {
+  for (std::size_t Target = 0; Target < Used.Places.Sources().size(); ++Target) {
+    if (Used.Places.Sources()[Target] == Component &&
+        !Grammar::IsSameInCapitals(Used.Y.vLabels[Target], Below.Y.Type)) {
       return false;
     }
   }
-  return Grammar::IsSameInCapitals(Each.X.vLabels[Component], Below.X.Type);
+  return Grammar::IsSameInCapitals(Used.X.vLabels[Component], Below.X.Type);
 }
 
 /// Cuts what is left of a span among what is left of a rule's components.
@@ -393,17 +395,17 @@ class Releaser {
     }
     std::set<Ref> ssSeen;
     while (!vAll.empty()) {
-      const Ref Each = vAll.back();
+      const Ref Node = vAll.back();
       vAll.pop_back();
-      if (Each && ssSeen.insert(Each).second) {
-        vAll.push_back(Each->Same);
-        for (const auto& [sFeature, Value] : Each->mFeatures) {
+      if (Node && ssSeen.insert(Node).second) {
+        vAll.push_back(Node->Same);
+        for (const auto& [sFeature, Value] : Node->mFeatures) {
           vAll.push_back(Value);
         }
       }
     }
-    for (const Ref& Each : ssSeen) {
-      Each->mFeatures.clear();
+    for (const Ref& Current : ssSeen) {
+      Current->mFeatures.clear();
     }
   }
 
@@ -417,28 +419,28 @@ class Releaser {
 void Table::Apply(std::size_t Rule, const std::vector<const Derivation*>& vParts,
                   Derivations& Made) {
   constexpr std::size_t TooMany = 500;
-  const UsableRule& Each = vRules[Rule];
+  const UsableRule& Used = vRules[Rule];
   Nodes Roots;
   const Releaser AtTheEnd(Roots);
   Roots[Side::X].push_back(New());
   for (const Derivation* Part : vParts) {
     Roots[Side::X].push_back(Part != nullptr ? CopyOf(Part->Source) : New());
   }
-  if (!UnifySide(Each, Side::X, Roots)) {
+  if (!UnifySide(Used, Side::X, Roots)) {
     return;
   }
   Derivation Result{Rule, Weight(Rule), {vNumbers[Rule]}, "", "", nullptr, nullptr, {}};
   Result.Source = CopyOf(Roots[Side::X][0]);
   Roots[Side::Y].push_back(New());
-  for (std::size_t Target = 0; Target < Each.Places.Sources().size(); ++Target) {
-    const bool IsPlace = Each.Places.Sources()[Target] != Grammar::PlaceSources::None;
-    const Derivation* Part = IsPlace ? vParts[Each.Places.Sources()[Target]] : nullptr;
+  for (std::size_t Target = 0; Target < Used.Places.Sources().size(); ++Target) {
+    const bool IsPlace = Used.Places.Sources()[Target] != Grammar::PlaceSources::None;
+    const Derivation* Part = IsPlace ? vParts[Used.Places.Sources()[Target]] : nullptr;
     Roots[Side::Y].push_back(IsPlace ? CopyOf(Part->Target) : New());
     const std::string Words =
-        IsPlace ? Part->Words : std::string(Grammar::WordOf(Each.Y.vLabels[Target]));
+        IsPlace ? Part->Words : std::string(Grammar::WordOf(Used.Y.vLabels[Target]));
     Result.Words += (Result.Words.empty() || Words.empty() ? "" : " ") + Words;
   }
-  if (!UnifyTransfers(Each, Roots) || !UnifySide(Each, Side::Y, Roots)) {
+  if (!UnifyTransfers(Used, Roots) || !UnifySide(Used, Side::Y, Roots)) {
     return;
   }
   Result.Target = CopyOf(Roots[Side::Y][0]);
@@ -494,12 +496,12 @@ ReferenceTranslator::Result ReferenceTranslator::Translate(const std::string& Te
   All.IsTooMuch = Spans.IsTooMuch;
   std::set<std::string> ssConstituents;
   for (const auto& [Span, Made] : Spans.mSpans) {
-    for (const Derivation& Each : Made) {
+    for (const Derivation& Tree : Made) {
       std::string Name = std::to_string(Span.first) + ' ' + std::to_string(Span.second) + ' ' +
-                         Grammar::Upper(vRules[Each.Rule].X.Type) + ' ' +
-                         Grammar::Upper(vRules[Each.Rule].Y.Type) + ' ' + TextOf(Each.Source) +
-                         TextOf(Each.Target);
-      for (const std::size_t Rule : Each.ssChain) {
+                         Grammar::Upper(vRules[Tree.Rule].X.Type) + ' ' +
+                         Grammar::Upper(vRules[Tree.Rule].Y.Type) + ' ' + TextOf(Tree.Source) +
+                         TextOf(Tree.Target);
+      for (const std::size_t Rule : Tree.ssChain) {
         Name += ' ' + std::to_string(Rule);
       }
       ssConstituents.insert(Name);
@@ -510,8 +512,8 @@ ReferenceTranslator::Result ReferenceTranslator::Translate(const std::string& Te
   std::sort(Whole.begin(), Whole.end(), [](const Derivation& Left, const Derivation& Right) {
     return std::tie(Right.Score, Left.vNumbers) < std::tie(Left.Score, Right.vNumbers);
   });
-  for (const Derivation& Each : Whole) {
-    All.vDerivations.push_back(std::to_string(Each.Score) + ' ' + Each.Words + ' ' + Each.Tree);
+  for (const Derivation& Tree : Whole) {
+    All.vDerivations.push_back(std::to_string(Tree.Score) + ' ' + Tree.Words + ' ' + Tree.Tree);
   }
   return All;
 }

@@ -26,7 +26,7 @@ TEST(RuleSet, WeighsARuleByItsShareOfItsType) {
   EXPECT_EQ(Rules.At(2).Weight, 0);
 }
 
-TEST(RuleSet, KnowsWhereRulesStand) {
+TEST(RuleSet, KnowsTheLinesOfItsRules) {
   const TestEngine Engine(Small);
   const RuleSet& Rules = Engine.Set();
   EXPECT_EQ(Rules.FileOf(Rules.At(0)), "a.trr");
@@ -41,8 +41,8 @@ TEST(RuleSet, WritesAPlaceAtEachOfItsTargets) {
   const RuleSet& Rules = Engine.Set();
   std::string Targets;
   for (std::uint32_t Rule = 0; Rule < Rules.Size(); ++Rule) {
-    for (const Translate::TargetItem& Each : Rules.TargetsOf(Rules.At(Rule))) {
-      Targets += Each.IsLiteral ? Rules.WordName(Each.Value) : '#' + std::to_string(Each.Value);
+    for (const Translate::TargetItem& Item : Rules.TargetsOf(Rules.At(Rule))) {
+      Targets += Item.IsLiteral ? Rules.WordName(Item.Value) : '#' + std::to_string(Item.Value);
       Targets += ' ';
     }
     Targets += '|';
@@ -50,7 +50,7 @@ TEST(RuleSet, WritesAPlaceAtEachOfItsTargets) {
   EXPECT_EQ(Targets, "#0 la #0 ||Auto |");
 }
 
-TEST(RuleSet, TellsUnaryRulesFromTheOthers) {
+TEST(RuleSet, DistinguishesUnaryRules) {
   const TestEngine Engine(Small);
   const RuleSet& Rules = Engine.Set();
   EXPECT_FALSE(Rules.IsUnary(Rules.At(0)));

@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(SourceTrie, SharesBeginningsAndUnitesNeeds) {
+TEST(SourceTrie, SharesPrefixesAndMergesNeeds) {
   Translate::SourceTrie Trie;
   Trie.Add({7, 9}, {0, 1}, 0);
   Trie.Add({7}, {2}, 1);
@@ -27,7 +27,7 @@ TEST(SourceTrie, SharesBeginningsAndUnitesNeeds) {
   EXPECT_EQ(Trie.Slots(Translate::SourceTrie::Root).size(), 1U);
 }
 
-TEST(SourceTrie, SortsEdgesWhateverTheOrderOfTheRules) {
+TEST(SourceTrie, SortsEdgesForAnyOrderOfRules) {
   Translate::SourceTrie Trie;
   const std::uint32_t Literal = 1 | Translate::SourceTrie::LiteralMark;
   Trie.Add({Literal, 4}, {0, 0}, 0);
@@ -35,17 +35,17 @@ TEST(SourceTrie, SortsEdgesWhateverTheOrderOfTheRules) {
   Trie.Add({2, 2}, {0, 0}, 2);
   Trie.Finish();
   std::vector<std::uint32_t> vSlots;
-  for (const auto& Each : Trie.Slots(Translate::SourceTrie::Root)) {
-    EXPECT_EQ(Trie.Parent(Each.Target), Translate::SourceTrie::Root);
-    EXPECT_EQ(Trie.Symbol(Each.Target), Each.Symbol);
-    vSlots.push_back(Each.Symbol);
+  for (const auto& Current : Trie.Slots(Translate::SourceTrie::Root)) {
+    EXPECT_EQ(Trie.Parent(Current.Target), Translate::SourceTrie::Root);
+    EXPECT_EQ(Trie.Symbol(Current.Target), Current.Symbol);
+    vSlots.push_back(Current.Symbol);
   }
   EXPECT_EQ(vSlots, (std::vector<std::uint32_t>{2, 9}));
   EXPECT_EQ(Trie.Size(), 6U);
   EXPECT_EQ(Trie.AllRules().size(), 3U);
 }
 
-TEST(SourceTrie, IsUsableWithoutRules) {
+TEST(SourceTrie, WorksWithoutRules) {
   Translate::SourceTrie Trie;
   Trie.Finish();
   EXPECT_EQ(Trie.Size(), 1U);

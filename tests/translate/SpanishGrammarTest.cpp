@@ -63,9 +63,9 @@ class SpanishGrammar {
     Options.HasStarts = true;
     Options.vStarts = {Rules.FindSourceType(vRules[Index].X.Type)};
     Strings vsTexts;
-    for (const Translate::Translation& Each : Engine->Translate(Source, Options).vTranslations) {
-      if (Engine->NodesOf(Each.Tree, 0)[0].Rule == Index) {
-        vsTexts.push_back(Each.Target);
+    for (const Translate::Translation& Best : Engine->Translate(Source, Options).vTranslations) {
+      if (Engine->NodesOf(Best.Tree, 0)[0].Rule == Index) {
+        vsTexts.push_back(Best.Target);
       }
     }
     return vsTexts;

@@ -10,7 +10,7 @@ namespace {
 using Translate::StructureId;
 using Translate::StructureStore;
 
-TEST(StructureStore, KeepsEachStructureOnce) {
+TEST(StructureStore, StoresEachStructureOnce) {
   StructureStore Store;
   const StructureId One = Store.Atomic(4);
   const StructureId Other = Store.Atomic(5);
@@ -23,7 +23,7 @@ TEST(StructureStore, KeepsEachStructureOnce) {
   EXPECT_EQ(Store.Size(), 5U);
 }
 
-TEST(StructureStore, TellsKindsApart) {
+TEST(StructureStore, DistinguishesKinds) {
   StructureStore Store;
   const StructureId Atomic = Store.Atomic(4);
   const StructureId Complex = Store.Complex({1, 1, 7, Atomic});
@@ -37,7 +37,7 @@ TEST(StructureStore, TellsKindsApart) {
             (std::vector<std::uint32_t>{1, 1, 7, Atomic}));
 }
 
-TEST(StructureStore, FindsStructuresAgainAmongMany) {
+TEST(StructureStore, FindsStructuresAmongMany) {
   StructureStore Store;
   std::vector<StructureId> vStructures;
   for (std::uint32_t Number = 0; Number < 5000; ++Number) {

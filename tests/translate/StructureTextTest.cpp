@@ -28,10 +28,10 @@ TEST(StructureText, WritesStructuresForProgramsAndForPeople) {
        "[A=#1:[D=#2:P] B=[C=#1] E=#2]"},
       {"((x0 a) = q\"\\)\n", R"({"A":"Q\"\\"})", "[A=Q\"\\]"},
   };
-  for (const Case& Each : vCases) {
-    TestEngine Engine(std::string("N::N : [\"a\"] -> [\"x\"]\n(X1::Y1)\n") + Each.Constraints);
+  for (const Case& Row : vCases) {
+    TestEngine Engine(std::string("N::N : [\"a\"] -> [\"x\"]\n(X1::Y1)\n") + Row.Constraints);
     const Translate::TextResult Result = Engine.Engine.Translate("a", {});
-    ASSERT_EQ(Result.vTranslations.size(), 1U) << Each.Constraints;
+    ASSERT_EQ(Result.vTranslations.size(), 1U) << Row.Constraints;
     const auto vNodes = Engine.Engine.NodesOf(Result.vTranslations[0].Tree, 0);
     Translate::StructureText Writer(Engine.Set(), Engine.Engine.Structures(),
                                     Engine.Engine.Atoms());
@@ -39,12 +39,12 @@ TEST(StructureText, WritesStructuresForProgramsAndForPeople) {
     std::string Short;
     Writer.AppendJson(vNodes[0].Structures.Source, Json);
     Writer.AppendShort(vNodes[0].Structures.Source, Short);
-    EXPECT_EQ(Json, Each.Json);
-    EXPECT_EQ(Short, Each.Short);
+    EXPECT_EQ(Json, Row.Json);
+    EXPECT_EQ(Short, Row.Short);
   }
 }
 
-TEST(StructureText, EscapesWhatJsonCannotHold) {
+TEST(StructureText, EscapesWhatJsonCannotContain) {
   std::string Text;
   Translate::AppendJsonString("a\"\\\n\t\x01/\xc3\xa9", Text);
   EXPECT_EQ(Text, "\"a\\\"\\\\\\n\\t\\u0001/\xc3\xa9\"");

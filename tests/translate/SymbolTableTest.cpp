@@ -9,7 +9,7 @@ namespace {
 
 using Grammar::SymbolTable;
 
-TEST(SymbolTable, NumbersTextsInTheOrderOfTheirComing) {
+TEST(SymbolTable, NumbersTextsInTheOrderOfInsertion) {
   SymbolTable Table;
   EXPECT_EQ(Table.Intern("NP"), 0U);
   EXPECT_EQ(Table.Intern("DET"), 1U);
@@ -21,13 +21,13 @@ TEST(SymbolTable, NumbersTextsInTheOrderOfTheirComing) {
   EXPECT_EQ(Table.Size(), 3U);
 }
 
-TEST(SymbolTable, PutsAsciiLettersInCapitalsAlone) {
+TEST(SymbolTable, CapitalisesOnlyAsciiLetters) {
   SymbolTable Table;
   EXPECT_EQ(Table.InternUpper("n\xc3\xa9"), Table.Intern("N\xc3\xa9"));
   EXPECT_NE(Table.Intern("n"), Table.InternUpper("n"));
 }
 
-TEST(SymbolTable, KeepsItsTextsWhereTheyAre) {
+TEST(SymbolTable, DoesNotMoveItsTexts) {
   SymbolTable Table;
   const std::string& First = Table.Name(Table.Intern("first"));
   for (std::uint32_t Number = 1; Number < 10000; ++Number) {

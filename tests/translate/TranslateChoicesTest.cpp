@@ -36,7 +36,7 @@ std::string CarRule(const std::string& Lines) {
   return "N::N : [\"car\"] -> [\"auto\"]\n" + Lines + '\n';
 }
 
-TEST(TranslateChoices, CountsAScoreWhereverItStandsInTheRule) {
+TEST(TranslateChoices, CountsAScoreAnywhereInTheRule) {
   const std::string Equal = "-0.693147\tauto\n-0.693147\tcoche\n\n";
   const std::string Four = "-0.223144\tauto\n-1.609438\tcoche\n\n";
   const std::vector<std::pair<std::string, std::string>> Cases{
@@ -46,7 +46,7 @@ TEST(TranslateChoices, CountsAScoreWhereverItStandsInTheRule) {
       {";;Score: +4\n(X1::Y1)", Equal},
       {";;Score: -4\n(X1::Y1)", Equal},
       {";;Score 4\n(X1::Y1)", Equal},
-      // Behind the last line of a body, a comment is the next rule's.
+      // After the last line of a body, a comment is the next rule's.
       {"(X1::Y1)\n;;Score: 4", "-0.223144\tcoche\n-1.609438\tauto\n\n"},
   };
   for (const auto& [sLines, sExpected] : Cases) {
@@ -55,7 +55,7 @@ TEST(TranslateChoices, CountsAScoreWhereverItStandsInTheRule) {
   }
 }
 
-TEST(TranslateChoices, TakesNoListWithoutWordsAndNoEquationWithoutValue) {
+TEST(TranslateChoices, RejectsAListWithoutWordsAndAnEquationWithoutAValue) {
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"((x0 num) = (*OR*))",
        "18: error TR008: the constraint is not in the format from here on: "
@@ -75,7 +75,7 @@ TEST(TranslateChoices, TakesNoListWithoutWordsAndNoEquationWithoutValue) {
   }
 }
 
-TEST(TranslateChoices, TakesTheConstraintsThatTheLibraryWritesWithoutTheirLastParenthesis) {
+TEST(TranslateChoices, AcceptsTheLibrarysConstraintsWithoutTheirLastParenthesis) {
   for (const char* Equation : {"((X0 NUM) = (*NOT* SG)", "(X0 = (X1 NUM)"}) {
     EXPECT_EQ(RunOn(CarRule(std::string("(X1::Y1)\n") + Equation), {"--text", "car"}),
               (ChildEnd{0, "auto\n", ""}));
@@ -112,7 +112,7 @@ TEST(TranslateChoices, NamesAHeaderAsFarAsItCanBeRead) {
 
 // ---- Options ----------------------------------------------------------------------------------
 
-TEST(TranslateChoices, TakesTheEmptyStartTypeForOneWithoutRules) {
+TEST(TranslateChoices, TreatsTheEmptyStartTypeAsOneWithoutRules) {
   const std::string Unknown = "trrule: --start: no usable rule has the type \"\"\n";
   const std::vector<std::pair<std::string, ChildEnd>> Cases{
       {"", {1, "\n", Unknown + NoTranslation}},
@@ -125,30 +125,30 @@ TEST(TranslateChoices, TakesTheEmptyStartTypeForOneWithoutRules) {
   }
 }
 
-TEST(TranslateChoices, CutsIntoPiecesOfTypesThatAreNoStartTypes) {
+TEST(TranslateChoices, SplitsIntoPiecesOfTypesThatAreNotStartTypes) {
   EXPECT_EQ(RunOn(Phrases, {"--text", "a car", "--start", "NP", "--partial"}),
             (ChildEnd{1, "a auto\n", NoTranslation}));
 }
 
-TEST(TranslateChoices, ListsAllDerivationsAlsoWhereOneIsWanted) {
+TEST(TranslateChoices, ListsAllDerivationsEvenIfOneIsRequested) {
   EXPECT_EQ(RunOn(Phrases, {"--text", "the car", "--all-derivations", "-k", "1"}),
             (ChildEnd{0, "0.000000\tel auto\n\n", ""}));
 }
 
-TEST(TranslateChoices, TakesLimitsOfNone) {
+TEST(TranslateChoices, AcceptsLimitsOfZero) {
   EXPECT_EQ(RunOn(Phrases, {"--text", "the car", "--max-chain", "0", "--max-derivations", "0"}),
             (ChildEnd{0, "el auto\n", ""}));
   EXPECT_EQ(RunOn(Phrases, {"--text", "the car", "--max-constituents", "0"}),
             (ChildEnd{1, "\n", "--text:1: error: there are more than 0 constituents\n"}));
 }
 
-TEST(TranslateChoices, CountsWhatIsPassedOverAlsoWhereNoOtherTextFollows) {
+TEST(TranslateChoices, CountsSkippedTextsEvenIfNoOtherTextFollows) {
   const std::string Twice = CarRule("(X1::Y1)") + CarRule("(X1::Y1)");
   EXPECT_EQ(RunOn(Twice, {"--text", "car", "-k", "2", "--max-derivations", "1"}),
             (ChildEnd{0, "-0.693147\tauto\n\n", ""}));
   EXPECT_EQ(RunOn(Twice, {"--text", "car", "-k", "2", "--max-derivations", "0"}),
             (ChildEnd{1, "-0.693147\tauto\n\n",
-                      "--text:1: error: more than 0 derivations say what others said before\n"}));
+                      "--text:1: error: more than 0 derivations repeat earlier texts\n"}));
 }
 
 // ---- Output -----------------------------------------------------------------------------------
@@ -171,17 +171,17 @@ TEST(TranslateChoices, CountsNothingAtALimit) {
                       "--text:1: error: " + Message + '\n'}));
 }
 
-TEST(TranslateChoices, CountsWithoutAWordInThePlainForm) {
+TEST(TranslateChoices, CountsSilentlyInThePlainForm) {
   EXPECT_EQ(RunOn(Phrases, {"--text", "the car", "--count"}), (ChildEnd{0, "el auto\n", ""}));
 }
 
-TEST(TranslateChoices, HasNoErrorInJsonWhereThereIsMerelyNoTranslation) {
+TEST(TranslateChoices, HasNoErrorInJsonForATextWithoutTranslation) {
   EXPECT_EQ(
       RunOn(Phrases, {"--text", "bus", "--format", "json"}),
       (ChildEnd{1, "{\"source\":\"bus\",\"translations\":[],\"error\":null}\n", NoTranslation}));
 }
 
-TEST(TranslateChoices, KeepsACarriageReturnThatEndsNoLine) {
+TEST(TranslateChoices, KeepsACarriageReturnWithinALine) {
   const TestFolder Folder;
   const std::string Input = Folder.Write("texts", "bus\r\r\nbus\r");
   EXPECT_EQ(RunOn(Phrases, {"--format", "json"}, Input),

@@ -48,7 +48,7 @@ TEST(TranslateProgram, TranslatesEachLineInOrder) {
   }
 }
 
-TEST(TranslateProgram, TellsWhichLineHasNoTranslation) {
+TEST(TranslateProgram, ReportsLinesWithoutTranslation) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Nouns);
   const std::string Input = Folder.Write("texts", "car\nbus\n\ncar");
@@ -79,7 +79,7 @@ TEST(TranslateProgram, TranslatesAGivenText) {
             (ChildEnd{1, "The auto\n", "--text:1: error: there is no translation\n"}));
 }
 
-TEST(TranslateProgram, TellsOfRulesThatAreLeftOut) {
+TEST(TranslateProgram, ReportsSkippedRules) {
   const TestFolder Folder;
   const std::string Grammar =
       Folder.Write("a.trr", "NP::NP : [\"the\" N] -> [N N]\n(X2::Y1)\n" + Nouns);
@@ -90,7 +90,7 @@ TEST(TranslateProgram, TellsOfRulesThatAreLeftOut) {
                               "1 of 2 rules was left out\n"}));
 }
 
-TEST(TranslateProgram, TellsOfStartTypesWithoutRules) {
+TEST(TranslateProgram, ReportsStartTypesWithoutRules) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Nouns);
   EXPECT_EQ(RunTranslate({Grammar, "--text", "car", "--start", " n , S"}),
@@ -126,26 +126,26 @@ TEST(TranslateProgram, DrawsTrees) {
                       ""}));
 }
 
-TEST(TranslateProgram, FailsWhereALimitIsReached) {
+TEST(TranslateProgram, FailsAtALimit) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Nouns + Nouns + Phrases);
   EXPECT_EQ(RunTranslate({Grammar, "--text", "the car", "--max-constituents", "1"}),
             (ChildEnd{1, "\n", "--text:1: error: there are more than 1 constituents\n"}));
   EXPECT_EQ(RunTranslate({Grammar, "--text", "car", "--max-derivations", "0", "-k", "2"}),
             (ChildEnd{1, "-0.693147\tauto\n\n",
-                      "--text:1: error: more than 0 derivations say what others said before\n"}));
+                      "--text:1: error: more than 0 derivations repeat earlier texts\n"}));
 }
 
-TEST(TranslateProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
+TEST(TranslateProgram, EndsWithStatus2AndOneLineWhenTheRunFails) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Nouns);
   const std::vector<std::pair<Strings, std::string>> Cases{
       {{}, "FILE is required"},
       {{"-"}, "standard input holds the texts: a grammar from there needs --text"},
-      {{Grammar, "-k", "0"}, "-k: 0 is no number from 1 on"},
-      {{Grammar, "-k", "x"}, "-k: x is no number from 1 on"},
-      {{Grammar, "--threads", "0"}, "--threads: 0 is no number from 1 on"},
-      {{Grammar, "--max-chain", "-1"}, "--max-chain: -1 is no number from 0 on"},
+      {{Grammar, "-k", "0"}, "-k: invalid number 0; use a number from 1 on"},
+      {{Grammar, "-k", "x"}, "-k: invalid number x; use a number from 1 on"},
+      {{Grammar, "--threads", "0"}, "--threads: invalid number 0; use a number from 1 on"},
+      {{Grammar, "--max-chain", "-1"}, "--max-chain: invalid number -1; use a number from 0 on"},
       {{Grammar, "--format", "xml"}, "--format: xml not in {plain,json,tree}"},
       {{"/no/such/file"}, "cannot read /no/such/file: No such file or directory"},
       {{Grammar, "-o", "/no/such/file"}, "cannot write /no/such/file: No such file or directory"},

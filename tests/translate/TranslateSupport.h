@@ -68,7 +68,7 @@ class TestEngine {
   /// The best translation, on a line.
   std::string Plain(const std::string& Text) { return Written(Text, {}, {}); }
 
-  /// All derivations, with scores, a line each, and an empty line behind.
+  /// All derivations, with scores, a line each, and an empty line after.
   std::string All(const std::string& Text) {
     Translate::WriterOptions Form;
     Form.IsList = true;
@@ -123,13 +123,13 @@ using RuleName = std::function<std::string(std::uint32_t Number)>;
 ///
 ///   -1386294 el auto 1{"NUM":"SG"}{}(2{}{}()3{"NUM":"SG"}{}())
 inline std::string DerivationText(
-    TestEngine& Grammar, const Translate::Translation& Each,
+    TestEngine& Grammar, const Translate::Translation& Best,
     const RuleName& Name = [](std::uint32_t Number) { return std::to_string(Number); }) {
   Translate::StructureText Structures(Grammar.Set(), Grammar.Engine.Structures(),
                                       Grammar.Engine.Atoms());
-  std::string Text = std::to_string(Each.Score) + ' ' + Each.Target + ' ';
+  std::string Text = std::to_string(Best.Score) + ' ' + Best.Target + ' ';
   std::vector<std::uint32_t> vLeft;
-  for (const Translate::TreeNode& Node : Grammar.Engine.NodesOf(Each.Tree, 0)) {
+  for (const Translate::TreeNode& Node : Grammar.Engine.NodesOf(Best.Tree, 0)) {
     Text += Name(Grammar.Set().At(Node.Rule).Number);
     Structures.AppendJson(Node.Structures.Source, Text);
     Structures.AppendJson(Node.Structures.Target, Text);
@@ -151,8 +151,8 @@ inline std::vector<std::string> DerivationTexts(
     TestEngine& Grammar, const Translate::TextResult& Result,
     const RuleName& Name = [](std::uint32_t Number) { return std::to_string(Number); }) {
   std::vector<std::string> vsTexts;
-  for (const Translate::Translation& Each : Result.vTranslations) {
-    vsTexts.push_back(DerivationText(Grammar, Each, Name));
+  for (const Translate::Translation& Best : Result.vTranslations) {
+    vsTexts.push_back(DerivationText(Grammar, Best, Name));
   }
   return vsTexts;
 }

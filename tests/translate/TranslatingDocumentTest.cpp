@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(TranslatingDocument, ShowsWhatTheCommandPrints) {
+TEST(TranslatingDocument, ShowsTheOutputOfTheCommands) {
   ExpectConsolesHold("docs/translating.md");
 }
 

@@ -19,7 +19,7 @@ std::string Repeated(const std::string& Word, int Count) {
   return Text;
 }
 
-TEST(Translator, FindsTheBestOfVeryManyDerivationsThatScoreTheSame) {
+TEST(Translator, FindsTheBestOfManyEquallyScoredDerivations) {
   TestEngine Engine(
       "S::S : [S S] -> [S S]\n(X1::Y1)\n(X2::Y2)\nS::S : [\"a\"] -> [\"x\"]\n(X1::Y1)\n");
   Translate::TextOptions Options;
@@ -36,7 +36,7 @@ TEST(Translator, FindsTheBestOfVeryManyDerivationsThatScoreTheSame) {
   EXPECT_LT(Engine.Engine.ParsedChart().Bytes(), std::size_t{20} << 20);
 }
 
-TEST(Translator, TakesLongTextsAndDeepTrees) {
+TEST(Translator, TranslatesLongTextsAndDeepTrees) {
   const std::string Lexicon = "A::A : [\"a\"] -> [\"x\"]\n(X1::Y1)\n";
   TestEngine Words(Lexicon);
   EXPECT_EQ(Words.Plain(Repeated("a", 100000)), "\n");
@@ -48,7 +48,7 @@ TEST(Translator, TakesLongTextsAndDeepTrees) {
   EXPECT_GT(Right.Json(Text).size(), 1000U * 1000U);
 }
 
-TEST(Translator, TakesLongChains) {
+TEST(Translator, TranslatesLongChains) {
   std::string Grammar = "T0::T : [\"a\"] -> [\"x\"]\n(X1::Y1)\n";
   for (int Level = 0; Level < 800; ++Level) {
     Grammar += 'T' + std::to_string(Level + 1) + "::T : [T" + std::to_string(Level) +
@@ -60,7 +60,7 @@ TEST(Translator, TakesLongChains) {
   EXPECT_EQ(Engine.Engine.Translate("a", Options).vTranslations.size(), 801U);
 }
 
-TEST(Translator, CopiesStructuresWithoutWritingThemOut) {
+TEST(Translator, CopiesStructuresWithoutUnfoldingThem) {
   // Each level holds what is below it twice: written out, the structure would not fit anywhere.
   TestEngine Engine(
       "S::S : [S \"b\"] -> [S S]\n(X1::Y1)\n(X1::Y2)\n((y0 l) = y1)\n((y0 r) = y2)\n"

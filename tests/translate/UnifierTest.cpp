@@ -30,7 +30,7 @@ struct Workbench {
   }
 };
 
-TEST(Unifier, GivesEqualStructuresOneNumberHoweverTheyWereMade) {
+TEST(Unifier, NumbersEqualStructuresAlike) {
   Workbench Bench;
   const auto One = Bench.Nodes.Add(StructureStore::Open);
   const auto Other = Bench.Nodes.Add(StructureStore::Open);
@@ -49,7 +49,7 @@ TEST(Unifier, GivesEqualStructuresOneNumberHoweverTheyWereMade) {
   EXPECT_NE(Bench.Nodes.Freeze(Copy), First);
 }
 
-TEST(Unifier, KeepsWhatHangsOnAKnotByOneFeatureApart) {
+TEST(Unifier, DistinguishesStructuresOnAKnot) {
   Workbench Bench;
   const auto Root = Bench.Nodes.Add(StructureStore::Open);
   Bench.Nodes.Unify(Bench.Make(Root, {1, 7}), Bench.Make(Root, {1, 8}));
@@ -63,7 +63,7 @@ TEST(Unifier, KeepsWhatHangsOnAKnotByOneFeatureApart) {
             (std::vector<std::uint32_t>{1, 1, 1, Inner}));
 }
 
-TEST(Unifier, TellsWhatAPathLeadsTo) {
+TEST(Unifier, FollowsAPath) {
   Workbench Bench;
   const auto Root = Bench.Nodes.Add(StructureStore::Open);
   const auto Value = Bench.Nodes.Add(Bench.Store.Atomic(Bench.Sets.Intern({false, {3}})));
@@ -86,7 +86,7 @@ TEST(Unifier, FindsAStructureThatContainsItself) {
   EXPECT_TRUE(Bench.Nodes.HasCycle());
 }
 
-TEST(Unifier, KnowsWhetherSomethingSharedWasLookedInto) {
+TEST(Unifier, KnowsWhetherASharedStructureWasRead) {
   Workbench Bench;
   const auto Root = Bench.Nodes.Add(StructureStore::Open);
   Bench.Nodes.Unify(Bench.Make(Root, {1}), Bench.Make(Root, {2}));
@@ -119,31 +119,31 @@ std::vector<std::uint32_t> RandomPath(RandomGrammar& Random) {
 
 std::vector<PathEquation> RandomEquations(RandomGrammar& Random) {
   std::vector<PathEquation> vEquations(2 + Random.Below(6));
-  for (PathEquation& Each : vEquations) {
-    Each.vLeft = RandomPath(Random);
+  for (PathEquation& Equation : vEquations) {
+    Equation.vLeft = RandomPath(Random);
     if (Random.OneIn(3)) {
-      Each.Atoms.IsNegated = Random.OneIn(3);
-      Each.Atoms.vAtoms = {static_cast<std::uint32_t>(Random.Below(3)),
-                           static_cast<std::uint32_t>(Random.Below(3))};
+      Equation.Atoms.IsNegated = Random.OneIn(3);
+      Equation.Atoms.vAtoms = {static_cast<std::uint32_t>(Random.Below(3)),
+                               static_cast<std::uint32_t>(Random.Below(3))};
     } else {
-      Each.vRight = RandomPath(Random);
+      Equation.vRight = RandomPath(Random);
     }
   }
   return vEquations;
 }
 
-bool Apply(Workbench& Bench, const PathEquation& Each, Unifier::NodeId Root) {
-  const auto Left = Bench.Make(Root, Each.vLeft);
+bool Apply(Workbench& Bench, const PathEquation& Equation, Unifier::NodeId Root) {
+  const auto Left = Bench.Make(Root, Equation.vLeft);
   if (Left == Unifier::None) {
     return false;
   }
-  const auto Right = Each.vRight.empty()
-                         ? Bench.Nodes.Add(Bench.Store.Atomic(Bench.Sets.Intern(Each.Atoms)))
-                         : Bench.Make(Root, Each.vRight);
+  const auto Right = Equation.vRight.empty()
+                         ? Bench.Nodes.Add(Bench.Store.Atomic(Bench.Sets.Intern(Equation.Atoms)))
+                         : Bench.Make(Root, Equation.vRight);
   return Right != Unifier::None && Bench.Nodes.Unify(Left, Right);
 }
 
-/// The structure that all equations make; nothing where they clash. It is put down and taken up
+/// The structure that all equations make; nothing if they clash. It is put down and taken up
 /// again before the equations with these indices.
 std::optional<StructureId> Solve(Workbench& Bench, const std::vector<PathEquation>& vEquations,
                                  std::size_t FirstStop, std::size_t NextStop) {
@@ -167,7 +167,7 @@ std::optional<StructureId> Solve(Workbench& Bench, const std::vector<PathEquatio
                                 : std::optional<StructureId>(Bench.Nodes.Freeze(Root));
 }
 
-TEST(Unifier, GivesTheSameInAnyOrderAndOverCopies) {
+TEST(Unifier, HasTheSameResultInAnyOrderAndOverCopies) {
   std::size_t Solved = 0;
   for (unsigned Seed = 0; Seed < 3000 && !HasFailure(); ++Seed) {
     RandomGrammar Random(Seed);

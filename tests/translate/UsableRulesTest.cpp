@@ -19,13 +19,13 @@ std::string Word(const std::string& Source, const std::string& Target) {
 
 Strings CodesOf(const std::vector<Grammar::Finding>& vFindings) {
   Strings vsCodes;
-  for (const Grammar::Finding& Each : vFindings) {
-    vsCodes.push_back(Each.Code);
+  for (const Grammar::Finding& Found : vFindings) {
+    vsCodes.push_back(Found.Code);
   }
   return vsCodes;
 }
 
-TEST(UsableRules, LeaveOutWhatCannotBeTakenApart) {
+TEST(UsableRules, OmitRulesThatCannotBeParsed) {
   const std::string Long(100001, 'v');
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"TR001", "{N,1}\n(\n(X1::Y1)\n)\n"},
@@ -49,7 +49,7 @@ TEST(UsableRules, LeaveOutWhatCannotBeTakenApart) {
   }
 }
 
-TEST(UsableRules, TakeWhatMerelyCannotBeWrittenOrSurprises) {
+TEST(UsableRules, IncludeRulesThatOnlyCannotBeWritten) {
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"TR011",
        "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n((x1 num) = (x0 num))\n((x0 num) = (x1 num))\n)\n"},
@@ -72,14 +72,14 @@ TEST(UsableRules, TakeWhatMerelyCannotBeWrittenOrSurprises) {
   EXPECT_EQ(Quoted.vRules.size(), 1U);
 }
 
-TEST(UsableRules, AddUpCountsBeyond32Bits) {
+TEST(UsableRules, SumCountsBeyond32Bits) {
   const std::string Most = ";;Score: 2147483647\n";
   EXPECT_EQ(
       TestEngine(Most + Word("a", "x") + Most + Word("a", "y") + Most + Word("a", "z")).All("a"),
       "-1.098612\tx\n-1.098612\ty\n-1.098612\tz\n\n");
 }
 
-TEST(UsableRules, RoundTheirWeightsBeforeTheyAreAdded) {
+TEST(UsableRules, RoundWeightsBeforeTheyAreAdded) {
   // ln(1/3) is -1.0986123: three of them are -3.295837 together, and -3.295836 if each is rounded.
   const std::string Grammar = "S::S : [N N N] -> [N N N]\n(\n(X1::Y1)\n(X2::Y2)\n(X3::Y3)\n)\n" +
                               Word("a", "x") + Word("b", "y") + Word("c", "z");
@@ -100,7 +100,7 @@ TEST(UsableRules, ShareTheTotalOfTheirSourceType) {
   EXPECT_EQ(Backward.All("x"), "0.000000\ta\n-0.693147\ta\n\n");
 }
 
-TEST(UsableRules, AreLeftOutAndCountedForTheDirection) {
+TEST(UsableRules, AreSkippedAndCountedByDirection) {
   // The first rule has no source for its target place, and in reverse it is the second one.
   const std::string Grammar =
       "N::N : [\"a\"] -> [N \"x\"]\n(\n(X1::Y1)\n)\n"
@@ -131,7 +131,7 @@ TEST(UsableRules, FillPlacesByBothTypes) {
   }
 }
 
-TEST(UsableRules, AreUnaryByTheirSourceComponentsAlone) {
+TEST(UsableRules, AreUnaryByTheirSourceComponents) {
   // One source place and several target components: no rule of these twice in a chain.
   TestEngine Engine("N::N : [N] -> [\"y\" N]\n(\n(X1::Y2)\n)\n" + Word("a", "x"));
   EXPECT_EQ(Engine.All("a"), "-0.693147\tx\n-1.386294\ty x\n\n");
@@ -142,7 +142,7 @@ TEST(UsableRules, AreUnaryByTheirSourceComponentsAlone) {
   EXPECT_EQ(Backward.All("y y y x"), "-2.772588\ta\n\n");
 }
 
-TEST(UsableRules, KeepInnerBlanksOfAValueAndDropThoseAroundIt) {
+TEST(UsableRules, KeepInnerBlanksOfAValueAndDropOuterOnes) {
   const std::vector<std::pair<std::string, std::string>> Cases{
       {"((x0 of) =   new  york   )", "\"NEW  YORK\""},
       {"((x0 of) = new\tyork)", "\"NEW\\tYORK\""},

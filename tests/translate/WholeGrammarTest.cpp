@@ -133,8 +133,8 @@ class ReadShapes {
 /// The line of the rule that a line belongs to.
 std::size_t RuleLineOf(const ReadGrammar& Read, std::size_t Line) {
   std::size_t Found = 0;
-  for (const UsableRule& Each : Read.vRules) {
-    Found = Each.Line <= Line ? Each.Line : Found;
+  for (const UsableRule& Rule : Read.vRules) {
+    Found = Rule.Line <= Line ? Rule.Line : Found;
   }
   return Found;
 }
@@ -185,14 +185,14 @@ bool Fills(const UsableRule& Rule, const std::string& Wanted) {
 
 bool IsProvided(const ReadGrammar& Read, const std::string& Wanted) {
   return std::any_of(Read.vRules.begin(), Read.vRules.end(),
-                     [&](const UsableRule& Each) { return Fills(Each, Wanted); });
+                     [&](const UsableRule& Rule) { return Fills(Rule, Wanted); });
 }
 
 }  // namespace
 
 // ---- Values -----------------------------------------------------------------------------------
 
-TEST(WholeGrammar, RulesWithAValueThatNobodySuppliesAreInNoDerivation) {
+TEST(WholeGrammar, RulesWithAValueThatNoRuleSuppliesAreInNoDerivation) {
   std::size_t Found = 0;
   std::size_t Derived = 0;
   for (unsigned Seed = 0; Seed < 1500; ++Seed) {
@@ -207,9 +207,9 @@ TEST(WholeGrammar, RulesWithAValueThatNobodySuppliesAreInNoDerivation) {
     for (int Count = 0; Count < 6 && !vFindings.empty(); ++Count) {
       const std::string Json = DerivationsOf(Engine, Random.Words());
       Derived += Json.find("\"rule\"") != std::string::npos ? 1 : 0;
-      for (const Finding& Each : vFindings) {
-        ASSERT_EQ(Json.find(MarkOf(RuleLineOf(Engine.Read, Each.Line))), std::string::npos)
-            << Each.Line << ": " << Each.Message << '\n'
+      for (const Finding& Reported : vFindings) {
+        ASSERT_EQ(Json.find(MarkOf(RuleLineOf(Engine.Read, Reported.Line))), std::string::npos)
+            << Reported.Line << ": " << Reported.Message << '\n'
             << Text << Json;
       }
     }
@@ -219,7 +219,7 @@ TEST(WholeGrammar, RulesWithAValueThatNobodySuppliesAreInNoDerivation) {
 }
 
 /// What a rule that wants one value of one feature gets, worked out for entries alone.
-TEST(WholeGrammar, ValuesThatEntriesAloneSupplyAreFoundExactly) {
+TEST(WholeGrammar, ValuesThatOnlyEntriesSupplyAreFoundExactly) {
   std::size_t Found = 0;
   for (unsigned Seed = 0; Seed < 500; ++Seed) {
     std::mt19937 Numbers(Seed);
@@ -265,9 +265,9 @@ TEST(WholeGrammar, LabelsWithoutRulesAreThoseThatNoRuleFills) {
     Grammar::GrammarFindings Whole(Read.Shapes);
     Whole.AddUnprovidedLabels();
     StringSet ssFound;
-    for (const Finding& Each : Whole.Take()) {
-      const std::size_t Begin = Each.Message.find('"') + 1;
-      ssFound.insert(Each.Message.substr(Begin, Each.Message.find('"', Begin) - Begin));
+    for (const Finding& Reported : Whole.Take()) {
+      const std::size_t Begin = Reported.Message.find('"') + 1;
+      ssFound.insert(Reported.Message.substr(Begin, Reported.Message.find('"', Begin) - Begin));
     }
     StringSet ssExpected;
     StringSet ssMissing;
@@ -298,9 +298,9 @@ namespace {
 /// new.
 StringSet SlowReach(const ReadGrammar& Read, const std::string& Start) {
   StringSet ssReached;
-  for (const UsableRule& Each : Read.vRules) {
-    if (Grammar::Upper(Each.X.Type) == Start) {
-      ssReached.insert(TypesOf(Each));
+  for (const UsableRule& Rule : Read.vRules) {
+    if (Grammar::Upper(Rule.X.Type) == Start) {
+      ssReached.insert(TypesOf(Rule));
     }
   }
   for (std::size_t Before = 0; Before < ssReached.size();) {
@@ -320,7 +320,7 @@ StringSet SlowReach(const ReadGrammar& Read, const std::string& Start) {
 
 }  // namespace
 
-TEST(WholeGrammar, RulesThatNoStartTypeLeadsToAreInNoDerivation) {
+TEST(WholeGrammar, RulesThatNoStartTypeReachesAreInNoDerivation) {
   std::size_t Found = 0;
   for (unsigned Seed = 0; Seed < 400; ++Seed) {
     DenseGrammar Random(Seed);
@@ -331,15 +331,15 @@ TEST(WholeGrammar, RulesThatNoStartTypeLeadsToAreInNoDerivation) {
     Grammar::GrammarFindings Whole(Read.Shapes);
     Whole.AddUnreachableRules({Start});
     StringSet ssFound;
-    for (const Finding& Each : Whole.Take()) {
-      const std::size_t Begin = Each.Message.find('"') + 1;
-      ssFound.insert(Each.Message.substr(Begin, Each.Message.find('"', Begin) - Begin));
+    for (const Finding& Reported : Whole.Take()) {
+      const std::size_t Begin = Reported.Message.find('"') + 1;
+      ssFound.insert(Reported.Message.substr(Begin, Reported.Message.find('"', Begin) - Begin));
     }
     const StringSet ssReached = SlowReach(Engine.Read, Start);
     StringSet ssExpected;
-    for (const UsableRule& Each : Engine.Read.vRules) {
-      if (ssReached.count(TypesOf(Each)) == 0) {
-        ssExpected.insert(TypesOf(Each));
+    for (const UsableRule& Rule : Engine.Read.vRules) {
+      if (ssReached.count(TypesOf(Rule)) == 0) {
+        ssExpected.insert(TypesOf(Rule));
       }
     }
     ASSERT_EQ(ssFound, ssExpected) << Text;
@@ -348,9 +348,9 @@ TEST(WholeGrammar, RulesThatNoStartTypeLeadsToAreInNoDerivation) {
       vStarts.push_back(Engine.Set().FindSourceType(Start));
     }
     const std::string Json = DerivationsOf(Engine, Random.Words(), &vStarts);
-    for (const UsableRule& Each : Engine.Read.vRules) {
-      if (ssFound.count(TypesOf(Each)) == 1) {
-        ASSERT_EQ(Json.find(MarkOf(Each.Line)), std::string::npos) << Text;
+    for (const UsableRule& Rule : Engine.Read.vRules) {
+      if (ssFound.count(TypesOf(Rule)) == 1) {
+        ASSERT_EQ(Json.find(MarkOf(Rule.Line)), std::string::npos) << Text;
       }
     }
     Found += ssFound.size();
@@ -381,8 +381,8 @@ bool HasUnaryCycle(const ReadGrammar& Read) {
       }
     }
   }
-  for (std::size_t Each = 0; Each < Size; ++Each) {
-    if (vStandsAbove[Each][Each]) {
+  for (std::size_t Current = 0; Current < Size; ++Current) {
+    if (vStandsAbove[Current][Current]) {
       return true;
     }
   }
@@ -391,7 +391,7 @@ bool HasUnaryCycle(const ReadGrammar& Read) {
 
 }  // namespace
 
-TEST(WholeGrammar, CyclesOfUnaryRulesAreFoundWhereThereAreAny) {
+TEST(WholeGrammar, CyclesOfUnaryRulesAreFound) {
   std::size_t Found = 0;
   for (unsigned Seed = 0; Seed < 800; ++Seed) {
     const std::string Text = DenseGrammar(Seed).Text();
@@ -478,18 +478,18 @@ TEST(WholeGrammar, RivalsAreTheRulesWithTheSourceSideOfAnEarlierOne) {
     const ReadShapes Read(Rules);
     std::map<std::string, std::pair<std::string, std::size_t>> mFirst;
     Strings vsExpected;
-    for (const Grammar::RuleText& Each : Rules.Texts) {
-      const auto [sSource, sRest] = SourceAndRest(Each);
+    for (const Grammar::RuleText& Rule : Rules.Texts) {
+      const auto [sSource, sRest] = SourceAndRest(Rule);
       const auto& [sFirstRest, Line] =
-          mFirst.emplace(sSource, std::pair(sRest, Grammar::LineOfRule(Each))).first->second;
+          mFirst.emplace(sSource, std::pair(sRest, Grammar::LineOfRule(Rule))).first->second;
       if (sFirstRest != sRest) {
-        vsExpected.push_back(std::to_string(Grammar::LineOfRule(Each)) + ' ' +
+        vsExpected.push_back(std::to_string(Grammar::LineOfRule(Rule)) + ' ' +
                              std::to_string(Line));
       }
     }
     Strings vsFound;
-    for (const Finding& Each : Read.vRivals) {
-      vsFound.push_back(std::to_string(Each.Line) + ' ' + std::to_string(Each.OtherLine));
+    for (const Finding& Reported : Read.vRivals) {
+      vsFound.push_back(std::to_string(Reported.Line) + ' ' + std::to_string(Reported.OtherLine));
     }
     ASSERT_EQ(vsFound, vsExpected) << Text;
     Found += vsFound.size();

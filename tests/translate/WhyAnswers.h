@@ -20,8 +20,8 @@ class WhyAnswers {
   explicit WhyAnswers(const std::string& Grammar, Translate::RuleSetOptions Rules = {})
       : Engine(Grammar, Rules) {
     for (const Grammar::RuleText& Text : Engine.Read.Texts) {
-      Grammar::SourceRule& Each = Lines.emplace_back();
-      Each.Read(Text);
+      Grammar::SourceRule& Current = Lines.emplace_back();
+      Current.Read(Text);
       Grammar::SourceRule Scratch;
       Grammar::UsableRule Usable;
       std::vector<Grammar::Finding> vFindings;
@@ -57,7 +57,7 @@ class WhyAnswers {
     return Translate::DiagnosisText(Why, vDescriptions[Rule]).FurthestCause();
   }
 
-  /// Visits what is known of a rule at each begin; nothing where the text reaches a limit.
+  /// Visits what is known of a rule at each begin; nothing if the text reaches a limit.
   template <typename VisitT>
   void ForEachBegin(std::uint32_t Rule, const std::string& Text, VisitT Visit) {
     const Translate::TextResult Result = Engine.Engine.Translate(Text, Options);

@@ -38,7 +38,7 @@ const std::string Stops =
     "NP,1 does not begin at \"car\"; x1 wants the word \"THE\", and at \"car\" begins N::N "
     "\"car\"\n";
 
-TEST(WhyProgram, ExplainsAllRulesThatFit) {
+TEST(WhyProgram, ExplainsAllMatchingRules) {
   const TestFolder Folder;
   const std::string First = Folder.Write("a.trr", Phrases);
   const std::string Second = Folder.Write("b.trr", Nouns + Phrases);
@@ -54,7 +54,7 @@ TEST(WhyProgram, ExplainsAllRulesThatFit) {
                       ""}));
 }
 
-TEST(WhyProgram, TellsOfARuleThatIsLeftOut) {
+TEST(WhyProgram, ReportsASkippedRule) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Bad + Nouns);
   const std::string Finding =
@@ -71,7 +71,7 @@ TEST(WhyProgram, TellsOfARuleThatIsLeftOut) {
                       Finding + "1 of 2 rules was left out\n"}));
 }
 
-TEST(WhyProgram, SuggestsANameWhereNoRuleFits) {
+TEST(WhyProgram, SuggestsANameIfNoRuleMatches) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Nouns + Phrases);
   EXPECT_EQ(RunWhyProgram({"NP,2", Grammar, "--text", "car"}),
@@ -80,7 +80,7 @@ TEST(WhyProgram, SuggestsANameWhereNoRuleFits) {
             (ChildEnd{1, "", "trrule: no rule fits " + Grammar + ":99\n"}));
 }
 
-TEST(WhyProgram, TellsOfALimitAndOfATextWithoutWords) {
+TEST(WhyProgram, ReportsALimitAndATextWithoutWords) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Nouns);
   const std::string Heading = Grammar + ":2: {N,1} N::N : [\"car\"] -> [\"auto\"]\n";
@@ -98,13 +98,13 @@ TEST(WhyProgram, TellsOfALimitAndOfATextWithoutWords) {
             (ChildEnd{0, Heading + "N,1 has nothing to do: the text has no words\n", ""}));
 }
 
-TEST(WhyProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
+TEST(WhyProgram, EndsWithStatus2AndOneLineWhenTheRunFails) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Nouns);
   const std::vector<std::pair<Strings, std::string>> Cases{
       {{"NP,1", Grammar}, "--text is required"},
-      {{"NP,1", "--text", "a"}, "no grammar is named behind the rules"},
-      {{Grammar, "--text", "a"}, "no grammar is named behind the rules"},
+      {{"NP,1", "--text", "a"}, "no grammar is named after the rules"},
+      {{Grammar, "--text", "a"}, "no grammar is named after the rules"},
       {{"NP,1", "/no/such/file", "--text", "a"},
        "cannot read /no/such/file: No such file or directory"},
       {{"NP,1", Grammar, "--text", "a", "--format", "tree"}, "--format: tree not in {plain,json}"},
@@ -114,7 +114,7 @@ TEST(WhyProgram, EndsWithTwoAndOneLineWhereTheRunFails) {
   }
 }
 
-TEST(WhyProgram, TellsNamesOfRulesFromFiles) {
+TEST(WhyProgram, DistinguishesNamesOfRulesFromFiles) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Nouns);
   const std::string Header = Folder.Write("NP,1", Phrases);

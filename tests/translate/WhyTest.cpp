@@ -39,15 +39,14 @@ struct Case {
 };
 
 void ExpectAll(const std::vector<Case>& Cases) {
-  for (const Case& Each : Cases) {
-    EXPECT_EQ(WhyAnswers(Each.Grammar).Plain(0, Each.Text), Each.Expected)
-        << Each.Grammar << Each.Text;
+  for (const Case& Row : Cases) {
+    EXPECT_EQ(WhyAnswers(Row.Grammar).Plain(0, Row.Text), Row.Expected) << Row.Grammar << Row.Text;
   }
 }
 
 // ---- Tables -----------------------------------------------------------------------------------
 
-TEST(Why, NamesTheComponentThatIsNotMetAndWhatBeginsThere) {
+TEST(Why, NamesTheUnmatchedComponentAndWhatBeginsThere) {
   const std::string Verb = Word("V", "runs", "corre");
   ExpectAll({
       {Np() + Words, "red", "NP,4 fits x1 at \"red\"; x2 wants N::N, and the text ends there\n"},
@@ -73,39 +72,39 @@ TEST(Why, NamesTheComponentThatIsNotMetAndWhatBeginsThere) {
 }
 
 TEST(Why, NamesEquationsThatClashAndWhereTheirValuesComeFrom) {
-  const std::string Behind =
+  const std::string After =
       "NP,4 does not begin at \"car\"; x1 wants ADJ::ADJ, and at \"car\" begins N::N \"car\"\n";
   const std::string Fails = "NP,4 fits x1–x2 at \"red car\"; it fails at ";
   ExpectAll({
       {Np() + Words, "red car",
        Fails + "((x1 num) = (x2 num)), line 6: x1 has PL from a.trr:11, x2 has SG from a.trr:16\n" +
-           Behind},
+           After},
       {Np("((x1 num) = du)\n((x1 num) = tr)\n((x2 num) = pl)\n") + Words, "red car",
        Fails +
            "((x1 num) = du), lines 6 and 7: (x1 NUM) has PL from a.trr:13, and DU|TR is wanted; "
            "and at ((x2 num) = pl), line 8: (x2 NUM) has SG from a.trr:18, and PL is wanted\n" +
-           Behind},
+           After},
       {Np("(x1 = x2)\n") + Words, "red car",
        Fails + "(x1 = x2), line 6: (x1 NUM) has PL from a.trr:11, (x2 NUM) has SG from a.trr:16\n" +
-           Behind},
+           After},
       {Np("((x2 num f) = p)\n") + Words, "red car",
        Fails + "((x2 num f) = p), line 6: (x2 NUM) has SG from a.trr:16, and no features\n" +
-           Behind},
+           After},
       {Np("((y0 num) = (x1 num))\n((y0 num) = sg)\n") + Words, "red car",
        Fails + "((y0 num) = sg), line 7: (y0 NUM) has PL from a.trr:12, and SG is wanted\n" +
-           Behind},
+           After},
       {Np("((y0 num) = (x1 num))\n((y0 num) = (x2 num))\n") + Words, "red car",
        Fails +
            "((y0 num) = (x2 num)), line 7: y0 has PL from a.trr:12, x2 brings SG from a.trr:17\n" +
-           Behind},
+           After},
       {Np("((x0 a) = x0)\n") + Words, "red car",
        Fails +
            "((x0 a) = x0), line 6: a structure would contain itself: (x0 A) has [], x0 has []\n" +
-           Behind},
+           After},
   });
 }
 
-TEST(Why, GivesTheFirstTenCombinationsInTheOrderOfRules) {
+TEST(Why, ListsTheFirstTenCombinationsInTheOrderOfRules) {
   std::string Many = Np("((x1 num) = (x2 num))\n") + Word("N", "car", "auto", "((x0 num) = sg)\n");
   std::string Expected;
   for (int Count = 0; Count < 12; ++Count) {
@@ -124,7 +123,7 @@ TEST(Why, GivesTheFirstTenCombinationsInTheOrderOfRules) {
                 "\"car\"\n");
 }
 
-TEST(Why, TellsWhatWasMadeAndWhetherItIsUsed) {
+TEST(Why, ReportsWhatWasBuiltAndWhetherItIsUsed) {
   const std::string Rule = "{N,1}\n" + Word("N", "car", "auto", "((x0 num) = sg)\n");
   const std::string Made = "N,1 makes N::N of \"car\": [NUM=SG] -> [], words \"auto\"; it is in ";
   const std::string NoRun =
@@ -157,16 +156,16 @@ TEST(Why, TellsWhatWasMadeAndWhetherItIsUsed) {
   });
 }
 
-TEST(Why, TellsThatATypeIsNoStartType) {
+TEST(Why, ReportsATypeThatIsNotAStartType) {
   WhyAnswers Why("{N,1}\n" + Word("N", "car", "auto") + Word("S", "bus", "bus"));
   Why.Options.HasStarts = true;
   Why.Options.vStarts = {Why.Engine.Set().FindSourceType("S")};
   EXPECT_EQ(Why.Plain(0, "car"),
             "N,1 makes N::N of \"car\": [] -> [], words \"auto\"; it is in no derivation of the "
-            "text: N::N \"car\" is the whole text, and its type is no start type\n");
+            "text: N::N \"car\" is the whole text, and its type is not a start type\n");
 }
 
-TEST(Why, TellsWhatChainsOfUnaryRulesKeepFromBeingMade) {
+TEST(Why, ReportsWhatChainsOfUnaryRulesPrevent) {
   const std::string Grammar = "{A,1}\nA::A : [A] -> [A]\n(X1::Y1)\n{A,2}\n" + Word("A", "a", "x") +
                               "{A,3}\nA::A : [A] -> [A]\n(X1::Y1)\n";
   const std::string Chain = "A,1 fits x1 at \"a\" with ";
@@ -183,7 +182,7 @@ TEST(Why, TellsWhatChainsOfUnaryRulesKeepFromBeingMade) {
                 "longest\n");
 }
 
-TEST(Why, SpeaksOfTheSidesAsTheyAreWrittenInReverse) {
+TEST(Why, NamesTheSidesAsWrittenInReverse) {
   Translate::RuleSetOptions Reversed;
   Reversed.IsReversed = true;
   WhyAnswers Why(Np("((y1 num) = (y2 num))\n") + Word("ADJ", "red", "rojo", "((y0 num) = pl)\n") +
@@ -197,7 +196,7 @@ TEST(Why, SpeaksOfTheSidesAsTheyAreWrittenInReverse) {
       "\"rojo\"\n");
 }
 
-TEST(Why, NamesTheFurthestCauseInOneLine) {
+TEST(Why, NamesTheFurthestCauseOnOneLine) {
   EXPECT_EQ(WhyAnswers(Np() + Words).FurthestCause(0, "car red cars red"),
             "NP,4 makes NP::NP of \"red cars\" with a.trr:8 and a.trr:18: [] -> [], words \"autos "
             "rojo\"; it is in no derivation of the text: no rule has a place for NP::NP \"red "
@@ -235,7 +234,7 @@ TEST(Why, WritesJson) {
 
 // ---- Names ------------------------------------------------------------------------------------
 
-TEST(Why, TellsNamesOfRulesFromFiles) {
+TEST(Why, DistinguishesNamesOfRulesFromFiles) {
   EXPECT_TRUE(Translate::IsHeaderName("NP,8"));
   EXPECT_TRUE(Translate::IsHeaderName("a b,08"));
   EXPECT_FALSE(Translate::IsHeaderName("NP,"));

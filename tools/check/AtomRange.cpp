@@ -29,8 +29,8 @@ void Narrow(AtomRange& RangeReturn, const std::vector<std::uint32_t>& vAtoms) {
     RangeReturn = Common(RangeReturn, {false, vAtoms});
     return;
   }
-  const auto IsOther = [&](std::uint32_t Each) {
-    return !std::binary_search(vAtoms.begin(), vAtoms.end(), Each);
+  const auto IsOther = [&](std::uint32_t Number) {
+    return !std::binary_search(vAtoms.begin(), vAtoms.end(), Number);
   };
   std::vector<std::uint32_t>& vKept = RangeReturn.vAtoms;
   vKept.erase(std::remove_if(vKept.begin(), vKept.end(), IsOther), vKept.end());

@@ -22,23 +22,23 @@ using TrRuleInternal::RightKind;
 
 /// A constraint in the common form has no white space, signs or letters that mean nothing there,
 /// but for the blanks in a feature of several words.
-bool ConstraintChecker::Check(const Constraint& Each) {
-  if (!CheckAgreement(Each)) {
+bool ConstraintChecker::Check(const Constraint& Stored) {
+  if (!CheckAgreement(Stored)) {
     return false;
   }
-  CheckEquals(Each);
-  CheckFeatures(Each);
-  CheckRightFeature(Each);
-  CheckNegation(Each);
-  CheckCategory(Each);
-  if (!Each.IsCommon) {
-    CheckBlank(Each);
-    CheckWords(Each);
-    CheckLetters(Each);
+  CheckEquals(Stored);
+  CheckFeatures(Stored);
+  CheckRightFeature(Stored);
+  CheckNegation(Stored);
+  CheckCategory(Stored);
+  if (!Stored.IsCommon) {
+    CheckBlank(Stored);
+    CheckWords(Stored);
+    CheckLetters(Stored);
   }
-  if (IsAboutItself(Each.Parts)) {
-    Findings.Add("TR044", Each.Line, CodeOf(Each),
-                 "the constraint says nothing: both sides are the same");
+  if (IsAboutItself(Stored.Parts)) {
+    Findings.Add("TR044", Stored.Line, CodeOf(Stored),
+                 "the constraint has no effect: both sides are the same");
   }
   return true;
 }
@@ -48,33 +48,33 @@ bool ConstraintChecker::Check(const Constraint& Each) {
 namespace {
 
 /// Whether a constraint names its node in a place where the library finds it for sure.
-bool NamesNode(const SourceRule::ConstraintLine& Each) {
-  return Each.IsCommon && !(Each.Parts.IsWholeNode && Each.Parts.Kind == RightKind::Reference);
+bool NamesNode(const SourceRule::ConstraintLine& Line) {
+  return Line.IsCommon && !(Line.Parts.IsWholeNode && Line.Parts.Kind == RightKind::Reference);
 }
 
 }  // namespace
 
-bool ConstraintChecker::CheckAgreement(const Constraint& Each) {
-  const ConstraintParts& Parts = Each.Parts;
-  if (NamesNode(Each)) {
+bool ConstraintChecker::CheckAgreement(const Constraint& Stored) {
+  const ConstraintParts& Parts = Stored.Parts;
+  if (NamesNode(Stored)) {
     return true;
   }
   if (Parts.IsWholeNode && !Parts.RightNode) {
     const std::string Node(Parts.Left.Text);
     const std::string_view Sign = FindSignSlip(Parts);
     Finding& New =
-        Findings.AddFault("TR012", Each.Line, Parts.Right,
-                          Quoted(Parts.Right) + " is no node, and only a node can equal " + Node,
-                          Sign.empty() ? "" : Replaced(CodeOf(Each), Sign, ""));
+        Findings.AddFault("TR012", Stored.Line, Parts.Right,
+                          Quoted(Parts.Right) + " is not a node, and only a node can equal " + Node,
+                          Sign.empty() ? "" : Replaced(CodeOf(Stored), Sign, ""));
     if (New.Suggestion.empty()) {
       New.Example = "((" + Node + " feature) = " + std::string(Parts.Right) + ')';
     }
     return false;
   }
-  const ConstraintFields Fields = Rule.FieldsOf(Each);
+  const ConstraintFields Fields = Rule.FieldsOf(Stored);
   if (!Fields.ValueConstraint && TrRuleInternal::AgreedIndexIn(Fields.FeatValue) == -1) {
-    Findings.Add("TR012", Each.Line, Parts.Right,
-                 "no number stands behind the last X or Y on this side, where the library looks "
+    Findings.Add("TR012", Stored.Line, Parts.Right,
+                 "there is no number after the last X or Y on this side, where the library looks "
                  "for one");
     return false;
   }
@@ -129,68 +129,67 @@ std::string AsKept(std::string_view Code, const ConstraintParts& Parts) {
 
 }  // namespace
 
-std::string ConstraintChecker::LibraryTextOf(const Constraint& Each) const {
-  return TextOf(Rule.FieldsOf(Each));
+std::string ConstraintChecker::LibraryTextOf(const Constraint& Stored) const {
+  return TextOf(Rule.FieldsOf(Stored));
 }
 
-void ConstraintChecker::CheckEquals(const Constraint& Each) {
-  const ConstraintParts& Parts = Each.Parts;
+void ConstraintChecker::CheckEquals(const Constraint& Stored) {
+  const ConstraintParts& Parts = Stored.Parts;
   if (Parts.Equals.size() == 1 || !Findings.TakesNote("TR024")) {
     return;
   }
-  const std::string_view Code = CodeOf(Each);
+  const std::string_view Code = CodeOf(Stored);
   std::string Message = Quoted(Parts.Equals) + " is kept as \"=\"";
   if (TrRuleInternal::IsMistakenForValue(Parts)) {
     ConstraintFields Fields;
     TrRuleInternal::ReadConstraint(Code, Fields);
-    Message +=
-        "; the library's reader takes the reference behind it for a value: " + TextOf(Fields);
+    Message += "; the library's reader reads the reference after it as a value: " + TextOf(Fields);
   }
-  Findings.Add("TR024", Each.Line, Parts.Equals, std::move(Message), {Code, AsKept(Code, Parts)});
+  Findings.Add("TR024", Stored.Line, Parts.Equals, std::move(Message), {Code, AsKept(Code, Parts)});
 }
 
-void ConstraintChecker::CheckFeatures(const Constraint& Each) {
-  for (const std::string_view Feature : {Each.Parts.Feature, Each.Parts.RightFeature}) {
+void ConstraintChecker::CheckFeatures(const Constraint& Stored) {
+  for (const std::string_view Feature : {Stored.Parts.Feature, Stored.Parts.RightFeature}) {
     if (std::any_of(Feature.begin(), Feature.end(), IsSpace) && Findings.TakesNote("TR025")) {
-      Findings.Add("TR025", Each.Line, Feature,
+      Findings.Add("TR025", Stored.Line, Feature,
                    "the library makes one word of this feature, " + Upper(WithoutSpace(Feature)) +
-                       "; here its words stay apart",
-                   {CodeOf(Each), AsKept(CodeOf(Each), Each.Parts)});
+                       "; trrule keeps its words",
+                   {CodeOf(Stored), AsKept(CodeOf(Stored), Stored.Parts)});
     }
   }
 }
 
-void ConstraintChecker::CheckRightFeature(const Constraint& Each) {
-  const ConstraintParts& Parts = Each.Parts;
+void ConstraintChecker::CheckRightFeature(const Constraint& Stored) {
+  const ConstraintParts& Parts = Stored.Parts;
   if (Parts.Kind != RightKind::Reference || Parts.IsWholeNode ||
       IsSameFeature(Parts.Feature, Parts.RightFeature) || !Findings.TakesNote("TR026")) {
     return;
   }
-  Findings.Add("TR026", Each.Line, Parts.RightFeature,
-               "the library does not keep the feature on the right: " + LibraryTextOf(Each) +
-                   "; here it stays",
-               {CodeOf(Each), AsKept(CodeOf(Each), Parts)});
+  Findings.Add("TR026", Stored.Line, Parts.RightFeature,
+               "the library does not keep the feature on the right: " + LibraryTextOf(Stored) +
+                   "; trrule keeps it",
+               {CodeOf(Stored), AsKept(CodeOf(Stored), Parts)});
 }
 
-void ConstraintChecker::CheckNegation(const Constraint& Each) {
-  const ConstraintParts& Parts = Each.Parts;
+void ConstraintChecker::CheckNegation(const Constraint& Stored) {
+  const ConstraintParts& Parts = Stored.Parts;
   if (Parts.Kind != RightKind::Not) {
     return;
   }
-  const std::string_view Code = CodeOf(Each);
-  const std::string_view Behind = Code.substr(OffsetIn(Code, Parts.Right) + Parts.Right.size());
-  if (Contains(Parts.Right, ")") && Contains(Behind, ")") && Findings.TakesNote("TR027")) {
-    Findings.Add("TR027", Each.Line, Parts.Right,
+  const std::string_view Code = CodeOf(Stored);
+  const std::string_view After = Code.substr(OffsetIn(Code, Parts.Right) + Parts.Right.size());
+  if (Contains(Parts.Right, ")") && Contains(After, ")") && Findings.TakesNote("TR027")) {
+    Findings.Add("TR027", Stored.Line, Parts.Right,
                  "the library writes a negation without its own parenthesis: " +
-                     LibraryTextOf(Each) + "; here it stays");
+                     LibraryTextOf(Stored) + "; trrule keeps it");
   }
 }
 
-void ConstraintChecker::CheckCategory(const Constraint& Each) {
-  const ConstraintParts& Parts = Each.Parts;
+void ConstraintChecker::CheckCategory(const Constraint& Stored) {
+  const ConstraintParts& Parts = Stored.Parts;
   if (Parts.Left.Side == 'Y' && !Parts.IsWholeNode && !Parts.RightNode &&
       Parts.Value.find_first_of("Xx") != std::string_view::npos && Findings.TakesNote("TR028")) {
-    Findings.Add("TR028", Each.Line, Parts.Value,
+    Findings.Add("TR028", Stored.Line, Parts.Value,
                  "a value with an X counts as a reference to the source side: the constraint is of "
                  "category 2");
   }
@@ -198,31 +197,31 @@ void ConstraintChecker::CheckCategory(const Constraint& Each) {
 
 // ---- What is probably not meant ---------------------------------------------------------------
 
-void ConstraintChecker::CheckBlank(const Constraint& Each) {
-  const ConstraintParts& Parts = Each.Parts;
+void ConstraintChecker::CheckBlank(const Constraint& Stored) {
+  const ConstraintParts& Parts = Stored.Parts;
   if (!Parts.SpaceAfterNode.empty()) {
-    Findings.Add("TR038", Each.Line, Parts.SpaceAfterNode,
-                 "the blank becomes part of the value: " + LibraryTextOf(Each),
-                 {CodeOf(Each), Replaced(CodeOf(Each), Parts.SpaceAfterNode, "")});
+    Findings.Add("TR038", Stored.Line, Parts.SpaceAfterNode,
+                 "the blank becomes part of the value: " + LibraryTextOf(Stored),
+                 {CodeOf(Stored), Replaced(CodeOf(Stored), Parts.SpaceAfterNode, "")});
   }
 }
 
 /// What of the right side is probably not meant as part of a value, or as one value.
-void ConstraintChecker::CheckWords(const Constraint& Each) {
-  const ConstraintParts& Parts = Each.Parts;
-  const std::string_view Code = CodeOf(Each);
+void ConstraintChecker::CheckWords(const Constraint& Stored) {
+  const ConstraintParts& Parts = Stored.Parts;
+  const std::string_view Code = CodeOf(Stored);
   const std::string_view Sign = FindSignSlip(Parts);
   if (!Sign.empty()) {
-    Findings.Add("TR041", Each.Line, Sign,
+    Findings.Add("TR041", Stored.Line, Sign,
                  "the sign is read as \"=\", and " + Quoted(Sign) +
-                     " becomes part of the value: " + LibraryTextOf(Each),
+                     " becomes part of the value: " + LibraryTextOf(Stored),
                  {Code, Replaced(Code, Sign, "")});
   } else if (IsBareList(Parts)) {
-    Findings.Add("TR042", Each.Line, Parts.Right,
-                 "the list has no parentheses of its own, and is one value: " + LibraryTextOf(Each),
+    Findings.Add("TR042", Stored.Line, Parts.Right,
+                 "the list has no parentheses, and is one value: " + LibraryTextOf(Stored),
                  {Code, Replaced(Code, Parts.Right, '(' + std::string(Parts.Right) + ')')});
   } else {
-    CheckWordGap(Each);
+    CheckWordGap(Stored);
   }
 }
 
@@ -244,37 +243,37 @@ std::string PlainWords(std::string_view Words) {
 
 }  // namespace
 
-void ConstraintChecker::CheckWordGap(const Constraint& Each) {
-  const ConstraintParts& Parts = Each.Parts;
+void ConstraintChecker::CheckWordGap(const Constraint& Stored) {
+  const ConstraintParts& Parts = Stored.Parts;
   const std::string_view Gap = FindWordGap(Parts);
   if (Gap.empty()) {
     return;
   }
-  const std::string_view Code = CodeOf(Each);
+  const std::string_view Code = CodeOf(Stored);
   const std::string Plain = PlainWords(Parts.Value);
   if (Parts.Kind != RightKind::Value) {
-    Findings.Add("TR039", Each.Line, Gap, Quoted(Gap) + " becomes part of a word of the list",
+    Findings.Add("TR039", Stored.Line, Gap, Quoted(Gap) + " becomes part of a word of the list",
                  {Code, Replaced(Code, Parts.Value, Plain)});
     return;
   }
   const std::string List = Replaced(Code, Parts.Value, "(*OR* " + Plain + ')');
   Finding& New =
-      Findings.Add("TR043", Each.Line, Parts.Value,
+      Findings.Add("TR043", Stored.Line, Parts.Value,
                    Quoted(Parts.Value) + " is one value; alternatives are written as a list",
                    {Code, IsSpace(Gap.front()) ? "" : List});
   New.Example = New.Suggestion.empty() ? List : "";
 }
 
 /// Values are words of a language, and may be in small letters throughout.
-void ConstraintChecker::CheckLetters(const Constraint& Each) {
+void ConstraintChecker::CheckLetters(const Constraint& Stored) {
   if (!Findings.HasBytesBeyond()) {
     return;
   }
-  const std::string_view Code = CodeOf(Each);
-  for (const std::string_view Feature : {Each.Parts.Feature, Each.Parts.RightFeature}) {
+  const std::string_view Code = CodeOf(Stored);
+  for (const std::string_view Feature : {Stored.Parts.Feature, Stored.Parts.RightFeature}) {
     const std::string_view Letter = FirstSmallLetterBeyondAscii(Feature);
     if (!Letter.empty()) {
-      Findings.Add("TR046", Each.Line, Letter,
+      Findings.Add("TR046", Stored.Line, Letter,
                    Quoted(Letter) +
                        " stays small: of a feature, only the letters of ASCII become capitals: " +
                        Upper(Feature),

@@ -21,23 +21,23 @@ class ConstraintChecker {
       : Rule(RulePassIn), Findings(FindingsPassIn) {}
 
   /// @return whether the library can use the constraint: an agreement names a node
-  bool Check(const SourceRule::ConstraintLine& Each);
+  bool Check(const SourceRule::ConstraintLine& Line);
 
  private:
   using Constraint = SourceRule::ConstraintLine;
 
-  std::string_view CodeOf(const Constraint& Each) const { return Rule.CodeOf(Each.Line); }
-  std::string LibraryTextOf(const Constraint& Each) const;
-  bool CheckAgreement(const Constraint& Each);
-  void CheckEquals(const Constraint& Each);
-  void CheckFeatures(const Constraint& Each);
-  void CheckRightFeature(const Constraint& Each);
-  void CheckNegation(const Constraint& Each);
-  void CheckCategory(const Constraint& Each);
-  void CheckBlank(const Constraint& Each);
-  void CheckWords(const Constraint& Each);
-  void CheckWordGap(const Constraint& Each);
-  void CheckLetters(const Constraint& Each);
+  std::string_view CodeOf(const Constraint& Stored) const { return Rule.CodeOf(Stored.Line); }
+  std::string LibraryTextOf(const Constraint& Stored) const;
+  bool CheckAgreement(const Constraint& Stored);
+  void CheckEquals(const Constraint& Stored);
+  void CheckFeatures(const Constraint& Stored);
+  void CheckRightFeature(const Constraint& Stored);
+  void CheckNegation(const Constraint& Stored);
+  void CheckCategory(const Constraint& Stored);
+  void CheckBlank(const Constraint& Stored);
+  void CheckWords(const Constraint& Stored);
+  void CheckWordGap(const Constraint& Stored);
+  void CheckLetters(const Constraint& Stored);
 
   const SourceRule& Rule;
   RuleFindings& Findings;

@@ -58,8 +58,8 @@ ConstraintCycle Named(std::vector<Edge> vEdges, char Side) {
   ConstraintCycle Cycle;
   Cycle.Line = vEdges.front().Line;
   Cycle.Nodes = Side + std::to_string(vEdges.front().From);
-  for (const Edge& Each : vEdges) {
-    Cycle.Nodes.append(" → ").append(1, Side).append(std::to_string(Each.To));
+  for (const Edge& Current : vEdges) {
+    Cycle.Nodes.append(" → ").append(1, Side).append(std::to_string(Current.To));
   }
   return Cycle;
 }

@@ -61,19 +61,19 @@ class Walk {
   void Follow(int To) {
     const auto Found =
         std::lower_bound(vNodes.begin(), vNodes.end(), To,
-                         [](const Node& Each, int Index) { return Each.Index < Index; });
+                         [](const Node& Current, int Index) { return Current.Index < Index; });
     if (Found == vNodes.end() || Found->Index != To || !Found->IsNew) {
       return;
     }
     if (Found->Step == NotOpen) {
       Enter(static_cast<std::size_t>(Found - vNodes.begin()));
     } else {
-      TakeOutCycle(Found->Step);
+      ExtractCycle(Found->Step);
     }
   }
 
   /// Each node of the path has just followed the edge to the next one.
-  void TakeOutCycle(std::size_t FirstStep) {
+  void ExtractCycle(std::size_t FirstStep) {
     std::vector<GraphEdge>& vCycle = vCycles.emplace_back();
     for (std::size_t Step = FirstStep; Step < vPath.size(); ++Step) {
       vCycle.push_back(vEdges[vNodes[vPath[Step]].Next - 1]);

@@ -1,8 +1,8 @@
 #include "FileKind.h"
 
 #include "Bytes.h"
+#include "LineCorrections.h"
 #include "LineKind.h"
-#include "LineMends.h"
 #include "LookAlikes.h"
 
 #include <AlignmentLine.h>
@@ -40,7 +40,7 @@ bool IsBinary(std::string_view Start) {
          static_cast<std::ptrdiff_t>(Start.size());
 }
 
-bool IsSound(const LineParts& Parts) {
+bool IsValid(const LineParts& Parts) {
   TrRuleInternal::RuleLineParts RuleLine;
   TrRuleInternal::ConstraintStop Stop;
   switch (Parts.Kind) {
@@ -58,15 +58,15 @@ bool IsSound(const LineParts& Parts) {
   }
 }
 
-/// Whether a line could be one of a rule, unchanged or with a mistake mended.
+/// Whether a line could be one of a rule, unchanged or with a mistake corrected.
 bool IsOfRule(const LineParts& Parts) {
-  if (IsSound(Parts)) {
+  if (IsValid(Parts)) {
     return true;
   }
   const std::string Code = WithoutLookAlikes(Parts.Code);
-  return IsSound(PartsOf(Code)) || LooksLikeSequence(Code) || !MendedSequence(Code).empty() ||
-         !MendedAlignment(Code).empty() || !MendedConstraint(Code).empty() ||
-         (Parts.Kind == LineKind::Header && !MendedHeader(Code).empty());
+  return IsValid(PartsOf(Code)) || LooksLikeSequence(Code) || !CorrectedSequence(Code).empty() ||
+         !CorrectedAlignment(Code).empty() || !CorrectedConstraint(Code).empty() ||
+         (Parts.Kind == LineKind::Header && !CorrectedHeader(Code).empty());
 }
 
 struct LineCounts {
@@ -99,21 +99,21 @@ LineCounts CountLines(std::string_view Start) {
 
 }  // namespace
 
-std::optional<std::string> WhyNoGrammar(std::string_view Start) {
+std::optional<std::string> OtherFileKind(std::string_view Start) {
   constexpr std::size_t MinLines = 4;
   constexpr std::size_t OneIn = 4;
   if (IsUtf16(Start)) {
-    return "this is no grammar, or it is one in UTF-16: rules are read in UTF-8";
+    return "this is not a grammar, or it is one in UTF-16: rules are read in UTF-8";
   }
   if (IsBinary(Start)) {
-    return "this is no grammar: it holds bytes that no text holds";
+    return "this is not a grammar: it holds bytes that no text holds";
   }
   const LineCounts Counts = CountLines(Start);
   if (Counts.All == 0 || Counts.OfRules * OneIn >= Counts.All) {
     return std::nullopt;
   }
   if (StartsWith(WithoutLeadingSpace(Start), "{\"")) {
-    return "this is no grammar but JSON: trrule from-json reads what trrule json has written";
+    return "this is not a grammar but JSON: trrule from-json reads what trrule json has written";
   }
   if (Counts.Folded * 2 > Counts.All) {
     return "these are rules on one line each: trrule print --from-one-line reads them";
@@ -121,7 +121,7 @@ std::optional<std::string> WhyNoGrammar(std::string_view Start) {
   if (Counts.All < MinLines) {
     return std::nullopt;
   }
-  return "this is no grammar: of its first " + std::to_string(Counts.All) + " lines, " +
+  return "this is not a grammar: of its first " + std::to_string(Counts.All) + " lines, " +
          (Counts.OfRules == 0 ? "none" : std::to_string(Counts.OfRules)) +
          " could be one of a rule";
 }

@@ -10,7 +10,7 @@ namespace Grammar {
 /// How many bytes of a file are looked at to tell whether it is a grammar.
 constexpr std::size_t FileStartSize = std::size_t{1} << 16;
 
-/// Whether a file is no grammar at all: one finding then says so, rather than one for each of
+/// Whether a file is not a grammar at all: one finding then says so, rather than one for each of
 /// its lines.
 ///
 /// A file is not one where it is in UTF-16, where more than one byte in a hundred is a control
@@ -19,6 +19,6 @@ constexpr std::size_t FileStartSize = std::size_t{1} << 16;
 /// constraint, also one with a mistake.
 /// @param Start the beginning of the file, whole where it is no longer than `FileStartSize`
 /// @return what it is instead, as a message; nothing if it may be a grammar
-std::optional<std::string> WhyNoGrammar(std::string_view Start);
+std::optional<std::string> OtherFileKind(std::string_view Start);
 
 }  // namespace Grammar

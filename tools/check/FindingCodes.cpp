@@ -34,9 +34,9 @@ constexpr bool IsWhole = false;
 
 const std::vector<CodeInfo>& AllCodes() {
   static const std::vector<CodeInfo> vCodes = {
-      {"TR001", Severity::Error, "the rule has no sequence line",
-       "The sequence line says what a rule makes of what: two types and two sequences of labels. It "
-       "is known by its \"] -> [\", written exactly so. Without it there is no rule.",
+      {"TR001", Severity::Error, "the rule has no rule line",
+       "The rule line says what a rule makes of what: two types and two sequences of labels. It "
+       "is recognised by its \"] -> [\", written exactly so. Without it there is no rule.",
        "{NP,1}\nNP::NP : [DET N] => [N DET]\n(\n(X1::Y2)\n)",
        "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n(X2::Y1)\n)", IsWhole},
       {"TR002", Severity::Error, "the rule has no alignment",
@@ -44,13 +44,13 @@ const std::vector<CodeInfo>& AllCodes() {
        "rule without an alignment for no rule.",
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(y0 = x0)\n)",
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n(y0 = x0)\n)", IsWhole},
-      {"TR003", Severity::Error, "the rule has a second sequence line",
-       "A rule has one sequence line. A second one in it is a leftover, or the beginning of a rule "
+      {"TR003", Severity::Error, "the rule has a second rule line",
+       "A rule has one rule line. A second one in it is a leftover, or the beginning of a rule "
        "whose header was lost or whose predecessor was not closed.",
        "{NP,1}\nNP::NP : [N] -> [N]\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n)",
        "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)", IsWhole},
       {"TR004", Severity::Error, "the types are missing or cannot be read",
-       "The sequence line begins with the types of both sides, joined by \"::\" without blanks and "
+       "The rule line begins with the types of both sides, joined by \"::\" without blanks and "
        "followed by one.",
        "{NP,1}\nNP :: NP : [N] -> [N]\n(\n(X1::Y1)\n)",
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)", IsWhole},
@@ -86,20 +86,20 @@ const std::vector<CodeInfo>& AllCodes() {
        "Agreements are applied in an order in which each finds its value set already. Constraints "
        "that wait for each other have no such order, and the library does not write the rule.",
        "((x1 num) = (x2 num))\n((x2 num) = (x1 num))", "((x1 num) = (x2 num))\n((x2 num) = sg)"},
-      {"TR012", Severity::Error, "an agreement names no node",
+      {"TR012", Severity::Error, "an agreement without a node",
        "A whole node can equal another node only, and the library looks for that node's number "
        "after the last X or Y of the right side. A value belongs to a feature.",
        "(x0 = n)", "((x0 cat) = n)"},
-      {"TR013", Severity::Error, "the rule is longer than the reader takes",
+      {"TR013", Severity::Error, "the rule is longer than the reader's limit",
        "The library looks at 100,000 bytes after the first line of a rule, and at as many of a "
-       "line. What follows would be cut off silently. In the example, \"...\" stands for so many "
+       "line. What follows would be cut off silently. In the example, \"...\" stands for that many "
        "more lines like the one before.",
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n((x1 num) = sg)\n...\n)",
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n((x1 num) = sg)\n)", IsWhole},
       {"TR014", Severity::Error, "the rule cannot be written as it was read",
        "Each line can be read, but what would be written of the rule reads as another rule. In the "
        "example, the double quote before the sequence keeps \";;\" from beginning a comment; it is "
-       "no part of the rule, and without it, the comment begins. print --as-library also reports "
+       "not part of the rule, and without it, the comment begins. print --as-library also reports "
        "rules by this code that the library's reader stops at, or cannot put in order.",
        "{VP,2}\nVP::VP \"a [b;;\" c] -> [V NP]\n(\n(X1::Y1)\n)",
        "{VP,2}\nVP::VP : [b c] -> [V NP]\n(\n(X1::Y1)\n(X2::Y2)\n)", IsWhole},
@@ -110,7 +110,7 @@ const std::vector<CodeInfo>& AllCodes() {
        "source does not have, the target gets from literal words.",
        "{NP,1}\nNP::NP : [N] -> [DET N]\n(\n(X1::Y2)\n)",
        "{NP,1}\nNP::NP : [N] -> [\"el\" N]\n(\n(X1::Y2)\n)", IsWhole},
-      {"TR016", Severity::Error, "the file is no grammar",
+      {"TR016", Severity::Error, "the file is not a grammar",
        "The file holds another kind of text, or none: it is in UTF-16, has bytes that no text has, "
        "or hardly a line that could be one of a rule. It gets this one finding.",
        "Dear all,\nplease find\nthe grammar\nattached.",
@@ -127,7 +127,7 @@ const std::vector<CodeInfo>& AllCodes() {
        "{NP,2}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)", IsWhole},
       {"TR023", Severity::Warning, "the header cannot be read",
        "A header is a type and a number in braces, with a comma between them. Another one is kept "
-       "as it stands, but gives the rule no number.",
+       "unchanged, but gives the rule no number.",
        "{NP 8}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)", "{NP,8}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)",
        IsWhole},
       {"TR024", Severity::Note, "a doubled equals sign",
@@ -151,7 +151,7 @@ const std::vector<CodeInfo>& AllCodes() {
        "which gives the constraint another category and another place among the others. Nothing of "
        "it is lost.",
        "((y1 tense) = next)", "((y1 tense) = future)"},
-      {"TR029", Severity::Note, "the reader takes a comment for a line of the rule",
+      {"TR029", Severity::Note, "the reader reads a comment as a line of the rule",
        "For the library's reader, a line counts by its marks, also where they stand in a comment: "
        "\"=\", \"::\", \"{\" and \"] -> [\". For the command, a comment is a comment.",
        ";; (x0 = x2) would do, too", ";; x0 and x2 would agree, too"},
@@ -161,37 +161,37 @@ const std::vector<CodeInfo>& AllCodes() {
        "{NP,1}\nNP::NP : [DET N] -> [N]\n(\n(X2::Y1)\n((x1 num) = sg)\n)",
        "{NP,1}\nNP::NP : [DET N] -> [N]\n(\n(X2::Y1)\n((x2 num) = sg)\n)", IsWhole},
       {"TR031", Severity::Warning, "a constraint is given twice",
-       "The second one says nothing new. It is a note where only the library takes two constraints "
+       "The second one adds nothing. It is a note where only the library takes two constraints "
        "for the same, since its key does not hold what they differ in.",
        "((x1 num) = sg)\n((X1 NUM) = SG)", "((x1 num) = sg)\n((x1 per) = third)"},
       {"TR032", Severity::Warning, "two values of a feature become one disjunction",
        "Two values for the same feature are read as alternatives, and become one *OR*. Where both "
-       "were meant to hold, the rule says something else now.",
+       "were meant to hold, the rule means something else now.",
        "((x1 num) = sg)\n((x1 num) = pl)", "((x1 num) = (*OR* sg pl))"},
-      {"TR033", Severity::Warning, "two rules say the same",
-       "A rule that says the same as an earlier one is applied twice for the same result. \"trrule "
+      {"TR033", Severity::Warning, "two rules are duplicates",
+       "A rule that duplicates an earlier one is applied twice for the same result. \"trrule "
        "unique\" writes each rule once.",
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)\n\n{NP,2}\nNP::NP [n] -> [n]\n(\n(x1::y1)\n)",
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)\n\n{NP,2}\nNP::NP [DET N] -> [N]\n(\n(X2::Y1)\n)",
        IsWhole},
       {"TR034", Severity::Warning, "two rules have the same type and number",
-       "Type and number name a rule. Two rules of one name cannot be told apart in reports and "
+       "Type and number name a rule. Two rules of one name cannot be distinguished in reports and "
        "indexes.",
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)\n\n{NP,1}\nNP::NP : [DET N] -> [N]\n(\n(X2::Y1)"
        "\n)",
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)\n\n{NP,2}\nNP::NP : [DET N] -> [N]\n(\n(X2::Y1)"
        "\n)",
        IsWhole},
-      {"TR035", Severity::Error, "text that is no part of a rule",
+      {"TR035", Severity::Error, "text that is not part of a rule",
        "Text that is neither comment nor a part of a line means nothing, and the library's reader "
        "passes over it without a word. Where it was meant as a line of the rule, that is missing. "
        "Outside of a rule it is a warning. It is kept as a comment.",
        "see above", ";; see above"},
       {"TR036", Severity::Warning, "an alignment is given twice",
-       "The second one says nothing new; probably another pair was meant.",
+       "The second one adds nothing; probably another pair was meant.",
        "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n(X1::Y2)\n(X2::Y1)\n)",
        "{NP,1}\nNP::NP : [DET N] -> [N DET]\n(\n(X1::Y2)\n(X2::Y1)\n)", IsWhole},
-      {"TR037", Severity::Warning, "the line stands before the header of its rule",
+      {"TR037", Severity::Warning, "the line comes before the header of its rule",
        "A line before the first header of a file counts as part of that first rule. It may have "
        "been meant for another one.",
        "(x0 = x1)\n{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)",
@@ -201,7 +201,7 @@ const std::vector<CodeInfo>& AllCodes() {
        "then another one than without it.",
        "(x0 = x2 )", "(x0 = x2)"},
       {"TR039", Severity::Warning, "a sign becomes part of a name",
-       "Types, labels and the words of lists end at blanks alone. A comma, colon, bracket or lone "
+       "Types, labels and the words of lists end only at blanks. A comma, colon, bracket or lone "
        "double quote becomes part of the name, which then matches nothing.",
        "{NP,1}\nNP::NP : [DET, N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)",
        "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)", IsWhole},
@@ -215,7 +215,7 @@ const std::vector<CodeInfo>& AllCodes() {
        "There is one sign, \"=\". What else is written with it, as in \"=c\" and \"=:\", becomes "
        "part of the value.",
        "((x1 num) =c sg)", "((x1 num) = sg)"},
-      {"TR042", Severity::Warning, "a list has no parentheses of its own",
+      {"TR042", Severity::Warning, "a list without parentheses",
        "Without parentheses of its own, *OR* and the words after it are one value of several words, "
        "and no list.",
        "((x1 per) = *OR* first second)", "((x1 per) = (*OR* first second))"},
@@ -235,9 +235,9 @@ const std::vector<CodeInfo>& AllCodes() {
        "Features and labels are compared in capitals, but only the letters of ASCII become "
        "capitals. So the same name is two names when it is written with other capitals elsewhere.",
        "((x2 número) = sg)", "((x2 NÚMERO) = sg)"},
-      {"TR047", Severity::Warning, "a label of a comment is not taken for one",
+      {"TR047", Severity::Warning, "the label of a comment is not recognised",
        "The comments ;;SL:, ;;TL:, ;;C-Structure: and ;;Score: carry words, structure and count of "
-       "a rule. Written otherwise, they are kept as mere comments.",
+       "a rule. Written in another way, they are only comments.",
        ";; SL the red car", ";; SL: the red car"},
       {"TR048", Severity::Warning, "a character looks like one of ASCII",
        "The character is another one than it seems to be, so that the name or sign with it is "
@@ -284,7 +284,7 @@ const std::vector<CodeInfo>& AllCodes() {
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)\n\n"
        "{N,1}\nN::N : [\"car\"] -> [\"auto\"]\n(\n(X1::Y1)\n)",
        IsWhole},
-      {"TR054", Severity::Note, "two rules differ in their target side alone",
+      {"TR054", Severity::Note, "two rules differ only in their target side",
        "They have the same source type, the same source sequence and the same constraints on it. "
        "Where no constraint of the target decides between them, a text has both translations. "
        "Learned grammars are full of such rules, and so are lexicons with several forms of a word; "
@@ -302,13 +302,13 @@ const std::vector<CodeInfo>& AllCodes() {
 
 namespace {
 
-/// The codes by their numbers, null if there is not one.
+/// The codes by their numbers, null if there is none.
 std::vector<const CodeInfo*> CodesByNumber() {
   constexpr std::size_t Numbers = 100;
   std::vector<const CodeInfo*> vByNumber(Numbers);
-  for (const CodeInfo& Each : AllCodes()) {
-    std::string_view Digits = Each.Code.substr(2);
-    vByNumber[static_cast<std::size_t>(TrRuleInternal::TakeNumber(Digits))] = &Each;
+  for (const CodeInfo& Info : AllCodes()) {
+    std::string_view Digits = Info.Code.substr(2);
+    vByNumber[static_cast<std::size_t>(TrRuleInternal::TakeNumber(Digits))] = &Info;
   }
   return vByNumber;
 }
@@ -334,8 +334,8 @@ const CodeInfo& KnownCode(const std::string& Written, const std::string& WhereTo
     return *Info;
   }
   std::vector<std::string> vsAll;
-  for (const CodeInfo& Each : AllCodes()) {
-    vsAll.emplace_back(Each.Code);
+  for (const CodeInfo& Info : AllCodes()) {
+    vsAll.emplace_back(Info.Code);
   }
   throw RunError("unknown code \"" + Written + '"' +
                  AdviceOn(Code, vsAll, WhereToLook + " lists the codes"));
@@ -379,7 +379,7 @@ std::string WholeExample(const CodeInfo& Info, std::string_view Example) {
 
 namespace {
 
-/// Appends a paragraph in lines of a width, each behind two blanks.
+/// Appends a paragraph in lines of a width, each after two blanks.
 void AppendWrapped(std::string_view Paragraph, std::string& TextReturn) {
   constexpr std::size_t Width = 76;
   while (!Paragraph.empty()) {
@@ -406,7 +406,7 @@ void AppendExample(std::string_view Heading, std::string_view Example, std::stri
 std::string Explanation(const CodeInfo& Info) {
   std::string Text(Info.Code);
   Text.append(", ").append(NameOf(Info.Level)).append(": ").append(Info.Title).append("\n\n");
-  AppendWrapped(Info.Why, Text);
+  AppendWrapped(Info.Explanation, Text);
   const std::string Where =
       Info.IsBody ? ", in the rule " + std::string(ExampleRuleLine) : std::string();
   AppendExample("Wrong" + Where, Info.Wrong, Text);

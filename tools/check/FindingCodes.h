@@ -18,13 +18,13 @@ std::string_view NameOf(Severity Which);
 
 /// What is known of each code: it keeps its number and its meaning for ever.
 struct CodeInfo {
-  std::string_view Code;   ///< "TR001"
-  Severity Level;          ///< the gravest that its findings have
-  std::string_view Title;  ///< a few words
-  std::string_view Why;    ///< what it means and why it matters: one paragraph on one line
-  std::string_view Wrong;  ///< lines with such a finding, the last one without its end
-  std::string_view Right;  ///< the same without any
-  bool IsBody = true;      ///< whether the examples are lines of a rule's body; see `WholeExample`
+  std::string_view Code;         ///< "TR001"
+  Severity Level;                ///< the gravest that its findings have
+  std::string_view Title;        ///< a few words
+  std::string_view Explanation;  ///< what it means and why it matters: one paragraph on one line
+  std::string_view Wrong;        ///< lines with such a finding, the last one without its end
+  std::string_view Right;        ///< the same without any
+  bool IsBody = true;  ///< whether the examples are lines of a rule's body; see `WholeExample`
 };
 
 /// All codes, ascending.
@@ -38,7 +38,7 @@ const CodeInfo* FindCode(std::string_view Code);
 bool KeepsFromUse(std::string_view Code);
 
 /// The code of a text that a person has written: in any case, with white space around it. Throws
-/// `RunError` where there is not one.
+/// `RunError` where there is none.
 /// @param WhereToLook names the command that lists the codes
 const CodeInfo& KnownCode(const std::string& Written, const std::string& WhereToLook);
 

@@ -27,8 +27,8 @@ std::uint64_t FindingTally::Count(std::string_view Code, Severity Level) const {
 
 std::uint64_t FindingTally::Count(Severity Level) const {
   std::uint64_t Sum = 0;
-  for (const Counts& Each : All) {
-    Sum += Each[IndexOf(Level)];
+  for (const Counts& Current : All) {
+    Sum += Current[IndexOf(Level)];
   }
   return Sum;
 }
@@ -46,8 +46,8 @@ std::string FindingTally::Summary() const {
 std::string FindingTally::Table() const {
   constexpr std::size_t LevelWidth = 9;
   std::uint64_t Most = 0;
-  for (const Counts& Each : All) {
-    Most = std::max(Most, *std::max_element(Each.begin(), Each.end()));
+  for (const Counts& Current : All) {
+    Most = std::max(Most, *std::max_element(Current.begin(), Current.end()));
   }
   const std::size_t Width = std::to_string(Most).size();
   std::string Text;

@@ -69,11 +69,11 @@ void AppendShown(std::string_view Text, std::string& TextReturn) {
 }
 
 /// As much of a long line as fits around what is meant, and where that begins in it.
-std::string_view Window(const Finding& Each, std::size_t& StartReturn) {
+std::string_view Window(const Finding& Found, std::size_t& StartReturn) {
   constexpr std::size_t MaxShown = 160;
   constexpr std::size_t Before = 40;
-  const std::string_view Line = Each.LineText;
-  const std::size_t Start = std::min(Each.Column - 1, Line.size());
+  const std::string_view Line = Found.LineText;
+  const std::size_t Start = std::min(Found.Column - 1, Line.size());
   std::size_t From = Line.size() > MaxShown && Start > Before ? Start - Before : 0;
   while (From < Start && IsContinuation(Line[From])) {
     ++From;
@@ -98,10 +98,10 @@ void AppendCaret(std::string_view Line, std::size_t Start, std::size_t Length,
 }
 
 /// Makes room for as much as a finding takes in most cases.
-void ReserveFor(const Finding& Each, std::string& TextReturn) {
+void ReserveFor(const Finding& Found, std::string& TextReturn) {
   constexpr std::size_t Around = 64;
-  const std::size_t Wanted = TextReturn.size() + Each.File.size() + Each.Message.size() +
-                             2 * Each.LineText.size() + Each.Suggestion.size() + Around;
+  const std::size_t Wanted = TextReturn.size() + Found.File.size() + Found.Message.size() +
+                             2 * Found.LineText.size() + Found.Suggestion.size() + Around;
   if (TextReturn.capacity() < Wanted) {
     TextReturn.reserve(std::max(Wanted, 2 * TextReturn.capacity()));
   }
@@ -114,43 +114,43 @@ void AppendLine(std::string_view Label, std::string_view Text, std::string& Text
 }
 
 /// Appends "np.trr:3:1: ".
-void AppendPlace(const Finding& Each, std::string& TextReturn) {
-  AppendShown(Each.File, TextReturn);
+void AppendPlace(const Finding& Found, std::string& TextReturn) {
+  AppendShown(Found.File, TextReturn);
   const auto AppendNumber = [&](std::size_t Number) {
     constexpr std::size_t MaxDigits = 20;
     char Digits[MaxDigits];
     const auto End = std::to_chars(Digits, Digits + MaxDigits, Number).ptr;
     TextReturn.append(1, ':').append(Digits, static_cast<std::size_t>(End - Digits));
   };
-  AppendNumber(Each.Line);
-  AppendNumber(Each.Column);
+  AppendNumber(Found.Line);
+  AppendNumber(Found.Column);
   TextReturn += ": ";
 }
 
 }  // namespace
 
-void AppendTextOf(const Finding& Each, bool Colours, std::string& TextReturn) {
+void AppendTextOf(const Finding& Found, bool Colours, std::string& TextReturn) {
   std::size_t Start = 0;
-  const std::string_view Line = Window(Each, Start);
-  ReserveFor(Each, TextReturn);
-  AppendColoured(Bold, Colours, TextReturn, [&] { AppendPlace(Each, TextReturn); });
-  AppendColoured(ColourOf(Each.Level), Colours, TextReturn, [&] {
-    TrRuleInternal::Append(TextReturn, {NameOf(Each.Level), " ", Each.Code});
+  const std::string_view Line = Window(Found, Start);
+  ReserveFor(Found, TextReturn);
+  AppendColoured(Bold, Colours, TextReturn, [&] { AppendPlace(Found, TextReturn); });
+  AppendColoured(ColourOf(Found.Level), Colours, TextReturn, [&] {
+    TrRuleInternal::Append(TextReturn, {NameOf(Found.Level), " ", Found.Code});
   });
-  AppendLine(": ", Each.Message, TextReturn);
+  AppendLine(": ", Found.Message, TextReturn);
   AppendLine("  ", Line, TextReturn);
   TextReturn += "  ";
   AppendColoured(Green, Colours, TextReturn,
-                 [&] { AppendCaret(Line, Start, Each.Length, TextReturn); });
+                 [&] { AppendCaret(Line, Start, Found.Length, TextReturn); });
   TextReturn += '\n';
-  if (!Each.Suggestion.empty()) {
-    AppendLine("  instead: ", Trimmed(Each.Suggestion), TextReturn);
+  if (!Found.Suggestion.empty()) {
+    AppendLine("  instead: ", Trimmed(Found.Suggestion), TextReturn);
   }
-  if (!Each.Example.empty()) {
-    AppendLine("  for example: ", Each.Example, TextReturn);
+  if (!Found.Example.empty()) {
+    AppendLine("  for example: ", Found.Example, TextReturn);
   }
-  if (!Each.OtherFile.empty()) {
-    AppendLine("  see ", Each.OtherFile + ':' + std::to_string(Each.OtherLine), TextReturn);
+  if (!Found.OtherFile.empty()) {
+    AppendLine("  see ", Found.OtherFile + ':' + std::to_string(Found.OtherLine), TextReturn);
   }
 }
 
@@ -162,8 +162,8 @@ class TextWriter : public FindingWriter {
       : Output(OutputPassIn), Colours(ColoursPassIn) {}
 
   void Begin() override {}
-  void Append(const Finding& Each, std::string& TextReturn) const override {
-    AppendTextOf(Each, Colours, TextReturn);
+  void Append(const Finding& Found, std::string& TextReturn) const override {
+    AppendTextOf(Found, Colours, TextReturn);
   }
   void Write(std::string_view Text) override { Output.Write(Text); }
   void End() override {}
@@ -187,8 +187,8 @@ class ArrayWriter : public FindingWriter {
 
   void Begin() override { Output.Write(Head()); }
 
-  void Append(const Finding& Each, std::string& TextReturn) const override {
-    TextReturn.append(",\n").append(Dumped(ObjectOf(Each)));
+  void Append(const Finding& Found, std::string& TextReturn) const override {
+    TextReturn.append(",\n").append(Dumped(ObjectOf(Found)));
   }
 
   /// The first finding of all has no comma before it.
@@ -201,7 +201,7 @@ class ArrayWriter : public FindingWriter {
 
  protected:
   virtual std::string Head() const = 0;
-  virtual Json ObjectOf(const Finding& Each) const = 0;
+  virtual Json ObjectOf(const Finding& Found) const = 0;
   virtual std::string Tail() const = 0;
 
  private:
@@ -216,23 +216,23 @@ class JsonWriter : public ArrayWriter {
  protected:
   std::string Head() const override { return "["; }
 
-  Json ObjectOf(const Finding& Each) const override {
-    Json Object = {{"file", Each.File},
-                   {"line", Each.Line},
-                   {"column", Each.Column},
-                   {"length", Each.Length},
-                   {"severity", NameOf(Each.Level)},
-                   {"code", Each.Code},
-                   {"message", Each.Message},
-                   {"text", Each.LineText}};
-    if (!Each.Suggestion.empty()) {
-      Object["suggestion"] = Each.Suggestion;
+  Json ObjectOf(const Finding& Found) const override {
+    Json Object = {{"file", Found.File},
+                   {"line", Found.Line},
+                   {"column", Found.Column},
+                   {"length", Found.Length},
+                   {"severity", NameOf(Found.Level)},
+                   {"code", Found.Code},
+                   {"message", Found.Message},
+                   {"text", Found.LineText}};
+    if (!Found.Suggestion.empty()) {
+      Object["suggestion"] = Found.Suggestion;
     }
-    if (!Each.Example.empty()) {
-      Object["example"] = Each.Example;
+    if (!Found.Example.empty()) {
+      Object["example"] = Found.Example;
     }
-    if (!Each.OtherFile.empty()) {
-      Object["other"] = {{"file", Each.OtherFile}, {"line", Each.OtherLine}};
+    if (!Found.OtherFile.empty()) {
+      Object["other"] = {{"file", Found.OtherFile}, {"line", Found.OtherLine}};
     }
     return Object;
   }
@@ -267,26 +267,26 @@ class SarifWriter : public ArrayWriter {
  protected:
   std::string Head() const override {
     Json Rules = Json::array();
-    for (const CodeInfo& Each : AllCodes()) {
-      Rules.push_back({{"id", Each.Code},
-                       {"shortDescription", {{"text", Each.Title}}},
-                       {"fullDescription", {{"text", Each.Why}}},
-                       {"help", {{"text", Explanation(Each)}}},
-                       {"defaultConfiguration", {{"level", NameOf(Each.Level)}}}});
+    for (const CodeInfo& Info : AllCodes()) {
+      Rules.push_back({{"id", Info.Code},
+                       {"shortDescription", {{"text", Info.Title}}},
+                       {"fullDescription", {{"text", Info.Explanation}}},
+                       {"help", {{"text", Explanation(Info)}}},
+                       {"defaultConfiguration", {{"level", NameOf(Info.Level)}}}});
     }
     const Json Driver = {{"name", "trrule"}, {"version", Version}, {"rules", Rules}};
     return R"({"version":"2.1.0","runs":[{"tool":{"driver":)" + Dumped(Driver) +
            R"(},"columnKind":"unicodeCodePoints","results":[)";
   }
 
-  Json ObjectOf(const Finding& Each) const override {
-    Json Object = {{"ruleId", Each.Code},
-                   {"level", NameOf(Each.Level)},
-                   {"message", {{"text", MessageOf(Each)}}},
-                   {"locations", Json::array({Location(Each.File, RegionOf(Each))})}};
-    if (!Each.OtherFile.empty()) {
+  Json ObjectOf(const Finding& Found) const override {
+    Json Object = {{"ruleId", Found.Code},
+                   {"level", NameOf(Found.Level)},
+                   {"message", {{"text", MessageOf(Found)}}},
+                   {"locations", Json::array({Location(Found.File, RegionOf(Found))})}};
+    if (!Found.OtherFile.empty()) {
       Object["relatedLocations"] =
-          Json::array({Location(Each.OtherFile, {{"startLine", Each.OtherLine}})});
+          Json::array({Location(Found.OtherFile, {{"startLine", Found.OtherLine}})});
     }
     return Object;
   }
@@ -299,28 +299,28 @@ class SarifWriter : public ArrayWriter {
         {"physicalLocation", {{"artifactLocation", {{"uri", UriOf(File)}}}, {"region", Region}}}};
   }
 
-  static std::string MessageOf(const Finding& Each) {
-    std::string Message = Each.Message;
-    if (!Each.Suggestion.empty()) {
-      Message.append("; instead: ").append(Trimmed(Each.Suggestion));
+  static std::string MessageOf(const Finding& Found) {
+    std::string Message = Found.Message;
+    if (!Found.Suggestion.empty()) {
+      Message.append("; instead: ").append(Trimmed(Found.Suggestion));
     }
-    if (!Each.Example.empty()) {
-      Message.append("; for example: ").append(Each.Example);
+    if (!Found.Example.empty()) {
+      Message.append("; for example: ").append(Found.Example);
     }
     return Message;
   }
 
   /// Columns in characters, where a finding has them in bytes.
-  static Json RegionOf(const Finding& Each) {
-    const std::string_view Line = Each.LineText;
-    const std::size_t Start = std::min(Each.Column - 1, Line.size());
+  static Json RegionOf(const Finding& Found) {
+    const std::string_view Line = Found.LineText;
+    const std::size_t Start = std::min(Found.Column - 1, Line.size());
     const std::size_t Column = CountCharacters(Line.substr(0, Start)) + 1;
     const std::size_t Width =
-        std::max<std::size_t>(CountCharacters(Line.substr(Start, Each.Length)), 1);
-    return {{"startLine", Each.Line},
+        std::max<std::size_t>(CountCharacters(Line.substr(Start, Found.Length)), 1);
+    return {{"startLine", Found.Line},
             {"startColumn", Column},
             {"endColumn", Column + Width},
-            {"snippet", {{"text", Each.LineText}}}};
+            {"snippet", {{"text", Found.LineText}}}};
   }
 
   std::string Version;

@@ -19,10 +19,10 @@ class FindingWriter {
   /// Writes the text before the first finding.
   virtual void Begin() = 0;
   /// Appends a finding to a text for `Write`. May be called on several threads at once.
-  virtual void Append(const Finding& Each, std::string& TextReturn) const = 0;
+  virtual void Append(const Finding& Found, std::string& TextReturn) const = 0;
   /// Writes the text of one finding or more, which is not empty.
   virtual void Write(std::string_view Text) = 0;
-  /// Writes the text behind the last one.
+  /// Writes the text after the last one.
   virtual void End() = 0;
 };
 
@@ -34,6 +34,6 @@ std::unique_ptr<FindingWriter> MakeFindingWriter(FindingFormat Format, bool Colo
 
 /// Appends a finding on three lines or more: place and message, the line, and a caret below what is
 /// meant.
-void AppendTextOf(const Finding& Each, bool Colours, std::string& TextReturn);
+void AppendTextOf(const Finding& Found, bool Colours, std::string& TextReturn);
 
 }  // namespace Grammar

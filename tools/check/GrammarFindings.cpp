@@ -70,16 +70,16 @@ void GrammarFindings::SetOther(std::uint32_t Index, Finding& FindingReturn) cons
 }
 
 std::vector<Finding> GrammarFindings::Take() {
-  const auto StandsBefore = [](const auto& Left, const auto& Right) {
+  const auto ComesBefore = [](const auto& Left, const auto& Right) {
     const Finding& One = Left.second;
     const Finding& Other = Right.second;
     return std::tie(Left.first, One.Line, One.Column, One.Code) <
            std::tie(Right.first, Other.Line, Other.Column, Other.Code);
   };
-  std::stable_sort(vFindings.begin(), vFindings.end(), StandsBefore);
+  std::stable_sort(vFindings.begin(), vFindings.end(), ComesBefore);
   std::vector<Finding> vSorted;
   std::transform(vFindings.begin(), vFindings.end(), std::back_inserter(vSorted),
-                 [](auto& Each) { return std::move(Each.second); });
+                 [](auto& Current) { return std::move(Current.second); });
   vFindings.clear();
   return vSorted;
 }
@@ -108,27 +108,27 @@ void GrammarFindings::AddUnprovidedLabels() {
   std::vector<std::uint32_t> vLackOf(Shapes.SlotCount(), GrammarShapes::None);
   PairTable Groups;
   for (std::uint32_t Index = 0; Index < Shapes.Size(); ++Index) {
-    for (const GrammarShapes::Place& Each : Shapes.PlacesOf(Shapes.At(Index))) {
-      if (!Shapes.ProvidersOf(Each.Slot).IsEmpty()) {
+    for (const GrammarShapes::Place& Current : Shapes.PlacesOf(Shapes.At(Index))) {
+      if (!Shapes.ProvidersOf(Current.Slot).IsEmpty()) {
         continue;
       }
-      const std::uint32_t Label = Shapes.SlotLabel(Each.Slot);
+      const std::uint32_t Label = Shapes.SlotLabel(Current.Slot);
       const bool IsUnknown = Shapes.ShapesOfType(Label).IsEmpty();
       const std::uint32_t Group =
-          Groups.Intern(Label, IsUnknown ? GrammarShapes::None : Shapes.SlotWanted(Each.Slot));
+          Groups.Intern(Label, IsUnknown ? GrammarShapes::None : Shapes.SlotWanted(Current.Slot));
       if (Group == vLacks.size()) {
-        vLacks.push_back({Index, Each});
+        vLacks.push_back({Index, Current});
       }
       vLacks[Group].Count += Shapes.At(Index).RuleCount;
     }
   }
-  for (const Lack& Each : vLacks) {
+  for (const Lack& Current : vLacks) {
     Finding& New =
-        Add("TR050", Each.Shape, Shapes.At(Each.Shape).Line,
-            LackText(Each.Place.Slot) +
-                AlsoText(Each.Count - 1, " more component wants it", " more components want it"));
-    New.Column = Each.Place.Column;
-    New.Length = Shapes.LabelName(Shapes.SlotLabel(Each.Place.Slot)).size();
+        Add("TR050", Current.Shape, Shapes.At(Current.Shape).Line,
+            LackText(Current.Place.Slot) + AlsoText(Current.Count - 1, " more component wants it",
+                                                    " more components want it"));
+    New.Column = Current.Place.Column;
+    New.Length = Shapes.LabelName(Shapes.SlotLabel(Current.Place.Slot)).size();
     New.Level = LevelOfLack();
   }
 }
@@ -141,8 +141,8 @@ std::vector<bool> GrammarFindings::ReachedTypes(const std::vector<std::string>& 
   std::vector<bool> vIsSeen(Shapes.SlotCount());
   std::vector<std::uint32_t> vNext;
   const auto Reach = [&](const GrammarShapes::Range<std::uint32_t>& Providers) {
-    for (const std::uint32_t Each : Providers) {
-      const std::uint32_t Types = Shapes.At(Each).Types;
+    for (const std::uint32_t Number : Providers) {
+      const std::uint32_t Types = Shapes.At(Number).Types;
       if (!vIsReached[Types]) {
         vIsReached[Types] = true;
         vNext.push_back(Types);
@@ -158,8 +158,8 @@ std::vector<bool> GrammarFindings::ReachedTypes(const std::vector<std::string>& 
   while (!vNext.empty()) {
     const std::uint32_t Types = vNext.back();
     vNext.pop_back();
-    for (const std::uint32_t Each : Shapes.ShapesOfTypes(Types)) {
-      for (const GrammarShapes::Place& Place : Shapes.PlacesOf(Shapes.At(Each))) {
+    for (const std::uint32_t Number : Shapes.ShapesOfTypes(Types)) {
+      for (const GrammarShapes::Place& Place : Shapes.PlacesOf(Shapes.At(Number))) {
         if (!vIsSeen[Place.Slot]) {
           vIsSeen[Place.Slot] = true;
           Reach(Shapes.ProvidersOf(Place.Slot));
@@ -179,8 +179,8 @@ void GrammarFindings::AddUnreachableRules(const std::vector<std::string>& vsStar
     }
     const auto Rules = Shapes.ShapesOfTypes(Types);
     std::uint64_t Count = 0;
-    for (const std::uint32_t Each : Rules) {
-      Count += Shapes.At(Each).RuleCount;
+    for (const std::uint32_t Number : Rules) {
+      Count += Shapes.At(Number).RuleCount;
     }
     const std::uint32_t First = *Rules.begin();
     Add("TR051", First, Shapes.At(First).Line,
@@ -193,16 +193,16 @@ void GrammarFindings::AddUnreachableRules(const std::vector<std::string>& vsStar
 
 /// "NUM of x2 (N) is always PL or SG"
 std::string GrammarFindings::SupplyText(const Shape& Which,
-                                        const SuppliedValues::Supply& Each) const {
-  const GrammarShapes::Place& Place = Shapes.PlacesOf(Which).First[Each.From.Place];
-  std::string Text = Shapes.PathName(Each.From.Path);
+                                        const SuppliedValues::Supply& Current) const {
+  const GrammarShapes::Place& Place = Shapes.PlacesOf(Which).First[Current.From.Place];
+  std::string Text = Shapes.PathName(Current.From.Path);
   Text += (Text.empty() ? "x" : " of x") + std::to_string(Place.Node) + " (" +
           Shapes.LabelName(Shapes.SlotLabel(Place.Slot)) + ") is always ";
-  if (Each.vAtoms.empty()) {
-    return Text + "one of " + std::to_string(Each.Count) + " values";
+  if (Current.vAtoms.empty()) {
+    return Text + "one of " + std::to_string(Current.Count) + " values";
   }
   std::vector<std::string> vsNames;
-  for (const std::uint32_t Atom : Each.vAtoms) {
+  for (const std::uint32_t Atom : Current.vAtoms) {
     vsNames.push_back(Shapes.AtomName(Atom));
   }
   std::sort(vsNames.begin(), vsNames.end());
@@ -213,16 +213,17 @@ std::string GrammarFindings::SupplyText(const Shape& Which,
 }
 
 void GrammarFindings::AddUnsuppliedValues() {
-  for (const SuppliedValues::Clash& Each : SuppliedValues(Shapes).FindClashes()) {
-    const Shape& Which = Shapes.At(Each.Shape);
+  for (const SuppliedValues::Clash& Current : SuppliedValues(Shapes).FindClashes()) {
+    const Shape& Which = Shapes.At(Current.Shape);
     std::string Message = "this never holds: ";
-    for (const SuppliedValues::Supply& Supply : Each.vSupplies) {
-      Message += (&Supply == &Each.vSupplies.front() ? "" : ", and ") + SupplyText(Which, Supply);
+    for (const SuppliedValues::Supply& Supply : Current.vSupplies) {
+      Message +=
+          (&Supply == &Current.vSupplies.front() ? "" : ", and ") + SupplyText(Which, Supply);
     }
     Finding& New =
-        Add("TR052", Each.Shape, Each.Line,
+        Add("TR052", Current.Shape, Current.Line,
             Message + AlsoText(Which.RuleCount - 1, " more rule has it", " more rules have it"));
-    const std::uint32_t Place = Each.vSupplies.front().From.Place;
+    const std::uint32_t Place = Current.vSupplies.front().From.Place;
     SetOther(*Shapes.ProvidersOf(Shapes.PlacesOf(Which).First[Place].Slot).begin(), New);
     New.Level = LevelOfLack();
   }
@@ -240,12 +241,12 @@ std::vector<GraphEdge> UnaryEdges(const GrammarShapes& Shapes) {
   std::vector<GraphEdge> vEdges;
   std::vector<bool> vIsSeen(Shapes.SlotCount());
   for (std::uint32_t Index = 0; Index < Shapes.Size(); ++Index) {
-    const GrammarShapes::Shape& Each = Shapes.At(Index);
-    if (!Each.IsUnary()) {
+    const GrammarShapes::Shape& Current = Shapes.At(Index);
+    if (!Current.IsUnary()) {
       continue;
     }
-    const std::uint32_t Slot = Shapes.PlacesOf(Each).First->Slot;
-    vEdges.push_back({NodeOfTypes(Each.Types), NodeOfSlot(Slot), Index});
+    const std::uint32_t Slot = Shapes.PlacesOf(Current).First->Slot;
+    vEdges.push_back({NodeOfTypes(Current.Types), NodeOfSlot(Slot), Index});
     if (vIsSeen[Slot]) {
       continue;
     }
@@ -268,9 +269,9 @@ std::vector<GraphEdge> UnaryEdges(const GrammarShapes& Shapes) {
 /// The rules of a cycle, each above the next one, the first of the input first.
 std::vector<std::uint32_t> ShapesOf(const std::vector<GraphEdge>& vCycle) {
   std::vector<std::uint32_t> vShapes;
-  for (const GraphEdge& Each : vCycle) {
-    if (Each.Line != GrammarShapes::None) {
-      vShapes.push_back(static_cast<std::uint32_t>(Each.Line));
+  for (const GraphEdge& Edge : vCycle) {
+    if (Edge.Line != GrammarShapes::None) {
+      vShapes.push_back(static_cast<std::uint32_t>(Edge.Line));
     }
   }
   std::rotate(vShapes.begin(), std::min_element(vShapes.begin(), vShapes.end()), vShapes.end());

@@ -47,7 +47,7 @@ class GrammarFindings {
   Severity LevelOfLack() const { return HasLexicon ? Severity::Warning : Severity::Note; }
   std::string LackText(std::uint32_t Slot) const;
   std::vector<bool> ReachedTypes(const std::vector<std::string>& vsStarts) const;
-  std::string SupplyText(const Shape& Which, const SuppliedValues::Supply& Each) const;
+  std::string SupplyText(const Shape& Which, const SuppliedValues::Supply& Current) const;
 
   GrammarShapes& Shapes;
   bool HasLexicon = false;

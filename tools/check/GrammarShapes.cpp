@@ -138,8 +138,8 @@ void GrammarShapes::Add(const RuleText& Text, const RuleOutline& Outline) {
   if (Outline.Key.empty()) {
     return;
   }
-  std::uint32_t& Slot = Known.Find(Outline.KeySum, [&](std::uint32_t Each) {
-    return vSums[Each].Key == Outline.KeySum && vSums[Each].Other == Outline.OtherKeySum;
+  std::uint32_t& Slot = Known.Find(Outline.KeySum, [&](std::uint32_t Number) {
+    return vSums[Number].Key == Outline.KeySum && vSums[Number].Other == Outline.OtherKeySum;
   });
   if (Slot != None) {
     ++vShapes[Slot].RuleCount;
@@ -147,15 +147,15 @@ void GrammarShapes::Add(const RuleText& Text, const RuleOutline& Outline) {
   }
   Slot = Size();
   vSums.push_back({Outline.KeySum, Outline.OtherKeySum});
-  Known.NoteAdded([&](std::uint32_t Each) { return vSums[Each].Key; });
+  Known.NoteAdded([&](std::uint32_t Number) { return vSums[Number].Key; });
   AddShape(Text, Outline);
   vShapes.back().RuleCount = 1;
 }
 
 void GrammarShapes::Finish() {
   OfLabel.Fill(Size(), static_cast<std::uint32_t>(Labels.Size()),
-               [&](std::uint32_t Each) { return SourceTypeOf(vShapes[Each].Types); });
-  OfTypes.Fill(Size(), TypesCount(), [&](std::uint32_t Each) { return vShapes[Each].Types; });
+               [&](std::uint32_t Number) { return SourceTypeOf(vShapes[Number].Types); });
+  OfTypes.Fill(Size(), TypesCount(), [&](std::uint32_t Number) { return vShapes[Number].Types; });
 }
 
 // ---- Questions --------------------------------------------------------------------------------
@@ -189,8 +189,8 @@ std::string GrammarShapes::PathName(std::uint32_t Path) const {
   std::vector<std::uint32_t> vFeatures;
   AppendFeatures(Path, vFeatures);
   std::string Name;
-  for (const std::uint32_t Each : vFeatures) {
-    Name.append(Name.empty() ? "" : " ").append(Features.Name(Each));
+  for (const std::uint32_t Number : vFeatures) {
+    Name.append(Name.empty() ? "" : " ").append(Features.Name(Number));
   }
   return Name;
 }

@@ -91,18 +91,18 @@ class GrammarShapes {
 
   std::uint32_t Size() const { return static_cast<std::uint32_t>(vShapes.size()); }
   const Shape& At(std::uint32_t Index) const { return vShapes[Index]; }
-  Range<Place> PlacesOf(const Shape& Each) const {
-    const Place* First = vPlaces.data() + Each.FirstPlace;
-    return {First, First + Each.PlaceCount};
+  Range<Place> PlacesOf(const Shape& Current) const {
+    const Place* First = vPlaces.data() + Current.FirstPlace;
+    return {First, First + Current.PlaceCount};
   }
-  Range<Equation> EquationsOf(const Shape& Each) const {
-    const Equation* First = vEquations.data() + Each.FirstEquation;
-    return {First, First + Each.EquationCount};
+  Range<Equation> EquationsOf(const Shape& Current) const {
+    const Equation* First = vEquations.data() + Current.FirstEquation;
+    return {First, First + Current.EquationCount};
   }
   std::uint32_t AtomAt(std::uint32_t Index) const { return vAtoms[Index]; }
 
-  const std::string& FileOf(const Shape& Each) const { return Files.Name(Each.File); }
-  /// What stands on a line of a shape's first rule. Kept are the rule line where the shape is
+  const std::string& FileOf(const Shape& Current) const { return Files.Name(Current.File); }
+  /// The text on a line of a shape's first rule. Kept are the rule line where the shape is
   /// unary, or the first with its types or with what one of its places wants; and the lines of its
   /// equations where it has a place.
   const KeptLine& LineOf(std::uint32_t Index, std::uint32_t Line) const {

@@ -169,7 +169,7 @@ bool StartsWithWord(std::string_view Text, std::string_view Word) {
           static_cast<unsigned char>(Text[Word.size()]) > 127);
 }
 
-/// The sign behind a label: ":", also a look-alike; empty if something else follows.
+/// The sign after a label: ":", also a look-alike; empty if something else follows.
 std::string_view ColonAt(std::string_view Text) {
   if (StartsWith(Text, ":")) {
     return Text.substr(0, 1);
@@ -186,8 +186,8 @@ std::string_view SlipOf(std::string_view Label, std::string_view Text, bool IsSe
   if (!StartsWithWord(Text, Word)) {
     return {};
   }
-  const std::string_view Behind = Text.substr(Word.size());
-  const std::string_view Next = WithoutLeadingSpace(Behind);
+  const std::string_view After = Text.substr(Word.size());
+  const std::string_view Next = WithoutLeadingSpace(After);
   const std::string_view Colon = ColonAt(Next);
   if (!Colon.empty()) {
     const std::string_view Written = From(Text, 0, OffsetIn(Text, Colon) + Colon.size());
@@ -196,8 +196,8 @@ std::string_view SlipOf(std::string_view Label, std::string_view Text, bool IsSe
   // Without a colon, only the label as it should be is no word of a sentence.
   const bool IsLabel = StartsWith(Text, Word) && !Next.empty() && !IsSemicolonMissing;
   const bool IsCounted = Label != "Score:" || (IsLabel && IsDigit(Next.front()));
-  return IsLabel && IsCounted && Behind.size() != Next.size() ? Text.substr(0, Word.size())
-                                                              : std::string_view();
+  return IsLabel && IsCounted && After.size() != Next.size() ? Text.substr(0, Word.size())
+                                                             : std::string_view();
 }
 
 }  // namespace

@@ -214,18 +214,18 @@ constexpr LookAlike Table[] = {
 const LookAlike* FindInTable(std::uint32_t CodePoint) {
   const auto* const Found = std::lower_bound(
       std::begin(Table), std::end(Table), CodePoint,
-      [](const LookAlike& Each, std::uint32_t Wanted) { return Each.CodePoint < Wanted; });
+      [](const LookAlike& Alike, std::uint32_t Wanted) { return Alike.CodePoint < Wanted; });
   return Found != std::end(Table) && Found->CodePoint == CodePoint ? Found : nullptr;
 }
 
 // ---- What is a slip ---------------------------------------------------------------------------
 
 /// Whether a character beyond ASCII may be part of a word: everything that is in no way a sign.
-bool IsWordPart(const Character& Each) {
-  const LookAlike* Which = FindInTable(Each.CodePoint);
-  return Which == nullptr ? Each.CodePoint >= 0xC0U && Each.CodePoint != 0xF7U &&
-                                !IsBetween(Each.CodePoint, 0x2000, 0x2BFF) &&
-                                !IsBetween(Each.CodePoint, 0x3000, 0x303F)
+bool IsWordPart(const Character& Current) {
+  const LookAlike* Which = FindInTable(Current.CodePoint);
+  return Which == nullptr ? Current.CodePoint >= 0xC0U && Current.CodePoint != 0xF7U &&
+                                !IsBetween(Current.CodePoint, 0x2000, 0x2BFF) &&
+                                !IsBetween(Current.CodePoint, 0x3000, 0x303F)
                           : Which->What == Letter;
 }
 
@@ -237,25 +237,25 @@ bool IsLetterAt(std::string_view Text, std::size_t At) {
 bool LooksAscii(std::string_view Word) {
   bool HasAscii = false;
   for (std::size_t At = 0; At < Word.size();) {
-    const Character Each = CharacterAt(Word, At);
+    const Character Next = CharacterAt(Word, At);
     HasAscii = HasAscii || IsAscii(Word[At]);
-    if (!IsAscii(Word[At]) && FindInTable(Each.CodePoint) == nullptr) {
+    if (!IsAscii(Word[At]) && FindInTable(Next.CodePoint) == nullptr) {
       return false;
     }
-    At += Each.Bytes.size();
+    At += Next.Bytes.size();
   }
   return HasAscii;
 }
 
 /// Whether a word of one character is taken for the X or Y of a node.
-bool IsNodeLetter(std::string_view Word, std::string_view Behind) {
+bool IsNodeLetter(std::string_view Word, std::string_view After) {
   const Character First = CharacterAt(Word, 0);
   const LookAlike* Which = FindInTable(First.CodePoint);
-  if (First.Bytes.size() != Word.size() || Which == nullptr || Behind.empty()) {
+  if (First.Bytes.size() != Word.size() || Which == nullptr || After.empty()) {
     return false;
   }
-  const LookAlike* Digit = FindInTable(CharacterAt(Behind, 0).CodePoint);
-  const char Next = Digit != nullptr && !Digit->Ascii.empty() ? Digit->Ascii[0] : Behind[0];
+  const LookAlike* Digit = FindInTable(CharacterAt(After, 0).CodePoint);
+  const char Next = Digit != nullptr && !Digit->Ascii.empty() ? Digit->Ascii[0] : After[0];
   return Contains("XYxy", Which->Ascii) && IsDigit(Next);
 }
 
@@ -270,14 +270,14 @@ class SlipFinder {
         EnterWord();
       }
       const std::size_t Start = At;
-      const Character Each = CharacterAt(Text, At);
-      At += Each.Bytes.size();
+      const Character Next = CharacterAt(Text, At);
+      At += Next.Bytes.size();
       if (Text[Start] == '"' && Start >= QuotesEnd) {
         QuotesEnd = Text.find('"', Start + 1) + 1;
       }
-      const LookAlike* Which = IsAscii(Text[Start]) ? nullptr : FindInTable(Each.CodePoint);
+      const LookAlike* Which = IsAscii(Text[Start]) ? nullptr : FindInTable(Next.CodePoint);
       if (Which != nullptr && IsSlip(*Which, Start)) {
-        return FoundLookAlike{Which, Each.Bytes};
+        return FoundLookAlike{Which, Next.Bytes};
       }
     }
     return std::nullopt;
@@ -329,10 +329,10 @@ std::string WithoutLookAlikes(std::string_view Text) {
   std::string Result;
   std::size_t Copied = 0;
   SlipFinder Slips(Text);
-  while (const std::optional<FoundLookAlike> Each = Slips.Next()) {
-    const std::size_t Start = OffsetIn(Text, Each->Place);
-    Result.append(Text.substr(Copied, Start - Copied)).append(Each->Which->Ascii);
-    Copied = Start + Each->Place.size();
+  while (const std::optional<FoundLookAlike> Found = Slips.Next()) {
+    const std::size_t Start = OffsetIn(Text, Found->Place);
+    Result.append(Text.substr(Copied, Start - Copied)).append(Found->Which->Ascii);
+    Copied = Start + Found->Place.size();
   }
   return Result.append(Text.substr(Copied));
 }
@@ -412,11 +412,11 @@ std::uint32_t CapitalOf(std::uint32_t Letter_) {
 
 std::string_view FirstSmallLetterBeyondAscii(std::string_view Text) {
   for (std::size_t At = 0; At < Text.size();) {
-    const Character Each = CharacterAt(Text, At);
-    if (!IsAscii(Text[At]) && CapitalOf(Each.CodePoint) != Each.CodePoint) {
-      return Each.Bytes;
+    const Character Next = CharacterAt(Text, At);
+    if (!IsAscii(Text[At]) && CapitalOf(Next.CodePoint) != Next.CodePoint) {
+      return Next.Bytes;
     }
-    At += Each.Bytes.size();
+    At += Next.Bytes.size();
   }
   return {};
 }
@@ -424,14 +424,14 @@ std::string_view FirstSmallLetterBeyondAscii(std::string_view Text) {
 std::string WithCapitalsBeyondAscii(std::string_view Text) {
   std::string Result;
   for (std::size_t At = 0; At < Text.size();) {
-    const Character Each = CharacterAt(Text, At);
-    const std::uint32_t Capital = CapitalOf(Each.CodePoint);
-    if (!IsAscii(Text[At]) && Capital != Each.CodePoint) {
+    const Character Next = CharacterAt(Text, At);
+    const std::uint32_t Capital = CapitalOf(Next.CodePoint);
+    if (!IsAscii(Text[At]) && Capital != Next.CodePoint) {
       AppendCharacter(Capital, Result);
     } else {
-      Result.append(Each.Bytes);
+      Result.append(Next.Bytes);
     }
-    At += Each.Bytes.size();
+    At += Next.Bytes.size();
   }
   return Result;
 }

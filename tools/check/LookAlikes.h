@@ -44,7 +44,7 @@ std::string Described(const LookAlike& Which);
 bool HasBytesBeyondAscii(std::string_view Text);
 
 /// The first small letter beyond ASCII, of the Latin, Greek and Cyrillic scripts: the library does
-/// not make it a capital. Empty where there is not one.
+/// not make it a capital. Empty where there is none.
 std::string_view FirstSmallLetterBeyondAscii(std::string_view Text);
 
 /// The text with these letters as capitals; those of ASCII stay as they are.

@@ -11,15 +11,17 @@ namespace {
 
 bool HasLineOfKind(const RuleText& Text, LineKind Kind) {
   return std::any_of(Text.vLines.begin(), Text.vLines.end(),
-                     [Kind](const RuleText::Span& Each) { return Each.Kind == Kind; });
+                     [Kind](const RuleText::Span& Current) { return Current.Kind == Kind; });
 }
 
 /// The rule line, or the first line that is no comment.
 std::size_t FirstLineOf(const RuleText& Text) {
-  const auto IsRuleLine = [](const RuleText::Span& Each) {
-    return Each.Kind == LineKind::Sequence;
+  const auto IsRuleLine = [](const RuleText::Span& Current) {
+    return Current.Kind == LineKind::Sequence;
   };
-  const auto HasCode = [](const RuleText::Span& Each) { return Each.CodeEnd > Each.CodeBegin; };
+  const auto HasCode = [](const RuleText::Span& Current) {
+    return Current.CodeEnd > Current.CodeBegin;
+  };
   auto Found = std::find_if(Text.vLines.begin(), Text.vLines.end(), IsRuleLine);
   if (Found == Text.vLines.end()) {
     Found = std::find_if(Text.vLines.begin(), Text.vLines.end(), HasCode);

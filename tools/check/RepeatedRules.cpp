@@ -14,11 +14,11 @@ namespace {
 std::size_t LineOfKind(const RuleText& Text, LineKind Kind) {
   std::size_t First = Text.vLines.size();
   for (std::size_t Line = 0; Line < Text.vLines.size(); ++Line) {
-    const RuleText::Span& Each = Text.vLines[Line];
-    if (Each.Kind == Kind) {
+    const RuleText::Span& Range = Text.vLines[Line];
+    if (Range.Kind == Kind) {
       return Line;
     }
-    if (First == Text.vLines.size() && Each.CodeEnd > Each.CodeBegin) {
+    if (First == Text.vLines.size() && Range.CodeEnd > Range.CodeBegin) {
       First = Line;
     }
   }
@@ -73,7 +73,7 @@ void RepeatedRules::Check(const RuleText& TextPassIn, const RuleIdentity& Identi
     const std::size_t Line = LineOfKind(TextPassIn, LineKind::Header);
     if (const Place* First =
             FindOrAdd(Numbers, SumOf(Header), OtherSumOf(Header), TextPassIn.FirstLine + Line)) {
-      Report("TR034", Header + " is the header of another rule, too", TextPassIn, Line, *First,
+      Report("TR034", Header + " is also the header of another rule", TextPassIn, Line, *First,
              vFindingsReturn);
     }
   }
@@ -81,13 +81,13 @@ void RepeatedRules::Check(const RuleText& TextPassIn, const RuleIdentity& Identi
     const std::size_t Line = LineOfKind(TextPassIn, LineKind::Sequence);
     if (const Place* First = FindOrAdd(Forms, IdentityPassIn.FormSum, IdentityPassIn.OtherFormSum,
                                        TextPassIn.FirstLine + Line)) {
-      Report("TR033", "this rule says the same as another one", TextPassIn, Line, *First,
+      Report("TR033", "this rule duplicates another one", TextPassIn, Line, *First,
              vFindingsReturn);
     }
   }
 }
 
-/// The place of an equal text; null if there is not one, and then it is noted.
+/// The place of an equal text; null if there is none, and then it is noted.
 const RepeatedRules::Place* RepeatedRules::FindOrAdd(Places& PlacesReturn, std::uint64_t Sum,
                                                      std::uint64_t OtherSum, std::size_t Line) {
   const Place New{OtherSum, static_cast<std::uint32_t>(vsFiles.size() - 1),

@@ -7,7 +7,7 @@
 #include "ConstraintChecker.h"
 #include "ConstraintCycles.h"
 #include "CountText.h"
-#include "LineMends.h"
+#include "LineCorrections.h"
 #include "LineSlips.h"
 #include "Literal.h"
 #include "LookAlikes.h"
@@ -83,7 +83,7 @@ class Checker {
   void CheckComponent(const NodeText& Node, std::size_t Line);
   void CheckRepetitions();
   void AddRepetition(const SourceRule::ConstraintLine& First,
-                     const SourceRule::ConstraintLine& Each);
+                     const SourceRule::ConstraintLine& Line);
 
   const RuleRecord& Record;
   const SourceRule& Rule;
@@ -181,7 +181,7 @@ void Checker::CheckLookAlike(std::size_t Line, std::string_view Code) {
     return;
   }
   if (const std::optional<FoundLookAlike> Found = FindLookAlike(Code)) {
-    Findings.Add("TR048", Line, Found->Place, "here stands " + Described(*Found->Which),
+    Findings.Add("TR048", Line, Found->Place, "found " + Described(*Found->Which),
                  {Code, std::string(Trimmed(WithoutLookAlikes(Code)))});
   }
 }
@@ -235,7 +235,7 @@ void Checker::CheckStrayTexts(std::size_t Line, const LineParts& Parts) {
   if (Parts.Kind == LineKind::Other) {
     return;
   }
-  const std::string Message = "this text is no part of a rule";
+  const std::string Message = "this text is not part of a rule";
   for (const std::string_view Stray : StrayTexts(Parts)) {
     const bool HasLookAlike = Findings.HasBytesBeyond() && FindLookAlike(Stray);
     SetStrayLevel(HasLookAlike ? Findings.AddFault("TR035", Line, Stray, Message, "")
@@ -247,7 +247,7 @@ void Checker::CheckStrayTexts(std::size_t Line, const LineParts& Parts) {
 /// What a line that means nothing was probably meant as.
 struct Meaning {
   std::string Hint;
-  std::string Mended;
+  std::string Corrected;
 };
 
 bool IsParenthesesOnly(std::string_view Code) {
@@ -268,17 +268,17 @@ Meaning MeaningOf(std::string_view Code) {
   if (LooksLikeComment(Code)) {
     return {"; a comment begins with \";;\"", AsComment(Code)};
   }
-  std::string Mended = MendedAlignment(Code);
-  if (!Mended.empty()) {
-    return {"; an alignment needs \"::\"", std::move(Mended)};
+  std::string Corrected = CorrectedAlignment(Code);
+  if (!Corrected.empty()) {
+    return {"; an alignment needs \"::\"", std::move(Corrected)};
   }
-  Mended = Code.front() == '(' ? MendedConstraint(Code) : "";
-  if (!Mended.empty()) {
-    return {"; a constraint needs \"=\"", std::move(Mended)};
+  Corrected = Code.front() == '(' ? CorrectedConstraint(Code) : "";
+  if (!Corrected.empty()) {
+    return {"; a constraint needs \"=\"", std::move(Corrected)};
   }
-  Mended = LooksLikeHeader(Code) ? MendedHeader(Code) : "";
-  if (!Mended.empty()) {
-    return {"; a header is written " + Mended, std::move(Mended)};
+  Corrected = LooksLikeHeader(Code) ? CorrectedHeader(Code) : "";
+  if (!Corrected.empty()) {
+    return {"; a header is written " + Corrected, std::move(Corrected)};
   }
   return {"", AsComment(Code)};
 }
@@ -286,12 +286,12 @@ Meaning MeaningOf(std::string_view Code) {
 void Checker::CheckOther(std::size_t Line, std::string_view Code) {
   const std::string Plain = Findings.HasBytesBeyond() ? WithoutLookAlikes(Code) : std::string(Code);
   const bool HasLookAlike = Plain != Code;
-  const std::string Message = "this line is no part of a rule";
+  const std::string Message = "this line is not part of a rule";
   if (HasLookAlike && (Plain.empty() || PartsOf(Plain).Kind != LineKind::Other)) {
     SetStrayLevel(Findings.AddFault("TR035", Line, Code, Message, ""));
     return;
   }
-  if (!SequenceLine && LooksLikeSequence(Plain) && !MendedSequence(Plain).empty()) {
+  if (!SequenceLine && LooksLikeSequence(Plain) && !CorrectedSequence(Plain).empty()) {
     CheckArrow(Line, Code);
     return;
   }
@@ -303,7 +303,7 @@ void Checker::CheckOther(std::size_t Line, std::string_view Code) {
   }
   Findings.SetExplained(Line);
   SetStrayLevel(Findings.Add("TR035", Line, Code, Message + Meant.Hint,
-                             {Code, HasLookAlike ? AsComment(Code) : std::move(Meant.Mended)}));
+                             {Code, HasLookAlike ? AsComment(Code) : std::move(Meant.Corrected)}));
 }
 
 // ---- Comments ---------------------------------------------------------------------------------
@@ -312,7 +312,7 @@ void Checker::CheckOther(std::size_t Line, std::string_view Code) {
 /// it is a comment there, too.
 const char* AlsoReadAs(const LineMarks& Marks) {
   if (Marks.HasArrow) {
-    return "a sequence line";
+    return "a rule line";
   }
   if (Marks.HasColons) {
     return "an alignment";
@@ -334,8 +334,8 @@ void Checker::CheckComment(std::size_t Line, std::string_view Comment) {
   const char* Kind = AlsoReadAs(MarksOf(Comment));
   if (Kind != nullptr && Findings.TakesNote("TR029")) {
     Findings.Add("TR029", Line, Comment,
-                 std::string("the library's reader takes this comment for ") + Kind +
-                     ", too; here it stays a comment");
+                 std::string("the library's reader also reads this comment as ") + Kind +
+                     "; trrule keeps it as a comment");
   }
   CheckLabel(Line, Comment);
 }
@@ -345,14 +345,14 @@ void Checker::CheckLabel(std::size_t Line, std::string_view Comment) {
   if (Slip.Label.empty()) {
     return;
   }
-  const std::string_view Behind = Comment.substr(OffsetIn(Comment, Slip.Place) + Slip.Place.size());
+  const std::string_view After = Comment.substr(OffsetIn(Comment, Slip.Place) + Slip.Place.size());
   const bool LacksSign = Slip.Place.data() == Comment.data();
   Findings.Add(
       "TR047", Line, Slip.Place,
-      "this is kept as a mere comment: the label is written \";;" + std::string(Slip.Label) + '"',
+      "this is only a comment: the label is written \";;" + std::string(Slip.Label) + '"',
       {Comment, std::string(LacksSign ? ";; " : Comment.substr(0, OffsetIn(Comment, Slip.Place)))
                     .append(Slip.Label)
-                    .append(Behind)});
+                    .append(After)});
 }
 
 /// Whether the library's reader takes two texts for the same alignment.
@@ -371,9 +371,9 @@ bool IsSameConstraint(std::string_view Left, std::string_view Right) {
   ConstraintFields Fields[2];
   TrRuleInternal::ReadConstraint(Left, Fields[0]);
   TrRuleInternal::ReadConstraint(Right, Fields[1]);
-  const auto AsTuple = [](const ConstraintFields& Each) {
-    return std::tie(Each.Category, Each.ConstrainedIndex, Each.Feature, Each.FeatValue,
-                    Each.ValueConstraint);
+  const auto AsTuple = [](const ConstraintFields& Read) {
+    return std::tie(Read.Category, Read.ConstrainedIndex, Read.Feature, Read.FeatValue,
+                    Read.ValueConstraint);
   };
   return AsTuple(Fields[0]) == AsTuple(Fields[1]);
 }
@@ -397,7 +397,7 @@ void Checker::CheckCommentAfter(std::size_t Line, const LineParts& Parts) {
   if (!ReadsTheSame(Line, Parts) && Findings.TakesNote("TR029")) {
     Findings.Add(
         "TR029", Line, Parts.Comment,
-        "the library's reader takes this comment for part of the line; here it stays a comment");
+        "the library's reader reads this comment as part of the line; trrule keeps it as a comment");
   }
 }
 
@@ -409,17 +409,17 @@ void Checker::CheckHeader(std::size_t Line, std::string_view Code) {
   if (Header->Parts) {
     CheckHeaderParts(Line, *Header->Parts);
   } else {
-    std::string Mended = MendedHeader(Code);
-    const bool IsMended = !Mended.empty();
+    std::string Corrected = CorrectedHeader(Code);
+    const bool IsCorrected = !Corrected.empty();
     Finding& New = Findings.AddFault("TR023", Line, Code,
                                      "the header is not {type,number}: it gives the rule no number",
-                                     std::move(Mended));
-    New.Example = !IsMended && New.Suggestion.empty() ? "{NP,8}" : "";
+                                     std::move(Corrected));
+    New.Example = !IsCorrected && New.Suggestion.empty() ? "{NP,8}" : "";
   }
   for (std::size_t Before = FirstCodeLine; Before < Line; ++Before) {
     const LineParts Parts = Text.Parts(Before);
     if (!Parts.Code.empty()) {
-      Findings.Add("TR037", Before, Parts.Code, "this line stands before the header of its rule");
+      Findings.Add("TR037", Before, Parts.Code, "this line comes before the header of its rule");
     }
   }
 }
@@ -430,7 +430,7 @@ void Checker::CheckHeaderParts(std::size_t Line, const TrRuleInternal::HeaderPar
   if (Parts.Type.size() > KeptLetters && Findings.TakesNote("TR021")) {
     Findings.Add("TR021", Line, Parts.Type,
                  "the library's reader keeps two letters of this type, " +
-                     Quoted(Parts.Type.substr(0, KeptLetters)) + "; here it stays whole");
+                     Quoted(Parts.Type.substr(0, KeptLetters)) + "; trrule keeps all of it");
   }
   if (Parts.Number.size() == 1) {
     return;
@@ -439,7 +439,7 @@ void Checker::CheckHeaderParts(std::size_t Line, const TrRuleInternal::HeaderPar
   if (Number.size() > 1 && Findings.TakesNote("TR022")) {
     Findings.Add("TR022", Line, Parts.Number,
                  "the library's reader keeps the last digit of this number, " +
-                     Number.substr(Number.size() - 1) + "; here it stays whole");
+                     Number.substr(Number.size() - 1) + "; trrule keeps all of it");
   }
 }
 
@@ -463,8 +463,8 @@ void Checker::CheckHeaderType() {
 }
 
 void Checker::CheckSecondSequence(std::size_t Line, std::string_view Code) {
-  std::string Message = "the rule has a sequence line already, on line " +
-                        std::to_string(Text.FirstLine + *SequenceLine);
+  std::string Message =
+      "the rule already has a rule line, on line " + std::to_string(Text.FirstLine + *SequenceLine);
   if (HasBodyLine) {
     Message += "; if another rule begins here, it lacks its header";
     IsMerged = true;
@@ -480,50 +480,50 @@ void Checker::CheckArrow(std::size_t Line, std::string_view Code) {
   }
   SequenceLine = Line;
   Findings.AddFault("TR001", Line, ArrowIn(Code),
-                    "the rule has no sequence line: the \"] -> [\" of this one is spelt otherwise",
-                    MendedSequence(Code));
+                    "the rule has no rule line: the \"] -> [\" of this line is misspelt",
+                    CorrectedSequence(Code));
 }
 
 void Checker::CheckSequence(std::size_t Line, std::string_view Code) {
-  const SourceRule::RuleLine& Each = *TakePart(Rule.RuleLines(), Line, NextRuleLine);
+  const SourceRule::RuleLine& Parsed = *TakePart(Rule.RuleLines(), Line, NextRuleLine);
   if (SequenceLine) {
     CheckSecondSequence(Line, Code);
     return;
   }
   SequenceLine = Line;
   const std::size_t Arrow = Code.find(" -> ");
-  switch (Each.Fault) {
+  switch (Parsed.Fault) {
     case RuleLineFault::Types:
       Findings.AddFault("TR004", Line, Code.substr(0, Code.find(' ')),
                         "the line does not begin with two types, as in NP::NP",
-                        MendedSequence(Code));
+                        CorrectedSequence(Code));
       break;
     case RuleLineFault::SourceSide:
       Findings.AddFault("TR005", Line, Code.substr(0, Arrow),
-                        "the source side is no [sequence of labels]", MendedSequence(Code));
+                        "the source side is not a [sequence of labels]", CorrectedSequence(Code));
       break;
     case RuleLineFault::TargetSide:
       Findings.AddFault("TR006", Line, Code.substr(Arrow + 4),
-                        "the target side is no [sequence of labels]", MendedSequence(Code));
+                        "the target side is not a [sequence of labels]", CorrectedSequence(Code));
       break;
     case RuleLineFault::None:
       HasLabels = true;
-      SLType = Each.Parts.SLType;
-      TLType = Each.Parts.TLType;
-      CheckNames(Line, Code, Each.Parts);
+      SLType = Parsed.Parts.SLType;
+      TLType = Parsed.Parts.TLType;
+      CheckNames(Line, Code, Parsed.Parts);
       break;
   }
 }
 
 void Checker::CheckNames(std::size_t Line, std::string_view Code, const RuleLineParts& Parts) {
   const std::vector<NameSlip> vSlips = FindNameSlips(Parts);
-  const std::string Mended = vSlips.empty() ? "" : MendedSequence(Code);
-  for (const NameSlip& Each : vSlips) {
-    const std::string Sign = IsSpace(Each.Sign.front()) ? "a tab" : Quoted(Each.Sign);
+  const std::string Corrected = vSlips.empty() ? "" : CorrectedSequence(Code);
+  for (const NameSlip& Slip : vSlips) {
+    const std::string Sign = IsSpace(Slip.Sign.front()) ? "a tab" : Quoted(Slip.Sign);
     Findings.Add(
-        "TR039", Line, Each.Sign,
-        Sign + " becomes part of the " + (Each.IsType ? "type " : "label ") + Quoted(Each.Name),
-        {Code, Mended});
+        "TR039", Line, Slip.Sign,
+        Sign + " becomes part of the " + (Slip.IsType ? "type " : "label ") + Quoted(Slip.Name),
+        {Code, Corrected});
   }
   if (!Findings.HasBytesBeyond()) {
     return;
@@ -561,30 +561,30 @@ void Checker::CheckAlignment(std::size_t Line, std::string_view Code) {
   if (IsBroken) {
     const bool IsOne = Code.find("::") == Code.rfind("::");
     Findings.AddFault("TR007", Line, Code,
-                      IsOne ? "this is no alignment of one x with one y"
-                            : "this is more than one alignment: each stands on a line of its own",
-                      MendedAlignment(Code));
+                      IsOne ? "this is not an alignment of one x with one y"
+                            : "this is more than one alignment: write each on its own line",
+                      CorrectedAlignment(Code));
   } else if (!IsMerged) {
     ++Alignments;
   }
 }
 
 void Checker::CheckConstraint(std::size_t Line, std::string_view Code) {
-  const SourceRule::ConstraintLine* Each = TakePart(Rule.Constraints(), Line, NextConstraint);
-  if (Each == nullptr && CheckMisspeltSequence(Line, Code)) {
+  const SourceRule::ConstraintLine* Parsed = TakePart(Rule.Constraints(), Line, NextConstraint);
+  if (Parsed == nullptr && CheckMisspeltSequence(Line, Code)) {
     ++NextBroken;
     return;
   }
   HasBodyLine = SequenceLine.has_value();
-  if (Each == nullptr) {
+  if (Parsed == nullptr) {
     const auto& Stop = TakePart(Rule.BrokenLines(), Line, NextBroken)->Stop;
     const std::string_view Rest = Code.substr(Stop.Place);
     Findings.AddFault("TR008", Line, Rest.empty() ? Code : Rest,
                       std::string(Rest.empty() ? "the constraint ends too early" : NotInFormat) +
                           ": expected " + std::string(Stop.Expected),
-                      MendedConstraint(Code));
-  } else if (Constraints.Check(*Each) && !IsMerged) {
-    vConstraints.push_back(Each);
+                      CorrectedConstraint(Code));
+  } else if (Constraints.Check(*Parsed) && !IsMerged) {
+    vConstraints.push_back(Parsed);
   }
 }
 
@@ -596,7 +596,7 @@ void Checker::Check() {
     if (!Text.Continues) {
       Findings.Add(
           "TR013", 0, {},
-          "the library's reader takes 100,000 bytes behind the first line of a rule, and as many of "
+          "the library's reader reads 100,000 bytes after the first line of a rule, and as many of "
           "a line");
     }
     return;
@@ -609,7 +609,7 @@ void Checker::Check() {
     return;
   }
   if (!SequenceLine) {
-    AddToRule("TR001", "the rule has no sequence line", "NP::NP : [DET N] -> [N DET]");
+    AddToRule("TR001", "the rule has no rule line", "NP::NP : [DET N] -> [N DET]");
   }
   if (!HasAlignmentLine) {
     AddToRule("TR002", "the rule has no alignment", "(X1::Y1)");
@@ -635,8 +635,8 @@ void Checker::CheckAlignments() {
 void Checker::CheckRepeatedAlignments() {
   const auto First = Rule.Alignments().begin();
   const auto Last = First + static_cast<std::ptrdiff_t>(Alignments);
-  const auto PairOf = [](const SourceRule::AlignmentLine& Each) {
-    return std::pair(Each.Parts.X, Each.Parts.Y);
+  const auto PairOf = [](const SourceRule::AlignmentLine& Line) {
+    return std::pair(Line.Parts.X, Line.Parts.Y);
   };
   const auto IsAfter = [&](const auto& Left, const auto& Right) {
     return PairOf(Left) >= PairOf(Right);
@@ -645,10 +645,9 @@ void Checker::CheckRepeatedAlignments() {
     return;
   }
   std::set<std::pair<int, int>> ssPairs;
-  std::for_each(First, Last, [&](const SourceRule::AlignmentLine& Each) {
-    if (!ssPairs.insert(PairOf(Each)).second) {
-      Findings.Add("TR036", Each.Line, Trimmed(Text.Line(Each.Line)),
-                   "this alignment stands here twice");
+  std::for_each(First, Last, [&](const SourceRule::AlignmentLine& Line) {
+    if (!ssPairs.insert(PairOf(Line)).second) {
+      Findings.Add("TR036", Line.Line, Trimmed(Text.Line(Line.Line)), "this alignment is repeated");
     }
   });
 }
@@ -673,10 +672,10 @@ void Checker::CheckComponents() {
   if (!HasLabels) {
     return;
   }
-  for (const SourceRule::ConstraintLine* Each : vConstraints) {
-    CheckComponent(Each->Parts.Left, Each->Line);
-    if (Each->Parts.RightNode) {
-      CheckComponent(*Each->Parts.RightNode, Each->Line);
+  for (const SourceRule::ConstraintLine* Line : vConstraints) {
+    CheckComponent(Line->Parts.Left, Line->Line);
+    if (Line->Parts.RightNode) {
+      CheckComponent(*Line->Parts.RightNode, Line->Line);
     }
   }
 }
@@ -721,17 +720,17 @@ bool HasSameWords(std::string_view Left, std::string_view Right) {
 /// A constraint with one of the same key before it: it says the same, or the library drops what
 /// it says.
 void Checker::AddRepetition(const SourceRule::ConstraintLine& First,
-                            const SourceRule::ConstraintLine& Each) {
+                            const SourceRule::ConstraintLine& Line) {
   const std::string FirstLine = std::to_string(Text.FirstLine + First.Line);
-  if (TextOf(Rule.FieldsOf(First)) == TextOf(Rule.FieldsOf(Each)) &&
-      HasSameWords(First.Parts.Feature, Each.Parts.Feature) &&
-      HasSameWords(First.Parts.RightFeature, Each.Parts.RightFeature)) {
-    Findings.Add("TR031", Each.Line, Rule.CodeOf(Each.Line),
-                 "this constraint stands on line " + FirstLine + " already");
+  if (TextOf(Rule.FieldsOf(First)) == TextOf(Rule.FieldsOf(Line)) &&
+      HasSameWords(First.Parts.Feature, Line.Parts.Feature) &&
+      HasSameWords(First.Parts.RightFeature, Line.Parts.RightFeature)) {
+    Findings.Add("TR031", Line.Line, Rule.CodeOf(Line.Line),
+                 "this constraint repeats line " + FirstLine);
   } else if (Findings.TakesNote("TR031")) {
-    Finding& New = Findings.Add("TR031", Each.Line, Rule.CodeOf(Each.Line),
-                                "the library takes this constraint for the one on line " +
-                                    FirstLine + ", and drops it; here it stays");
+    Finding& New = Findings.Add("TR031", Line.Line, Rule.CodeOf(Line.Line),
+                                "the library reads this constraint as the one on line " +
+                                    FirstLine + ", and drops it; trrule keeps it");
     New.Level = Severity::Note;
   }
 }
@@ -744,24 +743,24 @@ void Checker::CheckRepetitions() {
   using Slot = std::tuple<int, int, std::string>;
   std::map<std::string, const SourceRule::ConstraintLine*> mKeys;
   std::map<Slot, std::size_t> mSlots;
-  for (const SourceRule::ConstraintLine* Each : vConstraints) {
-    const ConstraintFields Fields = Rule.FieldsOf(*Each);
+  for (const SourceRule::ConstraintLine* Line : vConstraints) {
+    const ConstraintFields Fields = Rule.FieldsOf(*Line);
     const auto [Same, IsNew] =
         mKeys.try_emplace(TrRuleInternal::MakeKey(Fields.Category, Fields.ConstrainedIndex,
                                                   Fields.Feature, Fields.FeatValue)
                               .Text,
-                          Each);
+                          Line);
     if (!IsNew) {
-      AddRepetition(*Same->second, *Each);
+      AddRepetition(*Same->second, *Line);
       continue;
     }
     if (!Fields.ValueConstraint) {
       continue;
     }
     const auto [SameSlot, IsNewSlot] = mSlots.try_emplace(
-        Slot(Fields.Category, Fields.ConstrainedIndex, Fields.Feature), Each->Line);
+        Slot(Fields.Category, Fields.ConstrainedIndex, Fields.Feature), Line->Line);
     if (!IsNewSlot) {
-      Findings.Add("TR032", Each->Line, Each->Parts.Right,
+      Findings.Add("TR032", Line->Line, Line->Parts.Right,
                    "the value is merged with the one on line " +
                        std::to_string(Text.FirstLine + SameSlot->second) + " into one *OR*");
     }
@@ -772,11 +771,11 @@ void Checker::CheckRepetitions() {
 
 void Checker::CheckOrder() {
   std::vector<Reference> vReferences;
-  for (const SourceRule::ConstraintLine* Each : vConstraints) {
-    const ConstraintFields Fields = Rule.FieldsOf(*Each);
+  for (const SourceRule::ConstraintLine* Line : vConstraints) {
+    const ConstraintFields Fields = Rule.FieldsOf(*Line);
     if (!Fields.ValueConstraint) {
       vReferences.push_back({Fields.Category, Fields.ConstrainedIndex,
-                             TrRuleInternal::AgreedIndexIn(Fields.FeatValue), Each->Line});
+                             TrRuleInternal::AgreedIndexIn(Fields.FeatValue), Line->Line});
     }
   }
   for (const ConstraintCycle& Cycle : FindCycles(vReferences)) {
@@ -792,9 +791,9 @@ void Checker::AddToRule(std::string_view Code, std::string Message, std::string 
 }
 
 /// Whether a rule with such an error cannot be used; the others can be written anyway.
-bool IsUnreadable(const Finding& Each) {
-  return Each.Level == Severity::Error && Each.Code != "TR009" && Each.Code != "TR010" &&
-         Each.Code != "TR035";
+bool IsUnreadable(const Finding& Found) {
+  return Found.Level == Severity::Error && Found.Code != "TR009" && Found.Code != "TR010" &&
+         Found.Code != "TR035";
 }
 
 // ---- All of it --------------------------------------------------------------------------------
@@ -805,15 +804,15 @@ void CheckRecord(const RuleRecord& Record, std::vector<Finding>& vFindingsReturn
                  HiddenNotes* HiddenReturn) {
   const RuleText& Text = Record.Lines().Text();
   const std::size_t Before = vFindingsReturn.size();
-  Checker Each(Record, vFindingsReturn, HiddenReturn);
-  Each.Check();
+  Checker Checks(Record, vFindingsReturn, HiddenReturn);
+  Checks.Check();
   if (!Text.HasRule || Record.IsRead()) {
     return;
   }
-  Each.CheckOrder();
+  Checks.CheckOrder();
   const auto First = vFindingsReturn.begin() + static_cast<std::ptrdiff_t>(Before);
   if (!Text.Continues && std::none_of(First, vFindingsReturn.end(), IsUnreadable)) {
-    Each.AddToRule("TR014", "what the library writes of this rule is another rule");
+    Checks.AddToRule("TR014", "the library writes this rule as another rule");
   }
 }
 
@@ -826,10 +825,10 @@ void ReportReading(const RuleRecord& RecordPassIn, std::vector<Finding>& vFindin
   std::vector<Finding> vAll;
   HiddenNotes Hidden;
   CheckRecord(RecordPassIn, vAll, &Hidden);
-  for (Finding& Each : vAll) {
-    if (RecordPassIn.IsRead() ? Each.Code == "TR035" : IsUnreadable(Each)) {
-      Each.Suggestion.clear();
-      vFindingsReturn.push_back(std::move(Each));
+  for (Finding& Found : vAll) {
+    if (RecordPassIn.IsRead() ? Found.Code == "TR035" : IsUnreadable(Found)) {
+      Found.Suggestion.clear();
+      vFindingsReturn.push_back(std::move(Found));
     }
   }
 }

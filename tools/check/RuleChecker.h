@@ -28,7 +28,7 @@ bool ReadRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,
               std::vector<Finding>& vFindingsReturn);
 
 /// Adds what every command over rules reports: the errors that have kept a rule from being read, at
-/// least one; or what is no part of a rule that was read. None has a suggestion.
+/// least one; or what is not part of a rule that was read. None has a suggestion.
 void ReportReading(const RuleRecord& RecordPassIn, std::vector<Finding>& vFindingsReturn);
 
 }  // namespace Grammar

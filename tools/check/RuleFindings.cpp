@@ -33,8 +33,8 @@ RuleFindings::RuleFindings(const RuleText& TextPassIn, std::vector<Finding>& vFi
 bool RuleFindings::TakesNote(std::string_view Code) {
   if (Hidden != nullptr) {
     if (Hidden->empty()) {
-      constexpr std::size_t UsualCount = 8;
-      Hidden->reserve(UsualCount);
+      constexpr std::size_t TypicalCount = 8;
+      Hidden->reserve(TypicalCount);
     }
     Hidden->push_back(FindCode(Code));
   }
@@ -42,12 +42,12 @@ bool RuleFindings::TakesNote(std::string_view Code) {
 }
 
 Finding& RuleFindings::Add(std::string_view Code, std::size_t Line, std::string_view Part,
-                           std::string Message, const Mend& Mended) {
+                           std::string Message, const Correction& Corrected) {
   constexpr std::size_t MaxLineText = 1000;
-  constexpr std::size_t UsualCount = 4;
+  constexpr std::size_t TypicalCount = 4;
   const std::string_view Whole = Text.Line(Line);
   if (vFindings.empty()) {
-    vFindings.reserve(UsualCount);
+    vFindings.reserve(TypicalCount);
   }
   Finding& New = vFindings.emplace_back();
   New.File = Text.File;
@@ -58,22 +58,22 @@ Finding& RuleFindings::Add(std::string_view Code, std::size_t Line, std::string_
   New.Code = Code;
   New.Message = std::move(Message);
   New.LineText = Whole.substr(0, MaxLineText);
-  if (!Mended.By.empty() && Whole.size() <= MaxLineText) {
-    New.Suggestion = Replaced(Whole, Mended.Of, Mended.By);
+  if (!Corrected.By.empty() && Whole.size() <= MaxLineText) {
+    New.Suggestion = Replaced(Whole, Corrected.Part, Corrected.By);
   }
   return New;
 }
 
 Finding& RuleFindings::AddFault(std::string_view Code, std::size_t Line, std::string_view Part,
-                                const std::string& Message, std::string Mended) {
+                                const std::string& Message, std::string Corrected) {
   const std::string_view Whole = Text.Parts(Line).Code;
   const std::optional<FoundLookAlike> Found = HasOthers ? FindLookAlike(Whole) : std::nullopt;
   if (!Found) {
-    return Add(Code, Line, Part, Message, {Whole, std::move(Mended)});
+    return Add(Code, Line, Part, Message, {Whole, std::move(Corrected)});
   }
   ExplainedLine = Line;
   const std::string Plain = Replaced(Text.Line(Line), Whole, WithoutLookAlikes(Whole));
-  return Add(Code, Line, Found->Place, Message + "; here stands " + Described(*Found->Which),
+  return Add(Code, Line, Found->Place, Message + "; found " + Described(*Found->Which),
              {Text.Line(Line), std::string(WithoutTrailingSpace(Plain))});
 }
 

@@ -27,8 +27,8 @@ constexpr std::string_view NotInFormat = "the constraint is not in the format fr
 std::string Replaced(std::string_view Text, std::string_view Part, std::string_view By);
 
 /// What to write in the place of a part of a line; nothing, where that is empty.
-struct Mend {
-  std::string_view Of;
+struct Correction {
+  std::string_view Part;
   std::string By;
 };
 
@@ -38,7 +38,7 @@ using HiddenNotes = std::vector<const CodeInfo*>;
 /// Collects what is found in one rule.
 ///
 ///   RuleFindings Findings(Text, vFindings);
-///   Findings.Add("TR036", 3, Text.Line(3), "this alignment stands here twice");
+///   Findings.Add("TR036", 3, Text.Line(3), "this alignment is repeated");
 ///
 /// Most findings in a grammar are notes, and hardly anybody wants to see them: a note is added only
 /// where `TakesNote` says so.
@@ -55,12 +55,12 @@ class RuleFindings {
   bool TakesNote(std::string_view Code);
 
   Finding& Add(std::string_view Code, std::size_t Line, std::string_view Part, std::string Message,
-               const Mend& Mended = {});
+               const Correction& Corrected = {});
 
   /// For a line that cannot be read: where it holds a look-alike, that is the reason.
-  /// @param Mended to be written instead of the line without its comment; may be empty
+  /// @param Corrected to be written instead of the line without its comment; may be empty
   Finding& AddFault(std::string_view Code, std::size_t Line, std::string_view Part,
-                    const std::string& Message, std::string Mended);
+                    const std::string& Message, std::string Corrected);
 
   /// Whether some byte of the rule is not one of ASCII.
   bool HasBytesBeyond() const { return HasOthers; }

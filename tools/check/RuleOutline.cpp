@@ -43,7 +43,7 @@ void AppendLine(std::string_view Part, std::string& TextReturn) {
 }
 
 /// @param Before goes in front of each word
-/// @param After goes behind it
+/// @param After goes after it
 void AppendWords(std::string_view Words, std::string_view Before, std::string_view After,
                  std::string& TextReturn) {
   while (!(Words = WithoutLeadingSpace(Words)).empty()) {
@@ -128,10 +128,10 @@ void AppendEquation(const ConstraintParts& Parts, std::string& KeyReturn) {
 
 void OutlineMaker::AddEquations(const SourceRule& Rule, RuleOutline& OutlineReturn) {
   vEquationEnds.clear();
-  for (const SourceRule::ConstraintLine& Each : Rule.Constraints()) {
-    if (IsOfAnalysis(Each.Parts)) {
-      AppendEquation(Each.Parts, OutlineReturn.Key);
-      OutlineReturn.vLines.push_back(static_cast<std::uint32_t>(Each.Line));
+  for (const SourceRule::ConstraintLine& Line : Rule.Constraints()) {
+    if (IsOfAnalysis(Line.Parts)) {
+      AppendEquation(Line.Parts, OutlineReturn.Key);
+      OutlineReturn.vLines.push_back(static_cast<std::uint32_t>(Line.Line));
       vEquationEnds.push_back(OutlineReturn.Key.size());
     }
   }
@@ -170,15 +170,15 @@ void OutlineMaker::SumRest(const SourceRule& Rule, RuleOutline& OutlineReturn) {
     }
   }
   OutlineReturn.RestSum = SecondSum(Scratch);
-  for (const SourceRule::AlignmentLine& Each : Rule.Alignments()) {
-    Scratch = std::to_string(Each.Parts.X) + ':' + std::to_string(Each.Parts.Y);
+  for (const SourceRule::AlignmentLine& Line : Rule.Alignments()) {
+    Scratch = std::to_string(Line.Parts.X) + ':' + std::to_string(Line.Parts.Y);
     OutlineReturn.RestSum += SecondSum(Scratch);
   }
-  for (const SourceRule::ConstraintLine& Each : Rule.Constraints()) {
-    if (!IsOfAnalysis(Each.Parts)) {
-      Scratch.assign(1, Each.Parts.Left.Side);
-      Scratch += Each.Parts.RightNode ? Each.Parts.RightNode->Side : ' ';
-      AppendEquation(Each.Parts, Scratch);
+  for (const SourceRule::ConstraintLine& Line : Rule.Constraints()) {
+    if (!IsOfAnalysis(Line.Parts)) {
+      Scratch.assign(1, Line.Parts.Left.Side);
+      Scratch += Line.Parts.RightNode ? Line.Parts.RightNode->Side : ' ';
+      AppendEquation(Line.Parts, Scratch);
       OutlineReturn.RestSum += SecondSum(Scratch);
     }
   }

@@ -11,7 +11,7 @@
 namespace Grammar {
 
 /// What of a rule counts beside the other rules of its grammar: its types, the components of its
-/// source side and its equations between those. Literals are all the same here: what their words
+/// source side and its equations between those. Literals are all alike here: what their words
 /// are decides about texts, and not about which rules can work together.
 ///
 /// The key says all of it, in capitals, each part on a line. For the rule
@@ -21,7 +21,7 @@ namespace Grammar {
 ///
 /// it is NP, NP, ", pN, wN, +2 NUM, aSG, =0 NUM, 2 NUM.
 struct RuleOutline {
-  std::string Key;           ///< empty where the types cannot be read
+  std::string Key;           ///< empty if the types cannot be read
   std::uint64_t KeySum = 0;  ///< two sums of the key
   std::uint64_t OtherKeySum = 0;
   std::size_t RuleLine = 0;             ///< from 0 within the rule

@@ -19,12 +19,12 @@ namespace {
 
 /// Whether a finding keeps the rule from being used, and not only the library from writing it: an
 /// agreement without a node does so where the format wants one.
-bool IsFatal(const SourceRule& Lines, const Finding& Each) {
-  return KeepsFromUse(Each.Code) ||
-         (Each.Code == "TR012" &&
+bool IsFatal(const SourceRule& Lines, const Finding& Found) {
+  return KeepsFromUse(Found.Code) ||
+         (Found.Code == "TR012" &&
           std::any_of(Lines.Constraints().begin(), Lines.Constraints().end(),
                       [&](const SourceRule::ConstraintLine& Other) {
-                        return Lines.Text().FirstLine + Other.Line == Each.Line &&
+                        return Lines.Text().FirstLine + Other.Line == Found.Line &&
                                LacksNode(Other.Parts);
                       }));
 }
@@ -34,7 +34,7 @@ void AddCheckerFindings(const SourceRule& Lines, std::vector<Finding>& vFindings
   RuleRecord Record;
   CheckRule(Lines.Text(), Record, vAll);
   std::copy_if(vAll.begin(), vAll.end(), std::back_inserter(vFindingsReturn),
-               [&](const Finding& Each) { return IsFatal(Lines, Each); });
+               [&](const Finding& Found) { return IsFatal(Lines, Found); });
 }
 
 // ---- What only the use of a rule minds --------------------------------------------------------
@@ -100,8 +100,9 @@ namespace {
 
 void ReportPlaces(const PlaceSources& Places, std::size_t Line, Severity Level,
                   RuleFindings& FindingsReturn) {
-  for (const PlaceSources::Misfit& Each : Places.Misfits()) {
-    FindingsReturn.Add("TR015", Line, Each.Label, std::string(MessageOf(Each.What))).Level = Level;
+  for (const PlaceSources::Mismatch& Current : Places.Mismatches()) {
+    FindingsReturn.Add("TR015", Line, Current.Label, std::string(MessageOf(Current.What))).Level =
+        Level;
   }
 }
 
@@ -109,7 +110,7 @@ void ReportPlaces(const PlaceSources& Places, std::size_t Line, Severity Level,
 
 void CheckPlaces(const SourceRule& Lines, PlaceSources& PlacesReturn,
                  std::vector<Finding>& vFindingsReturn) {
-  const auto IsError = [](const Finding& Each) { return Each.Level == Severity::Error; };
+  const auto IsError = [](const Finding& Found) { return Found.Level == Severity::Error; };
   if (std::none_of(vFindingsReturn.begin(), vFindingsReturn.end(), IsError) &&
       HasUsableLines(Lines) && !PlacesReturn.Find(Lines, false)) {
     RuleFindings Findings(Lines.Text(), vFindingsReturn);

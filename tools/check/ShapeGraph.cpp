@@ -50,11 +50,11 @@ std::uint32_t ShapeGraph::NodeAt(const Term& Path) {
 
 // ---- Values -----------------------------------------------------------------------------------
 
-AtomRange ShapeGraph::RangeOf(const Equation& Each) const {
+AtomRange ShapeGraph::RangeOf(const Equation& Current) const {
   AtomRange Range;
-  Range.IsNegated = Each.What == GrammarShapes::Kind::Not;
-  for (std::uint32_t Index = 0; Index < Each.AtomCount; ++Index) {
-    Range.vAtoms.push_back(Shapes.AtomAt(Each.FirstAtom + Index));
+  Range.IsNegated = Current.What == GrammarShapes::Kind::Not;
+  for (std::uint32_t Index = 0; Index < Current.AtomCount; ++Index) {
+    Range.vAtoms.push_back(Shapes.AtomAt(Current.FirstAtom + Index));
   }
   Tidy(Range.vAtoms);
   return Range;
@@ -63,25 +63,25 @@ AtomRange ShapeGraph::RangeOf(const Equation& Each) const {
 /// Values of one written path are alternatives; a negation holds for itself. Before any link, each
 /// written path has a node of its own.
 void ShapeGraph::AddValues(const GrammarShapes::Shape& Which) {
-  for (const Equation& Each : Shapes.EquationsOf(Which)) {
-    if (Each.What != GrammarShapes::Kind::Any) {
+  for (const Equation& Current : Shapes.EquationsOf(Which)) {
+    if (Current.What != GrammarShapes::Kind::Any) {
       continue;
     }
-    Node& At = vNodes[NodeAt(Each.Left)];
-    AtomRange Range = RangeOf(Each);
+    Node& At = vNodes[NodeAt(Current.Left)];
+    AtomRange Range = RangeOf(Current);
     if (At.ValueLine == 0) {
-      At.ValueLine = Each.Line;
+      At.ValueLine = Current.Line;
       At.Given = std::move(Range);
     } else {
       At.Given.vAtoms.insert(At.Given.vAtoms.end(), Range.vAtoms.begin(), Range.vAtoms.end());
       Tidy(At.Given.vAtoms);
     }
   }
-  for (const Equation& Each : Shapes.EquationsOf(Which)) {
-    if (Each.What == GrammarShapes::Kind::Not) {
-      Node& At = vNodes[NodeAt(Each.Left)];
-      At.Given = Common(At.Given, RangeOf(Each));
-      At.ValueLine = At.ValueLine == 0 ? Each.Line : At.ValueLine;
+  for (const Equation& Current : Shapes.EquationsOf(Which)) {
+    if (Current.What == GrammarShapes::Kind::Not) {
+      Node& At = vNodes[NodeAt(Current.Left)];
+      At.Given = Common(At.Given, RangeOf(Current));
+      At.ValueLine = At.ValueLine == 0 ? Current.Line : At.ValueLine;
     }
   }
 }
@@ -119,10 +119,10 @@ void ShapeGraph::Unify(std::uint32_t Left, std::uint32_t Right, std::uint32_t Li
 }
 
 void ShapeGraph::AddLinks(const GrammarShapes::Shape& Which) {
-  for (const Equation& Each : Shapes.EquationsOf(Which)) {
-    if (Each.What == GrammarShapes::Kind::Link) {
-      const std::uint32_t Left = NodeAt(Each.Left);
-      Unify(Left, NodeAt(Each.Right), Each.Line);
+  for (const Equation& Current : Shapes.EquationsOf(Which)) {
+    if (Current.What == GrammarShapes::Kind::Link) {
+      const std::uint32_t Left = NodeAt(Current.Left);
+      Unify(Left, NodeAt(Current.Right), Current.Line);
     }
   }
 }
@@ -135,14 +135,14 @@ void ShapeGraph::AddOrigins(std::uint32_t Place, std::uint32_t Root) {
   vPending.assign(1, {Find(Root), 0});
   for (std::size_t Next = 0; Next < vPending.size(); ++Next) {
     const auto [At, Path] = vPending[Next];
-    Node& Each = vNodes[At];
-    if (!Each.vOrigins.empty() && Each.vOrigins.back().Place == Place) {
+    Node& Current = vNodes[At];
+    if (!Current.vOrigins.empty() && Current.vOrigins.back().Place == Place) {
       continue;
     }
-    Each.vOrigins.push_back({Place, Path});
-    for (const auto& [Feature, To] : Each.vFeatures) {
+    Current.vOrigins.push_back({Place, Path});
+    for (const auto& [Feature, To] : Current.vFeatures) {
       Node& Below = vNodes[Find(To)];
-      Below.LinkLine = Each.vOrigins.size() > 1 ? Each.LinkLine : Below.LinkLine;
+      Below.LinkLine = Current.vOrigins.size() > 1 ? Current.LinkLine : Below.LinkLine;
       vPending.emplace_back(Find(To), Shapes.Extended(Path, Feature));
     }
   }
@@ -159,8 +159,8 @@ void ShapeGraph::Build(const GrammarShapes::Shape& Which) {
   AddValues(Which);
   AddLinks(Which);
   std::uint32_t Number = 0;
-  for (const GrammarShapes::Place& Each : Shapes.PlacesOf(Which)) {
-    AddOrigins(Number++, Each.Node);
+  for (const GrammarShapes::Place& Current : Shapes.PlacesOf(Which)) {
+    AddOrigins(Number++, Current.Node);
   }
 }
 

@@ -29,11 +29,11 @@ class ShapeGraph {
     AtomRange Given;         ///< by values
     std::vector<std::pair<std::uint32_t, std::uint32_t>> vFeatures;  ///< and the nodes they lead to
     std::vector<Origin> vOrigins;  ///< one path at most for each place
-    std::uint32_t ValueLine = 0;   ///< of the first value; 0 where there is none
+    std::uint32_t ValueLine = 0;   ///< of the first value; 0 if there is none
     std::uint32_t LinkLine = 0;    ///< of the last link
   };
 
-  /// @param ShapesPassIn gets paths that no rule has written; has to outlive this
+  /// @param ShapesPassIn receives paths that no rule has written; has to outlive this
   explicit ShapeGraph(GrammarShapes& ShapesPassIn) : Shapes(ShapesPassIn) {}
 
   /// Unifies the equations of a shape; what was there before is gone.
@@ -44,7 +44,7 @@ class ShapeGraph {
   bool IsOwn(std::size_t Index) const { return vNodes[Index].Same == Index; }
 
   /// Goes from the rule's own node along a path as far as features lead.
-  /// @param vRestReturn gets the features that are left
+  /// @param vRestReturn receives the features that are left
   const Node& Follow(std::uint32_t Path, std::vector<std::uint32_t>& vRestReturn);
 
  private:
@@ -56,7 +56,7 @@ class ShapeGraph {
   std::uint32_t FeatureOf(std::uint32_t Index, std::uint32_t Feature) const;
   std::uint32_t NodeAt(const Term& Path);
   void AddValues(const GrammarShapes::Shape& Which);
-  AtomRange RangeOf(const Equation& Each) const;
+  AtomRange RangeOf(const Equation& Current) const;
   void AddLinks(const GrammarShapes::Shape& Which);
   void Unify(std::uint32_t Left, std::uint32_t Right, std::uint32_t Line);
   void Merge(std::uint32_t Into, std::uint32_t From, std::uint32_t Line);

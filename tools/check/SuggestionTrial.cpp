@@ -14,14 +14,14 @@ SuggestionTrial::SuggestionTrial(const RuleText& TextPassIn, Checker CheckPassIn
 
 namespace {
 
-/// Whether mending such a finding leaves the constraint as the library keeps it, so that nothing
-/// else can be found in it than before. Their suggestions mend all three.
-bool KeepsRecord(const Finding& Each) {
-  return Each.Code == "TR024" || Each.Code == "TR025" || Each.Code == "TR026";
+/// Whether correcting such a finding leaves the constraint as the library keeps it, so that nothing
+/// else can be found in it than before. Their suggestions correct all three.
+bool KeepsRecord(const Finding& Found) {
+  return Found.Code == "TR024" || Found.Code == "TR025" || Found.Code == "TR026";
 }
 
-bool HasSuggestion(const Finding& Each) {
-  return !Each.Suggestion.empty();
+bool HasSuggestion(const Finding& Found) {
+  return !Found.Suggestion.empty();
 }
 
 }  // namespace
@@ -30,12 +30,12 @@ void SuggestionTrial::Settle() {
   using Iterator = std::vector<Finding>::iterator;
   for (Iterator First = vFindings.begin(); First != vFindings.end();) {
     const Iterator Last = std::find_if(
-        First, vFindings.end(), [&](const Finding& Each) { return Each.Line != First->Line; });
-    const bool IsMendable = std::all_of(First, Last, HasSuggestion);
+        First, vFindings.end(), [&](const Finding& Found) { return Found.Line != First->Line; });
+    const bool IsCorrectable = std::all_of(First, Last, HasSuggestion);
     if (std::any_of(First, Last, HasSuggestion) &&
-        !(IsMendable && std::all_of(First, Last, KeepsRecord))) {
-      const std::string Mended = IsMendable ? Tried(First->Line, *First) : "";
-      std::for_each(First, Last, [&](Finding& Each) { Each.Suggestion = Mended; });
+        !(IsCorrectable && std::all_of(First, Last, KeepsRecord))) {
+      const std::string Corrected = IsCorrectable ? Tried(First->Line, *First) : "";
+      std::for_each(First, Last, [&](Finding& Found) { Found.Suggestion = Corrected; });
     }
     First = Last;
   }
@@ -45,27 +45,27 @@ void SuggestionTrial::Settle() {
 std::string SuggestionTrial::Tried(std::size_t Number, const Finding& First) {
   constexpr int MaxRounds = 6;
   const std::size_t Line = Number - Text.FirstLine;
-  std::string Mended = First.Suggestion;
+  std::string Corrected = First.Suggestion;
   for (int Round = 0; Round < MaxRounds; ++Round) {
-    const std::optional<Finding> Next = FirstFindingIn(Line, Mended);
+    const std::optional<Finding> Next = FirstFindingIn(Line, Corrected);
     if (!Next) {
-      return IsOutOfBytes ? "" : Mended;
+      return IsOutOfBytes ? "" : Corrected;
     }
-    if (Next->Suggestion.empty() || Next->Suggestion == Mended) {
+    if (Next->Suggestion.empty() || Next->Suggestion == Corrected) {
       break;
     }
-    Mended = Next->Suggestion;
+    Corrected = Next->Suggestion;
   }
   return "";
 }
 
 /// What is found first on a line with another text.
 std::optional<Finding> SuggestionTrial::FirstFindingIn(std::size_t Line,
-                                                       const std::string& Mended) {
+                                                       const std::string& Corrected) {
   constexpr std::size_t MaxBytes = std::size_t{1} << 20;
   const RuleText::Span& Place = Text.vLines[Line];
   std::string Whole = Text.Text;
-  Whole.replace(Place.Begin, Place.End - Place.Begin, Mended);
+  Whole.replace(Place.Begin, Place.End - Place.Begin, Corrected);
   BytesTried += Whole.size();
   IsOutOfBytes = BytesTried > MaxBytes;
   if (IsOutOfBytes) {
@@ -78,7 +78,7 @@ std::optional<Finding> SuggestionTrial::FirstFindingIn(std::size_t Line,
     Check(Rule, vAll);
   }
   const auto Found = std::find_if(vAll.begin(), vAll.end(),
-                                  [&](const Finding& Each) { return Each.Line == Line + 1; });
+                                  [&](const Finding& Listed) { return Listed.Line == Line + 1; });
   return Found == vAll.end() ? std::nullopt : std::optional<Finding>(std::move(*Found));
 }
 

@@ -26,7 +26,7 @@ class SuggestionTrial {
 
  private:
   std::string Tried(std::size_t Number, const Finding& First);
-  std::optional<Finding> FirstFindingIn(std::size_t Line, const std::string& Mended);
+  std::optional<Finding> FirstFindingIn(std::size_t Line, const std::string& Corrected);
 
   const RuleText& Text;
   Checker Check;

@@ -62,15 +62,15 @@ void SuppliedValues::AddMeetings(std::uint32_t Index) {
     New.Line = Node.ValueLine != 0 ? Node.ValueLine : Node.LinkLine;
     New.Given = Node.Given;
     New.vOrigins = Node.vOrigins;
-    for (const ShapeGraph::Origin& Each : New.vOrigins) {
-      New.vVariables.push_back(Demand(Which, Each, {}));
+    for (const ShapeGraph::Origin& Current : New.vOrigins) {
+      New.vVariables.push_back(Demand(Which, Current, {}));
     }
   }
 }
 
 // ---- Where it comes from ----------------------------------------------------------------------
 
-/// @return false where the path can be anything
+/// @return false if the path can be anything
 bool SuppliedValues::AddGiven(std::uint32_t Number, const AtomRange& Given) {
   if (Given.IsNegated) {
     return false;
@@ -85,14 +85,14 @@ bool SuppliedValues::AddGiven(std::uint32_t Number, const AtomRange& Given) {
 bool SuppliedValues::AddFlowOfValues(std::uint32_t Number, const Shape& Which) {
   AtomRange Any;
   AtomRange Not;
-  for (const Equation& Each : Shapes.EquationsOf(Which)) {
-    if (Each.Left.Node != 0 || Each.Left.Path != Variables[Number].Path) {
+  for (const Equation& Current : Shapes.EquationsOf(Which)) {
+    if (Current.Left.Node != 0 || Current.Left.Path != Variables[Number].Path) {
       continue;
     }
-    AtomRange& Range = Each.What == GrammarShapes::Kind::Any ? Any : Not;
-    Any.IsNegated = Any.IsNegated && Each.What == GrammarShapes::Kind::Not;
-    for (std::uint32_t Index = 0; Index < Each.AtomCount; ++Index) {
-      Range.vAtoms.push_back(Shapes.AtomAt(Each.FirstAtom + Index));
+    AtomRange& Range = Current.What == GrammarShapes::Kind::Any ? Any : Not;
+    Any.IsNegated = Any.IsNegated && Current.What == GrammarShapes::Kind::Not;
+    for (std::uint32_t Index = 0; Index < Current.AtomCount; ++Index) {
+      Range.vAtoms.push_back(Shapes.AtomAt(Current.FirstAtom + Index));
     }
   }
   Tidy(Any.vAtoms);
@@ -100,9 +100,11 @@ bool SuppliedValues::AddFlowOfValues(std::uint32_t Number, const Shape& Which) {
   return AddGiven(Number, Common(Any, Not));
 }
 
-/// @return false where the shape lets the path be anything
+/// @return false if the shape lets the path be anything
 bool SuppliedValues::AddFlow(std::uint32_t Number, const Shape& Which) {
-  const auto IsLink = [](const Equation& Each) { return Each.What == GrammarShapes::Kind::Link; };
+  const auto IsLink = [](const Equation& Current) {
+    return Current.What == GrammarShapes::Kind::Link;
+  };
   const auto Equations = Shapes.EquationsOf(Which);
   if (!Which.IsUsable) {
     return false;
@@ -121,8 +123,8 @@ bool SuppliedValues::AddFlow(std::uint32_t Number, const Shape& Which) {
   Flow& New = Flows.emplace_back();
   New.To = Number;
   New.Given = Node.Given;
-  for (const ShapeGraph::Origin& Each : Node.vOrigins) {
-    New.vFrom.push_back(Demand(Which, Each, vRest));
+  for (const ShapeGraph::Origin& Current : Node.vOrigins) {
+    New.vFrom.push_back(Demand(Which, Current, vRest));
   }
   for (const std::uint32_t From : New.vFrom) {
     Variables[From].vUsers.push_back(static_cast<std::uint32_t>(Flows.size() - 1));
@@ -131,8 +133,8 @@ bool SuppliedValues::AddFlow(std::uint32_t Number, const Shape& Which) {
 }
 
 void SuppliedValues::Expand(std::uint32_t Number) {
-  for (const std::uint32_t Each : Shapes.ProvidersOf(Variables[Number].Slot)) {
-    if (Variables[Number].IsAny || !AddFlow(Number, Shapes.At(Each))) {
+  for (const std::uint32_t Current : Shapes.ProvidersOf(Variables[Number].Slot)) {
+    if (Variables[Number].IsAny || !AddFlow(Number, Shapes.At(Current))) {
       SetAny(Number);
       return;
     }
@@ -150,61 +152,61 @@ void SuppliedValues::Wake(std::uint32_t Number) {
 }
 
 void SuppliedValues::SetAny(std::uint32_t Number) {
-  Variable& Each = Variables[Number];
-  Each.IsAny = true;
-  Each.vAtoms = {};
-  Each.vNew = {};
+  Variable& Current = Variables[Number];
+  Current.IsAny = true;
+  Current.vAtoms = {};
+  Current.vNew = {};
   Wake(Number);
 }
 
 /// Atoms come in one by one where there are many entries, so that they are put
 /// in order later.
 void SuppliedValues::AddAtoms(std::uint32_t Number, const std::vector<std::uint32_t>& vAtoms) {
-  Variable& Each = Variables[Number];
+  Variable& Current = Variables[Number];
   for (const std::uint32_t Atom : vAtoms) {
-    if (!std::binary_search(Each.vAtoms.begin(), Each.vAtoms.end(), Atom)) {
-      Each.vNew.push_back(Atom);
+    if (!std::binary_search(Current.vAtoms.begin(), Current.vAtoms.end(), Atom)) {
+      Current.vNew.push_back(Atom);
     }
   }
-  if (!Each.vNew.empty()) {
+  if (!Current.vNew.empty()) {
     Wake(Number);
   }
-  if (Each.vNew.size() > Each.vAtoms.size() + MaxUnordered) {
+  if (Current.vNew.size() > Current.vAtoms.size() + MaxUnordered) {
     TakeNewAtoms(Number);
   }
 }
 
 void SuppliedValues::TakeNewAtoms(std::uint32_t Number) {
-  Variable& Each = Variables[Number];
-  Each.vAtoms.insert(Each.vAtoms.end(), Each.vNew.begin(), Each.vNew.end());
-  Each.vNew.clear();
-  Tidy(Each.vAtoms);
-  if (Each.vAtoms.size() > MaxAtoms) {
+  Variable& Current = Variables[Number];
+  Current.vAtoms.insert(Current.vAtoms.end(), Current.vNew.begin(), Current.vNew.end());
+  Current.vNew.clear();
+  Tidy(Current.vAtoms);
+  if (Current.vAtoms.size() > MaxAtoms) {
     SetAny(Number);
   }
 }
 
-void SuppliedValues::Apply(const Flow& Each) {
-  if (Variables[Each.To].IsAny) {
+void SuppliedValues::Apply(const Flow& Current) {
+  if (Variables[Current.To].IsAny) {
     return;
   }
-  AtomRange Range = Each.Given;
-  for (const std::uint32_t From : Each.vFrom) {
+  AtomRange Range = Current.Given;
+  for (const std::uint32_t From : Current.vFrom) {
     if (!Variables[From].IsAny) {
       Narrow(Range, Variables[From].vAtoms);
     }
   }
   if (Range.IsNegated) {
-    SetAny(Each.To);
+    SetAny(Current.To);
   } else {
-    AddAtoms(Each.To, Range.vAtoms);
+    AddAtoms(Current.To, Range.vAtoms);
   }
 }
 
 /// Lets values flow until nothing is new. They only ever become more, so that
 /// the order does not matter.
 void SuppliedValues::Settle() {
-  std::for_each(Flows.begin(), Flows.end(), [this](const Flow& Each) { Apply(Each); });
+  std::for_each(Flows.begin(), Flows.end(), [this](const Flow& Current) { Apply(Current); });
   while (!Waiting.empty()) {
     const std::uint32_t Number = Waiting.front();
     Waiting.pop_front();
@@ -220,9 +222,9 @@ void SuppliedValues::Settle() {
 
 /// Where a place gets no value at all, nothing can fill it; that is another
 /// matter.
-bool SuppliedValues::IsClash(const Meeting& Each) const {
-  AtomRange Range = Each.Given;
-  for (const std::uint32_t Number : Each.vVariables) {
+bool SuppliedValues::IsClash(const Meeting& Current) const {
+  AtomRange Range = Current.Given;
+  for (const std::uint32_t Number : Current.vVariables) {
     const Variable& From = Variables[Number];
     if (!From.IsAny && From.vAtoms.empty()) {
       return false;
@@ -234,13 +236,13 @@ bool SuppliedValues::IsClash(const Meeting& Each) const {
   return Range.IsNothing();
 }
 
-SuppliedValues::Clash SuppliedValues::ClashOf(const Meeting& Each) const {
-  Clash Found{Each.Shape, Each.Line, {}};
-  for (std::size_t Index = 0; Index < Each.vVariables.size(); ++Index) {
-    const Variable& From = Variables[Each.vVariables[Index]];
+SuppliedValues::Clash SuppliedValues::ClashOf(const Meeting& Current) const {
+  Clash Found{Current.Shape, Current.Line, {}};
+  for (std::size_t Index = 0; Index < Current.vVariables.size(); ++Index) {
+    const Variable& From = Variables[Current.vVariables[Index]];
     if (!From.IsAny) {
       Supply& New = Found.vSupplies.emplace_back();
-      New.From = Each.vOrigins[Index];
+      New.From = Current.vOrigins[Index];
       New.Count = From.vAtoms.size();
       New.vAtoms = New.Count > Supply::MaxAtoms ? std::vector<std::uint32_t>() : From.vAtoms;
     }
@@ -258,9 +260,9 @@ std::vector<SuppliedValues::Clash> SuppliedValues::FindClashes() {
   }
   Settle();
   std::vector<Clash> vClashes;
-  for (const Meeting& Each : Meetings) {
-    if (IsClash(Each)) {
-      vClashes.push_back(ClashOf(Each));
+  for (const Meeting& Current : Meetings) {
+    if (IsClash(Current)) {
+      vClashes.push_back(ClashOf(Current));
     }
   }
   return vClashes;

@@ -28,7 +28,7 @@ namespace Grammar {
 /// the path open, gives it features, or cannot be used. So what is found never
 /// holds; what is not found may or may not.
 ///
-/// The work is bounded by so many paths for each kind of place, and so many
+/// The work is bounded by that many paths for each kind of place, and that many
 /// atoms for each path: beyond that, anything is possible.
 class SuppliedValues {
  public:
@@ -48,7 +48,7 @@ class SuppliedValues {
     std::vector<Supply> vSupplies;  ///< that have nothing in common with it, or with each other
   };
 
-  /// @param ShapesPassIn gets paths that no rule has written; has to outlive
+  /// @param ShapesPassIn receives paths that no rule has written; has to outlive
   /// this
   explicit SuppliedValues(GrammarShapes& ShapesPassIn)
       : Shapes(ShapesPassIn), Graph(ShapesPassIn) {}
@@ -99,9 +99,9 @@ class SuppliedValues {
   void TakeNewAtoms(std::uint32_t Number);
   void Wake(std::uint32_t Number);
   void Settle();
-  void Apply(const Flow& Each);
-  bool IsClash(const Meeting& Each) const;
-  Clash ClashOf(const Meeting& Each) const;
+  void Apply(const Flow& Current);
+  bool IsClash(const Meeting& Current) const;
+  Clash ClashOf(const Meeting& Current) const;
 
   GrammarShapes& Shapes;
   ShapeGraph Graph;

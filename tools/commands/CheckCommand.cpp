@@ -35,14 +35,14 @@ class FindingFilter {
  public:
   explicit FindingFilter(const CheckOptions& Options) {
     const std::string Help = "trrule check --help";
-    for (const CodeInfo& Each : AllCodes()) {
-      SetWanted(Each, Options.vsOnly.empty());
+    for (const CodeInfo& Info : AllCodes()) {
+      SetWanted(Info, Options.vsOnly.empty());
     }
     bool NamesNote = false;
     for (const std::string& sCode : Options.vsOnly) {
-      const CodeInfo& Each = KnownCode(sCode, Help);
-      SetWanted(Each, true);
-      NamesNote = NamesNote || Each.Level == Severity::Note;
+      const CodeInfo& Info = KnownCode(sCode, Help);
+      SetWanted(Info, true);
+      NamesNote = NamesNote || Info.Level == Severity::Note;
     }
     for (const std::string& sCode : Options.vsExcept) {
       SetWanted(KnownCode(sCode, Help), false);
@@ -52,7 +52,7 @@ class FindingFilter {
 
   bool IsWanted(std::string_view Code) const { return vIsWanted[PlaceOf(*FindCode(Code))]; }
   bool IsShown(Severity Level) const { return Level >= Least; }
-  bool IsShown(const Finding& Each) const { return IsShown(Each.Level) && IsWanted(Each.Code); }
+  bool IsShown(const Finding& Found) const { return IsShown(Found.Level) && IsWanted(Found.Code); }
   bool WantsShown(std::string_view Code) const {
     return IsShown(FindCode(Code)->Level) && IsWanted(Code);
   }
@@ -76,7 +76,7 @@ bool WantsColours(const RunOptions& Run) {
          (NoColour == nullptr || *NoColour == '\0');
 }
 
-/// What is said of a file that is no grammar, at its first line.
+/// What is said of a file that is not a grammar, at its first line.
 Finding FileFinding(const std::string& Name, std::string_view Start, std::string Message) {
   constexpr std::size_t MaxLineText = 80;
   Finding New;
@@ -92,7 +92,7 @@ Finding FileFinding(const std::string& Name, std::string_view Start, std::string
 /// used again by the next rules.
 class CheckBatch {
  public:
-  /// One rule, or in its place a file that is no grammar.
+  /// One rule, or in its place a file that is not a grammar.
   struct Item {
     std::vector<std::string> vsFailures;  ///< of files before it
     RuleText Text;
@@ -195,7 +195,7 @@ class CheckReader {
     OtherKind.reset();
     const bool IsThere = Files.OpenNext();
     if (IsThere && WantsKind) {
-      OtherKind = WhyNoGrammar(Files.Ahead());
+      OtherKind = OtherFileKind(Files.Ahead());
     }
     return IsThere;
   }
@@ -203,7 +203,7 @@ class CheckReader {
   RuleFiles Files;
   bool WantsKind;
   bool IsOpen = false;
-  std::optional<std::string> OtherKind;  // why the open file is no grammar
+  std::optional<std::string> OtherKind;  // why the open file is not a grammar
   std::vector<std::string> vsFailures;   // since the last rule
 };
 
@@ -255,8 +255,8 @@ class WholeChecker {
       Whole.AddUnaryCycles();
     }
     std::vector<Finding> vFindings = Whole.Take();
-    const auto IsHidden = [&](const Finding& Each) {
-      return !CountsNotes && !Filter.IsShown(Each.Level);
+    const auto IsHidden = [&](const Finding& Found) {
+      return !CountsNotes && !Filter.IsShown(Found.Level);
     };
     vFindings.erase(std::remove_if(vFindings.begin(), vFindings.end(), IsHidden), vFindings.end());
     return vFindings;
@@ -302,32 +302,32 @@ class RulesChecker {
     PlaceSources Places;
     OutlineMaker Outlines;
     std::string Block;
-    for (CheckBatch::Item& Each : BatchReturn) {
-      if (!Each.IsFile && !Each.Text.Continues) {
-        HiddenNotes* const Hidden = Filter.IsShown(Severity::Note) ? nullptr : &Each.Hidden;
-        Each.IsRead = CheckRule(Each.Text, Record, Each.vFindings, Hidden);
-        CheckPlaces(Record.Lines(), Places, Each.vFindings);
+    for (CheckBatch::Item& Current : BatchReturn) {
+      if (!Current.IsFile && !Current.Text.Continues) {
+        HiddenNotes* const Hidden = Filter.IsShown(Severity::Note) ? nullptr : &Current.Hidden;
+        Current.IsRead = CheckRule(Current.Text, Record, Current.vFindings, Hidden);
+        CheckPlaces(Record.Lines(), Places, Current.vFindings);
         if (Whole.WantsShapes() || Whole.WantsRivals()) {
-          Outlines.Make(Record.Lines(), Each.Outline);
+          Outlines.Make(Record.Lines(), Current.Outline);
         }
       }
-      if (Each.IsRead) {
-        Each.Identity = Repeated.IdentityOf(Record, Block);
+      if (Current.IsRead) {
+        Current.Identity = Repeated.IdentityOf(Record, Block);
       }
-      AppendShown(Each);
+      AppendShown(Current);
     }
   }
 
   void Finish(CheckBatch& BatchReturn) {
-    for (CheckBatch::Item& Each : BatchReturn) {
-      CheckReader::ReportFailures(Each.vsFailures);
-      if (!Each.IsFile) {
-        Compare(Each);
+    for (CheckBatch::Item& Current : BatchReturn) {
+      CheckReader::ReportFailures(Current.vsFailures);
+      if (!Current.IsFile) {
+        Compare(Current);
       }
-      if (!Each.Shown.empty()) {
-        Writer.Write(Each.Shown);
+      if (!Current.Shown.empty()) {
+        Writer.Write(Current.Shown);
       }
-      Count(Each);
+      Count(Current);
     }
   }
 
@@ -349,9 +349,9 @@ class RulesChecker {
     if (Statistics) {
       return;
     }
-    for (const Finding& Each : ItemReturn.vFindings) {
-      if (Filter.IsShown(Each)) {
-        Writer.Append(Each, ItemReturn.Shown);
+    for (const Finding& Found : ItemReturn.vFindings) {
+      if (Filter.IsShown(Found)) {
+        Writer.Append(Found, ItemReturn.Shown);
       }
     }
   }
@@ -372,14 +372,14 @@ class RulesChecker {
   }
 
   void Count(const CheckBatch::Item& Item) {
-    for (const Finding& Each : Item.vFindings) {
-      if (Filter.IsWanted(Each.Code)) {
-        All.Add(Each.Code, Each.Level);
+    for (const Finding& Found : Item.vFindings) {
+      if (Filter.IsWanted(Found.Code)) {
+        All.Add(Found.Code, Found.Level);
       }
     }
-    for (const CodeInfo* Each : Item.Hidden) {
-      if (Filter.IsWanted(Each->Code)) {
-        All.Add(Each->Code, Severity::Note);
+    for (const CodeInfo* Info : Item.Hidden) {
+      if (Filter.IsWanted(Info->Code)) {
+        All.Add(Info->Code, Severity::Note);
       }
     }
   }

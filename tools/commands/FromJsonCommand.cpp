@@ -127,11 +127,11 @@ class LineWriter {
 
   void Write(const LineBatch& Batch) {
     for (std::size_t Place = 0; Place < Batch.Count; ++Place) {
-      const LineBatch::Line& Each = Batch.vLines[Place];
-      ReportFailures(Each.vsFailures);
-      Report(Each);
-      Count(Each.Result);
-      Write(Each.Result);
+      const LineBatch::Line& Current = Batch.vLines[Place];
+      ReportFailures(Current.vsFailures);
+      Report(Current);
+      Count(Current.Result);
+      Write(Current.Result);
     }
   }
 
@@ -157,15 +157,15 @@ class LineWriter {
     if (Read.Text.empty()) {
       return;
     }
-    if (LacksLineEnd && Read.IsRule) {
+    if (LacksFinalNewline && Read.IsRule) {
       Output.Write("\n");
     }
     Output.Write(Read.Text);
-    LacksLineEnd = Read.Text.back() != '\n';
+    LacksFinalNewline = Read.Text.back() != '\n';
   }
 
   OutputFile& Output;
-  bool LacksLineEnd = false;
+  bool LacksFinalNewline = false;
   RunTally Tally;
 };
 

@@ -15,9 +15,9 @@
 namespace Grammar {
 
 void Report(const std::vector<Finding>& vFindings) {
-  for (const Finding& Each : vFindings) {
-    std::cerr << Each.File << ':' << Each.Line << ':' << Each.Column << ": " << NameOf(Each.Level)
-              << ' ' << Each.Code << ": " << Each.Message << '\n';
+  for (const Finding& Found : vFindings) {
+    std::cerr << Found.File << ':' << Found.Line << ':' << Found.Column << ": "
+              << NameOf(Found.Level) << ' ' << Found.Code << ": " << Found.Message << '\n';
   }
 }
 
@@ -30,7 +30,7 @@ class TextCarrier {
 
   void Carry(const RuleText& Text) {
     Visitor.TakeText(Text.Text);
-    OwesLineEnd = Text.LacksLastEnd;
+    OwesLineEnd = Text.LacksFinalNewline;
   }
 
   /// To be called before the next text, and at the end.
@@ -81,9 +81,9 @@ struct RuleBatch {
   }
 
   /// Whether a rule has more storage than shall be kept.
-  static bool IsLarge(const Rule& Each) {
-    return Each.Text.Text.capacity() > 4096 || Each.Text.vLines.capacity() > 256 ||
-           Each.vFindings.capacity() > 16;
+  static bool IsLarge(const Rule& Current) {
+    return Current.Text.Text.capacity() > 4096 || Current.Text.vLines.capacity() > 256 ||
+           Current.vFindings.capacity() > 16;
   }
 
   std::vector<Rule> vRules;  // the first ones are those of the batch
@@ -100,7 +100,7 @@ class BatchReader {
     Files.ReportFailuresTo([this](const std::string& Message) { vsFailures.push_back(Message); });
   }
 
-  /// Reads about that many bytes of rules, at least one rule. @return false behind the last one
+  /// Reads about that many bytes of rules, at least one rule. @return false after the last one
   bool Read(RuleBatch& BatchReturn) {
     constexpr std::size_t WantedSize = std::size_t{1} << 16;
     BatchReturn.Count = 0;
@@ -132,16 +132,16 @@ class BatchReader {
 void PrepareBatch(const RuleVisitor& Visitor, bool KeepBad, RuleBatch& BatchReturn) {
   RuleRecord Record;
   for (std::size_t Number = 0; Number < BatchReturn.Count; ++Number) {
-    RuleBatch::Rule& Each = BatchReturn.vRules[Number];
-    Each.IsTaken = Each.Text.HasRule && ReadRule(Each.Text, Record, Each.vFindings) &&
+    RuleBatch::Rule& Used = BatchReturn.vRules[Number];
+    Used.IsTaken = Used.Text.HasRule && ReadRule(Used.Text, Record, Used.vFindings) &&
                    !(KeepBad && Record.HasStrayText());
-    if (Each.IsTaken) {
-      Each.HasStrayText = Record.HasStrayText();
-      Each.IsTaken =
-          Visitor.PrepareRule(Record, BatchReturn.Keys, BatchReturn.Texts, Each.vFindings);
+    if (Used.IsTaken) {
+      Used.HasStrayText = Record.HasStrayText();
+      Used.IsTaken =
+          Visitor.PrepareRule(Record, BatchReturn.Keys, BatchReturn.Texts, Used.vFindings);
     }
-    Each.KeyEnd = BatchReturn.Keys.size();
-    Each.TextEnd = BatchReturn.Texts.size();
+    Used.KeyEnd = BatchReturn.Keys.size();
+    Used.TextEnd = BatchReturn.Texts.size();
   }
 }
 
@@ -155,12 +155,12 @@ class BatchFinisher {
     std::size_t Key = 0;
     std::size_t Text = 0;
     for (std::size_t Number = 0; Number < Batch.Count; ++Number) {
-      const RuleBatch::Rule& Each = Batch.vRules[Number];
+      const RuleBatch::Rule& Used = Batch.vRules[Number];
       const std::string_view Keys = Batch.Keys;
       const std::string_view Texts = Batch.Texts;
-      Finish(Each, Keys.substr(Key, Each.KeyEnd - Key), Texts.substr(Text, Each.TextEnd - Text));
-      Key = Each.KeyEnd;
-      Text = Each.TextEnd;
+      Finish(Used, Keys.substr(Key, Used.KeyEnd - Key), Texts.substr(Text, Used.TextEnd - Text));
+      Key = Used.KeyEnd;
+      Text = Used.TextEnd;
     }
   }
 
@@ -170,22 +170,22 @@ class BatchFinisher {
   }
 
  private:
-  void Finish(const RuleBatch::Rule& Each, std::string_view Key, std::string_view Text) {
-    const bool BeginsRule = Each.Text.HasRule && !Each.Text.Continues;
-    ReportFailures(Each.vsFailures);
-    if (!Each.Text.Continues) {
+  void Finish(const RuleBatch::Rule& Current, std::string_view Key, std::string_view Text) {
+    const bool BeginsRule = Current.Text.HasRule && !Current.Text.Continues;
+    ReportFailures(Current.vsFailures);
+    if (!Current.Text.Continues) {
       Others.EndLine();
     }
-    if (Each.IsTaken) {
+    if (Current.IsTaken) {
       Visitor.TakeRule(Key, Text);
-    } else if (!Each.Text.HasRule || KeepBad) {
-      Others.Carry(Each.Text);
+    } else if (!Current.Text.HasRule || KeepBad) {
+      Others.Carry(Current.Text);
     }
-    Report(Each.vFindings);
-    Tally.HasFindings = Tally.HasFindings || !Each.vFindings.empty();
-    Tally.HasStrayText = Tally.HasStrayText || Each.HasStrayText;
+    Report(Current.vFindings);
+    Tally.HasFindings = Tally.HasFindings || !Current.vFindings.empty();
+    Tally.HasStrayText = Tally.HasStrayText || Current.HasStrayText;
     Tally.Rules += BeginsRule ? 1 : 0;
-    Tally.LeftOut += BeginsRule && !Each.IsTaken && !KeepBad ? 1 : 0;
+    Tally.LeftOut += BeginsRule && !Current.IsTaken && !KeepBad ? 1 : 0;
   }
 
   RuleVisitor& Visitor;

@@ -74,7 +74,7 @@ class RuleCollector : public RuleVisitor {
 
 /// Passes all rules to the visitor. What cannot be read is reported on standard error.
 ///
-/// A rule with text that is no part of it goes to the visitor with that text as comments; where
+/// A rule with text that is not part of it goes to the visitor with that text as comments; where
 /// bad rules are kept, it is kept unchanged instead.
 RunTally VisitRules(const RunOptions& Options, RuleVisitor& Visitor);
 

@@ -50,10 +50,10 @@ class Sorter : public RuleCollector {
 
   void WriteTo(OutputFile& Output) override {
     Rules.Sort();
-    for (SortRecord Each; Rules.Next(Each);) {
-      Output.Write(Each.Payload.substr(0, Each.Payload.size() - 1));
-      if (Each.Payload.back() == BlockIsInKey) {
-        Output.Write(BlockOf(Each.Key));
+    for (SortRecord Record; Rules.Next(Record);) {
+      Output.Write(Record.Payload.substr(0, Record.Payload.size() - 1));
+      if (Record.Payload.back() == BlockIsInKey) {
+        Output.Write(BlockOf(Record.Key));
       }
       Output.Write("\n");
     }

@@ -185,7 +185,7 @@ int RunTranslate(const TranslateOptions& Options) {
       IsGiven ? 1 : Options.Threads, [&](std::string& Text) { return Source.Next(Text); },
       [&](const TextOutput& Result, bool IsWaiting) {
         Output.Write(Result.Out);
-        // What is told about a text comes behind its translation, and behind those before it.
+        // What is reported about a text comes after its translation, and after those before it.
         if (IsWaiting || !Result.Messages.empty()) {
           Output.Flush();
         }

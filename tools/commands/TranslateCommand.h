@@ -48,8 +48,8 @@ Grammar::RunTally LoadRules(const std::vector<std::string>& vsGrammars, bool Qui
 /// standard error.
 std::vector<std::uint32_t> FindStarts(const std::string& Written, const RuleSet& Rules);
 
-/// Sets the start types, which stand between commas; blanks mean nothing, and nothing stands for
-/// all types. A type without rules is told on standard error.
+/// Sets the start types, which are between commas; blanks mean nothing, and nothing stands for
+/// all types. A type without rules is reported on standard error.
 void SetStarts(const std::optional<std::string>& Starts, const RuleSet& Rules,
                TextOptions& OptionsReturn);
 

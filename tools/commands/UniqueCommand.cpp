@@ -77,7 +77,7 @@ std::uint64_t HashOf(std::string_view Bytes) {
 
 /// The block of the normal form in such a text.
 std::string_view BlockIn(std::string_view Sameness) {
-  // No line of a comparison text begins with the byte behind its last one.
+  // No line of a comparison text begins with the byte after its last one.
   constexpr std::string_view End("\n)\0", 3);
   const std::size_t Found = Sameness.find(End);
   return Sameness.substr(Found == std::string_view::npos ? Sameness.find('\n') + 1
@@ -168,9 +168,9 @@ class Group {
 /// Brings rules that say the same together, and then what is left into its order. For the order
 /// of first appearance, rules are grouped by a hash before their comparison texts, which makes
 /// comparing quick, and the groups sorted by their first places; else the texts' order will do.
-class Uniquer : public RuleCollector {
+class Deduplicator : public RuleCollector {
  public:
-  explicit Uniquer(const UniqueOptions& OptionsPassIn)
+  explicit Deduplicator(const UniqueOptions& OptionsPassIn)
       : Options(OptionsPassIn),
         Rules(MemoryForSorting(Options.Memory) / 2),
         Results(MemoryForSorting(Options.Memory) / 2) {}
@@ -197,31 +197,31 @@ class Uniquer : public RuleCollector {
 
   void TakeText(std::string_view Text) override {
     if (!Options.Repeated && !Options.Count) {
-      Results.Add(SortableNumber((Options.Sorted ? BehindAll : 0) + Place++), Text);
+      Results.Add(SortableNumber((Options.Sorted ? AfterAll : 0) + Place++), Text);
     }
   }
 
   void WriteTo(OutputFile& Output) override {
     Rules.Sort();
     Group Same(Options);
-    for (SortRecord Each; Rules.Next(Each);) {
-      const std::string_view Text = Each.Key.substr(Options.Sorted ? 0 : HashSize);
+    for (SortRecord Record; Rules.Next(Record);) {
+      const std::string_view Text = Record.Key.substr(Options.Sorted ? 0 : HashSize);
       if (Same.IsEmpty() || !Same.Has(Text)) {
         Finish(Same, Output);
         Same.Start(Text);
       }
-      Same.Add(Each.Payload);
+      Same.Add(Record.Payload);
     }
     Finish(Same, Output);
     Results.Sort();
-    for (SortRecord Each; Results.Next(Each);) {
-      Output.Write(Each.Payload);
+    for (SortRecord Record; Results.Next(Record);) {
+      Output.Write(Record.Payload);
     }
   }
 
  private:
   static constexpr std::size_t HashSize = sizeof(std::uint64_t);
-  static constexpr std::uint64_t BehindAll = std::uint64_t{1} << 63;
+  static constexpr std::uint64_t AfterAll = std::uint64_t{1} << 63;
 
   void Finish(Group& Same, OutputFile& Output) {
     if (Same.IsEmpty() || !Same.IsWanted()) {
@@ -244,7 +244,7 @@ class Uniquer : public RuleCollector {
 }  // namespace
 
 int RunUnique(const RunOptions& Run, const UniqueOptions& Options) {
-  Uniquer Rules(Options);
+  Deduplicator Rules(Options);
   RunOptions RunAsFits = Run;
   // What is no rule cannot be counted or be there twice, so that it is left out.
   RunAsFits.KeepBad = Run.KeepBad && !Options.Repeated && !Options.Count;

@@ -61,9 +61,9 @@ void TakeRule(const std::vector<std::string>& vsNames, const Grammar::SourceRule
               const UsableRule* Rule, const std::vector<Grammar::Finding>& vFindings,
               std::uint32_t Index, AskedRules& AskedReturn) {
   bool IsMeant = false;
-  for (std::size_t Each = 0; Each < vsNames.size(); ++Each) {
-    if (IsRuleMeant(vsNames[Each], Lines)) {
-      AskedReturn.vIsFound[Each] = true;
+  for (std::size_t Current = 0; Current < vsNames.size(); ++Current) {
+    if (IsRuleMeant(vsNames[Current], Lines)) {
+      AskedReturn.vIsFound[Current] = true;
       IsMeant = true;
     }
   }
@@ -84,11 +84,11 @@ void TakeRule(const std::vector<std::string>& vsNames, const Grammar::SourceRule
 bool ReportNames(const std::vector<std::string>& vsNames, const AskedRules& Asked) {
   const std::vector<std::string> vsHeaders(Asked.sHeaders.begin(), Asked.sHeaders.end());
   bool AllFit = true;
-  for (std::size_t Each = 0; Each < vsNames.size(); ++Each) {
-    if (!Asked.vIsFound[Each]) {
+  for (std::size_t Current = 0; Current < vsNames.size(); ++Current) {
+    if (!Asked.vIsFound[Current]) {
       AllFit = false;
-      const std::string Nearest = Grammar::NearestName(vsNames[Each], vsHeaders);
-      std::cerr << "trrule: no rule fits " << vsNames[Each]
+      const std::string Nearest = Grammar::NearestName(vsNames[Current], vsHeaders);
+      std::cerr << "trrule: no rule fits " << vsNames[Current]
                 << (Nearest.empty() ? "" : "; did you mean " + Nearest + "?") << '\n';
     }
   }
@@ -104,21 +104,22 @@ std::string PlaceOf(const Grammar::Finding& Which) {
 /// What is said of a rule that is left out.
 void AppendLeftOut(const RuleDescription& Rule, bool IsJson, std::string& OutReturn) {
   if (!IsJson) {
-    for (const Grammar::Finding& Each : Rule.vFindings) {
-      OutReturn += Rule.Name() + " is left out: " + PlaceOf(Each) + ": " +
-                   std::string(NameOf(Each.Level)) + ' ' + Each.Code + ": " + Each.Message + '\n';
+    for (const Grammar::Finding& Found : Rule.vFindings) {
+      OutReturn += Rule.Name() + " is left out: " + PlaceOf(Found) + ": " +
+                   std::string(NameOf(Found.Level)) + ' ' + Found.Code + ": " + Found.Message +
+                   '\n';
     }
     return;
   }
   AppendRuleName(Rule, OutReturn);
   OutReturn += ",\"findings\":[";
-  for (const Grammar::Finding& Each : Rule.vFindings) {
-    OutReturn += &Each == &Rule.vFindings.front() ? "{\"place\":" : ",{\"place\":";
-    AppendJsonString(PlaceOf(Each), OutReturn);
+  for (const Grammar::Finding& Found : Rule.vFindings) {
+    OutReturn += &Found == &Rule.vFindings.front() ? "{\"place\":" : ",{\"place\":";
+    AppendJsonString(PlaceOf(Found), OutReturn);
     OutReturn += ",\"code\":";
-    AppendJsonString(Each.Code, OutReturn);
+    AppendJsonString(Found.Code, OutReturn);
     OutReturn += ",\"message\":";
-    AppendJsonString(Each.Message, OutReturn);
+    AppendJsonString(Found.Message, OutReturn);
     OutReturn += '}';
   }
   OutReturn += "]}\n";
@@ -156,7 +157,7 @@ void AppendError(const RuleDescription& Rule, bool IsJson, const std::string& Er
   OutReturn += "}\n";
 }
 
-/// Plain, a line about the rule itself stands before all.
+/// Plain, a line about the rule itself is before all.
 void AppendHeading(const RuleDescription& Rule, std::string& OutReturn) {
   OutReturn += (OutReturn.empty() ? "" : "\n") + Rule.Place() + ':';
   OutReturn += Rule.Header.empty() ? "" : " {" + Rule.Header + '}';

@@ -1,6 +1,6 @@
 # Completion of trrule's commands, options, codes and files, for bash.
 
-# The codes for the end of a list with commas, each behind the rest of the list. The command knows
+# The codes for the end of a list with commas, each after the rest of the list. The command knows
 # them itself.
 _trrule_codes() {
   local Program=$1 Word=${2^^}

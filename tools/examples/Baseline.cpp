@@ -23,7 +23,7 @@ bool operator<(const BaselineLine& Left, const BaselineLine& Right) {
 
 namespace {
 
-/// The words of a text between single blanks: what stands between them means nothing.
+/// The words of a text between single blanks: the text between them means nothing.
 std::string WordsOf(std::string_view Text) {
   std::string Words;
   for (Text = Grammar::WithoutLeadingSpace(Text); !Text.empty();
@@ -36,10 +36,11 @@ std::string WordsOf(std::string_view Text) {
   return Words;
 }
 
-BaselineLine LineOf(const Example& Each, const ExampleResult& Result) {
+BaselineLine LineOf(const Example& Current, const ExampleResult& Result) {
   BaselineLine New;
-  New.Key = Each.Place.substr(0, Each.Place.rfind(':')) + '\t' + WordsOf(Each.Source) + '\t';
-  New.Key += Each.Wanted ? "= " + WordsOf(*Each.Wanted) : "*";
+  New.Key =
+      Current.Place.substr(0, Current.Place.rfind(':')) + '\t' + WordsOf(Current.Source) + '\t';
+  New.Key += Current.Wanted ? "= " + WordsOf(*Current.Wanted) : "*";
   New.What = NameOf(Result.What);
   New.Best = Result.Best ? WordsOf(*Result.Best) : "";
   return New;
@@ -85,9 +86,9 @@ Baseline::Baseline(const std::string& File) {
 
 std::string Baseline::Text() const {
   std::string Lines;
-  for (const Entry& Each : vEntries) {
-    Lines.append(Each.Line.Key).append(1, '\t').append(Each.Line.What);
-    Lines.append(1, '\t').append(Each.Line.Best).append(1, '\n');
+  for (const Entry& Current : vEntries) {
+    Lines.append(Current.Line.Key).append(1, '\t').append(Current.Line.What);
+    Lines.append(1, '\t').append(Current.Line.Best).append(1, '\n');
   }
   return Lines;
 }

@@ -25,11 +25,11 @@ std::string_view NameOf(Change What) {
   return "";
 }
 
-void AppendChange(const TestedGrammar& Tested, const Example& Each, const ExampleResult& Result,
+void AppendChange(const TestedGrammar& Tested, const Example& Current, const ExampleResult& Result,
                   Change What, std::string& OutReturn) {
-  OutReturn.append(NameOf(What)).append(": ").append(Each.Place);
-  OutReturn.append(": ").append(Each.Source).append(1, '\n');
-  std::vector<Detail> vDetails = DetailsOf(Tested, Each, Result);
+  OutReturn.append(NameOf(What)).append(": ").append(Current.Place);
+  OutReturn.append(": ").append(Current.Source).append(1, '\n');
+  std::vector<Detail> vDetails = DetailsOf(Tested, Current, Result);
   if (Result.What == Outcome::Passes && Result.Best) {
     vDetails.push_back({"given", *Result.Best});
   }
@@ -54,8 +54,8 @@ void AppendChanges(const TestedGrammar& Tested, const TestResults& Results,
                    OutReturn);
     }
   }
-  for (const BaselineLine& Each : vGone) {
-    OutReturn.append("gone: ").append(ShownKey(Each)).append(1, '\n');
+  for (const BaselineLine& Line : vGone) {
+    OutReturn.append("gone: ").append(ShownKey(Line)).append(1, '\n');
   }
   const auto Same = std::count(vChanges.begin(), vChanges.end(), Change::None);
   const std::size_t Changed = vChanges.size() - static_cast<std::size_t>(Same) + vGone.size();

@@ -11,18 +11,18 @@ namespace Examples {
 namespace {
 
 /// Why nothing has the example's rule at its root.
-std::string CauseOf(const TestedGrammar& Tested, const Example& Each) {
-  if (Each.Rule == NoRule) {
+std::string CauseOf(const TestedGrammar& Tested, const Example& Current) {
+  if (Current.Rule == NoRule) {
     return "the text has no translation";
   }
-  const TestedRule& Rule = Tested.AllRules()[Each.Rule];
+  const TestedRule& Rule = Tested.AllRules()[Current.Rule];
   return Rule.Usable == NoRule ? "the rule was left out: " + Rule.Finding
                                : "the rule makes nothing of the whole text";
 }
 
 }  // namespace
 
-std::vector<Detail> DetailsOf(const TestedGrammar& Tested, const Example& Each,
+std::vector<Detail> DetailsOf(const TestedGrammar& Tested, const Example& Current,
                               const ExampleResult& Result) {
   if (Result.What == Outcome::Passes) {
     return {};
@@ -30,13 +30,13 @@ std::vector<Detail> DetailsOf(const TestedGrammar& Tested, const Example& Each,
   if (Result.What == Outcome::PassesByAnotherRule) {
     return {{"by", Tested.PlaceOf(Result.BestRule)}};
   }
-  std::vector<Detail> vDetails{{"wanted", Each.Wanted ? *Each.Wanted : "no analysis"}};
+  std::vector<Detail> vDetails{{"wanted", Current.Wanted ? *Current.Wanted : "no analysis"}};
   if (Result.What == Outcome::Error) {
     vDetails.push_back({"cause", Result.Error});
   } else if (Result.Best) {
     vDetails.push_back({"given", *Result.Best});
   } else {
-    vDetails.push_back({"cause", CauseOf(Tested, Each)});
+    vDetails.push_back({"cause", CauseOf(Tested, Current)});
   }
   return vDetails;
 }
@@ -65,15 +65,15 @@ std::string TotalsOf(const std::vector<ExampleResult>& vResults) {
        {Outcome::Fails, "fails", "fail"},
        {Outcome::Error, "reached a limit", "reached a limit"}}};
   std::array<std::size_t, Forms.size()> Counts{};
-  for (const ExampleResult& Each : vResults) {
-    ++Counts[static_cast<std::size_t>(Each.What)];
+  for (const ExampleResult& Result : vResults) {
+    ++Counts[static_cast<std::size_t>(Result.What)];
   }
   std::string Text = Counted(vResults.size(), "example", "examples");
   std::string_view Before = ": ";
-  for (const Form& Each : Forms) {
-    const std::size_t Count = Counts[static_cast<std::size_t>(Each.What)];
+  for (const Form& Current : Forms) {
+    const std::size_t Count = Counts[static_cast<std::size_t>(Current.What)];
     if (Count > 0) {
-      Text.append(Before).append(Counted(Count, Each.One, Each.Several));
+      Text.append(Before).append(Counted(Count, Current.One, Current.Several));
       Before = ", ";
     }
   }
@@ -84,11 +84,11 @@ std::string TotalsOf(const std::vector<ExampleResult>& vResults) {
 
 std::vector<std::string> UncoveredLines(const TestedGrammar& Tested, const Coverage& Covered) {
   std::vector<std::string> vsLines;
-  for (const std::uint32_t Each : Covered.vUncoveredRules) {
-    vsLines.push_back("not covered: rule " + Tested.AllRules()[Each].Place);
+  for (const std::uint32_t Number : Covered.vUncoveredRules) {
+    vsLines.push_back("not covered: rule " + Tested.AllRules()[Number].Place);
   }
-  for (const std::size_t Each : Covered.vUncoveredConstraints) {
-    const ConstraintLine& Line = Tested.Constraints()[Each];
+  for (const std::size_t Index : Covered.vUncoveredConstraints) {
+    const ConstraintLine& Line = Tested.Constraints()[Index];
     vsLines.push_back("not covered: constraint " + Line.Place + ": " + Line.Text);
   }
   return vsLines;

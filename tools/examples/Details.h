@@ -16,7 +16,7 @@ struct Detail {
 
 /// What was wanted of an example and what came, or why nothing did; the rule by which it passed
 /// where that is not its own.
-std::vector<Detail> DetailsOf(const TestedGrammar& Tested, const Example& Each,
+std::vector<Detail> DetailsOf(const TestedGrammar& Tested, const Example& Current,
                               const ExampleResult& Result);
 
 /// The counts of examples and outcomes: "3 examples: 2 pass, 1 differs".

@@ -9,7 +9,7 @@ namespace Examples {
 
 namespace {
 
-/// What stands behind a label, and on which line of the file.
+/// The text after a label, and on which line of the file.
 struct Labelled {
   std::size_t Line;
   std::string_view Text;

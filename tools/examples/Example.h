@@ -18,10 +18,10 @@ struct Example {
   std::uint32_t Rule = NoRule;  ///< of all rules of the grammar, from 0; a pair of a file has none
   std::string Place;            ///< "np.trr:5", of the rule; "pairs.txt:3" of a pair of a file
   std::string Source;
-  std::optional<std::string> Wanted;  ///< nothing for a text that has to be refused
+  std::optional<std::string> Wanted;  ///< nothing for a text that has to be rejected
 };
 
-/// What stands in the comments of a rule.
+/// The text in the comments of a rule.
 struct CommentExamples {
   struct Pair {
     std::string Source;

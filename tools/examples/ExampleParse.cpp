@@ -14,7 +14,7 @@ namespace Examples {
 
 namespace {
 
-/// Takes the first word off a text; empty behind the last.
+/// Takes the first word off a text; empty after the last.
 std::string_view TakeWord(std::string_view& TextReturn) {
   TextReturn = Grammar::WithoutLeadingSpace(TextReturn);
   const auto End = std::find_if(TextReturn.begin(), TextReturn.end(), Grammar::IsSpace);
@@ -40,39 +40,39 @@ bool HaveSameWords(std::string_view Left, std::string_view Right) {
 
 // ---- Ways -------------------------------------------------------------------------------------
 
-void ExampleParse::Begin(const Example& Of) {
-  IsWhole = Parsed.Parse(Of.Source, Options.Limits, Equations);
+void ExampleParse::Begin(const Example& Given) {
+  IsWhole = Parsed.Parse(Given.Source, Options.Limits, Equations);
   vRootWays.clear();
   vOtherWays.clear();
   Best.Begin();
   if (IsWhole) {
-    FindWays(Of);
+    FindWays(Given);
   }
 }
 
 /// A rule's example has to be of the rule's type, a pair of a file of any start type.
-bool ExampleParse::IsStart(const Example& Of, std::uint32_t Type) const {
-  if (Of.Rule != NoRule) {
-    return Tested.AllRules()[Of.Rule].SourceType == Type;
+bool ExampleParse::IsStart(const Example& Given, std::uint32_t Type) const {
+  if (Given.Rule != NoRule) {
+    return Tested.AllRules()[Given.Rule].SourceType == Type;
   }
   return !Options.HasStarts ||
          std::find(Options.vStarts.begin(), Options.vStarts.end(), Type) != Options.vStarts.end();
 }
 
 /// Finds the ways to make what spans the whole text. What has no rule of its own has every root.
-void ExampleParse::FindWays(const Example& Of) {
+void ExampleParse::FindWays(const Example& Given) {
   const std::size_t Size = Parsed.Tokens().size();
   const Translate::Chart::Cell* Whole = Size == 0 ? nullptr : Parsed.FindCell(0, Size);
-  const std::uint32_t Root = Of.Rule == NoRule ? NoRule : Tested.AllRules()[Of.Rule].Usable;
+  const std::uint32_t Root = Given.Rule == NoRule ? NoRule : Tested.AllRules()[Given.Rule].Usable;
   for (std::uint32_t Index = 0; Whole != nullptr && Index < Whole->ConstituentCount; ++Index) {
-    const Translate::Chart::Constituent& Each =
+    const Translate::Chart::Constituent& Made =
         Parsed.Constituents()[Whole->FirstConstituent + Index];
-    if (!IsStart(Of, Tested.Rules().SourceTypeOf(Each.Types))) {
+    if (!IsStart(Given, Tested.Rules().SourceTypeOf(Made.Types))) {
       continue;
     }
-    for (std::uint32_t Way = Each.FirstWay; Way != Translate::Chart::None;
+    for (std::uint32_t Way = Made.FirstWay; Way != Translate::Chart::None;
          Way = Parsed.Ways()[Way].Next) {
-      const bool IsRoot = Of.Rule == NoRule || Parsed.Ways()[Way].Rule == Root;
+      const bool IsRoot = Given.Rule == NoRule || Parsed.Ways()[Way].Rule == Root;
       (IsRoot ? vRootWays : vOtherWays).push_back(Way);
     }
   }
@@ -122,14 +122,14 @@ ExampleResult ExampleParse::ResultOf(Outcome What, std::optional<TreeId> Tree) c
   return Result;
 }
 
-ExampleResult ExampleParse::Judge(const Example& Of) {
+ExampleResult ExampleParse::Judge(const Example& Given) {
   if (!IsWhole) {
     ExampleResult Result = ResultOf(Outcome::Error, std::nullopt);
     Result.Error = Translate::LimitError(Parsed.Outcome(), Options.Limits);
     return Result;
   }
-  if (Of.Wanted) {
-    return JudgePair(*Of.Wanted);
+  if (Given.Wanted) {
+    return JudgePair(*Given.Wanted);
   }
   const std::optional<TreeId> Analysis = BestOf(vRootWays);
   return ResultOf(Analysis ? Outcome::Fails : Outcome::Passes, Analysis);
@@ -158,7 +158,7 @@ ExampleResult ExampleParse::JudgePair(const std::string& Wanted) {
 
 // ---- Texts ------------------------------------------------------------------------------------
 
-/// Gives the different texts to a function, until it wants no more.
+/// Returns the different texts to a function, until it wants no more.
 template <typename TakeT>
 void ExampleParse::ForEachText(TakeT Take) {
   std::vector<std::uint32_t> vAll(vRootWays);

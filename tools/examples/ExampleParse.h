@@ -48,10 +48,10 @@ class ExampleParse {
   void Replace(const Translate::RuleSet::Variant& Variant) { Parsed.Replace(Variant); }
 
   /// Parses the text of an example, which has to outlive what is asked about it.
-  void Begin(const Example& Of);
+  void Begin(const Example& Given);
 
   /// The outcome of the example.
-  ExampleResult Judge(const Example& Of);
+  ExampleResult Judge(const Example& Given);
 
   /// The texts that the example's text is translated to, in order, each once.
   std::vector<std::string> Texts();
@@ -63,8 +63,8 @@ class ExampleParse {
  private:
   using TreeId = Translate::Derivations::TreeId;
 
-  bool IsStart(const Example& Of, std::uint32_t Type) const;
-  void FindWays(const Example& Of);
+  bool IsStart(const Example& Given, std::uint32_t Type) const;
+  void FindWays(const Example& Given);
   std::optional<TreeId> BestOf(const std::vector<std::uint32_t>& vWays);
   std::optional<TreeId> FindFit(const std::vector<std::uint32_t>& vWays, const std::string& Wanted,
                                 bool& IsTooManyReturn);

@@ -42,20 +42,20 @@ class ExampleRunner {
   ExampleRunner(const ExampleRunner&) = delete;
   ExampleRunner& operator=(const ExampleRunner&) = delete;
 
-  ExampleResult Run(const Example& Of);
+  ExampleResult Run(const Example& Given);
 
   /// Notes the constraints without which the example that was run last would have another outcome,
   /// or its text other translations. What is noted already is not looked at.
   ///
   /// A rule without a constraint matters only where it makes something else of what it was tried
   /// on. So the text is parsed again for such constraints alone.
-  void FindNoticed(const Example& Of, const ExampleResult& Result,
+  void FindNoticed(const Example& Given, const ExampleResult& Result,
                    NoticedConstraints& NoticedReturn);
 
  private:
   void FindCandidates(const NoticedConstraints& Noticed);
-  bool ChangesResult(std::size_t Constraint, const Translate::Chart::Trial& Of);
-  bool Notices(const Example& Of, const ExampleResult& Result,
+  bool ChangesResult(std::size_t Constraint, const Translate::Chart::Trial& Tried);
+  bool Notices(const Example& Given, const ExampleResult& Result,
                const std::vector<std::string>& vsTexts, std::size_t Constraint);
 
   const TestedGrammar& Tested;

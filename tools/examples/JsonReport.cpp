@@ -17,13 +17,13 @@ void AppendOptional(const std::optional<std::string>& Text, std::string& OutRetu
   }
 }
 
-void AppendExample(const Example& Each, const ExampleResult& Result, std::string& OutReturn) {
+void AppendExample(const Example& Current, const ExampleResult& Result, std::string& OutReturn) {
   OutReturn.append("{\"rule\":");
-  Translate::AppendJsonString(Each.Place, OutReturn);
+  Translate::AppendJsonString(Current.Place, OutReturn);
   OutReturn.append(",\"source\":");
-  Translate::AppendJsonString(Each.Source, OutReturn);
+  Translate::AppendJsonString(Current.Source, OutReturn);
   OutReturn.append(",\"wanted\":");
-  AppendOptional(Each.Wanted, OutReturn);
+  AppendOptional(Current.Wanted, OutReturn);
   OutReturn.append(",\"outcome\":");
   Translate::AppendJsonString(NameOf(Result.What), OutReturn);
   OutReturn.append(",\"best\":");
@@ -36,9 +36,9 @@ template <typename IndexT, typename ElementT>
 void AppendPlaces(const std::vector<IndexT>& vIndices, const std::vector<ElementT>& vElements,
                   std::string& OutReturn) {
   std::string_view Before = "";
-  for (const IndexT Each : vIndices) {
+  for (const IndexT Index : vIndices) {
     OutReturn.append(Before);
-    Translate::AppendJsonString(vElements[Each].Place, OutReturn);
+    Translate::AppendJsonString(vElements[Index].Place, OutReturn);
     Before = ",";
   }
 }

@@ -12,7 +12,7 @@ namespace Examples {
 
 namespace {
 
-/// The reference for a byte that cannot stand for itself; empty where it can. White space has one,
+/// The reference for a byte that cannot stand for itself; empty if it can. White space has one,
 /// since attributes would not keep it.
 std::string_view ReferenceOf(char Byte) {
   switch (Byte) {
@@ -94,24 +94,24 @@ struct Totals {
   }
 };
 
-std::string FileOf(const Example& Each) {
-  return Each.Place.substr(0, Each.Place.rfind(':'));
+std::string FileOf(const Example& Current) {
+  return Current.Place.substr(0, Current.Place.rfind(':'));
 }
 
 void AppendCase(const TestedGrammar& Tested, const TestResults& Results, std::size_t Index,
                 bool IsStrict, std::string& OutReturn) {
-  const Example& Each = Tested.AllExamples()[Index];
+  const Example& Current = Tested.AllExamples()[Index];
   const ExampleResult& Result = Results.vResults[Index];
   OutReturn.append("    <testcase");
-  AppendAttribute("classname", FileOf(Each), OutReturn);
-  AppendAttribute("name", Each.Place + ": " + Each.Source, OutReturn);
+  AppendAttribute("classname", FileOf(Current), OutReturn);
+  AppendAttribute("name", Current.Place + ": " + Current.Source, OutReturn);
   AppendAttribute("time", SecondsText(Results.vSeconds[Index]), OutReturn);
   if (IsAccepted(Result.What, IsStrict)) {
     OutReturn.append("/>\n");
     return;
   }
   std::string Message;
-  for (const Detail& Part : DetailsOf(Tested, Each, Result)) {
+  for (const Detail& Part : DetailsOf(Tested, Current, Result)) {
     Message.append(Message.empty() ? "" : "; ").append(Part.Name).append(": ").append(Part.Text);
   }
   OutReturn.append(Result.What == Outcome::Error ? ">\n      <error" : ">\n      <failure");

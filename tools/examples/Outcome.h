@@ -15,7 +15,7 @@ enum class Outcome : std::uint8_t {
   Passes,               ///< a derivation with its rule at the root gives the wanted words
   PassesByAnotherRule,  ///< only derivations with other roots do
   Differs,              ///< derivations have its root, and none gives the words
-  Fails,                ///< no derivation has its root; or a text was not refused
+  Fails,                ///< no derivation has its root; or a text was not rejected
   Error,                ///< a limit was reached
 };
 

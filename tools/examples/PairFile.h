@@ -7,8 +7,8 @@
 namespace Examples {
 
 /// Adds the pairs of a text file, a line each: the source, a tab and the target. A line that begins
-/// with "*" is a text that has to be refused; an empty one is nothing. From the other side, the two
-/// of a pair change places, and texts to be refused are left out.
+/// with "*" is a text that has to be rejected; an empty one is nothing. From the other side, the
+/// two of a pair change places, and texts to be rejected are left out.
 ///
 ///   the red car<TAB>el auto rojo
 ///   *red the car

@@ -9,7 +9,7 @@ namespace Examples {
 
 namespace {
 
-/// What stands behind a "#" would be a directive.
+/// The text after a "#" would be a directive.
 void AppendDescription(std::string_view Text, std::string& OutReturn) {
   for (const char Byte : Text) {
     OutReturn.append(Byte == '#' || Byte == '\\' ? "\\" : "").append(1, Byte);
@@ -30,16 +30,16 @@ void AppendTapReport(const TestedGrammar& Tested, const TestResults& Results, bo
   OutReturn.append("TAP version 13\n1..").append(std::to_string(Results.vResults.size()));
   OutReturn += '\n';
   for (std::size_t Index = 0; Index < Results.vResults.size(); ++Index) {
-    const Example& Each = Tested.AllExamples()[Index];
+    const Example& Current = Tested.AllExamples()[Index];
     const ExampleResult& Result = Results.vResults[Index];
     const bool IsGood = IsAccepted(Result.What, IsStrict);
     OutReturn.append(IsGood ? "ok " : "not ok ").append(std::to_string(Index + 1)).append(" - ");
-    AppendDescription(Each.Place + ": " + Each.Source, OutReturn);
+    AppendDescription(Current.Place + ": " + Current.Source, OutReturn);
     OutReturn += '\n';
     if (!IsGood) {
       OutReturn.append("  ---\n");
       AppendDetail("outcome", NameOf(Result.What), OutReturn);
-      for (const Detail& Part : DetailsOf(Tested, Each, Result)) {
+      for (const Detail& Part : DetailsOf(Tested, Current, Result)) {
         AppendDetail(Part.Name, Part.Text, OutReturn);
       }
       OutReturn.append("  ...\n");

@@ -57,7 +57,8 @@ std::string ReportOf(const TestOptions& Options, const TestedGrammar& Tested,
 
 // ---- Coverage ---------------------------------------------------------------------------------
 
-/// Whether at least so many percent are covered; reports it where they are not. Of nothing, all is.
+/// Whether at least that many percent are covered; reports it where they are not. Of nothing, all
+/// is.
 bool IsEnough(std::size_t Missing, std::size_t All, std::uint64_t Percent, std::string_view What) {
   if ((All - Missing) * 100 >= Percent * All) {
     return true;
@@ -87,7 +88,7 @@ void Accept(const std::string& File, const Baseline& Now) {
 }
 
 /// Compares with the accepted state, which becomes this one where that is wanted.
-/// @param ReportReturn gets what has changed
+/// @param ReportReturn receives what has changed
 /// @return whether no example fails that the accepted state does not know as failing
 bool Compare(const TestOptions& Options, const TestedGrammar& Tested, const TestResults& Results,
              std::string& ReportReturn) {
@@ -112,7 +113,7 @@ bool Compare(const TestOptions& Options, const TestedGrammar& Tested, const Test
 bool AllPass(const TestOptions& Options, const TestResults& Results) {
   return std::all_of(
       Results.vResults.begin(), Results.vResults.end(),
-      [&](const ExampleResult& Each) { return IsAccepted(Each.What, Options.IsStrict); });
+      [&](const ExampleResult& Result) { return IsAccepted(Result.What, Options.IsStrict); });
 }
 
 }  // namespace

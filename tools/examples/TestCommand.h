@@ -12,7 +12,7 @@ namespace Examples {
 
 enum class ReportFormat : std::uint8_t { Plain, Json, Junit, Tap };
 
-/// What a run over the examples of a grammar is told.
+/// The options of a run over the examples of a grammar.
 struct TestOptions {
   std::vector<std::string> vsGrammars;
   std::vector<std::string> vsPairs;   ///< files with more examples

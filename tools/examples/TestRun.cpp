@@ -21,7 +21,7 @@ void RunOnThreads(const TestedGrammar& Tested, const ParseOptions& Options, unsi
                   WorkT Work) {
   // A runner is made where it is needed first, and stays in its place.
   tbb::enumerable_thread_specific<std::unique_ptr<ExampleRunner>> Runners;
-  // Without this, more threads than cores are refused.
+  // Without this, more threads than cores are rejected.
   const tbb::global_control Limit(tbb::global_control::max_allowed_parallelism, Threads);
   tbb::task_arena Arena(static_cast<int>(Threads));
   using Range = tbb::blocked_range<std::size_t>;
@@ -43,8 +43,8 @@ Coverage FindCoverage(const TestedGrammar& Tested, const std::vector<ExampleResu
   Coverage Found;
   Found.IsKnown = true;
   std::vector<bool> vIsUsed(Tested.Rules().Size());
-  for (const ExampleResult& Each : vResults) {
-    for (const std::uint32_t Rule : Each.vRules) {
+  for (const ExampleResult& Result : vResults) {
+    for (const std::uint32_t Rule : Result.vRules) {
       vIsUsed[Rule] = true;
     }
   }
@@ -72,12 +72,12 @@ TestResults RunExamples(const TestedGrammar& Tested, const ParseOptions& Options
   Results.vSeconds.resize(Tested.AllExamples().size());
   NoticedConstraints Noticed(Tested.Constraints().size());
   RunOnThreads(Tested, Options, Threads, [&](std::size_t Index, ExampleRunner& Runner) {
-    const Example& Each = Tested.AllExamples()[Index];
+    const Example& Current = Tested.AllExamples()[Index];
     const Clock::time_point Start = Clock::now();
-    Results.vResults[Index] = Runner.Run(Each);
+    Results.vResults[Index] = Runner.Run(Current);
     Results.vSeconds[Index] = std::chrono::duration<double>(Clock::now() - Start).count();
     if (WantsCoverage) {
-      Runner.FindNoticed(Each, Results.vResults[Index], Noticed);
+      Runner.FindNoticed(Current, Results.vResults[Index], Noticed);
     }
   });
   if (WantsCoverage) {

@@ -12,7 +12,7 @@ namespace Examples {
 
 namespace {
 
-/// The type of the wanted side of a rule that was left out, from its first rule line; empty where
+/// The type of the wanted side of a rule that was left out, from its first rule line; empty if
 /// it cannot be read.
 std::string ReadSourceType(const Grammar::RuleText& Text, bool IsReversed) {
   for (std::size_t Line = 0; Line < Text.vLines.size(); ++Line) {
@@ -73,16 +73,16 @@ void TestedGrammar::AddVariants(const Grammar::RuleText& Text, Grammar::UsableRu
 }
 
 /// Seen from the other side, the two of a pair change places, and nothing is known of what is to be
-/// refused.
+/// rejected.
 void TestedGrammar::AddExamples(const Grammar::RuleText& Text) {
   const bool IsReversed = Set.Settings().IsReversed;
   CommentExamples Found = ReadExamples(Text);
   const auto Rule = static_cast<std::uint32_t>(vRules.size() - 1);
-  for (CommentExamples::Pair& Each : Found.vPairs) {
+  for (CommentExamples::Pair& Current : Found.vPairs) {
     if (IsReversed) {
-      std::swap(Each.Source, Each.Target);
+      std::swap(Current.Source, Current.Target);
     }
-    AddExample({Rule, vRules.back().Place, std::move(Each.Source), std::move(Each.Target)});
+    AddExample({Rule, vRules.back().Place, std::move(Current.Source), std::move(Current.Target)});
   }
   for (std::string& sEach : Found.vsRefused) {
     if (!IsReversed) {
@@ -97,8 +97,8 @@ void TestedGrammar::AddExamples(const Grammar::RuleText& Text) {
 /// Types have numbers only when all rules are there.
 void TestedGrammar::SetSourceTypes() {
   std::size_t LeftOut = 0;
-  for (TestedRule& Each : vRules) {
-    Each.SourceType = Each.Usable != NoRule ? Set.At(Each.Usable).SourceType
+  for (TestedRule& Rule : vRules) {
+    Rule.SourceType = Rule.Usable != NoRule ? Set.At(Rule.Usable).SourceType
                                             : Set.FindSourceType(vsTypes[LeftOut++]);
   }
 }

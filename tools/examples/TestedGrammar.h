@@ -59,14 +59,14 @@ class TestedGrammar {
   /// How many rules there are, and how many of them were left out.
   const Grammar::RunTally& Tally() const { return Counts; }
 
-  /// The pairs of each rule, then its texts to be refused, rules in order.
+  /// The pairs of each rule, then its texts to be rejected, rules in order.
   const std::vector<Example>& AllExamples() const { return vExamples; }
   void AddExample(Example New) { vExamples.push_back(std::move(New)); }
 
   /// The constraint lines of all rules that can be used, in order; the n-th is the one that the
   /// n-th variant of the rule set does without.
   const std::vector<ConstraintLine>& Constraints() const { return vConstraints; }
-  /// The first constraint line of a rule that can be used, or of those behind it.
+  /// The first constraint line of a rule that can be used, or of those after it.
   std::size_t FirstConstraint(std::uint32_t Usable) const { return vFirstConstraint[Usable]; }
 
  private:
@@ -83,7 +83,7 @@ class TestedGrammar {
   std::vector<std::string> vsTypes;  // of rules that are left out, in the order of their coming
   std::vector<Example> vExamples;
   std::vector<ConstraintLine> vConstraints;
-  std::vector<std::size_t> vFirstConstraint;  // and one behind the last rule
+  std::vector<std::size_t> vFirstConstraint;  // and one after the last rule
 };
 
 }  // namespace Examples

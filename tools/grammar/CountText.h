@@ -13,7 +13,7 @@ struct CountText {
   bool IsExact = false;  ///< whether the text says that number and nothing else
 };
 
-/// Reads the text behind the label: the digits at its beginning, at most 2,147,483,647. Without
+/// Reads the text after the label: the digits at its beginning, at most 2,147,483,647. Without
 /// digits, and for 0, the count is 1.
 ///
 ///   ParseCount("12 or so")  // {12, false}

@@ -46,7 +46,7 @@ class IndexTable {
     return vSlots[At];
   }
 
-  /// As `Find` for one who only looks; `NoEntry` where there is not one.
+  /// As `Find` for one who only looks; `NoEntry` where there is none.
   template <typename IsEqualT>
   std::uint32_t Look(std::uint64_t Hash, IsEqualT IsEqual) const {
     if (vSlots.empty()) {
@@ -85,13 +85,13 @@ class IndexTable {
   void Grow(HashOfT HashOf) {
     std::vector<std::uint32_t> vOld(vSlots.size() * 2, NoEntry);
     vOld.swap(vSlots);
-    for (const std::uint32_t Each : vOld) {
-      if (Each != NoEntry) {
-        std::size_t At = HashOf(Each) & (vSlots.size() - 1);
+    for (const std::uint32_t Number : vOld) {
+      if (Number != NoEntry) {
+        std::size_t At = HashOf(Number) & (vSlots.size() - 1);
         while (vSlots[At] != NoEntry) {
           At = (At + 1) & (vSlots.size() - 1);
         }
-        vSlots[At] = Each;
+        vSlots[At] = Number;
       }
     }
   }
@@ -115,21 +115,21 @@ class PairTable {
   std::uint32_t Intern(std::uint32_t First, std::uint32_t Second) {
     const std::uint64_t Key = Pair(First, Second);
     std::uint32_t& Slot =
-        Index.Find(Mixed(Key), [&](std::uint32_t Each) { return vKeys[Each] == Key; });
+        Index.Find(Mixed(Key), [&](std::uint32_t Number) { return vKeys[Number] == Key; });
     const auto New = static_cast<std::uint32_t>(vKeys.size());
     if (Slot != NoEntry) {
       return Slot;
     }
     Slot = New;
     vKeys.push_back(Key);
-    Index.NoteAdded([&](std::uint32_t Each) { return Mixed(vKeys[Each]); });
+    Index.NoteAdded([&](std::uint32_t Number) { return Mixed(vKeys[Number]); });
     return New;
   }
 
   /// `NoEntry` where the pair has no number.
   std::uint32_t Find(std::uint32_t First, std::uint32_t Second) const {
     const std::uint64_t Key = Pair(First, Second);
-    return Index.Look(Mixed(Key), [&](std::uint32_t Each) { return vKeys[Each] == Key; });
+    return Index.Look(Mixed(Key), [&](std::uint32_t Number) { return vKeys[Number] == Key; });
   }
 
   std::uint32_t First(std::uint32_t Number) const {

@@ -25,7 +25,7 @@ RuleHeader HeaderOf(const std::optional<TrRuleInternal::HeaderParts>& Parts, std
 /// The number of a header, as the record holds it: -1 if it has none that can be read.
 int NumberOf(const RuleHeader& Header);
 
-/// Appends the header with a line end, as it is written; nothing if there is not one.
+/// Appends the header with a line end, as it is written; nothing if there is none.
 void AppendHeader(const RuleHeader& Header, std::string& TextReturn);
 
 }  // namespace Grammar

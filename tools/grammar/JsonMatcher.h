@@ -65,7 +65,7 @@ class JsonMatcher {
     bool IsAtName;   ///< whether the name of that member comes next
   };
 
-  /// The next value or name; null if there is not one, or where something differed before.
+  /// The next value or name; null if there is none, or where something differed before.
   const rapidjson::Value* Next() {
     if (!Matches || Depth == 0) {
       return Matches ? &Root : nullptr;

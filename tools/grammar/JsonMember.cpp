@@ -83,9 +83,9 @@ const Json* JsonMember::Begin(const char* What) const {
 std::vector<const Json*> JsonMember::AsObjects() const {
   std::vector<const Json*> vObjects;
   vObjects.reserve(Size());
-  for (const Json* Each = Begin("a list"); Each != End(); ++Each) {
-    Expect(Each->IsObject(), "a list of objects");
-    vObjects.push_back(Each);
+  for (const Json* Element = Begin("a list"); Element != End(); ++Element) {
+    Expect(Element->IsObject(), "a list of objects");
+    vObjects.push_back(Element);
   }
   return vObjects;
 }

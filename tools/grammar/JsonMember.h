@@ -54,9 +54,9 @@ class JsonMember {
   template <typename TakeT>
   void ForEachLine(TakeT Take) const {
     std::string Scratch;
-    for (const Json* Each = Begin("a list of texts"); Each != End(); ++Each) {
-      Expect(Each->IsString(), "a list of texts");
-      Take(OneLine(BytesOf(*Each, Scratch)));
+    for (const Json* Element = Begin("a list of texts"); Element != End(); ++Element) {
+      Expect(Element->IsString(), "a list of texts");
+      Take(OneLine(BytesOf(*Element, Scratch)));
     }
   }
 
@@ -65,7 +65,7 @@ class JsonMember {
   /// A list of objects, by their addresses.
   std::vector<const Json*> AsObjects() const;
 
-  /// The object; null if there is not one.
+  /// The object; null if there is none.
   const Json* AsObject() const;
 
  private:

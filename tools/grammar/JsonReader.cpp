@@ -71,8 +71,7 @@ class ParsedLine {
 /// @param IsSaid reads the text after the label
 /// @param Write gives what should stand there
 template <typename IsSaidT, typename WriteT>
-void LetCommentSay(std::string_view Label, IsSaidT IsSaid, WriteT Write,
-                   Strings& vsCommentsReturn) {
+void SetCommentTo(std::string_view Label, IsSaidT IsSaid, WriteT Write, Strings& vsCommentsReturn) {
   std::string_view Rest;
   const auto Found = FindLabel(vsCommentsReturn, Label, Rest);
   const auto Place = static_cast<std::size_t>(Found - vsCommentsReturn.begin());
@@ -105,8 +104,8 @@ bool AreWordsOf(const JsonMember& Words, std::string_view Sentence) {
   return AreSame && !Pieces.Next(Piece);
 }
 
-void LetCommentSayWords(const Json& Object, const char* Name, std::string_view Label,
-                        Strings& vsCommentsReturn) {
+void SetCommentToWords(const Json& Object, const char* Name, std::string_view Label,
+                       Strings& vsCommentsReturn) {
   const JsonMember Words(Object, Name);
   if (Words.IsMissing()) {
     return;
@@ -117,24 +116,24 @@ void LetCommentSayWords(const Json& Object, const char* Name, std::string_view L
     Words.ForEachLine([&](std::string_view Word) { Sentence.append(1, ' ').append(Word); });
     return Sentence;
   };
-  LetCommentSay(Label, IsSaid, Write, vsCommentsReturn);
+  SetCommentTo(Label, IsSaid, Write, vsCommentsReturn);
 }
 
-void LetCommentSayStructure(const Json& Object, Strings& vsCommentsReturn) {
+void SetCommentToStructure(const Json& Object, Strings& vsCommentsReturn) {
   const JsonMember Given(Object, "cStructure");
   if (!Given.IsMissing()) {
     std::string Structure = Given.AsLine();
     const auto IsSaid = [&](std::string_view Rest) { return Rest == Structure; };
-    LetCommentSay(
+    SetCommentTo(
         "C-Structure:", IsSaid, [&] { return Structure; }, vsCommentsReturn);
   }
 }
 
 Strings CommentsFrom(const Json& Object) {
   Strings vsComments = JsonMember(Object, "comments").AsLines();
-  LetCommentSayWords(Object, "slWords", "SL:", vsComments);
-  LetCommentSayWords(Object, "tlWords", "TL:", vsComments);
-  LetCommentSayStructure(Object, vsComments);
+  SetCommentToWords(Object, "slWords", "SL:", vsComments);
+  SetCommentToWords(Object, "tlWords", "TL:", vsComments);
+  SetCommentToStructure(Object, vsComments);
   const int Count = JsonMember(Object, "count").AsNumber(1);
   // A count that no comment can hold is reported by its member, as all that is lost.
   if (Count != CountIn(vsComments) && Count > 0) {
@@ -219,8 +218,8 @@ std::vector<GivenConstraint> ConstraintsFrom(const Json& Object) {
   const std::vector<const Json*> vObjects = JsonMember(Object, "constraints").AsObjects();
   std::vector<GivenConstraint> vConstraints;
   vConstraints.reserve(vObjects.size());
-  for (const Json* const Each : vObjects) {
-    GivenConstraint& New = vConstraints.emplace_back(GivenConstraint{Each, {*Each, "lines"}});
+  for (const Json* const Current : vObjects) {
+    GivenConstraint& New = vConstraints.emplace_back(GivenConstraint{Current, {*Current, "lines"}});
     New.Lines.ForEachLine([&](std::string_view) { New.HasLines = true; });
   }
   return vConstraints;
@@ -238,11 +237,11 @@ std::string LineByFields(const Json& Object) {
       .ReturnAsString();
 }
 
-void AppendConstraint(const GivenConstraint& Each, std::string& LinesReturn) {
-  if (Each.IsWrittenByFields()) {
-    LinesReturn.append(LineByFields(*Each.Object)).append(1, '\n');
+void AppendConstraint(const GivenConstraint& Constraint, std::string& LinesReturn) {
+  if (Constraint.IsWrittenByFields()) {
+    LinesReturn.append(LineByFields(*Constraint.Object)).append(1, '\n');
   } else {
-    Each.Lines.ForEachLine(
+    Constraint.Lines.ForEachLine(
         [&](std::string_view Line) { LinesReturn.append(Line).append(1, '\n'); });
   }
 }
@@ -260,9 +259,9 @@ void AppendLabels(const Json& Object, const char* Name, std::string& LinesReturn
 /// The lines that comments, header and the other members of an object stand for.
 std::string LinesFrom(const Json& Object, const Strings& vsComments,
                       const std::vector<GivenConstraint>& vConstraints) {
-  constexpr std::size_t UsualSize = 1024;
+  constexpr std::size_t TypicalSize = 1024;
   std::string Lines;
-  Lines.reserve(UsualSize);
+  Lines.reserve(TypicalSize);
   for (const std::string& sComment : vsComments) {
     Lines.append(sComment).append(1, '\n');
   }
@@ -276,8 +275,8 @@ std::string LinesFrom(const Json& Object, const Strings& vsComments,
   AppendLabels(Object, "tlLabels", Lines);
   Lines.append("]\n(\n");
   AppendAlignments(Object, Lines);
-  for (const GivenConstraint& Each : vConstraints) {
-    AppendConstraint(Each, Lines);
+  for (const GivenConstraint& Constraint : vConstraints) {
+    AppendConstraint(Constraint, Lines);
   }
   return Lines.append(")\n");
 }
@@ -323,9 +322,9 @@ class WrittenConstraints {
  public:
   explicit WrittenConstraints(const Json& Rule)
       : vObjects(JsonMember(Rule, "constraints").AsObjects()) {
-    for (const Json* const Each : vObjects) {
-      ByFields.emplace(FieldsText(*Each), Each);
-      ByLines.emplace(JsonMember(*Each, "lines").AsLines(), Each);
+    for (const Json* const Current : vObjects) {
+      ByFields.emplace(FieldsText(*Current), Current);
+      ByLines.emplace(JsonMember(*Current, "lines").AsLines(), Current);
     }
   }
 
@@ -349,10 +348,10 @@ class WrittenConstraints {
     }
     const Json& Written = *Found->second;
     ObjectsReturn.erase(Found);
-    const auto IsHeld = [&](const Json::Member& Each) {
-      const auto Same = Written.FindMember(Each.name);
+    const auto IsHeld = [&](const Json::Member& Current) {
+      const auto Same = Written.FindMember(Current.name);
       return Same != Written.MemberEnd() &&
-             (Same->value == Each.value || (Given.Differs && ViewOf(Each.name) == "lines"));
+             (Same->value == Current.value || (Given.Differs && ViewOf(Current.name) == "lines"));
     };
     return std::all_of(Given.Object->MemberBegin(), Given.Object->MemberEnd(), IsHeld);
   }
@@ -368,10 +367,10 @@ class WrittenConstraints {
 bool FindDifferences(const Json& Written, std::vector<GivenConstraint>& vConstraintsReturn) {
   const WrittenConstraints Constraints(Written);
   bool HasFound = false;
-  for (GivenConstraint& Each : vConstraintsReturn) {
-    Each.Differs =
-        Each.HasLines && HasAllFields(*Each.Object) && !Constraints.HasFields(*Each.Object);
-    HasFound = HasFound || Each.Differs;
+  for (GivenConstraint& Constraint : vConstraintsReturn) {
+    Constraint.Differs = Constraint.HasLines && HasAllFields(*Constraint.Object) &&
+                         !Constraints.HasFields(*Constraint.Object);
+    HasFound = HasFound || Constraint.Differs;
   }
   return HasFound;
 }
@@ -379,8 +378,9 @@ bool FindDifferences(const Json& Written, std::vector<GivenConstraint>& vConstra
 bool AreHeld(const std::vector<GivenConstraint>& vConstraints, const Json& Written) {
   WrittenConstraints Constraints(Written);
   return Constraints.Count() == vConstraints.size() &&
-         std::all_of(vConstraints.begin(), vConstraints.end(),
-                     [&](const GivenConstraint& Each) { return Constraints.Take(Each); });
+         std::all_of(
+             vConstraints.begin(), vConstraints.end(),
+             [&](const GivenConstraint& Constraint) { return Constraints.Take(Constraint); });
 }
 
 /// Adds a line for each member that is not the same in what is written. Comments say what words,
@@ -393,12 +393,12 @@ void ReportLostMembers(const Json& Object, const std::vector<GivenConstraint>& v
     }
     return Name == "constraints" ? AreHeld(vConstraints, Written) : Value == Other;
   };
-  for (auto Each = Object.MemberBegin(); Each != Object.MemberEnd(); ++Each) {
-    const auto Found = Written.FindMember(Each->name);
-    const std::string Name = ToBytes(ViewOf(Each->name));
+  for (auto Member = Object.MemberBegin(); Member != Object.MemberEnd(); ++Member) {
+    const auto Found = Written.FindMember(Member->name);
+    const std::string Name = ToBytes(ViewOf(Member->name));
     if (Found == Written.MemberEnd()) {
-      vsProblemsReturn.push_back(Name + ": there is no such member");
-    } else if (!IsHeld(Name, Each->value, Found->value)) {
+      vsProblemsReturn.push_back(Name + ": unknown member");
+    } else if (!IsHeld(Name, Member->value, Found->value)) {
       vsProblemsReturn.push_back(Name + ": a grammar cannot hold it as it is given");
     }
   }
@@ -418,7 +418,7 @@ void ReadRule(const Json& Object, RuleText& LinesReturn, RuleRecord& RecordRetur
   }
   if (FindDifferences(ParsedLine(JsonOf(RecordReturn)).Object(), vConstraints)) {
     vsProblemsReturn.emplace_back(
-        "constraints: the lines say something else than the other members, which are written");
+        "constraints: the lines differ from the other members, which are written");
     ReadLines(LinesFrom(Object, vsComments, vConstraints), LinesReturn, RecordReturn);
   }
   ReportLostMembers(Object, vConstraints, RecordReturn.Comments() == vsComments,

@@ -194,7 +194,7 @@ LibraryFailure LibraryRule::FindOrder(std::vector<const ConstraintFields*>& vOrd
   return LibraryFailure::None;
 }
 
-/// Whether a component is a literal word; one that is not there is not one.
+/// Whether a component is a literal word; one that is not there is none.
 bool IsLiteral(const std::vector<std::string>& vsLabels, std::string_view Index) {
   const auto Place = static_cast<std::size_t>(TrRuleInternal::ToInt(Index));
   return Place > 0 && Place <= vsLabels.size() && vsLabels[Place - 1].front() == '"' &&
@@ -219,10 +219,10 @@ LibraryFailure LibraryRule::AppendTo(std::string& TextReturn) const {
         TextReturn, Pair.X, Pair.Y, IsLiteral(vsSLLabels, Pair.X) || IsLiteral(vsTLLabels, Pair.Y));
     TextReturn += '\n';
   }
-  for (const ConstraintFields* const Each : vOrder) {
+  for (const ConstraintFields* const Current : vOrder) {
     TrRuleInternal::AppendConstraint(
-        TextReturn, {Each->Category, Each->ConstrainedIndex, Each->Feature, Each->FeatValue,
-                     Each->ValueConstraint});
+        TextReturn, {Current->Category, Current->ConstrainedIndex, Current->Feature,
+                     Current->FeatValue, Current->ValueConstraint});
     TextReturn += '\n';
   }
   TextReturn += ")\n";

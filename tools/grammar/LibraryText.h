@@ -9,7 +9,7 @@ namespace Grammar {
 enum class LibraryFailure {
   None,
   Unread,         ///< `SetTrRuleFromString` stops at one of its lines
-  NoAgreedIndex,  ///< an agreement names no node
+  NoAgreedIndex,  ///< an agreement without a node
   Cycle,          ///< agreements wait for each other
 };
 

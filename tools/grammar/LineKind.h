@@ -7,7 +7,7 @@ namespace Grammar {
 
 enum class LineKind : std::uint8_t {
   Blank,       ///< nothing but white space
-  Comment,     ///< begins with ";", unless it is an alignment behind ";--;"
+  Comment,     ///< begins with ";", unless it is an alignment after ";--;"
   Header,      ///< "{NP,8}"
   Sequence,    ///< "NP::NP : [DET N] -> [N DET]"
   Alignment,   ///< "(X1::Y2)"
@@ -29,7 +29,7 @@ struct LineParts {
 /// quotes begins none. Linear.
 LineParts PartsOf(std::string_view Line);
 
-/// Whether a line of the body closes it, too: it ends in a ")" behind another one or a blank, and
+/// Whether a line of the body closes it, too: it ends in a ")" after another one or a blank, and
 /// has more ")" than "(".
 bool ClosesBody(std::string_view Code);
 

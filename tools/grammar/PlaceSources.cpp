@@ -10,9 +10,9 @@ namespace Grammar {
 void PlaceSources::ReadPairs(const SourceRule& RulePassIn, bool IsReversed, const Labels& vFrom,
                              const Labels& vTo) {
   vPairs.clear();
-  for (const SourceRule::AlignmentLine& Each : RulePassIn.Alignments()) {
-    const auto X = static_cast<std::uint32_t>(Each.Parts.X - 1);
-    const auto Y = static_cast<std::uint32_t>(Each.Parts.Y - 1);
+  for (const SourceRule::AlignmentLine& Line : RulePassIn.Alignments()) {
+    const auto X = static_cast<std::uint32_t>(Line.Parts.X - 1);
+    const auto Y = static_cast<std::uint32_t>(Line.Parts.Y - 1);
     const Pair New = IsReversed ? Pair(X, Y) : Pair(Y, X);
     if (!IsLiteral(vTo[New.first]) && !IsLiteral(vFrom[New.second])) {
       vPairs.push_back(New);
@@ -27,18 +27,18 @@ void PlaceSources::FindSource(std::vector<Pair>::const_iterator First,
                               std::vector<Pair>::const_iterator Last, std::uint32_t Target,
                               const Labels& vFrom, const Labels& vTo) {
   if (First == Last) {
-    vMisfits.push_back({Fault::NoSource, vTo[Target]});
+    vMismatches.push_back({Fault::NoSource, vTo[Target]});
     return;
   }
-  const auto HasItsLabel = [&](const Pair& Each) {
-    return IsSameInCapitals(vFrom[Each.second], vTo[Target]);
+  const auto HasItsLabel = [&](const Pair& Current) {
+    return IsSameInCapitals(vFrom[Current.second], vTo[Target]);
   };
   if (Last - First == 1) {
     vSources[Target] = First->second;
   } else if (std::count_if(First, Last, HasItsLabel) == 1) {
     vSources[Target] = std::find_if(First, Last, HasItsLabel)->second;
   } else {
-    vMisfits.push_back({Fault::ManySources, vTo[Target]});
+    vMismatches.push_back({Fault::ManySources, vTo[Target]});
   }
 }
 
@@ -55,7 +55,7 @@ void PlaceSources::CheckLabels(const Labels& vFrom, const Labels& vTo) {
       vFirst[Source] = Target;
     } else if (!vIsTold[Source] && !IsSameInCapitals(vTo[vFirst[Source]], vTo[Target])) {
       vIsTold[Source] = true;
-      vMisfits.push_back({Fault::SeveralLabels, vFrom[Source]});
+      vMismatches.push_back({Fault::SeveralLabels, vFrom[Source]});
     }
   }
 }
@@ -65,11 +65,11 @@ bool PlaceSources::Find(const SourceRule& RulePassIn, bool IsReversed) {
   const Labels& vTo = IsReversed ? RulePassIn.SLLabels() : RulePassIn.TLLabels();
   ReadPairs(RulePassIn, IsReversed, vFrom, vTo);
   vSources.assign(vTo.size(), None);
-  vMisfits.clear();
+  vMismatches.clear();
   auto First = vPairs.cbegin();
   for (std::uint32_t Target = 0; Target < vTo.size(); ++Target) {
-    const auto Last =
-        std::find_if(First, vPairs.cend(), [&](const Pair& Each) { return Each.first != Target; });
+    const auto Last = std::find_if(First, vPairs.cend(),
+                                   [&](const Pair& Current) { return Current.first != Target; });
     if (!IsLiteral(vTo[Target])) {
       FindSource(First, Last, Target, vFrom, vTo);
     }
@@ -78,11 +78,11 @@ bool PlaceSources::Find(const SourceRule& RulePassIn, bool IsReversed) {
   if (vPairs.size() >= 2) {
     CheckLabels(vFrom, vTo);
   }
-  const auto StandsBefore = [](const Misfit& Left, const Misfit& Right) {
+  const auto ComesBefore = [](const Mismatch& Left, const Mismatch& Right) {
     return Left.Label.data() < Right.Label.data();
   };
-  std::sort(vMisfits.begin(), vMisfits.end(), StandsBefore);
-  return vMisfits.empty();
+  std::sort(vMismatches.begin(), vMismatches.end(), ComesBefore);
+  return vMismatches.empty();
 }
 
 }  // namespace Grammar

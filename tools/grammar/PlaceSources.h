@@ -30,7 +30,7 @@ class PlaceSources {
   };
 
   /// What keeps a place without source.
-  struct Misfit {
+  struct Mismatch {
     Fault What;
     std::string_view Label;  ///< of the component at fault, in the rule line
   };
@@ -46,7 +46,7 @@ class PlaceSources {
   const std::vector<std::uint32_t>& Sources() const { return vSources; }
 
   /// In the order of the rule line.
-  const std::vector<Misfit>& Misfits() const { return vMisfits; }
+  const std::vector<Mismatch>& Mismatches() const { return vMismatches; }
 
  private:
   using Labels = std::vector<std::string_view>;
@@ -60,7 +60,7 @@ class PlaceSources {
 
   std::vector<Pair> vPairs;  // of places, ascending, none twice
   std::vector<std::uint32_t> vSources;
-  std::vector<Misfit> vMisfits;
+  std::vector<Mismatch> vMismatches;
 };
 
 }  // namespace Grammar

@@ -38,7 +38,7 @@ void RuleFiles::Open(const std::string& Name) {
   Reader = std::make_unique<RuleReader>(IsFolded ? Lines->Stream : File->Stream(), Name);
 }
 
-/// Opens the next file that can be opened. @return false if there is not one
+/// Opens the next file that can be opened. @return false if there is none
 bool RuleFiles::OpenNext() {
   Reader = nullptr;
   Lines = nullptr;

@@ -26,7 +26,7 @@ class RuleFiles {
   RuleFiles(std::vector<std::string> vsNamesPassIn, bool Quiet, bool FoldedPassIn = false);
   ~RuleFiles();
 
-  /// Returns the next rule. @return false behind the last rule of the last file
+  /// Returns the next rule. @return false after the last rule of the last file
   bool Next(RuleText& TextReturn);
 
   /// Has files that cannot be read reported in another way, from now on.
@@ -37,14 +37,14 @@ class RuleFiles {
   /// Whether some file could not be read, or not to its end.
   bool HasFailed() const { return Failed; }
 
-  /// Goes on with the next file, wherever in this one it is. @return false behind the last one
+  /// Goes on with the next file, wherever in this one it is. @return false after the last one
   bool OpenNext();
 
   /// The name of the file that is open, and what comes next in it.
   const std::string& Name() const { return vsNames[NextName - 1]; }
   std::string_view Ahead() { return Reader->Ahead(); }
 
-  /// Returns the next rule of the file that is open. @return false behind its last rule
+  /// Returns the next rule of the file that is open. @return false after its last rule
   bool NextInFile(RuleText& TextReturn);
 
  private:

@@ -61,8 +61,9 @@ bool IsSamePair(const PairT& Left, const PairT& Right) {
 
 void RuleForm::ReadAlignments() {
   vPairs.clear();
-  for (const SourceRule::AlignmentLine& Each : Rule->Alignments()) {
-    vPairs.push_back({{Each.Parts.X, Each.Parts.Y}, {Each.Parts.XText, Each.Parts.YText}});
+  for (const SourceRule::AlignmentLine& Aligned : Rule->Alignments()) {
+    vPairs.push_back(
+        {{Aligned.Parts.X, Aligned.Parts.Y}, {Aligned.Parts.XText, Aligned.Parts.YText}});
   }
   if (!std::is_sorted(vPairs.begin(), vPairs.end(), ComesBefore<Pair>)) {
     std::stable_sort(vPairs.begin(), vPairs.end(), ComesBefore<Pair>);
@@ -73,9 +74,9 @@ void RuleForm::ReadAlignments() {
 void RuleForm::Flip() {
   std::swap(Types[Source], Types[Target]);
   std::swap(Labels[Source], Labels[Target]);
-  for (Pair& Each : vPairs) {
-    std::swap(Each.Index[Source], Each.Index[Target]);
-    std::swap(Each.Text[Source], Each.Text[Target]);
+  for (Pair& Current : vPairs) {
+    std::swap(Current.Index[Source], Current.Index[Target]);
+    std::swap(Current.Text[Source], Current.Text[Target]);
   }
   std::sort(vPairs.begin(), vPairs.end(), ComesBefore<Pair>);
 }
@@ -105,25 +106,26 @@ void AppendFeature(std::string_view Feature, std::string& TextReturn) {
 
 }  // namespace
 
-std::string_view RuleForm::CodeOf(const Line& Each) const {
-  return Rule->CodeOf(Each.Written->Line);
+std::string_view RuleForm::CodeOf(const Line& Current) const {
+  return Rule->CodeOf(Current.Written->Line);
 }
 
-std::string_view RuleForm::KeyOf(const Line& Each) const {
-  return std::string_view(Keys).substr(Each.Key.Begin, Each.KeyEnd - Each.Key.Begin);
+std::string_view RuleForm::KeyOf(const Line& Current) const {
+  return std::string_view(Keys).substr(Current.Key.Begin, Current.KeyEnd - Current.Key.Begin);
 }
 
-ConstraintView RuleForm::ViewOf(const Line& Each) const {
+ConstraintView RuleForm::ViewOf(const Line& Current) const {
   const std::string_view All = Keys;
-  return {Each.Category, Each.ConstrainedIndex,
-          All.substr(Each.Key.FeatureBegin, Each.Key.FeatureSize),
-          All.substr(Each.Key.ValueBegin, Each.KeyEnd - Each.Key.ValueBegin), Each.ValueConstraint};
+  return {Current.Category, Current.ConstrainedIndex,
+          All.substr(Current.Key.FeatureBegin, Current.Key.FeatureSize),
+          All.substr(Current.Key.ValueBegin, Current.KeyEnd - Current.Key.ValueBegin),
+          Current.ValueConstraint};
 }
 
-ConstraintView RuleForm::ViewOf(const Entry& Each) const {
-  ConstraintView Fields = ViewOf(vLines[Each.Kept]);
-  if (!Each.FeatValue.empty()) {
-    Fields.FeatValue = Each.FeatValue;
+ConstraintView RuleForm::ViewOf(const Entry& Current) const {
+  ConstraintView Fields = ViewOf(vLines[Current.Kept]);
+  if (!Current.FeatValue.empty()) {
+    Fields.FeatValue = Current.FeatValue;
   }
   return Fields;
 }
@@ -154,13 +156,13 @@ void RuleForm::ReadConstraints() {
   vLines.clear();
   Keys.clear();
   HasSeparator = false;
-  for (const SourceRule::ConstraintLine& Each : Rule->Constraints()) {
+  for (const SourceRule::ConstraintLine& Current : Rule->Constraints()) {
     Line& New = vLines.emplace_back();
-    New.Written = &Each;
+    New.Written = &Current;
     ReadKey(New);
   }
-  for (const Line& Each : vLines) {
-    const ConstraintView Fields = ViewOf(Each);
+  for (const Line& Current : vLines) {
+    const ConstraintView Fields = ViewOf(Current);
     HasSeparator =
         HasSeparator || Contains(Fields.Feature, "__") || Contains(Fields.FeatValue, "__");
   }
@@ -214,13 +216,14 @@ std::size_t RuleForm::MergeStretch(std::size_t Begin, std::size_t End, std::size
   std::sort(First, Last);
   Groups Stored;
   std::for_each(First, Last, [&](std::size_t Place) { AddConstraint(Place, Stored); });
-  for (auto& [Key, Each] : Stored) {
+  for (auto& [Key, Merged] : Stored) {
     const std::size_t EntryBegin = Kept;
-    for (const std::size_t Place : Each.vLines) {
+    for (const std::size_t Place : Merged.vLines) {
       vPlaces[Kept++] = Place;
     }
-    vEntries.push_back({Each.Kept, EntryBegin, Kept,
-                        Each.IsMerged ? std::move(Each.FeatValue) : std::string(), Each.IsOneList});
+    vEntries.push_back({Merged.Kept, EntryBegin, Kept,
+                        Merged.IsMerged ? std::move(Merged.FeatValue) : std::string(),
+                        Merged.IsOneList});
   }
   return Kept;
 }
@@ -299,8 +302,8 @@ void RuleForm::MergeInto(Groups::node_type Taken, const Line& New, Groups& Store
 RuleForm::Failure RuleForm::Order() {
   vOrdered.clear();
   vOrder.clear();
-  for (const Entry& Each : vEntries) {
-    const ConstraintView Fields = ViewOf(Each);
+  for (const Entry& Current : vEntries) {
+    const ConstraintView Fields = ViewOf(Current);
     auto& New = vOrdered.emplace_back();
     New.Category = Fields.Category;
     New.ConstrainedIndex = Fields.ConstrainedIndex;
@@ -319,11 +322,11 @@ void RuleForm::Load(TrRule& RecordReturn) const {
   TrRuleInternal::RuleLoader Loader(RecordReturn);
   std::vector<TrRuleInternal::Merging> vMergings;
   Loader.SetRuleLine(Rule->RuleLines().front().Parts);
-  for (const SourceRule::AlignmentLine& Each : Rule->Alignments()) {
-    Loader.AddAlignment(Each.Parts);
+  for (const SourceRule::AlignmentLine& Aligned : Rule->Alignments()) {
+    Loader.AddAlignment(Aligned.Parts);
   }
-  for (const Line& Each : vLines) {
-    Loader.AddConstraint(ViewOf(Each), UnknownRank, vMergings);
+  for (const Line& Current : vLines) {
+    Loader.AddConstraint(ViewOf(Current), UnknownRank, vMergings);
   }
   Loader.Finish();
 }
@@ -377,20 +380,20 @@ void RuleForm::AppendLabel(std::string_view Label, std::string& TextReturn) {
 
 std::string RuleForm::AlignmentText() const {
   std::string Text;
-  for (const Pair& Each : vPairs) {
-    TrRuleInternal::AppendPair(Text, Each.Text[Source], Each.Text[Target]);
+  for (const Pair& Current : vPairs) {
+    TrRuleInternal::AppendPair(Text, Current.Text[Source], Current.Text[Target]);
   }
   return Text;
 }
 
 /// Appends one constraint line in the normal form.
-void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
-  const ConstraintParts& Parts = Each.Written->Parts;
-  if (IsNormal(*Each.Written)) {
-    AppendUpper(CodeOf(Each), TextReturn);
+void RuleForm::AppendWritten(const Line& Current, std::string& TextReturn) const {
+  const ConstraintParts& Parts = Current.Written->Parts;
+  if (IsNormal(*Current.Written)) {
+    AppendUpper(CodeOf(Current), TextReturn);
     return;
   }
-  AppendLeft(Parts, ViewOf(Each).Feature, TextReturn);
+  AppendLeft(Parts, ViewOf(Current).Feature, TextReturn);
   if (Parts.Kind == RightKind::Reference) {
     TextReturn += '(';
     AppendUpper(Parts.RightNode->Text, TextReturn);
@@ -400,29 +403,29 @@ void RuleForm::AppendWritten(const Line& Each, std::string& TextReturn) const {
   } else {
     // Of a negation the library keeps all but the parenthesis, unless it takes it for a
     // disjunction.
-    TextReturn += ViewOf(Each).FeatValue;
+    TextReturn += ViewOf(Current).FeatValue;
     TextReturn += Parts.Kind == RightKind::Not && TextReturn.back() != ')' ? ")" : "";
   }
   TextReturn += ')';
 }
 
 /// Appends the lines that an entry stands for, each with a line end.
-void RuleForm::AppendEntry(const Entry& Each, std::string& TextReturn) const {
-  if (Each.IsOneList && !Each.FeatValue.empty()) {
-    const Line& First = vLines[vPlaces[Each.Begin]];
+void RuleForm::AppendEntry(const Entry& Current, std::string& TextReturn) const {
+  if (Current.IsOneList && !Current.FeatValue.empty()) {
+    const Line& First = vLines[vPlaces[Current.Begin]];
     AppendLeft(First.Written->Parts, ViewOf(First).Feature, TextReturn);
-    TextReturn.append(Each.FeatValue).append(")\n");
+    TextReturn.append(Current.FeatValue).append(")\n");
     return;
   }
-  for (std::size_t At = Each.Begin; At < Each.End; ++At) {
+  for (std::size_t At = Current.Begin; At < Current.End; ++At) {
     AppendWritten(vLines[vPlaces[At]], TextReturn);
     TextReturn += '\n';
   }
 }
 
 /// Appends the one line that the library writes of an entry.
-void RuleForm::AppendLibraryEntry(const Entry& Each, std::string& TextReturn) const {
-  TrRuleInternal::AppendConstraint(TextReturn, ViewOf(Each));
+void RuleForm::AppendLibraryEntry(const Entry& Current, std::string& TextReturn) const {
+  TrRuleInternal::AppendConstraint(TextReturn, ViewOf(Current));
   TextReturn += '\n';
 }
 
@@ -443,15 +446,15 @@ void RuleForm::AppendRuleLine(bool KeepsLiterals, std::string& TextReturn) const
 }
 
 void RuleForm::AppendAlignments(std::string& TextReturn) const {
-  for (const Pair& Each : vPairs) {
+  for (const Pair& Current : vPairs) {
     bool IsLexicalized = false;
     for (const std::size_t Side : {Source, Target}) {
-      const auto Index = static_cast<std::size_t>(Each.Index[Side]);
+      const auto Index = static_cast<std::size_t>(Current.Index[Side]);
       IsLexicalized = IsLexicalized || (Index > 0 && Index <= Labels[Side].size() &&
                                         IsQuoted(Labels[Side][Index - 1]));
     }
-    TrRuleInternal::Append(TextReturn, {IsLexicalized ? ";--;(X" : "(X", Each.Text[Source], "::Y",
-                                        Each.Text[Target], ")\n"});
+    TrRuleInternal::Append(TextReturn, {IsLexicalized ? ";--;(X" : "(X", Current.Text[Source],
+                                        "::Y", Current.Text[Target], ")\n"});
   }
 }
 
@@ -477,10 +480,10 @@ bool IsLibraryLabel(std::string_view Label) {
 }  // namespace
 
 /// Whether the library writes the same line of an entry, in the same sense.
-bool RuleForm::IsLibraryEntry(const Entry& Each) const {
-  const SourceRule::ConstraintLine& Written = *vLines[Each.Kept].Written;
+bool RuleForm::IsLibraryEntry(const Entry& Current) const {
+  const SourceRule::ConstraintLine& Written = *vLines[Current.Kept].Written;
   const ConstraintParts& Parts = Written.Parts;
-  if (Each.End - Each.Begin > 1 || !Each.FeatValue.empty() || !IsNormal(Written) ||
+  if (Current.End - Current.Begin > 1 || !Current.FeatValue.empty() || !IsNormal(Written) ||
       Contains(Parts.Feature, " ")) {
     return false;
   }
@@ -499,7 +502,7 @@ bool RuleForm::IsLibraryBlock() const {
   return std::all_of(Labels[Source].begin(), Labels[Source].end(), IsLibraryLabel) &&
          std::all_of(Labels[Target].begin(), Labels[Target].end(), IsLibraryLabel) &&
          std::all_of(vEntries.begin(), vEntries.end(),
-                     [this](const Entry& Each) { return IsLibraryEntry(Each); });
+                     [this](const Entry& Current) { return IsLibraryEntry(Current); });
 }
 
 bool RuleForm::AppendComparisonText(std::string& TextReturn) const {

@@ -150,16 +150,16 @@ class RuleForm {
   void MergeInto(Groups::node_type Taken, const Line& New, Groups& StoredReturn) const;
   void AddRepetition(std::size_t Place, Group& GroupReturn) const;
   Failure Order();
-  std::string_view KeyOf(const Line& Each) const;
-  TrRuleInternal::ConstraintView ViewOf(const Line& Each) const;
-  TrRuleInternal::ConstraintView ViewOf(const Entry& Each) const;
+  std::string_view KeyOf(const Line& Current) const;
+  TrRuleInternal::ConstraintView ViewOf(const Line& Current) const;
+  TrRuleInternal::ConstraintView ViewOf(const Entry& Current) const;
   bool IsSamePath(const Line& Left, const Line& Right) const;
-  bool IsLibraryEntry(const Entry& Each) const;
+  bool IsLibraryEntry(const Entry& Current) const;
   bool IsLibraryBlock() const;
-  std::string_view CodeOf(const Line& Each) const;
-  void AppendWritten(const Line& Each, std::string& TextReturn) const;
-  void AppendEntry(const Entry& Each, std::string& TextReturn) const;
-  void AppendLibraryEntry(const Entry& Each, std::string& TextReturn) const;
+  std::string_view CodeOf(const Line& Current) const;
+  void AppendWritten(const Line& Current, std::string& TextReturn) const;
+  void AppendEntry(const Entry& Current, std::string& TextReturn) const;
+  void AppendLibraryEntry(const Entry& Current, std::string& TextReturn) const;
   void AppendRuleLine(bool KeepsLiterals, std::string& TextReturn) const;
   void AppendAlignments(std::string& TextReturn) const;
 

@@ -21,8 +21,8 @@ void AppendLine(const Buffer& Object, std::string& TextReturn) {
 }  // namespace
 
 void AppendJson(const RuleRecord& Record, std::string& TextReturn) {
-  constexpr std::size_t UsualSize = 4096;
-  Buffer Object(nullptr, UsualSize);
+  constexpr std::size_t TypicalSize = 4096;
+  Buffer Object(nullptr, TypicalSize);
   Writer Output(Object);
   JsonEvents(Output).HandRule(Record);
   AppendLine(Object, TextReturn);

@@ -12,11 +12,11 @@ RuleReader::RuleReader(std::istream& StreamPassIn, std::string FilePassIn)
     : Stream(&StreamPassIn), File(std::move(FilePassIn)) {}
 
 RuleReader::RuleReader(std::string TextPassIn) : Buffer(std::move(TextPassIn)), AtEnd(true) {
-  constexpr std::size_t UsualLines = 32;
-  vSpans.reserve(UsualLines);
+  constexpr std::size_t TypicalLines = 32;
+  vSpans.reserve(TypicalLines);
 }
 
-/// Reads another block behind what is there. What was returned makes room for it.
+/// Reads another block after what is there. What was returned makes room for it.
 bool RuleReader::Fill() {
   constexpr std::size_t BlockSize = 1U << 16U;
   if (AtEnd) {
@@ -74,7 +74,7 @@ bool RuleReader::FillLine(std::size_t From, std::size_t& EndReturn) {
 
 /// Whether a line begins the next rule; otherwise it is one of this rule.
 ///
-/// A second sequence line begins a rule without a header, unless the body of this one is still
+/// A second rule line begins a rule without a header, unless the body of this one is still
 /// open or has not begun: then it is a mistake. Lines before the first rule's header or sequence
 /// line are taken as its own, since the library reads the lines of a rule in any order.
 bool RuleReader::StartsRule(LineKind Kind, std::string_view Code) {
@@ -146,7 +146,7 @@ bool RuleReader::Next(RuleText& TextReturn) {
     } else if (Line.Kind != LineKind::Blank && Line.Kind != LineKind::Comment) {
       if (StartsRule(Line.Kind, Rest().substr(Line.CodeBegin, Line.CodeEnd - Line.CodeBegin))) {
         // Where nothing is left of a rule that came in pieces, an empty piece ends it.
-        HandOut(RuleEnd, RuleLines, TextReturn);
+        Deliver(RuleEnd, RuleLines, TextReturn);
         TextReturn.HasRule = true;
         Continues = false;
         Seen = Progress();
@@ -157,11 +157,11 @@ bool RuleReader::Next(RuleText& TextReturn) {
     }
     vSpans.push_back(Line);
     if (End > MaxHeld) {
-      return HandOutPiece(End, TextReturn);
+      return DeliverPiece(End, TextReturn);
     }
   }
   if (From == Rest().size() && AtEnd) {
-    HandOut(From, vSpans.size(), TextReturn);
+    Deliver(From, vSpans.size(), TextReturn);
     TextReturn.HasRule = RuleLines > 0;
     return !TextReturn.Text.empty();
   }
@@ -171,27 +171,27 @@ bool RuleReader::Next(RuleText& TextReturn) {
     From = Rest().size();
     vSpans.push_back(SpanOf(0, From));
   }
-  return HandOutPiece(From, TextReturn);
+  return DeliverPiece(From, TextReturn);
 }
 
-bool RuleReader::HandOutPiece(std::size_t Size, RuleText& TextReturn) {
-  HandOut(Size, vSpans.size(), TextReturn);
+bool RuleReader::DeliverPiece(std::size_t Size, RuleText& TextReturn) {
+  Deliver(Size, vSpans.size(), TextReturn);
   TextReturn.HasRule = true;
   TextReturn.IsPiece = true;
   Continues = true;
   return true;
 }
 
-void RuleReader::HandOut(std::size_t Size, std::size_t Lines, RuleText& TextReturn) {
+void RuleReader::Deliver(std::size_t Size, std::size_t Lines, RuleText& TextReturn) {
   TextReturn.File = File;
   TextReturn.FirstLine = LineNumber;
   TextReturn.Text.assign(Buffer, Start, Size);
   TextReturn.vLines.assign(vSpans.begin(), vSpans.begin() + static_cast<std::ptrdiff_t>(Lines));
   TextReturn.HasReturns = Contains(TextReturn.Text, "\r\n");
-  TextReturn.LacksLastEnd = Size > 0 && TextReturn.Text.back() != '\n';
+  TextReturn.LacksFinalNewline = Size > 0 && TextReturn.Text.back() != '\n';
   TextReturn.IsPiece = Continues;
   TextReturn.Continues = Continues;
-  LineNumber += Lines - (TextReturn.LacksLastEnd && Seen.InsideLine ? 1 : 0);
+  LineNumber += Lines - (TextReturn.LacksFinalNewline && Seen.InsideLine ? 1 : 0);
   Bytes += Size;
   Start += Size;
 }

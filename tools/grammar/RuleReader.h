@@ -13,7 +13,7 @@ namespace Grammar {
 
 /// Reads a grammar rule by rule, holding little more than one rule at a time.
 ///
-/// A rule begins at its header, or at its sequence line where it has no header, together with the
+/// A rule begins at its header, or at its rule line where it has no header, together with the
 /// comment and blank lines right before it; it ends before the next one begins. Every byte of the
 /// input is in exactly one of the texts that are returned, in order.
 ///
@@ -62,8 +62,8 @@ class RuleReader {
   bool StartsRule(LineKind Kind, std::string_view Code);
   void NoteBody(LineKind Kind, std::string_view Code);
   RuleText::Span SpanOf(std::size_t From, std::size_t End) const;
-  void HandOut(std::size_t Size, std::size_t Lines, RuleText& TextReturn);
-  bool HandOutPiece(std::size_t Size, RuleText& TextReturn);
+  void Deliver(std::size_t Size, std::size_t Lines, RuleText& TextReturn);
+  bool DeliverPiece(std::size_t Size, RuleText& TextReturn);
 
   std::string_view Rest() const { return std::string_view(Buffer).substr(Start); }
 

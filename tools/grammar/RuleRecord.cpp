@@ -15,7 +15,7 @@ namespace Grammar {
 
 namespace {
 
-/// How many bytes the library reads behind a cut.
+/// How many bytes the library reads after a cut.
 constexpr std::size_t ReaderLimit = TrRuleInternal::Splitter::MaxRest;
 
 /// Whether the library does not get to see the end of a text.
@@ -34,8 +34,8 @@ bool IsTooLong(const RuleText& TextPassIn) {
   if (TextPassIn.Text.size() <= ReaderLimit) {
     return false;
   }
-  const auto IsLong = [](const RuleText::Span& Each) {
-    return Each.End - Each.Begin > ReaderLimit;
+  const auto IsLong = [](const RuleText::Span& Current) {
+    return Current.End - Current.Begin > ReaderLimit;
   };
   return IsCut(TextPassIn.Text) ||
          std::any_of(TextPassIn.vLines.begin(), TextPassIn.vLines.end(), IsLong);
@@ -56,18 +56,18 @@ bool RuleRecord::Read(const RuleText& TextPassIn) {
   HasForm = Source.IsWhole() && !IsTooLong(TextPassIn);
   if (HasForm && OrderedForm.Read(Source) == RuleForm::Failure::None) {
     ReadComments(TextPassIn);
-    Succeeded = !NeedsProof(TextPassIn) || IsStable();
+    Succeeded = !NeedsRoundTrip(TextPassIn) || IsStable();
   } else {
     vsComments.clear();
   }
   return Succeeded;
 }
 
-/// Keeps the header, the comments, and what is no part of the rule. The comments of the rule before
-/// are written over, which saves their storage.
+/// Keeps the header, the comments, and what is not part of the rule. The comments of the rule
+/// before are written over, which saves their storage.
 void RuleRecord::ReadComments(const RuleText& TextPassIn) {
-  for (const SourceRule::HeaderLine& Each : Source.Headers()) {
-    RuleHead = HeaderOf(Each.Parts, TextPassIn.Parts(Each.Line).Code);
+  for (const SourceRule::HeaderLine& Line : Source.Headers()) {
+    RuleHead = HeaderOf(Line.Parts, TextPassIn.Parts(Line.Line).Code);
   }
   std::size_t Count = 0;
   const auto Add = [&](std::string_view Comment) {
@@ -96,7 +96,7 @@ void RuleRecord::ReadComments(const RuleText& TextPassIn) {
 /// Whether reading the written rule is the only way to know that it says the same: quotes hide the
 /// sign of a comment, and the written line may have other quotes; keys that hold their own
 /// separator merge in ways that depend on their order; and what is written may be too long.
-bool RuleRecord::NeedsProof(const RuleText& TextPassIn) const {
+bool RuleRecord::NeedsRoundTrip(const RuleText& TextPassIn) const {
   const auto HidesSign = [&](std::size_t Line) {
     const LineParts Parts = TextPassIn.Parts(Line);
     return Parts.HasQuotes && (!Parts.Comment.empty() || Contains(Parts.Code, ";;"));

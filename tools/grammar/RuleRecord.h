@@ -15,7 +15,7 @@
 
 namespace Grammar {
 
-/// The count in the first comment that bears its label; 1 if there is not one.
+/// The count in the first comment that bears its label; 1 if there is none.
 int CountIn(const std::vector<std::string>& vsComments);
 
 /// One rule as it is written again: comments, header, and what its lines say.
@@ -32,8 +32,8 @@ class RuleRecord {
   ///
   /// A rule whose lines are not all in the format, that is longer than the library takes, or that
   /// the library cannot write, is not read; `ReadRule` of RuleChecker.h reports why. Text on its
-  /// lines that is no part of the rule keeps no rule from being read: it becomes a comment. Nothing
-  /// reaches the standard streams, and nothing ends the process.
+  /// lines that is not part of the rule keeps no rule from being read: it becomes a comment.
+  /// Nothing reaches the standard streams, and nothing ends the process.
   /// @param TextPassIn has to outlive the record, or its next reading
   /// @return whether the record holds the rule
   bool Read(const RuleText& TextPassIn);
@@ -71,7 +71,7 @@ class RuleRecord {
 
   /// How many examples the rule stands for, from 1; see CountText.h.
   int Count() const { return CountIn(vsComments); }
-  /// Sets the count in the comment ";;Score:", which is added where there is not one.
+  /// Sets the count in the comment ";;Score:", which is added where there is none.
   void SetCount(int CountPassIn);
 
   /// The text that the library compares rules by. Made anew by each call.
@@ -96,7 +96,7 @@ class RuleRecord {
  private:
   void Clear();
   void ReadComments(const RuleText& TextPassIn);
-  bool NeedsProof(const RuleText& TextPassIn) const;
+  bool NeedsRoundTrip(const RuleText& TextPassIn) const;
   bool IsStable() const;
 
   SourceRule Source;
@@ -108,18 +108,18 @@ class RuleRecord {
   bool Succeeded = false;
 };
 
-/// Whether a text is cut off when the library reads it: behind the first line end, and within each
+/// Whether a text is cut off when the library reads it: after the first line end, and within each
 /// line, it takes that many bytes.
 bool IsTooLong(const RuleText& TextPassIn);
 
 /// Takes apart a text that is one rule. @return false if it is not one, or several
 bool ReadOnlyRule(std::string Written, RuleText& TextReturn);
 
-/// Whether a comment begins with a label such as "SL:", with or without blanks behind ";;", and
-/// the text behind the label and the blanks after it.
+/// Whether a comment begins with a label such as "SL:", with or without blanks after ";;", and
+/// the text after the label and the blanks after it.
 bool TakeLabel(std::string_view Comment, std::string_view Label, std::string_view& RestReturn);
 
-/// The first comment with a label, and the text after it; the end where there is not one.
+/// The first comment with a label, and the text after it; the end where there is none.
 std::vector<std::string>::const_iterator FindLabel(const std::vector<std::string>& vsComments,
                                                    std::string_view Label,
                                                    std::string_view& RestReturn);

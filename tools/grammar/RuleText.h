@@ -27,13 +27,13 @@ struct RuleText {
     bool HasQuotes = false;
   };
 
-  std::string File;           ///< the name of the file, "-" for standard input
-  std::size_t FirstLine = 1;  ///< the number of the first line in its file, from 1
-  std::string Text;           ///< all bytes, line ends included
-  std::vector<Span> vLines;   ///< the lines of `Text`, in order
-  bool HasRule = false;       ///< whether there is more than comment and blank lines
-  bool HasReturns = false;    ///< whether some line ends in CRLF
-  bool LacksLastEnd = false;  ///< whether the last line has no line end
+  std::string File;                ///< the name of the file, "-" for standard input
+  std::size_t FirstLine = 1;       ///< the number of the first line in its file, from 1
+  std::string Text;                ///< all bytes, line ends included
+  std::vector<Span> vLines;        ///< the lines of `Text`, in order
+  bool HasRule = false;            ///< whether there is more than comment and blank lines
+  bool HasReturns = false;         ///< whether some line ends in CRLF
+  bool LacksFinalNewline = false;  ///< whether the last line has no line end
 
   /// A rule that is longer than `RuleReader::MaxHeld` comes in pieces; none can be read as a rule.
   bool IsPiece = false;
@@ -46,9 +46,9 @@ struct RuleText {
 
   /// The same line, parsed as `PartsOf` does.
   LineParts Parts(std::size_t Index) const {
-    const Span& Each = vLines[Index];
-    return {Each.Kind, Between(Each.CodeBegin, Each.CodeEnd),
-            Between(Each.CommentBegin, Each.CommentEnd), Each.HasQuotes};
+    const Span& Range = vLines[Index];
+    return {Range.Kind, Between(Range.CodeBegin, Range.CodeEnd),
+            Between(Range.CommentBegin, Range.CommentEnd), Range.HasQuotes};
   }
 
  private:

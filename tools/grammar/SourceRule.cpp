@@ -99,7 +99,7 @@ TrRuleInternal::ConstraintFields SourceRule::FieldsOf(const ConstraintLine& Cons
 bool SourceRule::HasAlignmentLine() const {
   return !vAlignments.empty() ||
          std::any_of(vBroken.begin(), vBroken.end(),
-                     [](const BrokenLine& Each) { return Each.Kind == LineKind::Alignment; });
+                     [](const BrokenLine& Line) { return Line.Kind == LineKind::Alignment; });
 }
 
 bool SourceRule::IsWhole() const {

@@ -79,7 +79,7 @@ class SourceRule {
   /// A line without its comment.
   std::string_view CodeOf(std::size_t Line) const { return Source->Parts(Line).Code; }
 
-  /// What the library reads from a constraint line: a reference behind a doubled equals sign is
+  /// What the library reads from a constraint line: a reference after a doubled equals sign is
   /// none for its reader, and stays one here.
   TrRuleInternal::ConstraintFields FieldsOf(const ConstraintLine& Constraint) const;
 

@@ -6,7 +6,7 @@
 
 namespace Grammar {
 
-/// Cuts start types as --start has them: at commas, without blanks. What stands between two commas
+/// Cuts start types as --start has them: at commas, without blanks. The text between two commas
 /// counts even if it is empty.
 ///
 ///   ParseStartTypes("S, NP")  // {"S", "NP"}

@@ -18,12 +18,12 @@ using Texts = std::vector<std::string_view>;
 
 /// The two texts, where they are not blank. Hardly a line has any: the others need not be read.
 template <typename IsReadT>
-Texts StrayOf(std::string_view Before, std::string_view Behind, IsReadT IsRead) {
+Texts StrayOf(std::string_view Before, std::string_view After, IsReadT IsRead) {
   Texts vStray;
-  if ((Before.empty() && Behind.empty()) || !IsRead()) {
+  if ((Before.empty() && After.empty()) || !IsRead()) {
     return vStray;
   }
-  for (const std::string_view Text : {Trimmed(Before), Trimmed(Behind)}) {
+  for (const std::string_view Text : {Trimmed(Before), Trimmed(After)}) {
     if (!Text.empty()) {
       vStray.push_back(Text);
     }
@@ -97,7 +97,7 @@ bool EndsWith(std::string_view Text, std::string_view End) {
   return Text.size() >= End.size() && Text.substr(Text.size() - End.size()) == End;
 }
 
-/// Whether the first byte of `Rest` has to be hidden behind what is written already.
+/// Whether the first byte of `Rest` has to be hidden after what is written already.
 bool IsHidden(std::string_view Written, std::string_view Rest) {
   switch (Rest.front()) {
     case '{':

@@ -7,7 +7,7 @@
 #include <vector>
 
 /// @file
-/// Text on the lines of a rule that is no part of the rule.
+/// Text on the lines of a rule that is not part of the rule.
 ///
 ///   StrayTexts(PartsOf("(X1::Y1) see {NP,3}"))  // "see {NP,3}"
 ///   StrayComment("see {NP,3}")                  // ";; not read: see %7BNP,3}"
@@ -23,13 +23,13 @@ constexpr bool MayHaveStrayTexts(LineKind Kind) {
          Kind == LineKind::Other;
 }
 
-/// What means nothing on a line that can be read: all of it, or the text before and behind the
+/// What means nothing on a line that can be read: all of it, or the text before and after the
 /// header, the rule line or the alignment. In the order of the line, without blanks at the ends.
 std::vector<std::string_view> StrayTexts(const LineParts& Parts);
 
 /// A comment that keeps a text and that the library's reader takes for nothing but a comment.
 ///
-/// Behind ";; not read: " stands the text. What would make a line of the rule of it is written as
+/// After ";; not read: " stands the text. What would make a line of the rule of it is written as
 /// "%" and two hexadecimal digits: "{", "=", the second colon of "::" and the last bracket of
 /// "] -> [". So is a "%" that is before two such digits. The label keeps "SL: a car" from
 /// becoming the example of the rule, and "Score: 3" its count.

@@ -15,7 +15,7 @@ UnfoldingBuffer::int_type UnfoldingBuffer::underflow() {
     if (Folded.empty()) {
       return traits_type::eof();
     }
-    // A backslash needs the byte behind it; an odd run of them ends with one that has none yet.
+    // A backslash needs the byte after it; an odd run of them ends with one that has none yet.
     const std::size_t Run = Folded.size() - (Folded.find_last_not_of('\\') + 1);
     HasBackslash = !IsLast && Run % 2 == 1;
     Folded.resize(Folded.size() - (HasBackslash ? 1 : 0));

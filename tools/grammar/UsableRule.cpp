@@ -41,11 +41,11 @@ std::string_view ParenthesisInList(const ConstraintParts& Parts) {
 
 namespace {
 
-bool IsUsable(const SourceRule& Lines, const SourceRule::AlignmentLine& Each) {
+bool IsUsable(const SourceRule& Lines, const SourceRule::AlignmentLine& Line) {
   const auto IsIn = [](int Index, const std::vector<std::string_view>& vLabels) {
     return Index >= 1 && static_cast<std::size_t>(Index) <= vLabels.size();
   };
-  return IsIn(Each.Parts.X, Lines.SLLabels()) && IsIn(Each.Parts.Y, Lines.TLLabels());
+  return IsIn(Line.Parts.X, Lines.SLLabels()) && IsIn(Line.Parts.Y, Lines.TLLabels());
 }
 
 bool IsUsable(const SourceRule& Lines, const ConstraintParts& Parts) {
@@ -59,10 +59,10 @@ bool HasUsableLines(const SourceRule& Lines) {
   return !IsTooLong(Lines.Text()) && Lines.IsWhole() &&
          std::all_of(
              Lines.Alignments().begin(), Lines.Alignments().end(),
-             [&](const SourceRule::AlignmentLine& Each) { return IsUsable(Lines, Each); }) &&
+             [&](const SourceRule::AlignmentLine& Line) { return IsUsable(Lines, Line); }) &&
          std::all_of(
              Lines.Constraints().begin(), Lines.Constraints().end(),
-             [&](const SourceRule::ConstraintLine& Each) { return IsUsable(Lines, Each.Parts); });
+             [&](const SourceRule::ConstraintLine& Line) { return IsUsable(Lines, Line.Parts); });
 }
 
 // ---- Equations --------------------------------------------------------------------------------
@@ -81,7 +81,7 @@ void AddWords(std::string_view Text, std::vector<std::string_view>& vWordsReturn
 
 void SetPath(const NodeText& Node, std::string_view Features, bool IsReversed,
              NodePath& PathReturn) {
-  PathReturn.Of = (Node.Side == 'X') != IsReversed ? Side::X : Side::Y;
+  PathReturn.OnSide = (Node.Side == 'X') != IsReversed ? Side::X : Side::Y;
   PathReturn.Index = static_cast<std::uint32_t>(Node.Index);
   AddWords(Features, PathReturn.vFeatures);
 }
@@ -125,12 +125,12 @@ std::size_t LineOfRule(const RuleText& Text) {
 
 namespace {
 
-/// The count in the first comment that bears its label; 1 if there is not one.
+/// The count in the first comment that bears its label; 1 if there is none.
 std::uint32_t CountIn(const RuleText& Text) {
   for (std::size_t Line = 0; Line < Text.vLines.size(); ++Line) {
-    const RuleText::Span& Each = Text.vLines[Line];
+    const RuleText::Span& Range = Text.vLines[Line];
     std::string_view Rest;
-    if (Each.CommentBegin != Each.CommentEnd &&
+    if (Range.CommentBegin != Range.CommentEnd &&
         TakeLabel(Text.Parts(Line).Comment, ScoreLabel, Rest)) {
       return static_cast<std::uint32_t>(ParseCount(Rest).Value);
     }
@@ -175,10 +175,10 @@ bool ReadUsableRule(const SourceRule& Lines, bool IsReversed, UsableRule& RuleRe
   ReadHeader(Lines, RuleReturn);
   ReadSides(Lines, IsReversed, RuleReturn);
   RuleReturn.vEquations.clear();
-  for (const SourceRule::ConstraintLine& Each : Lines.Constraints()) {
+  for (const SourceRule::ConstraintLine& Line : Lines.Constraints()) {
     Equation& New = RuleReturn.vEquations.emplace_back();
-    New.Line = Text.FirstLine + Each.Line;
-    SetEquation(Each.Parts, IsReversed, New);
+    New.Line = Text.FirstLine + Line.Line;
+    SetEquation(Line.Parts, IsReversed, New);
   }
   RuleReturn.Count = CountIn(Text);
   return true;

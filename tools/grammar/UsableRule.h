@@ -18,7 +18,7 @@ enum class Side : std::uint8_t { X, Y };
 
 /// A node with features, such as "(y2 agr gen)".
 struct NodePath {
-  Side Of = Side::X;
+  Side OnSide = Side::X;
   std::uint32_t Index = 0;                  ///< 0 for the rule's own node, components from 1
   std::vector<std::string_view> vFeatures;  ///< as written
 };
@@ -89,7 +89,7 @@ bool HasComponent(const SourceRule& Lines, const TrRuleInternal::NodeText& Node)
 bool LacksNode(const TrRuleInternal::ConstraintParts& Parts);
 
 /// The first parenthesis within a list of values, and what follows it: the library writes such
-/// lists, but they mean nothing. Empty where there is not one.
+/// lists, but they mean nothing. Empty where there is none.
 std::string_view ParenthesisInList(const TrRuleInternal::ConstraintParts& Parts);
 
 /// The line that a rule is named by: that of the rule line, else of the header, else the first one

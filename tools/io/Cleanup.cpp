@@ -22,8 +22,8 @@ std::array<std::atomic<const char*>, 8> UnfinishedNames{};
 static_assert(std::atomic<const char*>::is_always_lock_free);
 
 extern "C" void RemoveFilesAndEnd(int Signal) {
-  for (const auto& Each : UnfinishedNames) {
-    const char* Name = Each.load();
+  for (const auto& Current : UnfinishedNames) {
+    const char* Name = Current.load();
     if (Name != nullptr) {
       unlink(Name);
     }

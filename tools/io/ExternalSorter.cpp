@@ -40,11 +40,11 @@ class RunReader {
     if (!Have(sizeof(Head))) {
       return false;
     }
-    const Head Each = HeadOf(Buffer.data() + Start);
-    Size = sizeof(Head) + Each.KeySize + Each.PayloadSize;
+    const Head Sizes = HeadOf(Buffer.data() + Start);
+    Size = sizeof(Head) + Sizes.KeySize + Sizes.PayloadSize;
     Have(Size);
     const char* Key = Buffer.data() + Start + sizeof(Head);
-    Current = {{Key, Each.KeySize}, {Key + Each.KeySize, Each.PayloadSize}};
+    Current = {{Key, Sizes.KeySize}, {Key + Sizes.KeySize, Sizes.PayloadSize}};
     return true;
   }
 
@@ -53,7 +53,7 @@ class RunReader {
   std::string_view Stored() const { return {Buffer.data() + Start, Size}; }
 
  private:
-  /// Whether that many bytes are there behind the start, after reading what is missing.
+  /// Whether that many bytes are there after the start, after reading what is missing.
   bool Have(std::size_t Count) {
     if (Buffer.size() - Start >= Count) {
       return true;
@@ -169,9 +169,9 @@ std::string_view ExternalSorter::KeyOf(const char* Stored) {
 }
 
 SortRecord ExternalSorter::RecordOf(const char* Stored) {
-  const Head Each = HeadOf(Stored);
+  const Head Sizes = HeadOf(Stored);
   const char* Key = Stored + sizeof(Head);
-  return {{Key, Each.KeySize}, {Key + Each.KeySize, Each.PayloadSize}};
+  return {{Key, Sizes.KeySize}, {Key + Sizes.KeySize, Sizes.PayloadSize}};
 }
 
 char* ExternalSorter::Allocate(std::size_t Size) {
@@ -209,10 +209,10 @@ void ExternalSorter::Add(std::string_view Key, std::string_view Payload) {
     Spill();
   }
   char* Stored = Allocate(Size);
-  const Head Each{Arrived++, Key.size(), Payload.size()};
-  std::memcpy(Stored, &Each, sizeof Each);
-  Key.copy(Stored + sizeof Each, Key.size());
-  Payload.copy(Stored + sizeof Each + Key.size(), Payload.size());
+  const Head Sizes{Arrived++, Key.size(), Payload.size()};
+  std::memcpy(Stored, &Sizes, sizeof Sizes);
+  Key.copy(Stored + sizeof Sizes, Key.size());
+  Payload.copy(Stored + sizeof Sizes + Key.size(), Payload.size());
   vEntries.push_back({0, Stored});
 }
 
@@ -221,9 +221,9 @@ void ExternalSorter::Add(std::string_view Key, std::string_view Payload) {
 void ExternalSorter::SortEntries() {
   vStretches.push_back({0, vEntries.size(), 0});
   while (!vStretches.empty()) {
-    const Stretch Each = vStretches.back();
+    const Stretch Range = vStretches.back();
     vStretches.pop_back();
-    SortLevel(Each.Begin, Each.End, Each.Depth);
+    SortLevel(Range.Begin, Range.End, Range.Depth);
   }
 }
 
@@ -262,9 +262,9 @@ void ExternalSorter::Spill() {
     File = std::make_unique<SpillFile>();
   }
   const std::uint64_t Begin = File->Size();
-  for (const Entry& Each : vEntries) {
-    const Head Sizes = HeadOf(Each.Stored);
-    File->Append({Each.Stored, sizeof(Head) + Sizes.KeySize + Sizes.PayloadSize});
+  for (const Entry& Current : vEntries) {
+    const Head Sizes = HeadOf(Current.Stored);
+    File->Append({Current.Stored, sizeof(Head) + Sizes.KeySize + Sizes.PayloadSize});
   }
   vRuns.push_back({Begin, File->Size()});
   ++Spilled;

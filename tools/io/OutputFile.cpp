@@ -20,7 +20,7 @@ mode_t NewFileMode() {
   return 0666U & ~Mask;
 }
 
-/// The file that a name leads to, over symbolic links; the name itself where there is not one yet.
+/// The file that a name leads to, over symbolic links; the name itself where there is none yet.
 std::string Resolved(const std::string& Path) {
   const std::unique_ptr<char, decltype(&std::free)> Real(realpath(Path.c_str(), nullptr),
                                                          &std::free);

@@ -10,14 +10,14 @@ AtomSetId AtomSets::Intern(AtomSet Set) {
   std::sort(Set.vAtoms.begin(), Set.vAtoms.end());
   Set.vAtoms.erase(std::unique(Set.vAtoms.begin(), Set.vAtoms.end()), Set.vAtoms.end());
   std::uint32_t& Slot =
-      Index.Find(HashOfSet(Set), [&](AtomSetId Each) { return vSets[Each] == Set; });
+      Index.Find(HashOfSet(Set), [&](AtomSetId Atom) { return vSets[Atom] == Set; });
   if (Slot != NoEntry) {
     return Slot;
   }
   const auto New = static_cast<AtomSetId>(vSets.size());
   Slot = New;
   vSets.push_back(std::move(Set));
-  Index.NoteAdded([&](AtomSetId Each) { return HashOfSet(vSets[Each]); });
+  Index.NoteAdded([&](AtomSetId Atom) { return HashOfSet(vSets[Atom]); });
   return New;
 }
 

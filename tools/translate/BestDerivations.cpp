@@ -1,4 +1,4 @@
-// Sections: nodes, candidates, the best, those behind it, goals, counting.
+// Sections: nodes, candidates, the best, those after it, goals, counting.
 
 #include "BestDerivations.h"
 
@@ -78,16 +78,16 @@ void BestDerivations::ForEachAlternative(NodeId Node, VisitT Visit) const {
 }
 
 BestDerivations::NodeId BestDerivations::PartOfWay(std::uint32_t Way) const {
-  const Chart::Way& Each = Parsed.Ways()[Way];
-  return Each.IsUnary() ? Each.Part() : NodeOfItem(Each.Part());
+  const Chart::Way& Taken = Parsed.Ways()[Way];
+  return Taken.IsUnary() ? Taken.Part() : NodeOfItem(Taken.Part());
 }
 
 // ---- Candidates -------------------------------------------------------------------------------
 
 int BestDerivations::Compare(Kind What, const Candidate& Left, const Candidate& Right) const {
   if (What == Kind::Constituent) {
-    const std::uint32_t One = Parsed.Ways()[Left.Of.Alternative].Rule;
-    const std::uint32_t Other = Parsed.Ways()[Right.Of.Alternative].Rule;
+    const std::uint32_t One = Parsed.Ways()[Left.Made.Alternative].Rule;
+    const std::uint32_t Other = Parsed.Ways()[Right.Made.Alternative].Rule;
     if (One != Other) {
       return One < Other ? -1 : 1;
     }
@@ -105,21 +105,21 @@ bool BestDerivations::IsBetter(Kind What, const Candidate& Left, const Candidate
 }
 
 /// An alternative with the parts of some rank, which have to be known.
-BestDerivations::Candidate BestDerivations::MakeCandidate(Kind What, const Parts& Of,
+BestDerivations::Candidate BestDerivations::MakeCandidate(Kind What, const Parts& Made,
                                                           std::uint32_t Rank,
                                                           std::uint32_t LastRank) {
-  Candidate New{0, Of, Rank, LastRank, Derivations::NoList, NoEntry};
-  if (Of.First != NoEntry) {
-    New.First = Ranked(Of.First, Rank);
+  Candidate New{0, Made, Rank, LastRank, Derivations::NoList, NoEntry};
+  if (Made.First != NoEntry) {
+    New.First = Ranked(Made.First, Rank);
   }
   if (What == Kind::Constituent) {
-    const Chart::Way& Way = Parsed.Ways()[Of.Alternative];
+    const Chart::Way& Way = Parsed.Ways()[Made.Alternative];
     New.First = Way.IsUnary() ? Store.List(Derivations::NoList, New.First) : New.First;
     New.Score = Store.ScoreOfList(New.First) + Way.Weight;
   } else if (What == Kind::Item) {
     New.Score = Store.ScoreOfList(New.First);
-    if (Of.Last != NoEntry) {
-      New.Last = Ranked(Of.Last, LastRank);
+    if (Made.Last != NoEntry) {
+      New.Last = Ranked(Made.Last, LastRank);
       New.Score += Store.ScoreOfTree(New.Last);
     }
   } else {
@@ -132,7 +132,7 @@ BestDerivations::Candidate BestDerivations::MakeCandidate(Kind What, const Parts
 std::uint32_t BestDerivations::Keep(NodeId Node, const Candidate& Which) {
   switch (KindOf(Node)) {
     case Kind::Constituent: {
-      const Chart::Way& Way = Parsed.Ways()[Which.Of.Alternative];
+      const Chart::Way& Way = Parsed.Ways()[Which.Made.Alternative];
       return Store.Tree(Way.Rule, Which.First, Way.Weight);
     }
     case Kind::Item:
@@ -170,20 +170,20 @@ template <typename VisitT>
 void BestDerivations::ForEachBestAlternative(NodeId Node, VisitT Visit) const {
   const bool HasWeight = KindOf(Node) == Kind::Constituent;
   const std::int64_t Best = ScoreOf(Node);
-  ForEachAlternative(Node, [&](const Parts& Each) {
-    const std::int64_t Score = (HasWeight ? Parsed.Ways()[Each.Alternative].Weight : 0) +
-                               (Each.First == NoEntry ? 0 : ScoreOf(Each.First)) +
-                               (Each.Last == NoEntry ? 0 : ScoreOf(Each.Last));
+  ForEachAlternative(Node, [&](const Parts& Current) {
+    const std::int64_t Score = (HasWeight ? Parsed.Ways()[Current.Alternative].Weight : 0) +
+                               (Current.First == NoEntry ? 0 : ScoreOf(Current.First)) +
+                               (Current.Last == NoEntry ? 0 : ScoreOf(Current.Last));
     if (Score == Best) {
-      Visit(Each);
+      Visit(Current);
     }
   });
 }
 
 /// Puts on the stack what has to be worked out before a node.
 void BestDerivations::PushUnknownParts(NodeId Node, bool OnlyBest) {
-  const auto Push = [&](const Parts& Each) {
-    for (const NodeId Part : {Each.First, Each.Last}) {
+  const auto Push = [&](const Parts& Current) {
+    for (const NodeId Part : {Current.First, Current.Last}) {
       if (Part != NoEntry && !IsKnown(Part, OnlyBest)) {
         vStack.push_back(Part);
       }
@@ -199,8 +199,8 @@ void BestDerivations::PushUnknownParts(NodeId Node, bool OnlyBest) {
 void BestDerivations::ChooseBest(NodeId Node) {
   const Kind What = KindOf(Node);
   std::optional<Candidate> Best;
-  ForEachBestAlternative(Node, [&](const Parts& Each) {
-    const Candidate New = MakeCandidate(What, Each, 0, 0);
+  ForEachBestAlternative(Node, [&](const Parts& Current) {
+    const Candidate New = MakeCandidate(What, Current, 0, 0);
     if (!Best || IsBetter(What, New, *Best)) {
       Best = New;
     }
@@ -209,7 +209,7 @@ void BestDerivations::ChooseBest(NodeId Node) {
 }
 
 /// Works the best derivation of a node out, or its count, and first that of what it is made of.
-void BestDerivations::WorkOut(NodeId Root, bool OnlyBest) {
+void BestDerivations::Compute(NodeId Root, bool OnlyBest) {
   vStack.assign(1, Root);
   while (!vStack.empty()) {
     const NodeId Node = vStack.back();
@@ -232,7 +232,7 @@ void BestDerivations::WorkOut(NodeId Root, bool OnlyBest) {
   }
 }
 
-// ---- Those behind it --------------------------------------------------------------------------
+// ---- Those after it --------------------------------------------------------------------------
 
 bool BestDerivations::Has(NodeId Node, std::uint32_t Rank) const {
   if (Rank == 0) {
@@ -264,7 +264,7 @@ bool BestDerivations::IsWanted(NodeId Node, std::uint32_t Which, Frontier& Front
              .second;
 }
 
-/// Takes the best candidate; those that come behind it have to wait for their parts.
+/// Takes the best candidate; those that come after it have to wait for their parts.
 void BestDerivations::TakeBest(NodeId Node, Frontier& FrontierReturn) {
   const Kind What = KindOf(Node);
   std::pop_heap(
@@ -277,12 +277,12 @@ void BestDerivations::TakeBest(NodeId Node, Frontier& FrontierReturn) {
     FrontierReturn.vBest.push_back(Kept);
   }
   Candidate Next = Used;
-  if (Used.Of.Last != NoEntry) {
+  if (Used.Made.Last != NoEntry) {
     ++Next.LastRank;
     FrontierReturn.vPending.push_back(Next);
   }
   // Each pair of ranks is reached in one way only.
-  if (Used.Of.First != NoEntry && Used.LastRank == 0) {
+  if (Used.Made.First != NoEntry && Used.LastRank == 0) {
     Next = Used;
     ++Next.Rank;
     FrontierReturn.vPending.push_back(Next);
@@ -297,13 +297,13 @@ BestDerivations::Frontier& BestDerivations::Open(NodeId Node) {
   if (vFrontiers[Node] == NoEntry) {
     vFrontiers[Node] = static_cast<std::uint32_t>(Opened.size());
     Frontier& New = Opened.emplace_back();
-    ForEachAlternative(Node, [&](const Parts& Each) {
-      for (const NodeId Part : {Each.First, Each.Last}) {
+    ForEachAlternative(Node, [&](const Parts& Current) {
+      for (const NodeId Part : {Current.First, Current.Last}) {
         if (Part != NoEntry) {
-          WorkOut(Part, true);
+          Compute(Part, true);
         }
       }
-      PushCandidate(Node, MakeCandidate(KindOf(Node), Each, 0, 0), New);
+      PushCandidate(Node, MakeCandidate(KindOf(Node), Current, 0, 0), New);
     });
     TakeBest(Node, New);
   }
@@ -325,16 +325,17 @@ BestDerivations::PartState BestDerivations::Require(NodeId Node, std::uint32_t R
 /// Makes candidates of all that waits for its parts. @return false if some part is still awaited
 bool BestDerivations::Settle(NodeId Node, Frontier& FrontierReturn) {
   while (!FrontierReturn.vPending.empty()) {
-    const Candidate Each = FrontierReturn.vPending.back();
-    const PartState FirstPart = Require(Each.Of.First, Each.Rank);
-    const PartState LastPart =
-        FirstPart == PartState::Known ? Require(Each.Of.Last, Each.LastRank) : PartState::Known;
+    const Candidate Pending = FrontierReturn.vPending.back();
+    const PartState FirstPart = Require(Pending.Made.First, Pending.Rank);
+    const PartState LastPart = FirstPart == PartState::Known
+                                   ? Require(Pending.Made.Last, Pending.LastRank)
+                                   : PartState::Known;
     if (FirstPart == PartState::Awaited || LastPart == PartState::Awaited) {
       return false;
     }
     FrontierReturn.vPending.pop_back();
     if (FirstPart == PartState::Known && LastPart == PartState::Known) {
-      PushCandidate(Node, MakeCandidate(KindOf(Node), Each.Of, Each.Rank, Each.LastRank),
+      PushCandidate(Node, MakeCandidate(KindOf(Node), Pending.Made, Pending.Rank, Pending.LastRank),
                     FrontierReturn);
     }
   }
@@ -370,8 +371,8 @@ void BestDerivations::FindRanked(NodeId Root, std::uint32_t Rank) {
 
 void BestDerivations::SetGoals(const std::vector<std::uint32_t>& vConstituents) {
   std::vector<std::uint32_t> vWays;
-  for (const std::uint32_t Each : vConstituents) {
-    for (std::uint32_t Way = Parsed.Constituents()[Each].FirstWay; Way != NoEntry;
+  for (const std::uint32_t Number : vConstituents) {
+    for (std::uint32_t Way = Parsed.Constituents()[Number].FirstWay; Way != NoEntry;
          Way = Parsed.Ways()[Way].Next) {
       vWays.push_back(Way);
     }
@@ -405,7 +406,7 @@ std::optional<Derivations::TreeId> BestDerivations::Next() {
     return std::nullopt;
   }
   const NodeId Goals = GoalsNode();
-  WorkOut(Goals, true);
+  Compute(Goals, true);
   if (NextRank > 0) {
     FindRanked(Goals, NextRank);
   }
@@ -420,9 +421,9 @@ std::optional<Derivations::TreeId> BestDerivations::Next() {
 void BestDerivations::CountNode(NodeId Node) {
   std::uint64_t Sum = 0;
   bool IsTooMany = false;
-  ForEachAlternative(Node, [&](const Parts& Each) {
+  ForEachAlternative(Node, [&](const Parts& Current) {
     std::uint64_t Product = 1;
-    for (const NodeId Part : {Each.First, Each.Last}) {
+    for (const NodeId Part : {Current.First, Current.Last}) {
       if (Part != NoEntry) {
         IsTooMany = IsTooMany || vIsTooMany[Part] ||
                     __builtin_mul_overflow(Product, vCounts[Part], &Product);
@@ -442,7 +443,7 @@ std::optional<std::uint64_t> BestDerivations::CountGoals() {
     vCounts.assign(vBest.size(), 0);
     vIsTooMany.assign(vBest.size(), false);
   }
-  WorkOut(GoalsNode(), false);
+  Compute(GoalsNode(), false);
   return vIsTooMany[GoalsNode()] ? std::nullopt
                                  : std::optional<std::uint64_t>(vCounts[GoalsNode()]);
 }

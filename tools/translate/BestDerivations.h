@@ -40,7 +40,7 @@ class BestDerivations {
   /// are not worked out, so that it takes no longer for their number.
   void WantDistinct(bool IsDistinctPassIn);
 
-  /// The next derivation of the goals; nothing behind the last.
+  /// The next derivation of the goals; nothing after the last.
   std::optional<Derivations::TreeId> Next();
 
   /// How many derivations the goals have; nothing if that does not fit 64 bits.
@@ -62,11 +62,11 @@ class BestDerivations {
   /// Something that a node may begin with: the how manieth best of an alternative's parts.
   struct Candidate {
     std::int64_t Score;
-    Parts Of;
+    Parts Made;
     std::uint32_t Rank;
     std::uint32_t LastRank;
     std::uint32_t First;  ///< a tree of a group's, a list of an item's or a constituent's
-    std::uint32_t Last;   ///< a tree behind a list of an item's
+    std::uint32_t Last;   ///< a tree after a list of an item's
   };
 
   /// What is known of a node beyond its best.
@@ -91,7 +91,7 @@ class BestDerivations {
   NodeId PartOfWay(std::uint32_t Way) const;
   bool IsBetter(Kind What, const Candidate& Left, const Candidate& Right) const;
   int Compare(Kind What, const Candidate& Left, const Candidate& Right) const;
-  Candidate MakeCandidate(Kind What, const Parts& Of, std::uint32_t Rank, std::uint32_t LastRank);
+  Candidate MakeCandidate(Kind What, const Parts& Made, std::uint32_t Rank, std::uint32_t LastRank);
   std::uint32_t Keep(NodeId Node, const Candidate& Which);
 
   template <typename VisitT>
@@ -99,7 +99,7 @@ class BestDerivations {
   std::int64_t ScoreOf(NodeId Node) const;
   std::int64_t ScoreOfGoals() const;
   void PushUnknownParts(NodeId Node, bool OnlyBest);
-  void WorkOut(NodeId Root, bool OnlyBest);
+  void Compute(NodeId Root, bool OnlyBest);
   void ChooseBest(NodeId Node);
 
   std::uint32_t Ranked(NodeId Node, std::uint32_t Rank) const;

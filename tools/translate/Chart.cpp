@@ -132,10 +132,10 @@ void Chart::GoOn(std::uint32_t End) {
   }
   bool WantsLiteral = false;
   From.First = static_cast<std::uint32_t>(vGoingOn.size());
-  for (std::uint32_t Each = FirstItem; Each < vItems.size(); ++Each) {
-    if (Rules.Trie().HasEdges(vItems[Each].Node)) {
-      vGoingOn.push_back(Each);
-      WantsLiteral = WantsLiteral || Rules.Trie().HasLiterals(vItems[Each].Node);
+  for (std::uint32_t Index = FirstItem; Index < vItems.size(); ++Index) {
+    if (Rules.Trie().HasEdges(vItems[Index].Node)) {
+      vGoingOn.push_back(Index);
+      WantsLiteral = WantsLiteral || Rules.Trie().HasLiterals(vItems[Index].Node);
     }
   }
   From.Count = static_cast<std::uint32_t>(vGoingOn.size()) - From.First;
@@ -143,7 +143,7 @@ void Chart::GoOn(std::uint32_t End) {
     Touch(End + 1);
     vFrontiers[End + 1].WantsLiteral = true;
   }
-  // The cells of a start stand behind those of the starts to the right of it.
+  // The cells of a start are after those of the starts to the right of it.
   for (std::uint32_t Over = vFirstCell[End]; From.Count > 0 && Over < vFirstCell[End - 1]; ++Over) {
     Frontier& Into = vFrontiers[vCells[Over].End];
     Touch(vCells[Over].End);
@@ -159,11 +159,11 @@ void Chart::FillCell(std::uint32_t Start, std::uint32_t End) {
   Cell New{Start, End, static_cast<std::uint32_t>(vConstituents.size()), 0, 0, 0};
   CellStart = New.FirstConstituent;
   ConstituentIndex.Clear();
-  for (std::uint32_t Each = FirstItem; Each < vItems.size(); ++Each) {
-    Complete(Each);
+  for (std::uint32_t Index = FirstItem; Index < vItems.size(); ++Index) {
+    Complete(Index);
   }
-  for (std::uint32_t Each = CellStart; Each < vConstituents.size(); ++Each) {
-    AddUnary(Each);
+  for (std::uint32_t Index = CellStart; Index < vConstituents.size(); ++Index) {
+    AddUnary(Index);
   }
   New.ConstituentCount = static_cast<std::uint32_t>(vConstituents.size()) - CellStart;
   if (New.ConstituentCount > 0) {
@@ -190,11 +190,11 @@ void Chart::Complete(std::uint32_t Through) {
 
 /// Adds a way to make a constituent, and the constituent where it is new.
 void Chart::AddConstituent(Constituent New, const RuleSet::Ending& By, std::uint32_t From) {
-  const auto HashOfOne = [](const Constituent& Each) {
-    return Mixed(Mixed(Pair(Each.Source, Each.Target)) ^ Pair(Each.Types, Each.Chain));
+  const auto HashOfOne = [](const Constituent& Current) {
+    return Mixed(Mixed(Pair(Current.Source, Current.Target)) ^ Pair(Current.Types, Current.Chain));
   };
-  std::uint32_t& Slot = ConstituentIndex.Find(HashOfOne(New), [&](std::uint32_t Each) {
-    const Constituent& Other = vConstituents[Each];
+  std::uint32_t& Slot = ConstituentIndex.Find(HashOfOne(New), [&](std::uint32_t Number) {
+    const Constituent& Other = vConstituents[Number];
     return Other.Types == New.Types && Other.Source == New.Source && Other.Target == New.Target &&
            Other.Chain == New.Chain;
   });
@@ -215,7 +215,8 @@ void Chart::AddConstituent(Constituent New, const RuleSet::Ending& By, std::uint
   New.FirstWay = NewWay;
   Slot = static_cast<std::uint32_t>(vConstituents.size());
   vConstituents.push_back(New);
-  ConstituentIndex.NoteAdded([&](std::uint32_t Each) { return HashOfOne(vConstituents[Each]); });
+  ConstituentIndex.NoteAdded(
+      [&](std::uint32_t Number) { return HashOfOne(vConstituents[Number]); });
 }
 
 // ---- Unary chains -----------------------------------------------------------------------------
@@ -251,7 +252,7 @@ void Chart::ApplyUnary(std::uint32_t Below, SourceSymbol Slot) {
   }
 }
 
-/// What a unary rule looks at in its only part.
+/// What a unary rule reads in its only part.
 Evaluator::KeysId Chart::UnaryKeys(const RuleSet::Ending& By, const Constituent& Part) const {
   const bool Looks = By.Evaluation != RuleSet::None && Rules.EvaluationAt(By.Evaluation).Keys > 0;
   return Looks ? Equations->AddKey(Evaluator::NoKeys, {Part.Source, Part.Target})
@@ -277,12 +278,12 @@ std::uint32_t Chart::ChainWith(std::uint32_t Before, std::uint32_t Rule) {
   const SourceTrie::Range<std::uint32_t> Old = ChainRules(Before);
   vSorted.assign(Old.begin(), Old.end());
   vSorted.insert(std::upper_bound(vSorted.begin(), vSorted.end(), Rule), Rule);
-  const auto HashOfChain = [&](std::uint32_t Each) {
-    return HashOf(vChainRules.data() + vChains[Each].First, vChains[Each].Size);
+  const auto HashOfChain = [&](std::uint32_t Candidate) {
+    return HashOf(vChainRules.data() + vChains[Candidate].First, vChains[Candidate].Size);
   };
   std::uint32_t& Slot =
-      ChainIndex.Find(HashOf(vSorted.data(), vSorted.size()), [&](std::uint32_t Each) {
-        const SourceTrie::Range<std::uint32_t> Other = ChainRules(Each);
+      ChainIndex.Find(HashOf(vSorted.data(), vSorted.size()), [&](std::uint32_t Candidate) {
+        const SourceTrie::Range<std::uint32_t> Other = ChainRules(Candidate);
         return std::equal(Other.begin(), Other.end(), vSorted.begin(), vSorted.end());
       });
   const bool IsNew = Slot == NoEntry;
@@ -303,23 +304,23 @@ std::uint32_t Chart::ChainWith(std::uint32_t Before, std::uint32_t Rule) {
 /// Sorts the constituents of a cell by the slots that they fill.
 void Chart::FillSlots(Cell& CellReturn) {
   vBySlot.clear();
-  for (std::uint32_t Each = CellStart; Each < vConstituents.size(); ++Each) {
-    const std::uint32_t Types = vConstituents[Each].Types;
+  for (std::uint32_t Index = CellStart; Index < vConstituents.size(); ++Index) {
+    const std::uint32_t Types = vConstituents[Index].Types;
     for (const SourceSymbol Slot : {Rules.SlotOfAnyTarget(Types), Rules.SlotOfBoth(Types)}) {
       if (Slot != RuleSet::None) {
-        vBySlot.push_back(Pair(Slot, Each));
+        vBySlot.push_back(Pair(Slot, Index));
       }
     }
   }
   std::sort(vBySlot.begin(), vBySlot.end());
   CellReturn.FirstSlot = static_cast<std::uint32_t>(vSlots.size());
-  for (const std::uint64_t Each : vBySlot) {
-    const auto Slot = static_cast<SourceSymbol>(Each >> 32U);
+  for (const std::uint64_t Current : vBySlot) {
+    const auto Slot = static_cast<SourceSymbol>(Current >> 32U);
     if (vSlots.size() == CellReturn.FirstSlot || vSlots.back().Slot != Slot) {
       vSlots.push_back(
           {Slot, static_cast<std::uint32_t>(vMembers.size()), 0, {None, None, None, None}, {}});
     }
-    vMembers.push_back(static_cast<std::uint32_t>(Each));
+    vMembers.push_back(static_cast<std::uint32_t>(Current));
     ++vSlots.back().Count;
   }
   CellReturn.SlotCount = static_cast<std::uint32_t>(vSlots.size()) - CellReturn.FirstSlot;
@@ -327,9 +328,9 @@ void Chart::FillSlots(Cell& CellReturn) {
 
 /// What a rule sees of a constituent.
 StructurePair Chart::KeyOf(std::uint32_t Which, std::uint8_t Needs) const {
-  const Constituent& Each = vConstituents[Which];
-  return {(Needs & SourceTrie::NeedsSource) != 0 ? Each.Source : StructureId{StructureStore::Open},
-          (Needs & SourceTrie::NeedsTarget) != 0 ? Each.Target : StructureId{StructureStore::Open}};
+  const Constituent& Made = vConstituents[Which];
+  return {(Needs & SourceTrie::NeedsSource) != 0 ? Made.Source : StructureId{StructureStore::Open},
+          (Needs & SourceTrie::NeedsTarget) != 0 ? Made.Target : StructureId{StructureStore::Open}};
 }
 
 /// Makes the groups that the constituents for a slot fall into, unless they are there.
@@ -388,19 +389,19 @@ std::uint32_t Chart::FindEntry(const Cell& In, SourceSymbol Slot) const {
   const auto Last = First + In.SlotCount;
   const auto Found = std::lower_bound(
       First, Last, Slot,
-      [](const SlotEntry& Each, SourceSymbol Wanted) { return Each.Slot < Wanted; });
+      [](const SlotEntry& Entry, SourceSymbol Wanted) { return Entry.Slot < Wanted; });
   return Found == Last || Found->Slot != Slot ? None
                                               : static_cast<std::uint32_t>(Found - vSlots.begin());
 }
 
 /// What the last part of an item is, by the slot at its node and the last of its keys.
-Chart::GroupName Chart::NameOfLast(const Item& Of) const {
-  const std::uint8_t Needs = Rules.Trie().Needs(Of.Node);
-  return {Rules.Trie().Symbol(Of.Node), Needs,
-          Needs == 0 ? StructurePair() : Equations->LastKey(Of.Keys)};
+Chart::GroupName Chart::NameOfLast(const Item& Partial) const {
+  const std::uint8_t Needs = Rules.Trie().Needs(Partial.Node);
+  return {Rules.Trie().Symbol(Partial.Node), Needs,
+          Needs == 0 ? StructurePair() : Equations->LastKey(Partial.Keys)};
 }
 
-/// The group of a span with a name; `None` where there is not one.
+/// The group of a span with a name; `None` where there is none.
 std::uint32_t Chart::FindGroup(std::uint32_t Start, std::uint32_t End,
                                const GroupName& Name) const {
   const Cell* In = FindCell(Start, End);
@@ -413,7 +414,7 @@ std::uint32_t Chart::FindGroup(std::uint32_t Start, std::uint32_t End,
   const auto Last = First + vSlots[Entry].GroupCount[Name.Needs];
   const auto Found = std::lower_bound(
       First, Last, NumberOf(Name.Key),
-      [&](const Group& Each, std::uint64_t Key) { return NumberOf(Each.Key) < Key; });
+      [&](const Group& Current, std::uint64_t Key) { return NumberOf(Current.Key) < Key; });
   return Found == Last || NumberOf(Found->Key) != NumberOf(Name.Key)
              ? std::uint32_t{None}
              : static_cast<std::uint32_t>(Found - vGroups.begin());
@@ -438,10 +439,10 @@ void Chart::ExtendOver(std::uint32_t Before, std::uint32_t Over) {
   const std::uint32_t Node = vItems[Before].Node;
   const SourceTrie::Range<SourceTrie::EdgeTo> Wanted = Rules.Trie().Slots(Node);
   if (Wanted.size() <= Into.SlotCount) {
-    for (const SourceTrie::EdgeTo& Each : Wanted) {
-      const std::uint32_t Entry = FindEntry(Into, Each.Symbol);
+    for (const SourceTrie::EdgeTo& To : Wanted) {
+      const std::uint32_t Entry = FindEntry(Into, To.Symbol);
       if (Entry != None) {
-        Follow(Before, Each.Target, Over, Entry);
+        Follow(Before, To.Target, Over, Entry);
       }
     }
     return;
@@ -454,7 +455,7 @@ void Chart::ExtendOver(std::uint32_t Before, std::uint32_t Over) {
   }
 }
 
-/// Adds the items that a node behind an item and the constituents for its slot make.
+/// Adds the items that a node after an item and the constituents for its slot make.
 void Chart::Follow(std::uint32_t Before, std::uint32_t Node, std::uint32_t Over,
                    std::uint32_t Entry) {
   const std::uint8_t Needs = Rules.Trie().Needs(Node);
@@ -464,10 +465,10 @@ void Chart::Follow(std::uint32_t Before, std::uint32_t Node, std::uint32_t Over,
   const std::int64_t Score = Before == None ? 0 : vItems[Before].Score;
   NeedGroups(Entry, Needs);
   const std::uint32_t First = vSlots[Entry].FirstGroup[Needs];
-  for (std::uint32_t Each = First; Each < First + vSlots[Entry].GroupCount[Needs]; ++Each) {
+  for (std::uint32_t Index = First; Index < First + vSlots[Entry].GroupCount[Needs]; ++Index) {
     const Evaluator::KeysId Keys =
-        Needs == 0 ? Earlier : Equations->AddKey(Earlier, vGroups[Each].Key);
-    AddItem({Node, End, Keys, None, Before == None ? Each : Before, Score + vGroups[Each].Score});
+        Needs == 0 ? Earlier : Equations->AddKey(Earlier, vGroups[Index].Key);
+    AddItem({Node, End, Keys, None, Before == None ? Index : Before, Score + vGroups[Index].Score});
   }
 }
 
@@ -498,9 +499,11 @@ std::uint64_t Chart::MaxItems() const {
 
 /// Adds an item, or, where it is there already, only the step that leads to it.
 void Chart::AddItem(const Item& New) {
-  const auto HashOfItem = [](const Item& Each) { return Mixed(Pair(Each.Node, Each.Keys)); };
-  std::uint32_t& Slot = ItemIndex.Find(HashOfItem(New), [&](std::uint32_t Each) {
-    return vItems[Each].Node == New.Node && vItems[Each].Keys == New.Keys;
+  const auto HashOfItem = [](const Item& Current) {
+    return Mixed(Pair(Current.Node, Current.Keys));
+  };
+  std::uint32_t& Slot = ItemIndex.Find(HashOfItem(New), [&](std::uint32_t Number) {
+    return vItems[Number].Node == New.Node && vItems[Number].Keys == New.Keys;
   });
   const std::uint32_t Latest = Slot;
   if (Latest != NoEntry && vItems[Latest].End == New.End) {
@@ -519,7 +522,7 @@ void Chart::AddItem(const Item& New) {
   vItems.push_back(New);
   vItems.back().Previous = Latest;
   if (Latest == NoEntry) {
-    ItemIndex.NoteAdded([&](std::uint32_t Each) { return HashOfItem(vItems[Each]); });
+    ItemIndex.NoteAdded([&](std::uint32_t Number) { return HashOfItem(vItems[Number]); });
   }
 }
 
@@ -537,9 +540,9 @@ Chart::ItemRange Chart::ItemsAt(std::size_t Start) const {
 
 const Chart::Cell* Chart::FindCell(std::size_t Start, std::size_t End) const {
   const SourceTrie::Range<Cell> In = CellsAt(Start);
-  const Cell* Found =
-      std::lower_bound(In.begin(), In.end(), End,
-                       [](const Cell& Each, std::size_t Wanted) { return Each.End < Wanted; });
+  const Cell* Found = std::lower_bound(
+      In.begin(), In.end(), End,
+      [](const Cell& Current, std::size_t Wanted) { return Current.End < Wanted; });
   return Found != In.end() && Found->End == End ? Found : nullptr;
 }
 

@@ -42,7 +42,7 @@ std::string LimitError(ChartOutcome Outcome, const ChartLimits& Limits);
 /// a span needs is there when its turn comes. What begins at a token is an *item*: a node of the
 /// trie of source sequences, the position that was reached, and what rules may look at in the parts
 /// so far. An item goes on with a literal, or with a *group*: the constituents of a span that all
-/// rules behind that item take for the same. So every part of a sequence is looked for once,
+/// rules after that item take for the same. So every part of a sequence is looked for once,
 /// whatever comes before it.
 ///
 /// The *steps* that lead to an item, of which a long ambiguous text has as many as the cube of its
@@ -138,7 +138,7 @@ class Chart {
 
   /// Visits all trials of the last text, also where it had too many constituents; some more than
   /// once.
-  /// @param Visit gets a `Trial`
+  /// @param Visit receives a `Trial`
   template <typename VisitT>
   void ForEachTrial(VisitT Visit) const;
 
@@ -157,23 +157,24 @@ class Chart {
   /// The cell of a span; null if it has no constituent.
   const Cell* FindCell(std::size_t Start, std::size_t End) const;
   /// Visits the steps that lead to an item: what comes before, the last one first, and the group
-  /// behind it. Nothing comes before the first step of a sequence, and a literal has no group: both
+  /// after it. Nothing comes before the first step of a sequence, and a literal has no group: both
   /// are `None` then.
   template <typename VisitT>
   void ForEachStep(std::uint32_t Which, VisitT Visit) const {
-    const Item& Each = vItems[Which];
-    const std::uint32_t Parent = Rules.Trie().Parent(Each.Node);
-    const SourceSymbol Symbol = Rules.Trie().Symbol(Each.Node);
+    const Item& Current = vItems[Which];
+    const std::uint32_t Parent = Rules.Trie().Parent(Current.Node);
+    const SourceSymbol Symbol = Rules.Trie().Symbol(Current.Node);
     if ((Symbol & SourceTrie::LiteralMark) != 0) {
-      Visit(Each.Before, std::uint32_t{None});
+      Visit(Current.Before, std::uint32_t{None});
     } else if (Parent == SourceTrie::Root) {
-      Visit(std::uint32_t{None}, Each.Before);
+      Visit(std::uint32_t{None}, Current.Before);
     } else {
-      const GroupName Name = NameOfLast(Each);
-      for (std::uint32_t Before = Each.Before; Before != None; Before = vItems[Before].Previous) {
-        const std::uint32_t Behind = FindGroup(vItems[Before].End, Each.End, Name);
-        if (Behind != None) {
-          Visit(Before, Behind);
+      const GroupName Name = NameOfLast(Current);
+      for (std::uint32_t Before = Current.Before; Before != None;
+           Before = vItems[Before].Previous) {
+        const std::uint32_t After = FindGroup(vItems[Before].End, Current.End, Name);
+        if (After != None) {
+          Visit(Before, After);
         }
       }
     }
@@ -182,7 +183,7 @@ class Chart {
   /// The items that begin at a token.
   struct ItemRange {
     std::uint32_t First;
-    std::uint32_t Last;  ///< behind the last one
+    std::uint32_t Last;  ///< after the last one
   };
   ItemRange ItemsAt(std::size_t Start) const;
 
@@ -256,7 +257,7 @@ class Chart {
   void MakeGroups(SlotEntry& EntryReturn, std::uint8_t Needs);
   std::int64_t BestScore(std::uint32_t First, std::uint32_t Count) const;
   std::uint32_t FindEntry(const Cell& In, SourceSymbol Slot) const;
-  GroupName NameOfLast(const Item& Of) const;
+  GroupName NameOfLast(const Item& Partial) const;
   std::uint32_t FindGroup(std::uint32_t Start, std::uint32_t End, const GroupName& Name) const;
 
   std::uint32_t EvaluationOf(const RuleSet::Ending& By) const {
@@ -305,20 +306,20 @@ class Chart {
 
 template <typename VisitT>
 void Chart::ForEachTrial(VisitT Visit) const {
-  for (const Item& Each : vItems) {
-    for (const RuleSet::Ending& By : Rules.EndingsAt(Each.Node)) {
-      Visit(Trial{By.Rule, By.Evaluation, Each.Keys});
+  for (const Item& Current : vItems) {
+    for (const RuleSet::Ending& By : Rules.EndingsAt(Current.Node)) {
+      Visit(Trial{By.Rule, By.Evaluation, Current.Keys});
     }
   }
-  for (const Constituent& Each : vConstituents) {
+  for (const Constituent& Current : vConstituents) {
     for (const SourceSymbol Slot :
-         {Rules.SlotOfAnyTarget(Each.Types), Rules.SlotOfBoth(Each.Types)}) {
-      if (Slot == RuleSet::None || vChains[Each.Chain].Size >= Limits.MaxChain) {
+         {Rules.SlotOfAnyTarget(Current.Types), Rules.SlotOfBoth(Current.Types)}) {
+      if (Slot == RuleSet::None || vChains[Current.Chain].Size >= Limits.MaxChain) {
         continue;
       }
       for (const RuleSet::Ending& By : Rules.UnaryRules(Slot)) {
-        if (!Contains(Each.Chain, By.Rule)) {
-          Visit(Trial{By.Rule, By.Evaluation, UnaryKeys(By, Each)});
+        if (!Contains(Current.Chain, By.Rule)) {
+          Visit(Trial{By.Rule, By.Evaluation, UnaryKeys(By, Current)});
         }
       }
     }

@@ -11,27 +11,27 @@ namespace Translate {
 /// Visits each pair of a node and one that is made of it.
 template <typename VisitT>
 void ChartUses::ForEachUse(VisitT Visit) const {
-  for (std::uint32_t Each = 0; Each < Parsed.Constituents().size(); ++Each) {
-    for (std::uint32_t Way = Parsed.Constituents()[Each].FirstWay; Way != NoEntry;
+  for (std::uint32_t Index = 0; Index < Parsed.Constituents().size(); ++Index) {
+    for (std::uint32_t Way = Parsed.Constituents()[Index].FirstWay; Way != NoEntry;
          Way = Parsed.Ways()[Way].Next) {
       const Chart::Way& By = Parsed.Ways()[Way];
-      Visit(By.IsUnary() ? By.Part() : FirstItem + By.Part(), Each);
+      Visit(By.IsUnary() ? By.Part() : FirstItem + By.Part(), Index);
     }
   }
-  for (std::uint32_t Each = 0; Each < Parsed.Items().size(); ++Each) {
-    Parsed.ForEachStep(Each, [&](std::uint32_t Before, std::uint32_t Group) {
+  for (std::uint32_t Index = 0; Index < Parsed.Items().size(); ++Index) {
+    Parsed.ForEachStep(Index, [&](std::uint32_t Before, std::uint32_t Group) {
       if (Before != NoEntry) {
-        Visit(FirstItem + Before, FirstItem + Each);
+        Visit(FirstItem + Before, FirstItem + Index);
       }
       if (Group != NoEntry) {
-        Visit(FirstGroup + Group, FirstItem + Each);
+        Visit(FirstGroup + Group, FirstItem + Index);
       }
     });
   }
-  for (std::uint32_t Each = 0; Each < Parsed.Groups().size(); ++Each) {
-    const Chart::Group& Group = Parsed.Groups()[Each];
+  for (std::uint32_t Current = 0; Current < Parsed.Groups().size(); ++Current) {
+    const Chart::Group& Group = Parsed.Groups()[Current];
     for (std::uint32_t Index = 0; Index < Group.Count; ++Index) {
-      Visit(Parsed.Members()[Group.First + Index], FirstGroup + Each);
+      Visit(Parsed.Members()[Group.First + Index], FirstGroup + Current);
     }
   }
 }

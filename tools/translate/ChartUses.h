@@ -34,7 +34,7 @@ class ChartUses {
 
   /// Visits the items that go on where one ends.
   template <typename VisitT>
-  void ForEachItemBehind(std::uint32_t Item, VisitT Visit) const {
+  void ForEachItemAfter(std::uint32_t Item, VisitT Visit) const {
     for (const std::uint32_t User : UsersOf(FirstItem + Item)) {
       if (User >= FirstItem) {
         Visit(User - FirstItem);

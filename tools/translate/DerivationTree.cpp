@@ -49,10 +49,10 @@ std::vector<TreeNode> NodesOf(const RuleSet& Rules, const Derivations& Trees,
   std::vector<Derivations::TreeId> vParts;
   std::vector<Derivations::TreeId> vStack{Tree};
   while (!vStack.empty()) {
-    const Derivations::TreeId Each = vStack.back();
+    const Derivations::TreeId Next = vStack.back();
     vStack.pop_back();
-    vNodes.push_back(NodeOf(Rules, Trees.Rule(Each)));
-    Trees.PartsOf(Each, vParts);
+    vNodes.push_back(NodeOf(Rules, Trees.Rule(Next)));
+    Trees.PartsOf(Next, vParts);
     vStack.insert(vStack.end(), vParts.rbegin(), vParts.rend());
   }
   SetSpans(Rules, Start, vNodes);

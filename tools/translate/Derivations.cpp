@@ -30,8 +30,8 @@ Derivations::ListId Derivations::List(ListId Before, TreeId Last) {
 
 void Derivations::PartsOf(TreeId Which, std::vector<TreeId>& vPartsReturn) const {
   vPartsReturn.clear();
-  for (ListId Each = Parts(Which); Each != NoList; Each = Before(Each)) {
-    vPartsReturn.push_back(Last(Each));
+  for (ListId List = Parts(Which); List != NoList; List = Before(List)) {
+    vPartsReturn.push_back(Last(List));
   }
   std::reverse(vPartsReturn.begin(), vPartsReturn.end());
 }
@@ -41,13 +41,13 @@ std::vector<std::uint32_t> Derivations::RulesOf(TreeId Which) const {
   std::vector<TreeId> vStack{Which};
   std::unordered_set<TreeId> sSeen;
   while (!vStack.empty()) {
-    const TreeId Each = vStack.back();
+    const TreeId Tree = vStack.back();
     vStack.pop_back();
-    if (!sSeen.insert(Each).second) {
+    if (!sSeen.insert(Tree).second) {
       continue;
     }
-    vRules.push_back(Rule(Each));
-    for (ListId Part = Parts(Each); Part != NoList; Part = Before(Part)) {
+    vRules.push_back(Rule(Tree));
+    for (ListId Part = Parts(Tree); Part != NoList; Part = Before(Part)) {
       vStack.push_back(Last(Part));
     }
   }

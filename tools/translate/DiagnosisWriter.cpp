@@ -11,13 +11,13 @@ namespace Translate {
 
 // ---- Names ------------------------------------------------------------------------------------
 
-std::string DiagnosisNames::NodeName(Side Of, std::size_t Node) const {
-  const bool IsX = (Of == Side::X) != Rules.Settings().IsReversed;
+std::string DiagnosisNames::NodeName(Side OnSide, std::size_t Node) const {
+  const bool IsX = (OnSide == Side::X) != Rules.Settings().IsReversed;
   return (IsX ? 'x' : 'y') + std::to_string(Node);
 }
 
 std::string DiagnosisNames::PathName(const RulePath& Path) const {
-  std::string Name = NodeName(Path.Of, Path.Node);
+  std::string Name = NodeName(Path.OnSide, Path.Node);
   for (const std::uint32_t Feature : Path.vFeatures) {
     Name.append(1, ' ').append(Rules.FeatureName(Feature));
   }
@@ -91,8 +91,8 @@ std::string DiagnosisText::PlaceText(const StopPlace& Which) const {
     return "no constituent begins at " + Token;
   }
   std::vector<std::string> vsThere;
-  for (const Beginning& Each : Which.vThere) {
-    vsThere.push_back(TypesName(Each.Types) + ' ' + Quoted(Words(Which.Position, Each.End)));
+  for (const Beginning& Current : Which.vThere) {
+    vsThere.push_back(TypesName(Current.Types) + ' ' + Quoted(Words(Which.Position, Current.End)));
   }
   return "at " + Token + (vsThere.size() == 1 ? " begins " : " begin ") + Joined(vsThere);
 }
@@ -105,16 +105,16 @@ std::string DiagnosisText::StopText(const Stop& Which, std::size_t Begin) const 
     Text = "fits " + NodeName(Side::X, 1) +
            (Which.Component == 2 ? "" : "–" + NodeName(Side::X, Which.Component - 1));
     std::vector<std::string> vsTexts;
-    for (const StopPlace& Each : Which.vPlaces) {
-      vsTexts.push_back(Quoted(Words(Begin, Each.Position)));
+    for (const StopPlace& Place : Which.vPlaces) {
+      vsTexts.push_back(Quoted(Words(Begin, Place.Position)));
     }
     Text += " at " + Joined(vsTexts);
   }
   Text +=
       "; " + NodeName(Side::X, Which.Component) + " wants " + WantedText(Which.Wanted) + ", and ";
   std::vector<std::string> vsPlaces;
-  for (const StopPlace& Each : Which.vPlaces) {
-    vsPlaces.push_back(PlaceText(Each));
+  for (const StopPlace& Place : Which.vPlaces) {
+    vsPlaces.push_back(PlaceText(Place));
   }
   return Text + Joined(vsPlaces);
 }
@@ -131,8 +131,8 @@ std::string DiagnosisText::FitText(const Combination& Way, std::size_t Begin) co
 /// Which rules the parts are by: " with ADJ,1 and N,2".
 std::string DiagnosisText::PartsText(const Combination& Way) const {
   std::vector<std::string> vsParts;
-  for (const PartFacts& Each : Way.vParts) {
-    vsParts.push_back(NameOf(Each.vRules.front()));
+  for (const PartFacts& Facts : Way.vParts) {
+    vsParts.push_back(NameOf(Facts.vRules.front()));
   }
   return vsParts.empty() ? "" : " with " + Joined(vsParts);
 }
@@ -142,8 +142,8 @@ std::string DiagnosisText::ValueText(StructureId Value) {
   std::string Text;
   Structures.AppendShort(Value, Text);
   std::vector<std::string> vsPlaces;
-  for (const Origin& Each : Why.Trace().Origins(Value)) {
-    vsPlaces.push_back(Rules.FileName(Each.File) + ':' + std::to_string(Each.Line));
+  for (const Origin& Current : Why.Trace().Origins(Value)) {
+    vsPlaces.push_back(Rules.FileName(Current.File) + ':' + std::to_string(Current.Line));
   }
   return vsPlaces.empty() ? Text : Text + " from " + Joined(vsPlaces);
 }
@@ -160,9 +160,9 @@ std::string DiagnosisText::ConflictText(const Conflict& Which, bool IsTransfer) 
   // The feature goes without saying where the equation names it on both sides.
   const bool IsPlain =
       Which.Depth == 0 && Which.ThereAt.vFeatures == Which.CameAt->vFeatures &&
-      (Which.ThereAt.Of != Which.CameAt->Of || Which.ThereAt.Node != Which.CameAt->Node);
+      (Which.ThereAt.OnSide != Which.CameAt->OnSide || Which.ThereAt.Node != Which.CameAt->Node);
   const auto NameOfPath = [&](const RulePath& Path) {
-    return IsPlain ? NodeName(Path.Of, Path.Node) : PathName(Path);
+    return IsPlain ? NodeName(Path.OnSide, Path.Node) : PathName(Path);
   };
   return NameOfPath(Which.ThereAt) + " has " + ValueText(Which.There) + ", " +
          NameOfPath(*Which.CameAt) + (IsTransfer ? " brings " : " has ") + ValueText(Which.Came);
@@ -179,8 +179,8 @@ std::string DiagnosisText::ClashText(const EquationClash& Clash) {
                      Joined(vsLines) + ": " +
                      (Clash.IsCycle ? "a structure would contain itself: " : "");
   std::vector<std::string> vsConflicts;
-  for (const Conflict& Each : Clash.vConflicts) {
-    vsConflicts.push_back(ConflictText(Each, Clash.Kind == StepKind::Transfer));
+  for (const Conflict& Current : Clash.vConflicts) {
+    vsConflicts.push_back(ConflictText(Current, Clash.Kind == StepKind::Transfer));
   }
   for (std::size_t Index = 0; Index < vsConflicts.size(); ++Index) {
     Text.append(Index == 0 ? "" : "; ").append(vsConflicts[Index]);
@@ -195,14 +195,14 @@ std::string DiagnosisText::TakerText(const Taker& Which) const {
       NameOf(Which.Rule) + " could take it as " + NodeName(Side::X, Which.Component);
   const std::string Wanted = NodeName(Side::X, Which.WantedComponent) + " wants ";
   std::vector<std::string> vsPositions;
-  for (const std::size_t Each : Which.vPositions) {
-    vsPositions.push_back(Each == Why.Size() ? "the end of the text"
-                                             : Quoted(std::string(Why.Token(Each))));
+  for (const std::size_t Index : Which.vPositions) {
+    vsPositions.push_back(Index == Why.Size() ? "the end of the text"
+                                              : Quoted(std::string(Why.Token(Index))));
   }
   switch (Which.State) {
     case TakerState::WantsBefore:
       return Text + ", but " + Wanted + WantedText(Which.Wanted) + " before " + Joined(vsPositions);
-    case TakerState::WantsBehind:
+    case TakerState::WantsAfter:
       return Text + ", but " + Wanted + WantedText(Which.Wanted) + " at " + Joined(vsPositions);
     case TakerState::Clashes:
       return Text + ", but its equations clash";
@@ -216,14 +216,14 @@ std::string DiagnosisText::MissingText(const MissingAbove& Missing) const {
   const std::string Top =
       TypesName(Missing.Types) + ' ' + Quoted(Words(Missing.Start, Missing.End));
   if (Missing.IsWhole) {
-    return Top + " is the whole text, and its type is no start type";
+    return Top + " is the whole text, and its type is not a start type";
   }
   if (Missing.Takers.IsEmpty()) {
     return "no rule has a place for " + Top;
   }
   std::string Text = "above " + Top;
-  for (const Taker& Each : Missing.Takers.vFirst) {
-    Text.append(&Each == &Missing.Takers.vFirst.front() ? " " : "; ").append(TakerText(Each));
+  for (const Taker& Current : Missing.Takers.vFirst) {
+    Text.append(&Current == &Missing.Takers.vFirst.front() ? " " : "; ").append(TakerText(Current));
   }
   if (Missing.Takers.More != 0U) {
     Text.append("; ").append(std::to_string(*Missing.Takers.More)).append(" more rules could");
@@ -280,24 +280,24 @@ void DiagnosisText::Append(const BeginFacts& Facts, std::string& TextReturn) {
     TextReturn += Start + StopText(*Facts.Stopped, Facts.Begin) + '\n';
   }
   const bool IsOnly = Facts.Clashes.vFirst.size() == 1 && Facts.Clashes.More == 0U;
-  for (const ClashFacts& Each : Facts.Clashes.vFirst) {
-    TextReturn += Start + FitText(Each.Way, Facts.Begin) + (IsOnly ? "" : PartsText(Each.Way)) +
-                  "; it fails at ";
-    for (const EquationClash& Clash : Each.vEquations) {
-      TextReturn.append(&Clash == &Each.vEquations.front() ? "" : "; and at ");
+  for (const ClashFacts& Current : Facts.Clashes.vFirst) {
+    TextReturn += Start + FitText(Current.Way, Facts.Begin) +
+                  (IsOnly ? "" : PartsText(Current.Way)) + "; it fails at ";
+    for (const EquationClash& Clash : Current.vEquations) {
+      TextReturn.append(&Clash == &Current.vEquations.front() ? "" : "; and at ");
       TextReturn.append(ClashText(Clash));
     }
     TextReturn += '\n';
   }
   AppendMoreLine(Facts.Clashes.More, "fail", TextReturn);
-  for (const MadeFacts& Each : Facts.Made.vFirst) {
-    TextReturn += Start + MadeText(Each, Facts.Begin) + '\n';
+  for (const MadeFacts& Current : Facts.Made.vFirst) {
+    TextReturn += Start + MadeText(Current, Facts.Begin) + '\n';
   }
   AppendMoreLine(Facts.Made.More, "are made", TextReturn);
   for (const bool IsUsed : {true, false}) {
     const Listed<Combination>& Ways = IsUsed ? Facts.Used : Facts.Longest;
-    for (const Combination& Each : Ways.vFirst) {
-      TextReturn += Start + ChainText(Each, Facts.Begin, IsUsed) + '\n';
+    for (const Combination& Current : Ways.vFirst) {
+      TextReturn += Start + ChainText(Current, Facts.Begin, IsUsed) + '\n';
     }
     AppendMoreLine(Ways.More, "like this", TextReturn);
   }
@@ -315,16 +315,16 @@ std::tuple<std::size_t, bool, std::size_t> Reach(const BeginFacts& Facts, std::s
   std::size_t End = 0;
   const auto Offer = [&](const Combination& Way) { End = std::max(End, Way.End); };
   if (!Facts.Made.IsEmpty()) {
-    for (const MadeFacts& Each : Facts.Made.vFirst) {
-      Offer(Each.Way);
+    for (const MadeFacts& Current : Facts.Made.vFirst) {
+      Offer(Current.Way);
     }
     return {Components, true, End};
   }
-  for (const ClashFacts& Each : Facts.Clashes.vFirst) {
-    Offer(Each.Way);
+  for (const ClashFacts& Current : Facts.Clashes.vFirst) {
+    Offer(Current.Way);
   }
-  for (const Listed<Combination>* Each : {&Facts.Used, &Facts.Longest}) {
-    for (const Combination& Way : Each->vFirst) {
+  for (const Listed<Combination>* List : {&Facts.Used, &Facts.Longest}) {
+    for (const Combination& Way : List->vFirst) {
       Offer(Way);
     }
   }
@@ -369,9 +369,9 @@ void AppendRuleName(const RuleDescription& Rule, std::string& JsonReturn) {
 template <typename ElementT, typename AppendT>
 void DiagnosisJson::AppendList(const std::vector<ElementT>& vElements, AppendT AppendEach) {
   *Out += '[';
-  for (const ElementT& Each : vElements) {
-    Out->append(&Each == &vElements.front() ? "" : ",");
-    AppendEach(Each);
+  for (const ElementT& Element : vElements) {
+    Out->append(&Element == &vElements.front() ? "" : ",");
+    AppendEach(Element);
   }
   *Out += ']';
 }
@@ -389,7 +389,7 @@ void DiagnosisJson::AppendTypes(std::uint32_t Types) {
   *Out += ']';
 }
 
-/// The numbers of what is not listed; null where that does not fit.
+/// The numbers of what is not listed; null if that does not fit.
 void DiagnosisJson::AppendMore(std::string_view Name, const std::optional<std::uint64_t>& More) {
   Out->append(",\"").append(Name).append("\":");
   Out->append(More ? std::to_string(*More) : "null");
@@ -425,11 +425,11 @@ void DiagnosisJson::AppendStop(const Stop& Which) {
       AppendJsonString(Why.Token(Place.Position), *Out);
     }
     Out->append(",\"constituents\":");
-    AppendList(Place.vThere, [&](const Beginning& Each) {
+    AppendList(Place.vThere, [&](const Beginning& Current) {
       *Out += '{';
-      AppendTypes(Each.Types);
+      AppendTypes(Current.Types);
       *Out += ',';
-      AppendSpan(Place.Position, Each.End);
+      AppendSpan(Place.Position, Current.End);
       *Out += '}';
     });
     *Out += '}';
@@ -446,7 +446,7 @@ void DiagnosisJson::AppendWay(const Combination& Way, std::size_t Begin) {
     Out->append("{\"component\":").append(std::to_string(Part.Component)).append(1, ',');
     AppendSpan(Part.Start, Part.End);
     Out->append(",\"rules\":");
-    AppendList(Part.vRules, [&](std::uint32_t Each) { AppendJsonString(PlaceOf(Each), *Out); });
+    AppendList(Part.vRules, [&](std::uint32_t Number) { AppendJsonString(PlaceOf(Number), *Out); });
     *Out += '}';
   });
 }
@@ -468,7 +468,7 @@ void DiagnosisJson::AppendValue(const RulePath* Path, StructureId Value) {
 void DiagnosisJson::AppendEquation(const EquationClash& Clash) {
   const RuleDescription::Equation& Equation = EquationAt(Clash.Line);
   Out->append("{\"lines\":");
-  AppendList(Equation.vLines, [&](std::size_t Each) { Out->append(std::to_string(Each)); });
+  AppendList(Equation.vLines, [&](std::size_t Index) { Out->append(std::to_string(Index)); });
   Out->append(",\"text\":");
   AppendJsonString(Equation.Text, *Out);
   Out->append(",\"step\":")
@@ -476,11 +476,11 @@ void DiagnosisJson::AppendEquation(const EquationClash& Clash) {
               : Clash.Kind == StepKind::Transfer ? "\"transfer\""
                                                  : "\"generation\"");
   Out->append(",\"cycle\":").append(Clash.IsCycle ? "true" : "false").append(",\"conflicts\":");
-  AppendList(Clash.vConflicts, [&](const Conflict& Each) {
+  AppendList(Clash.vConflicts, [&](const Conflict& Current) {
     Out->append("{\"there\":");
-    AppendValue(&Each.ThereAt, Each.There);
+    AppendValue(&Current.ThereAt, Current.There);
     Out->append(",\"came\":");
-    AppendValue(Each.CameAt ? &*Each.CameAt : nullptr, Each.Came);
+    AppendValue(Current.CameAt ? &*Current.CameAt : nullptr, Current.Came);
     *Out += '}';
   });
   *Out += '}';
@@ -500,14 +500,14 @@ void DiagnosisJson::AppendTaker(const Taker& Which) {
     case TakerState::WantsBefore:
       Out->append("\"before\"");
       break;
-    case TakerState::WantsBehind:
-      Out->append("\"behind\"");
+    case TakerState::WantsAfter:
+      Out->append("\"after\"");
       break;
   }
   Out->append(",\"missing\":").append(std::to_string(Which.WantedComponent)).append(1, ',');
   AppendWanted(Which.Wanted);
   Out->append(",\"at\":");
-  AppendList(Which.vPositions, [&](std::size_t Each) { Out->append(std::to_string(Each)); });
+  AppendList(Which.vPositions, [&](std::size_t Index) { Out->append(std::to_string(Index)); });
   *Out += '}';
 }
 
@@ -517,7 +517,7 @@ void DiagnosisJson::AppendMissing(const MissingAbove& Missing) {
   *Out += ',';
   AppendTypes(Missing.Types);
   Out->append(",\"whole\":").append(Missing.IsWhole ? "true" : "false").append(",\"takers\":");
-  AppendList(Missing.Takers.vFirst, [&](const Taker& Each) { AppendTaker(Each); });
+  AppendList(Missing.Takers.vFirst, [&](const Taker& Current) { AppendTaker(Current); });
   AppendMore("moreTakers", Missing.Takers.More);
   *Out += '}';
 }
@@ -553,19 +553,20 @@ void DiagnosisJson::Append(const BeginFacts& Facts, std::string& TextReturn) {
     Out->append("null");
   }
   Out->append(",\"clashes\":");
-  AppendList(Facts.Clashes.vFirst, [&](const ClashFacts& Each) {
-    AppendWay(Each.Way, Facts.Begin);
+  AppendList(Facts.Clashes.vFirst, [&](const ClashFacts& Current) {
+    AppendWay(Current.Way, Facts.Begin);
     Out->append(",\"equations\":");
-    AppendList(Each.vEquations, [&](const EquationClash& Clash) { AppendEquation(Clash); });
+    AppendList(Current.vEquations, [&](const EquationClash& Clash) { AppendEquation(Clash); });
     *Out += '}';
   });
   AppendMore("moreClashes", Facts.Clashes.More);
   Out->append(",\"made\":");
-  AppendList(Facts.Made.vFirst, [&](const MadeFacts& Each) { AppendMade(Each, Facts.Begin); });
+  AppendList(Facts.Made.vFirst,
+             [&](const MadeFacts& Current) { AppendMade(Current, Facts.Begin); });
   AppendMore("moreMade", Facts.Made.More);
   const auto AppendWays = [&](const std::vector<Combination>& vWays) {
-    AppendList(vWays, [&](const Combination& Each) {
-      AppendWay(Each, Facts.Begin);
+    AppendList(vWays, [&](const Combination& Current) {
+      AppendWay(Current, Facts.Begin);
       *Out += '}';
     });
   };

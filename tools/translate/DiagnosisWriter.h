@@ -24,7 +24,7 @@ class DiagnosisNames {
   /// "(x1 NUM)", "y0"; the letters as they are written, also where the sides are exchanged.
   std::string PathName(const RulePath& Path) const;
   /// "x1", as it is written.
-  std::string NodeName(Side Of, std::size_t Node) const;
+  std::string NodeName(Side OnSide, std::size_t Node) const;
   /// Tokens between blanks.
   std::string Words(std::size_t Start, std::size_t End) const;
   /// "N::N".

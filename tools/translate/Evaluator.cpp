@@ -27,13 +27,13 @@ void Evaluator::Trim() {
 }
 
 Evaluator::KeysId Evaluator::AddKey(KeysId Before, StructurePair Key) {
-  const auto HashOfKey = [](const KeyEntry& Each) {
-    return Mixed(Pair(Each.Key.Source, Each.Key.Target) ^ Mixed(Each.Before));
+  const auto HashOfKey = [](const KeyEntry& Entry) {
+    return Mixed(Pair(Entry.Key.Source, Entry.Key.Target) ^ Mixed(Entry.Before));
   };
   const KeyEntry New{Before, Key};
-  std::uint32_t& Slot = KeyIndex.Find(HashOfKey(New), [&](KeysId Each) {
-    return vKeys[Each].Before == Before && vKeys[Each].Key.Source == Key.Source &&
-           vKeys[Each].Key.Target == Key.Target;
+  std::uint32_t& Slot = KeyIndex.Find(HashOfKey(New), [&](KeysId Keys) {
+    return vKeys[Keys].Before == Before && vKeys[Keys].Key.Source == Key.Source &&
+           vKeys[Keys].Key.Target == Key.Target;
   });
   if (Slot != NoEntry) {
     return Slot;
@@ -41,23 +41,23 @@ Evaluator::KeysId Evaluator::AddKey(KeysId Before, StructurePair Key) {
   const auto Number = static_cast<KeysId>(vKeys.size());
   Slot = Number;
   vKeys.push_back(New);
-  KeyIndex.NoteAdded([&](KeysId Each) { return HashOfKey(vKeys[Each]); });
+  KeyIndex.NoteAdded([&](KeysId Keys) { return HashOfKey(vKeys[Keys]); });
   return Number;
 }
 
 std::optional<StructurePair> Evaluator::LookUp(std::uint32_t Evaluation, KeysId Keys) {
-  const auto HashOfKnown = [](const Known& Each) {
-    return Mixed(Pair(Each.Evaluation, Each.Keys));
+  const auto HashOfKnown = [](const Known& Current) {
+    return Mixed(Pair(Current.Evaluation, Current.Keys));
   };
   Known New{Evaluation, Keys, {}, false};
-  std::uint32_t& Slot = KnownIndex.Find(HashOfKnown(New), [&](std::uint32_t Each) {
-    return vKnown[Each].Evaluation == New.Evaluation && vKnown[Each].Keys == Keys;
+  std::uint32_t& Slot = KnownIndex.Find(HashOfKnown(New), [&](std::uint32_t Number) {
+    return vKnown[Number].Evaluation == New.Evaluation && vKnown[Number].Keys == Keys;
   });
   if (Slot == NoEntry) {
     RunProgram(New);
     Slot = static_cast<std::uint32_t>(vKnown.size());
     vKnown.push_back(New);
-    KnownIndex.NoteAdded([&](std::uint32_t Each) { return HashOfKnown(vKnown[Each]); });
+    KnownIndex.NoteAdded([&](std::uint32_t Number) { return HashOfKnown(vKnown[Number]); });
   } else {
     New = vKnown[Slot];
   }

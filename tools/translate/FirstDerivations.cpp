@@ -49,7 +49,7 @@ const FirstDerivations::Node& FirstDerivations::WorkedOut(NodeId Root) {
     if (vNodes[Which].IsKnown || !PushUnknown(Which)) {
       vStack.pop_back();
       if (!vNodes[Which].IsKnown) {
-        WorkOut(Which);
+        Compute(Which);
       }
     }
   }
@@ -69,7 +69,7 @@ bool FirstDerivations::PushUnknown(NodeId Which) {
   return vStack.size() > Size;
 }
 
-void FirstDerivations::WorkOut(NodeId Which) {
+void FirstDerivations::Compute(NodeId Which) {
   ForEachAlternative(Which, [&](std::uint32_t Alternative, NodeId First, NodeId Last) {
     AddAlternative(Which, Alternative, First, Last);
     AddCount(vNodes[Which], First, Last);
@@ -95,9 +95,9 @@ void FirstDerivations::AddAlternative(NodeId Which, std::uint32_t Alternative, N
     vReturn.insert(vReturn.end(), vBefore.begin(), vBefore.end());
   } else if (Which < FirstItem) {
     const Chart::Way& Way = Parsed.Ways()[Alternative];
-    for (const std::uint32_t Each : vBefore) {
+    for (const std::uint32_t Number : vBefore) {
       const Derivations::ListId Parts =
-          Way.IsUnary() ? Store.List(Derivations::NoList, Each) : Each;
+          Way.IsUnary() ? Store.List(Derivations::NoList, Number) : Number;
       vReturn.push_back(Store.Tree(Way.Rule, Parts, 0));
     }
   } else if (Last == NoEntry) {

@@ -28,7 +28,7 @@ class FirstDerivations {
     return WorkedOut(FirstItem + Item).vFirst;
   }
 
-  /// How many derivations there are; nothing where that does not fit 64 bits.
+  /// How many derivations there are; nothing if that does not fit 64 bits.
   std::optional<std::uint64_t> CountOfConstituent(std::uint32_t Constituent) {
     return WorkedOut(Constituent).Count;
   }
@@ -52,7 +52,7 @@ class FirstDerivations {
   void ForEachAlternative(NodeId Which, VisitT Visit) const;
   const Node& WorkedOut(NodeId Root);
   bool PushUnknown(NodeId Which);
-  void WorkOut(NodeId Which);
+  void Compute(NodeId Which);
   void AddAlternative(NodeId Which, std::uint32_t Alternative, NodeId First, NodeId Last);
   void AddCount(Node& NodeReturn, NodeId First, NodeId Last) const;
 
@@ -65,7 +65,7 @@ class FirstDerivations {
   std::vector<NodeId> vStack;
 };
 
-/// The sum of two counts; nothing where one of them or it does not fit.
+/// The sum of two counts; nothing if one of them or it does not fit.
 std::optional<std::uint64_t> SumOf(std::optional<std::uint64_t> Left,
                                    std::optional<std::uint64_t> Right);
 

@@ -11,8 +11,8 @@ void OrderedTexts::Run(const WorkerMaker& MakeWorker) {
     vThreads.emplace_back([&] { Work(MakeWorker); });
   }
   Work(MakeWorker);
-  for (std::thread& Each : vThreads) {
-    Each.join();
+  for (std::thread& Thread : vThreads) {
+    Thread.join();
   }
   if (Failure) {
     std::rethrow_exception(Failure);
@@ -65,10 +65,10 @@ void OrderedTexts::Give(std::size_t Line, TextOutput Result) {
   HasRoom.notify_all();
 }
 
-void OrderedTexts::Stop(std::exception_ptr Why) {
+void OrderedTexts::Stop(std::exception_ptr Reason) {
   const std::lock_guard<std::mutex> Writing(Output);
   IsStopped = true;
-  Failure = Failure ? Failure : std::move(Why);
+  Failure = Failure ? Failure : std::move(Reason);
   HasRoom.notify_all();
 }
 

@@ -25,7 +25,7 @@ struct TextOutput {
 ///   Texts.Run([] { return [](const std::string& Text, std::size_t Line) { return …; }; });
 class OrderedTexts {
  public:
-  /// Returns the next text; false behind the last. Never called by two threads at once.
+  /// Returns the next text; false after the last. Never called by two threads at once.
   using Source = std::function<bool(std::string& TextReturn)>;
   /// Takes the results in order; `IsWaiting` says that some thread waits for more input, so that
   /// what was written should be seen. Never called by two threads at once.
@@ -47,7 +47,7 @@ class OrderedTexts {
   void Work(const WorkerMaker& MakeWorker);
   bool Take(std::string& TextReturn, std::size_t& LineReturn);
   void Give(std::size_t Line, TextOutput Result);
-  void Stop(std::exception_ptr Why);
+  void Stop(std::exception_ptr Reason);
 
   unsigned Threads;
   Source NextText;

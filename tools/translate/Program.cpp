@@ -12,24 +12,24 @@ ProgramPath ProgramCompiler::AddPath(const NodePath& Path, Program& ProgramRetur
   New.Node = Path.Index;
   New.FirstFeature = static_cast<std::uint32_t>(ProgramReturn.vFeatures.size());
   New.FeatureCount = static_cast<std::uint32_t>(Path.vFeatures.size());
-  for (const std::string_view Each : Path.vFeatures) {
-    ProgramReturn.vFeatures.push_back(Features.InternUpper(Each));
+  for (const std::string_view Text : Path.vFeatures) {
+    ProgramReturn.vFeatures.push_back(Features.InternUpper(Text));
   }
-  std::uint32_t& Max = Path.Of == Side::X ? ProgramReturn.MaxX : ProgramReturn.MaxY;
+  std::uint32_t& Max = Path.OnSide == Side::X ? ProgramReturn.MaxX : ProgramReturn.MaxY;
   Max = std::max(Max, Path.Index);
   return New;
 }
 
-void ProgramCompiler::AddLink(const Equation& Each, Program& ProgramReturn) {
-  const bool IsTurned = Each.Left.Of == Side::Y && Each.Right.Of == Side::X;
+void ProgramCompiler::AddLink(const Equation& Current, Program& ProgramReturn) {
+  const bool IsTurned = Current.Left.OnSide == Side::Y && Current.Right.OnSide == Side::X;
   LinkStep New;
-  New.Left = AddPath(IsTurned ? Each.Right : Each.Left, ProgramReturn);
-  New.Right = AddPath(IsTurned ? Each.Left : Each.Right, ProgramReturn);
-  const auto Line = static_cast<std::uint32_t>(Each.Line);
-  if (Each.Left.Of != Each.Right.Of) {
+  New.Left = AddPath(IsTurned ? Current.Right : Current.Left, ProgramReturn);
+  New.Right = AddPath(IsTurned ? Current.Left : Current.Right, ProgramReturn);
+  const auto Line = static_cast<std::uint32_t>(Current.Line);
+  if (Current.Left.OnSide != Current.Right.OnSide) {
     ProgramReturn.vTransfers.push_back(New);
     LinesOf(StepKind::Transfer).push_back(Line);
-  } else if (Each.Left.Of == Side::X) {
+  } else if (Current.Left.OnSide == Side::X) {
     ProgramReturn.vAnalysisLinks.push_back(New);
     LinesOf(StepKind::AnalysisLink).push_back(Line);
   } else {
@@ -38,17 +38,17 @@ void ProgramCompiler::AddLink(const Equation& Each, Program& ProgramReturn) {
   }
 }
 
-std::vector<std::uint32_t> ProgramCompiler::AtomsOf(const Equation& Each) {
+std::vector<std::uint32_t> ProgramCompiler::AtomsOf(const Equation& Current) {
   std::vector<std::uint32_t> vAtoms;
-  for (const std::string_view Atom : Each.vAtoms) {
+  for (const std::string_view Atom : Current.vAtoms) {
     vAtoms.push_back(AtomNames.InternUpper(Atom));
   }
   return vAtoms;
 }
 
-void ProgramCompiler::AddSet(Side Of, const ValueStep& Step, std::uint32_t Line,
+void ProgramCompiler::AddSet(Side OnSide, const ValueStep& Step, std::uint32_t Line,
                              Program& ProgramReturn) {
-  if (Of == Side::X) {
+  if (OnSide == Side::X) {
     ProgramReturn.vAnalysisValues.push_back(Step);
     LinesOf(StepKind::AnalysisValue).push_back(Line);
   } else {
@@ -58,23 +58,25 @@ void ProgramCompiler::AddSet(Side Of, const ValueStep& Step, std::uint32_t Line,
 }
 
 /// Values of one written path are alternatives; a negation holds for itself.
-void ProgramCompiler::AddValue(const Equation& Each, Program& ProgramReturn) {
-  const auto Line = static_cast<std::uint32_t>(Each.Line);
-  const ProgramPath Path = AddPath(Each.Left, ProgramReturn);
-  std::vector<std::uint32_t> vAtoms = AtomsOf(Each);
-  if (Each.Kind == EquationKind::None) {
-    AddSet(Each.Left.Of, {Path, Atoms.Intern({true, std::move(vAtoms)})}, Line, ProgramReturn);
+void ProgramCompiler::AddValue(const Equation& Current, Program& ProgramReturn) {
+  const auto Line = static_cast<std::uint32_t>(Current.Line);
+  const ProgramPath Path = AddPath(Current.Left, ProgramReturn);
+  std::vector<std::uint32_t> vAtoms = AtomsOf(Current);
+  if (Current.Kind == EquationKind::None) {
+    AddSet(Current.Left.OnSide, {Path, Atoms.Intern({true, std::move(vAtoms)})}, Line,
+           ProgramReturn);
     return;
   }
   const auto Start = ProgramReturn.vFeatures.begin() + Path.FirstFeature;
   std::vector<std::uint32_t> vFeatures(Start, Start + Path.FeatureCount);
   const auto Found =
       std::find_if(vAlternatives.begin(), vAlternatives.end(), [&](const Alternatives& Other) {
-        return Other.Of == Each.Left.Of && Other.Path.Node == Path.Node &&
+        return Other.OnSide == Current.Left.OnSide && Other.Path.Node == Path.Node &&
                Other.vFeatures == vFeatures;
       });
   if (Found == vAlternatives.end()) {
-    vAlternatives.push_back({Path, std::move(vFeatures), Each.Left.Of, std::move(vAtoms), Line});
+    vAlternatives.push_back(
+        {Path, std::move(vFeatures), Current.Left.OnSide, std::move(vAtoms), Line});
   } else {
     ProgramReturn.vFeatures.resize(Path.FirstFeature);
     Found->vAtoms.insert(Found->vAtoms.end(), vAtoms.begin(), vAtoms.end());
@@ -85,10 +87,10 @@ void ProgramCompiler::AddValue(const Equation& Each, Program& ProgramReturn) {
 void ProgramCompiler::AddParts(const UsableRule& Rule, Program& ProgramReturn) const {
   std::vector<bool> vIsNamedX(Rule.X.vLabels.size() + 1);
   std::vector<bool> vIsNamedY(Rule.Y.vLabels.size() + 1);
-  for (const Equation& Each : Rule.vEquations) {
-    (Each.Left.Of == Side::X ? vIsNamedX : vIsNamedY)[Each.Left.Index] = true;
-    if (Each.Kind == EquationKind::Path) {
-      (Each.Right.Of == Side::X ? vIsNamedX : vIsNamedY)[Each.Right.Index] = true;
+  for (const Equation& Current : Rule.vEquations) {
+    (Current.Left.OnSide == Side::X ? vIsNamedX : vIsNamedY)[Current.Left.Index] = true;
+    if (Current.Kind == EquationKind::Path) {
+      (Current.Right.OnSide == Side::X ? vIsNamedX : vIsNamedY)[Current.Right.Index] = true;
     }
   }
   std::vector<std::uint32_t> vPlaces;
@@ -120,15 +122,16 @@ Program ProgramCompiler::Compile(const UsableRule& Rule, std::vector<std::uint32
   for (std::vector<std::uint32_t>& vEach : vLines) {
     vEach.clear();
   }
-  for (const Equation& Each : Rule.vEquations) {
-    if (Each.Kind == EquationKind::Path) {
-      AddLink(Each, New);
+  for (const Equation& Current : Rule.vEquations) {
+    if (Current.Kind == EquationKind::Path) {
+      AddLink(Current, New);
     } else {
-      AddValue(Each, New);
+      AddValue(Current, New);
     }
   }
-  for (Alternatives& Each : vAlternatives) {
-    AddSet(Each.Of, {Each.Path, Atoms.Intern({false, std::move(Each.vAtoms)})}, Each.Line, New);
+  for (Alternatives& Current : vAlternatives) {
+    AddSet(Current.OnSide, {Current.Path, Atoms.Intern({false, std::move(Current.vAtoms)})},
+           Current.Line, New);
   }
   AddParts(Rule, New);
   for (const std::vector<std::uint32_t>& vEach : vLines) {
@@ -167,8 +170,8 @@ class KeyWriter {
   template <typename ElementT>
   void Add(const std::vector<ElementT>& vElements) {
     Add(vElements.size());
-    for (const ElementT& Each : vElements) {
-      Add(Each);
+    for (const ElementT& Element : vElements) {
+      Add(Element);
     }
   }
 

@@ -89,17 +89,17 @@ class ProgramCompiler {
   struct Alternatives {
     ProgramPath Path;
     std::vector<std::uint32_t> vFeatures;
-    Side Of;
+    Side OnSide;
     std::vector<std::uint32_t> vAtoms;
     std::uint32_t Line;
   };
 
   ProgramPath AddPath(const NodePath& Path, Program& ProgramReturn);
-  void AddLink(const Equation& Each, Program& ProgramReturn);
-  void AddValue(const Equation& Each, Program& ProgramReturn);
-  void AddSet(Side Of, const ValueStep& Step, std::uint32_t Line, Program& ProgramReturn);
+  void AddLink(const Equation& Current, Program& ProgramReturn);
+  void AddValue(const Equation& Current, Program& ProgramReturn);
+  void AddSet(Side OnSide, const ValueStep& Step, std::uint32_t Line, Program& ProgramReturn);
   void AddParts(const UsableRule& Rule, Program& ProgramReturn) const;
-  std::vector<std::uint32_t> AtomsOf(const Equation& Each);
+  std::vector<std::uint32_t> AtomsOf(const Equation& Current);
   std::vector<std::uint32_t>& LinesOf(StepKind Kind) {
     return vLines[static_cast<std::size_t>(Kind)];
   }

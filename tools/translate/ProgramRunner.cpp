@@ -23,9 +23,9 @@ Unifier::NodeId ProgramRunner::Make(const Program& Equations, const ProgramPath&
 }
 
 bool ProgramRunner::SetValues(const Program& Equations, const std::vector<ValueStep>& vSteps) {
-  for (const ValueStep& Each : vSteps) {
-    const Unifier::NodeId Node = Make(Equations, Each.Path);
-    if (Node == Unifier::None || !Nodes.Unify(Node, Nodes.Add(Store.Atomic(Each.Atoms)))) {
+  for (const ValueStep& Step : vSteps) {
+    const Unifier::NodeId Node = Make(Equations, Step.Path);
+    if (Node == Unifier::None || !Nodes.Unify(Node, Nodes.Add(Store.Atomic(Step.Atoms)))) {
       return false;
     }
   }
@@ -33,9 +33,9 @@ bool ProgramRunner::SetValues(const Program& Equations, const std::vector<ValueS
 }
 
 bool ProgramRunner::Link(const Program& Equations, const std::vector<LinkStep>& vSteps) {
-  for (const LinkStep& Each : vSteps) {
-    const Unifier::NodeId Left = Make(Equations, Each.Left);
-    const Unifier::NodeId Right = Left == Unifier::None ? Left : Make(Equations, Each.Right);
+  for (const LinkStep& Step : vSteps) {
+    const Unifier::NodeId Left = Make(Equations, Step.Left);
+    const Unifier::NodeId Right = Left == Unifier::None ? Left : Make(Equations, Step.Right);
     if (Right == Unifier::None || !Nodes.Unify(Left, Right)) {
       return false;
     }
@@ -59,8 +59,8 @@ bool ProgramRunner::Analyse(const Program& Equations, const std::vector<Structur
 
 void ProgramRunner::Transfer(const Program& Equations) {
   vBrought.clear();
-  for (const LinkStep& Each : Equations.vTransfers) {
-    const ProgramPath& Path = Each.Left;
+  for (const LinkStep& Step : Equations.vTransfers) {
+    const ProgramPath& Path = Step.Left;
     const Unifier::NodeId Node = Nodes.Look(
         vRoots[Path.Node], Equations.vFeatures.data() + Path.FirstFeature, Path.FeatureCount);
     vBrought.push_back(Node == Unifier::None ? StructureId{StructureStore::Open}

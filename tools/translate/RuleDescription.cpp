@@ -15,7 +15,7 @@ namespace Translate {
 namespace {
 
 /// Cuts digits off the end of a name, and the sign before them.
-/// @return false where they do not stand there, or nothing before them
+/// @return false if they do not stand there, or nothing before them
 bool CutNumber(std::string_view Name, char Sign, std::string_view& RestReturn,
                std::string_view& DigitsReturn) {
   const std::size_t At = Name.rfind(Sign);
@@ -95,7 +95,7 @@ bool IsSamePath(const Grammar::NodePath& Left, const Grammar::NodePath& Right) {
   const auto IsSameFeature = [](std::string_view One, std::string_view Other) {
     return Grammar::Upper(One) == Grammar::Upper(Other);
   };
-  return Left.Of == Right.Of && Left.Index == Right.Index &&
+  return Left.OnSide == Right.OnSide && Left.Index == Right.Index &&
          std::equal(Left.vFeatures.begin(), Left.vFeatures.end(), Right.vFeatures.begin(),
                     Right.vFeatures.end(), IsSameFeature);
 }
@@ -104,17 +104,17 @@ bool IsSamePath(const Grammar::NodePath& Left, const Grammar::NodePath& Right) {
 void AddEquation(const Grammar::RuleText& Text, const std::vector<Grammar::Equation>& vAll,
                  std::size_t Index, RuleDescription& DescriptionReturn) {
   using Grammar::EquationKind;
-  const Grammar::Equation& Each = vAll[Index];
+  const Grammar::Equation& Current = vAll[Index];
   const auto Found = std::find_if(vAll.begin(), vAll.begin() + static_cast<std::ptrdiff_t>(Index),
                                   [&](const Grammar::Equation& Other) {
-                                    return Each.Kind == EquationKind::Any &&
+                                    return Current.Kind == EquationKind::Any &&
                                            Other.Kind == EquationKind::Any &&
-                                           IsSamePath(Each.Left, Other.Left);
+                                           IsSamePath(Current.Left, Other.Left);
                                   });
   const std::string_view Code = Text.Parts(Found->Line - Text.FirstLine).Code;
   RuleDescription::Equation& Equation = DescriptionReturn.Equations[Found->Line];
   Equation.Text = Grammar::Trimmed(Code);
-  Equation.vLines.push_back(Each.Line);
+  Equation.vLines.push_back(Current.Line);
 }
 
 }  // namespace

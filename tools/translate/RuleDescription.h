@@ -25,9 +25,9 @@ struct RuleDescription {
 
   std::string File;
   std::size_t Line = 0;                       ///< that the rule is named by
-  std::string Header;                         ///< "NP,8"; empty where none can be read
-  std::string Sequence;                       ///< the rule line; empty where there is none
-  std::optional<std::uint32_t> Index;         ///< in the rule set; nothing where it is left out
+  std::string Header;                         ///< "NP,8"; empty if none can be read
+  std::string Sequence;                       ///< the rule line; empty if there is none
+  std::optional<std::uint32_t> Index;         ///< in the rule set; nothing if it is left out
   std::vector<Grammar::Finding> vFindings;    ///< why it is left out
   std::map<std::size_t, Equation> Equations;  ///< by first line
 
@@ -41,7 +41,7 @@ struct RuleDescription {
 /// @param Rule what the lines mean; null for a rule that is left out
 RuleDescription DescribeRule(const Grammar::SourceRule& Lines, const Grammar::UsableRule* Rule);
 
-/// The header of a rule, "NP,8"; empty where there is none that can be read.
+/// The header of a rule, "NP,8"; empty if there is none that can be read.
 std::string HeaderTextOf(const Grammar::SourceRule& Lines);
 
 /// Whether a rule is meant by "NP,8", its header, capitals and leading zeros aside, or by
@@ -51,7 +51,7 @@ bool IsRuleMeant(std::string_view Name, const Grammar::SourceRule& Lines);
 /// Whether a name can be a header: a type, a comma and digits.
 bool IsHeaderName(std::string_view Name);
 
-/// The file of "g.trr:5"; nothing where the name does not end in a colon and digits.
+/// The file of "g.trr:5"; nothing if the name does not end in a colon and digits.
 std::optional<std::string_view> FileOfPlace(std::string_view Name);
 
 }  // namespace Translate

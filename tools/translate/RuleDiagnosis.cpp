@@ -29,7 +29,7 @@ RuleDiagnosis::RuleDiagnosis(const RuleSet& RulesPassIn, Translator& EnginePassI
 
 namespace {
 
-/// The nodes of the trie behind each component of a rule that is not unary.
+/// The nodes of the trie after each component of a rule that is not unary.
 std::vector<std::uint32_t> PrefixNodes(const RuleSet& Rules, const RuleSet::Rule& Rule) {
   std::vector<std::uint32_t> vNodes;
   std::uint32_t Node = SourceTrie::Root;
@@ -58,11 +58,11 @@ void RuleDiagnosis::SetRule(std::uint32_t Rule) {
     vPrefixNodes = PrefixNodes(Rules, Rules.At(Rule));
   }
   vMade.clear();
-  for (std::uint32_t Each = 0; Each < Parsed.Constituents().size(); ++Each) {
-    for (std::uint32_t Way = Parsed.Constituents()[Each].FirstWay; Way != NoEntry;
+  for (std::uint32_t Index = 0; Index < Parsed.Constituents().size(); ++Index) {
+    for (std::uint32_t Way = Parsed.Constituents()[Index].FirstWay; Way != NoEntry;
          Way = Parsed.Ways()[Way].Next) {
       if (Parsed.Ways()[Way].Rule == Rule) {
-        vMade.emplace_back(Parsed.Ways()[Way].Part(), Each);
+        vMade.emplace_back(Parsed.Ways()[Way].Part(), Index);
       }
     }
   }
@@ -96,16 +96,16 @@ RuleDiagnosis::Through RuleDiagnosis::FindThroughUnary(std::size_t Begin) const 
   const SourceSymbol Symbol = *Rules.SymbolsOf(Rules.At(Asked)).begin();
   for (const Chart::Cell& Cell : Parsed.CellsAt(Begin)) {
     for (std::uint32_t Index = 0; Index < Cell.ConstituentCount; ++Index) {
-      const std::uint32_t Each = Cell.FirstConstituent + Index;
-      if (!HasPlaceFor(Symbol, Parsed.Constituents()[Each].Types)) {
+      const std::uint32_t Current = Cell.FirstConstituent + Index;
+      if (!HasPlaceFor(Symbol, Parsed.Constituents()[Current].Types)) {
         continue;
       }
-      const ChainState State = ChainStateOf(Each, Asked);
-      (MadeFrom(Each) != NoEntry      ? Found.vMade
+      const ChainState State = ChainStateOf(Current, Asked);
+      (MadeFrom(Current) != NoEntry   ? Found.vMade
        : State == ChainState::Used    ? Found.vUsed
        : State == ChainState::Longest ? Found.vLongest
                                       : Found.vClashing)
-          .push_back(Each);
+          .push_back(Current);
     }
   }
   return Found;
@@ -114,9 +114,9 @@ RuleDiagnosis::Through RuleDiagnosis::FindThroughUnary(std::size_t Begin) const 
 RuleDiagnosis::Through RuleDiagnosis::FindThroughItems(std::size_t Begin) const {
   Through Found;
   const auto Items = Parsed.ItemsAt(Begin);
-  for (std::uint32_t Each = Items.First; Each < Items.Last; ++Each) {
-    if (Parsed.Items()[Each].Node == vPrefixNodes.back()) {
-      (MadeFrom(Each) != NoEntry ? Found.vMade : Found.vClashing).push_back(Each);
+  for (std::uint32_t Index = Items.First; Index < Items.Last; ++Index) {
+    if (Parsed.Items()[Index].Node == vPrefixNodes.back()) {
+      (MadeFrom(Index) != NoEntry ? Found.vMade : Found.vClashing).push_back(Index);
     }
   }
   return Found;
@@ -135,10 +135,10 @@ StopPlace RuleDiagnosis::PlaceAt(std::size_t Position) const {
           {Parsed.Constituents()[Cell.FirstConstituent + Index].Types, Cell.End});
     }
   }
-  const auto KeyOf = [&](const Beginning& Each) {
+  const auto KeyOf = [&](const Beginning& Current) {
     return std::tuple<std::size_t, const std::string&, const std::string&>(
-        Each.End, Rules.LabelName(Rules.SourceTypeOf(Each.Types)),
-        Rules.LabelName(Rules.TargetTypeOf(Each.Types)));
+        Current.End, Rules.LabelName(Rules.SourceTypeOf(Current.Types)),
+        Rules.LabelName(Rules.TargetTypeOf(Current.Types)));
   };
   std::sort(
       Place.vThere.begin(), Place.vThere.end(),
@@ -152,9 +152,9 @@ Stop RuleDiagnosis::FindStop(std::size_t Begin) const {
   Stop Found;
   std::vector<std::size_t> vPositions{Begin};
   const auto Items = Parsed.ItemsAt(Begin);
-  for (std::uint32_t Each = Items.First; Each < Items.Last; ++Each) {
+  for (std::uint32_t Index = Items.First; Index < Items.Last; ++Index) {
     const auto Node =
-        std::find(vPrefixNodes.begin(), vPrefixNodes.end(), Parsed.Items()[Each].Node);
+        std::find(vPrefixNodes.begin(), vPrefixNodes.end(), Parsed.Items()[Index].Node);
     const auto Met = static_cast<std::size_t>(Node - vPrefixNodes.begin()) + 1;
     if (Node == vPrefixNodes.end() || Met < Found.Component) {
       continue;
@@ -163,7 +163,7 @@ Stop RuleDiagnosis::FindStop(std::size_t Begin) const {
       vPositions.clear();
       Found.Component = Met;
     }
-    vPositions.push_back(Parsed.Items()[Each].End);
+    vPositions.push_back(Parsed.Items()[Index].End);
   }
   Found.Wanted = Rules.SymbolsOf(Rules.At(Asked)).First[Found.Component];
   ++Found.Component;
@@ -184,8 +184,9 @@ Listed<RuleDiagnosis::Ranked> RuleDiagnosis::FirstOf(const std::vector<std::uint
   const Derivations& Trees = InOrder.Trees();
   Listed<Ranked> All;
   for (const std::uint32_t Part : vParts) {
-    for (const std::uint32_t Each : IsUnary ? InOrder.OfConstituent(Part) : InOrder.OfItem(Part)) {
-      All.vFirst.push_back({Each, Part});
+    for (const std::uint32_t Number :
+         IsUnary ? InOrder.OfConstituent(Part) : InOrder.OfItem(Part)) {
+      All.vFirst.push_back({Number, Part});
     }
     All.More =
         SumOf(All.More, IsUnary ? InOrder.CountOfConstituent(Part) : InOrder.CountOfItem(Part));
@@ -208,9 +209,9 @@ std::vector<Derivations::TreeId> RuleDiagnosis::TreesOf(const Ranked& Which) con
     vTrees.push_back(Which.Trees);
     return vTrees;
   }
-  for (Derivations::ListId Each = Which.Trees; Each != Derivations::NoList;
-       Each = InOrder.Trees().Before(Each)) {
-    vTrees.push_back(InOrder.Trees().Last(Each));
+  for (Derivations::ListId List = Which.Trees; List != Derivations::NoList;
+       List = InOrder.Trees().Before(List)) {
+    vTrees.push_back(InOrder.Trees().Last(List));
   }
   std::reverse(vTrees.begin(), vTrees.end());
   return vTrees;
@@ -236,8 +237,8 @@ Combination RuleDiagnosis::MakeCombination(const std::vector<Derivations::TreeId
           return Equations.Apply(Rules.At(Rule), vParts);
         }).front());
     PartFacts& Part = Way.vParts.emplace_back(PartFacts{Component, At, vNodes.front().End, {}});
-    for (const TreeNode& Each : vNodes) {
-      Part.vRules.push_back(Each.Rule);
+    for (const TreeNode& Node : vNodes) {
+      Part.vRules.push_back(Node.Rule);
     }
     At = Part.End;
   }
@@ -247,10 +248,10 @@ Combination RuleDiagnosis::MakeCombination(const std::vector<Derivations::TreeId
 
 std::string RuleDiagnosis::WordsOfRule(const std::vector<Derivations::TreeId>& vTrees) const {
   std::string Words;
-  for (const TargetItem& Each : Rules.TargetsOf(Rules.At(Asked))) {
-    const std::string Next = Each.IsLiteral
-                                 ? Rules.WordName(Each.Value)
-                                 : TargetTextOf(Rules, InOrder.Trees(), vTrees[Each.Value]);
+  for (const TargetItem& Item : Rules.TargetsOf(Rules.At(Asked))) {
+    const std::string Next = Item.IsLiteral
+                                 ? Rules.WordName(Item.Value)
+                                 : TargetTextOf(Rules, InOrder.Trees(), vTrees[Item.Value]);
     Words.append(Words.empty() || Next.empty() ? "" : " ").append(Next);
   }
   return Words;
@@ -263,9 +264,9 @@ Listed<FactsT> RuleDiagnosis::List(const std::vector<std::uint32_t>& vParts, std
   const Listed<Ranked> All = FirstOf(vParts);
   Listed<FactsT> Facts;
   Facts.More = All.More;
-  for (const Ranked& Each : All.vFirst) {
-    const std::vector<Derivations::TreeId> vTrees = TreesOf(Each);
-    Facts.vFirst.push_back(Make(MakeCombination(vTrees, Begin), vTrees, Each.Part));
+  for (const Ranked& Current : All.vFirst) {
+    const std::vector<Derivations::TreeId> vTrees = TreesOf(Current);
+    Facts.vFirst.push_back(Make(MakeCombination(vTrees, Begin), vTrees, Current.Part));
   }
   return Facts;
 }
@@ -274,8 +275,8 @@ Listed<FactsT> RuleDiagnosis::List(const std::vector<std::uint32_t>& vParts, std
 
 bool RuleDiagnosis::IsInBest(const Combination& Way, std::size_t Begin) const {
   std::vector<std::uint32_t> vRules{Asked};
-  for (const PartFacts& Each : Way.vParts) {
-    vRules.insert(vRules.end(), Each.vRules.begin(), Each.vRules.end());
+  for (const PartFacts& Facts : Way.vParts) {
+    vRules.insert(vRules.end(), Facts.vRules.begin(), Facts.vRules.end());
   }
   const auto IsSame = [](const TreeNode& Node, std::uint32_t Rule) { return Node.Rule == Rule; };
   for (auto Node = vBestNodes.begin(); Node != vBestNodes.end(); ++Node) {
@@ -331,24 +332,24 @@ Taker RuleDiagnosis::FindTaker(std::uint32_t Rule, std::size_t Component,
     return Found;
   }
   for (std::size_t Next = Component; Next < vNodes.size(); ++Next) {
-    std::vector<std::uint32_t> vBehind;
+    std::vector<std::uint32_t> vAfter;
     for (const std::uint32_t Item : vItems) {
-      Uses->ForEachItemBehind(Item, [&](std::uint32_t Behind) {
-        if (Parsed.Items()[Behind].Node == vNodes[Next]) {
-          vBehind.push_back(Behind);
+      Uses->ForEachItemAfter(Item, [&](std::uint32_t After) {
+        if (Parsed.Items()[After].Node == vNodes[Next]) {
+          vAfter.push_back(After);
         }
       });
     }
-    std::sort(vBehind.begin(), vBehind.end());
-    vBehind.erase(std::unique(vBehind.begin(), vBehind.end()), vBehind.end());
-    if (vBehind.empty()) {
-      Want(TakerState::WantsBehind, Next + 1);
+    std::sort(vAfter.begin(), vAfter.end());
+    vAfter.erase(std::unique(vAfter.begin(), vAfter.end()), vAfter.end());
+    if (vAfter.empty()) {
+      Want(TakerState::WantsAfter, Next + 1);
       for (const std::uint32_t Item : vItems) {
         Found.vPositions.push_back(Parsed.Items()[Item].End);
       }
       break;
     }
-    vItems.swap(vBehind);
+    vItems.swap(vAfter);
   }
   std::sort(Found.vPositions.begin(), Found.vPositions.end());
   Found.vPositions.erase(std::unique(Found.vPositions.begin(), Found.vPositions.end()),

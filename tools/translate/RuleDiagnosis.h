@@ -69,7 +69,7 @@ struct ClashFacts {
 /// What keeps a constituent from being part of a derivation.
 enum class TakerState : std::uint8_t {
   WantsBefore,  ///< what comes before it in the rule does not end where it begins
-  WantsBehind,  ///< what comes behind it, directly or later, does not begin there
+  WantsAfter,   ///< what comes after it, directly or later, does not begin there
   Clashes,      ///< the rule gets through, and its equations clash
   InChain       ///< the rule is used in the chain already, or the chain is at its longest
 };
@@ -78,7 +78,7 @@ enum class TakerState : std::uint8_t {
 struct Taker {
   std::uint32_t Rule = 0;
   std::size_t Component = 0;  ///< the place that it would take, from 1
-  TakerState State = TakerState::WantsBehind;
+  TakerState State = TakerState::WantsAfter;
   std::size_t WantedComponent = 0;  ///< that is missing, from 1
   SourceSymbol Wanted = 0;
   std::vector<std::size_t> vPositions;  ///< where it would have to end, or to begin; ascending
@@ -88,7 +88,7 @@ struct Taker {
 template <typename ElementT>
 struct Listed {
   std::vector<ElementT> vFirst;
-  std::optional<std::uint64_t> More = 0;  ///< nothing where that does not fit
+  std::optional<std::uint64_t> More = 0;  ///< nothing if that does not fit
 
   bool IsEmpty() const { return vFirst.empty(); }
 };
@@ -199,7 +199,7 @@ class RuleDiagnosis {
   // Of the rule that is asked about.
   bool HasAsked = false;
   std::uint32_t Asked = 0;
-  std::vector<std::uint32_t> vPrefixNodes;  // of the trie, behind each component; none if unary
+  std::vector<std::uint32_t> vPrefixNodes;  // of the trie, after each component; none if unary
   std::vector<std::pair<std::uint32_t, std::uint32_t>> vMade;  // from what, and what; ascending
   std::vector<StructurePair> vPartStructures;                  // of the last combination
 };

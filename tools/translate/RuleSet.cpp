@@ -58,7 +58,7 @@ void RuleSet::AddTargets(const UsableRule& Source, Rule& RuleReturn) {
   RuleReturn.TargetCount = static_cast<std::uint32_t>(vTargets.size()) - RuleReturn.FirstTarget;
 }
 
-/// The number of the program that a rule's equations make, `None` where it has none. The lines of
+/// The number of the program that a rule's equations make, `None` if it has none. The lines of
 /// its steps are left in `vLines`.
 std::uint32_t RuleSet::InternProgram(const UsableRule& Source) {
   vLines.clear();
@@ -108,17 +108,17 @@ std::uint32_t RuleSet::AddVariant(const UsableRule& Source) {
 void RuleSet::SetWeights() {
   constexpr long double Million = 1000000;
   std::vector<std::uint64_t> vTotals(Labels.Size());
-  for (const Rule& Each : vRules) {
-    vTotals[Each.SourceType] += Each.Count;
+  for (const Rule& Current : vRules) {
+    vTotals[Current.SourceType] += Current.Count;
   }
-  for (Rule& Each : vRules) {
-    const auto Total = static_cast<long double>(vTotals[Each.SourceType]);
-    Each.Weight = static_cast<std::int32_t>(
-        std::llround(Million * std::log(static_cast<long double>(Each.Count) / Total)));
+  for (Rule& Current : vRules) {
+    const auto Total = static_cast<long double>(vTotals[Current.SourceType]);
+    Current.Weight = static_cast<std::int32_t>(
+        std::llround(Million * std::log(static_cast<long double>(Current.Count) / Total)));
   }
   vIsSourceType.resize(Labels.Size());
-  for (const Rule& Each : vRules) {
-    vIsSourceType[Each.SourceType] = true;
+  for (const Rule& Current : vRules) {
+    vIsSourceType[Current.SourceType] = true;
   }
 }
 
@@ -127,9 +127,9 @@ void RuleSet::SetWeights() {
 /// Counts unary rules by the slot of their only place, and finds the slots that types fill.
 void RuleSet::FillSlots() {
   vFirstUnary.assign(Slots.Size() + 1, 0);
-  for (const Rule& Each : vRules) {
-    if (IsUnary(Each)) {
-      ++vFirstUnary[vSymbols[Each.FirstSymbol] + 1];
+  for (const Rule& Current : vRules) {
+    if (IsUnary(Current)) {
+      ++vFirstUnary[vSymbols[Current.FirstSymbol] + 1];
     }
   }
   for (std::size_t Slot = 0; Slot < Slots.Size(); ++Slot) {
@@ -142,14 +142,14 @@ void RuleSet::FillSlots() {
 }
 
 /// What a rule reads, for each of its symbols.
-void RuleSet::AddNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsReturn) const {
-  vNeedsReturn.assign(Each.SymbolCount, 0);
-  if (Each.Evaluation == None) {
+void RuleSet::AddNeeds(const Rule& Current, std::vector<std::uint8_t>& vNeedsReturn) const {
+  vNeedsReturn.assign(Current.SymbolCount, 0);
+  if (Current.Evaluation == None) {
     return;
   }
   std::vector<std::uint32_t> vIndexOfPlace;
-  for (std::uint32_t Index = 0; Index < Each.SymbolCount; ++Index) {
-    if ((vSymbols[Each.FirstSymbol + Index] & SourceTrie::LiteralMark) == 0) {
+  for (std::uint32_t Index = 0; Index < Current.SymbolCount; ++Index) {
+    if ((vSymbols[Current.FirstSymbol + Index] & SourceTrie::LiteralMark) == 0) {
       vIndexOfPlace.push_back(Index);
     }
   }
@@ -157,10 +157,10 @@ void RuleSet::AddNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsReturn
     std::uint8_t& Needs = vNeedsReturn[vIndexOfPlace[Node.Place]];
     Needs = static_cast<std::uint8_t>(Needs | Need);
   };
-  for (const ProgramNode& Node : vPrograms[Each.Evaluation].vSourceParts) {
+  for (const ProgramNode& Node : vPrograms[Current.Evaluation].vSourceParts) {
     Note(Node, SourceTrie::NeedsSource);
   }
-  for (const ProgramNode& Node : vPrograms[Each.Evaluation].vTargetParts) {
+  for (const ProgramNode& Node : vPrograms[Current.Evaluation].vTargetParts) {
     Note(Node, SourceTrie::NeedsTarget);
   }
 }
@@ -169,10 +169,10 @@ void RuleSet::FillTrie() {
   std::vector<SourceSymbol> vSequence;
   std::vector<std::uint8_t> vNeeds;
   for (std::uint32_t Index = 0; Index < vRules.size(); ++Index) {
-    const Rule& Each = vRules[Index];
-    if (!IsUnary(Each)) {
-      vSequence.assign(SymbolsOf(Each).begin(), SymbolsOf(Each).end());
-      AddNeeds(Each, vNeeds);
+    const Rule& Used = vRules[Index];
+    if (!IsUnary(Used)) {
+      vSequence.assign(SymbolsOf(Used).begin(), SymbolsOf(Used).end());
+      AddNeeds(Used, vNeeds);
       Sequences.Add(vSequence, vNeeds, Index);
     }
   }
@@ -210,15 +210,15 @@ std::uint32_t RuleSet::AddEvaluation(std::uint32_t Number,
   return Found->second;
 }
 
-/// What some rule with the same beginning looks at, for each of a rule's places.
-void RuleSet::AddSeenNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsReturn) const {
-  if (IsUnary(Each)) {
-    AddNeeds(Each, vNeedsReturn);
+/// What some rule with the same beginning reads, for each of a rule's places.
+void RuleSet::AddSeenNeeds(const Rule& Current, std::vector<std::uint8_t>& vNeedsReturn) const {
+  if (IsUnary(Current)) {
+    AddNeeds(Current, vNeedsReturn);
     return;
   }
   vNeedsReturn.clear();
   std::uint32_t Node = SourceTrie::Root;
-  for (const SourceSymbol Symbol : SymbolsOf(Each)) {
+  for (const SourceSymbol Symbol : SymbolsOf(Current)) {
     Node = Sequences.Child(Node, Symbol);
     if ((Symbol & SourceTrie::LiteralMark) == 0) {
       vNeedsReturn.push_back(Sequences.Needs(Node));
@@ -230,16 +230,16 @@ void RuleSet::AddSeenNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsRe
 /// variant reads nothing that its rule does not read, so it gets the keys of its rule.
 void RuleSet::SetEvaluations() {
   std::vector<std::uint8_t> vNeeds;
-  for (Variant& Each : vVariants) {
-    if (Each.Evaluation != None) {
-      AddSeenNeeds(vRules[Each.Rule], vNeeds);
-      Each.Evaluation = AddEvaluation(Each.Evaluation, vNeeds);
+  for (Variant& Current : vVariants) {
+    if (Current.Evaluation != None) {
+      AddSeenNeeds(vRules[Current.Rule], vNeeds);
+      Current.Evaluation = AddEvaluation(Current.Evaluation, vNeeds);
     }
   }
-  for (Rule& Each : vRules) {
-    if (Each.Evaluation != None) {
-      AddSeenNeeds(Each, vNeeds);
-      Each.Evaluation = AddEvaluation(Each.Evaluation, vNeeds);
+  for (Rule& Current : vRules) {
+    if (Current.Evaluation != None) {
+      AddSeenNeeds(Current, vNeeds);
+      Current.Evaluation = AddEvaluation(Current.Evaluation, vNeeds);
     }
   }
 }
@@ -247,8 +247,8 @@ void RuleSet::SetEvaluations() {
 /// Copies what is needed of the rules to where it is needed.
 void RuleSet::FillEndings() {
   const auto EndingOf = [&](std::uint32_t Index) {
-    const Rule& Each = vRules[Index];
-    return Ending{Index, Each.Types, Each.Evaluation, Each.Weight};
+    const Rule& Used = vRules[Index];
+    return Ending{Index, Used.Types, Used.Evaluation, Used.Weight};
   };
   for (const std::uint32_t Index : Sequences.AllRules()) {
     vEndings.push_back(EndingOf(Index));

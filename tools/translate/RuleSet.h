@@ -96,27 +96,27 @@ class RuleSet {
   /// @return its number among the variants, which count from 0
   std::uint32_t AddVariant(const UsableRule& Source);
 
-  /// To be called behind the last rule.
+  /// To be called after the last rule.
   void Finish();
 
   const RuleSetOptions& Settings() const { return Options; }
 
   std::size_t Size() const { return vRules.size(); }
   const Rule& At(std::uint32_t Index) const { return vRules[Index]; }
-  const std::string& FileOf(const Rule& Each) const { return Files.Name(Each.File); }
+  const std::string& FileOf(const Rule& Current) const { return Files.Name(Current.File); }
   const std::string& FileName(std::uint32_t File) const { return Files.Name(File); }
-  const std::string& HeaderOf(const Rule& Each) const { return Headers.Name(Each.Header); }
-  SourceTrie::Range<SourceSymbol> SymbolsOf(const Rule& Each) const {
-    const SourceSymbol* First = vSymbols.data() + Each.FirstSymbol;
-    return {First, First + Each.SymbolCount};
+  const std::string& HeaderOf(const Rule& Current) const { return Headers.Name(Current.Header); }
+  SourceTrie::Range<SourceSymbol> SymbolsOf(const Rule& Current) const {
+    const SourceSymbol* First = vSymbols.data() + Current.FirstSymbol;
+    return {First, First + Current.SymbolCount};
   }
-  SourceTrie::Range<TargetItem> TargetsOf(const Rule& Each) const {
-    const TargetItem* First = vTargets.data() + Each.FirstTarget;
-    return {First, First + Each.TargetCount};
+  SourceTrie::Range<TargetItem> TargetsOf(const Rule& Current) const {
+    const TargetItem* First = vTargets.data() + Current.FirstTarget;
+    return {First, First + Current.TargetCount};
   }
   /// The line of a step of the rule's program.
-  std::uint32_t LineOfStep(const Rule& Each, std::size_t Step) const {
-    return vStepLines[Each.FirstLine + Step];
+  std::uint32_t LineOfStep(const Rule& Current, std::size_t Step) const {
+    return vStepLines[Current.FirstLine + Step];
   }
 
   const std::string& LabelName(std::uint32_t Label) const { return Labels.Name(Label); }
@@ -154,8 +154,9 @@ class RuleSet {
   SourceTrie::Range<Ending> UnaryRules(SourceSymbol Slot) const {
     return {vUnary.data() + vFirstUnary[Slot], vUnary.data() + vFirstUnary[Slot + 1]};
   }
-  bool IsUnary(const Rule& Each) const {
-    return Each.SymbolCount == 1 && (vSymbols[Each.FirstSymbol] & SourceTrie::LiteralMark) == 0;
+  bool IsUnary(const Rule& Current) const {
+    return Current.SymbolCount == 1 &&
+           (vSymbols[Current.FirstSymbol] & SourceTrie::LiteralMark) == 0;
   }
 
   const Variant& VariantAt(std::uint32_t Number) const { return vVariants[Number]; }
@@ -174,8 +175,8 @@ class RuleSet {
   void FillSlots();
   void SetEvaluations();
   void FillEndings();
-  void AddNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsReturn) const;
-  void AddSeenNeeds(const Rule& Each, std::vector<std::uint8_t>& vNeedsReturn) const;
+  void AddNeeds(const Rule& Current, std::vector<std::uint8_t>& vNeedsReturn) const;
+  void AddSeenNeeds(const Rule& Current, std::vector<std::uint8_t>& vNeedsReturn) const;
   std::uint32_t AddEvaluation(std::uint32_t Program, const std::vector<std::uint8_t>& vNeeds);
 
   RuleSetOptions Options;

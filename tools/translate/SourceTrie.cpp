@@ -49,8 +49,8 @@ void SourceTrie::Finish() {
     const auto Last = vEdges.begin() + vFirstEdge[Node + 1];
     std::sort(First, Last,
               [](const EdgeTo& Left, const EdgeTo& Right) { return Left.Symbol < Right.Symbol; });
-    const auto Literal = std::find_if(
-        First, Last, [](const EdgeTo& Each) { return (Each.Symbol & LiteralMark) != 0; });
+    const auto Literal =
+        std::find_if(First, Last, [](const EdgeTo& To) { return (To.Symbol & LiteralMark) != 0; });
     vFirstLiteral[Node] = static_cast<std::uint32_t>(Literal - vEdges.begin());
   }
   std::vector<std::pair<std::uint32_t, std::uint32_t>>().swap(vAdded);

@@ -53,7 +53,7 @@ class SourceTrie {
   void Add(const std::vector<SourceSymbol>& vSymbols, const std::vector<std::uint8_t>& vNeeds,
            std::uint32_t Rule);
 
-  /// To be called behind the last rule, and before any of the questions below.
+  /// To be called after the last rule, and before any of the questions below.
   void Finish();
 
   /// `NoEntry` where there is no such edge.
@@ -88,7 +88,7 @@ class SourceTrie {
   std::size_t Size() const { return vNeedsOfNode.size(); }
 
  private:
-  // The node behind an edge has the edge's number, plus one for the root.
+  // The node after an edge has the edge's number, plus one for the root.
   PairTable Edges;
   std::vector<std::uint8_t> vNeedsOfNode;
   std::vector<std::pair<std::uint32_t, std::uint32_t>> vAdded;  // node and rule

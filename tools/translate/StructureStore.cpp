@@ -10,29 +10,30 @@ void StructureStore::Clear() {
   Index.Clear();
 }
 
-std::uint64_t StructureStore::HashOfEntry(const Entry& Each) const {
-  return Each.Size == 0 ? Mixed(Each.Start) : HashOf(vWords.data() + Each.Start, Each.Size);
+std::uint64_t StructureStore::HashOfEntry(const Entry& Current) const {
+  return Current.Size == 0 ? Mixed(Current.Start)
+                           : HashOf(vWords.data() + Current.Start, Current.Size);
 }
 
 StructureId StructureStore::Atomic(AtomSetId Set) {
   const auto New = static_cast<StructureId>(vEntries.size());
-  std::uint32_t& Slot = Index.Find(Mixed(Set), [&](StructureId Each) {
-    return vEntries[Each].Size == 0 && vEntries[Each].Start == Set;
+  std::uint32_t& Slot = Index.Find(Mixed(Set), [&](StructureId Structure) {
+    return vEntries[Structure].Size == 0 && vEntries[Structure].Start == Set;
   });
   if (Slot != NoEntry) {
     return Slot;
   }
   Slot = New;
   vEntries.push_back({Set, 0});
-  Index.NoteAdded([&](StructureId Each) { return HashOfEntry(vEntries[Each]); });
+  Index.NoteAdded([&](StructureId Structure) { return HashOfEntry(vEntries[Structure]); });
   return New;
 }
 
 StructureId StructureStore::Complex(const std::vector<std::uint32_t>& vKnot) {
   const auto New = static_cast<StructureId>(vEntries.size());
-  std::uint32_t& Slot = Index.Find(HashOf(vKnot.data(), vKnot.size()), [&](StructureId Each) {
-    return vEntries[Each].Size == vKnot.size() &&
-           std::equal(vKnot.begin(), vKnot.end(), vWords.data() + vEntries[Each].Start);
+  std::uint32_t& Slot = Index.Find(HashOf(vKnot.data(), vKnot.size()), [&](StructureId Structure) {
+    return vEntries[Structure].Size == vKnot.size() &&
+           std::equal(vKnot.begin(), vKnot.end(), vWords.data() + vEntries[Structure].Start);
   });
   if (Slot != NoEntry) {
     return Slot;
@@ -41,7 +42,7 @@ StructureId StructureStore::Complex(const std::vector<std::uint32_t>& vKnot) {
   vEntries.push_back(
       {static_cast<std::uint32_t>(vWords.size()), static_cast<std::uint32_t>(vKnot.size())});
   vWords.insert(vWords.end(), vKnot.begin(), vKnot.end());
-  Index.NoteAdded([&](StructureId Each) { return HashOfEntry(vEntries[Each]); });
+  Index.NoteAdded([&](StructureId Structure) { return HashOfEntry(vEntries[Structure]); });
   return New;
 }
 

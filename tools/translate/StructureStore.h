@@ -75,7 +75,7 @@ class StructureStore {
     std::uint32_t Size;
   };
 
-  std::uint64_t HashOfEntry(const Entry& Each) const;
+  std::uint64_t HashOfEntry(const Entry& Current) const;
 
   std::vector<Entry> vEntries;
   std::vector<std::uint32_t> vWords;

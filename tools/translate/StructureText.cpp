@@ -14,7 +14,7 @@ namespace Translate {
 
 namespace {
 
-/// The letter that stands for a control character behind a backslash; 0 if there is not one.
+/// The letter that stands for a control character after a backslash; 0 if there is none.
 char ShortEscape(char Byte) {
   switch (Byte) {
     case '\b':
@@ -102,46 +102,46 @@ void StructureText::AppendNumber(std::uint32_t Number, bool IsFirst) {
 }
 
 /// The text before a structure: the feature that leads to it, and its number.
-void StructureText::Begin(const StructureWalk::Event& Each) {
-  if (Each.Feature != NoEntry) {
-    Text->append(Each.IsFirst ? "" : IsJson ? "," : " ");
-    AppendName(Rules.FeatureName(Each.Feature));
+void StructureText::Begin(const StructureWalk::Event& Current) {
+  if (Current.Feature != NoEntry) {
+    Text->append(Current.IsFirst ? "" : IsJson ? "," : " ");
+    AppendName(Rules.FeatureName(Current.Feature));
     Text->append(IsJson ? ":" : "=");
   }
-  if (Each.Number != 0) {
-    AppendNumber(Each.Number, Each.What != StructureWalk::Kind::Again);
+  if (Current.Number != 0) {
+    AppendNumber(Current.Number, Current.What != StructureWalk::Kind::Again);
   }
 }
 
-void StructureText::End(const StructureWalk::Event& Each) {
-  Text->append(Each.Number != 0 && IsJson ? "}" : "");
+void StructureText::End(const StructureWalk::Event& Current) {
+  Text->append(Current.Number != 0 && IsJson ? "}" : "");
 }
 
 void StructureText::Append(StructureId Structure) {
   using Kind = StructureWalk::Kind;
-  StructureWalk::Event Each;
-  for (Walk.Start(Structure); Walk.Next(Each);) {
-    switch (Each.What) {
+  StructureWalk::Event Current;
+  for (Walk.Start(Structure); Walk.Next(Current);) {
+    switch (Current.What) {
       case Kind::Open:
-        Begin(Each);
+        Begin(Current);
         Text->append(IsJson ? "{}" : "[]");
-        End(Each);
+        End(Current);
         break;
       case Kind::Atoms:
-        Begin(Each);
-        AppendAtoms(SetAt(Each.Structure));
-        End(Each);
+        Begin(Current);
+        AppendAtoms(SetAt(Current.Structure));
+        End(Current);
         break;
       case Kind::Complex:
-        Begin(Each);
+        Begin(Current);
         Text->append(IsJson ? "{" : "[");
         break;
       case Kind::End:
         Text->append(IsJson ? "}" : "]");
-        End(Each);
+        End(Current);
         break;
       case Kind::Again:
-        Begin(Each);
+        Begin(Current);
         break;
     }
   }

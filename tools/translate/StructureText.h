@@ -40,8 +40,8 @@ class StructureText {
   void AppendAtoms(const AtomSet& Set);
   void AppendName(const std::string& Name);
   void AppendNumber(std::uint32_t Number, bool IsFirst);
-  void Begin(const StructureWalk::Event& Each);
-  void End(const StructureWalk::Event& Each);
+  void Begin(const StructureWalk::Event& Current);
+  void End(const StructureWalk::Event& Current);
   void Append(StructureId Structure);
 
   const RuleSet& Rules;

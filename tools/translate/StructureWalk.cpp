@@ -21,7 +21,7 @@ std::size_t StructureWalk::AddKnot(StructureId Structure) {
     New.vLocals.push_back(At);
     const std::uint32_t Head = New.Words[At++];
     const std::uint32_t Arcs = StructureStore::IsAlias(Head) ? 0 : Head;
-    for (std::uint32_t Each = 0; Each < Arcs; ++Each, At += 2) {
+    for (std::uint32_t Index = 0; Index < Arcs; ++Index, At += 2) {
       if (StructureStore::IsLocal(New.Words[At + 1])) {
         ++New.vArrivals[StructureStore::Unmarked(New.Words[At + 1])];
       }
@@ -74,13 +74,13 @@ bool StructureWalk::Next(Event& EventReturn) {
     vFrames.pop_back();
     return true;
   }
-  const Arc Each = Top.vArcs[Top.Next++];
-  EventReturn.Feature = Each.Feature;
+  const Arc Link = Top.vArcs[Top.Next++];
+  EventReturn.Feature = Link.Feature;
   EventReturn.IsFirst = Top.Next == 1;
-  if (StructureStore::IsLocal(Each.Target)) {
-    VisitLocal(Top.Knot, StructureStore::Unmarked(Each.Target), EventReturn);
+  if (StructureStore::IsLocal(Link.Target)) {
+    VisitLocal(Top.Knot, StructureStore::Unmarked(Link.Target), EventReturn);
   } else {
-    Visit(Each.Target, EventReturn);
+    Visit(Link.Target, EventReturn);
   }
   return true;
 }
@@ -117,9 +117,9 @@ void StructureWalk::VisitLocal(std::size_t Which, std::uint32_t Local, Event& Ev
 
 std::vector<std::uint32_t> StructureWalk::Path() const {
   std::vector<std::uint32_t> vPath;
-  for (const Frame& Each : vFrames) {
-    if (Each.Next > 0) {
-      vPath.push_back(Each.vArcs[Each.Next - 1].Feature);
+  for (const Frame& Current : vFrames) {
+    if (Current.Next > 0) {
+      vPath.push_back(Current.vArcs[Current.Next - 1].Feature);
     }
   }
   return vPath;

@@ -38,7 +38,7 @@ class StructureWalk {
       : Rules(RulesPassIn), Store(StorePassIn) {}
 
   void Start(StructureId Structure);
-  /// @return false behind the last event
+  /// @return false after the last event
   bool Next(Event& EventReturn);
 
   /// The features that lead to what the last event was about, unless that was an end.

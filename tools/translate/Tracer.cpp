@@ -99,20 +99,20 @@ bool IsOf(StepKind Kind, bool IsSource) {
 
 /// @return false if one clashes, which is left aside from then on
 bool Tracer::RunEquations(bool IsSource) {
-  for (Equation& Each : vEquations) {
-    if (!IsOf(Each.Kind, IsSource)) {
+  for (Equation& Current : vEquations) {
+    if (!IsOf(Current.Kind, IsSource)) {
       continue;
     }
-    if (Each.Clash) {
-      FillCycle(Each);
+    if (Current.Clash) {
+      FillCycle(Current);
       continue;
     }
     EquationClash New;
-    RunEquation(Each, New);
+    RunEquation(Current, New);
     if (New.IsCycle || !New.vConflicts.empty()) {
-      New.Kind = Each.Kind;
-      New.Line = Each.Line;
-      Each.Clash = vClashes.size();
+      New.Kind = Current.Kind;
+      New.Line = Current.Line;
+      Current.Clash = vClashes.size();
       vClashes.push_back(std::move(New));
       return false;
     }
@@ -122,41 +122,41 @@ bool Tracer::RunEquations(bool IsSource) {
 
 // ---- Equations --------------------------------------------------------------------------------
 
-void Tracer::RunEquation(const Equation& Each, EquationClash& ClashReturn) {
-  Here.Line = Each.Line;
-  switch (Each.Kind) {
+void Tracer::RunEquation(const Equation& Current, EquationClash& ClashReturn) {
+  Here.Line = Current.Line;
+  switch (Current.Kind) {
     case StepKind::AnalysisValue:
-      SetValue(Steps->vAnalysisValues[Each.Index], Side::X, ClashReturn);
+      SetValue(Steps->vAnalysisValues[Current.Index], Side::X, ClashReturn);
       break;
     case StepKind::AnalysisLink:
-      Link(Steps->vAnalysisLinks[Each.Index], Side::X, ClashReturn);
+      Link(Steps->vAnalysisLinks[Current.Index], Side::X, ClashReturn);
       break;
     case StepKind::Transfer:
-      Transfer(Steps->vTransfers[Each.Index], ClashReturn);
+      Transfer(Steps->vTransfers[Current.Index], ClashReturn);
       break;
     case StepKind::GenerationValue:
-      SetValue(Steps->vGenerationValues[Each.Index], Side::Y, ClashReturn);
+      SetValue(Steps->vGenerationValues[Current.Index], Side::Y, ClashReturn);
       break;
     case StepKind::GenerationLink:
-      Link(Steps->vGenerationLinks[Each.Index], Side::Y, ClashReturn);
+      Link(Steps->vGenerationLinks[Current.Index], Side::Y, ClashReturn);
       break;
   }
 }
 
-void Tracer::SetValue(const ValueStep& Step, Side Of, EquationClash& ClashReturn) {
-  const NodeId There = Make(Step.Path, Of, ClashReturn);
+void Tracer::SetValue(const ValueStep& Step, Side OnSide, EquationClash& ClashReturn) {
+  const NodeId There = Make(Step.Path, OnSide, ClashReturn);
   if (There != TracedUnifier::None) {
     const AtomSetId Value = Sets.Intern(Step.Atoms, Sets.Only(Here));
-    const NodeId Came = StateOf(Of).Nodes.Add(Store.Atomic(Value));
-    Unify({There, PathOf(Step.Path, Of)}, {Came, std::nullopt}, ClashReturn);
+    const NodeId Came = StateOf(OnSide).Nodes.Add(Store.Atomic(Value));
+    Unify({There, PathOf(Step.Path, OnSide)}, {Came, std::nullopt}, ClashReturn);
   }
 }
 
-void Tracer::Link(const LinkStep& Step, Side Of, EquationClash& ClashReturn) {
-  const NodeId There = Make(Step.Left, Of, ClashReturn);
-  const NodeId Came = There == TracedUnifier::None ? There : Make(Step.Right, Of, ClashReturn);
+void Tracer::Link(const LinkStep& Step, Side OnSide, EquationClash& ClashReturn) {
+  const NodeId There = Make(Step.Left, OnSide, ClashReturn);
+  const NodeId Came = There == TracedUnifier::None ? There : Make(Step.Right, OnSide, ClashReturn);
   if (Came != TracedUnifier::None) {
-    Unify({There, PathOf(Step.Left, Of)}, {Came, PathOf(Step.Right, Of)}, ClashReturn);
+    Unify({There, PathOf(Step.Left, OnSide)}, {Came, PathOf(Step.Right, OnSide)}, ClashReturn);
   }
 }
 
@@ -176,7 +176,7 @@ void Tracer::Transfer(const LinkStep& Step, EquationClash& ClashReturn) {
 /// Unifies two nodes of one side. Both are looked at as they were before where one would contain
 /// itself, which can only be known afterwards.
 void Tracer::Unify(const PlacedNode& There, const PlacedNode& Came, EquationClash& ClashReturn) {
-  TracedUnifier& Nodes = StateOf(There.Path->Of).Nodes;
+  TracedUnifier& Nodes = StateOf(There.Path->OnSide).Nodes;
   const bool AreOne = Nodes.Unify(There.Node, Came.Node);
   if (Nodes.HasCycle()) {
     ClashReturn.IsCycle = true;
@@ -185,11 +185,11 @@ void Tracer::Unify(const PlacedNode& There, const PlacedNode& Came, EquationClas
   if (AreOne) {
     return;
   }
-  for (const ClashTrail::Clash& Each : Nodes.LastTrail().Clashes()) {
-    Conflict New{*There.Path, Nodes.Freeze(Each.Left), Came.Path, Nodes.Freeze(Each.Right),
-                 Each.vFeatures.size()};
+  for (const ClashTrail::Clash& Current : Nodes.LastTrail().Clashes()) {
+    Conflict New{*There.Path, Nodes.Freeze(Current.Left), Came.Path, Nodes.Freeze(Current.Right),
+                 Current.vFeatures.size()};
     const auto Extend = [&](std::vector<std::uint32_t>& vFeatures) {
-      vFeatures.insert(vFeatures.end(), Each.vFeatures.begin(), Each.vFeatures.end());
+      vFeatures.insert(vFeatures.end(), Current.vFeatures.begin(), Current.vFeatures.end());
     };
     Extend(New.ThereAt.vFeatures);
     if (New.CameAt) {
@@ -210,14 +210,14 @@ void Tracer::Unify(const PlacedNode& There, const PlacedNode& Came, EquationClas
 
 // ---- Paths ------------------------------------------------------------------------------------
 
-RulePath Tracer::PathOf(const ProgramPath& Path, Side Of) const {
+RulePath Tracer::PathOf(const ProgramPath& Path, Side OnSide) const {
   const auto First = Steps->vFeatures.begin() + Path.FirstFeature;
-  return {Of, Path.Node, {First, First + Path.FeatureCount}};
+  return {OnSide, Path.Node, {First, First + Path.FeatureCount}};
 }
 
 /// The structure at the end of a path as it is now; open where it is not there.
 StructureId Tracer::Look(const RulePath& Path) {
-  SideState& In = StateOf(Path.Of);
+  SideState& In = StateOf(Path.OnSide);
   const NodeId Node =
       In.Nodes.Look(In.vRoots[Path.Node], Path.vFeatures.data(), Path.vFeatures.size());
   return Node == TracedUnifier::None ? StructureId{StructureStore::Open} : In.Nodes.Freeze(Node);
@@ -225,13 +225,13 @@ StructureId Tracer::Look(const RulePath& Path) {
 
 /// The node at the end of a path. What is not there yet comes from this equation. Through an atom
 /// leads no path: then the atom was there, and a feature came.
-Tracer::NodeId Tracer::Make(const ProgramPath& Path, Side Of, EquationClash& ClashReturn) {
-  TracedUnifier& Nodes = StateOf(Of).Nodes;
-  NodeId At = StateOf(Of).vRoots[Path.Node];
+Tracer::NodeId Tracer::Make(const ProgramPath& Path, Side OnSide, EquationClash& ClashReturn) {
+  TracedUnifier& Nodes = StateOf(OnSide).Nodes;
+  NodeId At = StateOf(OnSide).vRoots[Path.Node];
   for (std::uint32_t Depth = 0; Depth < Path.FeatureCount; ++Depth) {
     const std::uint32_t* Feature = Steps->vFeatures.data() + Path.FirstFeature + Depth;
     if (Nodes.IsAtomic(At)) {
-      RulePath Start = PathOf(Path, Of);
+      RulePath Start = PathOf(Path, OnSide);
       Start.vFeatures.resize(Depth);
       const NodeId Came = Nodes.Add(StructureStore::Open);
       AddFeature(Nodes, Came, Feature);
@@ -258,18 +258,19 @@ Tracer::NodeId Tracer::AddFeature(TracedUnifier& Nodes, NodeId Node, const std::
 
 /// Notes what an equation that was left aside, since a structure would contain itself, would have
 /// made one.
-void Tracer::FillCycle(const Equation& Each) {
-  EquationClash& Clash = vClashes[*Each.Clash];
+void Tracer::FillCycle(const Equation& Current) {
+  EquationClash& Clash = vClashes[*Current.Clash];
   if (!Clash.IsCycle || !Clash.vConflicts.empty()) {
     return;
   }
-  const LinkStep& Step = Each.Kind == StepKind::AnalysisLink ? Steps->vAnalysisLinks[Each.Index]
-                         : Each.Kind == StepKind::Transfer   ? Steps->vTransfers[Each.Index]
-                                                             : Steps->vGenerationLinks[Each.Index];
-  const Side Of = Each.Kind == StepKind::AnalysisLink ? Side::X : Side::Y;
-  const bool IsTransfer = Each.Kind == StepKind::Transfer;
-  RulePath There = PathOf(IsTransfer ? Step.Right : Step.Left, Of);
-  RulePath Came = PathOf(IsTransfer ? Step.Left : Step.Right, IsTransfer ? Side::X : Of);
+  const LinkStep& Step =
+      Current.Kind == StepKind::AnalysisLink ? Steps->vAnalysisLinks[Current.Index]
+      : Current.Kind == StepKind::Transfer   ? Steps->vTransfers[Current.Index]
+                                             : Steps->vGenerationLinks[Current.Index];
+  const Side OnSide = Current.Kind == StepKind::AnalysisLink ? Side::X : Side::Y;
+  const bool IsTransfer = Current.Kind == StepKind::Transfer;
+  RulePath There = PathOf(IsTransfer ? Step.Right : Step.Left, OnSide);
+  RulePath Came = PathOf(IsTransfer ? Step.Left : Step.Right, IsTransfer ? Side::X : OnSide);
   const StructureId ThereValue = Look(There);
   const StructureId CameValue = Look(Came);
   Clash.vConflicts.push_back({std::move(There), ThereValue, std::move(Came), CameValue, 0});

@@ -16,7 +16,7 @@ namespace Translate {
 
 /// A path of a rule: a node and features.
 struct RulePath {
-  Side Of = Side::X;
+  Side OnSide = Side::X;
   std::uint32_t Node = 0;
   std::vector<std::uint32_t> vFeatures;
 };
@@ -103,17 +103,17 @@ class Tracer {
                 const std::vector<StructurePair>& vParts, bool IsSource);
   void RunStage(const std::vector<StructurePair>& vParts, bool IsSource);
   bool RunEquations(bool IsSource);
-  void RunEquation(const Equation& Each, EquationClash& ClashReturn);
-  void SetValue(const ValueStep& Step, Side Of, EquationClash& ClashReturn);
-  void Link(const LinkStep& Step, Side Of, EquationClash& ClashReturn);
+  void RunEquation(const Equation& Current, EquationClash& ClashReturn);
+  void SetValue(const ValueStep& Step, Side OnSide, EquationClash& ClashReturn);
+  void Link(const LinkStep& Step, Side OnSide, EquationClash& ClashReturn);
   void Transfer(const LinkStep& Step, EquationClash& ClashReturn);
   void Unify(const PlacedNode& There, const PlacedNode& Came, EquationClash& ClashReturn);
-  NodeId Make(const ProgramPath& Path, Side Of, EquationClash& ClashReturn);
+  NodeId Make(const ProgramPath& Path, Side OnSide, EquationClash& ClashReturn);
   NodeId AddFeature(TracedUnifier& Nodes, NodeId Node, const std::uint32_t* Feature);
   StructureId Look(const RulePath& Path);
-  void FillCycle(const Equation& Each);
-  RulePath PathOf(const ProgramPath& Path, Side Of) const;
-  SideState& StateOf(Side Of) { return Of == Side::X ? X : Y; }
+  void FillCycle(const Equation& Current);
+  RulePath PathOf(const ProgramPath& Path, Side OnSide) const;
+  SideState& StateOf(Side OnSide) { return OnSide == Side::X ? X : Y; }
 
   const RuleSet& Rules;
   StructureStore Store;

@@ -23,8 +23,8 @@ namespace {
 /// The words of all pieces, joined by blanks.
 std::string JoinedPieces(const TextResult& Result) {
   std::string Text;
-  for (const Piece& Each : Result.vPieces) {
-    Text.append(Text.empty() || Each.Target.empty() ? "" : " ").append(Each.Target);
+  for (const Piece& Current : Result.vPieces) {
+    Text.append(Text.empty() || Current.Target.empty() ? "" : " ").append(Current.Target);
   }
   return Text;
 }
@@ -53,12 +53,12 @@ void TranslationWriter::Append(std::string_view Text, const TextResult& Result,
 // ---- Plain ------------------------------------------------------------------------------------
 
 void TranslationWriter::AppendPlain(const TextResult& Result) {
-  for (const Translation& Each : Result.vTranslations) {
+  for (const Translation& Best : Result.vTranslations) {
     if (Options.IsList) {
-      AppendScore(Each.Score, *Out);
+      AppendScore(Best.Score, *Out);
       *Out += '\t';
     }
-    Out->append(Each.Target).append(1, '\n');
+    Out->append(Best.Target).append(1, '\n');
   }
   if (Result.HasPieces) {
     Out->append(JoinedPieces(Result)).append(1, '\n');
@@ -73,13 +73,13 @@ void TranslationWriter::AppendJson(std::string_view Text, const TextResult& Resu
   Out->append("{\"source\":");
   AppendJsonString(Text, *Out);
   Out->append(",\"translations\":[");
-  for (const Translation& Each : Result.vTranslations) {
-    Out->append(&Each == &Result.vTranslations.front() ? "" : ",").append("{\"target\":");
-    AppendJsonString(Each.Target, *Out);
+  for (const Translation& Best : Result.vTranslations) {
+    Out->append(&Best == &Result.vTranslations.front() ? "" : ",").append("{\"target\":");
+    AppendJsonString(Best.Target, *Out);
     Out->append(",\"score\":");
-    AppendScore(Each.Score, *Out);
+    AppendScore(Best.Score, *Out);
     Out->append(",\"tree\":");
-    AppendJsonTree(Each.Tree, 0);
+    AppendJsonTree(Best.Tree, 0);
     *Out += '}';
   }
   *Out += ']';
@@ -111,23 +111,23 @@ void AppendSpan(std::size_t Start, std::size_t End, std::string& TextReturn) {
 void AppendPlaces(const RuleSet& Rules, const std::vector<Origin>& vOrigins,
                   std::string& TextReturn) {
   TextReturn += '[';
-  for (const Origin& Each : vOrigins) {
-    TextReturn.append(&Each == &vOrigins.front() ? "" : ",");
-    AppendJsonString(Rules.FileName(Each.File) + ':' + std::to_string(Each.Line), TextReturn);
+  for (const Origin& Current : vOrigins) {
+    TextReturn.append(&Current == &vOrigins.front() ? "" : ",");
+    AppendJsonString(Rules.FileName(Current.File) + ':' + std::to_string(Current.Line), TextReturn);
   }
   TextReturn += ']';
 }
 
 void TranslationWriter::AppendJsonPieces(const TextResult& Result) {
   Out->append(",\"pieces\":[");
-  for (const Piece& Each : Result.vPieces) {
-    Out->append(&Each == &Result.vPieces.front() ? "{" : ",{");
-    AppendSpan(Each.Start, Each.End, *Out);
+  for (const Piece& Current : Result.vPieces) {
+    Out->append(&Current == &Result.vPieces.front() ? "{" : ",{");
+    AppendSpan(Current.Start, Current.End, *Out);
     Out->append(",\"target\":");
-    AppendJsonString(Each.Target, *Out);
+    AppendJsonString(Current.Target, *Out);
     Out->append(",\"tree\":");
-    if (Each.Tree) {
-      AppendJsonTree(*Each.Tree, Each.Start);
+    if (Current.Tree) {
+      AppendJsonTree(*Current.Tree, Current.Start);
     } else {
       Out->append("null");
     }
@@ -162,11 +162,11 @@ void TranslationWriter::AppendJsonNode(const TreeNode& Node) {
 /// For each path that leads to atoms the constraints that gave them: {"AGR NUM":["words.trr:30"]}.
 void TranslationWriter::AppendOrigins(StructureId Structure) {
   StructureWalk Walk(Rules, Trace->Structures());
-  StructureWalk::Event Each;
+  StructureWalk::Event Current;
   *Out += '{';
   const std::size_t Start = Out->size();
-  for (Walk.Start(Structure); Walk.Next(Each);) {
-    if (Each.What != StructureWalk::Kind::Atoms) {
+  for (Walk.Start(Structure); Walk.Next(Current);) {
+    if (Current.What != StructureWalk::Kind::Atoms) {
       continue;
     }
     std::string Path;
@@ -176,7 +176,7 @@ void TranslationWriter::AppendOrigins(StructureId Structure) {
     Out->append(Out->size() == Start ? "" : ",");
     AppendJsonString(Path, *Out);
     *Out += ':';
-    AppendPlaces(Rules, Trace->Origins(Each.Structure), *Out);
+    AppendPlaces(Rules, Trace->Origins(Current.Structure), *Out);
   }
   *Out += '}';
 }
@@ -283,21 +283,21 @@ void TranslationWriter::DrawTree(Derivations::TreeId Tree, std::size_t Start) {
 
 void TranslationWriter::AppendDrawing(std::string_view Text, const TextResult& Result) {
   Out->append(Text).append(1, '\n');
-  for (const Translation& Each : Result.vTranslations) {
-    AppendScore(Each.Score, *Out);
+  for (const Translation& Best : Result.vTranslations) {
+    AppendScore(Best.Score, *Out);
     *Out += ' ';
-    AppendColoured(Bold, Each.Target);
+    AppendColoured(Bold, Best.Target);
     *Out += '\n';
-    DrawTree(Each.Tree, 0);
+    DrawTree(Best.Tree, 0);
   }
   if (Result.vTranslations.empty()) {
     Out->append(Result.Error.empty() ? "no translation\n" : "");
   }
-  for (const Piece& Each : Result.vPieces) {
-    AppendColoured(Bold, Each.Target);
+  for (const Piece& Current : Result.vPieces) {
+    AppendColoured(Bold, Current.Target);
     *Out += '\n';
-    if (Each.Tree) {
-      DrawTree(*Each.Tree, Each.Start);
+    if (Current.Tree) {
+      DrawTree(*Current.Tree, Current.Start);
     }
   }
   if (!Result.Error.empty()) {

@@ -16,7 +16,7 @@ enum class TextFormat : std::uint8_t { Plain, Json, Tree };
 
 struct WriterOptions {
   TextFormat Format = TextFormat::Plain;
-  bool IsList = false;      ///< of the plain form: scores, and an empty line behind each text
+  bool IsList = false;      ///< of the plain form: scores, and an empty line after each text
   bool HasCount = false;    ///< of JSON: how many derivations there are
   bool HasOrigins = false;  ///< of JSON: which constraints gave the values
   bool Colours = false;     ///< of trees
@@ -25,7 +25,7 @@ struct WriterOptions {
 /// Writes what has become of texts. One for each translator.
 ///
 ///   TranslationWriter Writer(Rules, Engine, Options);
-///   Writer.Append(Text, Engine.Translate(Text, …), Out);  // Out has "el auto rojo\n" behind it
+///   Writer.Append(Text, Engine.Translate(Text, …), Out);  // Out has "el auto rojo\n" after it
 class TranslationWriter {
  public:
   TranslationWriter(const RuleSet& RulesPassIn, Translator& EnginePassIn,

@@ -45,11 +45,11 @@ std::vector<std::uint32_t> Translator::Goals(const TextOptions& Options) const {
     return vGoals;
   }
   for (std::uint32_t Index = 0; Index < Whole->ConstituentCount; ++Index) {
-    const std::uint32_t Each = Whole->FirstConstituent + Index;
-    const std::uint32_t Type = Rules.SourceTypeOf(Parsed.Constituents()[Each].Types);
+    const std::uint32_t Current = Whole->FirstConstituent + Index;
+    const std::uint32_t Type = Rules.SourceTypeOf(Parsed.Constituents()[Current].Types);
     if (!Options.HasStarts ||
         std::find(Options.vStarts.begin(), Options.vStarts.end(), Type) != Options.vStarts.end()) {
-      vGoals.push_back(Each);
+      vGoals.push_back(Current);
     }
   }
   return vGoals;
@@ -68,7 +68,7 @@ void Translator::AddTranslations(const TextOptions& Options, TextResult& ResultR
     if (!Options.AllDerivations && !ssGiven.insert(Target).second) {
       if (++PassedOver > Options.MaxDerivations) {
         ResultReturn.Error = "more than " + std::to_string(Options.MaxDerivations) +
-                             " derivations say what others said before";
+                             " derivations repeat earlier texts";
         return;
       }
       continue;
@@ -94,8 +94,8 @@ void Translator::AddPieces(TextResult& ResultReturn) {
       }
     };
     Offer(Start + 1);
-    for (const Chart::Cell& Each : Parsed.CellsAt(Start)) {
-      Offer(Each.End);
+    for (const Chart::Cell& Current : Parsed.CellsAt(Start)) {
+      Offer(Current.End);
     }
   }
   for (std::size_t Start = 0; Start < Size; Start = vEnds[Start]) {

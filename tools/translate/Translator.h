@@ -48,7 +48,7 @@ struct TextResult {
   std::vector<Piece> vPieces;
   bool HasPieces = false;                    ///< whether pieces were wanted, and are all there is
   std::optional<std::uint64_t> Derivations;  ///< how many; nothing if that does not fit
-  std::string Error;                         ///< empty if there is not one
+  std::string Error;                         ///< empty if there is none
 };
 
 /// Translates texts, one after the other. One for each thread; all can use the same rules.

@@ -30,8 +30,8 @@ void ClashTrail::Enter(std::uint32_t Feature) {
 
 bool ClashTrail::NoteClash(std::uint32_t Left, std::uint32_t Right) {
   Clash New{{}, Left, Right};
-  for (std::uint32_t Each = Present; Each != NoEntry; Each = vPlaces[Each].Before) {
-    New.vFeatures.push_back(vPlaces[Each].Feature);
+  for (std::uint32_t Index = Present; Index != NoEntry; Index = vPlaces[Index].Before) {
+    New.vFeatures.push_back(vPlaces[Index].Feature);
   }
   std::reverse(New.vFeatures.begin(), New.vFeatures.end());
   vClashes.push_back(std::move(New));
@@ -117,11 +117,11 @@ void BasicUnifier<AtomsT>::Expand(NodeId Node) {
 template <typename AtomsT>
 typename BasicUnifier<AtomsT>::NodeId BasicUnifier<AtomsT>::TargetOf(NodeId Node,
                                                                      std::uint32_t Feature) {
-  std::uint32_t Each = vNodes[Node].Value;
-  while (Each != NoEntry && vArcs[Each].Feature < Feature) {
-    Each = vArcs[Each].Next;
+  std::uint32_t Index = vNodes[Node].Value;
+  while (Index != NoEntry && vArcs[Index].Feature < Feature) {
+    Index = vArcs[Index].Next;
   }
-  return Each != NoEntry && vArcs[Each].Feature == Feature ? vArcs[Each].Target : None;
+  return Index != NoEntry && vArcs[Index].Feature == Feature ? vArcs[Index].Target : None;
 }
 
 /// Adds a feature, with an open structure, to a node that does not have it.
@@ -131,12 +131,12 @@ typename BasicUnifier<AtomsT>::NodeId BasicUnifier<AtomsT>::AddArc(NodeId Node,
   const NodeId Target = Push(Kind::Open, 0);
   const auto New = static_cast<std::uint32_t>(vArcs.size());
   std::uint32_t Before = NoEntry;
-  std::uint32_t Behind = vNodes[Node].Value;
-  while (Behind != NoEntry && vArcs[Behind].Feature < Feature) {
-    Before = Behind;
-    Behind = vArcs[Behind].Next;
+  std::uint32_t After = vNodes[Node].Value;
+  while (After != NoEntry && vArcs[After].Feature < Feature) {
+    Before = After;
+    After = vArcs[After].Next;
   }
-  vArcs.push_back({Feature, Target, Behind});
+  vArcs.push_back({Feature, Target, After});
   (Before == NoEntry ? vNodes[Node].Value : vArcs[Before].Next) = New;
   return Target;
 }
@@ -243,17 +243,17 @@ bool BasicUnifier<AtomsT>::MergeAtoms(NodeId Left, NodeId Right) {
 /// Returns the left node the features of both; what both have is to be unified.
 template <typename AtomsT>
 void BasicUnifier<AtomsT>::MergeArcs(NodeId Left, NodeId Right) {
-  for (const NodeId Each : {Left, Right}) {
-    if (vNodes[Each].What == Kind::Frozen) {
-      Expand(Each);
+  for (const NodeId Node : {Left, Right}) {
+    if (vNodes[Node].What == Kind::Frozen) {
+      Expand(Node);
     }
   }
   std::uint32_t One = vNodes[Left].Value;
   std::uint32_t Other = vNodes[Right].Value;
   std::uint32_t Last = NoEntry;
-  const auto Append = [&](std::uint32_t Each) {
-    (Last == NoEntry ? vNodes[Left].Value : vArcs[Last].Next) = Each;
-    Last = Each;
+  const auto Append = [&](std::uint32_t Number) {
+    (Last == NoEntry ? vNodes[Left].Value : vArcs[Last].Next) = Number;
+    Last = Number;
   };
   while (One != NoEntry && Other != NoEntry) {
     const bool IsFirst = vArcs[One].Feature <= vArcs[Other].Feature;
@@ -274,8 +274,8 @@ void BasicUnifier<AtomsT>::MergeArcs(NodeId Left, NodeId Right) {
 /// Walks from each node that has not been reached, and looks for an arc back to where it came from.
 template <typename AtomsT>
 bool BasicUnifier<AtomsT>::HasCycle() {
-  for (NodeState& Each : vNodes) {
-    Each.Number = 0;
+  for (NodeState& State : vNodes) {
+    State.Number = 0;
   }
   enum State : std::uint32_t { Unseen, Inside, Left };
   for (NodeId Root = 0; Root < vNodes.size(); ++Root) {
@@ -317,9 +317,9 @@ StructureId BasicUnifier<AtomsT>::Freeze(NodeId Node) {
   }
   Walk(Node);
   NoteShared();
-  for (const NodeId Each : vOrder) {
-    if (vNodes[Each].IsClosed) {
-      vNodes[Each].Result = Resolve(Each);
+  for (const NodeId Ordered : vOrder) {
+    if (vNodes[Ordered].IsClosed) {
+      vNodes[Ordered].Result = Resolve(Ordered);
     }
   }
   return vNodes[Node].Result;
@@ -327,21 +327,21 @@ StructureId BasicUnifier<AtomsT>::Freeze(NodeId Node) {
 
 template <typename AtomsT>
 void BasicUnifier<AtomsT>::Enter(NodeId Node, NodeId Parent) {
-  NodeState& Each = vNodes[Node];
-  Each.Number = ++LastNumber;
-  Each.Last = LastNumber;
-  Each.Arrivals = 1;
-  Each.Parent = Parent;
-  Each.IsClosed = true;
+  NodeState& State = vNodes[Node];
+  State.Number = ++LastNumber;
+  State.Last = LastNumber;
+  State.Arrivals = 1;
+  State.Parent = Parent;
+  State.IsClosed = true;
   vReached.push_back(Node);
-  vSteps.push_back({Node, Each.What == Kind::Complex ? Each.Value : NoEntry});
+  vSteps.push_back({Node, State.What == Kind::Complex ? State.Value : NoEntry});
 }
 
 /// Goes depth first through all that can be reached.
 template <typename AtomsT>
 void BasicUnifier<AtomsT>::Walk(NodeId Root) {
-  for (NodeState& Each : vNodes) {
-    Each.Number = 0;
+  for (NodeState& State : vNodes) {
+    State.Number = 0;
   }
   LastNumber = 0;
   vOrder.clear();
@@ -394,24 +394,24 @@ void BasicUnifier<AtomsT>::MarkUpTo(NodeId Node, NodeId Other) {
 /// The number of a node that shares nothing below it with the outside.
 template <typename AtomsT>
 StructureId BasicUnifier<AtomsT>::Resolve(NodeId Node) {
-  const NodeState& Each = vNodes[Node];
-  switch (Each.What) {
+  const NodeState& State = vNodes[Node];
+  switch (State.What) {
     case Kind::Open:
       return StructureStore::Open;
     case Kind::Atomic:
-      return Store.Atomic(Each.Value);
+      return Store.Atomic(State.Value);
     case Kind::Frozen:
-      return Each.Value;
+      return State.Value;
     case Kind::Complex:
       break;
   }
   return KnotOf(Node);
 }
 
-/// Whether a node below a knot is no part of it.
+/// Whether a node below a knot is not part of it.
 template <typename AtomsT>
-bool BasicUnifier<AtomsT>::IsOwn(const NodeState& Each) const {
-  return Each.IsClosed && Each.Arrivals == 1;
+bool BasicUnifier<AtomsT>::IsOwn(const NodeState& State) const {
+  return State.IsClosed && State.Arrivals == 1;
 }
 
 /// Collects the locals of a knot in the order of a walk.
@@ -447,7 +447,7 @@ void BasicUnifier<AtomsT>::NumberLocals(NodeId Root) {
 template <typename AtomsT>
 std::uint32_t BasicUnifier<AtomsT>::ArcCount(NodeId Node) const {
   std::uint32_t Count = 0;
-  for (std::uint32_t Each = vNodes[Node].Value; Each != NoEntry; Each = vArcs[Each].Next) {
+  for (std::uint32_t Index = vNodes[Node].Value; Index != NoEntry; Index = vArcs[Index].Next) {
     ++Count;
   }
   return Count;
@@ -464,9 +464,9 @@ StructureId BasicUnifier<AtomsT>::KnotOf(NodeId Root) {
       continue;
     }
     vKnot.push_back(ArcCount(Local));
-    for (std::uint32_t Each = vNodes[Local].Value; Each != NoEntry; Each = vArcs[Each].Next) {
-      const NodeId To = Find(vArcs[Each].Target);
-      vKnot.push_back(vArcs[Each].Feature);
+    for (std::uint32_t Index = vNodes[Local].Value; Index != NoEntry; Index = vArcs[Index].Next) {
+      const NodeId To = Find(vArcs[Index].Target);
+      vKnot.push_back(vArcs[Index].Feature);
       vKnot.push_back(IsOwn(vNodes[To]) ? vNodes[To].Result
                                         : StructureStore::LocalTarget(vNodes[To].Local));
     }

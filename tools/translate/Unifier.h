@@ -35,7 +35,7 @@ class ClashTrail {
   void Start();
   /// The pair of nodes that was entered last, and not taken yet, is worked on.
   void Take();
-  /// A pair of nodes is to be worked on: those behind a feature of the present one.
+  /// A pair of nodes is to be worked on: those after a feature of the present one.
   void Enter(std::uint32_t Feature);
   bool NoteClash(std::uint32_t Left, std::uint32_t Right);
 
@@ -158,7 +158,7 @@ class BasicUnifier {
   StructureId Resolve(NodeId Node);
   StructureId KnotOf(NodeId Root);
   void NumberLocals(NodeId Root);
-  bool IsOwn(const NodeState& Each) const;
+  bool IsOwn(const NodeState& State) const;
   std::uint32_t ArcCount(NodeId Node) const;
 
   /// A place in a walk: a node, and the arc that comes next.

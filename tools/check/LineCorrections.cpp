@@ -1,6 +1,6 @@
 // Sections: words, comments, headers, rule lines, alignments, constraints.
 
-#include "LineMends.h"
+#include "LineCorrections.h"
 
 #include "Bytes.h"
 
@@ -79,7 +79,7 @@ char AsDigit(char Byte) {
   return Byte == 'l' || Byte == 'I' || Byte == '|' ? '1' : Byte == 'O' || Byte == 'o' ? '0' : Byte;
 }
 
-/// "x1" for "x1" and "xl"; nothing for what is no node.
+/// "x1" for "x1" and "xl"; nothing if it is not a node.
 std::string NodeIn(std::string_view Word) {
   if (Word.size() < 2 || (ToUpper(Word.front()) != 'X' && ToUpper(Word.front()) != 'Y')) {
     return "";
@@ -105,9 +105,9 @@ std::string AsComment(std::string_view Text) {
 
 namespace {
 
-/// A comment behind a line, where there is text for one.
-std::string WithComment(std::string Code, std::string_view Behind) {
-  const std::string_view Text = Stripped(Behind, ";,.");
+/// A comment after a line, where there is text for one.
+std::string WithComment(std::string Code, std::string_view After) {
+  const std::string_view Text = Stripped(After, ";,.");
   return Text.empty() ? Code : Code.append(1, ' ').append(AsComment(Text));
 }
 
@@ -133,7 +133,7 @@ Words WithNumberApart(const std::string& sWord) {
 
 }  // namespace
 
-std::string MendedHeader(std::string_view Code) {
+std::string CorrectedHeader(std::string_view Code) {
   const std::string_view Inside = Stripped(Code, Brackets);
   Words vsWords = WordsOf(Inside, ",;:.|/+");
   if (vsWords.size() == 1) {
@@ -148,8 +148,8 @@ std::string MendedHeader(std::string_view Code) {
   if (!IsTypeName(vsWords[0]) || !IsNumber(vsWords[1])) {
     return "";
   }
-  const std::string Mended = '{' + vsWords[0] + ',' + vsWords[1] + '}';
-  return TrRuleInternal::ParseHeader(Mended) ? Mended : "";
+  const std::string Corrected = '{' + vsWords[0] + ',' + vsWords[1] + '}';
+  return TrRuleInternal::ParseHeader(Corrected) ? Corrected : "";
 }
 
 // ---- Rule lines -------------------------------------------------------------------------------
@@ -245,7 +245,7 @@ bool TakeTypes(std::string_view& RestReturn, SequencePieces& PiecesReturn) {
 }
 
 /// A label, with double quotes at both ends where it has one at either, or single ones at both.
-std::string MendedLabel(const std::string& sLabel) {
+std::string CorrectedLabel(const std::string& sLabel) {
   const bool Begins = sLabel.front() == '"';
   const bool Ends = sLabel.back() == '"';
   if (Begins && Ends) {
@@ -257,33 +257,33 @@ std::string MendedLabel(const std::string& sLabel) {
   return (Ends ? "\"" : "") + sLabel + (Begins ? "\"" : "");
 }
 
-/// "[DET N]" for a sequence with other brackets, or with commas or tabs between its labels; behind
+/// "[DET N]" for a sequence with other brackets, or with commas or tabs between its labels; after
 /// its last bracket, nothing may stand.
-std::string MendedSide(std::string_view Side) {
+std::string CorrectedSide(std::string_view Side) {
   const Words vsLabels = WordsOf(Stripped(Side, Brackets), "");
   std::string Labels;
   for (const std::string& sPiece : vsLabels) {
     const bool IsQuoted = sPiece.size() > 1 && sPiece.front() == '"' && sPiece.back() == '"';
     for (const std::string& sLabel : IsQuoted ? Words{sPiece} : WordsOf(sPiece, ",;")) {
-      const std::string sMended = MendedLabel(sLabel);
-      if (sMended.empty() || (!IsQuoted && FindOutsideQuotes(sMended, Brackets) != None)) {
+      const std::string sCorrected = CorrectedLabel(sLabel);
+      if (sCorrected.empty() || (!IsQuoted && FindOutsideQuotes(sCorrected, Brackets) != None)) {
         return "";
       }
-      Labels.append(Labels.empty() ? "" : " ").append(sMended);
+      Labels.append(Labels.empty() ? "" : " ").append(sCorrected);
     }
   }
   return Labels.empty() ? "" : '[' + Labels + ']';
 }
 
-/// The text behind the brackets of a target side.
-std::string_view TakeBehind(std::string_view& SideReturn) {
+/// The text after the brackets of a target side.
+std::string_view TakeAfter(std::string_view& SideReturn) {
   const std::size_t Close = SideReturn.find_last_of("])}");
   if (Close == None || SideReturn.find('"', Close) != None) {
     return {};
   }
-  const std::string_view Behind = SideReturn.substr(Close + 1);
+  const std::string_view After = SideReturn.substr(Close + 1);
   SideReturn = SideReturn.substr(0, Close + 1);
-  return Behind;
+  return After;
 }
 
 }  // namespace
@@ -301,10 +301,10 @@ bool LooksLikeSequence(std::string_view Code) {
   const bool HasTypes = Contains(Code, "::");
   const bool HasArrow = !SignIn(Code).empty();
   return (!GapIn(Code).empty() || (HasArrow && (HasBracket || HasTypes))) &&
-         MendedAlignment(Code).empty();
+         CorrectedAlignment(Code).empty();
 }
 
-std::string MendedSequence(std::string_view Code) {
+std::string CorrectedSequence(std::string_view Code) {
   SequencePieces Pieces;
   std::string_view Rest = Code;
   if (!TakeTypes(Rest, Pieces)) {
@@ -317,27 +317,27 @@ std::string MendedSequence(std::string_view Code) {
   const std::size_t Start = OffsetIn(Rest, Arrow);
   Pieces.SLSide = Rest.substr(0, Start);
   Pieces.TLSide = Rest.substr(Start + Arrow.size());
-  const std::string_view Behind = TakeBehind(Pieces.TLSide);
-  std::string Mended = Pieces.SLType + "::" + Pieces.TLType + (Pieces.HasColon ? " : " : " ");
-  const std::string SLSide = MendedSide(Pieces.SLSide);
-  const std::string TLSide = MendedSide(Pieces.TLSide);
-  Mended.append(SLSide).append(" -> ").append(TLSide);
+  const std::string_view After = TakeAfter(Pieces.TLSide);
+  std::string Corrected = Pieces.SLType + "::" + Pieces.TLType + (Pieces.HasColon ? " : " : " ");
+  const std::string SLSide = CorrectedSide(Pieces.SLSide);
+  const std::string TLSide = CorrectedSide(Pieces.TLSide);
+  Corrected.append(SLSide).append(" -> ").append(TLSide);
   TrRuleInternal::RuleLineParts Parts;
-  if (SLSide.empty() || TLSide.empty() || !Contains(Mended, "] -> [") ||
-      TrRuleInternal::ParseRuleLine(Mended, Parts) != TrRuleInternal::RuleLineFault::None) {
+  if (SLSide.empty() || TLSide.empty() || !Contains(Corrected, "] -> [") ||
+      TrRuleInternal::ParseRuleLine(Corrected, Parts) != TrRuleInternal::RuleLineFault::None) {
     return "";
   }
-  return WithComment(Mended, Behind);
+  return WithComment(Corrected, After);
 }
 
 // ---- Alignments -------------------------------------------------------------------------------
 
-std::string MendedAlignment(std::string_view Code) {
-  // The text behind the parenthesis is reported apart, and becomes a comment.
+std::string CorrectedAlignment(std::string_view Code) {
+  // The text after the parenthesis is reported apart, and becomes a comment.
   const std::size_t Close = Code.find(')');
   const std::string_view Pair = Code.substr(0, Close);
-  const std::string_view Behind = Close == None ? "" : Stripped(Code.substr(Close), ")] ");
-  if (Contains(Behind, "::")) {
+  const std::string_view After = Close == None ? "" : Stripped(Code.substr(Close), ")] ");
+  if (Contains(After, "::")) {
     return "";
   }
   std::string X;
@@ -359,8 +359,8 @@ std::string MendedAlignment(std::string_view Code) {
   if (X.empty() || Y.empty()) {
     return "";
   }
-  const std::string Mended = '(' + X + "::" + Y + ')';
-  return TrRuleInternal::ParseAlignment(Mended) ? WithComment(Mended, Behind) : "";
+  const std::string Corrected = '(' + X + "::" + Y + ')';
+  return TrRuleInternal::ParseAlignment(Corrected) ? WithComment(Corrected, After) : "";
 }
 
 // ---- Constraints ------------------------------------------------------------------------------
@@ -384,18 +384,18 @@ std::string WithParentheses(std::string_view Code) {
   return "";
 }
 
-/// Cuts off the text behind the parenthesis that closes a constraint.
-std::string_view TakeBehindParentheses(std::string_view& CodeReturn) {
+/// Cuts off the text after the parenthesis that closes a constraint.
+std::string_view TakeAfterParentheses(std::string_view& CodeReturn) {
   int Depth = 0;
   for (std::size_t At = 0; At < CodeReturn.size(); ++At) {
     Depth += CodeReturn[At] == '(' ? 1 : CodeReturn[At] == ')' ? -1 : 0;
     if (Depth == 0 && CodeReturn[At] == ')') {
-      const std::string_view Behind = CodeReturn.substr(At + 1);
-      if (Behind.find_first_of("()=") != None) {
+      const std::string_view After = CodeReturn.substr(At + 1);
+      if (After.find_first_of("()=") != None) {
         return {};
       }
       CodeReturn = CodeReturn.substr(0, At + 1);
-      return Behind;
+      return After;
     }
   }
   return {};
@@ -431,7 +431,7 @@ bool CutAtSign(std::string_view Code, std::string_view& LeftReturn, std::string_
 }
 
 /// Left = "(" Node | "((" Node blank Feature ")"
-std::string MendedLeft(std::string_view Left) {
+std::string CorrectedLeft(std::string_view Left) {
   const Words vsWords = WordsOf(Left, "()[].:");
   const std::string Node = vsWords.empty() ? "" : NodeIn(vsWords[0]);
   if (Node.empty()) {
@@ -446,7 +446,7 @@ bool IsWordOr(std::string_view Word) {
 }
 
 /// Right = Node | "(" Node blank Feature ")" | Word | "(*OR*" Words ")"
-std::string MendedRight(std::string_view Right) {
+std::string CorrectedRight(std::string_view Right) {
   const Words vsWords = WordsOf(Right, "()");
   if (vsWords.empty()) {
     return "";
@@ -475,24 +475,24 @@ std::string_view WithoutMarker(std::string_view Code) {
 
 }  // namespace
 
-std::string MendedConstraint(std::string_view Code) {
+std::string CorrectedConstraint(std::string_view Code) {
   std::string_view Text = WithoutMarker(Code);
-  const std::string_view Behind = TakeBehindParentheses(Text);
-  std::string Mended = WithParentheses(Text);
-  if (Mended.empty()) {
+  const std::string_view After = TakeAfterParentheses(Text);
+  std::string Corrected = WithParentheses(Text);
+  if (Corrected.empty()) {
     std::string_view Left;
     std::string_view Right;
     if (Text.find_first_of("!~\"|") != None || !CutAtSign(Text, Left, Right)) {
       return "";
     }
-    Mended = MendedLeft(Left);
-    const std::string Other = MendedRight(Stripped(Right, ";,."));
-    Mended.append(" = ").append(Other).append(")");
-    if (Mended.front() != '(' || Other.empty() || !IsConstraint(Mended)) {
+    Corrected = CorrectedLeft(Left);
+    const std::string Other = CorrectedRight(Stripped(Right, ";,."));
+    Corrected.append(" = ").append(Other).append(")");
+    if (Corrected.front() != '(' || Other.empty() || !IsConstraint(Corrected)) {
       return "";
     }
   }
-  return WithComment(Mended, Behind);
+  return WithComment(Corrected, After);
 }
 
 }  // namespace Grammar

@@ -10,20 +10,20 @@
 namespace Grammar {
 
 /// "{NP 8}", "(NP,8)" and "{8,NP}" for "{NP,8}".
-std::string MendedHeader(std::string_view Code);
+std::string CorrectedHeader(std::string_view Code);
 
 /// A rule line with types, brackets, labels or arrow in another form:
 ///
-///   MendedSequence("NP:NP: (DET, N) => (N, DET)");  // "NP::NP : [DET N] -> [N DET]"
-std::string MendedSequence(std::string_view Code);
+///   CorrectedSequence("NP:NP: (DET, N) => (N, DET)");  // "NP::NP : [DET N] -> [N DET]"
+std::string CorrectedSequence(std::string_view Code);
 
 /// A line that names one x and one y: "X1:Y2", "(y2 :: x1)" and "(1::2)" for "(X1::Y2)".
-std::string MendedAlignment(std::string_view Code);
+std::string CorrectedAlignment(std::string_view Code);
 
 /// A constraint with parentheses, sign or list in another form:
 ///
-///   MendedConstraint("(x1 num) -> (OR sg pl)");  // "((x1 num) = (*OR* sg pl))"
-std::string MendedConstraint(std::string_view Code);
+///   CorrectedConstraint("(x1 num) -> (OR sg pl)");  // "((x1 num) = (*OR* sg pl))"
+std::string CorrectedConstraint(std::string_view Code);
 
 /// The text as a comment, without the signs that begin comments elsewhere: "# note" gives
 /// ";; note".
