@@ -179,6 +179,19 @@ TEST(Outcome, IsAnErrorAtALimit) {
   EXPECT_EQ(TestGrammar(Grammar, {"--max-chain", "0"}).Status, 0);
 }
 
+TEST(Outcome, IsAnErrorWhereTheBestWordsAreTooLong) {
+  std::string Text = "a";
+  for (int Count = 1; Count < 25; ++Count) {
+    Text += " a";
+  }
+  const std::string Grammar = ";;SL: " + Text + "\n;;TL: x\n" +
+                              "S::S : [\"a\" S] -> [S S]\n(X2::Y1)\n(X2::Y2)\n" +
+                              Word("", "S", "a", "x");
+  EXPECT_EQ(TestGrammar(Grammar, {}),
+            (ChildEnd{1, Line(3, Text, "x", "error", "null"),
+                      "a.trr:3: error: a translation has more than 16777216 bytes\n"}));
+}
+
 TEST(Outcome, LimitsTheDerivationsWithTheRuleAndThenWithOthers) {
   // Two give other words with the rule, and two with other rules.
   const std::string Words = Word("", "N", "car", "auto") + Word("", "N", "car", "coche") +

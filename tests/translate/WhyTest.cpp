@@ -208,6 +208,36 @@ TEST(Why, NamesTheFurthestCauseOnOneLine) {
 
 // ---- JSON -------------------------------------------------------------------------------------
 
+TEST(Why, LeavesOutWordsThatAreTooLong) {
+  WhyAnswers Why(
+      "T::T : [S] -> [\"short\"]\n(X1::Y1)\nS::S : [\"a\" S] -> [S S]\n(X2::Y1)\n(X2::Y2)\n"
+      "S::S : [\"a\"] -> [\"x\"]\n(X1::Y1)\n");
+  Why.Options.HasStarts = true;
+  Why.Options.vStarts = {Why.Engine.Set().FindSourceType("T")};
+  Why.MaxListed = 1;
+  std::string Text = "a";
+  std::string Rules;
+  for (int Count = 1; Count < 25; ++Count) {
+    Text += " a";
+    Rules += Count < 24 ? "\"a.trr:3\"," : "";
+  }
+  const std::string Plain = Why.Plain(1, Text);
+  EXPECT_EQ(Plain.substr(0, Plain.find('\n')),
+            "a.trr:3 makes S::S of \"" + Text +
+                "\" with a.trr:3: [] -> [], words that are too long to be written; it is in the "
+                "best derivation");
+  const std::string Json = Why.Json(1, Text);
+  EXPECT_EQ(
+      Json.substr(0, Json.find('\n')),
+      "{\"rule\":\"a.trr:3\",\"header\":null,\"begin\":0,\"stop\":null,\"clashes\":[],"
+      "\"moreClashes\":0,\"made\":[{\"span\":[0,25],\"parts\":[{\"component\":2,\"span\":[1,25],"
+      "\"rules\":[" +
+          Rules +
+          "\"a.trr:6\"]}],\"source\":{},\"target\":{},\"words\":null,\"derivation\":\"best\","
+          "\"missing\":null}],\"moreMade\":23,\"used\":[],\"moreUsed\":0,\"longest\":[],"
+          "\"moreLongest\":0}");
+}
+
 TEST(Why, WritesJson) {
   EXPECT_EQ(WhyAnswers(Np() + Words).Json(0, "red car"),
             std::string(R"j({"rule":"a.trr:2","header":"NP,4","begin":0,"stop":null,)j") +

@@ -3,9 +3,10 @@
 #include "ExampleParse.h"
 
 #include "Bytes.h"
-#include "TargetText.h"
+#include "TargetTexts.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace Examples {
@@ -45,6 +46,7 @@ void ExampleParse::Begin(const Example& Given) {
   vRootWays.clear();
   vOtherWays.clear();
   Best.Begin();
+  Words.Clear();
   if (IsWhole) {
     FindWays(Given);
   }
@@ -80,16 +82,13 @@ void ExampleParse::FindWays(const Example& Given) {
 
 // ---- The outcome ------------------------------------------------------------------------------
 
-std::string ExampleParse::TextOf(TreeId Tree) const {
-  return Translate::TargetTextOf(Tested.Rules(), Best.Trees(), Tree);
-}
-
 std::optional<ExampleParse::TreeId> ExampleParse::BestOf(const std::vector<std::uint32_t>& vWays) {
   Best.SetGoalWays(vWays);
   return Best.Next();
 }
 
-/// The first derivation, in order, with the wanted words.
+/// The first derivation, in order, with the wanted words. What is too long to be written has
+/// others.
 /// @param IsTooManyReturn whether it was given up, since too many had other words
 std::optional<ExampleParse::TreeId> ExampleParse::FindFit(const std::vector<std::uint32_t>& vWays,
                                                           const std::string& Wanted,
@@ -97,7 +96,8 @@ std::optional<ExampleParse::TreeId> ExampleParse::FindFit(const std::vector<std:
   Best.SetGoalWays(vWays);
   std::uint64_t InVain = 0;
   while (const std::optional<TreeId> Tree = Best.Next()) {
-    if (HaveSameWords(TextOf(*Tree), Wanted)) {
+    const std::optional<std::string> Text = Words.Text(*Tree);
+    if (Text && HaveSameWords(*Text, Wanted)) {
       return Tree;
     }
     if (++InVain > Options.MaxDerivations) {
@@ -108,13 +108,18 @@ std::optional<ExampleParse::TreeId> ExampleParse::FindFit(const std::vector<std:
   return std::nullopt;
 }
 
-ExampleResult ExampleParse::ResultOf(Outcome What, std::optional<TreeId> Tree) const {
+ExampleResult ExampleParse::ResultOf(Outcome What, std::optional<TreeId> Tree) {
   ExampleResult Result;
   Result.What = What;
   if (!Tree) {
     return Result;
   }
-  Result.Best = TextOf(*Tree);
+  Result.Best = Words.Text(*Tree);
+  if (!Result.Best) {
+    Result.What = Outcome::Error;
+    Result.Error = Translate::LengthError();
+    return Result;
+  }
   Result.BestRule = Best.Trees().Rule(*Tree);
   if (IsPassing(What)) {
     Result.vRules = Best.Trees().RulesOf(*Tree);
@@ -158,17 +163,22 @@ ExampleResult ExampleParse::JudgePair(const std::string& Wanted) {
 
 // ---- Texts ------------------------------------------------------------------------------------
 
-/// Returns the different texts to a function, until it wants no more.
+/// Returns the different texts to a function, until it wants no more, or they are too long.
 template <typename TakeT>
 void ExampleParse::ForEachText(TakeT Take) {
   std::vector<std::uint32_t> vAll(vRootWays);
   vAll.insert(vAll.end(), vOtherWays.begin(), vOtherWays.end());
   Best.WantDistinct(true);
   Best.SetGoalWays(std::move(vAll));
+  std::unordered_set<std::string> ssGiven;
+  std::size_t Bytes = 0;
   bool WantsMore = true;
   while (WantsMore) {
     const std::optional<TreeId> Tree = Best.Next();
-    WantsMore = Tree && Take(TextOf(*Tree));
+    const std::optional<std::string> Text = Tree ? Words.Text(*Tree) : std::nullopt;
+    Bytes += Text ? Text->size() : 0;
+    WantsMore = Text && Bytes <= Translate::TargetTexts::MaxBytes &&
+                (!ssGiven.insert(*Text).second || Take(*Text));
   }
   Best.WantDistinct(false);
 }

@@ -4,6 +4,7 @@
 #include "Chart.h"
 #include "Evaluator.h"
 #include "Outcome.h"
+#include "TargetWords.h"
 #include "TestedGrammar.h"
 
 #include <cstdint>
@@ -42,7 +43,8 @@ class ExampleParse {
         Options(OptionsPassIn),
         Equations(EquationsPassIn),
         Parsed(TestedPassIn.Rules()),
-        Best(Parsed) {}
+        Best(Parsed),
+        Words(TestedPassIn.Rules(), Best.Trees()) {}
 
   /// Takes a variant for its rule, from the next text on.
   void Replace(const Translate::RuleSet::Variant& Variant) { Parsed.Replace(Variant); }
@@ -68,8 +70,7 @@ class ExampleParse {
   std::optional<TreeId> BestOf(const std::vector<std::uint32_t>& vWays);
   std::optional<TreeId> FindFit(const std::vector<std::uint32_t>& vWays, const std::string& Wanted,
                                 bool& IsTooManyReturn);
-  std::string TextOf(TreeId Tree) const;
-  ExampleResult ResultOf(Outcome What, std::optional<TreeId> Tree) const;
+  ExampleResult ResultOf(Outcome What, std::optional<TreeId> Tree);
   ExampleResult JudgePair(const std::string& Wanted);
   template <typename TakeT>
   void ForEachText(TakeT Take);
@@ -79,6 +80,7 @@ class ExampleParse {
   Translate::Evaluator& Equations;
   Translate::Chart Parsed;
   Translate::BestDerivations Best;
+  Translate::TargetWords Words;
   bool IsWhole = false;                   // whether all constituents are there
   std::vector<std::uint32_t> vRootWays;   // that span the text, with the example's rule …
   std::vector<std::uint32_t> vOtherWays;  // … and with other rules, of a start type

@@ -2,7 +2,7 @@
 
 #include "Chart.h"
 #include "Derivations.h"
-#include "TargetText.h"
+#include "TargetTexts.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -238,7 +238,8 @@ std::string DiagnosisText::MadeText(const MadeFacts& Made, std::size_t Begin) {
   Structures.AppendShort(Made.Structures.Source, Text);
   Text += " -> ";
   Structures.AppendShort(Made.Structures.Target, Text);
-  Text += ", words " + Quoted(Made.Words) + "; it is in ";
+  Text += Made.Words ? ", words " + Quoted(*Made.Words) : ", words that are too long to be written";
+  Text += "; it is in ";
   switch (Made.In) {
     case Use::Best:
       return Text + "the best derivation";
@@ -529,7 +530,11 @@ void DiagnosisJson::AppendMade(const MadeFacts& Made, std::size_t Begin) {
   Out->append(",\"target\":");
   Structures.AppendJson(Made.Structures.Target, *Out);
   Out->append(",\"words\":");
-  AppendJsonString(Made.Words, *Out);
+  if (Made.Words) {
+    AppendJsonString(*Made.Words, *Out);
+  } else {
+    Out->append("null");
+  }
   Out->append(",\"derivation\":")
       .append(Made.In == Use::Best    ? "\"best\""
               : Made.In == Use::Other ? "\"other\""

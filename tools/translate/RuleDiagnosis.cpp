@@ -2,8 +2,6 @@
 
 #include "RuleDiagnosis.h"
 
-#include "TargetText.h"
-
 #include <algorithm>
 #include <tuple>
 #include <utility>
@@ -21,7 +19,8 @@ RuleDiagnosis::RuleDiagnosis(const RuleSet& RulesPassIn, Translator& EnginePassI
       Options(OptionsPassIn),
       Limit(MaxListedPassIn),
       Equations(RulesPassIn),
-      InOrder(Parsed, MaxListedPassIn) {
+      InOrder(Parsed, MaxListedPassIn),
+      TargetText(RulesPassIn, InOrder.Trees()) {
   if (!Result.vTranslations.empty()) {
     vBestNodes = Engine.NodesOf(Result.vTranslations.front().Tree, 0);
   }
@@ -246,13 +245,17 @@ Combination RuleDiagnosis::MakeCombination(const std::vector<Derivations::TreeId
   return Way;
 }
 
-std::string RuleDiagnosis::WordsOfRule(const std::vector<Derivations::TreeId>& vTrees) const {
+std::optional<std::string> RuleDiagnosis::WordsOfRule(
+    const std::vector<Derivations::TreeId>& vTrees) {
   std::string Words;
   for (const TargetItem& Item : Rules.TargetsOf(Rules.At(Asked))) {
-    const std::string Next = Item.IsLiteral
-                                 ? Rules.WordName(Item.Value)
-                                 : TargetTextOf(Rules, InOrder.Trees(), vTrees[Item.Value]);
-    Words.append(Words.empty() || Next.empty() ? "" : " ").append(Next);
+    const std::optional<std::string> Next = Item.IsLiteral
+                                                ? std::optional(Rules.WordName(Item.Value))
+                                                : TargetText.Text(vTrees[Item.Value]);
+    if (!Next || Words.size() + Next->size() >= TargetWords::MaxBytes) {
+      return std::nullopt;
+    }
+    Words.append(Words.empty() || Next->empty() ? "" : " ").append(*Next);
   }
   return Words;
 }

@@ -5,6 +5,7 @@
 #include "DerivationTree.h"
 #include "FirstDerivations.h"
 #include "RuleSet.h"
+#include "TargetWords.h"
 #include "Tracer.h"
 #include "Translator.h"
 
@@ -107,8 +108,8 @@ enum class Use : std::uint8_t { Best, Other, None };
 /// A constituent was made.
 struct MadeFacts {
   Combination Way;
-  StructurePair Structures;  ///< of the diagnosis's tracer
-  std::string Words;
+  StructurePair Structures;          ///< of the diagnosis's tracer
+  std::optional<std::string> Words;  ///< nothing where they are too long to be written
   Use In = Use::None;
   std::optional<MissingAbove> Missing;  ///< of one that is in no derivation
 };
@@ -178,7 +179,7 @@ class RuleDiagnosis {
   Listed<Ranked> FirstOf(const std::vector<std::uint32_t>& vParts);
   std::vector<Derivations::TreeId> TreesOf(const Ranked& Which) const;
   Combination MakeCombination(const std::vector<Derivations::TreeId>& vTrees, std::size_t Begin);
-  std::string WordsOfRule(const std::vector<Derivations::TreeId>& vTrees) const;
+  std::optional<std::string> WordsOfRule(const std::vector<Derivations::TreeId>& vTrees);
   template <typename FactsT, typename MakeT>
   Listed<FactsT> List(const std::vector<std::uint32_t>& vParts, std::size_t Begin, MakeT Make);
   bool IsInBest(const Combination& Way, std::size_t Begin) const;
@@ -193,6 +194,7 @@ class RuleDiagnosis {
   std::size_t Limit;
   Tracer Equations;
   FirstDerivations InOrder;
+  TargetWords TargetText;
   std::optional<ChartUses> Uses;
   std::vector<TreeNode> vBestNodes;
 

@@ -2,8 +2,6 @@
 
 #include "Translator.h"
 
-#include "TargetText.h"
-
 #include <algorithm>
 #include <limits>
 #include <unordered_set>
@@ -22,6 +20,7 @@ TextResult Translator::Translate(std::string_view Text, const TextOptions& Optio
     return Result;
   }
   Best.Begin();
+  Words.Clear();
   Best.SetGoals(Goals(Options));
   if (Options.WantsCount) {
     Result.Derivations = Best.CountGoals();
@@ -64,8 +63,12 @@ void Translator::AddTranslations(const TextOptions& Options, TextResult& ResultR
     if (!Tree) {
       return;
     }
-    std::string Target = TargetTextOf(Rules, Best.Trees(), *Tree);
-    if (!Options.AllDerivations && !ssGiven.insert(Target).second) {
+    std::optional<std::string> Target = Words.Text(*Tree);
+    if (!Target) {
+      ResultReturn.Error = LengthError();
+      return;
+    }
+    if (!Options.AllDerivations && !ssGiven.insert(*Target).second) {
       if (++PassedOver > Options.MaxDerivations) {
         ResultReturn.Error = "more than " + std::to_string(Options.MaxDerivations) +
                              " derivations repeat earlier texts";
@@ -74,7 +77,7 @@ void Translator::AddTranslations(const TextOptions& Options, TextResult& ResultR
       continue;
     }
     ResultReturn.vTranslations.push_back(
-        {std::move(Target), Best.Trees().ScoreOfTree(*Tree), *Tree});
+        {std::move(*Target), Best.Trees().ScoreOfTree(*Tree), *Tree});
   }
 }
 
@@ -98,15 +101,24 @@ void Translator::AddPieces(TextResult& ResultReturn) {
       Offer(Current.End);
     }
   }
+  std::size_t Bytes = 0;
   for (std::size_t Start = 0; Start < Size; Start = vEnds[Start]) {
-    ResultReturn.vPieces.push_back(MakePiece(Start, vEnds[Start]));
+    std::optional<Piece> Next = MakePiece(Start, vEnds[Start]);
+    Bytes += Next && Next->Tree ? Next->Target.size() : 0;
+    if (!Next || Bytes > TargetWords::MaxBytes) {
+      ResultReturn.vPieces.clear();
+      ResultReturn.Error = LengthError();
+      return;
+    }
+    ResultReturn.vPieces.push_back(std::move(*Next));
   }
 }
 
-Piece Translator::MakePiece(std::size_t Start, std::size_t End) {
+/// The best of a span, or a token that is copied; nothing where its words are too long.
+std::optional<Piece> Translator::MakePiece(std::size_t Start, std::size_t End) {
   const Chart::Cell* Cell = Parsed.FindCell(Start, End);
   if (Cell == nullptr) {
-    return {Start, End, std::string(Parsed.Tokens()[Start]), std::nullopt};
+    return Piece{Start, End, std::string(Parsed.Tokens()[Start]), std::nullopt};
   }
   std::vector<std::uint32_t> vAll;
   for (std::uint32_t Index = 0; Index < Cell->ConstituentCount; ++Index) {
@@ -114,14 +126,11 @@ Piece Translator::MakePiece(std::size_t Start, std::size_t End) {
   }
   Best.SetGoals(vAll);
   const Derivations::TreeId Tree = *Best.Next();
-  return {Start, End, WordsOf(Tree), Tree};
+  std::optional<std::string> Target = Words.Text(Tree);
+  return Target ? std::optional(Piece{Start, End, std::move(*Target), Tree}) : std::nullopt;
 }
 
 // ---- Trees ------------------------------------------------------------------------------------
-
-std::string Translator::WordsOf(Derivations::TreeId Tree) const {
-  return TargetTextOf(Rules, Best.Trees(), Tree);
-}
 
 std::vector<TreeNode> Translator::NodesOf(Derivations::TreeId Tree, std::size_t Start) {
   std::vector<TreeNode> vNodes = Translate::NodesOf(Rules, Best.Trees(), Tree, Start);

@@ -5,6 +5,7 @@
 #include "DerivationTree.h"
 #include "Evaluator.h"
 #include "RuleSet.h"
+#include "TargetWords.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -59,7 +60,11 @@ struct TextResult {
 class Translator {
  public:
   explicit Translator(const RuleSet& RulesPassIn)
-      : Rules(RulesPassIn), Equations(RulesPassIn), Parsed(RulesPassIn), Best(Parsed) {}
+      : Rules(RulesPassIn),
+        Equations(RulesPassIn),
+        Parsed(RulesPassIn),
+        Best(Parsed),
+        Words(RulesPassIn, Best.Trees()) {}
 
   Translator(const Translator&) = delete;
   Translator& operator=(const Translator&) = delete;
@@ -77,21 +82,19 @@ class Translator {
   /// The constituents of a derivation that begins at a token, root first and parts in order.
   std::vector<TreeNode> NodesOf(Derivations::TreeId Tree, std::size_t Start);
 
-  /// The words of a derivation, joined by blanks.
-  std::string WordsOf(Derivations::TreeId Tree) const;
-
   /// The constituents whose derivations translate the text.
   std::vector<std::uint32_t> Goals(const TextOptions& Options) const;
 
  private:
   void AddTranslations(const TextOptions& Options, TextResult& ResultReturn);
   void AddPieces(TextResult& ResultReturn);
-  Piece MakePiece(std::size_t Start, std::size_t End);
+  std::optional<Piece> MakePiece(std::size_t Start, std::size_t End);
 
   const RuleSet& Rules;
   Evaluator Equations;
   Chart Parsed;
   BestDerivations Best;
+  TargetWords Words;
 };
 
 }  // namespace Translate

@@ -4,23 +4,26 @@
 #include "Hashing.h"
 #include "RuleSet.h"
 #include "SymbolTable.h"
+#include "TargetWords.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace Translate {
 
-/// The words that a derivation gives, joined by blanks: "el auto rojo". Nothing recurses, however
-/// deep it is.
-std::string TargetTextOf(const RuleSet& Rules, const Derivations& Trees, Derivations::TreeId Tree);
-
-/// What derivations say, as numbers: two have the same words if and only if their numbers are.
+/// What derivations say, as numbers: two with the same number have the same words.
+///
+/// Two with the same words have the same number, too, but for texts that would take too much memory
+/// to be kept. Those that are too long to be written are all one.
 class TargetTexts {
  public:
+  /// How much text is kept, in bytes.
+  static constexpr std::size_t MaxBytes = std::size_t{4} * TargetWords::MaxBytes;
+
   TargetTexts(const RuleSet& RulesPassIn, const Derivations& TreesPassIn)
-      : Rules(RulesPassIn), Trees(TreesPassIn) {
+      : Trees(TreesPassIn), Words(RulesPassIn, TreesPassIn) {
     Clear();
   }
 
@@ -32,9 +35,12 @@ class TargetTexts {
   void Clear();
 
  private:
-  const RuleSet& Rules;
+  std::uint32_t NumberOf(Derivations::TreeId Which);
+
   const Derivations& Trees;
+  TargetWords Words;
   std::unique_ptr<SymbolTable> Texts;
+  std::size_t Bytes = 0;  // of the texts
   PairTable Lists;
   std::vector<std::uint32_t> vOfTree;  // `NoEntry` where it is not known yet
 };
