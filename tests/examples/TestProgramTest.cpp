@@ -39,7 +39,8 @@ TEST(TestProgram, ShowsFailuresAndMissingCoverage) {
                       "  given:  autos\n"
                       "a.trr:14: fails: bus\n"
                       "  wanted: bus\n"
-                      "  cause:  the rule makes nothing of the whole text\n"
+                      "  cause:  a.trr:14 does not begin at \"bus\"; x1 wants the word \"CARS\", "
+                      "and no constituent begins at \"bus\"\n"
                       "a.trr:14: fails: cars\n"
                       "  wanted: no analysis\n"
                       "  given:  autos\n"
@@ -140,7 +141,7 @@ TEST(TestProgram, WritesJunitXml) {
     <testcase classname="b.trr" name="b.trr:3: &lt;a&gt; &amp; &quot;b&quot;)"
                            "\xEF\xBF\xBD\xEF\x9F\xA9"
                            R"(" time="T">
-      <failure type="fails" message="wanted: #x\; cause: the rule makes nothing of the whole text"/>
+      <failure type="fails" message="wanted: #x\; cause: b.trr:3 does not begin at &quot;&lt;a&gt;&quot;; x1 wants the word &quot;CAR&quot;, and no constituent begins at &quot;&lt;a&gt;&quot;"/>
     </testcase>
   </testsuite>
 </testsuites>
@@ -183,7 +184,7 @@ not ok 4 - b.trr:3: a \# b
   ---
   outcome: "fails"
   wanted: "#x\\"
-  cause: "the rule makes nothing of the whole text"
+  cause: "b.trr:3 does not begin at \"a\"; x1 wants the word \"CAR\", and no constituent begins at \"a\""
   ...
 # not covered: rule b.trr:3
 # not covered: constraint a.trr:8: ((x0 num) = sg)
@@ -263,9 +264,68 @@ TEST(TestProgram, ReportsWhyAPairHasNoTranslation) {
             (ChildEnd{1,
                       "pairs:1: fails: bus\n"
                       "  wanted: bus\n"
-                      "  cause:  the text has no translation\n"
+                      "  cause:  no rule has the word \"bus\"\n"
                       "1 example: 1 fails\n",
                       ""}));
+}
+
+TEST(TestProgram, ShowsTheFurthestCauseOfWhatFails) {
+  const std::string Words =
+      "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n((x0 num) = sg)\n"
+      "N::N : [\"cars\"] -> [\"autos\"]\n(X1::Y1)\n((x0 num) = pl)\n";
+  const std::string Rule = "NP::NP : [\"a\" N] -> [\"un\" N]\n(X2::Y2)\n((x2 num) = sg)\n";
+  struct Case {
+    std::string Source;
+    std::string Cause;
+  };
+  const std::vector<Case> vCases{
+      {"a cars",
+       "a.trr:9 fits x1–x2 at \"a cars\"; it fails at ((x2 num) = sg), line 11: (x2 NUM) has PL "
+       "from a.trr:6, and SG is wanted"},
+      {"cars a", "a.trr:9 fits x1 at \"a\"; x2 wants N::N, and the text ends there"},
+      // What was made lies further than what clashed.
+      {"a car and a cars",
+       "a.trr:9 makes NP::NP of \"a car\" with a.trr:1: [] -> [], words \"un auto\"; it is in no "
+       "derivation of the text: no rule has a place for NP::NP \"a car\""},
+      {"the car",
+       "a.trr:9 does not begin at \"the\"; x1 wants the word \"A\", and no constituent begins at "
+       "\"the\""},
+  };
+  for (const Case& Current : vCases) {
+    const TestFolder Folder;
+    Folder.Write("a.trr", Words + ";;SL: " + Current.Source + "\n;;TL: x\n" + Rule);
+    EXPECT_EQ(RunTest(Folder, {"a.trr", "--no-coverage"}),
+              (ChildEnd{1,
+                        "a.trr:9: fails: " + Current.Source +
+                            "\n  wanted: x\n  cause:  " + Current.Cause + "\n1 example: 1 fails\n",
+                        ""}));
+  }
+}
+
+TEST(TestProgram, SaysHowFarAllRulesComeWithAPairOfAFile) {
+  const std::string Rules =
+      "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n((x0 num) = sg)\n"
+      "N::N : [\"cars\"] -> [\"autos\"]\n(X1::Y1)\n((x0 num) = pl)\n"
+      "NP::NP : [\"a\" N] -> [\"un\" N]\n(X2::Y2)\n((x2 num) = sg)\n";
+  const std::vector<std::pair<std::string, std::string>> vCases{
+      {"the cars are", "no rule has the word \"the\", \"are\""},
+      {"cars", "the whole text is of the type N, which is no start type"},
+      {"a cars",
+       "a.trr:7 fits x1–x2 at \"a cars\"; it fails at ((x2 num) = sg), line 9: (x2 NUM) has PL "
+       "from a.trr:6, and SG is wanted"},
+      {"a car cars", "no rule joins \"a car\", \"cars\""},
+      {"a", "no rule takes \"a\""},
+  };
+  for (const auto& [sSource, sCause] : vCases) {
+    const TestFolder Folder;
+    Folder.Write("a.trr", Rules);
+    Folder.Write("pairs", sSource + "\tx\n");
+    EXPECT_EQ(RunTest(Folder, {"a.trr", "--examples", "pairs", "--start", "NP", "--no-coverage"}),
+              (ChildEnd{1,
+                        "pairs:1: fails: " + sSource + "\n  wanted: x\n  cause:  " + sCause +
+                            "\n1 example: 1 fails\n",
+                        ""}));
+  }
 }
 
 // ---- Thresholds and baselines -----------------------------------------------------------------
@@ -339,7 +399,7 @@ TEST(TestProgram, FailsWithNewFailuresAndKeepsTheBaseline) {
   EXPECT_EQ(RunTest(Folder, vsRun), (ChildEnd{1,
                                               "new: pairs:1: car\n  given:  auto\n"
                                               "new: pairs:2: bus\n  wanted: bus\n"
-                                              "  cause:  the text has no translation\n"
+                                              "  cause:  no rule has the word \"bus\"\n"
                                               "new: pairs:3: car\n  given:  auto\n"
                                               "3 examples changed\n",
                                               ""}));

@@ -8,20 +8,6 @@ namespace Examples {
 
 // ---- Examples ---------------------------------------------------------------------------------
 
-namespace {
-
-/// Why nothing has the example's rule at its root.
-std::string CauseOf(const TestedGrammar& Tested, const Example& Current) {
-  if (Current.Rule == NoRule) {
-    return "the text has no translation";
-  }
-  const TestedRule& Rule = Tested.AllRules()[Current.Rule];
-  return Rule.Usable == NoRule ? "the rule was left out: " + Rule.Finding
-                               : "the rule makes nothing of the whole text";
-}
-
-}  // namespace
-
 std::vector<Detail> DetailsOf(const TestedGrammar& Tested, const Example& Current,
                               const ExampleResult& Result) {
   if (Result.What == Outcome::Passes) {
@@ -36,7 +22,7 @@ std::vector<Detail> DetailsOf(const TestedGrammar& Tested, const Example& Curren
   } else if (Result.Best) {
     vDetails.push_back({"given", *Result.Best});
   } else {
-    vDetails.push_back({"cause", CauseOf(Tested, Current)});
+    vDetails.push_back({"cause", Result.Cause});
   }
   return vDetails;
 }

@@ -41,6 +41,11 @@ bool HaveSameWords(std::string_view Left, std::string_view Right) {
 
 // ---- Ways -------------------------------------------------------------------------------------
 
+bool IsStartOfPairs(const ParseOptions& Options, std::uint32_t Type) {
+  return !Options.HasStarts ||
+         std::find(Options.vStarts.begin(), Options.vStarts.end(), Type) != Options.vStarts.end();
+}
+
 void ExampleParse::Begin(const Example& Given) {
   IsWhole = Parsed.Parse(Given.Source, Options.Limits, Equations);
   vRootWays.clear();
@@ -54,11 +59,8 @@ void ExampleParse::Begin(const Example& Given) {
 
 /// A rule's example has to be of the rule's type, a pair of a file of any start type.
 bool ExampleParse::IsStart(const Example& Given, std::uint32_t Type) const {
-  if (Given.Rule != NoRule) {
-    return Tested.AllRules()[Given.Rule].SourceType == Type;
-  }
-  return !Options.HasStarts ||
-         std::find(Options.vStarts.begin(), Options.vStarts.end(), Type) != Options.vStarts.end();
+  return Given.Rule == NoRule ? IsStartOfPairs(Options, Type)
+                              : Tested.AllRules()[Given.Rule].SourceType == Type;
 }
 
 /// Finds the ways to make what spans the whole text. What has no rule of its own has every root.

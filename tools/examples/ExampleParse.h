@@ -21,7 +21,11 @@ struct ParseOptions {
   std::uint64_t MaxDerivations = 100000;  ///< looked at in vain
   bool HasStarts = false;  ///< pairs of a file have one of `vStarts`; otherwise any type
   std::vector<std::uint32_t> vStarts;
+  bool WantsCauses = false;  ///< find out why examples fail
 };
+
+/// Whether a pair of a file may be of a type, a label.
+bool IsStartOfPairs(const ParseOptions& Options, std::uint32_t Type);
 
 /// Whether two texts have the same words but for ASCII capitals.
 bool HaveSameWords(std::string_view Left, std::string_view Right);

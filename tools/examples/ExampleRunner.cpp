@@ -5,7 +5,18 @@ namespace Examples {
 ExampleResult ExampleRunner::Run(const Example& Given) {
   Equations.Trim();
   Whole.Begin(Given);
-  return Whole.Judge(Given);
+  ExampleResult Result = Whole.Judge(Given);
+  if (Options.WantsCauses && Result.What == Outcome::Fails && !Result.Best) {
+    Result.Cause = CauseOf(Given);
+  }
+  return Result;
+}
+
+std::string ExampleRunner::CauseOf(const Example& Given) {
+  if (!Causes) {
+    Causes = std::make_unique<CauseFinder>(Tested, Options);
+  }
+  return Causes->CauseOf(Given);
 }
 
 /// Whether a rule makes something else of what it was tried on, without a constraint.

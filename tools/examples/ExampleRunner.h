@@ -1,10 +1,12 @@
 #pragma once
 
+#include "CauseFinder.h"
 #include "ExampleParse.h"
 
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace Examples {
@@ -34,6 +36,7 @@ class ExampleRunner {
  public:
   ExampleRunner(const TestedGrammar& TestedPassIn, const ParseOptions& OptionsPassIn)
       : Tested(TestedPassIn),
+        Options(OptionsPassIn),
         Equations(TestedPassIn.Rules()),
         Whole(TestedPassIn, OptionsPassIn, Equations),
         Varied(TestedPassIn, OptionsPassIn, Equations),
@@ -42,6 +45,7 @@ class ExampleRunner {
   ExampleRunner(const ExampleRunner&) = delete;
   ExampleRunner& operator=(const ExampleRunner&) = delete;
 
+  /// What becomes of an example; where causes are wanted, with that of a failure.
   ExampleResult Run(const Example& Given);
 
   /// Notes the constraints without which the example that was run last would have another outcome,
@@ -53,13 +57,16 @@ class ExampleRunner {
                    NoticedConstraints& NoticedReturn);
 
  private:
+  std::string CauseOf(const Example& Given);
   void FindCandidates(const NoticedConstraints& Noticed);
   bool ChangesResult(std::size_t Constraint, const Translate::Chart::Trial& Tried);
   bool Notices(const Example& Given, const ExampleResult& Result,
                const std::vector<std::string>& vsTexts, std::size_t Constraint);
 
   const TestedGrammar& Tested;
+  const ParseOptions& Options;
   Translate::Evaluator Equations;
+  std::unique_ptr<CauseFinder> Causes;  // from the first failure on
   ExampleParse Whole;
   ExampleParse Varied;
   std::vector<bool> vIsCandidate;

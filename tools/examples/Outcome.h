@@ -40,6 +40,7 @@ struct ExampleResult {
   std::uint32_t BestRule = NoRule;    ///< at its root, among the rules that can be used
   std::vector<std::uint32_t> vRules;  ///< that the derivation that fits uses, ascending
   std::string Error;                  ///< the limit that was reached
+  std::string Cause;                  ///< why nothing has the root, where that was asked for
 };
 
 }  // namespace Examples

@@ -127,11 +127,16 @@ int RunTest(const TestOptions& Options) {
   const bool WantsCoverage =
       Options.WantsCoverage && (!ShowsChanges || Options.FailUnder.has_value());
   TestedGrammar Tested(Options.Rules, WantsCoverage);
+  if (!Options.vsPairs.empty()) {
+    Tested.DescribeAllRules();
+  }
   Tested.Load(Options.vsGrammars, Options.Quiet);
   for (const std::string& sFile : Options.vsPairs) {
     AddPairs(sFile, Tested);
   }
   ParseOptions Parse = Options.Parse;
+  // The objects of JSON have no place for them.
+  Parse.WantsCauses = Options.Format != ReportFormat::Json;
   Parse.HasStarts = Options.Starts.has_value();
   if (Parse.HasStarts) {
     Parse.vStarts = Translate::FindStarts(*Options.Starts, Tested.Rules());

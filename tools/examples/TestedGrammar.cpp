@@ -34,17 +34,18 @@ std::string PlaceOfLine(std::string_view File, std::size_t Line) {
 }  // namespace
 
 void TestedGrammar::Load(const std::vector<std::string>& vsGrammars, bool Quiet) {
-  Counts = Translate::LoadRules(vsGrammars, Quiet, Set,
-                                [this](const Grammar::SourceRule& Lines, Grammar::UsableRule* Rule,
-                                       const std::vector<Grammar::Finding>& vFindings) {
-                                  AddRule(Lines.Text(), Rule, vFindings);
-                                });
+  Counts = Translate::LoadRules(
+      vsGrammars, Quiet, Set,
+      [this](const Grammar::SourceRule& Lines, Grammar::UsableRule* Rule,
+             const std::vector<Grammar::Finding>& vFindings) { AddRule(Lines, Rule, vFindings); });
   vFirstConstraint.push_back(vConstraints.size());
   SetSourceTypes();
 }
 
-void TestedGrammar::AddRule(const Grammar::RuleText& Text, Grammar::UsableRule* Rule,
+void TestedGrammar::AddRule(const Grammar::SourceRule& Lines, Grammar::UsableRule* Rule,
                             const std::vector<Grammar::Finding>& vFindings) {
+  const Grammar::RuleText& Text = Lines.Text();
+  const auto Number = static_cast<std::uint32_t>(vRules.size());
   TestedRule& New = vRules.emplace_back();
   New.Place = PlaceOfLine(Text.File, Grammar::LineOfRule(Text));
   if (Rule != nullptr) {
@@ -54,7 +55,13 @@ void TestedGrammar::AddRule(const Grammar::RuleText& Text, Grammar::UsableRule* 
     vsTypes.push_back(ReadSourceType(Text, Set.Settings().IsReversed));
     New.Finding = vFindings.front().Code + ": " + vFindings.front().Message;
   }
+  const std::size_t ExamplesBefore = vExamples.size();
   AddExamples(Text);
+  if (Rule != nullptr && (DescribesAll || vExamples.size() > ExamplesBefore)) {
+    Translate::RuleDescription& Own = Descriptions[Number];
+    Own = Translate::DescribeRule(Lines, Rule);
+    Own.Index = New.Usable;
+  }
 }
 
 /// Adds the rule that was added last without each of its equations.

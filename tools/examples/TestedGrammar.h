@@ -2,6 +2,7 @@
 
 #include "Example.h"
 #include "Finding.h"
+#include "RuleDescription.h"
 #include "RuleRun.h"
 #include "RuleSet.h"
 #include "UsableRule.h"
@@ -9,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace Examples {
@@ -44,6 +46,9 @@ class TestedGrammar {
   TestedGrammar(const TestedGrammar&) = delete;
   TestedGrammar& operator=(const TestedGrammar&) = delete;
 
+  /// Keeps the descriptions of all rules, not only of those with examples. Before `Load`.
+  void DescribeAllRules() { DescribesAll = true; }
+
   /// Reads grammars. Rules that are left out, and comments without partner, are reported on
   /// standard error. Throws `Grammar::RunError`. To be called once.
   void Load(const std::vector<std::string>& vsGrammars, bool Quiet);
@@ -55,6 +60,10 @@ class TestedGrammar {
   /// The place of a rule by its number among those that can be used.
   const std::string& PlaceOf(std::uint32_t Usable) const {
     return vRules[Set.At(Usable).Number - 1].Place;
+  }
+  /// How a rule that can be used is written, by its number among all rules.
+  const Translate::RuleDescription& DescriptionOf(std::uint32_t Rule) const {
+    return Descriptions.at(Rule);
   }
   /// How many rules there are, and how many of them were left out.
   const Grammar::RunTally& Tally() const { return Counts; }
@@ -70,7 +79,7 @@ class TestedGrammar {
   std::size_t FirstConstraint(std::uint32_t Usable) const { return vFirstConstraint[Usable]; }
 
  private:
-  void AddRule(const Grammar::RuleText& Text, Grammar::UsableRule* Rule,
+  void AddRule(const Grammar::SourceRule& Lines, Grammar::UsableRule* Rule,
                const std::vector<Grammar::Finding>& vFindings);
   void AddVariants(const Grammar::RuleText& Text, Grammar::UsableRule& Rule);
   void AddExamples(const Grammar::RuleText& Text);
@@ -78,8 +87,10 @@ class TestedGrammar {
 
   Translate::RuleSet Set;
   bool WantsVariants;
+  bool DescribesAll = false;
   Grammar::RunTally Counts;
   std::vector<TestedRule> vRules;
+  std::unordered_map<std::uint32_t, Translate::RuleDescription> Descriptions;
   std::vector<std::string> vsTypes;  // of rules that are left out, in the order of their coming
   std::vector<Example> vExamples;
   std::vector<ConstraintLine> vConstraints;

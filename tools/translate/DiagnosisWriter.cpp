@@ -311,7 +311,8 @@ namespace {
 /// How far a rule comes: components, whether equations hold, and the last position.
 std::tuple<std::size_t, bool, std::size_t> Reach(const BeginFacts& Facts, std::size_t Components) {
   if (Facts.Stopped) {
-    return {Facts.Stopped->Component - 1, false, Facts.Stopped->vPlaces.back().Position};
+    const std::size_t Met = Facts.Stopped->Component - 1;
+    return {Met, false, Met == 0 ? 0 : Facts.Stopped->vPlaces.back().Position};
   }
   std::size_t End = 0;
   const auto Offer = [&](const Combination& Way) { End = std::max(End, Way.End); };
@@ -348,6 +349,9 @@ std::string DiagnosisText::FurthestCause() {
   }
   if (!Furthest) {
     return "the text has no words";
+  }
+  if (!Furthest->Made.IsEmpty()) {
+    Furthest->Clashes = {};  // they lie behind
   }
   std::string Text;
   Append(*Furthest, Text);

@@ -57,8 +57,9 @@ class DiagnosisText : public DiagnosisNames {
   /// Appends lines about one begin.
   void Append(const BeginFacts& Facts, std::string& TextReturn);
 
-  /// The cause that lies furthest in the rule: of all begins the one where most components are met;
-  /// of equal ones the first. One line, without its end.
+  /// The cause that lies furthest in the rule: of all begins the one where most components are met,
+  /// of equal ones where something is made, then the one that reaches furthest in the text, then
+  /// the first. One line, without its end.
   std::string FurthestCause();
 
  private:
