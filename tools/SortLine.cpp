@@ -1,8 +1,8 @@
+#include "ChoiceOption.h"
 #include "CommandLine.h"
 #include "MemoryOption.h"
 #include "SortCommand.h"
 
-#include <map>
 #include <string>
 
 namespace {
@@ -30,11 +30,6 @@ constexpr const char* Footer =
     "Example:\n"
     "  trrule sort --by count --reverse --memory 64M -o by-count.trr np.trr vp.trr\n";
 
-const std::map<std::string, Grammar::SortBy> Keys{{"index", Grammar::SortBy::Index},
-                                                  {"type", Grammar::SortBy::Type},
-                                                  {"count", Grammar::SortBy::Count},
-                                                  {"length", Grammar::SortBy::Length}};
-
 }  // namespace
 
 void AddSortCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
@@ -44,12 +39,14 @@ void AddSortCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   AddThreads(*Command, Line->Run);
   AddKeepBad(*Command, Line->Run);
   AddMemoryOption(*Command, Line->Options.Memory);
-  Command
-      ->add_option_function<std::string>(
-          "--by", [Line](const std::string& Key) { Line->Options.By = Keys.at(Key); },
-          "index, type, count or length, in place of the rules' own text")
-      ->type_name("KEY")
-      ->check(CLI::IsMember({"index", "type", "count", "length"}));
+  AddChoice<Grammar::SortBy>(*Command, "--by",
+                             {{"index", Grammar::SortBy::Index},
+                              {"type", Grammar::SortBy::Type},
+                              {"count", Grammar::SortBy::Count},
+                              {"length", Grammar::SortBy::Length}},
+                             Line->Options.By,
+                             "index, type, count or length, in place of the rules' own text")
+      ->type_name("KEY");
   Command->add_flag("--reverse", Line->Options.Reverse, "the last first");
   Command->footer(Footer);
   Command->callback([Line, &ActionReturn] {

@@ -1,9 +1,9 @@
+#include "ChoiceOption.h"
 #include "CommandLine.h"
 #include "EngineOptions.h"
 #include "TestCommand.h"
 
 #include <algorithm>
-#include <map>
 #include <string>
 #include <thread>
 
@@ -24,12 +24,6 @@ constexpr const char* Footer =
     "  trrule test np.trr words.trr\n"
     "  trrule test --format junit --strict np.trr --examples sentences.txt\n"
     "  trrule test --baseline accepted.txt np.trr\n";
-
-const std::map<std::string, Examples::ReportFormat> Formats{
-    {"plain", Examples::ReportFormat::Plain},
-    {"json", Examples::ReportFormat::Json},
-    {"junit", Examples::ReportFormat::Junit},
-    {"tap", Examples::ReportFormat::Tap}};
 
 void AddInputs(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn) {
   CommandReturn.add_option("FILE", OptionsReturn.vsGrammars, "the grammars; - for standard input")
@@ -53,12 +47,13 @@ void AddInputs(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn) {
 }
 
 void AddWanted(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn) {
-  CommandReturn
-      .add_option_function<std::string>(
-          "--format", [&](const std::string& Name) { OptionsReturn.Format = Formats.at(Name); },
-          "plain, json, junit or tap")
-      ->type_name("FORM")
-      ->check(CLI::IsMember({"plain", "json", "junit", "tap"}));
+  AddChoice<Examples::ReportFormat>(CommandReturn, "--format",
+                                    {{"plain", Examples::ReportFormat::Plain},
+                                     {"json", Examples::ReportFormat::Json},
+                                     {"junit", Examples::ReportFormat::Junit},
+                                     {"tap", Examples::ReportFormat::Tap}},
+                                    OptionsReturn.Format, "plain, json, junit or tap")
+      ->type_name("FORM");
   CommandReturn.add_flag("--strict", OptionsReturn.IsStrict,
                          "passing by another rule is not enough");
   CommandReturn.add_flag_callback(

@@ -1,10 +1,10 @@
+#include "ChoiceOption.h"
 #include "CommandLine.h"
 #include "EngineOptions.h"
 #include "TranslateCommand.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <map>
 #include <string>
 #include <thread>
 
@@ -31,10 +31,6 @@ constexpr const char* Footer =
     "  trrule translate np.trr --lexicon words.trr --text 'the red car'\n"
     "  trrule translate --start S -k 3 grammar.trr <sentences.txt\n";
 
-const std::map<std::string, Translate::TextFormat> Formats{{"plain", Translate::TextFormat::Plain},
-                                                           {"json", Translate::TextFormat::Json},
-                                                           {"tree", Translate::TextFormat::Tree}};
-
 void AddInputs(CLI::App& CommandReturn, TranslateLine& LineReturn) {
   Translate::TranslateOptions& Options = LineReturn.Options;
   CommandReturn.add_option("FILE", Options.vsGrammars, "the grammars; - needs --text")->required();
@@ -57,13 +53,12 @@ void AddWanted(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsRetu
       ->type_name("TYPE,...");
   CommandReturn.add_flag("--partial", OptionsReturn.Texts.IsPartial,
                          "cut a text without translation into pieces");
-  CommandReturn
-      .add_option_function<std::string>(
-          "--format",
-          [&](const std::string& Name) { OptionsReturn.Format.Format = Formats.at(Name); },
-          "plain, json or tree")
-      ->type_name("FORM")
-      ->check(CLI::IsMember({"plain", "json", "tree"}));
+  AddChoice<Translate::TextFormat>(CommandReturn, "--format",
+                                   {{"plain", Translate::TextFormat::Plain},
+                                    {"json", Translate::TextFormat::Json},
+                                    {"tree", Translate::TextFormat::Tree}},
+                                   OptionsReturn.Format.Format, "plain, json or tree")
+      ->type_name("FORM");
   CommandReturn.add_flag("--count", OptionsReturn.Texts.WantsCount,
                          "report the number of derivations in JSON");
   CommandReturn.add_flag("--origins", OptionsReturn.Format.HasOrigins,

@@ -32,6 +32,7 @@ constexpr bool IsWhole = false;
 
 }  // namespace
 
+// A table. NOLINTNEXTLINE(readability-function-size)
 const std::vector<CodeInfo>& AllCodes() {
   static const std::vector<CodeInfo> vCodes = {
       {"TR001", Severity::Error, "the rule has no rule line",
@@ -302,13 +303,18 @@ const std::vector<CodeInfo>& AllCodes() {
 
 namespace {
 
+/// The number of a code: 7 for `TR007`.
+std::size_t NumberOf(std::string_view Code) {
+  std::string_view Digits = Code.substr(2);
+  return static_cast<std::size_t>(TrRuleInternal::TakeNumber(Digits));
+}
+
 /// The codes by their numbers, null if there is none.
 std::vector<const CodeInfo*> CodesByNumber() {
   constexpr std::size_t Numbers = 100;
   std::vector<const CodeInfo*> vByNumber(Numbers);
   for (const CodeInfo& Info : AllCodes()) {
-    std::string_view Digits = Info.Code.substr(2);
-    vByNumber[static_cast<std::size_t>(TrRuleInternal::TakeNumber(Digits))] = &Info;
+    vByNumber[NumberOf(Info.Code)] = &Info;
   }
   return vByNumber;
 }
@@ -321,7 +327,7 @@ const CodeInfo* FindCode(std::string_view Code) {
   if (Code.size() != Size || !StartsWith(Code, "TR0") || !IsDigit(Code[3]) || !IsDigit(Code[4])) {
     return nullptr;
   }
-  return vByNumber[static_cast<std::size_t>((Code[3] - '0') * 10 + (Code[4] - '0'))];
+  return vByNumber[NumberOf(Code)];
 }
 
 bool KeepsFromUse(std::string_view Code) {

@@ -135,12 +135,15 @@ void GrammarFindings::AddUnprovidedLabels() {
 
 // ---- Start types ------------------------------------------------------------------------------
 
-/// The pairs of types that constituents of texts can have, from above.
-std::vector<bool> GrammarFindings::ReachedTypes(const std::vector<std::string>& vsStarts) const {
-  std::vector<bool> vIsReached(Shapes.TypesCount());
-  std::vector<bool> vIsSeen(Shapes.SlotCount());
-  std::vector<std::uint32_t> vNext;
-  const auto Reach = [&](const GrammarShapes::Range<std::uint32_t>& Providers) {
+namespace {
+
+/// Walks from pairs of types to those of the parts that their rules need.
+class TypeWalk {
+ public:
+  explicit TypeWalk(const GrammarShapes& ShapesPassIn)
+      : Shapes(ShapesPassIn), vIsReached(Shapes.TypesCount()), vIsSeen(Shapes.SlotCount()) {}
+
+  void Reach(const GrammarShapes::Range<std::uint32_t>& Providers) {
     for (const std::uint32_t Number : Providers) {
       const std::uint32_t Types = Shapes.At(Number).Types;
       if (!vIsReached[Types]) {
@@ -148,26 +151,49 @@ std::vector<bool> GrammarFindings::ReachedTypes(const std::vector<std::string>& 
         vNext.push_back(Types);
       }
     }
-  };
-  for (const std::string& sStart : vsStarts) {
-    const std::uint32_t Label = Shapes.FindLabel(Upper(sStart));
-    if (Label != GrammarShapes::None) {
-      Reach(Shapes.ShapesOfType(Label));
-    }
   }
-  while (!vNext.empty()) {
-    const std::uint32_t Types = vNext.back();
-    vNext.pop_back();
-    for (const std::uint32_t Number : Shapes.ShapesOfTypes(Types)) {
-      for (const GrammarShapes::Place& Place : Shapes.PlacesOf(Shapes.At(Number))) {
-        if (!vIsSeen[Place.Slot]) {
-          vIsSeen[Place.Slot] = true;
-          Reach(Shapes.ProvidersOf(Place.Slot));
-        }
+
+  void Finish() {
+    while (!vNext.empty()) {
+      const std::uint32_t Types = vNext.back();
+      vNext.pop_back();
+      for (const std::uint32_t Number : Shapes.ShapesOfTypes(Types)) {
+        ReachParts(Shapes.At(Number));
       }
     }
   }
-  return vIsReached;
+
+  std::vector<bool> TakeReached() { return std::move(vIsReached); }
+
+ private:
+  void ReachParts(const GrammarShapes::Shape& Shape) {
+    for (const GrammarShapes::Place& Place : Shapes.PlacesOf(Shape)) {
+      if (!vIsSeen[Place.Slot]) {
+        vIsSeen[Place.Slot] = true;
+        Reach(Shapes.ProvidersOf(Place.Slot));
+      }
+    }
+  }
+
+  const GrammarShapes& Shapes;
+  std::vector<bool> vIsReached;
+  std::vector<bool> vIsSeen;  // slots
+  std::vector<std::uint32_t> vNext;
+};
+
+}  // namespace
+
+/// The pairs of types that constituents of texts can have, from above.
+std::vector<bool> GrammarFindings::ReachedTypes(const std::vector<std::string>& vsStarts) const {
+  TypeWalk Walk(Shapes);
+  for (const std::string& sStart : vsStarts) {
+    const std::uint32_t Label = Shapes.FindLabel(Upper(sStart));
+    if (Label != GrammarShapes::None) {
+      Walk.Reach(Shapes.ShapesOfType(Label));
+    }
+  }
+  Walk.Finish();
+  return Walk.TakeReached();
 }
 
 /// Each pair of types is reported once, at its first rule.

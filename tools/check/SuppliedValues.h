@@ -89,7 +89,7 @@ class SuppliedValues {
   std::uint32_t Demand(std::uint32_t Slot, std::uint32_t Path);
   std::uint32_t Demand(const GrammarShapes::Shape& Which, const ShapeGraph::Origin& From,
                        const std::vector<std::uint32_t>& vFeatures);
-  void AddMeetings(std::uint32_t Shape);
+  void AddMeetings(std::uint32_t Index);
   void Expand(std::uint32_t Number);
   bool AddFlow(std::uint32_t Number, const GrammarShapes::Shape& Which);
   bool AddFlowOfValues(std::uint32_t Number, const GrammarShapes::Shape& Which);

@@ -15,11 +15,8 @@
 #include "RunError.h"
 #include "StartTypes.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <deque>
 #include <iostream>
 #include <memory>
@@ -67,14 +64,6 @@ class FindingFilter {
   std::vector<bool> vIsWanted = std::vector<bool>(AllCodes().size());
   Severity Least = Severity::Warning;
 };
-
-/// Colours are for people: at a terminal, unless they have said that they want none.
-bool WantsColours(const RunOptions& Run) {
-  const bool ToStandardOutput = Run.Output.empty() || Run.Output == "-";
-  const char* NoColour = std::getenv("NO_COLOR");
-  return ToStandardOutput && isatty(STDOUT_FILENO) != 0 &&
-         (NoColour == nullptr || *NoColour == '\0');
-}
 
 /// What is said of a file that is not a grammar, at its first line.
 Finding FileFinding(const std::string& Name, std::string_view Start, std::string Message) {
@@ -434,7 +423,7 @@ int RunCheck(const RunOptions& Run, const CheckOptions& OptionsPassIn) {
   OutputFile Output(Run.Output);
   const FindingFormat Format = OptionsPassIn.Format;
   const std::unique_ptr<FindingWriter> Writer =
-      MakeFindingWriter(Format, WantsColours(Run), OptionsPassIn.Version, Output);
+      MakeFindingWriter(Format, WantsColours(Run.Output), OptionsPassIn.Version, Output);
   RulesChecker Checker(Filter, OptionsPassIn, *Writer);
   CheckReader Reader(Run, Filter.WantsShown("TR016"));
   if (!Statistics) {

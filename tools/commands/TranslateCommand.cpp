@@ -11,11 +11,8 @@
 #include "RunError.h"
 #include "StartTypes.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <atomic>
-#include <cstdlib>
 #include <iostream>
 #include <limits>
 #include <string_view>
@@ -90,19 +87,11 @@ TextOptions TextOptionsOf(const TranslateOptions& Options, const RuleSet& Rules)
   return Texts;
 }
 
-/// Colours are for people: at a terminal, unless they have said that they want none.
-bool WantsColours(const TranslateOptions& Options) {
-  const bool ToStandardOutput = Options.Output.empty() || Options.Output == "-";
-  const char* NoColour = std::getenv("NO_COLOR");
-  return ToStandardOutput && isatty(STDOUT_FILENO) != 0 &&
-         (NoColour == nullptr || *NoColour == '\0');
-}
-
 WriterOptions WriterOptionsOf(const TranslateOptions& Options) {
   WriterOptions Format = Options.Format;
   Format.IsList = Options.Texts.AllDerivations || Options.Translations.value_or(1) > 1;
   Format.HasCount = Options.Texts.WantsCount;
-  Format.Colours = WantsColours(Options);
+  Format.Colours = Grammar::WantsColours(Options.Output);
   return Format;
 }
 

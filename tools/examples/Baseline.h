@@ -43,7 +43,7 @@ class Baseline {
  private:
   struct Entry {
     BaselineLine Line;
-    std::size_t Example;  ///< of a run
+    std::size_t Example = 0;  ///< of a run
   };
 
   void Sort();

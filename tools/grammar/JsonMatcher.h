@@ -100,7 +100,7 @@ class JsonMatcher {
   }
 
   const rapidjson::Value& Root;
-  std::array<Level, 4> Levels;  // the object, its constraints, one of them, its lines
+  std::array<Level, 4> Levels{};  // the object, its constraints, one of them, its lines
   std::size_t Depth = 0;
   bool Matches = true;
 };

@@ -112,12 +112,12 @@ class RuleForm {
 
   /// A constraint line with what the library reads from it; feature and value are in its key.
   struct Line {
-    const SourceRule::ConstraintLine* Written;
-    int Category;
-    int ConstrainedIndex;
-    bool ValueConstraint;
+    const SourceRule::ConstraintLine* Written = nullptr;
+    int Category = 0;
+    int ConstrainedIndex = 0;
+    bool ValueConstraint = false;
     TrRuleInternal::KeyPlaces Key;  ///< in `Keys`
-    std::size_t KeyEnd;
+    std::size_t KeyEnd = 0;
   };
 
   /// What the library keeps under one key: one constraint, or what several have become.

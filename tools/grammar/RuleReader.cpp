@@ -131,6 +131,15 @@ RuleText::Span RuleReader::SpanOf(std::size_t From, std::size_t End) const {
   return Line;
 }
 
+bool RuleReader::DeliverLongLine(std::size_t Begin, RuleText& TextReturn) {
+  Seen.InsideLine = Begin == 0;
+  if (!Seen.InsideLine) {
+    return DeliverPiece(Begin, TextReturn);
+  }
+  vSpans.push_back(SpanOf(0, Rest().size()));
+  return DeliverPiece(Rest().size(), TextReturn);
+}
+
 bool RuleReader::Next(RuleText& TextReturn) {
   vSpans.clear();
   std::size_t From = 0;       // where the line begins that is looked at
@@ -165,13 +174,7 @@ bool RuleReader::Next(RuleText& TextReturn) {
     TextReturn.HasRule = RuleLines > 0;
     return !TextReturn.Text.empty();
   }
-  // A line that is longer than all that is held: what is before it goes, or its first part.
-  Seen.InsideLine = From == 0;
-  if (Seen.InsideLine) {
-    From = Rest().size();
-    vSpans.push_back(SpanOf(0, From));
-  }
-  return DeliverPiece(From, TextReturn);
+  return DeliverLongLine(From, TextReturn);
 }
 
 bool RuleReader::DeliverPiece(std::size_t Size, RuleText& TextReturn) {

@@ -64,6 +64,8 @@ class RuleReader {
   RuleText::Span SpanOf(std::size_t From, std::size_t End) const;
   void Deliver(std::size_t Size, std::size_t Lines, RuleText& TextReturn);
   bool DeliverPiece(std::size_t Size, RuleText& TextReturn);
+  /// Of a line that is longer than all that is held: what is before it, or its first part.
+  bool DeliverLongLine(std::size_t Begin, RuleText& TextReturn);
 
   std::string_view Rest() const { return std::string_view(Buffer).substr(Start); }
 

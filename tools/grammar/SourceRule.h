@@ -26,31 +26,31 @@ namespace Grammar {
 class SourceRule {
  public:
   struct HeaderLine {
-    std::size_t Line;
+    std::size_t Line = 0;
     std::optional<TrRuleInternal::HeaderParts> Parts;  ///< nothing if it cannot be read
   };
 
   struct RuleLine {
-    std::size_t Line;
-    TrRuleInternal::RuleLineFault Fault;
+    std::size_t Line = 0;
+    TrRuleInternal::RuleLineFault Fault{};
     TrRuleInternal::RuleLineParts Parts;  ///< as far as it can be read
   };
 
   struct AlignmentLine {
-    std::size_t Line;
+    std::size_t Line = 0;
     TrRuleInternal::AlignmentParts Parts;
   };
 
   struct ConstraintLine {
-    std::size_t Line;
+    std::size_t Line = 0;
     TrRuleInternal::ConstraintParts Parts;
-    bool IsCommon;  ///< whether it is in the common form
+    bool IsCommon = false;  ///< whether it is in the common form
   };
 
   /// A line of the body that is not in the format.
   struct BrokenLine {
-    std::size_t Line;
-    LineKind Kind;                        ///< `Alignment` or `Constraint`
+    std::size_t Line = 0;
+    LineKind Kind{};                      ///< `Alignment` or `Constraint`
     TrRuleInternal::ConstraintStop Stop;  ///< of a constraint
   };
 

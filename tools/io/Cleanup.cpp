@@ -29,7 +29,7 @@ extern "C" void RemoveFilesAndEnd(int Signal) {
     }
   }
   // The handler was installed to work once: now the signal does what it does without it.
-  raise(Signal);
+  static_cast<void>(raise(Signal));
 }
 
 /// Holds the ending signals back for a scope, so that none comes between making a file and

@@ -1,5 +1,6 @@
 #include "OutputFile.h"
 
+#include "Environment.h"
 #include "RunError.h"
 
 #include <fcntl.h>
@@ -27,11 +28,15 @@ std::string Resolved(const std::string& Path) {
   return Real == nullptr ? Path : Real.get();
 }
 
+bool IsStandardOutput(std::string_view Path) {
+  return Path.empty() || Path == "-";
+}
+
 }  // namespace
 
 OutputFile::OutputFile(const std::string& Path) {
   Buffer.reserve(BufferSize);
-  if (Path.empty() || Path == "-") {
+  if (IsStandardOutput(Path)) {
     Name = "standard output";
     Descriptor = STDOUT_FILENO;
   } else {
@@ -90,6 +95,11 @@ void OutputFile::Finish() {
     }
     Unfinished->RenameTo(Target);
   }
+}
+
+bool WantsColours(const std::string& Path) {
+  return IsStandardOutput(Path) && isatty(STDOUT_FILENO) != 0 &&
+         EnvironmentVariable("NO_COLOR").empty();
 }
 
 }  // namespace Grammar

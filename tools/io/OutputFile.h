@@ -55,4 +55,9 @@ class OutputFile {
   std::unique_ptr<UnfinishedFile> Unfinished;
 };
 
+/// Whether what is written to that output has colours. They are for people: at a terminal, unless
+/// the environment variable NO_COLOR says that they want none.
+/// @param Path as for `OutputFile`
+bool WantsColours(const std::string& Path);
+
 }  // namespace Grammar

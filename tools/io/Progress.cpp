@@ -25,7 +25,7 @@ std::string Bytes(std::uint64_t Count) {
     ++Unit;
   }
   std::array<char, 32> Text{};
-  std::snprintf(Text.data(), Text.size(), "%.1f %s", Number, Units[Unit]);
+  static_cast<void>(std::snprintf(Text.data(), Text.size(), "%.1f %s", Number, Units[Unit]));
   return Text.data();
 }
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace Grammar {
@@ -36,7 +36,7 @@ class ClosedOutput : public RunError {
 
 /// A failure of the system's, such as `cannot read a.trr: No such file or directory`.
 inline RunError SystemError(const std::string& What, int Error = errno) {
-  return RunError(What + ": " + std::strerror(Error));
+  return RunError(What + ": " + std::generic_category().message(Error));
 }
 
 /// Writes a failure of the run to standard error, in one line.

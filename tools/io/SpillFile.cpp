@@ -1,5 +1,6 @@
 #include "SpillFile.h"
 
+#include "Environment.h"
 #include "RunError.h"
 
 #include <fcntl.h>
@@ -7,14 +8,15 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <string_view>
 
 namespace Grammar {
 
 namespace {
 
 std::string TemporaryFolder() {
-  const char* Folder = std::getenv("TMPDIR");
-  return Folder != nullptr && *Folder != '\0' ? Folder : "/tmp";
+  const std::string_view Folder = EnvironmentVariable("TMPDIR");
+  return std::string(Folder.empty() ? "/tmp" : Folder);
 }
 
 int OpenWithoutName(const std::string& Folder) {

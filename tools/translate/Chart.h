@@ -93,9 +93,9 @@ class Chart {
   /// Constituents of one span that are taken for the same.
   struct Group {
     StructurePair Key;
-    std::uint32_t First;  ///< in the list of members
-    std::uint32_t Count;
-    std::int64_t Score;  ///< of the best derivation of any of them
+    std::uint32_t First = 0;  ///< in the list of members
+    std::uint32_t Count = 0;
+    std::int64_t Score = 0;  ///< of the best derivation of any of them
   };
 
   /// A span with constituents.
@@ -207,8 +207,8 @@ class Chart {
 
   /// What tells a group from the others of its span.
   struct GroupName {
-    SourceSymbol Slot;
-    std::uint8_t Needs;
+    SourceSymbol Slot = 0;
+    std::uint8_t Needs = 0;
     StructurePair Key;
   };
 
@@ -263,6 +263,8 @@ class Chart {
   std::uint32_t EvaluationOf(const RuleSet::Ending& By) const {
     return By.Rule == Replaced.Rule ? Replaced.Evaluation : By.Evaluation;
   }
+  template <typename VisitT>
+  void ForEachUnaryTrial(const Constituent& Part, VisitT& Visit) const;
   Evaluator::KeysId UnaryKeys(const RuleSet::Ending& By, const Constituent& Part) const;
 
   const RuleSet& Rules;
@@ -305,24 +307,32 @@ class Chart {
 };
 
 template <typename VisitT>
+void Chart::ForEachUnaryTrial(const Constituent& Part, VisitT& Visit) const {
+  if (vChains[Part.Chain].Size >= Limits.MaxChain) {
+    return;
+  }
+  for (const SourceSymbol Slot :
+       {Rules.SlotOfAnyTarget(Part.Types), Rules.SlotOfBoth(Part.Types)}) {
+    if (Slot == RuleSet::None) {
+      continue;
+    }
+    for (const RuleSet::Ending& By : Rules.UnaryRules(Slot)) {
+      if (!Contains(Part.Chain, By.Rule)) {
+        Visit(Trial{By.Rule, By.Evaluation, UnaryKeys(By, Part)});
+      }
+    }
+  }
+}
+
+template <typename VisitT>
 void Chart::ForEachTrial(VisitT Visit) const {
   for (const Item& Current : vItems) {
     for (const RuleSet::Ending& By : Rules.EndingsAt(Current.Node)) {
       Visit(Trial{By.Rule, By.Evaluation, Current.Keys});
     }
   }
-  for (const Constituent& Current : vConstituents) {
-    for (const SourceSymbol Slot :
-         {Rules.SlotOfAnyTarget(Current.Types), Rules.SlotOfBoth(Current.Types)}) {
-      if (Slot == RuleSet::None || vChains[Current.Chain].Size >= Limits.MaxChain) {
-        continue;
-      }
-      for (const RuleSet::Ending& By : Rules.UnaryRules(Slot)) {
-        if (!Contains(Current.Chain, By.Rule)) {
-          Visit(Trial{By.Rule, By.Evaluation, UnaryKeys(By, Current)});
-        }
-      }
-    }
+  for (const Constituent& Part : vConstituents) {
+    ForEachUnaryTrial(Part, Visit);
   }
 }
 

@@ -17,11 +17,11 @@ namespace Translate {
 
 /// A constituent in a derivation.
 struct TreeNode {
-  std::uint32_t Rule;
-  std::size_t Start;
-  std::size_t End;
+  std::uint32_t Rule = 0;
+  std::size_t Start = 0;
+  std::size_t End = 0;
   StructurePair Structures;
-  std::uint32_t Parts;  ///< how many; they follow, each with all that is below it
+  std::uint32_t Parts = 0;  ///< how many; they follow, each with all that is below it
 };
 
 /// Works out the structures of all constituents of a derivation, parts before what is made of them.

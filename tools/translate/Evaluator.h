@@ -56,16 +56,16 @@ class Evaluator {
  private:
   /// A list is its last pair, and the list before it.
   struct KeyEntry {
-    KeysId Before;
+    KeysId Before = NoKeys;
     StructurePair Key;
   };
 
   /// What has been worked out for an evaluation and a list of keys.
   struct Known {
-    std::uint32_t Evaluation;
-    KeysId Keys;
+    std::uint32_t Evaluation = 0;
+    KeysId Keys = NoKeys;
     StructurePair Result;
-    bool Clashes;
+    bool Clashes = false;
   };
 
   void Clear();

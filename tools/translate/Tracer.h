@@ -78,9 +78,9 @@ class Tracer {
 
   /// An equation in its place in the order.
   struct Equation {
-    StepKind Kind;
-    std::size_t Index;  ///< among the steps of its kind
-    std::uint32_t Line;
+    StepKind Kind{};
+    std::size_t Index = 0;  ///< among the steps of its kind
+    std::uint32_t Line = 0;
     std::optional<std::size_t> Clash;  ///< where it is left aside
   };
 
@@ -94,7 +94,7 @@ class Tracer {
 
   /// A node, and the path that leads to it; none leads to a value that an equation states.
   struct PlacedNode {
-    NodeId Node;
+    NodeId Node{};
     std::optional<RulePath> Path;
   };
 
