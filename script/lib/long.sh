@@ -19,16 +19,23 @@ analyse_with_cppcheck() {
   say "Analysing src/ and tools/ with cppcheck"
   # shellcheck disable=SC2046  # each folder is a word of its own
   run cppcheck.log cppcheck --enable=all --inconclusive --std=c++17 --language=c++ --quiet \
-    --error-exitcode=1 --suppressions-list=.cppcheck-suppressions -I src $(tool_folders) src tools
+    --error-exitcode=1 --suppressions-list=.cppcheck-suppressions -I src $(tool_folders) -j "$Jobs" src tools
 }
 
-# The tests with each compiler and each of two standards, with optimisation and checked containers,
-# and under the sanitizers of each compiler; the tests with threads also under the thread sanitizer.
+# With `sanitize-clang-all`, which has had its turn, and `coverage`, these are the tests with each
+# compiler and each of two standards, with optimisation, with checked containers, and under the
+# sanitizers of each compiler; the tests with threads also under the thread sanitizer.
 test_other_presets() {
-  for Preset in dev dev-clang cxx20 cxx20-clang assertions sanitize sanitize-clang-all thread; do
+  for Preset in cxx20-clang assertions sanitize thread; do
     build_preset "$Preset"
     test_preset "$Preset"
   done
+}
+
+# The other tests of the development build run where their coverage is measured.
+test_installation() {
+  build_preset dev
+  test_preset dev --label-regex install
 }
 
 # has WHAT PATTERN COMMAND...
@@ -36,12 +43,12 @@ has() {
   What=$1
   Pattern=$2
   shift 2
-  "$@" | grep -q -e "$Pattern" || stop "build/release/trrule-demo has no $What"
+  "$@" | grep -q -e "$Pattern" || stop "build/bench/trrule-demo has no $What"
 }
 
 look_for_hardening() {
-  say "Looking for the hardening of the release driver"
-  Driver=build/release/trrule-demo
+  say "Looking for the driver's hardening"
+  Driver=build/bench/trrule-demo
   has "position-independent code" 'DYN' readelf -hW "$Driver"
   has "read-only relocations" 'GNU_RELRO' readelf -lW "$Driver"
   has "binding at its start" 'NOW' readelf -dW "$Driver"
@@ -61,37 +68,44 @@ run_in_valgrind() {
 try_in_valgrind() {
   say "Running the driver and the examples in valgrind"
   # The driver keeps its rule, still reachable, until the process ends.
-  run_in_valgrind build/release/trrule-demo tests/data/driver_output.txt definite,indirect,possible
+  run_in_valgrind build/bench/trrule-demo tests/data/driver_output.txt definite,indirect,possible
   for Expected in examples/expected/*.txt; do
-    run_in_valgrind "build/release/examples/$(basename "$Expected" .txt)" "$Expected"
+    run_in_valgrind "build/bench/examples/$(basename "$Expected" .txt)" "$Expected"
   done
 }
 
 # Excludes what cannot be reached. Lines: the driver's message about an erasure that its script never
 # reaches, and a line in the middle of a statement that only has the clean-up after an exception.
-# Branches: those that only an exception takes, since src/ throws none and does not guarantee to
-# survive running out of memory.
+# Branches: those that only an exception takes. src/ throws none, and nothing is guaranteed when
+# memory runs out.
+# count_coverage FOLDER LEAST_LINES LEAST_BRANCHES
+count_coverage() {
+  say "Measuring the coverage of $1/"
+  Unreachable='.*(has been successfully deleted|" index:" << std::to_string).*'
+  gcovr --root . --filter "$1/" --exclude-throw-branches --exclude-unreachable-branches \
+    --exclude-lines-by-pattern "$Unreachable" --txt "$Logs/coverage-$1.txt" \
+    --html-details "$Logs/coverage-$1.html" --print-summary \
+    --fail-under-line "$2" --fail-under-branch "$3" build/coverage 2>"$Logs/coverage-$1.log" ||
+    { cat "$Logs/coverage-$1.txt" "$Logs/coverage-$1.log" >&2; stop "the coverage of $1/ is too low"; }
+}
+
 measure_coverage() {
   build_preset coverage
   find build/coverage -name '*.gcda' -exec rm {} +
   test_preset coverage
-  say "Measuring the coverage of src/"
-  Unreachable='.*(has been successfully deleted|" index:" << std::to_string).*'
-  gcovr --root . --filter src/ --exclude-throw-branches --exclude-unreachable-branches \
-    --exclude-lines-by-pattern "$Unreachable" --txt "$Logs/coverage.txt" \
-    --html-details "$Logs/coverage.html" --print-summary \
-    --fail-under-line 100 --fail-under-branch 95 build/coverage 2>"$Logs/coverage.log" ||
-    { cat "$Logs/coverage.txt" "$Logs/coverage.log" >&2; stop "the coverage of src/ is too low"; }
+  count_coverage src 100 95
+  count_coverage tools 95 95
 }
 
 count_growth() {
-  build_preset bench trrule-growth trrule-translate-growth
   say "Measuring growth"
   script/growth
 }
 
 # break_on_purpose ARGUMENTS...
 break_on_purpose() {
-  say "Changing src/ on purpose: tests/mutate $*"
-  tests/mutate "$@"
+  for Area in src tools; do
+    say "Changing $Area/ on purpose: tests/mutate --area $Area $*"
+    tests/mutate --area "$Area" "$@"
+  done
 }

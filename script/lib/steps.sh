@@ -98,13 +98,16 @@ count_of_tests() {
   grep '% tests passed, ' "$Logs/test-$1.log"
 }
 
-# Runs the tests of a built preset, lists the skipped ones with reasons, and prints the count.
+# test_preset PRESET [OPTIONS...] runs the tests of a built preset, lists the skipped ones with reasons,
+# and prints the count.
 test_preset() {
-  say "Running the tests of the $1 preset"
-  if ! keep_and_show "test-$1.log" ctest --preset "$1" --parallel "$Jobs"; then
+  Preset=$1
+  shift
+  say "Running the tests of the $Preset preset"
+  if ! keep_and_show "test-$Preset.log" ctest --preset "$Preset" --parallel "$Jobs" "$@"; then
     grep -v -e ' Start ' -e ' Passed ' "$Log" >&2
-    stop "failed: ctest --preset $1"
+    stop "failed: ctest --preset $Preset"
   fi
-  sed -n 's/^SKIPPED: /skipped: /p' "build/$1/Testing/Temporary/LastTest.log"
-  count_of_tests "$1"
+  sed -n 's/^SKIPPED: /skipped: /p' "build/$Preset/Testing/Temporary/LastTest.log"
+  count_of_tests "$Preset"
 }
