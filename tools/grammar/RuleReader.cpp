@@ -131,15 +131,6 @@ RuleText::Span RuleReader::SpanOf(std::size_t From, std::size_t End) const {
   return Line;
 }
 
-bool RuleReader::DeliverLongLine(std::size_t Begin, RuleText& TextReturn) {
-  Seen.InsideLine = Begin == 0;
-  if (!Seen.InsideLine) {
-    return DeliverPiece(Begin, TextReturn);
-  }
-  vSpans.push_back(SpanOf(0, Rest().size()));
-  return DeliverPiece(Rest().size(), TextReturn);
-}
-
 bool RuleReader::Next(RuleText& TextReturn) {
   vSpans.clear();
   std::size_t From = 0;       // where the line begins that is looked at
@@ -183,6 +174,15 @@ bool RuleReader::DeliverPiece(std::size_t Size, RuleText& TextReturn) {
   TextReturn.IsPiece = true;
   Continues = true;
   return true;
+}
+
+bool RuleReader::DeliverLongLine(std::size_t Begin, RuleText& TextReturn) {
+  Seen.InsideLine = Begin == 0;
+  if (!Seen.InsideLine) {
+    return DeliverPiece(Begin, TextReturn);
+  }
+  vSpans.push_back(SpanOf(0, Rest().size()));
+  return DeliverPiece(Rest().size(), TextReturn);
 }
 
 void RuleReader::Deliver(std::size_t Size, std::size_t Lines, RuleText& TextReturn) {

@@ -294,20 +294,21 @@ BestDerivations::Frontier& BestDerivations::Open(NodeId Node) {
   if (vFrontiers.empty()) {
     vFrontiers.assign(vBest.size(), NoEntry);
   }
-  if (vFrontiers[Node] == NoEntry) {
-    vFrontiers[Node] = static_cast<std::uint32_t>(Opened.size());
-    Frontier& New = Opened.emplace_back();
-    ForEachAlternative(Node, [&](const Parts& Current) {
-      for (const NodeId Part : {Current.First, Current.Last}) {
-        if (Part != NoEntry) {
-          Compute(Part, true);
-        }
-      }
-      PushCandidate(Node, MakeCandidate(KindOf(Node), Current, 0, 0), New);
-    });
-    TakeBest(Node, New);
+  if (vFrontiers[Node] != NoEntry) {
+    return Opened[vFrontiers[Node]];
   }
-  return Opened[vFrontiers[Node]];
+  vFrontiers[Node] = static_cast<std::uint32_t>(Opened.size());
+  Frontier& New = Opened.emplace_back();
+  ForEachAlternative(Node, [&](const Parts& Current) {
+    for (const NodeId Part : {Current.First, Current.Last}) {
+      if (Part != NoEntry) {
+        Compute(Part, true);
+      }
+    }
+    PushCandidate(Node, MakeCandidate(KindOf(Node), Current, 0, 0), New);
+  });
+  TakeBest(Node, New);
+  return New;
 }
 
 /// Whether a part of some rank is there; where that is not known yet, it is put on the stack.

@@ -188,7 +188,7 @@ class Chart {
   ItemRange ItemsAt(std::size_t Start) const;
 
   /// The rules of a chain, ascending.
-  SourceTrie::Range<std::uint32_t> ChainRules(std::uint32_t Chain) const;
+  SourceTrie::Range<std::uint32_t> ChainRules(std::uint32_t Which) const;
 
   Counts Count() const;
   /// How much memory the chart of the text takes.

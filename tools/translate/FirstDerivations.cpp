@@ -91,27 +91,31 @@ void FirstDerivations::AddAlternative(NodeId Which, std::uint32_t Alternative, N
   static const std::vector<std::uint32_t> vNothing{Derivations::NoList};
   const std::vector<std::uint32_t>& vBefore = First == NoEntry ? vNothing : vNodes[First].vFirst;
   std::vector<std::uint32_t>& vReturn = vNodes[Which].vFirst;
-  if (Which >= FirstGroup) {
-    vReturn.insert(vReturn.end(), vBefore.begin(), vBefore.end());
-  } else if (Which < FirstItem) {
+  if (Which < FirstItem) {
     const Chart::Way& Way = Parsed.Ways()[Alternative];
     for (const std::uint32_t Number : vBefore) {
       const Derivations::ListId Parts =
           Way.IsUnary() ? Store.List(Derivations::NoList, Number) : Number;
       vReturn.push_back(Store.Tree(Way.Rule, Parts, 0));
     }
-  } else if (Last == NoEntry) {
+  } else if (Which >= FirstGroup || Last == NoEntry) {
     vReturn.insert(vReturn.end(), vBefore.begin(), vBefore.end());
   } else {
-    std::size_t Left = Limit;
-    for (const std::uint32_t Before : vBefore) {
-      for (const Derivations::TreeId Tree : vNodes[Last].vFirst) {
-        if (Left == 0) {
-          return;
-        }
-        --Left;
-        vReturn.push_back(Store.List(Before, Tree));
+    AddPairs(vBefore, vNodes[Last].vFirst, vReturn);
+  }
+}
+
+void FirstDerivations::AddPairs(const std::vector<Derivations::ListId>& vBefore,
+                                const std::vector<Derivations::TreeId>& vLast,
+                                std::vector<std::uint32_t>& vReturn) {
+  std::size_t Left = Limit;
+  for (const Derivations::ListId Before : vBefore) {
+    for (const Derivations::TreeId Tree : vLast) {
+      if (Left == 0) {
+        return;
       }
+      --Left;
+      vReturn.push_back(Store.List(Before, Tree));
     }
   }
 }

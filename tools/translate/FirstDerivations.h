@@ -54,6 +54,8 @@ class FirstDerivations {
   bool PushUnknown(NodeId Which);
   void Compute(NodeId Which);
   void AddAlternative(NodeId Which, std::uint32_t Alternative, NodeId First, NodeId Last);
+  void AddPairs(const std::vector<Derivations::ListId>& vBefore,
+                const std::vector<Derivations::TreeId>& vLast, std::vector<std::uint32_t>& vReturn);
   void AddCount(Node& NodeReturn, NodeId First, NodeId Last) const;
 
   const Chart& Parsed;

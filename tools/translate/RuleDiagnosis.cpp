@@ -306,6 +306,43 @@ Use RuleDiagnosis::FindUse(const Combination& Way, std::size_t Begin, std::uint3
 
 // ---- What is missing above --------------------------------------------------------------------
 
+namespace {
+
+template <typename NumberT>
+void SortWithoutRepeats(std::vector<NumberT>& vReturn) {
+  std::sort(vReturn.begin(), vReturn.end());
+  vReturn.erase(std::unique(vReturn.begin(), vReturn.end()), vReturn.end());
+}
+
+}  // namespace
+
+/// The items of a node that end with a constituent.
+std::vector<std::uint32_t> RuleDiagnosis::ItemsOver(std::uint32_t Constituent,
+                                                    std::uint32_t Node) const {
+  std::vector<std::uint32_t> vItems;
+  Uses->ForEachItemOver(Constituent, [&](std::uint32_t Item) {
+    if (Parsed.Items()[Item].Node == Node) {
+      vItems.push_back(Item);
+    }
+  });
+  return vItems;
+}
+
+/// The items of a node that continue one of these items, ascending.
+std::vector<std::uint32_t> RuleDiagnosis::ItemsAfter(const std::vector<std::uint32_t>& vItems,
+                                                     std::uint32_t Node) const {
+  std::vector<std::uint32_t> vAfter;
+  for (const std::uint32_t Item : vItems) {
+    Uses->ForEachItemAfter(Item, [&](std::uint32_t After) {
+      if (Parsed.Items()[After].Node == Node) {
+        vAfter.push_back(After);
+      }
+    });
+  }
+  SortWithoutRepeats(vAfter);
+  return vAfter;
+}
+
 /// How far a rule comes that takes a constituent for one of its components.
 Taker RuleDiagnosis::FindTaker(std::uint32_t Rule, std::size_t Component,
                                std::uint32_t Constituent) const {
@@ -318,12 +355,7 @@ Taker RuleDiagnosis::FindTaker(std::uint32_t Rule, std::size_t Component,
   }
   const SourceSymbol* Symbols = Rules.SymbolsOf(Which).First;
   const std::vector<std::uint32_t> vNodes = PrefixNodes(Rules, Which);
-  std::vector<std::uint32_t> vItems;
-  Uses->ForEachItemOver(Constituent, [&](std::uint32_t Item) {
-    if (Parsed.Items()[Item].Node == vNodes[Component - 1]) {
-      vItems.push_back(Item);
-    }
-  });
+  std::vector<std::uint32_t> vItems = ItemsOver(Constituent, vNodes[Component - 1]);
   const auto Want = [&](TakerState State, std::size_t Wanted) {
     Found.State = State;
     Found.WantedComponent = Wanted;
@@ -335,16 +367,7 @@ Taker RuleDiagnosis::FindTaker(std::uint32_t Rule, std::size_t Component,
     return Found;
   }
   for (std::size_t Next = Component; Next < vNodes.size(); ++Next) {
-    std::vector<std::uint32_t> vAfter;
-    for (const std::uint32_t Item : vItems) {
-      Uses->ForEachItemAfter(Item, [&](std::uint32_t After) {
-        if (Parsed.Items()[After].Node == vNodes[Next]) {
-          vAfter.push_back(After);
-        }
-      });
-    }
-    std::sort(vAfter.begin(), vAfter.end());
-    vAfter.erase(std::unique(vAfter.begin(), vAfter.end()), vAfter.end());
+    std::vector<std::uint32_t> vAfter = ItemsAfter(vItems, vNodes[Next]);
     if (vAfter.empty()) {
       Want(TakerState::WantsAfter, Next + 1);
       for (const std::uint32_t Item : vItems) {
@@ -354,9 +377,7 @@ Taker RuleDiagnosis::FindTaker(std::uint32_t Rule, std::size_t Component,
     }
     vItems.swap(vAfter);
   }
-  std::sort(Found.vPositions.begin(), Found.vPositions.end());
-  Found.vPositions.erase(std::unique(Found.vPositions.begin(), Found.vPositions.end()),
-                         Found.vPositions.end());
+  SortWithoutRepeats(Found.vPositions);
   return Found;
 }
 

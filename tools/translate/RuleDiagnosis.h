@@ -184,6 +184,9 @@ class RuleDiagnosis {
   Listed<FactsT> List(const std::vector<std::uint32_t>& vParts, std::size_t Begin, MakeT Make);
   bool IsInBest(const Combination& Way, std::size_t Begin) const;
   Use FindUse(const Combination& Way, std::size_t Begin, std::uint32_t Constituent);
+  std::vector<std::uint32_t> ItemsOver(std::uint32_t Constituent, std::uint32_t Node) const;
+  std::vector<std::uint32_t> ItemsAfter(const std::vector<std::uint32_t>& vItems,
+                                        std::uint32_t Node) const;
   Taker FindTaker(std::uint32_t Rule, std::size_t Component, std::uint32_t Constituent) const;
   MissingAbove FindMissing(std::uint32_t Constituent);
 

@@ -177,7 +177,7 @@ class RuleSet {
   void FillEndings();
   void AddNeeds(const Rule& Current, std::vector<std::uint8_t>& vNeedsReturn) const;
   void AddSeenNeeds(const Rule& Current, std::vector<std::uint8_t>& vNeedsReturn) const;
-  std::uint32_t AddEvaluation(std::uint32_t Program, const std::vector<std::uint8_t>& vNeeds);
+  std::uint32_t AddEvaluation(std::uint32_t Number, const std::vector<std::uint8_t>& vNeeds);
 
   RuleSetOptions Options;
   SymbolTable Files, Headers, Labels, Words, Literals, Features, AtomNames;

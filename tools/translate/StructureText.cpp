@@ -46,7 +46,8 @@ void AppendJsonString(std::string_view Text, std::string& JsonReturn) {
       JsonReturn += Letter;
     } else if (static_cast<unsigned char>(Byte) < ' ') {
       std::array<char, 8> Escape{};
-      std::snprintf(Escape.data(), Escape.size(), "\\u%04x", static_cast<unsigned>(Byte));
+      static_cast<void>(
+          std::snprintf(Escape.data(), Escape.size(), "\\u%04x", static_cast<unsigned>(Byte)));
       JsonReturn += Escape.data();
     } else {
       JsonReturn += Byte;

@@ -49,7 +49,7 @@ class StructureWalk {
  private:
   /// A knot: where its locals stand, how many features lead to each, and their numbers.
   struct Knot {
-    const std::uint32_t* Words;
+    const std::uint32_t* Words = nullptr;
     std::vector<std::uint32_t> vLocals;
     std::vector<std::uint32_t> vArrivals;
     std::vector<std::uint32_t> vNumbers;
