@@ -24,6 +24,7 @@ constexpr const char* Footer =
     "  trrule from-json rules.jsonl           and back\n"
     "  trrule translate np.trr --text TEXT    what the rules make of a text\n"
     "  trrule test np.trr                     the examples in its comments\n"
+    "  trrule draw --rule NP,8 np.trr         what a rule looks like\n"
     "  trrule explain TR011                   what a code of check means\n"
     "  trrule help sort                       all of one command\n";
 
@@ -59,6 +60,7 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddTranslateCommand(Program, Chosen);
   AddWhyCommand(Program, Chosen);
   AddTestCommand(Program, Chosen);
+  AddDrawCommand(Program, Chosen);
   AddExplainCommand(Program, Chosen);
   AddHelpCommand(Program, Chosen);
   AddVersionCommand(Program, Chosen);

@@ -1,0 +1,46 @@
+#include "RuleNames.h"
+
+#include "NearestName.h"
+#include "RuleDescription.h"
+
+#include <algorithm>
+#include <iostream>
+#include <utility>
+
+namespace Translate {
+
+RuleNames::RuleNames(std::vector<std::string> vsNamesPassIn)
+    : vsNames(std::move(vsNamesPassIn)), vIsFound(vsNames.size()) {}
+
+bool RuleNames::Take(const Grammar::SourceRule& Lines) {
+  bool IsMeant = false;
+  for (std::size_t Each = 0; Each < vsNames.size(); ++Each) {
+    if (IsRuleMeant(vsNames[Each], Lines)) {
+      vIsFound[Each] = true;
+      IsMeant = true;
+    }
+  }
+  std::string Header = HeaderTextOf(Lines);
+  if (!Header.empty()) {
+    vsHeaders.push_back(std::move(Header));
+  }
+  return IsMeant;
+}
+
+bool RuleNames::Report() const {
+  std::vector<std::string> vsOnce = vsHeaders;
+  std::sort(vsOnce.begin(), vsOnce.end());
+  vsOnce.erase(std::unique(vsOnce.begin(), vsOnce.end()), vsOnce.end());
+  bool AllFit = true;
+  for (std::size_t Each = 0; Each < vsNames.size(); ++Each) {
+    if (!vIsFound[Each]) {
+      AllFit = false;
+      const std::string Nearest = Grammar::NearestName(vsNames[Each], vsOnce);
+      std::cerr << "trrule: no rule fits " << vsNames[Each]
+                << (Nearest.empty() ? "" : "; did you mean " + Nearest + "?") << '\n';
+    }
+  }
+  return AllFit;
+}
+
+}  // namespace Translate
