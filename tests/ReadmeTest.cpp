@@ -90,11 +90,11 @@ std::string ConsoleOf(const std::string& Page, const std::string& Command) {
 }
 
 const Strings& Pages() {
-  static const Strings vsPages{"README.md",           "CHANGELOG.md",      "CONTRIBUTING.md",
-                               "SECURITY.md",         "docs/assurance.md", "docs/behaviour.md",
-                               "docs/design.md",      "docs/embedding.md", "docs/format.md",
-                               "docs/performance.md", "docs/testing.md",   "docs/trrule.md",
-                               "docs/translating.md"};
+  static const Strings vsPages{"README.md",           "CHANGELOG.md",       "CONTRIBUTING.md",
+                               "SECURITY.md",         "docs/assurance.md",  "docs/behaviour.md",
+                               "docs/design.md",      "docs/embedding.md",  "docs/format.md",
+                               "docs/performance.md", "docs/pictures.md",   "docs/testing.md",
+                               "docs/trrule.md",      "docs/translating.md"};
   return vsPages;
 }
 

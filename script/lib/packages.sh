@@ -53,6 +53,7 @@ want_command_tools() {
 want_test_tools() {
   want_command_tools
   want libgtest-dev have_header gtest/gtest.h
+  want libexpat1-dev have_header expat.h
   want pkg-config have_command pkg-config
   want python3 have_command python3
   # On Debian, the tests build a package with its dependencies and try it in a separate folder, with

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <vector>
@@ -28,4 +29,5 @@ std::vector<Console> ReadConsoles(const std::string& Page);
 
 /// Runs each console of a page by a shell, in a folder of its own with a copy of examples/grammar
 /// and a `trrule` to call, and compares what both streams give with what the page shows.
-void ExpectConsolesHold(const std::string& Page);
+/// @param Least how many consoles the page has at least
+void ExpectConsolesHold(const std::string& Page, std::size_t Least = 9);

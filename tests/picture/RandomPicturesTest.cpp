@@ -196,7 +196,7 @@ void ExpectWholePicture(const Grammar::SourceRule& Rule) {
 /// How many rules: TRRULE_TEST_PICTURES, or what takes two seconds.
 int CountOfRules() {
   const char* Given = std::getenv("TRRULE_TEST_PICTURES");
-  return Given == nullptr ? 2000 : std::atoi(Given);
+  return Given == nullptr ? 1000 : std::atoi(Given);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique json from-json translate why test explain help version'
+  local Commands='check print sort unique json from-json translate why test draw explain help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -39,6 +39,7 @@ _trrule() {
         translate) Words='plain json tree' ;;
         why) Words='plain json' ;;
         test) Words='plain json junit tap' ;;
+        draw) Words='svg html text' ;;
         *) Words='text json sarif' ;;
       esac
       ;;
@@ -49,7 +50,7 @@ _trrule() {
       _trrule_codes "${COMP_WORDS[0]}" "$Word"
       return
       ;;
-    --examples | --text | -k | --start | --threads) return ;;
+    --examples | --text | -k | --start | --threads | --rule | --width) return ;;
     --max-chain | --max-constituents | --max-derivations) return ;;
   esac
   case ${COMP_WORDS[1]} in
@@ -88,6 +89,7 @@ _trrule() {
         Words="$Words --no-coverage --max-chain --max-constituents --max-derivations --threads"
         Words="$Words --examples --start --fail-under --baseline --accept"
         ;;
+      draw) Words="$Common --rule --format --ascii --width" ;;
     esac
   fi
   if [ -n "$Words" ]; then

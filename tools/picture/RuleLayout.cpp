@@ -437,7 +437,9 @@ void RuleLayout::AddCaption() {
   const Subject Caption;
   AddWrapped(Caption, CaptionOf(*Rule), TextRole::Caption, MaxWidth, Top);
   for (const std::string* sExample : {&Rule->SourceExample, &Rule->TargetExample}) {
-    AddWrapped(Caption, *sExample, TextRole::Caption, MaxWidth, Top);
+    if (!sExample->empty()) {
+      AddWrapped(Caption, *sExample, TextRole::Caption, MaxWidth, Top);
+    }
   }
   for (const Note& Each : Rule->vNotes) {
     AddWrapped({Each.IsConstraint ? SubjectKind::Constraint : SubjectKind::Alignment,

@@ -35,27 +35,29 @@ constexpr Signs PlainSigns{" ", "│", "│", "│", "─", "┘", "┐", "┤",
                            "─", "└", "┌", "├", "─", "┴", "┬", "┼"};
 constexpr Signs RoundSigns{" ", "│", "│", "│", "─", "╯", "╮", "┤",
                            "─", "╰", "╭", "├", "─", "┴", "┬", "┼"};
-constexpr Signs DashedSigns{" ", "┊", "┊", "┊", "╌", "╯", "╮", "┤",
-                            "╌", "╰", "╭", "├", "╌", "┴", "┬", "┼"};
 constexpr Signs DoubleSigns{" ", "║", "║", "║", "═", "╝", "╗", "╢",
                             "═", "╚", "╔", "╟", "═", "╧", "╤", "┼"};
 constexpr Signs AsciiSigns{" ", "|", "|", "|", "-", "+", "+", "+",
                            "-", "+", "+", "+", "-", "+", "+", "+"};
-constexpr Signs AsciiDashedSigns{" ", ":", ":", ":", ".", "+", "+", "+",
-                                 ".", "+", "+", "+", ".", "+", "+", "+"};
 constexpr Signs AsciiDoubleSigns{" ", "#", "#", "#", "=", "#", "#", "#",
                                  "=", "#", "#", "#", "=", "#", "#", "#"};
 
+/// Corners and crossings are never dashed.
 std::string_view SignOf(std::uint8_t Cell, bool IsAscii) {
-  const Signs* Chosen = IsAscii ? &AsciiSigns : &PlainSigns;
-  if ((Cell & Double) != 0) {
-    Chosen = IsAscii ? &AsciiDoubleSigns : &DoubleSigns;
-  } else if ((Cell & Dashed) != 0) {
-    Chosen = IsAscii ? &AsciiDashedSigns : &DashedSigns;
-  } else if ((Cell & Round) != 0 && !IsAscii) {
-    Chosen = &RoundSigns;
+  const auto Leaving = static_cast<std::uint8_t>(Cell & Directions);
+  if ((Cell & Dashed) != 0 && Leaving == (Up | Down)) {
+    return IsAscii ? ":" : "┊";
   }
-  return (*Chosen)[Cell & Directions];
+  if ((Cell & Dashed) != 0 && Leaving == (Left | Right)) {
+    return IsAscii ? "." : "╌";
+  }
+  if ((Cell & Double) != 0) {
+    return (IsAscii ? AsciiDoubleSigns : DoubleSigns)[Leaving];
+  }
+  if (IsAscii) {
+    return AsciiSigns[Leaving];
+  }
+  return ((Cell & Round) != 0 ? RoundSigns : PlainSigns)[Leaving];
 }
 
 }  // namespace
