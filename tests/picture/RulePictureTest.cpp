@@ -119,33 +119,21 @@ TEST(RulePicture, DrawsThePlaceWithoutPartnerThatIsTheHead) {
 )");
 }
 
-TEST(RulePicture, IsWrittenAsSvg){EXPECT_EQ(
-    '\n' + SvgOf("{A,1}\nS::S : [\"<&>\"] -> [N]\n(X1::Y1)\n(y0 = y1)\n"),
-    R"(
+TEST(RulePicture, IsWrittenAsSvg) {
+  EXPECT_EQ('\n' + SvgOf("{A,1}\nS::S : [\"<&>\"] -> [N]\n(X1::Y1)\n(y0 = y1)\n"), R"svg(
 <svg xmlns="http://www.w3.org/2000/svg" id="p371b961957fb3f76" width="185" height="210" viewBox="0 0 185 210" role="img" aria-labelledby="p371b961957fb3f76-title p371b961957fb3f76-desc" font-family="sans-serif" fill="none" stroke="currentColor" stroke-width="1.3">
 <title id="p371b961957fb3f76-title">Rule {A,1}, S::S</title>
 <desc id="p371b961957fb3f76-desc">Source S: x1 &quot;&lt;&amp;&gt;&quot;. Target S: y1 N. x1 goes with y1. y1 is the head of y0.</desc>
 <style>#p371b961957fb3f76{color:#222}@media (prefers-color-scheme:dark){#p371b961957fb3f76{color:#ddd}}</style>
 <g data-component="x0"><rect x="12" y="12" width="40" height="51" rx="14"/><text x="32" y="35" font-size="16" text-anchor="middle" fill="currentColor" stroke="none">S</text><text x="32" y="52" font-size="11" text-anchor="middle" fill="currentColor" stroke="none">x0</text></g>
 <g data-component="x1"><rect x="87" y="12" width="86" height="51" rx="3"/><text x="130" y="35" font-size="16" text-anchor="middle" font-style="italic" fill="currentColor" stroke="none">&quot;&lt;&amp;&gt;&quot;</text><text x="130" y="52" font-size="11" text-anchor="middle" fill="currentColor" stroke="none">x1</text></g>
-<g data-alignment="(X1::Y1)" data -
-        line =
-        "3" > <path d = "M130 63L130 111" /></ g><g data - component = "y0">
-        <rect x = "12" y = "111" width = "40" height = "51" rx = "14" />
-        <text x = "32" y = "134" font - size = "16" text - anchor = "middle" fill =
-                                                   "currentColor" stroke = "none">
-            S</ text><text x = "32" y = "151" font - size = "11" text - anchor = "middle" fill =
-                                                                "currentColor" stroke = "none">
-                y0</ text></ g><g data - component = "y1">
-        <rect x = "110" y = "111" width = "40" height = "51" rx = "3" />
-        <text x = "130" y = "134" font - size = "16" text - anchor = "middle" fill =
-                                                    "currentColor" stroke = "none">
-            N</ text><text x = "130" y = "151" font - size = "11" text - anchor = "middle" fill =
-                                                                 "currentColor" stroke = "none">
-                y1</ text></ g><g data - constraint = "(y0 = y1)" data - line = "4">
-        <rect x = "113" y = "114" width = "34" height = "45" rx = "2" /></ g><g>
-        <text x = "12" y = "192" font - size = "13" fill = "currentColor" stroke = "none">{A, 1},
-    S::S</ text></ g></ svg>) ");
+<g data-alignment="(X1::Y1)" data-line="3"><path d="M130 63L130 111"/></g>
+<g data-component="y0"><rect x="12" y="111" width="40" height="51" rx="14"/><text x="32" y="134" font-size="16" text-anchor="middle" fill="currentColor" stroke="none">S</text><text x="32" y="151" font-size="11" text-anchor="middle" fill="currentColor" stroke="none">y0</text></g>
+<g data-component="y1"><rect x="110" y="111" width="40" height="51" rx="3"/><text x="130" y="134" font-size="16" text-anchor="middle" fill="currentColor" stroke="none">N</text><text x="130" y="151" font-size="11" text-anchor="middle" fill="currentColor" stroke="none">y1</text></g>
+<g data-constraint="(y0 = y1)" data-line="4"><rect x="113" y="114" width="34" height="45" rx="2"/></g>
+<g><text x="12" y="192" font-size="13" fill="currentColor" stroke="none">{A,1}, S::S</text></g>
+</svg>
+)svg");
 }
 
 /// The attribute of all texts of a picture, by their words.
