@@ -40,10 +40,10 @@ TEST(Characters, AreTakenOneByOne) {
       {"\xE2\x80\xA8", Bad, 3},      // ends a line
       {"\xE2\x80\xA9", Bad, 3},      // the same
   };
-  for (const CharacterCase& Each : Cases) {
-    std::string_view Rest = Each.Text;
-    EXPECT_EQ(TakeCharacter(Rest), Each.Character) << Each.Text;
-    EXPECT_EQ(Each.Text.size() - Rest.size(), Each.Size) << Each.Text;
+  for (const CharacterCase& Current : Cases) {
+    std::string_view Rest = Current.Text;
+    EXPECT_EQ(TakeCharacter(Rest), Current.Character) << Current.Text;
+    EXPECT_EQ(Current.Text.size() - Rest.size(), Current.Size) << Current.Text;
   }
 }
 
@@ -78,9 +78,9 @@ TEST(Characters, HaveWidths) {
       {"\xF0\x90\x80\x80", 125, 1},
       {"\xFF", 125, 1},
   };
-  for (const auto& Each : Cases) {
-    EXPECT_EQ(WidthInFont(Each.Text), Each.InFont) << Each.Text;
-    EXPECT_EQ(WidthAtTerminal(Each.Text), Each.AtTerminal) << Each.Text;
+  for (const auto& Current : Cases) {
+    EXPECT_EQ(WidthInFont(Current.Text), Current.InFont) << Current.Text;
+    EXPECT_EQ(WidthAtTerminal(Current.Text), Current.AtTerminal) << Current.Text;
   }
 }
 

@@ -26,9 +26,10 @@ TEST(Measures, WrapTexts) {
       {"名", 1, {"名"}},  // at least one character a line
       {std::string(2000, 'a') + " b", 3000, {std::string(2000, 'a') + " b"}},
   };
-  for (const auto& Each : Cases) {
-    EXPECT_EQ(TerminalMeasures().Wrapped(Each.Words, TextRole::Note, Each.Width), Each.vsLines)
-        << Each.Words;
+  for (const auto& Current : Cases) {
+    EXPECT_EQ(TerminalMeasures().Wrapped(Current.Words, TextRole::Note, Current.Width),
+              Current.vsLines)
+        << Current.Words;
   }
 }
 

@@ -85,18 +85,18 @@ bool IsBetweenRows(const Text& Which) {
 void ExpectTextsInPlace(const Drawing& Shapes, const Measures& Units,
                         const std::vector<Area>& vBoxes) {
   const Area All{0, 0, Shapes.Width, Shapes.Height};
-  for (const Text& Each : Shapes.vTexts) {
-    const Area Here = AreaOf(Each);
-    EXPECT_GE(Each.Width, Units.WidthOf(Each.Words, Each.Role)) << Each.Words;
-    EXPECT_TRUE(IsWithin(Here, All)) << Each.Words;
+  for (const Text& Current : Shapes.vTexts) {
+    const Area Here = AreaOf(Current);
+    EXPECT_GE(Current.Width, Units.WidthOf(Current.Words, Current.Role)) << Current.Words;
+    EXPECT_TRUE(IsWithin(Here, All)) << Current.Words;
     const auto IsAround = [&](const Area& Outer) { return IsWithin(Here, Outer); };
     const auto IsHit = [&](const Area& Other) { return Overlap(Here, Other); };
-    EXPECT_EQ(std::any_of(vBoxes.begin(), vBoxes.end(), IsHit), !IsBetweenRows(Each));
-    EXPECT_EQ(std::any_of(vBoxes.begin(), vBoxes.end(), IsAround), !IsBetweenRows(Each));
+    EXPECT_EQ(std::any_of(vBoxes.begin(), vBoxes.end(), IsHit), !IsBetweenRows(Current));
+    EXPECT_EQ(std::any_of(vBoxes.begin(), vBoxes.end(), IsAround), !IsBetweenRows(Current));
     for (const Line& Other : Shapes.vLines) {
       for (int At = 1; At < Other.Size; ++At) {
         EXPECT_FALSE(Overlap(Other.Points[At - 1], Other.Points[At], Here, Units.IsGrid))
-            << Each.Words;
+            << Current.Words;
       }
     }
   }
@@ -106,11 +106,11 @@ void ExpectTextsInPlace(const Drawing& Shapes, const Measures& Units,
 void ExpectLinesApart(const Drawing& Shapes, bool IsGrid) {
   std::vector<Area> vLevel;
   std::vector<Area> vUpright;
-  for (const Line& Each : Shapes.vLines) {
-    for (int At = 1; At < Each.Size; ++At) {
-      const Point& From = Each.Points[At - 1];
-      const Point& To = Each.Points[At];
-      if (From.Y == To.Y && (Each.IsArc || IsGrid)) {
+  for (const Line& Current : Shapes.vLines) {
+    for (int At = 1; At < Current.Size; ++At) {
+      const Point& From = Current.Points[At - 1];
+      const Point& To = Current.Points[At];
+      if (From.Y == To.Y && (Current.IsArc || IsGrid)) {
         vLevel.push_back({std::min(From.X, To.X), From.Y, std::max(From.X, To.X) + 1, From.Y + 1});
       } else if (From.X == To.X) {
         vUpright.push_back({From.X, std::min(From.Y, To.Y), From.X + 1, std::max(From.Y, To.Y)});
@@ -124,16 +124,16 @@ void ExpectLinesApart(const Drawing& Shapes, bool IsGrid) {
 void ExpectNothingOverlaps(const Drawing& Shapes, const Measures& Units) {
   std::vector<Area> vBoxes;
   std::vector<Area> vTags;
-  for (const Box& Each : Shapes.vBoxes) {
-    if (Each.Shape == BoxShape::Component || Each.Shape == BoxShape::Own) {
-      vBoxes.push_back(AreaOf(Each));
-    } else if (Each.Shape == BoxShape::Tag) {
-      vTags.push_back(AreaOf(Each));
+  for (const Box& Current : Shapes.vBoxes) {
+    if (Current.Shape == BoxShape::Component || Current.Shape == BoxShape::Own) {
+      vBoxes.push_back(AreaOf(Current));
+    } else if (Current.Shape == BoxShape::Tag) {
+      vTags.push_back(AreaOf(Current));
     }
   }
   std::vector<Area> vTexts;
-  for (const Text& Each : Shapes.vTexts) {
-    vTexts.push_back(AreaOf(Each));
+  for (const Text& Current : Shapes.vTexts) {
+    vTexts.push_back(AreaOf(Current));
   }
   ExpectApart(vBoxes, "boxes");
   ExpectApart(vTags, "tags");
@@ -151,17 +151,17 @@ Lines LinesOf(const Grammar::SourceRule& Rule, bool AreConstraints) {
     vLines.emplace_back(std::to_string(Rule.Text().FirstLine + Line), ShownText(Rule.CodeOf(Line)));
   };
   if (AreConstraints) {
-    for (const auto& Each : Rule.Constraints()) {
-      Add(Each.Line);
+    for (const auto& Current : Rule.Constraints()) {
+      Add(Current.Line);
     }
   } else {
-    for (const auto& Each : Rule.Alignments()) {
-      Add(Each.Line);
+    for (const auto& Current : Rule.Alignments()) {
+      Add(Current.Line);
     }
   }
-  for (const auto& Each : Rule.BrokenLines()) {
-    if ((Each.Kind == Grammar::LineKind::Constraint) == AreConstraints) {
-      Add(Each.Line);
+  for (const auto& Current : Rule.BrokenLines()) {
+    if ((Current.Kind == Grammar::LineKind::Constraint) == AreConstraints) {
+      Add(Current.Line);
     }
   }
   std::sort(vLines.begin(), vLines.end());
@@ -171,11 +171,11 @@ Lines LinesOf(const Grammar::SourceRule& Rule, bool AreConstraints) {
 /// The same, read back from the picture. Each has something to see.
 Lines LinesOf(const XmlElement& Svg, const std::string& Attribute) {
   Lines vLines;
-  for (const XmlElement* Each : ElementsOf(Svg, "g")) {
-    const auto Code = Each->ssAttributes.find(Attribute);
-    if (Code != Each->ssAttributes.end()) {
-      vLines.emplace_back(Each->ssAttributes.at("data-line"), Code->second);
-      EXPECT_FALSE(Each->vChildren.empty()) << Code->second;
+  for (const XmlElement* Current : ElementsOf(Svg, "g")) {
+    const auto Code = Current->ssAttributes.find(Attribute);
+    if (Code != Current->ssAttributes.end()) {
+      vLines.emplace_back(Current->ssAttributes.at("data-line"), Code->second);
+      EXPECT_FALSE(Current->vChildren.empty()) << Code->second;
     }
   }
   std::sort(vLines.begin(), vLines.end());

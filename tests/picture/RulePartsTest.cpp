@@ -16,19 +16,20 @@ std::string LineOf(const Origin& From) {
 }
 
 /// A component as "x1 N", with "?" without partner, "*" for the head and the tags behind it.
-std::string Told(const Component& Of) {
-  std::string Words = Of.Name + ' ' + Of.Label + (Of.LacksPartner ? "?" : "") +
-                      (Of.IsHead ? " * " + std::to_string(Of.HeadFrom.Line) : "");
-  for (const Tag& Each : Of.vTags) {
-    Words += " | " + LineOf(Each.From) + Each.Words;
+std::string Told(const Component& Shown) {
+  std::string Words = Shown.Name + ' ' + Shown.Label + (Shown.LacksPartner ? "?" : "") +
+                      (Shown.IsHead ? " * " + std::to_string(Shown.HeadFrom.Line) : "");
+  for (const Tag& Current : Shown.vTags) {
+    Words += " | " + LineOf(Current.From) + Current.Words;
   }
   return Words;
 }
 
 void Add(const std::string& Kind, const std::vector<Tie>& vTies, Strings& vsReturn) {
-  for (const Tie& Each : vTies) {
-    vsReturn.push_back(Kind + LineOf(Each.From) + std::to_string(Each.First) + '-' +
-                       std::to_string(Each.Second) + (Each.Words.empty() ? "" : ' ' + Each.Words));
+  for (const Tie& Current : vTies) {
+    vsReturn.push_back(Kind + LineOf(Current.From) + std::to_string(Current.First) + '-' +
+                       std::to_string(Current.Second) +
+                       (Current.Words.empty() ? "" : ' ' + Current.Words));
   }
 }
 
@@ -36,17 +37,17 @@ void Add(const std::string& Kind, const std::vector<Tie>& vTies, Strings& vsRetu
 Strings Told(const RuleParts& Parts) {
   Strings vsTold;
   for (const std::vector<Component>& vComponents : Parts.Components) {
-    for (const Component& Each : vComponents) {
-      vsTold.push_back(Told(Each));
+    for (const Component& Current : vComponents) {
+      vsTold.push_back(Told(Current));
     }
   }
   Add("alignment ", Parts.vAlignments, vsTold);
   Add("x ", Parts.Agreements[0], vsTold);
   Add("y ", Parts.Agreements[1], vsTold);
   Add("pass ", Parts.vTransfers, vsTold);
-  for (const Note& Each : Parts.vNotes) {
-    vsTold.push_back((Each.IsConstraint ? "constraint " : "alignment ") + LineOf(Each.From) +
-                     Each.Words);
+  for (const Note& Current : Parts.vNotes) {
+    vsTold.push_back((Current.IsConstraint ? "constraint " : "alignment ") + LineOf(Current.From) +
+                     Current.Words);
   }
   return vsTold;
 }
@@ -102,8 +103,8 @@ TEST(RuleParts, HaveEachConstraintWhereItBelongs) {
       {"(X1::Y0)", 7, "alignment 3 (X1::Y0): there is no y0"},
       {"(X1::1)", 7, "alignment 3 (X1::1): this cannot be read"},
   };
-  for (const auto& Each : Cases) {
-    EXPECT_EQ(ToldOf(Each.Constraint), With(Each.At, Each.Entry)) << Each.Constraint;
+  for (const auto& Current : Cases) {
+    EXPECT_EQ(ToldOf(Current.Constraint), With(Current.At, Current.Entry)) << Current.Constraint;
   }
 }
 

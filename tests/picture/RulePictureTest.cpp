@@ -138,10 +138,10 @@ TEST(RulePicture, IsWrittenAsSvg) {
 
 /// The attribute of all texts of a picture, by their words.
 std::string AttributeOf(const XmlElement& Svg, const std::string& Words, const std::string& Name) {
-  for (const XmlElement* Each : ElementsOf(Svg, "text")) {
-    if (Each->Text == Words) {
-      const auto Found = Each->ssAttributes.find(Name);
-      return Found == Each->ssAttributes.end() ? "" : Found->second;
+  for (const XmlElement* Current : ElementsOf(Svg, "text")) {
+    if (Current->Text == Words) {
+      const auto Found = Current->ssAttributes.find(Name);
+      return Found == Current->ssAttributes.end() ? "" : Found->second;
     }
   }
   return "there is no such text";

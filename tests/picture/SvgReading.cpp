@@ -38,8 +38,8 @@ void Collect(const XmlElement& Element, const std::string& Name,
   if (Element.Name == Name) {
     vFoundReturn.push_back(&Element);
   }
-  for (const XmlElement& Each : Element.vChildren) {
-    Collect(Each, Name, vFoundReturn);
+  for (const XmlElement& Current : Element.vChildren) {
+    Collect(Current, Name, vFoundReturn);
   }
 }
 
@@ -69,8 +69,8 @@ void CollectUnknown(const XmlElement& Element, std::vector<std::string>& vsUnkno
   if (Known == KnownElements().end()) {
     vsUnknownReturn.push_back(Element.Name);
   }
-  for (const XmlElement& Each : Element.vChildren) {
-    CollectUnknown(Each, vsUnknownReturn);
+  for (const XmlElement& Current : Element.vChildren) {
+    CollectUnknown(Current, vsUnknownReturn);
   }
 }
 

@@ -14,9 +14,9 @@ RuleNames::RuleNames(std::vector<std::string> vsNamesPassIn)
 
 bool RuleNames::Take(const Grammar::SourceRule& Lines) {
   bool IsMeant = false;
-  for (std::size_t Each = 0; Each < vsNames.size(); ++Each) {
-    if (IsRuleMeant(vsNames[Each], Lines)) {
-      vIsFound[Each] = true;
+  for (std::size_t Current = 0; Current < vsNames.size(); ++Current) {
+    if (IsRuleMeant(vsNames[Current], Lines)) {
+      vIsFound[Current] = true;
       IsMeant = true;
     }
   }
@@ -32,11 +32,11 @@ bool RuleNames::Report() const {
   std::sort(vsOnce.begin(), vsOnce.end());
   vsOnce.erase(std::unique(vsOnce.begin(), vsOnce.end()), vsOnce.end());
   bool AllFit = true;
-  for (std::size_t Each = 0; Each < vsNames.size(); ++Each) {
-    if (!vIsFound[Each]) {
+  for (std::size_t Current = 0; Current < vsNames.size(); ++Current) {
+    if (!vIsFound[Current]) {
       AllFit = false;
-      const std::string Nearest = Grammar::NearestName(vsNames[Each], vsOnce);
-      std::cerr << "trrule: no rule fits " << vsNames[Each]
+      const std::string Nearest = Grammar::NearestName(vsNames[Current], vsOnce);
+      std::cerr << "trrule: no rule fits " << vsNames[Current]
                 << (Nearest.empty() ? "" : "; did you mean " + Nearest + "?") << '\n';
     }
   }

@@ -175,7 +175,7 @@ template <std::size_t Size>
 bool IsIn(const Range (&Ranges)[Size], char32_t Character) {
   const auto* const Found =
       std::lower_bound(std::begin(Ranges), std::end(Ranges), Character,
-                       [](const Range& Each, char32_t Wanted) { return Each.Last < Wanted; });
+                       [](const Range& Current, char32_t Wanted) { return Current.Last < Wanted; });
   return Found != std::end(Ranges) && Found->First <= Character;
 }
 

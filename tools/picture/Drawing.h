@@ -71,7 +71,7 @@ struct Subject {
 
 /// Shapes that belong together. Each group's begin where those of the group before end.
 struct Group {
-  Subject Of;
+  Subject Shown;
   std::size_t BoxEnd = 0;
   std::size_t LineEnd = 0;
   std::size_t TextEnd = 0;
@@ -89,9 +89,9 @@ struct Drawing {
   std::vector<Text> vTexts;
 
   /// What is added from here on, up to the next call, stands for this.
-  void Begin(const Subject& Of) {
+  void Begin(const Subject& Shown) {
     End();
-    vGroups.push_back({Of, 0, 0, 0});
+    vGroups.push_back({Shown, 0, 0, 0});
   }
 
   /// To be called behind the last group.

@@ -31,16 +31,16 @@ void RuleLayout::MeasureBoxes() {
     std::size_t MostTags = 0;
     const std::vector<Component>& vComponents = Rule->Components[Side];
     for (std::size_t Index = 0; Index < vComponents.size(); ++Index) {
-      const Component& Each = vComponents[Index];
-      int Width =
-          std::max(Units.WidthOf(Each.Label, Each.IsLiteral ? TextRole::Literal : TextRole::Label),
-                   Units.WidthOf(Each.Name, TextRole::Index));
-      for (const Tag& EachTag : Each.vTags) {
-        Width = std::max(
-            Width, Units.WidthOf(EachTag.Words, TextRole::Value) + (Units.IsGrid ? 0 : Units.PadX));
+      const Component& Current = vComponents[Index];
+      int Width = std::max(
+          Units.WidthOf(Current.Label, Current.IsLiteral ? TextRole::Literal : TextRole::Label),
+          Units.WidthOf(Current.Name, TextRole::Index));
+      for (const Tag& CurrentTag : Current.vTags) {
+        Width = std::max(Width, Units.WidthOf(CurrentTag.Words, TextRole::Value) +
+                                    (Units.IsGrid ? 0 : Units.PadX));
       }
       vSlots[Index].Width[Side] = Even(Width + 2 * Units.PadX);
-      MostTags = std::max(MostTags, Each.vTags.size());
+      MostTags = std::max(MostTags, Current.vTags.size());
     }
     BoxHeights[Side] = 2 * Units.PadY + Units.LabelHeight + Units.IndexHeight +
                        static_cast<int>(MostTags) * Units.TagHeight;
@@ -64,13 +64,13 @@ void RuleLayout::FindArcs(std::size_t Side) {
   vArcs[Side].clear();
   Lanes[Side] = 0;
   for (const std::uint32_t Index : vOrder) {
-    const Tie& Each = vTies[Index];
+    const Tie& Current = vTies[Index];
     Arc& New = vArcs[Side].emplace_back();
-    New.Of = &Each;
-    New.Width = Units.WidthOf(Each.Words, TextRole::Feature);
-    New.Gap = (Each.First + Each.Second - 1) / 2;
-    const auto First = vHeights.begin() + Each.First;
-    const auto Last = vHeights.begin() + Each.Second;
+    New.Agreement = &Current;
+    New.Width = Units.WidthOf(Current.Words, TextRole::Feature);
+    New.Gap = (Current.First + Current.Second - 1) / 2;
+    const auto First = vHeights.begin() + Current.First;
+    const auto Last = vHeights.begin() + Current.Second;
     New.Lane = *std::max_element(First, Last);
     std::fill(First, Last, New.Lane + 1);
     Lanes[Side] = std::max(Lanes[Side], New.Lane + 1);
@@ -83,10 +83,10 @@ void RuleLayout::FindArcs(std::size_t Side) {
 void RuleLayout::OrderArcs(std::size_t Side) {
   vEnds.clear();
   for (std::uint32_t Index = 0; Index < vArcs[Side].size(); ++Index) {
-    const Tie& Of = *vArcs[Side][Index].Of;
-    const std::uint32_t Span = Of.Second - Of.First;
-    vEnds.push_back({Of.First, true, Span, Index});
-    vEnds.push_back({Of.Second, false, Span, Index});
+    const Tie& Ends = *vArcs[Side][Index].Agreement;
+    const std::uint32_t Span = Ends.Second - Ends.First;
+    vEnds.push_back({Ends.First, true, Span, Index});
+    vEnds.push_back({Ends.Second, false, Span, Index});
   }
   std::sort(vEnds.begin(), vEnds.end(), [](const ArcEnd& One, const ArcEnd& Other) {
     if (One.Slot != Other.Slot || One.IsLeft != Other.IsLeft) {
@@ -101,10 +101,10 @@ void RuleLayout::OrderArcs(std::size_t Side) {
       ++End;
     }
     const int Reach = Half(static_cast<int>(End - Begin - 1) * Units.PortStep);
-    for (std::size_t Each = Begin; Each < End; ++Each) {
-      Arc& Of = vArcs[Side][vEnds[Each].Arc];
-      (vEnds[Each].IsLeft ? Of.LeftPort : Of.RightPort) =
-          static_cast<int>(Each - Begin) * Units.PortStep - Reach;
+    for (std::size_t Current = Begin; Current < End; ++Current) {
+      Arc& Ended = vArcs[Side][vEnds[Current].Arc];
+      (vEnds[Current].IsLeft ? Ended.LeftPort : Ended.RightPort) =
+          static_cast<int>(Current - Begin) * Units.PortStep - Reach;
     }
     At.ArcReach[Side] = Reach;
     At.Width[Side] = std::max(At.Width[Side], Even(2 * Reach + 2 * Units.PadX));
@@ -118,11 +118,11 @@ void RuleLayout::OrderArcs(std::size_t Side) {
 void RuleLayout::FindLinks() {
   vLinks.clear();
   StackSize = 0;
-  for (const Tie& Each : Rule->vAlignments) {
+  for (const Tie& Current : Rule->vAlignments) {
     Link& New = vLinks.emplace_back();
-    New.X = Each.First;
-    New.Y = Each.Second;
-    New.Alignment = &Each;
+    New.X = Current.First;
+    New.Y = Current.Second;
+    New.Alignment = &Current;
   }
   vTransfers = Rule->vTransfers;
   std::stable_sort(vTransfers.begin(), vTransfers.end(), [](const Tie& One, const Tie& Other) {
@@ -150,19 +150,20 @@ void RuleLayout::OrderLinks() {
   const auto Place = [&](std::size_t Side, std::size_t Begin, std::size_t End) {
     const std::uint32_t At = Side == Source ? vLinks[Begin].X : vLinks[Begin].Y;
     int Width = 0;
-    for (std::size_t Each = Begin; Each < End; ++Each) {
-      Link& Of = vLinks[Each];
-      (Side == Source ? Of.TopPort : Of.BottomPort) = Width;
-      if (Each + 1 < End) {
-        Width += Units.PortStep +
-                 (Side == Target && Of.TextWidth > 0 ? Even(Of.TextWidth + Units.TextGap) : 0);
-      } else if (Side == Target && Of.TextWidth > 0) {
-        vSlots[At].LinkText = Of.TextWidth + Units.TextGap;
+    for (std::size_t Current = Begin; Current < End; ++Current) {
+      Link& Placed = vLinks[Current];
+      (Side == Source ? Placed.TopPort : Placed.BottomPort) = Width;
+      if (Current + 1 < End) {
+        Width +=
+            Units.PortStep +
+            (Side == Target && Placed.TextWidth > 0 ? Even(Placed.TextWidth + Units.TextGap) : 0);
+      } else if (Side == Target && Placed.TextWidth > 0) {
+        vSlots[At].LinkText = Placed.TextWidth + Units.TextGap;
       }
     }
     const int Reach = Even(Half(Width));
-    for (std::size_t Each = Begin; Each < End; ++Each) {
-      (Side == Source ? vLinks[Each].TopPort : vLinks[Each].BottomPort) -= Reach;
+    for (std::size_t Current = Begin; Current < End; ++Current) {
+      (Side == Source ? vLinks[Current].TopPort : vLinks[Current].BottomPort) -= Reach;
     }
     vSlots[At].LinkReach[Side] = Reach;
     vSlots[At].Width[Side] = std::max(vSlots[At].Width[Side], Even(2 * Reach + 2 * Units.PadX));
@@ -190,12 +191,14 @@ void RuleLayout::OrderLinks() {
 void RuleLayout::PlaceSlots() {
   std::vector<int> vTextWidths(vSlots.size() * 2, 0);  // of the arcs behind each slot, by side
   for (const std::size_t Side : {Source, Target}) {
-    for (const Arc& Each : vArcs[Side]) {
-      int& Width = vTextWidths[Each.Gap * 2 + Side];
-      Width = std::max(Width, Each.Width + 4 * Units.TextGap);
+    for (const Arc& Current : vArcs[Side]) {
+      int& Width = vTextWidths[Current.Gap * 2 + Side];
+      Width = std::max(Width, Current.Width + 4 * Units.TextGap);
     }
   }
-  const auto HalfWidth = [&](const Slot& Of) { return Half(std::max(Of.Width[0], Of.Width[1])); };
+  const auto HalfWidth = [&](const Slot& Place) {
+    return Half(std::max(Place.Width[0], Place.Width[1]));
+  };
   vSlots.front().Centre = Units.Margin + Even(HalfWidth(vSlots.front()));
   for (std::size_t Index = 1; Index < vSlots.size(); ++Index) {
     const Slot& Before = vSlots[Index - 1];
@@ -212,8 +215,9 @@ void RuleLayout::PlaceSlots() {
   }
   const Slot& Last = vSlots.back();
   Right = Last.Centre + HalfWidth(Last) + (Units.IsGrid ? 1 : 0);
-  for (const Slot& Each : vSlots) {
-    Right = std::max(Right, Each.Centre + Each.LinkReach[Target] + Each.LinkText + Units.PortStep);
+  for (const Slot& Current : vSlots) {
+    Right = std::max(
+        Right, Current.Centre + Current.LinkReach[Target] + Current.LinkText + Units.PortStep);
   }
 }
 
@@ -221,16 +225,16 @@ void RuleLayout::PlaceSlots() {
 /// right above its end: those of the source side are even, those of the target side odd.
 void RuleLayout::ShiftPorts() {
   for (const std::size_t Side : {Source, Target}) {
-    for (Arc& Each : vArcs[Side]) {
-      Each.LeftPort += vSlots[Each.Of->First].Centre;
-      Each.RightPort += vSlots[Each.Of->Second].Centre;
+    for (Arc& Current : vArcs[Side]) {
+      Current.LeftPort += vSlots[Current.Agreement->First].Centre;
+      Current.RightPort += vSlots[Current.Agreement->Second].Centre;
     }
   }
-  for (Link& Each : vLinks) {
-    Each.TopPort += vSlots[Each.X].Centre;
-    Each.BottomPort += vSlots[Each.Y].Centre;
-    if (Units.IsGrid && Each.TopPort != Each.BottomPort) {
-      ++Each.BottomPort;
+  for (Link& Current : vLinks) {
+    Current.TopPort += vSlots[Current.X].Centre;
+    Current.BottomPort += vSlots[Current.Y].Centre;
+    if (Units.IsGrid && Current.TopPort != Current.BottomPort) {
+      ++Current.BottomPort;
     }
   }
 }
@@ -242,16 +246,16 @@ void RuleLayout::FindTracks() {
     return;
   }
   vHeights.assign(static_cast<std::size_t>(Right) + 2, 0);
-  for (Link& Each : vLinks) {
-    if (Each.TopPort == Each.BottomPort) {
+  for (Link& Current : vLinks) {
+    if (Current.TopPort == Current.BottomPort) {
       continue;
     }
-    const auto First = vHeights.begin() + std::min(Each.TopPort, Each.BottomPort);
-    const auto Last = vHeights.begin() + std::max(Each.TopPort, Each.BottomPort) + 1;
+    const auto First = vHeights.begin() + std::min(Current.TopPort, Current.BottomPort);
+    const auto Last = vHeights.begin() + std::max(Current.TopPort, Current.BottomPort) + 1;
     const std::uint32_t Track = *std::max_element(First, Last);
     std::fill(First, Last, Track + 1);
-    Each.Track = static_cast<int>(Track);
-    TrackCount = std::max(TrackCount, Each.Track + 1);
+    Current.Track = static_cast<int>(Track);
+    TrackCount = std::max(TrackCount, Current.Track + 1);
   }
 }
 
@@ -263,8 +267,8 @@ void RuleLayout::FindHeights() {
                      Units.FeatureHeight / 2;
   };
   int Widest = 0;
-  for (const Link& Each : vLinks) {
-    Widest = std::max(Widest, std::abs(Each.TopPort - Each.BottomPort));
+  for (const Link& Current : vLinks) {
+    Widest = std::max(Widest, std::abs(Current.TopPort - Current.BottomPort));
   }
   Zone = Units.IsGrid ? std::max(TrackCount, Units.MinZone)
                       : std::min(std::max(Widest / 4, Units.MinZone), Units.MaxZone);
@@ -289,24 +293,24 @@ void RuleLayout::AddBoxes(std::size_t Side) {
 }
 
 void RuleLayout::AddBox(std::size_t Side, std::size_t Index) {
-  const Component& Each = Rule->Components[Side][Index];
+  const Component& Current = Rule->Components[Side][Index];
   const int Width = vSlots[Index].Width[Side];
   Box New;
   New.Corner = {vSlots[Index].Centre - Width / 2, Tops[Side]};
   New.Width = Width + (Units.IsGrid ? 1 : 0);
   New.Height = BoxHeights[Side];
   New.Shape = Index == 0 ? BoxShape::Own : BoxShape::Component;
-  New.IsDashed = Each.LacksPartner;
+  New.IsDashed = Current.LacksPartner;
   const int Inner = New.Width - 2 * Units.PadX;
   const Point Inside{New.Corner.X + Units.PadX, New.Corner.Y + Units.PadY};
-  Result->Begin({SubjectKind::Component, 0, Each.Name});
+  Result->Begin({SubjectKind::Component, 0, Current.Name});
   Result->vBoxes.push_back(New);
-  AddText(Each.Label, Inside, Inner, Units.LabelHeight,
-          Each.IsLiteral ? TextRole::Literal : TextRole::Label);
-  AddText(Each.Name, {Inside.X, Inside.Y + Units.LabelHeight}, Inner, Units.IndexHeight,
+  AddText(Current.Label, Inside, Inner, Units.LabelHeight,
+          Current.IsLiteral ? TextRole::Literal : TextRole::Label);
+  AddText(Current.Name, {Inside.X, Inside.Y + Units.LabelHeight}, Inner, Units.IndexHeight,
           TextRole::Index);
-  if (Each.IsHead) {
-    Result->Begin({SubjectKind::Constraint, Each.HeadFrom.Line, Each.HeadFrom.Code});
+  if (Current.IsHead) {
+    Result->Begin({SubjectKind::Constraint, Current.HeadFrom.Line, Current.HeadFrom.Code});
     const int Inset = Units.FrameInset;
     New.Shape = BoxShape::Frame;
     New.Corner = {New.Corner.X + Inset, New.Corner.Y + Inset};
@@ -314,12 +318,12 @@ void RuleLayout::AddBox(std::size_t Side, std::size_t Index) {
     New.Height -= 2 * Inset;
     Result->vBoxes.push_back(New);
   }
-  AddTags(Each, {Inside.X, Inside.Y + Units.LabelHeight + Units.IndexHeight}, Inner);
+  AddTags(Current, {Inside.X, Inside.Y + Units.LabelHeight + Units.IndexHeight}, Inner);
 }
 
-void RuleLayout::AddTags(const Component& Of, Point Corner, int Width) {
-  for (const Tag& Each : Of.vTags) {
-    Result->Begin({SubjectKind::Constraint, Each.From.Line, Each.From.Code});
+void RuleLayout::AddTags(const Component& Owner, Point Corner, int Width) {
+  for (const Tag& Current : Owner.vTags) {
+    Result->Begin({SubjectKind::Constraint, Current.From.Line, Current.From.Code});
     if (!Units.IsGrid) {
       Box Around;
       Around.Corner = {Corner.X, Corner.Y + Units.TagGap};
@@ -328,8 +332,8 @@ void RuleLayout::AddTags(const Component& Of, Point Corner, int Width) {
       Around.Shape = BoxShape::Tag;
       Result->vBoxes.push_back(Around);
     }
-    AddText(Each.Words, {Corner.X, Corner.Y + Units.TagGap}, Width, Units.TagHeight - Units.TagGap,
-            TextRole::Value);
+    AddText(Current.Words, {Corner.X, Corner.Y + Units.TagGap}, Width,
+            Units.TagHeight - Units.TagGap, TextRole::Value);
     Corner.Y += Units.TagHeight;
   }
 }
@@ -338,35 +342,37 @@ void RuleLayout::AddTags(const Component& Of, Point Corner, int Width) {
 void RuleLayout::AddArcs(std::size_t Side) {
   const int Edge = Side == Source ? Tops[Source] : BottomEdge(Target);
   const int Up = Side == Source ? -1 : 1;
-  for (const Arc& Each : vArcs[Side]) {
-    const int Lane = Edge + Up * (Units.FirstLane + static_cast<int>(Each.Lane) * Units.LaneHeight);
-    const int Begin = vSlots[Each.Gap].Centre + vSlots[Each.Gap].ArcReach[Side];
-    const int End = vSlots[Each.Gap + 1].Centre - vSlots[Each.Gap + 1].ArcReach[Side];
-    const int Left = (Begin + End - Each.Width) / 2;
-    const int After = Left + Each.Width;
-    Result->Begin({SubjectKind::Constraint, Each.Of->From.Line, Each.Of->From.Code});
+  for (const Arc& Current : vArcs[Side]) {
+    const int Lane =
+        Edge + Up * (Units.FirstLane + static_cast<int>(Current.Lane) * Units.LaneHeight);
+    const int Begin = vSlots[Current.Gap].Centre + vSlots[Current.Gap].ArcReach[Side];
+    const int End = vSlots[Current.Gap + 1].Centre - vSlots[Current.Gap + 1].ArcReach[Side];
+    const int Left = (Begin + End - Current.Width) / 2;
+    const int After = Left + Current.Width;
+    Result->Begin(
+        {SubjectKind::Constraint, Current.Agreement->From.Line, Current.Agreement->From.Code});
     // On a grid, lines end within their last cell.
     const int Near = Units.TextGap - (Units.IsGrid ? 1 : 0);
     Result->vLines.push_back(
-        {{{Each.LeftPort, Edge}, {Each.LeftPort, Lane}, {Left - Units.TextGap, Lane}, {}},
+        {{{Current.LeftPort, Edge}, {Current.LeftPort, Lane}, {Left - Units.TextGap, Lane}, {}},
          3,
          false,
          true});
     Result->vLines.push_back(
-        {{{Each.RightPort, Edge}, {Each.RightPort, Lane}, {After + Near, Lane}, {}},
+        {{{Current.RightPort, Edge}, {Current.RightPort, Lane}, {After + Near, Lane}, {}},
          3,
          false,
          true});
-    AddText(Each.Of->Words, {Left, Lane - Units.FeatureHeight / 2}, Each.Width, Units.FeatureHeight,
-            TextRole::Feature);
+    AddText(Current.Agreement->Words, {Left, Lane - Units.FeatureHeight / 2}, Current.Width,
+            Units.FeatureHeight, TextRole::Feature);
   }
 }
 
-void RuleLayout::AddLinkTexts(const Link& Of, int Port) {
+void RuleLayout::AddLinkTexts(const Link& Owner, int Port) {
   int Top = BottomEdge(Source) + Zone + (Units.IsGrid ? 1 : 0);
-  for (std::size_t Each = Of.Begin; Each < Of.End; ++Each) {
-    const Tie& Transfer = vTransfers[Each];
-    if (Each > Of.Begin) {
+  for (std::size_t Current = Owner.Begin; Current < Owner.End; ++Current) {
+    const Tie& Transfer = vTransfers[Current];
+    if (Current > Owner.Begin) {
       Result->Begin({SubjectKind::Constraint, Transfer.From.Line, Transfer.From.Code});
     }
     AddText(Transfer.Words, {Port + Units.TextGap, Top},
@@ -379,27 +385,27 @@ void RuleLayout::AddLinkTexts(const Link& Of, int Port) {
 void RuleLayout::AddLinks() {
   const int Top = BottomEdge(Source);
   const int Bottom = Tops[Target];
-  for (const Link& Each : vLinks) {
+  for (const Link& Current : vLinks) {
     const Origin& From =
-        Each.Alignment != nullptr ? Each.Alignment->From : vTransfers[Each.Begin].From;
-    Result->Begin({Each.Alignment != nullptr ? SubjectKind::Alignment : SubjectKind::Constraint,
+        Current.Alignment != nullptr ? Current.Alignment->From : vTransfers[Current.Begin].From;
+    Result->Begin({Current.Alignment != nullptr ? SubjectKind::Alignment : SubjectKind::Constraint,
                    From.Line, From.Code});
     Line New;
-    New.IsDashed = Each.Alignment == nullptr;
+    New.IsDashed = Current.Alignment == nullptr;
     const auto Add = [&](int X, int Y) { New.Points[New.Size++] = {X, Y}; };
-    Add(Each.TopPort, Top);
-    if (Each.TopPort != Each.BottomPort) {
-      const int Turn = Top + (Units.IsGrid ? 1 + Each.Track : Zone);
+    Add(Current.TopPort, Top);
+    if (Current.TopPort != Current.BottomPort) {
+      const int Turn = Top + (Units.IsGrid ? 1 + Current.Track : Zone);
       if (Units.IsGrid) {
-        Add(Each.TopPort, Turn);
+        Add(Current.TopPort, Turn);
       }
-      Add(Each.BottomPort, Turn);
+      Add(Current.BottomPort, Turn);
     }
-    if (Units.IsGrid || StackSize > 0 || Each.TopPort == Each.BottomPort) {
-      Add(Each.BottomPort, Bottom);
+    if (Units.IsGrid || StackSize > 0 || Current.TopPort == Current.BottomPort) {
+      Add(Current.BottomPort, Bottom);
     }
     Result->vLines.push_back(New);
-    AddLinkTexts(Each, Each.BottomPort);
+    AddLinkTexts(Current, Current.BottomPort);
   }
 }
 
@@ -417,9 +423,9 @@ std::string CaptionOf(const RuleParts& Rule) {
 
 }  // namespace
 
-void RuleLayout::AddWrapped(const Subject& Of, std::string_view Words, TextRole Role, int MaxWidth,
-                            int& TopReturn) {
-  Result->Begin(Of);
+void RuleLayout::AddWrapped(const Subject& Shown, std::string_view Words, TextRole Role,
+                            int MaxWidth, int& TopReturn) {
+  Result->Begin(Shown);
   for (const std::string& sLine : Units.Wrapped(Words, Role, MaxWidth)) {
     const int Width = Units.WidthOf(sLine, Role);
     AddText(sLine, {Units.Margin, TopReturn}, Width, Units.CaptionHeight, Role, false);
@@ -441,10 +447,10 @@ void RuleLayout::AddCaption() {
       AddWrapped(Caption, *sExample, TextRole::Caption, MaxWidth, Top);
     }
   }
-  for (const Note& Each : Rule->vNotes) {
-    AddWrapped({Each.IsConstraint ? SubjectKind::Constraint : SubjectKind::Alignment,
-                Each.From.Line, Each.From.Code},
-               Each.Words, TextRole::Note, MaxWidth, Top);
+  for (const Note& Current : Rule->vNotes) {
+    AddWrapped({Current.IsConstraint ? SubjectKind::Constraint : SubjectKind::Alignment,
+                Current.From.Line, Current.From.Code},
+               Current.Words, TextRole::Note, MaxWidth, Top);
   }
   Result->Height = Top + Units.Margin;
 }

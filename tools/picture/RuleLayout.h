@@ -54,7 +54,7 @@ class RuleLayout {
 
   /// An agreement, with its ports.
   struct Arc {
-    const Tie* Of = nullptr;
+    const Tie* Agreement = nullptr;
     int LeftPort = 0;
     int RightPort = 0;
     std::uint32_t Lane = 0;
@@ -95,12 +95,12 @@ class RuleLayout {
 
   void AddBoxes(std::size_t Side);
   void AddBox(std::size_t Side, std::size_t Index);
-  void AddTags(const Component& Of, Point Corner, int Width);
+  void AddTags(const Component& Owner, Point Corner, int Width);
   void AddArcs(std::size_t Side);
   void AddLinks();
-  void AddLinkTexts(const Link& Of, int Port);
+  void AddLinkTexts(const Link& Owner, int Port);
   void AddCaption();
-  void AddWrapped(const Subject& Of, std::string_view Words, TextRole Role, int MaxWidth,
+  void AddWrapped(const Subject& Shown, std::string_view Words, TextRole Role, int MaxWidth,
                   int& TopReturn);
   void AddText(std::string_view Words, Point Corner, int Width, int Height, TextRole Role,
                bool IsCentred = true);

@@ -72,10 +72,10 @@ std::string SideSentence(std::string_view Side, const std::vector<Component>& vC
 
 namespace {
 
-void AddAlignment(const SourceRule& Lines, const SourceRule::AlignmentLine& Each,
+void AddAlignment(const SourceRule& Lines, const SourceRule::AlignmentLine& Current,
                   RuleParts& PartsReturn) {
-  const Origin From = OriginOf(Lines, Each.Line);
-  const int Indexes[] = {Each.Parts.X, Each.Parts.Y};
+  const Origin From = OriginOf(Lines, Current.Line);
+  const int Indexes[] = {Current.Parts.X, Current.Parts.Y};
   for (const char Side : {'X', 'Y'}) {
     const int Index = Indexes[SideIndex(Side)];
     if (Index < 1 || static_cast<std::size_t>(Index) > Lines.LabelsOf(Side).size()) {
@@ -88,8 +88,8 @@ void AddAlignment(const SourceRule& Lines, const SourceRule::AlignmentLine& Each
   }
   Tie& New = PartsReturn.vAlignments.emplace_back();
   New.From = From;
-  New.First = static_cast<std::uint32_t>(Each.Parts.X);
-  New.Second = static_cast<std::uint32_t>(Each.Parts.Y);
+  New.First = static_cast<std::uint32_t>(Current.Parts.X);
+  New.Second = static_cast<std::uint32_t>(Current.Parts.Y);
   Component& X = PartsReturn.Components[0][New.First];
   Component& Y = PartsReturn.Components[1][New.Second];
   X.LacksPartner = Y.LacksPartner = false;
@@ -127,13 +127,14 @@ Path PathOf(const NodeText& Node, std::string_view Feature) {
 }
 
 /// "y1 AGR NUM", and "y1" of a whole node.
-std::string WrittenPath(const Path& Of) {
-  return NodeName(Of.Side, Of.Index) + (Of.Features.empty() ? "" : ' ' + Of.Features);
+std::string WrittenPath(const Path& Named) {
+  return NodeName(Named.Side, Named.Index) + (Named.Features.empty() ? "" : ' ' + Named.Features);
 }
 
 /// "AGR NUM of y1"
-std::string SpokenPath(const Path& Of) {
-  return (Of.Features.empty() ? "" : Of.Features + " of ") + NodeName(Of.Side, Of.Index);
+std::string SpokenPath(const Path& Named) {
+  return (Named.Features.empty() ? "" : Named.Features + " of ") +
+         NodeName(Named.Side, Named.Index);
 }
 
 /// What a line between two nodes bears.
@@ -150,17 +151,18 @@ class ConstraintCollector {
   ConstraintCollector(const SourceRule& LinesPassIn, RuleParts& PartsReturn)
       : Lines(LinesPassIn), Parts(PartsReturn) {}
 
-  void Add(const SourceRule::ConstraintLine& Each) {
-    const Origin From = OriginOf(Lines, Each.Line);
-    if (const NodeText* Missing = FindMissing(Each.Parts)) {
+  void Add(const SourceRule::ConstraintLine& Current) {
+    const Origin From = OriginOf(Lines, Current.Line);
+    if (const NodeText* Missing = FindMissing(Current.Parts)) {
       AddNote(From, "there is no " + ShownText(Grammar::Trimmed(Missing->Text)));
-    } else if (Grammar::LacksNode(Each.Parts) || !Grammar::ParenthesisInList(Each.Parts).empty()) {
+    } else if (Grammar::LacksNode(Current.Parts) ||
+               !Grammar::ParenthesisInList(Current.Parts).empty()) {
       AddNote(From, "this means nothing");
-    } else if (Each.Parts.RightNode) {
-      AddEquation(From, PathOf(Each.Parts.Left, Each.Parts.Feature),
-                  PathOf(*Each.Parts.RightNode, Each.Parts.RightFeature));
+    } else if (Current.Parts.RightNode) {
+      AddEquation(From, PathOf(Current.Parts.Left, Current.Parts.Feature),
+                  PathOf(*Current.Parts.RightNode, Current.Parts.RightFeature));
     } else {
-      AddValue(From, PathOf(Each.Parts.Left, Each.Parts.Feature), Each.Parts);
+      AddValue(From, PathOf(Current.Parts.Left, Current.Parts.Feature), Current.Parts);
     }
   }
 
@@ -180,7 +182,9 @@ class ConstraintCollector {
 
   void Say(std::string Sentence) { Parts.vsSentences.push_back(std::move(Sentence) + '.'); }
 
-  Component& ComponentAt(const Path& Of) { return Parts.Components[SideIndex(Of.Side)][Of.Index]; }
+  Component& ComponentAt(const Path& Named) {
+    return Parts.Components[SideIndex(Named.Side)][Named.Index];
+  }
 
   void AddEquation(const Origin& From, const Path& Left, const Path& Right) {
     if (Left.Side != Right.Side) {
@@ -232,9 +236,9 @@ class ConstraintCollector {
 
 /// Lines of the body that are not in the format.
 void AddBrokenLines(const SourceRule& Lines, RuleParts& PartsReturn) {
-  for (const SourceRule::BrokenLine& Each : Lines.BrokenLines()) {
-    const Origin From = OriginOf(Lines, Each.Line);
-    PartsReturn.vNotes.push_back({From, Each.Kind == Grammar::LineKind::Constraint,
+  for (const SourceRule::BrokenLine& Current : Lines.BrokenLines()) {
+    const Origin From = OriginOf(Lines, Current.Line);
+    PartsReturn.vNotes.push_back({From, Current.Kind == Grammar::LineKind::Constraint,
                                   ShownText(From.Code) + ": this cannot be read"});
   }
   std::stable_sort(
@@ -304,16 +308,16 @@ bool ReadParts(const SourceRule& Lines, RuleParts& PartsReturn) {
   ReadComments(Lines.Text(), PartsReturn);
   PartsReturn.vsSentences.push_back(SideSentence("Source", PartsReturn.Components[0]));
   PartsReturn.vsSentences.push_back(SideSentence("Target", PartsReturn.Components[1]));
-  for (const SourceRule::AlignmentLine& Each : Lines.Alignments()) {
-    AddAlignment(Lines, Each, PartsReturn);
+  for (const SourceRule::AlignmentLine& Current : Lines.Alignments()) {
+    AddAlignment(Lines, Current, PartsReturn);
   }
   ConstraintCollector Collector(Lines, PartsReturn);
-  for (const SourceRule::ConstraintLine& Each : Lines.Constraints()) {
-    Collector.Add(Each);
+  for (const SourceRule::ConstraintLine& Current : Lines.Constraints()) {
+    Collector.Add(Current);
   }
   AddBrokenLines(Lines, PartsReturn);
-  for (const Note& Each : PartsReturn.vNotes) {
-    PartsReturn.vsSentences.push_back("Not drawn: " + Each.Words + '.');
+  for (const Note& Current : PartsReturn.vNotes) {
+    PartsReturn.vsSentences.push_back("Not drawn: " + Current.Words + '.');
   }
   return true;
 }

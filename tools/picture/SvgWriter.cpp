@@ -125,14 +125,14 @@ void AppendLine(const Line& Which, std::string& TextReturn) {
 
 namespace {
 
-void BeginGroup(const Subject& Of, std::string& TextReturn) {
-  switch (Of.Kind) {
+void BeginGroup(const Subject& Shown, std::string& TextReturn) {
+  switch (Shown.Kind) {
     case SubjectKind::Caption:
       TextReturn += "<g>";
       return;
     case SubjectKind::Component:
       TextReturn += "<g data-component=\"";
-      TextReturn += Of.Code;
+      TextReturn += Shown.Code;
       TextReturn += "\">";
       return;
     case SubjectKind::Alignment:
@@ -142,30 +142,30 @@ void BeginGroup(const Subject& Of, std::string& TextReturn) {
       TextReturn += "<g data-constraint=\"";
       break;
   }
-  if (IsShown(Of.Code)) {
-    AppendEscaped(Of.Code, TextReturn);
+  if (IsShown(Shown.Code)) {
+    AppendEscaped(Shown.Code, TextReturn);
   } else {
-    AppendEscaped(ShownText(Of.Code), TextReturn);
+    AppendEscaped(ShownText(Shown.Code), TextReturn);
   }
-  AppendNumber("\" data-line=\"", static_cast<std::int64_t>(Of.Line), TextReturn);
+  AppendNumber("\" data-line=\"", static_cast<std::int64_t>(Shown.Line), TextReturn);
   TextReturn += "\">";
 }
 
 void AppendGroups(const Drawing& Picture, std::string& TextReturn) {
   Group Last;
-  for (const Group& Each : Picture.vGroups) {
-    BeginGroup(Each.Of, TextReturn);
-    for (std::size_t At = Last.BoxEnd; At < Each.BoxEnd; ++At) {
+  for (const Group& Current : Picture.vGroups) {
+    BeginGroup(Current.Shown, TextReturn);
+    for (std::size_t At = Last.BoxEnd; At < Current.BoxEnd; ++At) {
       AppendBox(Picture.vBoxes[At], TextReturn);
     }
-    for (std::size_t At = Last.LineEnd; At < Each.LineEnd; ++At) {
+    for (std::size_t At = Last.LineEnd; At < Current.LineEnd; ++At) {
       AppendLine(Picture.vLines[At], TextReturn);
     }
-    for (std::size_t At = Last.TextEnd; At < Each.TextEnd; ++At) {
+    for (std::size_t At = Last.TextEnd; At < Current.TextEnd; ++At) {
       AppendText(Picture.vTexts[At], TextReturn);
     }
     TextReturn += "</g>\n";
-    Last = Each;
+    Last = Current;
   }
 }
 
@@ -195,8 +195,8 @@ std::string IdentifierOf(const Drawing& Picture, std::string_view Place) {
 }
 
 void AppendAll(std::initializer_list<std::string_view> Words, std::string& TextReturn) {
-  for (const std::string_view Each : Words) {
-    TextReturn += Each;
+  for (const std::string_view Current : Words) {
+    TextReturn += Current;
   }
 }
 

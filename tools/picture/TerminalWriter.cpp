@@ -108,8 +108,8 @@ class Canvas {
   }
 
  private:
-  std::size_t Place(Point Of) const {
-    return static_cast<std::size_t>(Of.Y) * Width + static_cast<std::size_t>(Of.X);
+  std::size_t Place(Point Where) const {
+    return static_cast<std::size_t>(Where.Y) * Width + static_cast<std::size_t>(Where.X);
   }
 
   void Add(Point To, std::uint8_t Bits) {
@@ -130,8 +130,8 @@ namespace {
 /// The texts of a drawing, row by row and from the left to the right.
 std::vector<const Text*> OrderedTexts(const Drawing& Picture) {
   std::vector<const Text*> vOrdered;
-  for (const Text& Each : Picture.vTexts) {
-    vOrdered.push_back(&Each);
+  for (const Text& Current : Picture.vTexts) {
+    vOrdered.push_back(&Current);
   }
   std::sort(vOrdered.begin(), vOrdered.end(), [](const Text* One, const Text* Other) {
     return One->Corner.Y != Other->Corner.Y ? One->Corner.Y < Other->Corner.Y
@@ -156,11 +156,11 @@ void AppendWords(const std::string& Words, std::string& TextReturn) {
 
 void AppendToTerminal(const Drawing& Picture, bool IsAscii, std::string& TextReturn) {
   Canvas Cells(Picture);
-  for (const Box& Each : Picture.vBoxes) {
-    Cells.Draw(Each);
+  for (const Box& Current : Picture.vBoxes) {
+    Cells.Draw(Current);
   }
-  for (const Line& Each : Picture.vLines) {
-    Cells.Draw(Each);
+  for (const Line& Current : Picture.vLines) {
+    Cells.Draw(Current);
   }
   const std::vector<const Text*> vTexts = OrderedTexts(Picture);
   auto Next = vTexts.begin();
