@@ -2,6 +2,7 @@
 #include "CommandLine.h"
 #include "EngineOptions.h"
 #include "TestCommand.h"
+#include "WatchCommand.h"
 
 #include <algorithm>
 #include <string>
@@ -23,7 +24,8 @@ constexpr const char* Footer =
     "Example:\n"
     "  trrule test np.trr words.trr\n"
     "  trrule test --format junit --strict np.trr --examples sentences.txt\n"
-    "  trrule test --baseline accepted.txt np.trr\n";
+    "  trrule test --baseline accepted.txt np.trr\n"
+    "  trrule test --watch np.trr words.trr\n";
 
 void AddInputs(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn) {
   CommandReturn.add_option("FILE", OptionsReturn.vsGrammars, "the grammars; - for standard input")
@@ -77,6 +79,16 @@ void AddThresholds(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn
   CommandReturn.add_flag("--accept", OptionsReturn.Accepts, "write that file")->needs(Baseline);
 }
 
+/// A report that follows another is for people, and has no place in a file.
+void AddWatch(CLI::App& CommandReturn, Examples::TestOptions& OptionsReturn) {
+  CLI::Option* Watch = CommandReturn.add_flag(
+      "--watch", OptionsReturn.Watches,
+      "run again what a change reaches when a file changes, without coverage");
+  for (const char* Other : {"--format", "--output", "--fail-under", "--baseline"}) {
+    Watch->excludes(Other);
+  }
+}
+
 }  // namespace
 
 void AddTestCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
@@ -91,9 +103,12 @@ void AddTestCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   AddNumber(*Command, "--max-derivations", 0,
             "give up an example after more failed attempts; 100000 by default",
             [Options](std::uint64_t Number) { Options->Parse.MaxDerivations = Number; });
+  // Behind the options that it excludes.
+  AddWatch(*Command, *Options);
   AddTextThreads(*Command, "run this number of examples at once; all cores by default",
                  Options->Threads);
   Command->footer(Footer);
-  Command->callback(
-      [Options, &ActionReturn] { ActionReturn = [Options] { return RunTest(*Options); }; });
+  Command->callback([Options, &ActionReturn] {
+    ActionReturn = [Options] { return Options->Watches ? RunWatch(*Options) : RunTest(*Options); };
+  });
 }

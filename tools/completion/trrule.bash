@@ -87,7 +87,7 @@ _trrule() {
       test)
         Words="-o --output -q --quiet -h --help --reverse --match-case --format --strict"
         Words="$Words --no-coverage --max-chain --max-constituents --max-derivations --threads"
-        Words="$Words --examples --start --fail-under --baseline --accept"
+        Words="$Words --examples --start --fail-under --baseline --accept --watch"
         ;;
       draw) Words="$Common --rule --format --ascii --width" ;;
     esac

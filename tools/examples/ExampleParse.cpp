@@ -165,13 +165,22 @@ ExampleResult ExampleParse::JudgePair(const std::string& Wanted) {
 
 // ---- Texts ------------------------------------------------------------------------------------
 
+std::vector<std::uint32_t> ExampleParse::AllWays() const {
+  std::vector<std::uint32_t> vAll(vRootWays);
+  vAll.insert(vAll.end(), vOtherWays.begin(), vOtherWays.end());
+  return vAll;
+}
+
+bool ExampleParse::HasOneDerivation() {
+  Best.SetGoalWays(AllWays());
+  return IsWhole && (!Best.Next() || !Best.Next());
+}
+
 /// Returns the different texts to a function, until it wants no more, or they are too long.
 template <typename TakeT>
 void ExampleParse::ForEachText(TakeT Take) {
-  std::vector<std::uint32_t> vAll(vRootWays);
-  vAll.insert(vAll.end(), vOtherWays.begin(), vOtherWays.end());
   Best.WantDistinct(true);
-  Best.SetGoalWays(std::move(vAll));
+  Best.SetGoalWays(AllWays());
   std::unordered_set<std::string> ssGiven;
   std::size_t Bytes = 0;
   bool WantsMore = true;

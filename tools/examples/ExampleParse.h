@@ -59,6 +59,9 @@ class ExampleParse {
   /// The outcome of the example.
   ExampleResult Judge(const Example& Given);
 
+  /// Whether the text has one derivation of the wanted types, or none.
+  bool HasOneDerivation();
+
   /// The texts that the example's text is translated to, in order, each once.
   std::vector<std::string> Texts();
   /// Whether they are these.
@@ -71,6 +74,7 @@ class ExampleParse {
 
   bool IsStart(const Example& Given, std::uint32_t Type) const;
   void FindWays(const Example& Given);
+  std::vector<std::uint32_t> AllWays() const;
   std::optional<TreeId> BestOf(const std::vector<std::uint32_t>& vWays);
   std::optional<TreeId> FindFit(const std::vector<std::uint32_t>& vWays, const std::string& Wanted,
                                 bool& IsTooManyReturn);

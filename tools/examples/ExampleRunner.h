@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace Examples {
@@ -48,6 +50,11 @@ class ExampleRunner {
   /// What becomes of an example; where causes are wanted, with that of a failure.
   ExampleResult Run(const Example& Given);
 
+  /// The chart of the example that was run last.
+  const Translate::Chart& LastChart() const { return Whole.ParsedChart(); }
+  /// Whether its text has one derivation of the wanted types, or none.
+  bool HasOneDerivation() { return Whole.HasOneDerivation(); }
+
   /// Notes the constraints without which the example that was run last would have another outcome,
   /// or its text other translations. What is noted already is not looked at.
   ///
@@ -60,8 +67,7 @@ class ExampleRunner {
   std::string CauseOf(const Example& Given);
   void FindCandidates(const NoticedConstraints& Noticed);
   bool ChangesResult(std::size_t Constraint, const Translate::Chart::Trial& Tried);
-  bool Notices(const Example& Given, const ExampleResult& Result,
-               const std::vector<std::string>& vsTexts, std::size_t Constraint);
+  bool Notices(const Example& Given, const ExampleResult& Result, std::size_t Constraint);
 
   const TestedGrammar& Tested;
   const ParseOptions& Options;
@@ -71,6 +77,7 @@ class ExampleRunner {
   ExampleParse Varied;
   std::vector<bool> vIsCandidate;
   std::vector<std::size_t> vCandidates;
+  std::optional<std::vector<std::string>> Texts;  // of the last example, once they are wanted
 };
 
 }  // namespace Examples

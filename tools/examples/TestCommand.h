@@ -28,6 +28,7 @@ struct TestOptions {
   std::optional<std::uint64_t> FailUnder;  ///< percent of rules, and of constraints
   std::string Baseline;                    ///< the file of the accepted state; empty for none
   bool Accepts = false;                    ///< write that file
+  bool Watches = false;                    ///< run again when a file changes
 };
 
 /// Runs the examples in the comments of grammars. Throws `Grammar::RunError`.

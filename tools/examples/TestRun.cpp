@@ -1,7 +1,5 @@
 #include "TestRun.h"
 
-#include "ExampleRunner.h"
-
 #include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
 #include <tbb/global_control.h>
@@ -10,15 +8,13 @@
 
 #include <chrono>
 #include <memory>
+#include <numeric>
 
 namespace Examples {
 
-namespace {
-
-/// Calls a function with each example's index and a runner of the thread's own.
-template <typename WorkT>
-void RunOnThreads(const TestedGrammar& Tested, const ParseOptions& Options, unsigned Threads,
-                  WorkT Work) {
+void ForEachExample(const TestedGrammar& Tested, const ParseOptions& Options, unsigned Threads,
+                    const std::vector<std::size_t>& vIndices,
+                    const std::function<void(std::size_t Index, ExampleRunner& Runner)>& Work) {
   // A runner is made where it is needed first, and stays in its place.
   tbb::enumerable_thread_specific<std::unique_ptr<ExampleRunner>> Runners;
   // Without this, more threads than cores are rejected.
@@ -26,17 +22,19 @@ void RunOnThreads(const TestedGrammar& Tested, const ParseOptions& Options, unsi
   tbb::task_arena Arena(static_cast<int>(Threads));
   using Range = tbb::blocked_range<std::size_t>;
   Arena.execute([&] {
-    tbb::parallel_for(Range(0, Tested.AllExamples().size()), [&](const Range& Some) {
+    tbb::parallel_for(Range(0, vIndices.size()), [&](const Range& Some) {
       std::unique_ptr<ExampleRunner>& Own = Runners.local();
       if (!Own) {
         Own = std::make_unique<ExampleRunner>(Tested, Options);
       }
-      for (std::size_t Index = Some.begin(); Index != Some.end(); ++Index) {
-        Work(Index, *Own);
+      for (std::size_t At = Some.begin(); At != Some.end(); ++At) {
+        Work(vIndices[At], *Own);
       }
     });
   });
 }
+
+namespace {
 
 Coverage FindCoverage(const TestedGrammar& Tested, const std::vector<ExampleResult>& vResults,
                       const NoticedConstraints& Noticed) {
@@ -71,7 +69,9 @@ TestResults RunExamples(const TestedGrammar& Tested, const ParseOptions& Options
   Results.vResults.resize(Tested.AllExamples().size());
   Results.vSeconds.resize(Tested.AllExamples().size());
   NoticedConstraints Noticed(Tested.Constraints().size());
-  RunOnThreads(Tested, Options, Threads, [&](std::size_t Index, ExampleRunner& Runner) {
+  std::vector<std::size_t> vAll(Tested.AllExamples().size());
+  std::iota(vAll.begin(), vAll.end(), std::size_t{0});
+  ForEachExample(Tested, Options, Threads, vAll, [&](std::size_t Index, ExampleRunner& Runner) {
     const Example& Current = Tested.AllExamples()[Index];
     const Clock::time_point Start = Clock::now();
     Results.vResults[Index] = Runner.Run(Current);

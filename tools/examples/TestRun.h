@@ -1,11 +1,13 @@
 #pragma once
 
 #include "ExampleParse.h"
+#include "ExampleRunner.h"
 #include "Outcome.h"
 #include "TestedGrammar.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace Examples {
@@ -23,6 +25,12 @@ struct TestResults {
   std::vector<double> vSeconds;         ///< that each took
   Coverage Covered;
 };
+
+/// Calls a function with each of these examples, on several threads at once, and with a runner that
+/// the thread has for itself.
+void ForEachExample(const TestedGrammar& Tested, const ParseOptions& Options, unsigned Threads,
+                    const std::vector<std::size_t>& vIndices,
+                    const std::function<void(std::size_t Index, ExampleRunner& Runner)>& Work);
 
 /// Runs all examples of a grammar. The results, but for the times, are the same for any number of
 /// threads.

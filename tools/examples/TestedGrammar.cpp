@@ -1,5 +1,6 @@
 #include "TestedGrammar.h"
 
+#include "Bytes.h"
 #include "TranslateCommand.h"
 
 #include <RuleLine.h>
@@ -25,6 +26,18 @@ std::string ReadSourceType(const Grammar::RuleText& Text, bool IsReversed) {
     }
   }
   return "";
+}
+
+/// What the lines of a rule say, however they are indented, and what counts in its comments.
+std::string LinesOf(const Grammar::RuleText& Text, const Grammar::UsableRule* Rule) {
+  std::string Lines = Rule == nullptr ? "" : std::to_string(Rule->Count);
+  for (std::size_t Line = 0; Line < Text.vLines.size(); ++Line) {
+    const std::string_view Code = Grammar::Trimmed(Text.Parts(Line).Code);
+    if (!Code.empty()) {
+      Lines.append(1, '\n').append(Code);
+    }
+  }
+  return Lines;
 }
 
 std::string PlaceOfLine(std::string_view File, std::size_t Line) {
@@ -54,6 +67,9 @@ void TestedGrammar::AddRule(const Grammar::SourceRule& Lines, Grammar::UsableRul
   } else {
     vsTypes.push_back(ReadSourceType(Text, Set.Settings().IsReversed));
     New.Finding = vFindings.front().Code + ": " + vFindings.front().Message;
+  }
+  if (KeepsLines) {
+    New.Lines = LinesOf(Text, Rule);
   }
   const std::size_t ExamplesBefore = vExamples.size();
   AddExamples(Text);

@@ -24,6 +24,7 @@ struct TestedRule {
   /// that can be used has it.
   std::uint32_t SourceType = NoRule;
   std::string Finding;  ///< why it was left out: "TR015: the target component has no source …"
+  std::string Lines;    ///< what its lines say without comments, and its count; where that is kept
 };
 
 /// A line with a constraint of a rule that can be used.
@@ -48,6 +49,9 @@ class TestedGrammar {
 
   /// Keeps the descriptions of all rules, not only of those with examples. Before `Load`.
   void DescribeAllRules() { DescribesAll = true; }
+
+  /// Keeps the lines of all rules. Before `Load`.
+  void KeepLines() { KeepsLines = true; }
 
   /// Reads grammars. Rules that are left out, and comments without partner, are reported on
   /// standard error. Throws `Grammar::RunError`. To be called once.
@@ -88,6 +92,7 @@ class TestedGrammar {
   Translate::RuleSet Set;
   bool WantsVariants;
   bool DescribesAll = false;
+  bool KeepsLines = false;
   Grammar::RunTally Counts;
   std::vector<TestedRule> vRules;
   std::unordered_map<std::uint32_t, Translate::RuleDescription> Descriptions;
