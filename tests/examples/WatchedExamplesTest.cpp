@@ -79,8 +79,8 @@ struct State {
 void ExpectReports(const std::vector<State>& vStates) {
   const ChangingGrammar Grammar;
   const auto Watched = Watch();
-  for (const State& Each : vStates) {
-    EXPECT_EQ(Grammar.WithoutFolder(Watched->Take(Grammar.Load(Each.Grammar))), Each.Report);
+  for (const State& Next : vStates) {
+    EXPECT_EQ(Grammar.WithoutFolder(Watched->Take(Grammar.Load(Next.Grammar))), Next.Report);
   }
 }
 
@@ -156,8 +156,8 @@ TEST(WatchedExamples, ShowTheFirstOfManyChanges) {
 Strings RulesWithExamples(RandomGrammar& RandomReturn) {
   Strings vsRules;
   std::string Plain;
-  for (const RandomRule& Each : RandomReturn.Rules()) {
-    vsRules.push_back(Each.Text());
+  for (const RandomRule& Rule : RandomReturn.Rules()) {
+    vsRules.push_back(Rule.Text());
     Plain += vsRules.back();
   }
   const ChangingGrammar Grammar;

@@ -40,13 +40,13 @@ ChartOutline::ChartOutline(const Translate::Chart& Parsed) {
   for (const std::string_view Token : Parsed.Tokens()) {
     vsTokens.push_back(Rules.Settings().MatchCase ? std::string(Token) : Grammar::Upper(Token));
   }
-  for (const Translate::Chart::Constituent& Each : Parsed.Constituents()) {
-    const Translate::Chart::Cell& Cell = Parsed.Cells()[Each.Cell];
-    vSpans.push_back({Cell.Start, Cell.End, Rules.LabelName(Rules.SourceTypeOf(Each.Types)),
-                      Rules.LabelName(Rules.TargetTypeOf(Each.Types))});
+  for (const Translate::Chart::Constituent& Part : Parsed.Constituents()) {
+    const Translate::Chart::Cell& Cell = Parsed.Cells()[Part.Cell];
+    vSpans.push_back({Cell.Start, Cell.End, Rules.LabelName(Rules.SourceTypeOf(Part.Types)),
+                      Rules.LabelName(Rules.TargetTypeOf(Part.Types))});
   }
-  const auto KeyOf = [](const Span& Each) {
-    return std::tie(Each.Start, Each.End, Each.SourceType, Each.TargetType);
+  const auto KeyOf = [](const Span& Which) {
+    return std::tie(Which.Start, Which.End, Which.SourceType, Which.TargetType);
   };
   std::sort(vSpans.begin(), vSpans.end(),
             [&](const Span& Left, const Span& Right) { return KeyOf(Left) < KeyOf(Right); });
@@ -59,14 +59,15 @@ ChartOutline::ChartOutline(const Translate::Chart& Parsed) {
 /// All beginnings are followed at once: a position counts where some beginning leads to it.
 bool ChartOutline::Fits(const std::vector<SourceComponent>& vComponents) const {
   std::vector<bool> vIsReached(vsTokens.size() + 1, true);
-  for (const SourceComponent& Each : vComponents) {
+  for (const SourceComponent& Component : vComponents) {
     std::vector<bool> vIsNext(vIsReached.size());
-    for (std::size_t At = 0; Each.IsLiteral && At < vsTokens.size(); ++At) {
-      vIsNext[At + 1] = vIsReached[At] && vsTokens[At] == Each.Name;
+    for (std::size_t At = 0; Component.IsLiteral && At < vsTokens.size(); ++At) {
+      vIsNext[At + 1] = vIsReached[At] && vsTokens[At] == Component.Name;
     }
     for (const Span& In : vSpans) {
-      const bool IsMet = !Each.IsLiteral && vIsReached[In.Start] && In.SourceType == Each.Name &&
-                         (Each.Target.empty() || In.TargetType == Each.Target);
+      const bool IsMet = !Component.IsLiteral && vIsReached[In.Start] &&
+                         In.SourceType == Component.Name &&
+                         (Component.Target.empty() || In.TargetType == Component.Target);
       vIsNext[In.End] = vIsNext[In.End] || IsMet;
     }
     vIsReached.swap(vIsNext);
@@ -76,7 +77,7 @@ bool ChartOutline::Fits(const std::vector<SourceComponent>& vComponents) const {
 
 bool ChartOutline::HasType(const std::string& SourceType) const {
   return std::any_of(vSpans.begin(), vSpans.end(),
-                     [&](const Span& Each) { return Each.SourceType == SourceType; });
+                     [&](const Span& In) { return In.SourceType == SourceType; });
 }
 
 }  // namespace Examples

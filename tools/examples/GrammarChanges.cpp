@@ -46,7 +46,7 @@ std::vector<Match> LongestInOrder(const std::vector<Match>& vMatches) {
   for (std::size_t Index = 0; Index < vMatches.size(); ++Index) {
     const auto At = std::lower_bound(
         vLast.begin(), vLast.end(), vMatches[Index].second,
-        [&](std::size_t Each, std::uint32_t Rule) { return vMatches[Each].second < Rule; });
+        [&](std::size_t Last, std::uint32_t Rule) { return vMatches[Last].second < Rule; });
     if (At != vLast.begin()) {
       vPrevious[Index] = *(At - 1);
     }
@@ -111,10 +111,10 @@ GrammarChanges FindChanges(const TestedGrammar& Before, const TestedGrammar& Now
   GrammarChanges Changes;
   Changes.vBefore.assign(Now.AllRules().size(), NoRule);
   Match From{0, 0};
-  for (const Match& Each : LongestInOrder(FindEqualRules(Before, Now))) {
-    Changes.vBefore[Each.first] = Each.second;
-    AddDifferences(From, Each, Changes);
-    From = {Each.first + 1, Each.second + 1};
+  for (const Match& Same : LongestInOrder(FindEqualRules(Before, Now))) {
+    Changes.vBefore[Same.first] = Same.second;
+    AddDifferences(From, Same, Changes);
+    From = {Same.first + 1, Same.second + 1};
   }
   AddDifferences(From,
                  {static_cast<std::uint32_t>(Now.AllRules().size()),

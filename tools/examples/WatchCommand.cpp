@@ -93,7 +93,7 @@ std::vector<std::string> WatchedFiles(const TestOptions& Options) {
 int StatusOf(const TestOptions& Options, const WatchedExamples& Watched) {
   const bool AllPass = std::all_of(
       Watched.Results().begin(), Watched.Results().end(),
-      [&](const ExampleResult& Each) { return IsAccepted(Each.What, Options.IsStrict); });
+      [&](const ExampleResult& Result) { return IsAccepted(Result.What, Options.IsStrict); });
   return AllPass && Watched.Tested().Tally().LeftOut == 0 ? Grammar::StatusClean
                                                           : Grammar::StatusFindings;
 }

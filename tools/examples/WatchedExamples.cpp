@@ -21,11 +21,14 @@ namespace Examples {
 namespace {
 
 /// What an example is known by: its rule before, or its file, and its texts.
-std::string KeyOf(const Example& Each, std::uint32_t RuleBefore) {
-  std::string Key = Each.Rule == NoRule ? Each.Place.substr(0, Each.Place.rfind(':'))
-                                        : std::to_string(RuleBefore);
-  Key.append(Each.Rule == NoRule ? 1 : 0, '\t').append(1, '\n').append(Each.Source).append(1, '\n');
-  return Key.append(Each.Wanted ? "=" : "*").append(Each.Wanted.value_or(""));
+std::string KeyOf(const Example& Which, std::uint32_t RuleBefore) {
+  std::string Key = Which.Rule == NoRule ? Which.Place.substr(0, Which.Place.rfind(':'))
+                                         : std::to_string(RuleBefore);
+  Key.append(Which.Rule == NoRule ? 1 : 0, '\t')
+      .append(1, '\n')
+      .append(Which.Source)
+      .append(1, '\n');
+  return Key.append(Which.Wanted ? "=" : "*").append(Which.Wanted.value_or(""));
 }
 
 /// For each example, the one that it was before: of the same rule, with the same texts; or nothing.
@@ -34,17 +37,17 @@ std::vector<std::optional<std::size_t>> FindExamplesBefore(const TestedGrammar& 
                                                            const GrammarChanges& Changes) {
   std::unordered_map<std::string, std::deque<std::size_t>> Places;
   for (std::size_t Index = 0; Index < Before.AllExamples().size(); ++Index) {
-    const Example& Each = Before.AllExamples()[Index];
-    Places[KeyOf(Each, Each.Rule)].push_back(Index);
+    const Example& Old = Before.AllExamples()[Index];
+    Places[KeyOf(Old, Old.Rule)].push_back(Index);
   }
   std::vector<std::optional<std::size_t>> vBefore;
-  for (const Example& Each : Now.AllExamples()) {
+  for (const Example& Given : Now.AllExamples()) {
     std::optional<std::size_t>& New = vBefore.emplace_back();
-    const std::uint32_t Rule = Each.Rule == NoRule ? NoRule : Changes.vBefore[Each.Rule];
-    if (Each.Rule != NoRule && Rule == NoRule) {
+    const std::uint32_t Rule = Given.Rule == NoRule ? NoRule : Changes.vBefore[Given.Rule];
+    if (Given.Rule != NoRule && Rule == NoRule) {
       continue;
     }
-    const auto Found = Places.find(KeyOf(Each, Rule));
+    const auto Found = Places.find(KeyOf(Given, Rule));
     if (Found != Places.end() && !Found->second.empty()) {
       New = Found->second.front();
       Found->second.pop_front();
@@ -97,14 +100,14 @@ WatchedExamples::State WatchedExamples::KeepUnreached(const TestedGrammar& Befor
   const auto vSequences = FindSequences(Before, *Now, Changes);
   const std::vector<std::uint32_t> vUsable = FindUsableNow(Before, *Now, Changes);
   const auto vBefore = FindExamplesBefore(Before, *Now, Changes);
-  const auto IsReached = [&](const ExampleResult& Result, const Knowledge& Of) {
+  const auto IsReached = [&](const ExampleResult& Result, const Knowledge& About) {
     // The chart of what reached a limit is not known.
     return Result.What == Outcome::Error ||
            std::any_of(vSequences.begin(), vSequences.end(),
-                       [&](const auto& vEach) { return Of.Outline.Fits(vEach); }) ||
-           (!Of.HasOneDerivation &&
+                       [&](const auto& vSequence) { return About.Outline.Fits(vSequence); }) ||
+           (!About.HasOneDerivation &&
             std::any_of(Changes.ssReweighted.begin(), Changes.ssReweighted.end(),
-                        [&](const std::string& sType) { return Of.Outline.HasType(sType); }));
+                        [&](const std::string& sType) { return About.Outline.HasType(sType); }));
   };
   State New;
   New.vResults.resize(vBefore.size());
@@ -138,32 +141,39 @@ void WatchedExamples::Run() {
 
 // ---- The report -------------------------------------------------------------------------------
 
+/// Runs all examples of the first state.
+std::string WatchedExamples::TakeFirst() {
+  const std::size_t Count = Now->AllExamples().size();
+  Known.vResults.resize(Count);
+  Known.vKnowledge.resize(Count);
+  vLastRun.resize(Count);
+  std::iota(vLastRun.begin(), vLastRun.end(), std::size_t{0});
+  Run();
+  TestResults All;
+  All.vResults = Known.vResults;
+  std::string Report;
+  AppendPlainReport(*Now, All, Report);
+  return Report;
+}
+
 std::string WatchedExamples::Take(std::unique_ptr<TestedGrammar> New) {
   const std::unique_ptr<TestedGrammar> Before = std::exchange(Now, std::move(New));
-  std::string Report;
   vLastRun.clear();
   if (!Before) {
-    Known.vResults.resize(Now->AllExamples().size());
-    Known.vKnowledge.resize(Now->AllExamples().size());
-    vLastRun.resize(Now->AllExamples().size());
-    std::iota(vLastRun.begin(), vLastRun.end(), std::size_t{0});
-    Run();
-    TestResults Results;
-    Results.vResults = Known.vResults;
-    AppendPlainReport(*Now, Results, Report);
-    return Report;
+    return TakeFirst();
   }
-  TestResults Results;
-  Results.vResults = Known.vResults;
-  const Baseline Accepted(*Before, Results);
+  TestResults All;
+  All.vResults = Known.vResults;
+  const Baseline Accepted(*Before, All);
   const GrammarChanges Changes = FindChanges(*Before, *Now);
   Known = KeepUnreached(*Before, Changes);
   Run();
-  Results.vResults = Known.vResults;
-  const Baseline Present(*Now, Results);
-  Report = ShownChanges(Changes, *Now) + '\n' + std::to_string(vLastRun.size()) + " of " +
-           std::to_string(Known.vResults.size()) + " examples run\n";
-  AppendChanges(*Now, Results, Present.ChangesSince(Accepted), Present.GoneSince(Accepted), Report);
+  All.vResults = Known.vResults;
+  const Baseline Present(*Now, All);
+  std::string Report = ShownChanges(Changes, *Now) + '\n';
+  Report.append(std::to_string(vLastRun.size())).append(" of ");
+  Report.append(std::to_string(Known.vResults.size())).append(" examples run\n");
+  AppendChanges(*Now, All, Present.ChangesSince(Accepted), Present.GoneSince(Accepted), Report);
   return Report + TotalsOf(Known.vResults) + '\n';
 }
 

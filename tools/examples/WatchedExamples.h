@@ -65,6 +65,7 @@ class WatchedExamples {
 
   State KeepUnreached(const TestedGrammar& Before, const GrammarChanges& Changes);
   void Run();
+  std::string TakeFirst();
 
   ParseOptions Options;
   std::optional<std::string> Starts;

@@ -136,9 +136,10 @@ void FileWatch::ReadEvents(std::vector<bool>& vHasChangedReturn) {
       inotify_event Event{};
       std::memcpy(&Event, Buffer.data() + At, sizeof Event);
       const std::string Name = Event.len > 0 ? Buffer.data() + At + sizeof Event : "";
-      for (const Entry& Each : vEntries) {
-        if ((Event.mask & IN_Q_OVERFLOW) != 0 || (Each.Folder == Event.wd && Each.Name == Name)) {
-          vHasChangedReturn[Each.File] = true;
+      for (const Entry& Watched : vEntries) {
+        if ((Event.mask & IN_Q_OVERFLOW) != 0 ||
+            (Watched.Folder == Event.wd && Watched.Name == Name)) {
+          vHasChangedReturn[Watched.File] = true;
         }
       }
       At += sizeof Event + Event.len;
