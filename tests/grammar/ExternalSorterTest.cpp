@@ -2,10 +2,13 @@
 // and whatever bytes the keys are made of.
 
 #include "ExternalSorter.h"
+#include "RunError.h"
+#include "SpillFile.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <utility>
@@ -115,6 +118,24 @@ TEST(ExternalSorter, SortsRecordsLargerThanItsMemory) {
   }
   EXPECT_EQ(SortedBy(Input, Little, SortDirection::Ascending).vRecords,
             StableSorted(Input, SortDirection::Ascending));
+}
+
+TEST(SpillFile, NeedsAFolderThatIsThere) {
+  const char* const Before = std::getenv("TMPDIR");
+  const std::string Folder = Before == nullptr ? "" : Before;
+  setenv("TMPDIR", "/no/such/folder", 1);
+  std::string Message;
+  try {
+    Grammar::SpillFile();
+  } catch (const Grammar::RunError& Error) {
+    Message = Error.what();
+  }
+  if (Before == nullptr) {
+    unsetenv("TMPDIR");
+  } else {
+    setenv("TMPDIR", Folder.c_str(), 1);
+  }
+  EXPECT_EQ(Message, "cannot make a temporary file in /no/such/folder: No such file or directory");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // stops it, and that its help, its manual and its completions know the same options.
 
 #include "Finding.h"
+#include "FindingCodes.h"
 #include "GrammarPaths.h"
 #include "ProgramRun.h"
 #include "RuleGenerator.h"
@@ -13,6 +14,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstddef>
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -114,6 +116,21 @@ TEST(TrruleProgram, AcceptsCodesInAnyCase) {
               (ChildEnd{1, Number, "0 errors, 0 warnings, 1 note\n"}))
         << vsOptions[0];
   }
+}
+
+TEST(TrruleProgram, ListsAndExplainsCodes) {
+  constexpr std::size_t LevelWidth = 9;
+  std::string Expected;
+  for (const Grammar::CodeInfo& Info : Grammar::AllCodes()) {
+    const std::string Level(NameOf(Info.Level));
+    Expected.append(Info.Code).append("  ").append(Level);
+    Expected.append(LevelWidth - Level.size(), ' ').append(Info.Title).append("\n");
+  }
+  EXPECT_EQ(RunTrrule({"explain"}), (ChildEnd{0, Expected, ""}));
+  EXPECT_EQ(Expected.substr(0, Expected.find('\n')), "TR001  error    the rule has no rule line");
+  const std::string First = RunTrrule({"explain", "TR001"}).Out;
+  const std::string Second = RunTrrule({"explain", "tr002"}).Out;
+  EXPECT_EQ(RunTrrule({"explain", "TR001", "TR002"}), (ChildEnd{0, First + "\n" + Second, ""}));
 }
 
 TEST(TrruleProgram, HasNothingToDoOnAnEmptyGrammar) {

@@ -262,6 +262,67 @@ TEST(Why, WritesJson) {
           R"j("used":[],"moreUsed":0,"longest":[],"moreLongest":0})j" + "\n");
 }
 
+TEST(Why, WritesTheRulesThatCouldTakeAConstituentAsJson) {
+  const std::string Car = Word("N", "car", "auto", "((x0 num) = sg)\n");  // lines 1 to 5
+  const std::string Taker = R"j({"rule":"a.trr:6","component":)j";
+  const std::vector<Case> Cases{
+      {"S::S : [N V] -> [N V]\n(X1::Y1)\n(X2::Y2)\n", "car on",
+       Taker + R"j(1,"because":"after","missing":2,)j" +
+           R"j("wanted":{"word":null,"source":"V","target":"V"},"at":[1]}],"moreTakers":0)j"},
+      {"S::S : [N \"of\"] -> [N]\n(X1::Y1)\n", "car on",
+       Taker + R"j(1,"because":"after","missing":2,)j" +
+           R"j("wanted":{"word":"OF","source":null,"target":null},"at":[1]}],"moreTakers":0)j"},
+      {"S::S : [N V] -> [N]\n(X1::Y1)\n", "car on",
+       Taker + R"j(1,"because":"after","missing":2,)j" +
+           R"j("wanted":{"word":null,"source":"V","target":null},"at":[1]}],"moreTakers":0)j"},
+      {"S::S : [N V] -> [N]\n(X1::Y1)\n((x1 num) = du)\n" + Word("V", "on", "en"), "car on off",
+       Taker + R"j(1,"because":"clash"}],"moreTakers":0)j"},
+      {"Q::Q : [N] -> [N]\n(X1::Y1)\nN::N : [Q] -> [Q]\n(X1::Y1)\n", "car on",
+       Taker + R"j(1,"because":"chain"}],"moreTakers":0)j"},
+      {"S::S : [N \"a\"] -> [N]\n(X1::Y1)\nS::S : [N \"b\"] -> [N]\n(X1::Y1)\n" +
+           std::string("S::S : [N \"c\"] -> [N]\n(X1::Y1)\n"),
+       "car on",
+       Taker + R"j(1,"because":"after","missing":2,)j" +
+           R"j("wanted":{"word":"A","source":null,"target":null},"at":[1]}],"moreTakers":2)j"}};
+  for (const Case& Row : Cases) {
+    WhyAnswers Why(Car + Row.Grammar);
+    Why.MaxListed = 1;
+    const std::string Json = Why.Json(0, Row.Text);
+    EXPECT_EQ(Json.substr(0, Json.find('\n')),
+              R"j({"rule":"a.trr:1","header":null,"begin":0,"stop":null,"clashes":[],)j"
+              R"j("moreClashes":0,"made":[{"span":[0,1],"parts":[],"source":{"NUM":"SG"},)j"
+              R"j("target":{},"words":"auto","derivation":null,"missing":{"span":[0,1],)j"
+              R"j("types":["N","N"],"whole":false,"takers":[)j" +
+                  Row.Expected +
+                  R"j(}}],"moreMade":0,"used":[],"moreUsed":0,"longest":[],"moreLongest":0})j")
+        << Row.Grammar;
+  }
+}
+
+TEST(Why, CountsTheRulesThatCouldTakeAConstituentBeyondThoseListed) {
+  WhyAnswers Why("{N,1}\n" + Word("N", "car", "auto") +
+                 "{S,1}\nS::S : [N \"a\"] -> [N]\n(X1::Y1)\n{S,2}\nS::S : [N \"b\"] -> [N]\n"
+                 "(X1::Y1)\n{S,3}\nS::S : [N \"c\"] -> [N]\n(X1::Y1)\n");
+  Why.MaxListed = 1;
+  EXPECT_EQ(Why.Plain(0, "car bus"),
+            "N,1 makes N::N of \"car\": [] -> [], words \"auto\"; it is in no derivation of the "
+            "text: above N::N \"car\" S,1 could take it as x1, but x2 wants the word \"A\" at "
+            "\"bus\"; 2 more rules could\n"
+            "N,1 does not begin at \"bus\"; x1 wants the word \"CAR\", and no constituent begins "
+            "at \"bus\"\n");
+}
+
+TEST(Why, NamesARuleAboveThatNoChainAllowsTwice) {
+  WhyAnswers Why("{N,1}\n" + Word("N", "car", "auto") +
+                 "{Q,1}\nQ::Q : [N] -> [N]\n(X1::Y1)\n{N,2}\nN::N : [Q] -> [Q]\n(X1::Y1)\n");
+  EXPECT_EQ(Why.Plain(0, "car bus"),
+            "N,1 makes N::N of \"car\": [] -> [], words \"auto\"; it is in no derivation of the "
+            "text: above N::N \"car\" Q,1 could take it as x1, but not in this chain of unary "
+            "rules\n"
+            "N,1 does not begin at \"bus\"; x1 wants the word \"CAR\", and no constituent begins "
+            "at \"bus\"\n");
+}
+
 // ---- Names ------------------------------------------------------------------------------------
 
 TEST(Why, DistinguishesNamesOfRulesFromFiles) {
