@@ -94,7 +94,9 @@ measure_coverage() {
   find build/coverage -name '*.gcda' -exec rm {} +
   test_preset coverage
   count_coverage src 100 95
-  count_coverage tools 95 95
+  # Conditional expressions with temporary texts, of which tools/ has many, also have branches for the
+  # clean-up, which no test can take.
+  count_coverage tools 97 91
 }
 
 count_growth() {
