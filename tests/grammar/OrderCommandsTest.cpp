@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -171,6 +172,17 @@ TEST(UniqueCommand, KeepsOnlyRepeatedRulesOrSomeExamplesOnRequest) {
   Options.Examples = 1;
   EXPECT_EQ(Unique({First, Second}, Options).Out,
             "; first\n;; SL: the car\n;; TL: el auto\n; second\n;;Score:4\n" + Body);
+}
+
+TEST(UniqueCommand, LimitsTheExamplesOfARuleThatIsAlone) {
+  const std::string Lone = "{NP,1}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n";
+  const std::string Example = ";;SL: a\n;;TL: b\n";
+  const std::vector<std::string> vsKept{"", Example, Example + ";;SL: c\n;;TL: d\n"};
+  for (std::size_t Count = 0; Count < vsKept.size(); ++Count) {
+    UniqueOptions Options;
+    Options.Examples = Count;
+    EXPECT_EQ(Unique({vsKept.back() + Lone}, Options), (ChildEnd{0, vsKept[Count] + Lone, ""}));
+  }
 }
 
 TEST(UniqueCommand, CountsRulesOnOneLineEach) {

@@ -133,6 +133,32 @@ TEST(TrruleProgram, ListsAndExplainsCodes) {
   EXPECT_EQ(RunTrrule({"explain", "TR001", "TR002"}), (ChildEnd{0, First + "\n" + Second, ""}));
 }
 
+/// What a command of the shell writes to a terminal.
+std::string ShownAtTerminal(const std::string& Command, const std::string& Folder) {
+  return RunInChild([&] {
+           if (chdir(Folder.c_str()) == 0 && dup2(open("/dev/null", O_RDONLY), STDIN_FILENO) >= 0) {
+             execlp("script", "script", "-qec", Command.c_str(), "/dev/null", nullptr);
+           }
+         })
+      .Out;
+}
+
+TEST(TrruleProgram, HasColoursAndShowsProgressAtATerminal) {
+  const TestFolder Folder;
+  Folder.Write("a.trr", "NP::NP : [N] -> [N]\n(X1::Y1)\n((x1 num) = (x3 num))\n");
+  const std::string Check = std::string(GrammarPaths::Program) + " check a.trr";
+  const std::string Count = "1 error, 0 warnings, 0 notes\r\n";
+  EXPECT_EQ(
+      ShownAtTerminal(Check, Folder.Path("")),
+      "\x1b[1ma.trr:3:14: \x1b[0m\x1b[1;31merror TR009\x1b[0m: there is no x3: the source side has "
+      "1 component\r\n  ((x1 num) = (x3 num))\r\n  \x1b[32m             ^~\x1b[0m\r\n" +
+          Count + "\r\x1b[K");
+  EXPECT_EQ(ShownAtTerminal("NO_COLOR=1 " + Check + " --quiet", Folder.Path("")),
+            "a.trr:3:14: error TR009: there is no x3: the source side has 1 component\r\n"
+            "  ((x1 num) = (x3 num))\r\n               ^~\r\n" +
+                Count);
+}
+
 TEST(TrruleProgram, HasNothingToDoOnAnEmptyGrammar) {
   for (const std::string& sCommand : Commands) {
     EXPECT_EQ(RunTrrule({sCommand}), (ChildEnd{0, "", ""})) << sCommand;

@@ -126,6 +126,20 @@ TEST(TranslateProgram, DrawsTrees) {
                       ""}));
 }
 
+TEST(TranslateProgram, DrawsTheTreesOfPiecesAndNoneBeyondALimit) {
+  const TestFolder Folder;
+  const std::string Grammar = Folder.Write("a.trr", Phrases + Nouns);
+  const std::string Tree =
+      "NP::NP " + Grammar + ":1 \"the car\"\n└─ N::N " + Grammar + ":3 \"car\"\n";
+  EXPECT_EQ(RunTranslate({Grammar, "--text", "on the car", "--partial", "--format", "tree"}),
+            (ChildEnd{1, "on the car\nno translation\non\nel auto\n" + Tree + "\n",
+                      "--text:1: error: there is no translation\n"}));
+  EXPECT_EQ(
+      RunTranslate({Grammar, "--text", "the car", "--max-constituents", "1", "--format", "tree"}),
+      (ChildEnd{1, "the car\nthere are more than 1 constituents\n\n",
+                "--text:1: error: there are more than 1 constituents\n"}));
+}
+
 TEST(TranslateProgram, FailsAtALimit) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Nouns + Nouns + Phrases);

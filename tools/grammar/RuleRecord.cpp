@@ -155,12 +155,6 @@ void RuleRecord::AppendLines(bool NoComments, std::string& TextReturn) const {
   OrderedForm.AppendBlock(TextReturn);
 }
 
-std::string RuleRecord::SamenessText() const {
-  std::string Text;
-  AppendSamenessText(Text);
-  return Text;
-}
-
 void RuleRecord::AppendSamenessText(std::string& TextReturn) const {
   const std::size_t Begin = TextReturn.size();
   if (OrderedForm.AppendComparisonText(TextReturn)) {

@@ -80,7 +80,6 @@ class RuleRecord {
   /// The text that rules are the same by: the comparison text, and after a NUL byte the block of
   /// the normal form where that says more, such as another feature on the right. Made anew by each
   /// call.
-  std::string SamenessText() const;
   void AppendSamenessText(std::string& TextReturn) const;
 
   /// The block of the normal form: see `RuleForm::AppendBlock`. Made anew by each call.
