@@ -1,9 +1,13 @@
 // A line of JSON becomes the text of a rule, and what a rule cannot hold is reported.
 
 #include "JsonReader.h"
+#include "RuleGenerator.h"
+#include "RuleJson.h"
+#include "RuleReader.h"
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -176,6 +180,54 @@ TEST(JsonReader, RejectsWhatIsNotARule) {
     EXPECT_FALSE(Read.IsRead) << Row.Json.substr(0, 100);
     EXPECT_EQ(Read.Text, "") << Row.Json.substr(0, 100);
     EXPECT_EQ(Read.vsProblems, Row.vsProblems) << Row.Json.substr(0, 100);
+  }
+}
+
+/// The objects of generated rules, and of some with signs that JSON writes in another way.
+Texts WrittenObjects() {
+  constexpr int Count = 300;
+  RuleGenerator Generator(11);
+  std::string Rules =
+      "{NP,1}\n;; a \"b\" \\ c\nNP::NP [\"el\" N] -> [\"a\\\\\"]\n(\n(X1::Y1)\n)\n"
+      "{no header\n;; \xC3\xA9 \x01 \xFF\nN::N [N] -> [N]\n(\n(X1::Y1)\n)\n";
+  for (int Rule = 0; Rule < Count; ++Rule) {
+    Rules += Generator.NextRule();
+  }
+  Texts vsObjects;
+  Grammar::RuleReader Reader(Rules);
+  Grammar::RuleText Text;
+  Grammar::RuleRecord Record;
+  while (Reader.Next(Text)) {
+    if (Record.Read(Text)) {
+      Grammar::AppendJson(Record, vsObjects.emplace_back());
+      vsObjects.back().pop_back();
+    }
+  }
+  return vsObjects;
+}
+
+/// White space at the end makes an object one that has not been written by the program.
+void ExpectReadAsAnyOther(const std::string& Object) {
+  JsonReader Reader;
+  const RuleFromJson Read = Reader.Read(Object);
+  const RuleFromJson Other = Reader.Read(Object + " ");
+  ASSERT_EQ(Read.IsRead, Other.IsRead) << Object;
+  if (Read.IsRead) {
+    EXPECT_EQ(Read.IsRule, Other.IsRule) << Object;
+    EXPECT_EQ(Read.Text, Other.Text) << Object;
+    EXPECT_EQ(Read.vsProblems, Other.vsProblems) << Object;
+  }
+}
+
+TEST(JsonReader, ReadsAWrittenObjectAsAnyOther) {
+  std::mt19937 Random(5);
+  const Texts vsObjects = WrittenObjects();
+  ASSERT_GT(vsObjects.size(), 200U);
+  for (const std::string& sObject : vsObjects) {
+    ExpectReadAsAnyOther(sObject);
+    std::string sDamaged = sObject;
+    sDamaged[Random() % sDamaged.size()] = static_cast<char>(' ' + Random() % 95);
+    ExpectReadAsAnyOther(sDamaged);
   }
 }
 

@@ -1,5 +1,5 @@
-// Sections: parsing, comments and header, alignments and constraints, the rule, what is lost, the
-// line.
+// Sections: parsing, comments and header, alignments and constraints, the rule, what is lost, any
+// object, objects as they are written, the line.
 
 #include "JsonReader.h"
 
@@ -404,7 +404,7 @@ void ReportLostMembers(const Json& Object, const std::vector<GivenConstraint>& v
   }
 }
 
-// ---- The line ---------------------------------------------------------------------------------
+// ---- Any object -------------------------------------------------------------------------------
 
 /// Reads the rule that an object stands for.
 /// @param vsProblemsReturn receives what is lost
@@ -427,8 +427,152 @@ void ReadRule(const Json& Object, RuleText& LinesReturn, RuleRecord& RecordRetur
 
 }  // namespace
 
+// ---- Objects as they are written --------------------------------------------------------------
+
+namespace {
+
+/// Goes through an object as `AppendJson` writes it, and takes out the lines that it stands for. An
+/// object that only looks like one is found out by writing the rule again.
+class WrittenObject {
+ public:
+  explicit WrittenObject(std::string_view ObjectPassIn) : Rest(ObjectPassIn) {}
+
+  /// @return whether the object looks like one that was written
+  bool AppendLines(std::string& LinesReturn) {
+    RuleHeader Header;
+    std::string Alignments;
+    if (!ReadHeader(Header) || !Skip(",\"comments\":") || !AppendTexts("", "\n", LinesReturn)) {
+      return false;
+    }
+    AppendHeader(Header, LinesReturn);
+    return AppendRuleLine(LinesReturn) && Skip(",\"alignments\":\"") && AppendText(Alignments) &&
+           AppendPairs(Alignments, LinesReturn.append("(\n")) && Skip(",\"constraints\":[") &&
+           AppendConstraints(LinesReturn);
+  }
+
+ private:
+  bool Skip(std::string_view Expected) {
+    const bool IsThere = StartsWith(Rest, Expected);
+    Rest.remove_prefix(IsThere ? Expected.size() : 0);
+    return IsThere;
+  }
+
+  bool ReadHeader(RuleHeader& HeaderReturn) {
+    if (Skip("{\"header\":null,\"ruleIndex\":-1")) {
+      return true;
+    }
+    HeaderReturn.IsPresent = true;
+    HeaderReturn.IsReadable = Skip("{\"header\":{\"type\":\"");
+    if ((!HeaderReturn.IsReadable && !Skip("{\"header\":{\"text\":\"")) ||
+        !AppendText(HeaderReturn.Type) || !Skip("},\"ruleIndex\":")) {
+      return false;
+    }
+    if (HeaderReturn.IsReadable) {
+      HeaderReturn.Number = TakeDigits(Rest);
+      return true;
+    }
+    return Skip("-1");
+  }
+
+  bool AppendRuleLine(std::string& LinesReturn) {
+    if (!Skip(",\"slType\":\"") || !AppendText(LinesReturn) || !Skip(",\"tlType\":\"") ||
+        !AppendText(LinesReturn.append("::"))) {
+      return false;
+    }
+    if (!Skip(",\"slLabels\":") || !AppendTexts(" ", "", LinesReturn.append(" [")) ||
+        !Skip(",\"tlLabels\":") || !AppendTexts(" ", "", LinesReturn.append("] -> ["))) {
+      return false;
+    }
+    LinesReturn.append("]\n");
+    return true;
+  }
+
+  /// A text after its first quote. Signs other than quotes and backslashes that are written in
+  /// another way are rare, and not read here.
+  bool AppendText(std::string& TextReturn) {
+    for (;;) {
+      const std::size_t End = Rest.find('"');
+      if (End == std::string_view::npos) {
+        return false;
+      }
+      const std::string_view Part = Rest.substr(0, End);
+      const std::size_t Escape = Part.find('\\');
+      TextReturn.append(Part.substr(0, Escape));
+      if (Escape == std::string_view::npos) {
+        Rest.remove_prefix(End + 1);
+        return true;
+      }
+      if (Rest[Escape + 1] != '"' && Rest[Escape + 1] != '\\') {
+        return false;
+      }
+      TextReturn += Rest[Escape + 1];
+      Rest.remove_prefix(Escape + 2);
+    }
+  }
+
+  bool AppendTexts(std::string_view Between, std::string_view After, std::string& TextReturn) {
+    if (!Skip("[")) {
+      return false;
+    }
+    if (Skip("]")) {
+      return true;
+    }
+    do {
+      if (!Skip("\"") || !AppendText(TextReturn)) {
+        return false;
+      }
+      TextReturn.append(After).append(StartsWith(Rest, ",") ? Between : std::string_view());
+    } while (Skip(","));
+    return Skip("]");
+  }
+
+  bool AppendConstraints(std::string& LinesReturn) {
+    constexpr std::string_view BeforeLines = ",\"lines\":";
+    while (!Skip("]")) {
+      const std::size_t Size = Rest.find(BeforeLines);
+      if (Size == std::string_view::npos) {
+        return false;
+      }
+      Rest.remove_prefix(Size + BeforeLines.size());
+      if (!AppendTexts("", "\n", LinesReturn) || !Skip("}")) {
+        return false;
+      }
+      Skip(",");
+    }
+    LinesReturn.append(")\n");
+    return true;
+  }
+
+  std::string_view Rest;
+};
+
+}  // namespace
+
+/// Most objects were written by this program, and nobody has changed them. What they stand for is
+/// that whose object they are, byte for byte: to write it is quicker than to parse the object.
+bool JsonReader::ReadUnchanged(std::string_view Line) {
+  constexpr std::size_t UsualSize = 1024;
+  std::string Given;
+  Given.reserve(UsualSize);
+  if (!WrittenObject(Line).AppendLines(Given) || !ReadOnlyRule(std::move(Given), Lines) ||
+      !Record.Read(Lines)) {
+    return false;
+  }
+  Written.clear();
+  AppendJson(Record, Written);
+  return Written.size() == Line.size() + 1 && StartsWith(Written, Line);
+}
+
+// ---- The line ---------------------------------------------------------------------------------
+
 RuleFromJson JsonReader::Read(std::string_view Line) {
   RuleFromJson Result;
+  if (ReadUnchanged(Line)) {
+    Result.IsRead = true;
+    Result.IsRule = true;
+    AppendNormalForm(Record, {}, Result.Text);
+    return Result;
+  }
   try {
     const ParsedLine Parsed(Line);
     const Json& Object = Parsed.Object();

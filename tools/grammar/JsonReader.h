@@ -35,9 +35,12 @@ class JsonReader {
   RuleFromJson Read(std::string_view Line);
 
  private:
+  bool ReadUnchanged(std::string_view Line);
+
   // Their storage is used again by the next line.
   RuleText Lines;
   RuleRecord Record;
+  std::string Written;
 };
 
 }  // namespace Grammar
