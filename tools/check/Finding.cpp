@@ -1,7 +1,9 @@
 #include "Finding.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <tuple>
+#include <utility>
 
 namespace Grammar {
 
@@ -14,10 +16,23 @@ bool ComesBefore(const Finding& Left, const Finding& Right) {
 
 }  // namespace
 
-/// Most are in order already, and sorting moves each of them at least twice.
+/// Most are in order already, and most others but for a few: where there are not many, the ones out
+/// of order are put into their places, and the rest stays where it is.
 void SortFindings(std::vector<Finding>& vFindingsReturn) {
-  if (!std::is_sorted(vFindingsReturn.begin(), vFindingsReturn.end(), ComesBefore)) {
-    std::stable_sort(vFindingsReturn.begin(), vFindingsReturn.end(), ComesBefore);
+  constexpr std::size_t Few = 32;
+  const auto First = vFindingsReturn.begin();
+  auto Sorted = std::is_sorted_until(First, vFindingsReturn.end(), ComesBefore);
+  if (vFindingsReturn.size() > Few && Sorted != vFindingsReturn.end()) {
+    std::stable_sort(First, vFindingsReturn.end(), ComesBefore);
+    return;
+  }
+  for (; Sorted != vFindingsReturn.end(); ++Sorted) {
+    const auto Place = std::upper_bound(First, Sorted, *Sorted, ComesBefore);
+    if (Place != Sorted) {
+      Finding Moved = std::move(*Sorted);
+      std::move_backward(Place, Sorted, Sorted + 1);
+      *Place = std::move(Moved);
+    }
   }
 }
 

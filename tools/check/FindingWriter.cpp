@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace Grammar {
@@ -42,13 +43,19 @@ std::string_view ColourOf(Severity Level) {
   return Level == Severity::Error ? Red : Level == Severity::Warning ? Magenta : Cyan;
 }
 
-/// Appends a part in a colour, where colours are wanted.
-template <typename AppendT>
-void AppendColoured(std::string_view Colour, bool Colours, std::string& TextReturn,
-                    AppendT AppendPart) {
-  TextReturn += Colours ? Colour : std::string_view();
-  AppendPart();
-  TextReturn += Colours ? Plain : std::string_view();
+/// Whether all bytes of a text are signs of ASCII, which look like one character each: no tab, no
+/// byte that would move the cursor, none of a longer character. Eight bytes at a time; subtracting
+/// sets the highest bit of a byte below a blank, and adding that of a delete.
+bool IsPlain(std::string_view Text) {
+  constexpr std::uint64_t InAllBytes = 0x0101010101010101U;
+  std::uint64_t Marks = 0;
+  for (std::size_t Size = 0; !Text.empty(); Text.remove_prefix(Size)) {
+    std::uint64_t Eight = InAllBytes * ' ';
+    Size = std::min(Text.size(), sizeof Eight);
+    std::memcpy(&Eight, Text.data(), Size);
+    Marks |= Eight | (Eight - InAllBytes * ' ') | (Eight + InAllBytes);
+  }
+  return (Marks & (InAllBytes * 0x80U)) == 0;
 }
 
 constexpr bool MovesCursor(char Byte) {
@@ -57,15 +64,54 @@ constexpr bool MovesCursor(char Byte) {
   return (Value < ' ' && Byte != '\t') || Value == Delete;
 }
 
-/// Appends a text as it looks: bytes that would move the cursor are shown as question marks. Hardly
-/// a text has any; counting them to the end takes several bytes at a time.
-void AppendShown(std::string_view Text, std::string& TextReturn) {
-  const std::size_t Begin = TextReturn.size();
-  TextReturn += Text;
-  if (std::count_if(Text.begin(), Text.end(), MovesCursor) > 0) {
-    std::replace_if(TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin), TextReturn.end(),
-                    MovesCursor, '?');
+/// Appends to a text pieces whose sizes together are known not to pass a limit. So there is no look
+/// at the room that is left for each of them.
+class PieceWriter {
+ public:
+  PieceWriter(std::string& TextPassIn, std::size_t Limit) : Text(TextPassIn) {
+    if (Limit > sizeof Few) {
+      Many.resize(Limit);
+      Next = Many.data();
+    }
   }
+  ~PieceWriter() {
+    const char* const Begin = Many.empty() ? Few : Many.data();
+    Text.append(Begin, static_cast<std::size_t>(Next - Begin));
+  }
+  PieceWriter(const PieceWriter&) = delete;
+  PieceWriter& operator=(const PieceWriter&) = delete;
+
+  void Add(std::string_view Piece) { Next = std::copy(Piece.begin(), Piece.end(), Next); }
+
+  void Add(std::size_t Count, char Byte) { Next = std::fill_n(Next, Count, Byte); }
+
+  /// Adds a text as it looks: bytes that would move the cursor are shown as question marks.
+  void AddShown(std::string_view Piece) {
+    char* const Begin = Next;
+    Add(Piece);
+    if (!IsPlain(Piece)) {
+      std::replace_if(Begin, Begin + Piece.size(), MovesCursor, '?');
+    }
+  }
+
+  void AddNumber(std::size_t Number) {
+    constexpr std::size_t MaxDigits = 20;
+    Next = std::to_chars(Next, Next + MaxDigits, Number).ptr;
+  }
+
+ private:
+  std::string& Text;
+  char Few[1024];    // enough for most; what is not written has no value
+  std::string Many;  // in its place, where it is not
+  char* Next = Few;
+};
+
+/// Adds a part in a colour, where colours are wanted.
+template <typename AddT>
+void AddColoured(std::string_view Colour, bool Colours, PieceWriter& WriterReturn, AddT AddPart) {
+  WriterReturn.Add(Colours ? Colour : std::string_view());
+  AddPart();
+  WriterReturn.Add(Colours ? Plain : std::string_view());
 }
 
 /// As much of a long line as fits around what is meant, and where that begins in it.
@@ -82,49 +128,45 @@ std::string_view Window(const Finding& Found, std::size_t& StartReturn) {
   return Line.substr(From, MaxShown);
 }
 
-/// Appends the caret, below a line whose tabs it keeps.
-void AppendCaret(std::string_view Line, std::size_t Start, std::size_t Length,
-                 std::string& TextReturn) {
-  const std::size_t Begin = TextReturn.size();
-  TextReturn += Line.substr(0, Start);
-  TextReturn.erase(std::remove_if(TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin),
-                                  TextReturn.end(), IsContinuation),
-                   TextReturn.end());
-  std::replace_if(
-      TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin), TextReturn.end(),
-      [](char Byte) { return Byte != '\t'; }, ' ');
-  const std::size_t Width = CountCharacters(Line.substr(std::min(Start, Line.size()), Length));
-  TextReturn.append(1, '^').append(std::max<std::size_t>(Width, 1) - 1, '~');
-}
-
-/// Makes room for as much as a finding takes in most cases.
-void ReserveFor(const Finding& Found, std::string& TextReturn) {
-  constexpr std::size_t Around = 64;
-  const std::size_t Wanted = TextReturn.size() + Found.File.size() + Found.Message.size() +
-                             2 * Found.LineText.size() + Found.Suggestion.size() + Around;
-  if (TextReturn.capacity() < Wanted) {
-    TextReturn.reserve(std::max(Wanted, 2 * TextReturn.capacity()));
+/// Adds the caret, below a line whose tabs it keeps.
+void AddCaret(std::string_view Line, std::size_t Start, std::size_t Length,
+              PieceWriter& WriterReturn) {
+  const std::string_view Meant = Line.substr(Start, Length);
+  if (IsPlain(Line)) {
+    WriterReturn.Add(Start, ' ');
+    WriterReturn.Add(1, '^');
+    WriterReturn.Add(std::max<std::size_t>(Meant.size(), 1) - 1, '~');
+    return;
   }
+  for (const char Byte : Line.substr(0, Start)) {
+    WriterReturn.Add(IsContinuation(Byte) ? 0 : 1, Byte == '\t' ? '\t' : ' ');
+  }
+  WriterReturn.Add(1, '^');
+  WriterReturn.Add(std::max<std::size_t>(CountCharacters(Meant), 1) - 1, '~');
 }
 
-void AppendLine(std::string_view Label, std::string_view Text, std::string& TextReturn) {
-  TextReturn += Label;
-  AppendShown(Text, TextReturn);
-  TextReturn += '\n';
+void AddLine(std::string_view Label, std::string_view Text, PieceWriter& WriterReturn) {
+  WriterReturn.Add(Label);
+  WriterReturn.AddShown(Text);
+  WriterReturn.Add(1, '\n');
 }
 
-/// Appends "np.trr:3:1: ".
-void AppendPlace(const Finding& Found, std::string& TextReturn) {
-  AppendShown(Found.File, TextReturn);
-  const auto AppendNumber = [&](std::size_t Number) {
-    constexpr std::size_t MaxDigits = 20;
-    char Digits[MaxDigits];
-    const auto End = std::to_chars(Digits, Digits + MaxDigits, Number).ptr;
-    TextReturn.append(1, ':').append(Digits, static_cast<std::size_t>(End - Digits));
-  };
-  AppendNumber(Found.Line);
-  AppendNumber(Found.Column);
-  TextReturn += ": ";
+/// Adds "np.trr:3:1: ".
+void AddPlace(const Finding& Found, PieceWriter& WriterReturn) {
+  WriterReturn.AddShown(Found.File);
+  WriterReturn.Add(1, ':');
+  WriterReturn.AddNumber(Found.Line);
+  WriterReturn.Add(1, ':');
+  WriterReturn.AddNumber(Found.Column);
+  WriterReturn.Add(": ");
+}
+
+/// No less than what the text of a finding takes: its line counts once more for the caret, and all
+/// that is not its own is labels, colours and numbers.
+std::size_t LimitOf(const Finding& Found) {
+  constexpr std::size_t Labels = 256;
+  return Found.File.size() + Found.Message.size() + 2 * Found.LineText.size() +
+         Found.Suggestion.size() + Found.Example.size() + Found.OtherFile.size() + Labels;
 }
 
 }  // namespace
@@ -132,25 +174,30 @@ void AppendPlace(const Finding& Found, std::string& TextReturn) {
 void AppendTextOf(const Finding& Found, bool Colours, std::string& TextReturn) {
   std::size_t Start = 0;
   const std::string_view Line = Window(Found, Start);
-  ReserveFor(Found, TextReturn);
-  AppendColoured(Bold, Colours, TextReturn, [&] { AppendPlace(Found, TextReturn); });
-  AppendColoured(ColourOf(Found.Level), Colours, TextReturn, [&] {
-    TrRuleInternal::Append(TextReturn, {NameOf(Found.Level), " ", Found.Code});
+  PieceWriter Writer(TextReturn, LimitOf(Found));
+  AddColoured(Bold, Colours, Writer, [&] { AddPlace(Found, Writer); });
+  AddColoured(ColourOf(Found.Level), Colours, Writer, [&] {
+    Writer.Add(NameOf(Found.Level));
+    Writer.Add(" ");
+    Writer.Add(Found.Code);
   });
-  AppendLine(": ", Found.Message, TextReturn);
-  AppendLine("  ", Line, TextReturn);
-  TextReturn += "  ";
-  AppendColoured(Green, Colours, TextReturn,
-                 [&] { AppendCaret(Line, Start, Found.Length, TextReturn); });
-  TextReturn += '\n';
+  AddLine(": ", Found.Message, Writer);
+  AddLine("  ", Line, Writer);
+  Writer.Add("  ");
+  AddColoured(Green, Colours, Writer, [&] { AddCaret(Line, Start, Found.Length, Writer); });
+  Writer.Add(1, '\n');
   if (!Found.Suggestion.empty()) {
-    AppendLine("  instead: ", Trimmed(Found.Suggestion), TextReturn);
+    AddLine("  instead: ", Trimmed(Found.Suggestion), Writer);
   }
   if (!Found.Example.empty()) {
-    AppendLine("  for example: ", Found.Example, TextReturn);
+    AddLine("  for example: ", Found.Example, Writer);
   }
   if (!Found.OtherFile.empty()) {
-    AppendLine("  see ", Found.OtherFile + ':' + std::to_string(Found.OtherLine), TextReturn);
+    Writer.Add("  see ");
+    Writer.AddShown(Found.OtherFile);
+    Writer.Add(1, ':');
+    Writer.AddNumber(Found.OtherLine);
+    Writer.Add(1, '\n');
   }
 }
 

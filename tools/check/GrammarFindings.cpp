@@ -50,7 +50,7 @@ Finding& GrammarFindings::Add(std::string_view Code, std::uint32_t Index, std::u
                               std::string Message) {
   constexpr std::size_t MaxLineText = 1000;
   const Shape& Which = Shapes.At(Index);
-  const GrammarShapes::KeptLine& Kept = Shapes.LineOf(Index, Line);
+  const GrammarShapes::KeptLine Kept = Shapes.LineOf(Index, Line);
   Finding& New = vFindings.emplace_back(Which.File, Finding()).second;
   New.File = Shapes.FileOf(Which);
   New.Line = Line;

@@ -30,6 +30,9 @@ class GrammarFindings {
   /// @param ShapesPassIn finished; gets paths that no rule has written; has to outlive this
   explicit GrammarFindings(GrammarShapes& ShapesPassIn);
 
+  /// How grave it is that a label or a value is missing.
+  Severity LevelOfLack() const { return HasLexicon ? Severity::Warning : Severity::Note; }
+
   void AddUnprovidedLabels();
   /// @param vsStarts the source types of whole texts
   void AddUnreachableRules(const std::vector<std::string>& vsStarts);
@@ -44,7 +47,6 @@ class GrammarFindings {
 
   Finding& Add(std::string_view Code, std::uint32_t Index, std::uint32_t Line, std::string Message);
   void SetOther(std::uint32_t Index, Finding& FindingReturn) const;
-  Severity LevelOfLack() const { return HasLexicon ? Severity::Warning : Severity::Note; }
   std::string LackText(std::uint32_t Slot) const;
   std::vector<bool> ReachedTypes(const std::vector<std::string>& vsStarts) const;
   std::string SupplyText(const Shape& Which, const SuppliedValues::Supply& Current) const;

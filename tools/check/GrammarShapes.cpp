@@ -1,9 +1,8 @@
-// Sections: groups, keys, adding rules, questions.
+// Sections: groups, kept lines, adding rules, questions.
 
 #include "GrammarShapes.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace Grammar {
 
@@ -25,129 +24,117 @@ void GrammarShapes::Groups::Fill(std::uint32_t Elements, std::uint32_t Keys, Key
   }
 }
 
-// ---- Keys -------------------------------------------------------------------------------------
+// ---- Kept lines -------------------------------------------------------------------------------
 
-/// Takes the lines of a key one by one.
-class GrammarShapes::KeyReader {
- public:
-  explicit KeyReader(std::string_view KeyPassIn) : Rest(KeyPassIn) {}
-
-  /// The first byte of what comes next; NUL at the end.
-  char Next() const { return Rest.empty() ? '\0' : Rest.front(); }
-
-  std::string_view Take() {
-    const std::size_t End = Rest.find('\n');
-    const std::string_view Line = Rest.substr(0, End);
-    Rest.remove_prefix(End + 1);
-    return Line;
+/// A copy of a text.
+std::string_view GrammarShapes::Kept(std::string_view Text) {
+  constexpr std::size_t BlockSize = std::size_t{1} << 16;
+  if (Blocks.empty() || Blocks.back().capacity() - Blocks.back().size() < Text.size()) {
+    Blocks.emplace_back().reserve(std::max(BlockSize, Text.size()));
   }
+  std::string& Block = Blocks.back();
+  Block.append(Text);
+  return std::string_view(Block).substr(Block.size() - Text.size());
+}
 
-  /// A line without its first byte.
-  std::string_view TakeMarked() { return Take().substr(1); }
+void GrammarShapes::KeepLine(const RuleText& Text, std::size_t LineIndex) {
+  const std::string_view Line = Text.Line(LineIndex);
+  const std::string_view Code = Text.Parts(LineIndex).Code;
+  const auto Column = static_cast<std::uint32_t>(Code.data() - Line.data() + 1);
+  const auto Length = static_cast<std::uint32_t>(std::max<std::size_t>(Code.size(), 1));
+  vLines.push_back({Size() - 1, static_cast<std::uint32_t>(Text.FirstLine + LineIndex),
+                    KeptLine{Kept(Line), Column, Length}});
+}
 
- private:
-  std::string_view Rest;
-};
+GrammarShapes::KeptLine GrammarShapes::LineOf(std::uint32_t Index, std::uint32_t Line) const {
+  const auto First = std::lower_bound(
+      vLines.begin(), vLines.end(), Index,
+      [](const LinePlace& Stored, std::uint32_t Wanted) { return Stored.Shape < Wanted; });
+  return std::find_if(First, vLines.end(),
+                      [Line](const LinePlace& Stored) { return Stored.Line == Line; })
+      ->Kept;
+}
 
 // ---- Adding rules -----------------------------------------------------------------------------
 
-void GrammarShapes::KeepLine(const RuleText& Text, std::size_t LineIndex) {
-  const std::string_view Code = Text.Parts(LineIndex).Code;
-  KeptLine New;
-  New.Text = Text.Line(LineIndex);
-  New.Column = static_cast<std::uint32_t>(Code.data() - Text.Line(LineIndex).data() + 1);
-  New.Length = static_cast<std::uint32_t>(std::max<std::size_t>(Code.size(), 1));
-  Lines.emplace(Pair(Size() - 1, static_cast<std::uint32_t>(Text.FirstLine + LineIndex)),
-                std::move(New));
+void GrammarShapes::AddPlace(const RuleOutline::Place& Given, Shape& ShapeReturn) {
+  const std::uint32_t Label = Labels.Intern(Given.Label.Text, Given.Label.Sum);
+  const std::uint32_t Wanted =
+      Given.Wanted.Text.empty() ? None : Labels.Intern(Given.Wanted.Text, Given.Wanted.Sum);
+  vPlaces.push_back({Given.Component, Slots.Intern(Label, Wanted), Given.Column});
+  ++ShapeReturn.PlaceCount;
 }
 
-void GrammarShapes::AddPlace(KeyReader& KeyReturn, const RuleOutline& Outline, Shape& ShapeReturn) {
-  const std::uint32_t Label = Labels.Intern(KeyReturn.TakeMarked());
-  const std::string_view Wanted = KeyReturn.TakeMarked();
-  Place& New = vPlaces.emplace_back();
-  New.Node = ShapeReturn.ComponentCount;
-  New.Slot = Slots.Intern(Label, Wanted.empty() ? None : Labels.Intern(Wanted));
-  New.Column = Outline.vColumns[ShapeReturn.PlaceCount++];
-}
-
-/// A path of a key: "2 AGR NUM".
-GrammarShapes::Term GrammarShapes::ReadTerm(std::string_view Written) {
-  Term New;
-  const auto* const End = Written.data() + Written.size();
-  const auto* At = std::from_chars(Written.data(), End, New.Node).ptr;
-  Written.remove_prefix(static_cast<std::size_t>(At - Written.data()));
-  while (!Written.empty()) {
-    Written.remove_prefix(1);
-    const std::size_t Size = std::min(Written.find(' '), Written.size());
-    New.Path = Extended(New.Path, Features.Intern(Written.substr(0, Size)));
-    Written.remove_prefix(Size);
+GrammarShapes::Term GrammarShapes::TermOf(const RuleOutline& Outline,
+                                          const RuleOutline::Path& Given) {
+  Term New{Given.Component, 0};
+  for (std::uint32_t At = 0; At < Given.Features.Count; ++At) {
+    const RuleOutline::Word& Feature = Outline.vWords[Given.Features.First + At];
+    New.Path = Extended(New.Path, Features.Intern(Feature.Text, Feature.Sum));
   }
   return New;
 }
 
-void GrammarShapes::AddEquation(KeyReader& KeyReturn, Shape& ShapeReturn) {
-  Equation& New = vEquations.emplace_back();
-  const char Mark = KeyReturn.Next();
-  New.What = Mark == '=' ? Kind::Link : Mark == '+' ? Kind::Any : Kind::Not;
-  New.Left = ReadTerm(KeyReturn.TakeMarked());
-  New.FirstAtom = static_cast<std::uint32_t>(vAtoms.size());
+void GrammarShapes::AddEquation(const RuleText& Text, const RuleOutline& Outline,
+                                const RuleOutline::Equation& Given, Shape& ShapeReturn) {
+  Equation New;
+  New.What = Given.What;
+  New.Left = TermOf(Outline, Given.Left);
   if (New.What == Kind::Link) {
-    New.Right = ReadTerm(KeyReturn.Take());
+    New.Right = TermOf(Outline, Given.Right);
   }
-  while (New.What != Kind::Link && KeyReturn.Next() == 'a') {
-    vAtoms.push_back(Atoms.Intern(KeyReturn.TakeMarked()));
-    ++New.AtomCount;
+  New.FirstAtom = static_cast<std::uint32_t>(vAtoms.size());
+  New.AtomCount = Given.Atoms.Count;
+  for (std::uint32_t At = 0; At < Given.Atoms.Count; ++At) {
+    const RuleOutline::Word& Atom = Outline.vWords[Given.Atoms.First + At];
+    vAtoms.push_back(Atoms.Intern(Atom.Text, Atom.Sum));
   }
+  New.Line = static_cast<std::uint32_t>(Text.FirstLine + Given.Line);
+  vEquations.push_back(New);
   ++ShapeReturn.EquationCount;
+  if (ShapeReturn.PlaceCount > 0) {
+    KeepLine(Text, Given.Line);
+  }
 }
 
 void GrammarShapes::AddShape(const RuleText& Text, const RuleOutline& Outline) {
   const std::size_t Before = TypePairs.Size() + Slots.Size();
-  KeyReader Key(Outline.Key);
+  if (vsFiles.empty() || vsFiles.back() != Text.File) {
+    vsFiles.push_back(Text.File);
+  }
   Shape& New = vShapes.emplace_back();
-  New.File = Files.Intern(Text.File);
+  New.File = static_cast<std::uint32_t>(vsFiles.size() - 1);
   New.Line = static_cast<std::uint32_t>(Text.FirstLine + Outline.RuleLine);
   New.IsUsable = Outline.IsUsable;
-  const std::uint32_t Source = Labels.Intern(Outline.IsUsable ? Key.Take() : Key.TakeMarked());
-  New.Types = TypePairs.Intern(Source, Labels.Intern(Key.Take()));
+  const std::uint32_t Source = Labels.Intern(Outline.SLType.Text, Outline.SLType.Sum);
+  New.Types = TypePairs.Intern(Source, Labels.Intern(Outline.TLType.Text, Outline.TLType.Sum));
+  New.ComponentCount = Outline.ComponentCount;
   New.FirstPlace = static_cast<std::uint32_t>(vPlaces.size());
   New.FirstEquation = static_cast<std::uint32_t>(vEquations.size());
-  while (Key.Next() == '"' || Key.Next() == 'p') {
-    ++New.ComponentCount;
-    if (Key.Next() == '"') {
-      Key.Take();
-    } else {
-      AddPlace(Key, Outline, New);
-    }
+  for (const RuleOutline::Place& Given : Outline.vPlaces) {
+    AddPlace(Given, New);
   }
   if (New.IsUnary() || TypePairs.Size() + Slots.Size() > Before) {
     KeepLine(Text, Outline.RuleLine);
   }
-  while (Key.Next() != '\0') {
-    const std::uint32_t Line = Outline.vLines[New.EquationCount];
-    AddEquation(Key, New);
-    Equation& Last = vEquations.back();
-    Last.Line = static_cast<std::uint32_t>(Text.FirstLine + Line);
-    if (New.PlaceCount > 0) {
-      KeepLine(Text, Line);
-    }
+  for (const RuleOutline::Equation& Given : Outline.vEquations) {
+    AddEquation(Text, Outline, Given, New);
   }
 }
 
 void GrammarShapes::Add(const RuleText& Text, const RuleOutline& Outline) {
-  if (Outline.Key.empty()) {
+  if (!Outline.HasTypes) {
     return;
   }
-  std::uint32_t& Slot = Known.Find(Outline.KeySum, [&](std::uint32_t Number) {
-    return vSums[Number].Key == Outline.KeySum && vSums[Number].Other == Outline.OtherKeySum;
-  });
+  std::uint32_t& Slot = Known.Find(
+      Outline.Key.Hash(), [&](std::uint32_t Number) { return vKeys[Number] == Outline.Key; });
   if (Slot != None) {
     ++vShapes[Slot].RuleCount;
     return;
   }
   Slot = Size();
-  vSums.push_back({Outline.KeySum, Outline.OtherKeySum});
-  Known.NoteAdded([&](std::uint32_t Number) { return vSums[Number].Key; });
+  vKeys.push_back(Outline.Key);
+  Known.NoteAdded([&](std::uint32_t Number) { return vKeys[Number].Hash(); });
   AddShape(Text, Outline);
   vShapes.back().RuleCount = 1;
 }

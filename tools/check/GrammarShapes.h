@@ -1,15 +1,15 @@
 #pragma once
 
+#include "CapitalTable.h"
 #include "Hashing.h"
 #include "RuleOutline.h"
 #include "RuleText.h"
-#include "SymbolTable.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace Grammar {
@@ -33,7 +33,7 @@ class GrammarShapes {
     std::uint32_t Path = 0;
   };
 
-  enum class Kind : std::uint8_t { Link, Any, Not };
+  using Kind = RuleOutline::Kind;
 
   struct Equation {
     Kind What = Kind::Link;
@@ -69,7 +69,7 @@ class GrammarShapes {
 
   /// A line that findings may stand at.
   struct KeptLine {
-    std::string Text;
+    std::string_view Text;
     std::uint32_t Column = 1;  ///< of what is no comment in it
     std::uint32_t Length = 1;
   };
@@ -101,13 +101,11 @@ class GrammarShapes {
   }
   std::uint32_t AtomAt(std::uint32_t Index) const { return vAtoms[Index]; }
 
-  const std::string& FileOf(const Shape& Current) const { return Files.Name(Current.File); }
+  const std::string& FileOf(const Shape& Current) const { return vsFiles[Current.File]; }
   /// The text on a line of a shape's first rule. Kept are the rule line where the shape is
   /// unary, or the first with its types or with what one of its places wants; and the lines of its
   /// equations where it has a place.
-  const KeptLine& LineOf(std::uint32_t Index, std::uint32_t Line) const {
-    return Lines.at(Pair(Index, Line));
-  }
+  KeptLine LineOf(std::uint32_t Index, std::uint32_t Line) const;
   const std::string& LabelName(std::uint32_t Label) const { return Labels.Name(Label); }
   const std::string& AtomName(std::uint32_t Atom) const { return Atoms.Name(Atom); }
   std::uint32_t FindLabel(std::string_view Label) const { return Labels.Find(Label); }
@@ -156,15 +154,23 @@ class GrammarShapes {
     std::vector<std::uint32_t> vNumbers;
   };
 
-  class KeyReader;
+  /// Where a kept line stands; its text is in `Blocks`.
+  struct LinePlace {
+    std::uint32_t Shape;
+    std::uint32_t Line;
+    KeptLine Kept;
+  };
 
   void AddShape(const RuleText& Text, const RuleOutline& Outline);
-  void AddPlace(KeyReader& KeyReturn, const RuleOutline& Outline, Shape& ShapeReturn);
-  void AddEquation(KeyReader& KeyReturn, Shape& ShapeReturn);
-  Term ReadTerm(std::string_view Written);
-  void KeepLine(const RuleText& Text, std::size_t Line);
+  void AddPlace(const RuleOutline::Place& Given, Shape& ShapeReturn);
+  void AddEquation(const RuleText& Text, const RuleOutline& Outline,
+                   const RuleOutline::Equation& Given, Shape& ShapeReturn);
+  Term TermOf(const RuleOutline& Outline, const RuleOutline::Path& Given);
+  void KeepLine(const RuleText& Text, std::size_t LineIndex);
+  std::string_view Kept(std::string_view Text);
 
-  SymbolTable Files, Labels, Features, Atoms;
+  std::vector<std::string> vsFiles;
+  CapitalTable Labels, Features, Atoms;
   PairTable TypePairs;
   PairTable Slots;
   PairTable Paths;  // of a path and a feature; the number of a path is one more
@@ -172,13 +178,10 @@ class GrammarShapes {
   std::vector<Place> vPlaces;
   std::vector<Equation> vEquations;
   std::vector<std::uint32_t> vAtoms;
-  struct Sums {
-    std::uint64_t Key;
-    std::uint64_t Other;
-  };
-  std::vector<Sums> vSums;  // of the shapes
-  IndexTable Known;         // shapes by their sums
-  std::unordered_map<std::uint64_t, KeptLine> Lines;
+  std::vector<SumPair> vKeys;      // of the shapes
+  IndexTable Known;                // shapes by their keys
+  std::vector<LinePlace> vLines;   // by their shapes
+  std::deque<std::string> Blocks;  // of texts, which do not move
   Groups OfLabel;
   Groups OfTypes;
 };

@@ -1,10 +1,10 @@
 #include "RepeatedRules.h"
 
+#include "Bytes.h"
 #include "LineKind.h"
 
 #include <algorithm>
-#include <cstring>
-#include <functional>
+#include <utility>
 
 namespace Grammar {
 
@@ -25,42 +25,20 @@ std::size_t LineOfKind(const RuleText& Text, LineKind Kind) {
   return First;
 }
 
-/// A second sum that has nothing in common with the standard library's.
-std::uint64_t OtherSumOf(std::string_view Text) {
-  std::uint64_t Sum = 0xCBF29CE484222325U ^ Text.size();
-  while (!Text.empty()) {
-    std::uint64_t Eight = 0;
-    const std::size_t Size = std::min(Text.size(), sizeof Eight);
-    std::memcpy(&Eight, Text.data(), Size);
-    Sum = (Sum ^ Eight) * 0x9E3779B97F4A7C15U;
-    Sum ^= Sum >> 29U;
-    Text.remove_prefix(Size);
-  }
-  return Sum;
-}
-
-std::uint64_t SumOf(std::string_view Text) {
-  return std::hash<std::string_view>()(Text);
-}
-
 }  // namespace
 
 /// The block of the normal form decides what the library reads, and so stands for the comparison
 /// text, too.
-RuleIdentity RepeatedRules::IdentityOf(const RuleRecord& RecordPassIn,
-                                       std::string& BufferReturn) const {
-  RuleIdentity Identity;
+void RepeatedRules::Identify(const RuleRecord& RecordPassIn, std::string& BufferReturn,
+                             RuleIdentity& IdentityReturn) const {
   const RuleHeader& Header = RecordPassIn.Header();
+  IdentityReturn.Header.clear();
   if (WantsNumbers && Header.IsPresent && Header.IsReadable) {
-    Identity.Header = '{' + Header.Type + ',' + Header.Number + '}';
+    TrRuleInternal::Append(IdentityReturn.Header, {"{", Header.Type, ",", Header.Number, "}"});
   }
   if (WantsForms) {
-    BufferReturn.clear();
-    RecordPassIn.Form().AppendBlock(BufferReturn);
-    Identity.FormSum = SumOf(BufferReturn);
-    Identity.OtherFormSum = OtherSumOf(BufferReturn);
+    IdentityReturn.Form = RecordPassIn.Form().BlockSums(BufferReturn);
   }
-  return Identity;
 }
 
 void RepeatedRules::Check(const RuleText& TextPassIn, const RuleIdentity& IdentityPassIn,
@@ -71,16 +49,16 @@ void RepeatedRules::Check(const RuleText& TextPassIn, const RuleIdentity& Identi
   const std::string& Header = IdentityPassIn.Header;
   if (!Header.empty()) {
     const std::size_t Line = LineOfKind(TextPassIn, LineKind::Header);
-    if (const Place* First =
-            FindOrAdd(Numbers, SumOf(Header), OtherSumOf(Header), TextPassIn.FirstLine + Line)) {
+    SumPair Sums;
+    Sums.AddText(Header);
+    if (const Place* First = FindOrAdd(Numbers, Sums, TextPassIn.FirstLine + Line)) {
       Report("TR034", Header + " is also the header of another rule", TextPassIn, Line, *First,
              vFindingsReturn);
     }
   }
   if (WantsForms) {
     const std::size_t Line = LineOfKind(TextPassIn, LineKind::Sequence);
-    if (const Place* First = FindOrAdd(Forms, IdentityPassIn.FormSum, IdentityPassIn.OtherFormSum,
-                                       TextPassIn.FirstLine + Line)) {
+    if (const Place* First = FindOrAdd(Forms, IdentityPassIn.Form, TextPassIn.FirstLine + Line)) {
       Report("TR033", "this rule duplicates another one", TextPassIn, Line, *First,
              vFindingsReturn);
     }
@@ -88,12 +66,19 @@ void RepeatedRules::Check(const RuleText& TextPassIn, const RuleIdentity& Identi
 }
 
 /// The place of an equal text; null if there is none, and then it is noted.
-const RepeatedRules::Place* RepeatedRules::FindOrAdd(Places& PlacesReturn, std::uint64_t Sum,
-                                                     std::uint64_t OtherSum, std::size_t Line) {
-  const Place New{OtherSum, static_cast<std::uint32_t>(vsFiles.size() - 1),
-                  static_cast<std::uint32_t>(Line)};
-  const auto [Found, IsNew] = PlacesReturn.emplace(Sum, New);
-  return !IsNew && Found->second.OtherSum == OtherSum ? &Found->second : nullptr;
+const RepeatedRules::Place* RepeatedRules::FindOrAdd(Seen& SeenReturn, const SumPair& Sums,
+                                                     std::size_t Line) {
+  std::uint32_t& Slot = SeenReturn.Index.Find(
+      Sums.Hash(), [&](std::uint32_t Number) { return SeenReturn.vSums[Number] == Sums; });
+  if (Slot != NoEntry) {
+    return &SeenReturn.vPlaces[Slot];
+  }
+  Slot = static_cast<std::uint32_t>(SeenReturn.vSums.size());
+  SeenReturn.vSums.push_back(Sums);
+  SeenReturn.vPlaces.push_back(
+      {static_cast<std::uint32_t>(vsFiles.size() - 1), static_cast<std::uint32_t>(Line)});
+  SeenReturn.Index.NoteAdded([&](std::uint32_t Number) { return SeenReturn.vSums[Number].Hash(); });
+  return nullptr;
 }
 
 void RepeatedRules::Report(std::string_view Code, const std::string& Message, const RuleText& Text,

@@ -12,12 +12,18 @@ void RivalRules::Check(const RuleText& Text, const RuleOutline& Outline,
   if (vsFiles.empty() || vsFiles.back() != Text.File) {
     vsFiles.push_back(Text.File);
   }
-  const auto [Found, IsNew] = Places.try_emplace(
-      Outline.SourceSum,
-      Place{Outline.OtherSourceSum, Outline.RestSum, static_cast<std::uint32_t>(vsFiles.size() - 1),
-            static_cast<std::uint32_t>(Text.FirstLine + Outline.RuleLine)});
-  const Place& First = Found->second;
-  if (IsNew || First.OtherSum != Outline.OtherSourceSum || First.RestSum == Outline.RestSum) {
+  std::uint32_t& Slot = Index.Find(Outline.Source.Hash(), [&](std::uint32_t Number) {
+    return vPlaces[Number].Source == Outline.Source;
+  });
+  if (Slot == NoEntry) {
+    Slot = static_cast<std::uint32_t>(vPlaces.size());
+    vPlaces.push_back({Outline.Source, Outline.Rest, static_cast<std::uint32_t>(vsFiles.size() - 1),
+                       static_cast<std::uint32_t>(Text.FirstLine + Outline.RuleLine)});
+    Index.NoteAdded([&](std::uint32_t Number) { return vPlaces[Number].Source.Hash(); });
+    return;
+  }
+  const Place& First = vPlaces[Slot];
+  if (First.Rest == Outline.Rest) {
     return;
   }
   RuleFindings Findings(Text, vFindingsReturn);

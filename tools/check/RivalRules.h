@@ -1,12 +1,12 @@
 #pragma once
 
 #include "Finding.h"
+#include "Hashing.h"
 #include "RuleOutline.h"
 #include "RuleText.h"
 
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace Grammar {
@@ -15,8 +15,7 @@ namespace Grammar {
 /// same equations of the source. Where nothing of the target decides between them, a text has both
 /// translations.
 ///
-/// Of each rule it remembers some sixty bytes, however long the rule is. That two different texts
-/// have both sums in common is not to be expected in any grammar.
+/// Of each rule it remembers some fifty bytes, however long the rule is.
 class RivalRules {
  public:
   /// Compares a rule with those before it.
@@ -26,13 +25,14 @@ class RivalRules {
 
  private:
   struct Place {
-    std::uint64_t OtherSum;
-    std::uint64_t RestSum;
+    SumPair Source;
+    std::uint64_t Rest;
     std::uint32_t File;
     std::uint32_t Line;
   };
 
-  std::unordered_map<std::uint64_t, Place> Places;
+  std::vector<Place> vPlaces;
+  IndexTable Index;  // of the places, by their sums
   std::vector<std::string> vsFiles;
 };
 

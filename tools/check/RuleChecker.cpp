@@ -845,7 +845,9 @@ bool CheckRule(const RuleText& TextPassIn, RuleRecord& RecordReturn,
   const bool WantsNotes = HiddenReturn == nullptr;
   RecordReturn.Read(TextPassIn);
   std::vector<Finding> vBefore;
-  vBefore.swap(vFindingsReturn);
+  if (!vFindingsReturn.empty()) {
+    vBefore.swap(vFindingsReturn);
+  }
   CheckRecord(RecordReturn, vFindingsReturn, HiddenReturn);
   SortFindings(vFindingsReturn);
   const auto CheckAgain = [WantsNotes](const RuleText& Text, std::vector<Finding>& vReturn) {

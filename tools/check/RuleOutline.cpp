@@ -1,4 +1,4 @@
-// Sections: sums, lines of the key, types and components, equations, the outline.
+// Sections: words, types and components, equations, the rest of the rule, the outline.
 
 #include "RuleOutline.h"
 
@@ -7,7 +7,6 @@
 #include "UsableRule.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace Grammar {
 
@@ -15,91 +14,71 @@ using TrRuleInternal::ConstraintParts;
 using TrRuleInternal::NodeText;
 using TrRuleInternal::RightKind;
 
-// ---- Sums -------------------------------------------------------------------------------------
+void RuleOutline::Clear() {
+  HasTypes = false;
+  IsUsable = false;
+  LacksSources = false;
+  ComponentCount = 0;
+  vPlaces.clear();
+  vEquations.clear();
+  vWords.clear();
+  Key = SumPair();
+  Source = SumPair();
+  Rest = 0;
+}
+
+// ---- Words ------------------------------------------------------------------------------------
 
 namespace {
 
-/// A second sum that has nothing in common with the standard library's.
-std::uint64_t SecondSum(std::string_view Text) {
-  std::uint64_t Sum = 0xCBF29CE484222325U;
-  for (const char Byte : Text) {
-    Sum = (Sum ^ static_cast<unsigned char>(Byte)) * 0x100000001B3U;
+RuleOutline::Word Summed(std::string_view Text) {
+  return {Text, SumInCapitals(Text)};
+}
+
+/// Adds the words of a text, which stand between white space.
+RuleOutline::Words AddWords(std::string_view Text, RuleOutline& OutlineReturn,
+                            SumPair& SumsReturn) {
+  const std::size_t First = OutlineReturn.vWords.size();
+  while (!(Text = WithoutLeadingSpace(Text)).empty()) {
+    const auto* const End = std::find_if(Text.begin(), Text.end(), IsSpace);
+    const auto Size = static_cast<std::size_t>(End - Text.begin());
+    OutlineReturn.vWords.push_back(Summed(Text.substr(0, Size)));
+    SumsReturn.Add(OutlineReturn.vWords.back().Sum);
+    Text.remove_prefix(Size);
   }
-  return Sum;
-}
-
-// ---- Lines of the key -------------------------------------------------------------------------
-
-void AppendUpper(std::string_view Part, std::string& TextReturn) {
-  const std::size_t Begin = TextReturn.size();
-  TextReturn.append(Part);
-  const auto First = TextReturn.begin() + static_cast<std::ptrdiff_t>(Begin);
-  std::transform(First, TextReturn.end(), First, ToUpper);
-}
-
-void AppendLine(std::string_view Part, std::string& TextReturn) {
-  AppendUpper(Part, TextReturn);
-  TextReturn += '\n';
-}
-
-/// @param Before goes in front of each word
-/// @param After goes after it
-void AppendWords(std::string_view Words, std::string_view Before, std::string_view After,
-                 std::string& TextReturn) {
-  while (!(Words = WithoutLeadingSpace(Words)).empty()) {
-    const auto* const End = std::find_if(Words.begin(), Words.end(), IsSpace);
-    const auto Size = static_cast<std::size_t>(End - Words.begin());
-    TextReturn.append(Before);
-    AppendUpper(Words.substr(0, Size), TextReturn);
-    TextReturn.append(After);
-    Words.remove_prefix(Size);
-  }
-}
-
-void AppendPath(const NodeText& Node, std::string_view Features, std::string& TextReturn) {
-  TextReturn.append(std::to_string(Node.Index));
-  AppendWords(Features, " ", "", TextReturn);
-  TextReturn += '\n';
-}
-
-bool IsOfAnalysis(const ConstraintParts& Parts) {
-  return Parts.Left.Side == 'X' && (!Parts.RightNode || Parts.RightNode->Side == 'X');
+  const std::size_t Count = OutlineReturn.vWords.size() - First;
+  SumsReturn.Add(Count);
+  return {static_cast<std::uint32_t>(First), static_cast<std::uint32_t>(Count)};
 }
 
 }  // namespace
 
 // ---- Types and components ---------------------------------------------------------------------
 
-void OutlineMaker::AddTypes(const SourceRule& Rule, RuleOutline& OutlineReturn) {
-  const SourceRule::RuleLine& Line = Rule.RuleLines().front();
-  OutlineReturn.RuleLine = Line.Line;
-  OutlineReturn.Key.append(OutlineReturn.IsUsable ? "" : "!");
-  AppendLine(Line.Parts.SLType, OutlineReturn.Key);
-  AppendLine(Line.Parts.TLType, OutlineReturn.Key);
-}
-
 /// A source place wants the target type of the places that it is written at.
 void OutlineMaker::AddComponents(const SourceRule& Rule, RuleOutline& OutlineReturn) {
   vWanted.assign(Rule.SLLabels().size(), {});
   for (std::size_t Target = 0; OutlineReturn.IsUsable && Target < Rule.TLLabels().size();
        ++Target) {
-    const std::uint32_t Source = Places.Sources()[Target];
+    const std::uint32_t Source = Sources.Sources()[Target];
     if (Source != PlaceSources::None) {
       vWanted[Source] = Rule.TLLabels()[Target];
     }
   }
   const std::string_view Line = Rule.Text().Line(OutlineReturn.RuleLine);
-  for (std::size_t Index = 0; Index < vWanted.size(); ++Index) {
-    const std::string_view Label = Rule.SLLabels()[Index];
+  for (const std::string_view Label : Rule.SLLabels()) {
+    const RuleOutline::Word Word = Summed(Label);
+    OutlineReturn.Source.Add(Word.Sum);
+    const std::uint32_t Component = ++OutlineReturn.ComponentCount;
     if (IsLiteral(Label)) {
-      OutlineReturn.Key.append("\"\n");
+      OutlineReturn.Key.Add(0);
       continue;
     }
-    OutlineReturn.vColumns.push_back(static_cast<std::uint32_t>(OffsetIn(Line, Label) + 1));
-    OutlineReturn.Key.append(1, 'p');
-    AppendLine(Label, OutlineReturn.Key);
-    OutlineReturn.Key.append(1, 'w');
-    AppendLine(vWanted[Index], OutlineReturn.Key);
+    OutlineReturn.vPlaces.push_back({Component,
+                                     static_cast<std::uint32_t>(OffsetIn(Line, Label) + 1), Word,
+                                     Summed(vWanted[Component - 1])});
+    OutlineReturn.Key.Add(Word.Sum);
+    OutlineReturn.Key.Add(OutlineReturn.vPlaces.back().Wanted.Sum);
   }
 }
 
@@ -107,98 +86,105 @@ void OutlineMaker::AddComponents(const SourceRule& Rule, RuleOutline& OutlineRet
 
 namespace {
 
-void AppendEquation(const ConstraintParts& Parts, std::string& KeyReturn) {
+bool IsOfAnalysis(const ConstraintParts& Parts) {
+  return Parts.Left.Side == 'X' && (!Parts.RightNode || Parts.RightNode->Side == 'X');
+}
+
+RuleOutline::Path AddPath(const NodeText& Node, std::string_view Features,
+                          RuleOutline& OutlineReturn, SumPair& SumsReturn) {
+  const auto Component = static_cast<std::uint32_t>(Node.Index);
+  SumsReturn.Add(Component);
+  return {Component, AddWords(Features, OutlineReturn, SumsReturn)};
+}
+
+/// Adds the words of a constraint. Where several words are one value, they are one word.
+RuleOutline::Equation ReadEquation(const ConstraintParts& Parts, RuleOutline& OutlineReturn,
+                                   SumPair& SumsReturn) {
+  using Kind = RuleOutline::Kind;
+  RuleOutline::Equation New;
+  New.What = Parts.RightNode ? Kind::Link : Parts.Kind == RightKind::Not ? Kind::Not : Kind::Any;
+  SumsReturn.Add(static_cast<std::uint64_t>(New.What));
+  New.Left = AddPath(Parts.Left, Parts.Feature, OutlineReturn, SumsReturn);
   if (Parts.RightNode) {
-    KeyReturn += '=';
-    AppendPath(Parts.Left, Parts.Feature, KeyReturn);
-    AppendPath(*Parts.RightNode, Parts.RightFeature, KeyReturn);
-    return;
-  }
-  KeyReturn += Parts.Kind == RightKind::Not ? '-' : '+';
-  AppendPath(Parts.Left, Parts.Feature, KeyReturn);
-  if (Parts.Kind == RightKind::Value) {
-    KeyReturn += 'a';
-    AppendLine(Trimmed(Parts.Value), KeyReturn);
+    New.Right = AddPath(*Parts.RightNode, Parts.RightFeature, OutlineReturn, SumsReturn);
+  } else if (Parts.Kind == RightKind::Value) {
+    New.Atoms = {static_cast<std::uint32_t>(OutlineReturn.vWords.size()), 1};
+    OutlineReturn.vWords.push_back(Summed(Trimmed(Parts.Value)));
+    SumsReturn.Add(OutlineReturn.vWords.back().Sum);
+    SumsReturn.Add(1);
   } else {
-    AppendWords(Parts.Value, "a", "\n", KeyReturn);
+    New.Atoms = AddWords(Parts.Value, OutlineReturn, SumsReturn);
+  }
+  return New;
+}
+
+/// Adds the equations between the components of the source; the others only count for the rest.
+void AddEquations(const SourceRule& Rule, RuleOutline& OutlineReturn) {
+  for (const SourceRule::ConstraintLine& Line : Rule.Constraints()) {
+    SumPair Sums;
+    if (IsOfAnalysis(Line.Parts)) {
+      OutlineReturn.vEquations.push_back(ReadEquation(Line.Parts, OutlineReturn, Sums));
+      OutlineReturn.vEquations.back().Line = static_cast<std::uint32_t>(Line.Line);
+      OutlineReturn.Key.Add(Sums);
+      OutlineReturn.Source.AddUnordered(Sums);
+      continue;
+    }
+    const std::size_t Before = OutlineReturn.vWords.size();
+    Sums.Add(static_cast<unsigned char>(Line.Parts.Left.Side));
+    Sums.Add(Line.Parts.RightNode ? static_cast<unsigned char>(Line.Parts.RightNode->Side) : 0U);
+    ReadEquation(Line.Parts, OutlineReturn, Sums);
+    OutlineReturn.vWords.resize(Before);
+    OutlineReturn.Rest += Sums.Hash();
+  }
+}
+
+// ---- The rest of the rule ---------------------------------------------------------------------
+
+/// The words of the target count as they are written; alignments in any order.
+void SumRest(const SourceRule& Rule, RuleOutline& OutlineReturn) {
+  SumPair Sums;
+  Sums.Add(OutlineReturn.TLType.Sum);
+  for (const std::string_view Label : Rule.TLLabels()) {
+    if (IsLiteral(Label)) {
+      Sums.AddText(Label);
+    } else {
+      Sums.Add(SumInCapitals(Label));
+    }
+  }
+  OutlineReturn.Rest += Sums.Hash();
+  for (const SourceRule::AlignmentLine& Line : Rule.Alignments()) {
+    OutlineReturn.Rest += Mixed(
+        Pair(static_cast<std::uint32_t>(Line.Parts.X), static_cast<std::uint32_t>(Line.Parts.Y)));
   }
 }
 
 }  // namespace
 
-void OutlineMaker::AddEquations(const SourceRule& Rule, RuleOutline& OutlineReturn) {
-  vEquationEnds.clear();
-  for (const SourceRule::ConstraintLine& Line : Rule.Constraints()) {
-    if (IsOfAnalysis(Line.Parts)) {
-      AppendEquation(Line.Parts, OutlineReturn.Key);
-      OutlineReturn.vLines.push_back(static_cast<std::uint32_t>(Line.Line));
-      vEquationEnds.push_back(OutlineReturn.Key.size());
-    }
-  }
-}
-
 // ---- The outline ------------------------------------------------------------------------------
 
-void OutlineMaker::SumSource(const SourceRule& Rule, std::size_t ComponentsEnd,
-                             RuleOutline& OutlineReturn) {
-  Scratch.clear();
-  AppendLine(Rule.RuleLines().front().Parts.SLType, Scratch);
-  for (const std::string_view Label : Rule.SLLabels()) {
-    AppendLine(Label, Scratch);
-  }
-  OutlineReturn.SourceSum = std::hash<std::string_view>()(Scratch);
-  OutlineReturn.OtherSourceSum = SecondSum(Scratch);
-  std::size_t Begin = ComponentsEnd;
-  for (const std::size_t End : vEquationEnds) {
-    const std::string_view Equation =
-        std::string_view(OutlineReturn.Key).substr(Begin, End - Begin);
-    OutlineReturn.SourceSum += std::hash<std::string_view>()(Equation);
-    OutlineReturn.OtherSourceSum += SecondSum(Equation);
-    Begin = End;
-  }
-}
-
-/// The words of the target count as they are written; alignments and equations in any order.
-void OutlineMaker::SumRest(const SourceRule& Rule, RuleOutline& OutlineReturn) {
-  Scratch.clear();
-  AppendLine(Rule.RuleLines().front().Parts.TLType, Scratch);
-  for (const std::string_view Label : Rule.TLLabels()) {
-    if (IsLiteral(Label)) {
-      Scratch.append(Label).append(1, '\n');
-    } else {
-      AppendLine(Label, Scratch);
-    }
-  }
-  OutlineReturn.RestSum = SecondSum(Scratch);
-  for (const SourceRule::AlignmentLine& Line : Rule.Alignments()) {
-    Scratch = std::to_string(Line.Parts.X) + ':' + std::to_string(Line.Parts.Y);
-    OutlineReturn.RestSum += SecondSum(Scratch);
-  }
-  for (const SourceRule::ConstraintLine& Line : Rule.Constraints()) {
-    if (!IsOfAnalysis(Line.Parts)) {
-      Scratch.assign(1, Line.Parts.Left.Side);
-      Scratch += Line.Parts.RightNode ? Line.Parts.RightNode->Side : ' ';
-      AppendEquation(Line.Parts, Scratch);
-      OutlineReturn.RestSum += SecondSum(Scratch);
-    }
-  }
-}
-
 void OutlineMaker::Make(const SourceRule& Rule, RuleOutline& OutlineReturn) {
-  if (!HasReadableTypes(Rule)) {
+  OutlineReturn.Clear();
+  OutlineReturn.HasTypes = HasReadableTypes(Rule);
+  if (!OutlineReturn.HasTypes) {
     return;
   }
-  OutlineReturn.IsUsable = HasUsableLines(Rule) && Places.Find(Rule, false);
-  AddTypes(Rule, OutlineReturn);
+  const bool HasLines = HasUsableLines(Rule);
+  OutlineReturn.IsUsable = HasLines && Sources.Find(Rule, false);
+  OutlineReturn.LacksSources = HasLines && !OutlineReturn.IsUsable;
+  const SourceRule::RuleLine& Line = Rule.RuleLines().front();
+  OutlineReturn.RuleLine = Line.Line;
+  OutlineReturn.SLType = Summed(Line.Parts.SLType);
+  OutlineReturn.TLType = Summed(Line.Parts.TLType);
+  OutlineReturn.Source.Add(OutlineReturn.SLType.Sum);
+  OutlineReturn.Key.Add(OutlineReturn.IsUsable ? 1 : 0);
+  OutlineReturn.Key.Add(OutlineReturn.SLType.Sum);
+  OutlineReturn.Key.Add(OutlineReturn.TLType.Sum);
   AddComponents(Rule, OutlineReturn);
+  OutlineReturn.Key.Add(OutlineReturn.ComponentCount);
   if (OutlineReturn.IsUsable) {
-    const std::size_t ComponentsEnd = OutlineReturn.Key.size();
     AddEquations(Rule, OutlineReturn);
-    SumSource(Rule, ComponentsEnd, OutlineReturn);
     SumRest(Rule, OutlineReturn);
   }
-  OutlineReturn.KeySum = std::hash<std::string_view>()(OutlineReturn.Key);
-  OutlineReturn.OtherKeySum = SecondSum(OutlineReturn.Key);
 }
 
 }  // namespace Grammar

@@ -2,10 +2,11 @@
 
 #include "PlaceSources.h"
 #include "SourceRule.h"
+#include "SumPair.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <string_view>
 #include <vector>
 
 namespace Grammar {
@@ -14,25 +15,68 @@ namespace Grammar {
 /// source side and its equations between those. Literals are all alike here: what their words
 /// are decides about texts, and not about which rules can work together.
 ///
-/// The key says all of it, in capitals, each part on a line. For the rule
+/// For the rule
 ///
 ///   NP::NP : ["the" N] -> [N]
 ///   ( (X2::Y1) ((x2 num) = sg) ((x0 num) = (x2 num)) ((y0 gen) = (y1 gen)) )
 ///
-/// it is NP, NP, ", pN, wN, +2 NUM, aSG, =0 NUM, 2 NUM.
+/// these are NP, NP, two components of which the second is a place with the label N, for which N is
+/// wanted, and the first two equations.
+///
+/// All texts are as written, and mean the same in any case. They are views into the text of the
+/// rule.
 struct RuleOutline {
-  std::string Key;           ///< empty if the types cannot be read
-  std::uint64_t KeySum = 0;  ///< two sums of the key
-  std::uint64_t OtherKeySum = 0;
-  std::size_t RuleLine = 0;             ///< from 0 within the rule
-  std::vector<std::uint32_t> vColumns;  ///< of the places in the key, from 1
-  std::vector<std::uint32_t> vLines;    ///< of the equations in the key, from 0 within the rule
+  struct Word {
+    std::string_view Text;
+    std::uint64_t Sum = 0;  ///< in capitals; see SumPair.h
+  };
 
-  /// Two sums of the source side with its words, in capitals, and of its equations in any order.
-  std::uint64_t SourceSum = 0;
-  std::uint64_t OtherSourceSum = 0;
-  std::uint64_t RestSum = 0;  ///< a sum of all else, but for header and comments
-  bool IsUsable = false;
+  /// A component of the source side that is no literal.
+  struct Place {
+    std::uint32_t Component = 0;  ///< from 1
+    std::uint32_t Column = 0;     ///< of its label in the rule line, from 1
+    Word Label;
+    Word Wanted;  ///< the target type of what fills it; empty where it has none
+  };
+
+  /// Some of `vWords`.
+  struct Words {
+    std::uint32_t First = 0;
+    std::uint32_t Count = 0;
+  };
+
+  struct Path {
+    std::uint32_t Component = 0;  ///< from 1; 0 for the rule's own node
+    Words Features;
+  };
+
+  enum class Kind : std::uint8_t { Link, Any, Not };
+
+  struct Equation {
+    Kind What = Kind::Link;
+    Path Left;
+    Path Right;  ///< of a link
+    Words Atoms;
+    std::uint32_t Line = 0;  ///< from 0 within the rule
+  };
+
+  bool HasTypes = false;      ///< nothing else means anything where the types cannot be read
+  bool IsUsable = false;      ///< otherwise, only types and labels count
+  bool LacksSources = false;  ///< whether only a place without source keeps it from being used
+  std::size_t RuleLine = 0;   ///< from 0 within the rule
+  Word SLType;
+  Word TLType;
+  std::uint32_t ComponentCount = 0;
+  std::vector<Place> vPlaces;
+  std::vector<Equation> vEquations;
+  std::vector<Word> vWords;
+
+  SumPair Key;             ///< of all that
+  SumPair Source;          ///< of the source side with its words, and of its equations in any order
+  std::uint64_t Rest = 0;  ///< of all else, but for header and comments
+
+  /// Makes it that of no rule; its storage is used again.
+  void Clear();
 };
 
 /// Makes outlines, on one thread each.
@@ -42,21 +86,19 @@ struct RuleOutline {
 ///   Maker.Make(Record.Lines(), Outline);
 class OutlineMaker {
  public:
-  /// Of a rule that cannot be used, only the types and labels count.
-  /// @param OutlineReturn has to be new
+  /// @param Rule its text has to outlive the outline
+  /// @param OutlineReturn is written over
   void Make(const SourceRule& Rule, RuleOutline& OutlineReturn);
 
- private:
-  void AddTypes(const SourceRule& Rule, RuleOutline& OutlineReturn);
-  void AddComponents(const SourceRule& Rule, RuleOutline& OutlineReturn);
-  void AddEquations(const SourceRule& Rule, RuleOutline& OutlineReturn);
-  void SumSource(const SourceRule& Rule, std::size_t ComponentsEnd, RuleOutline& OutlineReturn);
-  void SumRest(const SourceRule& Rule, RuleOutline& OutlineReturn);
+  /// The sources of the places of the rule that was looked at last, where it is usable or nothing
+  /// but a source is missing.
+  const PlaceSources& Places() const { return Sources; }
 
-  PlaceSources Places;
+ private:
+  void AddComponents(const SourceRule& Rule, RuleOutline& OutlineReturn);
+
+  PlaceSources Sources;
   std::vector<std::string_view> vWanted;
-  std::string Scratch;
-  std::vector<std::size_t> vEquationEnds;
 };
 
 }  // namespace Grammar

@@ -108,13 +108,12 @@ void ReportPlaces(const PlaceSources& Places, std::size_t Line, Severity Level,
 
 }  // namespace
 
-void CheckPlaces(const SourceRule& Lines, PlaceSources& PlacesReturn,
-                 std::vector<Finding>& vFindingsReturn) {
+void ReportMissingSources(const SourceRule& Lines, const PlaceSources& Places,
+                          std::vector<Finding>& vFindingsReturn) {
   const auto IsError = [](const Finding& Found) { return Found.Level == Severity::Error; };
-  if (std::none_of(vFindingsReturn.begin(), vFindingsReturn.end(), IsError) &&
-      HasUsableLines(Lines) && !PlacesReturn.Find(Lines, false)) {
+  if (std::none_of(vFindingsReturn.begin(), vFindingsReturn.end(), IsError)) {
     RuleFindings Findings(Lines.Text(), vFindingsReturn);
-    ReportPlaces(PlacesReturn, Lines.RuleLines().front().Line, Severity::Warning, Findings);
+    ReportPlaces(Places, Lines.RuleLines().front().Line, Severity::Warning, Findings);
     SortFindings(vFindingsReturn);
   }
 }

@@ -38,11 +38,10 @@ void ReportUnusable(const SourceRule& Lines, bool IsReversed,
 
 /// Adds the places of a rule that have no source, as warnings (TR015): the rule is sound as a
 /// record, and cannot be applied to texts.
-/// @param PlacesReturn is written over; with the same one for many rules, none has to make its own
+/// @param Places what was found out about its places
 /// @param vFindingsReturn what has been found in the rule before: where that is an error, nothing
-/// is
-///        added
-void CheckPlaces(const SourceRule& Lines, PlaceSources& PlacesReturn,
-                 std::vector<Finding>& vFindingsReturn);
+/// is added
+void ReportMissingSources(const SourceRule& Lines, const PlaceSources& Places,
+                          std::vector<Finding>& vFindingsReturn);
 
 }  // namespace Grammar

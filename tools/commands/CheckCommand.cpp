@@ -47,7 +47,8 @@ class FindingFilter {
     Least = Options.Least.value_or(NamesNote ? Severity::Note : Severity::Warning);
   }
 
-  bool IsWanted(std::string_view Code) const { return vIsWanted[PlaceOf(*FindCode(Code))]; }
+  bool IsWanted(const CodeInfo& Info) const { return vIsWanted[PlaceOf(Info)]; }
+  bool IsWanted(std::string_view Code) const { return IsWanted(*FindCode(Code)); }
   bool IsShown(Severity Level) const { return Level >= Least; }
   bool IsShown(const Finding& Found) const { return IsShown(Found.Level) && IsWanted(Found.Code); }
   bool WantsShown(std::string_view Code) const {
@@ -97,7 +98,7 @@ class CheckBatch {
       vsFailures.clear();
       IsFile = false;
       IsRead = false;
-      Outline = RuleOutline();
+      Outline.Clear();
       vFindings.clear();
       Shown.clear();
       Hidden.clear();
@@ -231,24 +232,20 @@ class WholeChecker {
     Shapes.Finish();
     ReportMissingStarts();
     GrammarFindings Whole(Shapes);
-    if (Wants("TR050")) {
+    const bool WantsLacks = CountsNotes || Filter.IsShown(Whole.LevelOfLack());
+    if (WantsLacks && Wants("TR050")) {
       Whole.AddUnprovidedLabels();
     }
     if (WantsStarts()) {
       Whole.AddUnreachableRules(vsStarts);
     }
-    if (Wants("TR052")) {
+    if (WantsLacks && Wants("TR052")) {
       Whole.AddUnsuppliedValues();
     }
     if (Wants("TR053")) {
       Whole.AddUnaryCycles();
     }
-    std::vector<Finding> vFindings = Whole.Take();
-    const auto IsHidden = [&](const Finding& Found) {
-      return !CountsNotes && !Filter.IsShown(Found.Level);
-    };
-    vFindings.erase(std::remove_if(vFindings.begin(), vFindings.end(), IsHidden), vFindings.end());
-    return vFindings;
+    return Whole.Take();
   }
 
  private:
@@ -288,20 +285,19 @@ class RulesChecker {
   /// Called on several threads at once.
   void Prepare(CheckBatch& BatchReturn) const {
     RuleRecord Record;
-    PlaceSources Places;
     OutlineMaker Outlines;
-    std::string Block;
+    std::string Scratch;
     for (CheckBatch::Item& Current : BatchReturn) {
       if (!Current.IsFile && !Current.Text.Continues) {
         HiddenNotes* const Hidden = Filter.IsShown(Severity::Note) ? nullptr : &Current.Hidden;
         Current.IsRead = CheckRule(Current.Text, Record, Current.vFindings, Hidden);
-        CheckPlaces(Record.Lines(), Places, Current.vFindings);
-        if (Whole.WantsShapes() || Whole.WantsRivals()) {
-          Outlines.Make(Record.Lines(), Current.Outline);
+        Outlines.Make(Record.Lines(), Current.Outline);
+        if (Current.Outline.LacksSources) {
+          ReportMissingSources(Record.Lines(), Outlines.Places(), Current.vFindings);
         }
       }
       if (Current.IsRead) {
-        Current.Identity = Repeated.IdentityOf(Record, Block);
+        Repeated.Identify(Record, Scratch, Current.Identity);
       }
       AppendShown(Current);
     }
@@ -367,7 +363,7 @@ class RulesChecker {
       }
     }
     for (const CodeInfo* Info : Item.Hidden) {
-      if (Filter.IsWanted(Info->Code)) {
+      if (Filter.IsWanted(*Info)) {
         All.Add(Info->Code, Severity::Note);
       }
     }

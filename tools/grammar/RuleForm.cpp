@@ -469,6 +469,47 @@ void RuleForm::AppendBlock(std::string& TextReturn) const {
   TextReturn += ')';
 }
 
+/// Adds a sum of each line that an entry stands for, all of which are in capitals.
+void RuleForm::AddSums(const Entry& Current, std::string& ScratchReturn,
+                       SumPair& SumsReturn) const {
+  const SourceRule::ConstraintLine& Written = *vLines[vPlaces[Current.Begin]].Written;
+  if (Current.End - Current.Begin == 1 && Current.FeatValue.empty() && IsNormal(Written)) {
+    SumsReturn.Add(SumInCapitals(Rule->CodeOf(Written.Line)));
+    return;
+  }
+  ScratchReturn.clear();
+  AppendEntry(Current, ScratchReturn);
+  for (std::string_view Lines = ScratchReturn; !Lines.empty();) {
+    const std::size_t Size = Lines.find('\n');
+    SumsReturn.Add(SumInCapitals(Lines.substr(0, Size)));
+    Lines.remove_prefix(Size + 1);
+  }
+}
+
+SumPair RuleForm::BlockSums(std::string& ScratchReturn) const {
+  SumPair Sums;
+  for (const std::size_t Side : {Source, Target}) {
+    Sums.AddText(Types[Side]);
+    Sums.Add(Labels[Side].size());
+    for (const std::string_view Label : Labels[Side]) {
+      if (IsQuoted(Label)) {
+        Sums.AddText(Label);
+      } else {
+        Sums.Add(SumInCapitals(Label));
+      }
+    }
+  }
+  Sums.Add(vPairs.size());
+  for (const Pair& Aligned : vPairs) {
+    Sums.AddText(Aligned.Text[Source]);
+    Sums.AddText(Aligned.Text[Target]);
+  }
+  for (const std::size_t Place : vOrder) {
+    AddSums(vEntries[Place], ScratchReturn, Sums);
+  }
+  return Sums;
+}
+
 namespace {
 
 /// Whether a label is written as the library writes it, in capitals.

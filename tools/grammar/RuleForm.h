@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SourceRule.h"
+#include "SumPair.h"
 
 #include <ConstraintStore.h>
 #include <ConstraintText.h>
@@ -58,6 +59,11 @@ class RuleForm {
   /// Appends the rule line and the block of alignments and constraints in the normal form, without
   /// a line end after the last line.
   void AppendBlock(std::string& TextReturn) const;
+
+  /// Sums that are the same for rules with the same block.
+  /// @param ScratchReturn is written over; with the same one for many rules, none has to make its
+  /// own
+  SumPair BlockSums(std::string& ScratchReturn) const;
 
   /// Appends the text that the library compares rules by.
   /// @return whether it is plain to see that this text ends in the block of the normal form, as
@@ -159,6 +165,7 @@ class RuleForm {
   std::string_view CodeOf(const Line& Current) const;
   void AppendWritten(const Line& Current, std::string& TextReturn) const;
   void AppendEntry(const Entry& Current, std::string& TextReturn) const;
+  void AddSums(const Entry& Current, std::string& ScratchReturn, SumPair& SumsReturn) const;
   void AppendLibraryEntry(const Entry& Current, std::string& TextReturn) const;
   void AppendRuleLine(bool KeepsLiterals, std::string& TextReturn) const;
   void AppendAlignments(std::string& TextReturn) const;
