@@ -3,7 +3,6 @@
 #include "NearestName.h"
 #include "RuleDescription.h"
 
-#include <algorithm>
 #include <iostream>
 #include <utility>
 
@@ -22,20 +21,18 @@ bool RuleNames::Take(const Grammar::SourceRule& Lines) {
   }
   std::string Header = HeaderTextOf(Lines);
   if (!Header.empty()) {
-    vsHeaders.push_back(std::move(Header));
+    ssHeaders.insert(std::move(Header));
   }
   return IsMeant;
 }
 
 bool RuleNames::Report() const {
-  std::vector<std::string> vsOnce = vsHeaders;
-  std::sort(vsOnce.begin(), vsOnce.end());
-  vsOnce.erase(std::unique(vsOnce.begin(), vsOnce.end()), vsOnce.end());
+  const std::vector<std::string> vsHeaders(ssHeaders.begin(), ssHeaders.end());
   bool AllFit = true;
   for (std::size_t Current = 0; Current < vsNames.size(); ++Current) {
     if (!vIsFound[Current]) {
       AllFit = false;
-      const std::string Nearest = Grammar::NearestName(vsNames[Current], vsOnce);
+      const std::string Nearest = Grammar::NearestName(vsNames[Current], vsHeaders);
       std::cerr << "trrule: no rule fits " << vsNames[Current]
                 << (Nearest.empty() ? "" : "; did you mean " + Nearest + "?") << '\n';
     }

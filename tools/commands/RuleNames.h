@@ -2,6 +2,7 @@
 
 #include "SourceRule.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,7 @@ class RuleNames {
  private:
   std::vector<std::string> vsNames;
   std::vector<bool> vIsFound;
-  std::vector<std::string> vsHeaders;  // of all rules
+  std::set<std::string> ssHeaders;  // of all rules
 };
 
 }  // namespace Translate

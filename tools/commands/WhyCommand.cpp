@@ -3,17 +3,16 @@
 #include "WhyCommand.h"
 
 #include "DiagnosisWriter.h"
-#include "NearestName.h"
 #include "OutputFile.h"
 #include "RuleDescription.h"
 #include "RuleDiagnosis.h"
+#include "RuleNames.h"
 #include "RunError.h"
 #include "TranslateCommand.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
-#include <set>
 #include <utility>
 
 namespace Translate {
@@ -50,49 +49,22 @@ void SplitRuleNames(const std::vector<std::string>& vsArguments, std::vector<std
 
 namespace {
 
-/// The rules that are asked about, in the order of the input, and the names of all.
+/// The rules that are asked about, in the order of the input.
 struct AskedRules {
+  RuleNames Names;
   std::vector<RuleDescription> vRules;
-  std::vector<bool> vIsFound;  // of the names
-  std::set<std::string> sHeaders;
 };
 
-void TakeRule(const std::vector<std::string>& vsNames, const Grammar::SourceRule& Lines,
-              const UsableRule* Rule, const std::vector<Grammar::Finding>& vFindings,
-              std::uint32_t Index, AskedRules& AskedReturn) {
-  bool IsMeant = false;
-  for (std::size_t Current = 0; Current < vsNames.size(); ++Current) {
-    if (IsRuleMeant(vsNames[Current], Lines)) {
-      AskedReturn.vIsFound[Current] = true;
-      IsMeant = true;
-    }
-  }
-  if (IsMeant) {
+void TakeRule(const Grammar::SourceRule& Lines, const UsableRule* Rule,
+              const std::vector<Grammar::Finding>& vFindings, std::uint32_t Index,
+              AskedRules& AskedReturn) {
+  if (AskedReturn.Names.Take(Lines)) {
     RuleDescription& New = AskedReturn.vRules.emplace_back(DescribeRule(Lines, Rule));
     New.vFindings = vFindings;
     if (Rule != nullptr) {
       New.Index = Index;
     }
   }
-  const std::string Header = HeaderTextOf(Lines);
-  if (!Header.empty()) {
-    AskedReturn.sHeaders.insert(Header);
-  }
-}
-
-/// @return whether all names fit some rule
-bool ReportNames(const std::vector<std::string>& vsNames, const AskedRules& Asked) {
-  const std::vector<std::string> vsHeaders(Asked.sHeaders.begin(), Asked.sHeaders.end());
-  bool AllFit = true;
-  for (std::size_t Current = 0; Current < vsNames.size(); ++Current) {
-    if (!Asked.vIsFound[Current]) {
-      AllFit = false;
-      const std::string Nearest = Grammar::NearestName(vsNames[Current], vsHeaders);
-      std::cerr << "trrule: no rule fits " << vsNames[Current]
-                << (Nearest.empty() ? "" : "; did you mean " + Nearest + "?") << '\n';
-    }
-  }
-  return AllFit;
 }
 
 // ---- Answers ----------------------------------------------------------------------------------
@@ -199,16 +171,15 @@ bool AppendAnswers(const WhyOptions& Options, const RuleSet& Rules, const AskedR
 
 int RunWhy(const WhyOptions& Options) {
   RuleSet Rules(Options.Rules);
-  AskedRules Asked;
-  Asked.vIsFound.resize(Options.vsNames.size());
+  AskedRules Asked{RuleNames(Options.vsNames), {}};
   const Grammar::RunTally Tally = LoadRules(
       Options.vsGrammars, Options.Quiet, Rules,
       [&](const Grammar::SourceRule& Lines, const UsableRule* Rule,
           const std::vector<Grammar::Finding>& vFindings) {
         const auto Index = static_cast<std::uint32_t>(Rules.Size() - (Rule == nullptr ? 0 : 1));
-        TakeRule(Options.vsNames, Lines, Rule, vFindings, Index, Asked);
+        TakeRule(Lines, Rule, vFindings, Index, Asked);
       });
-  const bool AllFit = ReportNames(Options.vsNames, Asked);
+  const bool AllFit = Asked.Names.Report();
   Grammar::OutputFile Output(Options.Output);
   std::string Out;
   const bool HasFacts = AppendAnswers(Options, Rules, Asked, Out);

@@ -189,10 +189,11 @@ void RuleLayout::OrderLinks() {
 
 /// Puts the slots side by side, so far apart that the texts between them have room.
 void RuleLayout::PlaceSlots() {
-  std::vector<int> vTextWidths(vSlots.size() * 2, 0);  // of the arcs behind each slot, by side
+  // Of the texts of the arcs after each slot, by side.
+  std::vector<std::array<int, 2>> vTextWidths(vSlots.size());
   for (const std::size_t Side : {Source, Target}) {
     for (const Arc& Current : vArcs[Side]) {
-      int& Width = vTextWidths[Current.Gap * 2 + Side];
+      int& Width = vTextWidths[Current.Gap][Side];
       Width = std::max(Width, Current.Width + 4 * Units.TextGap);
     }
   }
@@ -206,8 +207,8 @@ void RuleLayout::PlaceSlots() {
     int Distance =
         HalfWidth(Before) + HalfWidth(Here) + Units.Gap + (Index == 1 ? Units.OwnGap : 0);
     for (const std::size_t Side : {Source, Target}) {
-      Distance = std::max(Distance, Before.ArcReach[Side] + vTextWidths[(Index - 1) * 2 + Side] +
-                                        Here.ArcReach[Side]);
+      Distance = std::max(
+          Distance, Before.ArcReach[Side] + vTextWidths[Index - 1][Side] + Here.ArcReach[Side]);
     }
     Distance = std::max(Distance, Before.LinkReach[Target] + Before.LinkText + 2 * Units.PortStep +
                                       Here.LinkReach[Target]);

@@ -194,6 +194,9 @@ std::string IdentifierOf(const Drawing& Picture, std::string_view Place) {
   return Identifier;
 }
 
+constexpr std::string_view Look =
+    " font-family=\"sans-serif\" fill=\"none\" stroke=\"currentColor\" stroke-width=\"1.3\"";
+
 void AppendAll(std::initializer_list<std::string_view> Words, std::string& TextReturn) {
   for (const std::string_view Current : Words) {
     TextReturn += Current;
@@ -209,10 +212,8 @@ void AppendSvg(const Drawing& Picture, const SvgOptions& Options, std::string& T
   AppendNumber("\" height=\"", Picture.Height, TextReturn);
   AppendNumber("\" viewBox=\"0 0 ", Picture.Width, TextReturn);
   AppendNumber(" ", Picture.Height, TextReturn);
-  AppendAll({"\" role=\"img\" aria-labelledby=\"", Id, "-title ", Id,
-             "-desc\" font-family=\"sans-serif\" fill=\"none\" stroke=\"currentColor\" "
-             "stroke-width=\"1.3\">\n<title id=\"",
-             Id, "-title\">"},
+  AppendAll({"\" role=\"img\" aria-labelledby=\"", Id, "-title ", Id, "-desc\"", Look,
+             ">\n<title id=\"", Id, "-title\">"},
             TextReturn);
   AppendEscaped(Picture.Title, TextReturn);
   AppendAll({"</title>\n<desc id=\"", Id, "-desc\">"}, TextReturn);
