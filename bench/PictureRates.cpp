@@ -1,5 +1,5 @@
 // The cost of pictures: draws generated rules on one thread, and reports how many in a second of
-// processor time, with reading them. Each figure stands on a line behind its name.
+// processor time, with reading them. Each figure stands on a line after its name.
 //
 //   trrule-picture-rates COUNT
 

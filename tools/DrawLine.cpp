@@ -1,8 +1,9 @@
+#include "ChoiceOption.h"
 #include "CommandLine.h"
 #include "DrawCommand.h"
 #include "RulePicture.h"
 
-#include <string>
+#include <optional>
 
 namespace {
 
@@ -14,16 +15,16 @@ struct DrawLine {
 constexpr const char* Footer =
     "The source row stands above, the target row below. Solid lines are alignments, dashed lines\n"
     "what passes from x to y; arcs are agreement on one side. Values stand in the box of their\n"
-    "component. The frame of the head is double, that of a place without partner dashed.\n"
+    "component. The frame of the head is double, that of an unaligned place dashed.\n"
     "\n"
     "A rule is named by its header, TYPE,NUMBER, or by its file and one of its lines, FILE:LINE.\n"
     "Without --rule all rules are drawn. Where -o names a folder, or ends in /, each picture becomes\n"
     "a file in it. Without --format the name of the output says the form, and otherwise it is text.\n"
-    "A rule that is too wide for text is told in sentences.\n"
+    "A rule that is too wide for text is described in sentences.\n"
     "\n"
     "Constraints and alignments that cannot be drawn are listed below the picture.\n"
     "\n"
-    "Exit status: 0 all drawn, 1 no rule fits or something was told of a rule, 2 the run failed.\n"
+    "Exit status: 0 all drawn, 1 no rule fits or something was reported of a rule, 2 the run failed.\n"
     "\n"
     "Example:\n"
     "  trrule draw --rule NP,8 np.trr\n"
@@ -48,21 +49,16 @@ void AddInputs(CLI::App& CommandReturn, DrawLine& LineReturn) {
 
 void AddForm(CLI::App& CommandReturn, Grammar::DrawOptions& OptionsReturn) {
   using Grammar::DrawFormat;
-  CommandReturn
-      .add_option_function<std::string>(
-          "--format",
-          [&](const std::string& Name) {
-            OptionsReturn.Format = Name == "svg"    ? DrawFormat::Svg
-                                   : Name == "html" ? DrawFormat::Html
-                                                    : DrawFormat::Text;
-          },
-          "svg, html or text")
-      ->type_name("FORM")
-      ->check(CLI::IsMember({"svg", "html", "text"}));
-  CommandReturn.add_flag("--ascii", OptionsReturn.IsAscii, "text: draw with ASCII alone");
+  AddChoice<std::optional<DrawFormat>>(
+      CommandReturn, "--format",
+      {{"svg", DrawFormat::Svg}, {"html", DrawFormat::Html}, {"text", DrawFormat::Text}},
+      OptionsReturn.Format, "svg, html or text")
+      ->type_name("FORM");
+  CommandReturn.add_flag("--ascii", OptionsReturn.IsAscii,
+                         "text: use only ASCII for frames and lines");
   CommandReturn
       .add_option("--width", OptionsReturn.Width,
-                  "text: so many columns; those of the terminal otherwise, or 80")
+                  "text: the number of columns; by default those of the terminal, or 80")
       ->type_name("N")
       ->check(CLI::Range(Picture::RulePicture::LeastWidth, 10000));
 }

@@ -15,9 +15,9 @@ std::string LineOf(const Origin& From) {
   return std::to_string(From.Line) + " ";
 }
 
-/// A component as "x1 N", with "?" without partner, "*" for the head and the tags behind it.
-std::string Told(const Component& Shown) {
-  std::string Words = Shown.Name + ' ' + Shown.Label + (Shown.LacksPartner ? "?" : "") +
+/// A component as "x1 N", with "?" if unaligned, "*" for the head and the tags after it.
+std::string Described(const Component& Shown) {
+  std::string Words = Shown.Name + ' ' + Shown.Label + (Shown.IsUnaligned ? "?" : "") +
                       (Shown.IsHead ? " * " + std::to_string(Shown.HeadFrom.Line) : "");
   for (const Tag& Current : Shown.vTags) {
     Words += " | " + LineOf(Current.From) + Current.Words;
@@ -34,33 +34,33 @@ void Add(const std::string& Kind, const std::vector<Tie>& vTies, Strings& vsRetu
 }
 
 /// All that is shown of a rule.
-Strings Told(const RuleParts& Parts) {
-  Strings vsTold;
+Strings Described(const RuleParts& Parts) {
+  Strings vsDescribed;
   for (const std::vector<Component>& vComponents : Parts.Components) {
     for (const Component& Current : vComponents) {
-      vsTold.push_back(Told(Current));
+      vsDescribed.push_back(Described(Current));
     }
   }
-  Add("alignment ", Parts.vAlignments, vsTold);
-  Add("x ", Parts.Agreements[0], vsTold);
-  Add("y ", Parts.Agreements[1], vsTold);
-  Add("pass ", Parts.vTransfers, vsTold);
+  Add("alignment ", Parts.vAlignments, vsDescribed);
+  Add("x ", Parts.Agreements[0], vsDescribed);
+  Add("y ", Parts.Agreements[1], vsDescribed);
+  Add("pass ", Parts.vTransfers, vsDescribed);
   for (const Note& Current : Parts.vNotes) {
-    vsTold.push_back((Current.IsConstraint ? "constraint " : "alignment ") + LineOf(Current.From) +
-                     Current.Words);
+    vsDescribed.push_back((Current.IsConstraint ? "constraint " : "alignment ") +
+                          LineOf(Current.From) + Current.Words);
   }
-  return vsTold;
+  return vsDescribed;
 }
 
 /// What is shown of a rule with these lines, but for its components.
-Strings ToldOf(const std::string& Body) {
+Strings DescribedLines(const std::string& Body) {
   const ReadRuleText Rule("NP::NP : [DET N] -> [DET N]\n(X1::Y1)\n" + Body);
-  return Told(Rule.Parts());
+  return Described(Rule.Parts());
 }
 
 const Strings Plain{"x0 NP", "x1 DET", "x2 N?", "y0 NP", "y1 DET", "y2 N?", "alignment 2 1-1"};
 
-/// The plain rule with one entry replaced, or added behind the others.
+/// The plain rule with one entry replaced, or added after the others.
 Strings With(std::size_t At, const std::string& Entry) {
   Strings vsAll = Plain;
   vsAll.resize(std::max(At + 1, vsAll.size()));
@@ -104,20 +104,21 @@ TEST(RuleParts, HaveEachConstraintWhereItBelongs) {
       {"(X1::1)", 7, "alignment 3 (X1::1): this cannot be read"},
   };
   for (const auto& Current : Cases) {
-    EXPECT_EQ(ToldOf(Current.Constraint), With(Current.At, Current.Entry)) << Current.Constraint;
+    EXPECT_EQ(DescribedLines(Current.Constraint), With(Current.At, Current.Entry))
+        << Current.Constraint;
   }
 }
 
 TEST(RuleParts, TakeRepeatedConstraintsOneByOne) {
-  EXPECT_EQ(ToldOf("(x0 = x2)\n(x0 = x2)\n"),
+  EXPECT_EQ(DescribedLines("(x0 = x2)\n(x0 = x2)\n"),
             (Strings{"x0 NP", "x1 DET", "x2 N? * 3", "y0 NP", "y1 DET", "y2 N?", "alignment 2 1-1",
                      "x 4 0-2 ="}));
-  EXPECT_EQ(ToldOf("((x1 num) = sg)\n((x1 num) = pl)\n((x1 num) = (*NOT* du))\n"),
+  EXPECT_EQ(DescribedLines("((x1 num) = sg)\n((x1 num) = pl)\n((x1 num) = (*NOT* du))\n"),
             With(1, "x1 DET | 3 NUM: SG | 4 or NUM: PL | 5 NUM: not DU"));
 }
 
 TEST(RuleParts, ListWhatCannotBeDrawnInTheOrderOfTheLines) {
-  EXPECT_EQ(ToldOf("((x1 num = sg)\n(X9::Y1)\n(y0 = n)\n"),
+  EXPECT_EQ(DescribedLines("((x1 num = sg)\n(X9::Y1)\n(y0 = n)\n"),
             (Strings{"x0 NP", "x1 DET", "x2 N?", "y0 NP", "y1 DET", "y2 N?", "alignment 2 1-1",
                      "constraint 3 ((x1 num = sg): this cannot be read",
                      "alignment 4 (X9::Y1): there is no x9",
@@ -126,7 +127,7 @@ TEST(RuleParts, ListWhatCannotBeDrawnInTheOrderOfTheLines) {
 
 TEST(RuleParts, KeepLiteralsAsTheyAreWritten) {
   const ReadRuleText Rule("NP::NP : [\"the\" n] -> [n]\n(X2::Y1)\n");
-  EXPECT_EQ(Told(Rule.Parts()),
+  EXPECT_EQ(Described(Rule.Parts()),
             (Strings{"x0 NP", "x1 \"the\"", "x2 N", "y0 NP", "y1 N", "alignment 2 2-1"}));
   EXPECT_TRUE(Rule.Parts().Components[0][1].IsLiteral);
 }
@@ -151,7 +152,7 @@ TEST(RuleParts, ReadTheRuleAloud) {
       "((x2 gen) = (*NOT* f n))\n((y1 agr num) = (x2 num))\n((y0 num) = (y1 num))\n"
       "((x2 a) = (x2 b))\n(y0 = x0)\n((x9 a) = b)\n");
   EXPECT_EQ(Rule.Parts().vsSentences,
-            (Strings{"Source NP: x1 \"the\", x2 N.", "Target NP: y1 N.", "x2 goes with y1.",
+            (Strings{"Source NP: x1 \"the\", x2 N.", "Target NP: y1 N.", "x2 is aligned with y1.",
                      "x2 is the head of x0.", "NUM of x2 is SG.", "or NUM of x2 is PL.",
                      "GEN of x2 is not F, not N.", "AGR NUM of y1 comes from NUM of x2.",
                      "NUM of y0 agrees with NUM of y1.", "A of x2 is the same as B of x2.",

@@ -40,7 +40,7 @@ the red car
 )");
 }
 
-TEST(RulePicture, IsDrawnWithAsciiAlone) {
+TEST(RulePicture, IsDrawnInAscii) {
   EXPECT_EQ('\n' + TextPictureOf(Crossing, 80, true), R"(
                             +--- NUM -----+
  +-----+   +---------+  +---+---+     #===#===#
@@ -62,15 +62,17 @@ the red car
 )");
 }
 
-TEST(RulePicture, IsToldWhereItIsTooWide) {
+TEST(RulePicture, IsDescribedIfItIsTooWide) {
   EXPECT_EQ('\n' + TextPictureOf(Crossing, 24), R"(
 Rule {NP,8}, NP::NP
   Source NP: x1 "the",
     x2 ADJ, x3 N.
   Target NP: y1 N, y2
     ADJ, y3 DET.
-  x2 goes with y2.
-  x3 goes with y1.
+  x2 is aligned with
+    y2.
+  x3 is aligned with
+    y1.
   x3 is the head of
     x0.
   NUM of x2 agrees
@@ -101,7 +103,7 @@ TEST(RulePicture, KeepsWordsFromTurningTheirNeighbours) {
 )");
 }
 
-TEST(RulePicture, DrawsThePlaceWithoutPartnerThatIsTheHead) {
+TEST(RulePicture, DrawsAHeadThatIsUnaligned) {
   EXPECT_EQ('\n' + TextPictureOf("{A,1}\nNP::NP : [N] -> [\"\"]\n(x0 = x1)\n((y1 a) = (x1 a))\n"),
             R"(
  ╭─────╮   ╔╌╌╌╌╌╗
@@ -121,10 +123,10 @@ TEST(RulePicture, DrawsThePlaceWithoutPartnerThatIsTheHead) {
 
 TEST(RulePicture, IsWrittenAsSvg) {
   EXPECT_EQ('\n' + SvgOf("{A,1}\nS::S : [\"<&>\"] -> [N]\n(X1::Y1)\n(y0 = y1)\n"), R"svg(
-<svg xmlns="http://www.w3.org/2000/svg" id="p371b961957fb3f76" width="185" height="210" viewBox="0 0 185 210" role="img" aria-labelledby="p371b961957fb3f76-title p371b961957fb3f76-desc" font-family="sans-serif" fill="none" stroke="currentColor" stroke-width="1.3">
-<title id="p371b961957fb3f76-title">Rule {A,1}, S::S</title>
-<desc id="p371b961957fb3f76-desc">Source S: x1 &quot;&lt;&amp;&gt;&quot;. Target S: y1 N. x1 goes with y1. y1 is the head of y0.</desc>
-<style>#p371b961957fb3f76{color:#222}@media (prefers-color-scheme:dark){#p371b961957fb3f76{color:#ddd}}</style>
+<svg xmlns="http://www.w3.org/2000/svg" id="p7339790cb34bcbe4" width="185" height="210" viewBox="0 0 185 210" role="img" aria-labelledby="p7339790cb34bcbe4-title p7339790cb34bcbe4-desc" font-family="sans-serif" fill="none" stroke="currentColor" stroke-width="1.3">
+<title id="p7339790cb34bcbe4-title">Rule {A,1}, S::S</title>
+<desc id="p7339790cb34bcbe4-desc">Source S: x1 &quot;&lt;&amp;&gt;&quot;. Target S: y1 N. x1 is aligned with y1. y1 is the head of y0.</desc>
+<style>#p7339790cb34bcbe4{color:#222}@media (prefers-color-scheme:dark){#p7339790cb34bcbe4{color:#ddd}}</style>
 <g data-component="x0"><rect x="12" y="12" width="40" height="51" rx="14"/><text x="32" y="35" font-size="16" text-anchor="middle" fill="currentColor" stroke="none">S</text><text x="32" y="52" font-size="11" text-anchor="middle" fill="currentColor" stroke="none">x0</text></g>
 <g data-component="x1"><rect x="87" y="12" width="86" height="51" rx="3"/><text x="130" y="35" font-size="16" text-anchor="middle" font-style="italic" fill="currentColor" stroke="none">&quot;&lt;&amp;&gt;&quot;</text><text x="130" y="52" font-size="11" text-anchor="middle" fill="currentColor" stroke="none">x1</text></g>
 <g data-alignment="(X1::Y1)" data-line="3"><path d="M130 63L130 111"/></g>

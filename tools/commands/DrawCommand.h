@@ -11,7 +11,7 @@ namespace Grammar {
 
 enum class DrawFormat : std::uint8_t { Text, Svg, Html };
 
-/// What a run is told that draws rules.
+/// The options of a run that draws rules.
 struct DrawOptions {
   std::vector<std::string> vsRules;  ///< "NP,8", or "np.trr:5"; none stands for all
   std::optional<DrawFormat> Format;  ///< otherwise the name of the output says it

@@ -88,13 +88,13 @@ struct Drawing {
   std::vector<Line> vLines;
   std::vector<Text> vTexts;
 
-  /// What is added from here on, up to the next call, stands for this.
+  /// Starts a group: what is added up to the next call stands for this.
   void Begin(const Subject& Shown) {
     End();
     vGroups.push_back({Shown, 0, 0, 0});
   }
 
-  /// To be called behind the last group.
+  /// To be called after the last group.
   void End() {
     if (!vGroups.empty()) {
       vGroups.back().BoxEnd = vBoxes.size();

@@ -8,14 +8,14 @@
 
 namespace Picture {
 
-/// Appends what stands before the first picture.
+/// Appends the text before the first picture.
 void BeginPage(std::string_view Title, std::string& TextReturn);
 
 /// Appends a picture with its place in the grammar above it.
 /// @param Svg as `AppendSvg` writes it within a page
 void AppendFigure(std::string_view Place, std::string_view Svg, std::string& TextReturn);
 
-/// Appends what stands behind the last picture.
+/// Appends the text after the last picture.
 void EndPage(std::string& TextReturn);
 
 }  // namespace Picture

@@ -20,7 +20,7 @@ struct Measures {
   int PadX = 0;        ///< between a box and the texts in it
   int PadY = 0;        ///< the same above and below them
   int Gap = 0;         ///< between boxes, at least
-  int OwnGap = 0;      ///< more of it behind the box of the constituent itself
+  int OwnGap = 0;      ///< added after the box of the constituent itself
   int PortStep = 0;    ///< between lines that end at one box
   int FirstLane = 0;   ///< between boxes and the lowest lane
   int LaneHeight = 0;  ///< between lanes

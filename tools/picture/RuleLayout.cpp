@@ -301,7 +301,7 @@ void RuleLayout::AddBox(std::size_t Side, std::size_t Index) {
   New.Width = Width + (Units.IsGrid ? 1 : 0);
   New.Height = BoxHeights[Side];
   New.Shape = Index == 0 ? BoxShape::Own : BoxShape::Component;
-  New.IsDashed = Current.LacksPartner;
+  New.IsDashed = Current.IsUnaligned;
   const int Inner = New.Width - 2 * Units.PadX;
   const Point Inside{New.Corner.X + Units.PadX, New.Corner.Y + Units.PadY};
   Result->Begin({SubjectKind::Component, 0, Current.Name});

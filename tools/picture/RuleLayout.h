@@ -59,7 +59,7 @@ class RuleLayout {
     int RightPort = 0;
     std::uint32_t Lane = 0;
     int Width = 0;          ///< of its text
-    std::uint32_t Gap = 0;  ///< the text stands behind this slot
+    std::uint32_t Gap = 0;  ///< the text stands after this slot
   };
 
   /// An end of an arc, in the order of ports.

@@ -51,7 +51,7 @@ void AddSide(const SourceRule& Lines, char Side, std::string_view Type, RulePart
     New.IsLiteral = Grammar::IsLiteral(Label);
     New.Label = ShownText(New.IsLiteral ? std::string(Label) : Grammar::Upper(Label));
     New.Name = NodeName(Side, vComponents.size() - 1);
-    New.LacksPartner = !New.IsLiteral;
+    New.IsUnaligned = !New.IsLiteral;
   }
 }
 
@@ -92,8 +92,8 @@ void AddAlignment(const SourceRule& Lines, const SourceRule::AlignmentLine& Curr
   New.Second = static_cast<std::uint32_t>(Current.Parts.Y);
   Component& X = PartsReturn.Components[0][New.First];
   Component& Y = PartsReturn.Components[1][New.Second];
-  X.LacksPartner = Y.LacksPartner = false;
-  PartsReturn.vsSentences.push_back(X.Name + " goes with " + Y.Name + '.');
+  X.IsUnaligned = Y.IsUnaligned = false;
+  PartsReturn.vsSentences.push_back(X.Name + " is aligned with " + Y.Name + '.');
 }
 
 }  // namespace

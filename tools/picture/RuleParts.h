@@ -29,7 +29,7 @@ struct Component {
   std::string Label;  ///< in capitals, unless it is a literal
   std::string Name;   ///< "x1"
   bool IsLiteral = false;
-  bool LacksPartner = false;  ///< a place that no alignment names
+  bool IsUnaligned = false;  ///< a place without alignment
   bool IsHead = false;
   Origin HeadFrom;  ///< the constraint that makes it the head
   std::vector<Tag> vTags;

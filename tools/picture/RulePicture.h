@@ -26,7 +26,7 @@ class RulePicture {
   void AppendSvg(bool IsInline, std::string& TextReturn);
 
   /// Appends the picture in lines of text of at most that many columns, at least `LeastWidth`. A
-  /// rule that is wider is told instead, a sentence a line.
+  /// wider rule is described instead, a sentence a line.
   void AppendText(int MaxWidth, bool IsAscii, std::string& TextReturn);
 
   static constexpr int LeastWidth = 20;
