@@ -2,9 +2,8 @@
 
 #include "GrammarFindings.h"
 
-#include "GrammarSupport.h"
-
 #include "RivalRules.h"
+#include "ShapeSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -25,18 +24,6 @@ Strings TextsOf(const std::vector<Finding>& vFindings) {
     sText += Found.OtherLine == 0 ? "" : " (" + std::to_string(Found.OtherLine) + ')';
   }
   return vsTexts;
-}
-
-void AddRules(const std::string& Text, Grammar::GrammarShapes& ShapesReturn) {
-  Grammar::OutlineMaker Maker;
-  Grammar::SourceRule Lines;
-  for (const Grammar::RuleText& Rule : RulesOf(Text)) {
-    Grammar::RuleOutline Outline;
-    Lines.Read(Rule);
-    Maker.Make(Lines, Outline);
-    ShapesReturn.Add(Rule, Outline);
-  }
-  ShapesReturn.Finish();
 }
 
 Strings LabelsIn(const std::string& Text) {

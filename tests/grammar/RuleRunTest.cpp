@@ -13,6 +13,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -356,6 +357,19 @@ std::string MixedGrammar() {
   return Text;
 }
 
+/// Expects that a run over some files, of which one is missing, ends in the same way with any
+/// number of threads.
+/// @param Run runs with a number of threads
+void ExpectTheSameFromAnyNumberOfThreads(
+    const std::function<ChildEnd(const std::string& Threads)>& Run) {
+  const ChildEnd One = Run("1");
+  EXPECT_EQ(One.Status, 2);
+  EXPECT_NE(One.Out, "");
+  for (const char* const Count : {"2", "3", "8"}) {
+    EXPECT_TRUE(Run(Count) == One) << Count << " threads write something else";
+  }
+}
+
 TEST(RuleRun, WritesTheSameForAnyNumberOfThreads) {
   const TestFolder Folder;
   Folder.Write("a.trr", MixedGrammar());
@@ -371,13 +385,7 @@ TEST(RuleRun, WritesTheSameForAnyNumberOfThreads) {
                          {"--threads", Count, "b.trr", "none", "a.trr", "b.trr"});
       return RunTrrule(vsArguments, Folder.Path(""));
     };
-    const ChildEnd One = WithThreads("1");
-    EXPECT_EQ(One.Status, 2);
-    EXPECT_NE(One.Out, "");
-    for (const std::string sCount : {"2", "3", "8"}) {
-      const ChildEnd Several = WithThreads(sCount);
-      EXPECT_TRUE(Several == One) << sCount << " threads write something else";
-    }
+    ExpectTheSameFromAnyNumberOfThreads(WithThreads);
   }
 }
 
@@ -402,13 +410,7 @@ TEST(RuleRun, ReadsTheSameFromJsonForAnyNumberOfThreads) {
     return RunTrrule({"from-json", "--threads", Count, "b.json", "none", "a.json", "b.json"},
                      Folder.Path(""));
   };
-  const ChildEnd One = WithThreads("1");
-  EXPECT_EQ(One.Status, 2);
-  EXPECT_NE(One.Out, "");
-  for (const std::string sCount : {"2", "3", "8"}) {
-    const ChildEnd Several = WithThreads(sCount);
-    EXPECT_TRUE(Several == One) << sCount << " threads write something else";
-  }
+  ExpectTheSameFromAnyNumberOfThreads(WithThreads);
 }
 
 TEST(RuleRun, LeavesNothingOfABrokenRunFromJson) {
