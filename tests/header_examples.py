@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Makes tests of the worked examples in headers.
 
-    tests/header_examples.py --root FOLDER --output FILE HEADER ...
+    tests/header_examples.py --root FOLDER --output FILE [--fixture NAME] HEADER ...
 
 The examples stand between @code and @endcode. In an example,
 
@@ -16,6 +16,9 @@ are the whole text that it prints on standard output:
 
 Every other statement is only compiled and run. The examples of a header are one test, and they share
 no variables. A header without an example is an error.
+
+With a fixture, which NAME.h declares, the tests are in the namespace of their header, and what the
+fixture holds is there for the examples.
 """
 
 import argparse
@@ -26,17 +29,13 @@ from pathlib import Path
 HEAD = """// Made by tests/header_examples.py of the examples in the headers.
 
 {includes}
-#include "support/HeaderExamples.h"
+#include "{support}"
 
 #include <gtest/gtest.h>
 
-namespace TrRuleInternal {{
-
 """
 
-FOOT = """}}  // namespace TrRuleInternal
-
-int HeaderExamples::Headers() {{
+FOOT = """int HeaderExamples::Headers() {{
   return {headers};
 }}
 
@@ -134,20 +133,29 @@ def test_of(place, statement):
             f"    EXPECT_EQ(Actual, Expected) << {where};\n  }}\n")
 
 
-def tests_of(path, place):
+def namespace_of(path):
+    """The first namespace that a header opens."""
+    return re.search(r"^namespace (\w+) {", path.read_text(encoding="utf-8"), re.MULTILINE)[1]
+
+
+def tests_of(path, place, fixture):
     """The tests of a header, and the number of their comparisons."""
-    text = ""
+    namespace = namespace_of(path) if fixture else "TrRuleInternal"
+    text = f"namespace {namespace} {{\n\n"
     comparisons = 0
     for number, example in enumerate(examples_of(path), 1):
-        text += f"TEST(HeaderExamples, {path.stem}{number if number > 1 else ''}) {{\n"
-        text += "  const HeaderExamples::Scope Scope;\n"
+        name = f"{path.stem}{number if number > 1 else ''}"
+        if fixture:
+            text += f"TEST_F({fixture}, {name}) {{\n"
+        else:
+            text += f"TEST(HeaderExamples, {name}) {{\n  const HeaderExamples::Scope Scope;\n"
         for statement in statements_of(example):
             text += test_of(place, statement)
             comparisons += bool(statement.output) or statement.value is not None
         text += "}\n\n"
     if comparisons == 0:
         sys.exit(f"** {place}: no example with a result")
-    return text, comparisons
+    return text + f"}}  // namespace {namespace}\n\n", comparisons
 
 
 def main():
@@ -155,13 +163,15 @@ def main():
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--root", type=Path, required=True)
     parser.add_argument("--output", type=Path, required=True)
+    parser.add_argument("--fixture")
     parser.add_argument("headers", nargs="+", type=Path)
     options = parser.parse_args()
     includes = "".join(f'#include "{path.name}"\n' for path in options.headers)
-    text = HEAD.format(includes=includes)
+    support = f"{options.fixture}.h" if options.fixture else "support/HeaderExamples.h"
+    text = HEAD.format(includes=includes, support=support)
     total = 0
     for path in options.headers:
-        tests, comparisons = tests_of(path, path.relative_to(options.root))
+        tests, comparisons = tests_of(path, path.relative_to(options.root), options.fixture)
         text += tests
         total += comparisons
     text += FOOT.format(headers=len(options.headers), comparisons=total)

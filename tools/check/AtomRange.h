@@ -15,6 +15,11 @@ struct AtomRange {
 };
 
 /// What two ranges have in common.
+///
+/// @code
+/// Common({false, {1, 2}}, {true, {2, 3}}).vAtoms;       // {1}
+/// Common({false, {1}}, {false, {2}}).IsNothing();       // true
+/// @endcode
 AtomRange Common(const AtomRange& Left, const AtomRange& Right);
 
 /// Leaves of a range what is among some atoms. Where it is a few atoms already,

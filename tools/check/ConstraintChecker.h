@@ -13,7 +13,11 @@ std::string TextOf(const TrRuleInternal::ConstraintFields& Fields);
 
 /// Finds what is wrong with one constraint line that is in the format, or will surprise.
 ///
-///   ConstraintChecker(Rule, Findings).Check(Rule.Constraints().front());
+/// @code
+/// RuleFindings Findings(Text, vFindings);
+/// ConstraintChecker(Lines, Findings).Check(Lines.Constraints().front());  // true
+/// vFindings.size();                                                       // 0
+/// @endcode
 class ConstraintChecker {
  public:
   /// @param RulePassIn, FindingsPassIn have to outlive the checker

@@ -23,6 +23,10 @@ struct ConstraintCycle {
 /// The cycles of a rule's agreements: each reference is part of one at most. As the library sees
 /// it, source-side nodes wait for source-side nodes and target-side nodes for target-side nodes,
 /// and of a reference only the number counts. n log n.
+///
+/// @code
+/// FindCycles({{1, 1, 2, 7}, {1, 2, 1, 8}}).front().Nodes;  // "x1 → x2 → x1"
+/// @endcode
 /// @param vReferences in the order of their lines
 std::vector<ConstraintCycle> FindCycles(const std::vector<Reference>& vReferences);
 

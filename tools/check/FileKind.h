@@ -17,6 +17,11 @@ constexpr std::size_t FileStartSize = std::size_t{1} << 16;
 /// character other than white space, or where it has at least four lines that are neither blank nor
 /// comment, and fewer than one in four of them could be a header, a rule line, an alignment or a
 /// constraint, also one with a mistake.
+///
+/// @code
+/// OtherFileKind("{NP,8}\nNP::NP : [N] -> [N]\n(X1::Y1)\n").has_value();  // false
+/// OtherFileKind("Dear\nall,\nthank\nyou\n").has_value();                // true
+/// @endcode
 /// @param Start the beginning of the file, whole where it is no longer than `FileStartSize`
 /// @return what it is instead, as a message; nothing if it may be a grammar
 std::optional<std::string> OtherFileKind(std::string_view Start);

@@ -11,8 +11,13 @@ namespace Grammar {
 
 /// Something that is wrong with a rule, or will surprise, and where.
 ///
-///   Finding{"np.txt", 12, 3, 2, Severity::Error, "TR009", "x4 is constrained, but …",
-///           "((x4 num) = sg)", "", "", 0}
+/// @code
+/// Finding Found;
+/// Found.File = "np.trr";
+/// Found.Line = 12;
+/// Found.Code = "TR009";
+/// NameOf(Found.Level);  // "error"
+/// @endcode
 struct Finding {
   std::string File;        ///< as it was named, "-" for standard input
   std::size_t Line = 1;    ///< from 1

@@ -31,6 +31,10 @@ struct CodeInfo {
 const std::vector<CodeInfo>& AllCodes();
 
 /// What is known of a code; null if there is no such code.
+///
+/// @code
+/// FindCode("TR001")->Title;  // "the rule has no rule line"
+/// @endcode
 const CodeInfo* FindCode(std::string_view Code);
 
 /// Whether findings with a code keep their rule from being applied to texts. The other errors only

@@ -12,8 +12,11 @@ namespace Grammar {
 
 /// How many findings there are of each code and severity.
 ///
-///   Tally.Add("TR009", Severity::Error);
-///   Tally.Summary();  // "1 error, 0 warnings, 0 notes"
+/// @code
+/// FindingTally Tally;
+/// Tally.Add("TR009", Severity::Error);
+/// Tally.Summary();  // "1 error, 0 warnings, 0 notes"
+/// @endcode
 class FindingTally {
  public:
   void Add(std::string_view Code, Severity Level) { ++CountsOf(Code)[IndexOf(Level)]; }

@@ -34,6 +34,18 @@ std::unique_ptr<FindingWriter> MakeFindingWriter(FindingFormat Format, bool Colo
 
 /// Appends a finding on three lines or more: place and message, the line, and a caret below what is
 /// meant.
+///
+/// @code
+/// Finding Found;
+/// Found.File = "np.trr";
+/// Found.Code = "TR036";
+/// Found.Message = "this alignment is repeated";
+/// Found.LineText = "(X1::Y1)";
+/// Found.Length = 8;
+/// std::string Output;
+/// AppendTextOf(Found, false, Output);
+/// Output;  // "np.trr:1:1: error TR036: this alignment is repeated\n  (X1::Y1)\n  ^~~~~~~~\n"
+/// @endcode
 void AppendTextOf(const Finding& Found, bool Colours, std::string& TextReturn);
 
 }  // namespace Grammar

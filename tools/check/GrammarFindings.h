@@ -18,9 +18,11 @@ namespace Grammar {
 /// - equations that want a value which no rule supplies (TR052);
 /// - unary rules that lead in a cycle (TR053).
 ///
-///   GrammarFindings Whole(Shapes);
-///   Whole.AddUnprovidedLabels();
-///   Whole.Take();
+/// @code
+/// GrammarFindings Whole(Shapes);
+/// Whole.AddUnprovidedLabels();
+/// Whole.Take().front().Message;  // "no rule has the source type \"ADJ\""
+/// @endcode
 ///
 /// A grammar can be looked at without its lexicon, which provides most labels and values: what is
 /// missing is a warning only where a lexicon is there, that is where some label is provided by

@@ -20,9 +20,13 @@ namespace Grammar {
 /// Rules that are alike in that are one shape, so that a lexicon of a million words takes a few of
 /// them. Texts of lines are kept only where a finding may stand.
 ///
-///   GrammarShapes Shapes;
-///   while (…) { Shapes.Add(Text, Outline); }
-///   Shapes.Finish();
+/// @code
+/// GrammarShapes Rules;
+/// Rules.Add(Text, Outline);
+/// Rules.Finish();
+/// Rules.Size();            // 1
+/// Rules.TypesName(Rules.At(0).Types);  // "NP::NP"
+/// @endcode
 class GrammarShapes {
  public:
   static constexpr std::uint32_t None = NoEntry;

@@ -14,7 +14,9 @@ std::string CorrectedHeader(std::string_view Code);
 
 /// A rule line with types, brackets, labels or arrow in another form:
 ///
-///   CorrectedSequence("NP:NP: (DET, N) => (N, DET)");  // "NP::NP : [DET N] -> [N DET]"
+/// @code
+/// CorrectedSequence("NP:NP: (DET, N) => (N, DET)");  // "NP::NP : [DET N] -> [N DET]"
+/// @endcode
 std::string CorrectedSequence(std::string_view Code);
 
 /// A line that names one x and one y: "X1:Y2", "(y2 :: x1)" and "(1::2)" for "(X1::Y2)".
@@ -22,7 +24,9 @@ std::string CorrectedAlignment(std::string_view Code);
 
 /// A constraint with parentheses, sign or list in another form:
 ///
-///   CorrectedConstraint("(x1 num) -> (OR sg pl)");  // "((x1 num) = (*OR* sg pl))"
+/// @code
+/// CorrectedConstraint("(x1 num) -> (OR sg pl)");  // "((x1 num) = (*OR* sg pl))"
+/// @endcode
 std::string CorrectedConstraint(std::string_view Code);
 
 /// The text as a comment, without the signs that begin comments elsewhere: "# note" gives

@@ -43,6 +43,11 @@ struct LabelSlip {
 };
 
 /// Label is empty if the comment has none of the labels, or has it as it should be.
+///
+/// @code
+/// FindLabelSlip("; SL: the car").Label;  // "SL:"
+/// FindLabelSlip(";;SL: the car").Label;  // ""
+/// @endcode
 LabelSlip FindLabelSlip(std::string_view Comment);
 
 }  // namespace Grammar

@@ -30,8 +30,10 @@ struct FoundLookAlike {
 /// least, and where it stands for an X or Y before a digit. Apostrophes and joiners within a word
 /// are none.
 ///
-///   FindLookAlike("(Х1::Y1)")->Which->Name;  // "CYRILLIC CAPITAL LETTER HA"
-///   FindLookAlike("((x1 lex) = дом)");        // nothing
+/// @code
+/// FindLookAlike("(Х1::Y1)")->Which->Name;          // "CYRILLIC CAPITAL LETTER HA"
+/// FindLookAlike("((x1 lex) = дом)").has_value();  // false
+/// @endcode
 std::optional<FoundLookAlike> FindLookAlike(std::string_view Text);
 
 /// The text with the ASCII that its look-alikes are taken for.

@@ -10,6 +10,12 @@ namespace Grammar {
 
 /// Finds rules without a header in files whose rules have one: there, it was probably forgotten, or
 /// is misspelt.
+///
+/// @code
+/// MissingHeaders Headers;
+/// Headers.Check(Text, vFindings);
+/// vFindings.size();  // 0
+/// @endcode
 class MissingHeaders {
  public:
   /// Looks at the next rule of a file (TR045).

@@ -23,6 +23,16 @@ struct RuleIdentity {
 ///
 /// Of each rule it remembers sums of its normal form and of its header, and the place: some
 /// hundred bytes, however long the rule is.
+///
+/// @code
+/// RepeatedRules Repeated(true, true);
+/// std::string Buffer;
+/// const RuleIdentity Identity = Repeated.IdentityOf(Record, Buffer);
+/// Repeated.Check(Text, Identity, vFindings);
+/// vFindings.size();  // 0
+/// Repeated.Check(Text, Identity, vFindings);
+/// vFindings.size();  // 2
+/// @endcode
 class RepeatedRules {
  public:
   /// @param FormsPassIn whether to look for equal rules (TR033)

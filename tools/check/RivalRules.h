@@ -16,6 +16,12 @@ namespace Grammar {
 /// translations.
 ///
 /// Of each rule it remembers some fifty bytes, however long the rule is.
+///
+/// @code
+/// RivalRules Rivals;
+/// Rivals.Check(Text, Outline, vFindings);
+/// vFindings.size();  // 0
+/// @endcode
 class RivalRules {
  public:
   /// Compares a rule with those before it.

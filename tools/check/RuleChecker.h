@@ -14,6 +14,11 @@ namespace Grammar {
 ///
 /// A suggestion is a line in which nothing is found any more. Where notes are hidden, it may be a
 /// line with notes.
+///
+/// @code
+/// CheckRule(Text, Record, vFindings);  // true
+/// vFindings.size();                    // 0
+/// @endcode
 /// @param RecordReturn receives the rule read into it
 /// @param HiddenReturn receives the codes of the notes, which are not added then; null if notes are
 ///        wanted

@@ -37,8 +37,11 @@ using HiddenNotes = std::vector<const CodeInfo*>;
 
 /// Collects what is found in one rule.
 ///
-///   RuleFindings Findings(Text, vFindings);
-///   Findings.Add("TR036", 3, Text.Line(3), "this alignment is repeated");
+/// @code
+/// RuleFindings Findings(Text, vFindings);
+/// Findings.Add("TR036", 3, Text.Line(3), "this alignment is repeated");
+/// vFindings.back().LineText;  // "(X3::Y2)"
+/// @endcode
 ///
 /// Most findings in a grammar are notes, and hardly anybody wants to see them: a note is added only
 /// where `TakesNote` says so.

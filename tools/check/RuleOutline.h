@@ -81,9 +81,12 @@ struct RuleOutline {
 
 /// Makes outlines, on one thread each.
 ///
-///   OutlineMaker Maker;
-///   RuleOutline Outline;
-///   Maker.Make(Record.Lines(), Outline);
+/// @code
+/// OutlineMaker Maker;
+/// RuleOutline Made;
+/// Maker.Make(Lines, Made);
+/// Made.Key;  // "NP\nNP\n\"\npADJ\nwADJ\npN\nwN\n=0 NUM\n3 NUM\n"
+/// @endcode
 class OutlineMaker {
  public:
   /// @param Rule its text has to outlive the outline

@@ -11,11 +11,12 @@ namespace Grammar {
 
 /// Reads what a rule means, for whoever applies it.
 ///
-///   SourceRule Lines;
-///   UsableRule Rule;
-///   if (ReadUsableRule(Text, false, Lines, Rule, vFindings)) {
-///     Rule.X.vLabels.front();
-///   }
+/// @code
+/// SourceRule Read;
+/// UsableRule Rule;
+/// ReadUsableRule(Text, false, Read, Rule, vFindings);  // true
+/// Rule.Y.vLabels;                                      // {"\"el\"", "N", "ADJ"}
+/// @endcode
 ///
 /// @param Text has to outlive what is returned
 /// @param IsReversed whether source and target change places

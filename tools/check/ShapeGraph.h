@@ -16,6 +16,12 @@ namespace Grammar {
 ///   (x0 = x2)  ((x0 num) = sg)
 ///
 /// x0 and x2 are one node, whose feature NUM is given as SG and has one origin: NUM of x2.
+///
+/// @code
+/// ShapeGraph Graph(Shapes);
+/// Graph.Build(Shapes.At(0));
+/// Graph.Nodes().front().vFeatures.size();  // 1
+/// @endcode
 class ShapeGraph {
  public:
   /// A path of a place.

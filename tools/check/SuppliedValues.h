@@ -30,6 +30,10 @@ namespace Grammar {
 ///
 /// The work is bounded by that many paths for each kind of place, and that many
 /// atoms for each path: beyond that, anything is possible.
+///
+/// @code
+/// SuppliedValues(Shapes).FindClashes().size();  // 0
+/// @endcode
 class SuppliedValues {
  public:
   /// What a place has at a path.

@@ -14,6 +14,13 @@ namespace Grammar {
 /// ";;C-Structure:" that belong to it; a label that comes again begins the next one. The first rule
 /// keeps its comments unchanged. Of each further rule, the examples and the other comments are
 /// added that are not there yet. Counts (";;Score:") are left to who adds them.
+///
+/// @code
+/// CommentMerger Merger;
+/// Merger.Add({";;SL: the car", ";; first"});
+/// Merger.Add({";;SL: the bus", ";; first"});
+/// Merger.Comments();  // {";;SL: the car", ";; first", ";;SL: the bus"}
+/// @endcode
 class CommentMerger {
  public:
   explicit CommentMerger(std::size_t MaxExamplesPassIn = std::numeric_limits<std::size_t>::max())

@@ -16,7 +16,10 @@ struct CountText {
 /// Reads the text after the label: the digits at its beginning, at most 2,147,483,647. Without
 /// digits, and for 0, the count is 1.
 ///
-///   ParseCount("12 or so")  // {12, false}
+/// @code
+/// ParseCount("12 or so").Value;    // 12
+/// ParseCount("12 or so").IsExact;  // false
+/// @endcode
 CountText ParseCount(std::string_view Text);
 
 }  // namespace Grammar

@@ -28,9 +28,17 @@ constexpr std::uint32_t NoEntry = 0xFFFFFFFFU;
 
 /// Finds the numbers of entries that are kept elsewhere, by a hash of them and a comparison.
 ///
-///   IndexTable Table;
-///   std::uint32_t& Slot = Table.Find(Hash, [&](std::uint32_t Each) { return v[Each] == New; });
-///   if (Slot == NoEntry) { Slot = …; Table.NoteAdded(HashOf); }
+/// @code
+/// const std::vector<std::uint32_t> vNumbers{30, 40};
+/// const auto HashOfEntry = [&](std::uint32_t Index) { return std::uint64_t{vNumbers[Index]}; };
+/// const auto IsForty = [&](std::uint32_t Index) { return vNumbers[Index] == 40; };
+/// IndexTable Table;
+/// std::uint32_t& Slot = Table.Find(40, IsForty);
+/// Slot == NoEntry;  // true
+/// Slot = 1;
+/// Table.NoteAdded(HashOfEntry);
+/// Table.Look(40, IsForty);  // 1
+/// @endcode
 class IndexTable {
  public:
   /// Where the number of an equal entry is, or, with `NoEntry` in it, where that of a new one goes.

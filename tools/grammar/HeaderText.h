@@ -26,6 +26,12 @@ RuleHeader HeaderOf(const std::optional<TrRuleInternal::HeaderParts>& Parts, std
 int NumberOf(const RuleHeader& Header);
 
 /// Appends the header with a line end, as it is written; nothing if there is none.
+///
+/// @code
+/// std::string Output;
+/// AppendHeader({true, true, "ADJP", "12"}, Output);
+/// Output;  // "{ADJP,12}\n"
+/// @endcode
 void AppendHeader(const RuleHeader& Header, std::string& TextReturn);
 
 }  // namespace Grammar

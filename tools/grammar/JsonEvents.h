@@ -18,8 +18,12 @@ namespace Grammar {
 /// Passes the object of a rule, value by value, to a handler, which writes it or compares it. The
 /// handler has the operations of a `rapidjson::Writer`; names come as texts.
 ///
-///   rapidjson::Writer<rapidjson::StringBuffer> Writer(Buffer);
-///   JsonEvents(Writer).HandRule(Record);
+/// @code
+/// rapidjson::StringBuffer Buffer;
+/// rapidjson::Writer<rapidjson::StringBuffer> Writer(Buffer);
+/// JsonEvents(Writer).HandRule(Record);
+/// std::string(Buffer.GetString()).substr(0, 11);  // R"({"header":{)"
+/// @endcode
 template <typename HandlerT>
 class JsonEvents {
  public:

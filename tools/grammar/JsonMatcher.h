@@ -11,9 +11,13 @@ namespace Grammar {
 /// Compares a value with the events of another one, which are passed to it in place of a writer:
 /// whether both have the same members in the same order.
 ///
-///   JsonMatcher Matcher(Object);
-///   JsonEvents(Matcher).HandRule(Record);
-///   Matcher.IsSame();
+/// @code
+/// rapidjson::Document Object;
+/// Object.Parse("{}");
+/// JsonMatcher Matcher(Object);
+/// JsonEvents(Matcher).HandRule(Record);
+/// Matcher.IsSame();  // false
+/// @endcode
 class JsonMatcher {
  public:
   explicit JsonMatcher(const rapidjson::Value& RootPassIn) : Root(RootPassIn) {}

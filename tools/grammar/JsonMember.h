@@ -28,7 +28,12 @@ std::string_view BytesOf(const Json& Text, std::string& ScratchReturn);
 /// A member of an object, of which the first counts where it is given twice; or none, where it is
 /// missing. Each operation throws `JsonProblem` where the member is of another kind.
 ///
-///   JsonMember(Object, "count").AsNumber(1);  // 1 if there is no such member
+/// @code
+/// rapidjson::Document Object;
+/// Object.Parse(R"({"count":3})");
+/// JsonMember(Object, "count").AsNumber();   // 3
+/// JsonMember(Object, "index").AsNumber(1);  // 1
+/// @endcode
 ///
 /// Texts are the bytes that they stand for. Those that stand on a line have no line end.
 class JsonMember {

@@ -22,8 +22,10 @@ struct RuleFromJson {
 
 /// Turns objects back into the texts that they stand for.
 ///
-///   JsonReader Reader;
-///   Reader.Read(R"({"text":"; a comment\n"})").Text;  // "; a comment\n"
+/// @code
+/// JsonReader Reader;
+/// Reader.Read(R"({"text":"; a comment\n"})").Text;  // "; a comment\n"
+/// @endcode
 ///
 /// A rule comes out in the normal form. Members that are missing are those of a new rule. Words,
 /// structure and count that the comments do not say are written into them, and a constraint whose

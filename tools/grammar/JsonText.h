@@ -21,6 +21,11 @@ bool IsAscii(std::string_view Bytes);
 std::size_t Utf8Size(std::string_view Bytes);
 
 /// The bytes as UTF-8.
+///
+/// @code
+/// ToUnicode("\xE9");            // "\xEF\x9F\xA9"
+/// ToBytes("\xEF\x9F\xA9");      // "\xE9"
+/// @endcode
 std::string ToUnicode(std::string_view Bytes);
 
 /// Whether some characters of a text may stand for single bytes.

@@ -34,6 +34,13 @@ enum class LibraryFailure {
 /// Unlike the library, it prints nothing and ends nothing. As long as alignments come in order,
 /// n log n in the text; where they do not, each of them is as long as those before it together, as
 /// in the library.
+///
+/// @code
+/// std::string Output;
+/// const std::string Rule = "{NP,8}\nNP::NP : [N] -> [N]\n(X1::Y1)\n(x0 = x1)\n";
+/// AppendLibraryText(Rule, Output);  // LibraryFailure::None
+/// Output;  // "{NP,8}\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n(X0 = X1)\n)\n"
+/// @endcode
 /// @param Text of one rule
 /// @return why the library could not do that; then nothing is appended
 LibraryFailure AppendLibraryText(std::string_view Text, std::string& TextReturn);

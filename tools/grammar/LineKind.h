@@ -27,6 +27,12 @@ struct LineParts {
 
 /// Reports what a line is. A comment is a comment, whatever it contains; ";;" inside of double
 /// quotes begins none. Linear.
+///
+/// @code
+/// PartsOf("(X1::Y1) ;; see above").Kind;     // LineKind::Alignment
+/// PartsOf("(X1::Y1) ;; see above").Code;     // "(X1::Y1)"
+/// PartsOf("(X1::Y1) ;; see above").Comment;  // ";; see above"
+/// @endcode
 LineParts PartsOf(std::string_view Line);
 
 /// Whether a line of the body closes it, too: it ends in a ")" after another one or a blank, and

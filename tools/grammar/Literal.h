@@ -6,6 +6,11 @@ namespace Grammar {
 
 /// Whether a component is a literal word in double quotes, such as "\"car\"". All others are places
 /// for constituents.
+///
+/// @code
+/// IsLiteral("\"car\"");  // true
+/// IsLiteral("N");        // false
+/// @endcode
 constexpr bool IsLiteral(std::string_view Label) {
   return Label.size() >= 2 && Label.front() == '"' && Label.back() == '"';
 }

@@ -12,7 +12,9 @@ namespace Grammar {
 /// with a neighbour, in whatever case they are. The nearest name is meant where it is the only one
 /// so near, and at most two such steps and less than half of the written name away.
 ///
-///   NearestName("Chekc", {"check", "sort"})  // "check"
+/// @code
+/// NearestName("Chekc", {"check", "sort"});  // "check"
+/// @endcode
 std::string NearestName(std::string_view Written, const std::vector<std::string>& vsNames);
 
 /// The end of a message on a name that there is not: "; did you mean check?", or, where no name is

@@ -22,6 +22,10 @@ void AppendNormalForm(const RuleRecord& RecordPassIn, const FormOptions& Options
                       std::string& TextReturn);
 
 /// Lines on one line, as above, without a line end; the last line end is left out.
+///
+/// @code
+/// Folded("{NP,8}\nNP::NP [N] -> [N]\n");  // "{NP,8}\tNP::NP [N] -> [N]"
+/// @endcode
 std::string Folded(std::string_view LinesPassIn);
 
 /// Appends what was folded, unfolded: a tab becomes a line end, and "\t" and "\\" a tab and a

@@ -19,6 +19,12 @@ namespace Grammar {
 ///   ( (X1::Y3) (X2::Y2) )
 ///
 /// the sources are `None`, 1 and 0.
+///
+/// @code
+/// PlaceSources Places;
+/// Places.Find(Lines, false);  // true
+/// Places.Sources();           // {PlaceSources::None, 2, 1}
+/// @endcode
 class PlaceSources {
  public:
   static constexpr std::uint32_t None = 0xFFFFFFFFU;

@@ -8,7 +8,11 @@
 /// @file
 /// A rule as one JSON object, as docs/trrule-schema.json describes it.
 ///
-///   AppendJson(Record, Output);  // {"header":{"type":"NP"},"ruleIndex":8,"comments":[…
+/// @code
+/// std::string Output;
+/// AppendJson(Record, Output);
+/// Output.substr(0, 24);  // R"({"header":{"type":"NP"},)"
+/// @endcode
 ///
 /// The members are those that the library's record would have, from the parts of the rule; what
 /// the record drops is in the labels, which keep their literal words, and in the lines of each

@@ -17,8 +17,16 @@ namespace Grammar {
 /// comment and blank lines right before it; it ends before the next one begins. Every byte of the
 /// input is in exactly one of the texts that are returned, in order.
 ///
-///   RuleReader Reader(std::cin, "-");
-///   for (RuleText Text; Reader.Next(Text);) { … }
+/// @code
+/// std::istringstream Input("NP::NP : [N] -> [N]\n(X1::Y1)\nN::N : [D] -> [D]\n");
+/// RuleReader Reader(Input, "np.trr");
+/// RuleText Rule;
+/// Reader.Next(Rule);  // true
+/// Rule.Text;          // "NP::NP : [N] -> [N]\n(X1::Y1)\n"
+/// Reader.Next(Rule);  // true
+/// Rule.FirstLine;     // 3
+/// Reader.Next(Rule);  // false
+/// @endcode
 class RuleReader {
  public:
   /// A rule text that grows beyond this is returned in pieces.

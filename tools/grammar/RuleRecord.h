@@ -20,10 +20,12 @@ int CountIn(const std::vector<std::string>& vsComments);
 
 /// One rule as it is written again: comments, header, and what its lines say.
 ///
-///   RuleRecord Record;
-///   if (Record.Read(Text)) {
-///     AppendNormalForm(Record, FormOptions(), Output);
-///   }
+/// @code
+/// RuleRecord Read;
+/// Read.Read(Text);     // true
+/// Read.Header().Type;  // "NP"
+/// Read.Count();        // 1
+/// @endcode
 class RuleRecord {
  public:
   RuleRecord();

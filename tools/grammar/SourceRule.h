@@ -17,9 +17,13 @@ namespace Grammar {
 /// The text of a rule, its lines parsed once. What checks, prints, sorts or converts a rule
 /// reads these parts; nobody reads a line a second time.
 ///
-///   SourceRule Rule;
-///   Rule.Read(Text);
-///   Rule.Constraints().front().Parts.Left.Index;
+/// @code
+/// SourceRule Rule;
+/// Rule.Read(Text);
+/// Rule.IsWhole();                                // true
+/// Rule.SLLabels().front();                       // "\"the\""
+/// Rule.Constraints().front().Parts.Left.Index;  // 0
+/// @endcode
 ///
 /// All views point into the text that was read, which has to outlive them. Lines count from 0
 /// within the text.

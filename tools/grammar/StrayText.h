@@ -9,8 +9,10 @@
 /// @file
 /// Text on the lines of a rule that is not part of the rule.
 ///
-///   StrayTexts(PartsOf("(X1::Y1) see {NP,3}"))  // "see {NP,3}"
-///   StrayComment("see {NP,3}")                  // ";; not read: see %7BNP,3}"
+/// @code
+/// StrayTexts(PartsOf("(X1::Y1) see {NP,3}"));  // {"see {NP,3}"}
+/// StrayComment("see {NP,3}");                  // ";; not read: see %7BNP,3}"
+/// @endcode
 ///
 /// The library's reader passes over such text silently. Here it is reported (TR035) and goes
 /// on as a comment of its rule.

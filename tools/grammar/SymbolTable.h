@@ -11,10 +11,12 @@ namespace Grammar {
 
 /// Texts as numbers from 0, in the order in which they came first.
 ///
-///   SymbolTable Labels;
-///   Labels.Intern("NP");   // 0
-///   Labels.Intern("DET");  // 1
-///   Labels.Find("N");      // SymbolTable::None
+/// @code
+/// SymbolTable Labels;
+/// Labels.Intern("NP");   // 0
+/// Labels.Intern("DET");  // 1
+/// Labels.Find("N");      // SymbolTable::None
+/// @endcode
 class SymbolTable {
  public:
   static constexpr std::uint32_t None = 0xFFFFFFFFU;

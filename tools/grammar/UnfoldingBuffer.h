@@ -9,8 +9,14 @@ namespace Grammar {
 
 /// Reads rules that stand on one line each, and gives their lines.
 ///
-///   UnfoldingBuffer Buffer(Input);
-///   std::istream Lines(&Buffer);
+/// @code
+/// std::istringstream Input("{NP,8}\tNP::NP : [N] -> [N]\n");
+/// UnfoldingBuffer Buffer(Input);
+/// std::istream Unfolded(&Buffer);
+/// std::string First;
+/// std::getline(Unfolded, First);
+/// First;  // "{NP,8}"
+/// @endcode
 class UnfoldingBuffer : public std::streambuf {
  public:
   /// @param InputPassIn has to outlive the buffer

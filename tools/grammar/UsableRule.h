@@ -48,12 +48,13 @@ struct RuleSide {
 /// A rule that can be applied to a text. Where source and target have changed places, they have in
 /// all of it.
 ///
-///   SourceRule Lines;
-///   Lines.Read(Text);
-///   UsableRule Rule;
-///   if (ReadUsableRule(Lines, false, Rule)) {
-///     Rule.X.vLabels.front();
-///   }
+/// @code
+/// UsableRule Rule;
+/// ReadUsableRule(Lines, false, Rule);  // true
+/// Rule.X.vLabels;                      // {"\"the\"", "ADJ", "N"}
+/// ReadUsableRule(Lines, true, Rule);   // true
+/// Rule.X.vLabels;                      // {"\"el\"", "N", "ADJ"}
+/// @endcode
 struct UsableRule {
   std::string_view File;
   std::size_t Line = 0;  ///< of the rule line

@@ -23,11 +23,15 @@ enum class SortDirection { Ascending, Descending };
 /// they came, in both directions. What goes beyond the memory is put into temporary files, which
 /// changes nothing of the result.
 ///
-///   ExternalSorter Sorter(1 << 20);
-///   Sorter.Add("b", "second");
-///   Sorter.Add("a", "first");
-///   Sorter.Sort();
-///   for (SortRecord Each; Sorter.Next(Each);) ...  // first, second
+/// @code
+/// ExternalSorter Sorter(1 << 20);
+/// Sorter.Add("b", "second");
+/// Sorter.Add("a", "first");
+/// Sorter.Sort();
+/// SortRecord Least;
+/// Sorter.Next(Least);  // true
+/// Least.Payload;       // "first"
+/// @endcode
 class ExternalSorter {
  public:
   /// @param Memory how many bytes to hold at most; a single record may be larger

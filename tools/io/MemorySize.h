@@ -9,6 +9,11 @@ namespace Grammar {
 /// The number of bytes that a text names: `65536`, `64K`, `64M`, `2G` or `1T`, each letter 1024
 /// times the one before, small letters and a B after it allowed; `50%` is half of the machine's
 /// memory. Nothing if the text is no such size, is 0, or names more than can be counted.
+///
+/// @code
+/// ParseMemorySize("64K").value_or(0);         // 65536
+/// ParseMemorySize("a lot").has_value();      // false
+/// @endcode
 std::optional<std::size_t> ParseMemorySize(std::string_view Text);
 
 /// The memory of the machine, in bytes.

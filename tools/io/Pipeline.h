@@ -23,7 +23,14 @@ inline unsigned ThreadCount(unsigned Wanted) {
 /// batches are held at a time, and used again. What a step throws ends the run and reaches the
 /// caller.
 ///
-///   RunPipeline<Batch>(2, ReadBatch, WorkOn, Write);
+/// @code
+/// int Last = 0;
+/// std::vector<int> vSquares;
+/// const auto Read = [&](int& Number) { return (Number = ++Last) <= 3; };
+/// const auto Square = [](int& Number) { Number *= Number; };
+/// RunPipeline<int>(2, Read, Square, [&](int Number) { vSquares.push_back(Number); });
+/// vSquares;  // {1, 4, 9}
+/// @endcode
 ///
 /// @param Threads how many threads work; with one, all is done by the caller's
 /// @param Read fills a batch, new or used; false if there is nothing more to read

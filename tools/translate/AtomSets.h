@@ -27,9 +27,12 @@ struct AtomSet {
 
 /// Sets of atoms, each once, as numbers.
 ///
-///   AtomSets Sets;
-///   const AtomSetId Number = Sets.Intern({false, {Sg, Pl}});  // (*OR* SG PL)
-///   Sets.Intersect(Number, Sets.Intern({true, {Sg}}));        // the set of PL alone
+/// @code
+/// AtomSets Sets;
+/// const AtomSetId SgOrPl = Sets.Intern({false, {0, 1}});
+/// const AtomSetId NotSg = Sets.Intern({true, {0}});
+/// Sets.Set(Sets.Intersect(SgOrPl, NotSg).value()).vAtoms;  // {1}
+/// @endcode
 class AtomSets {
  public:
   /// The number of a set. Its atoms may stand in any order, and more than once.

@@ -19,9 +19,13 @@ namespace Translate {
 /// Only as many are worked out as are requested: of a constituent, an item or a group the second
 /// best only when its best has been used. Nothing recurses, however deep a derivation is.
 ///
-///   BestDerivations Best(Parsed);
-///   Best.SetGoals({Whole});
-///   while (const auto Tree = Best.Next()) { Best.Trees().ScoreOfTree(*Tree); }
+/// @code
+/// BestDerivations Best(Parsed);
+/// Best.Begin();
+/// Best.SetGoals({Whole});
+/// Best.Next().has_value();  // true
+/// Best.Next().has_value();  // false
+/// @endcode
 class BestDerivations {
  public:
   explicit BestDerivations(const Chart& ParsedPassIn)

@@ -49,9 +49,11 @@ std::string LimitError(ChartOutcome Outcome, const ChartLimits& Limits);
 /// length, are not kept. Each place at which the part before can end gives one at most, and
 /// `ForEachStep` finds them again.
 ///
-///   Chart Parsed(Rules);
-///   Parsed.Parse("the red car", Limits, Equations);   // false if there are too many
-///   for (const Chart::Cell& Each : Parsed.CellsAt(0)) { Each.ConstituentCount; }
+/// @code
+/// Chart Parsed(Rules);
+/// Parsed.Parse("the red car", ChartLimits(), Equations);  // true
+/// Parsed.Constituents().size();                           // 3
+/// @endcode
 class Chart {
  public:
   static constexpr std::uint32_t None = NoEntry;

@@ -10,10 +10,11 @@ namespace Translate {
 /// What has been made of the parts of a chart: the way from a constituent upwards, which the chart
 /// itself only knows downwards.
 ///
-///   ChartUses Uses(Parsed);
-///   Uses.MarkBelow({Whole});       // which constituents take part in derivations of these?
-///   Uses.IsMarked(Each);
-///   Uses.ForEachItemOver(Each, [](std::uint32_t Item) { … });
+/// @code
+/// ChartUses Uses(Parsed);
+/// Uses.MarkBelow({Whole});
+/// Uses.IsMarked(0);  // true
+/// @endcode
 class ChartUses {
  public:
   explicit ChartUses(const Chart& ParsedPassIn);

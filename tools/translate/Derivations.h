@@ -16,9 +16,13 @@ using Grammar::PairTable;
 /// derivation and the list before it. Equal trees have one number wherever they stand in the text,
 /// so that two can be compared by going down one branch of each.
 ///
-///   Derivations Trees;
-///   const auto Det = Trees.Tree(RuleOfThe, Derivations::NoList, Weight);
-///   Trees.Tree(RuleOfNp, Trees.List(Derivations::NoList, Det), Weight);
+/// @code
+/// Derivations Trees;
+/// const auto Word = Trees.Tree(0, Derivations::NoList, -10);
+/// const auto Phrase = Trees.Tree(2, Trees.List(Derivations::NoList, Word), -5);
+/// Trees.ScoreOfTree(Phrase);  // -15
+/// Trees.RulesOf(Phrase);      // {0, 2}
+/// @endcode
 class Derivations {
  public:
   using TreeId = std::uint32_t;

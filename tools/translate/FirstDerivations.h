@@ -13,10 +13,11 @@ namespace Translate {
 /// The first derivations of a chart's items and constituents in the order of rule numbers, whatever
 /// their scores: root first and parts in order. No more of them are kept than are wanted.
 ///
-///   FirstDerivations First(Parsed, 10);
-///   First.OfConstituent(Each);  // up to ten trees
-///   First.OfItem(Each);         // up to ten lists: the derivations of its parts
-///   First.CountOfItem(Each);    // how many there are altogether
+/// @code
+/// FirstDerivations First(Parsed, 10);
+/// First.OfConstituent(Whole).size();            // 1
+/// First.CountOfConstituent(Whole).value_or(0);  // 1
+/// @endcode
 class FirstDerivations {
  public:
   FirstDerivations(const Chart& ParsedPassIn, std::size_t LimitPassIn);

@@ -126,9 +126,11 @@ struct BeginFacts {
 
 /// Says what rules do with the text that an engine has translated last, and why they do no more.
 ///
-///   const TextResult Result = Engine.Translate(Text, Options);
-///   RuleDiagnosis Why(Rules, Engine, Result, Options);
-///   for (std::size_t Begin = 0; Begin < Why.Size(); ++Begin) { Why.FactsAt(Rule, Begin); }
+/// @code
+/// const TextResult Result = Engine.Translate("the red bus", TextOptions());
+/// RuleDiagnosis Why(Rules, Engine, Result, TextOptions());
+/// Why.Size();  // 3
+/// @endcode
 class RuleDiagnosis {
  public:
   /// How many combinations are given of each kind.

@@ -20,11 +20,14 @@ using SourceSymbol = std::uint32_t;
 /// An edge is a literal or a slot. Each node knows the rules that end at it, and what of the
 /// constituent at its own edge some rule at or below it reads.
 ///
-///   SourceTrie Trie;
-///   Trie.Add({SlotOfDet, SlotOfN}, {0, NeedsSource}, 7);
-///   Trie.Finish();
-///   const auto Node = Trie.Child(Trie.Child(SourceTrie::Root, SlotOfDet), SlotOfN);
-///   *Trie.Rules(Node).begin();  // 7
+/// @code
+/// const SourceSymbol Det = 0;
+/// const SourceSymbol N = 1;
+/// SourceTrie Trie;
+/// Trie.Add({Det, N}, {0, SourceTrie::NeedsSource}, 7);
+/// Trie.Finish();
+/// *Trie.Rules(Trie.Child(Trie.Child(SourceTrie::Root, Det), N)).begin();  // 7
+/// @endcode
 class SourceTrie {
  public:
   static constexpr std::uint32_t Root = 0;

@@ -24,8 +24,12 @@ struct WriterOptions {
 
 /// Writes what has become of texts. One for each translator.
 ///
-///   TranslationWriter Writer(Rules, Engine, Options);
-///   Writer.Append(Text, Engine.Translate(Text, …), Out);  // Out has "el auto rojo\n" after it
+/// @code
+/// TranslationWriter Writer(Rules, Engine, WriterOptions());
+/// std::string Output;
+/// Writer.Append("the red car", Engine.Translate("the red car", TextOptions()), Output);
+/// Output;  // "el auto rojo\n"
+/// @endcode
 class TranslationWriter {
  public:
   TranslationWriter(const RuleSet& RulesPassIn, Translator& EnginePassIn,

@@ -54,9 +54,11 @@ struct TextResult {
 
 /// Translates texts, one after the other. One for each thread; all can use the same rules.
 ///
-///   Translator Engine(Rules);
-///   const TextResult Result = Engine.Translate("the red car", Options);
-///   Result.vTranslations.front().Target;  // "el auto rojo"
+/// @code
+/// Translator Engine(Rules);
+/// const TextResult Result = Engine.Translate("the red car", TextOptions());
+/// Result.vTranslations.front().Target;  // "el auto rojo"
+/// @endcode
 class Translator {
  public:
   explicit Translator(const RuleSet& RulesPassIn)

@@ -1,0 +1,53 @@
+// The worked examples in the headers of tools/ are compiled, run and compared with the results that
+// they show: tests/header_examples.py generates one test for each example.
+
+#include "ToolExamples.h"
+
+#include "GrammarPaths.h"
+#include "GrammarSupport.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace {
+
+const std::string Phrase =
+    "{NP,8}\nNP::NP : [\"the\" ADJ N] -> [\"el\" N ADJ]\n(X2::Y3)\n(X3::Y2)\n"
+    "((x0 num) = (x3 num))\n";
+const std::string Words =
+    "ADJ::ADJ : [\"red\"] -> [\"rojo\"]\n(X1::Y1)\n"
+    "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n((x0 num) = sg)\n";
+
+std::string ContentsOf(const std::filesystem::path& Path) {
+  std::ifstream File(Path);
+  return {std::istreambuf_iterator<char>(File), {}};
+}
+
+}  // namespace
+
+ToolExamples::ToolExamples() : Text(RulesOf(Phrase).at(0)), Cars(Words + Phrase) {
+  Lines.Read(Text);
+  Record.Read(Text);
+  Grammar::OutlineMaker().Make(Lines, Outline);
+  Shapes.Add(Text, Outline);
+  Shapes.Finish();
+  Parsed.Parse("the red car", Translate::ChartLimits(), Equations);
+  Whole = Parsed.FindCell(0, 3)->FirstConstituent;
+}
+
+TEST(HeaderExamples, CoverEveryHeaderThatHasOne) {
+  int Headers = 0;
+  const std::filesystem::path Folder = std::string(GrammarPaths::SourceFolder) + "/tools";
+  for (const auto& Entry : std::filesystem::recursive_directory_iterator(Folder)) {
+    if (Entry.path().extension() == ".h") {
+      Headers += ContentsOf(Entry.path()).find("/// @code\n") != std::string::npos ? 1 : 0;
+    }
+  }
+  EXPECT_EQ(HeaderExamples::Headers(), Headers);
+}
+
+TEST(HeaderExamples, CompareTheirResults) {
+  EXPECT_EQ(HeaderExamples::Comparisons(), 101);
+}
