@@ -1,33 +1,101 @@
 #include "RuleOutline.h"
 
+#include "Ascii.h"
 #include "GrammarSupport.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
 
 using Grammar::RuleOutline;
 
-RuleOutline OutlineOf(const std::string& Text) {
-  const Grammar::RuleText Rule = RulesOf(Text).at(0);
-  Grammar::SourceRule Lines;
-  Lines.Read(Rule);
-  RuleOutline Outline;
-  Grammar::OutlineMaker().Make(Lines, Outline);
-  return Outline;
-}
-
-/// The key, with blanks between its lines.
-std::string KeyOf(const std::string& Text) {
-  std::string Key = OutlineOf(Text).Key;
-  for (char& Byte : Key) {
-    Byte = Byte == '\n' ? '|' : Byte;
+/// An outline, and the text that it looks into.
+struct OutlinedRule {
+  explicit OutlinedRule(const std::string& Text) : Rule(RulesOf(Text).at(0)) {
+    Lines.Read(Rule);
+    Grammar::OutlineMaker().Make(Lines, Outline);
   }
-  return Key;
+
+  const Grammar::RuleText Rule;
+  Grammar::SourceRule Lines;
+  RuleOutline Outline;
+};
+
+/// Texts in capitals, one after the other, each with its mark and ended by "|".
+class KeyText {
+ public:
+  explicit KeyText(const RuleOutline& OutlinePassIn) : Outline(OutlinePassIn) {
+    if (Outline.HasTypes) {
+      Text += Outline.IsUsable ? "" : "!";
+      Add("", Outline.SLType.Text);
+      Add("", Outline.TLType.Text);
+      AddComponents();
+      AddEquations();
+    }
+  }
+
+  std::string Text;
+
+ private:
+  void Add(const std::string& Mark, std::string_view Word) {
+    Text.append(Mark).append(InCapitals(Word)).append("|");
+  }
+
+  void AddComponents() {
+    auto Place = Outline.vPlaces.begin();
+    for (std::uint32_t Component = 1; Component <= Outline.ComponentCount; ++Component) {
+      if (Place == Outline.vPlaces.end() || Place->Component != Component) {
+        Add("\"", "");
+        continue;
+      }
+      Add("p", Place->Label.Text);
+      Add("w", Place->Wanted.Text);
+      ++Place;
+    }
+  }
+
+  void AddEquations() {
+    for (const RuleOutline::Equation& Equation : Outline.vEquations) {
+      const bool IsLink = Equation.What == RuleOutline::Kind::Link;
+      Add(IsLink                                    ? "="
+          : Equation.What == RuleOutline::Kind::Any ? "+"
+                                                    : "-",
+          PathText(Equation.Left));
+      if (IsLink) {
+        Add("", PathText(Equation.Right));
+      }
+      for (std::uint32_t Index = 0; Index < Equation.Atoms.Count; ++Index) {
+        Add("a", Outline.vWords[Equation.Atoms.First + Index].Text);
+      }
+    }
+  }
+
+  std::string PathText(const RuleOutline::Path& Path) const {
+    std::string Joined = std::to_string(Path.Component);
+    for (std::uint32_t Index = 0; Index < Path.Features.Count; ++Index) {
+      Joined.append(" ").append(Outline.vWords[Path.Features.First + Index].Text);
+    }
+    return Joined;
+  }
+
+  static std::string InCapitals(std::string_view Word) {
+    std::string Capitals(Word);
+    std::transform(Capitals.begin(), Capitals.end(), Capitals.begin(),
+                   [](char Byte) { return TrRuleInternal::ToUpper(Byte); });
+    return Capitals;
+  }
+
+  const RuleOutline& Outline;
+};
+
+std::string KeyOf(const std::string& Text) {
+  return KeyText(OutlinedRule(Text).Outline).Text;
 }
 
 const std::string Head = "NP::NP : [ADJ N] -> [N ADJ]\n(X1::Y2)\n(X2::Y1)\n";
@@ -56,12 +124,17 @@ TEST(RuleOutline, HasAKeyOfTypesComponentsAndEquations) {
 }
 
 TEST(RuleOutline, KnowsThePlacesOfItsKey) {
-  const RuleOutline Outline = OutlineOf(";; a comment\n{NP,8}\n" + Head + "((y1 num) = sg)\n" +
-                                        "((x1 num) = sg)\n((x2 num) = sg)\n");
+  const OutlinedRule Rule(";; a comment\n{NP,8}\n" + Head + "((y1 num) = sg)\n" +
+                          "((x1 num) = sg)\n((x2 num) = sg)\n");
+  const RuleOutline& Outline = Rule.Outline;
   EXPECT_TRUE(Outline.IsUsable);
   EXPECT_EQ(Outline.RuleLine, 2U);
-  EXPECT_EQ(Outline.vColumns, (std::vector<std::uint32_t>{11, 15}));
-  EXPECT_EQ(Outline.vLines, (std::vector<std::uint32_t>{6, 7}));
+  ASSERT_EQ(Outline.vPlaces.size(), 2U);
+  EXPECT_EQ(Outline.vPlaces[0].Column, 11U);
+  EXPECT_EQ(Outline.vPlaces[1].Column, 15U);
+  ASSERT_EQ(Outline.vEquations.size(), 2U);
+  EXPECT_EQ(Outline.vEquations[0].Line, 6U);
+  EXPECT_EQ(Outline.vEquations[1].Line, 7U);
 }
 
 TEST(RuleOutline, HasEqualSumsForEqualParts) {
@@ -85,13 +158,13 @@ TEST(RuleOutline, HasEqualSumsForEqualParts) {
       {Head, Head + "((y1 num) = sg)\n", true, true, false},
       {Head, "NP::NP : [ADJ N] -> [N ADJ]\n(X2::Y1)\n(X1::Y2)\n", true, true, true}};
   for (const Case& Row : Cases) {
-    const RuleOutline Left = OutlineOf(Row.Left);
-    const RuleOutline Right = OutlineOf(Row.Right);
+    const OutlinedRule LeftRule(Row.Left);
+    const OutlinedRule RightRule(Row.Right);
+    const RuleOutline& Left = LeftRule.Outline;
+    const RuleOutline& Right = RightRule.Outline;
     const std::string Input = Row.Left + Row.Right;
-    EXPECT_EQ(Left.KeySum == Right.KeySum, Row.IsSameKey) << Input;
-    EXPECT_EQ(Left.OtherKeySum == Right.OtherKeySum, Row.IsSameKey) << Input;
-    EXPECT_EQ(Left.SourceSum == Right.SourceSum, Row.IsSameSource) << Input;
-    EXPECT_EQ(Left.OtherSourceSum == Right.OtherSourceSum, Row.IsSameSource) << Input;
-    EXPECT_EQ(Left.RestSum == Right.RestSum, Row.IsSameRest) << Input;
+    EXPECT_EQ(Left.Key == Right.Key, Row.IsSameKey) << Input;
+    EXPECT_EQ(Left.Source == Right.Source, Row.IsSameSource) << Input;
+    EXPECT_EQ(Left.Rest == Right.Rest, Row.IsSameRest) << Input;
   }
 }

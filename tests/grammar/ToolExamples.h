@@ -2,6 +2,7 @@
 
 #include "GrammarShapes.h"
 #include "RuleOutline.h"
+#include "RuleRecord.h"
 #include "SourceRule.h"
 #include "TranslateSupport.h"
 

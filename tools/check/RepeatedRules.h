@@ -27,7 +27,8 @@ struct RuleIdentity {
 /// @code
 /// RepeatedRules Repeated(true, true);
 /// std::string Buffer;
-/// const RuleIdentity Identity = Repeated.IdentityOf(Record, Buffer);
+/// RuleIdentity Identity;
+/// Repeated.Identify(Record, Buffer, Identity);
 /// Repeated.Check(Text, Identity, vFindings);
 /// vFindings.size();  // 0
 /// Repeated.Check(Text, Identity, vFindings);

@@ -85,7 +85,8 @@ struct RuleOutline {
 /// OutlineMaker Maker;
 /// RuleOutline Made;
 /// Maker.Make(Lines, Made);
-/// Made.Key;  // "NP\nNP\n\"\npADJ\nwADJ\npN\nwN\n=0 NUM\n3 NUM\n"
+/// Made.SLType.Text;     // "NP"
+/// Made.vPlaces.size();  // 2
 /// @endcode
 class OutlineMaker {
  public:
