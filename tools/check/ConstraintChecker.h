@@ -25,7 +25,7 @@ class ConstraintChecker {
       : Rule(RulePassIn), Findings(FindingsPassIn) {}
 
   /// @return whether the library can use the constraint: an agreement names a node
-  bool Check(const SourceRule::ConstraintLine& Line);
+  bool Check(const SourceRule::ConstraintLine& Stored);
 
  private:
   using Constraint = SourceRule::ConstraintLine;
