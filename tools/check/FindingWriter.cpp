@@ -68,6 +68,8 @@ constexpr bool MovesCursor(char Byte) {
 /// at the room that is left for each of them.
 class PieceWriter {
  public:
+  // Clearing the buffer would cost more than filling it.
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
   PieceWriter(std::string& TextPassIn, std::size_t Limit) : Text(TextPassIn) {
     if (Limit > sizeof Few) {
       Many.resize(Limit);

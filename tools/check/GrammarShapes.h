@@ -160,8 +160,8 @@ class GrammarShapes {
 
   /// Where a kept line stands; its text is in `Blocks`.
   struct LinePlace {
-    std::uint32_t Shape;
-    std::uint32_t Line;
+    std::uint32_t Shape = 0;
+    std::uint32_t Line = 0;
     KeptLine Kept;
   };
 

@@ -32,9 +32,9 @@ class RivalRules {
  private:
   struct Place {
     SumPair Source;
-    std::uint64_t Rest;
-    std::uint32_t File;
-    std::uint32_t Line;
+    std::uint64_t Rest = 0;
+    std::uint32_t File = 0;
+    std::uint32_t Line = 0;
   };
 
   std::vector<Place> vPlaces;
