@@ -10,19 +10,11 @@ namespace Grammar {
 
 namespace {
 
-/// The first line of a rule that is of a kind, or its first line that is no comment.
+/// The first line of a kind. A whole rule has a rule line, and a header that was read its own.
 std::size_t LineOfKind(const RuleText& Text, LineKind Kind) {
-  std::size_t First = Text.vLines.size();
-  for (std::size_t Line = 0; Line < Text.vLines.size(); ++Line) {
-    const RuleText::Span& Range = Text.vLines[Line];
-    if (Range.Kind == Kind) {
-      return Line;
-    }
-    if (First == Text.vLines.size() && Range.CodeEnd > Range.CodeBegin) {
-      First = Line;
-    }
-  }
-  return First;
+  const auto Found = std::find_if(Text.vLines.begin(), Text.vLines.end(),
+                                  [&](const RuleText::Span& Line) { return Line.Kind == Kind; });
+  return static_cast<std::size_t>(Found - Text.vLines.begin());
 }
 
 }  // namespace
