@@ -23,7 +23,8 @@ constexpr const char* Footer =
     "\n"
     "-k N and --all-derivations give a line for each translation, with its score before it, and an\n"
     "empty line after each text. --format json gives an object a line, with the derivation and\n"
-    "its feature structures, and --format tree draws it.\n"
+    "its feature structures, and --format tree draws it. --format svg draws the best derivation of\n"
+    "one text as a picture, --format html all translations on a page.\n"
     "\n"
     "Exit status: 0 all translated, 1 something was reported, 2 the run failed.\n"
     "\n"
@@ -56,8 +57,10 @@ void AddWanted(CLI::App& CommandReturn, Translate::TranslateOptions& OptionsRetu
   AddChoice<Translate::TextFormat>(CommandReturn, "--format",
                                    {{"plain", Translate::TextFormat::Plain},
                                     {"json", Translate::TextFormat::Json},
-                                    {"tree", Translate::TextFormat::Tree}},
-                                   OptionsReturn.Format.Format, "plain, json or tree")
+                                    {"tree", Translate::TextFormat::Tree},
+                                    {"svg", Translate::TextFormat::Svg},
+                                    {"html", Translate::TextFormat::Html}},
+                                   OptionsReturn.Format.Format, "plain, json, tree, svg or html")
       ->type_name("FORM");
   CommandReturn.add_flag("--count", OptionsReturn.Texts.WantsCount,
                          "report the number of derivations in JSON");

@@ -2,6 +2,8 @@
 
 #include "TranslateCommand.h"
 
+#include "DerivationPictures.h"
+#include "HtmlPage.h"
 #include "InputFile.h"
 #include "OrderedTexts.h"
 #include "OutputFile.h"
@@ -140,10 +142,13 @@ class TextSource {
 /// What a thread needs.
 struct Workplace {
   Workplace(const RuleSet& Rules, const WriterOptions& Format)
-      : Engine(Rules), Writer(Rules, Engine, Format) {}
+      : Engine(Rules),
+        Writer(Rules, Engine, Format),
+        Pictures(Rules, Engine, Format.Format == TextFormat::Html) {}
 
   Translator Engine;
   TranslationWriter Writer;
+  DerivationPictures Pictures;
 };
 
 std::string MessageOf(const TextResult& Result, const std::string& Place) {
@@ -151,6 +156,27 @@ std::string MessageOf(const TextResult& Result, const std::string& Place) {
     return Place + ": error: " + Result.Error + '\n';
   }
   return Result.vTranslations.empty() ? Place + ": error: there is no translation\n" : "";
+}
+
+}  // namespace
+
+// ---- Pictures ---------------------------------------------------------------------------------
+
+namespace {
+
+/// Draws a text. @return what to report of it
+std::string DrawText(const std::string& Text, const TextResult& Result, std::size_t Line,
+                     bool IsGiven, Workplace& Place, std::string& OutReturn) {
+  return Place.Pictures.Append(Text, Result, OutReturn)
+             ? ""
+             : TextSource::Place(Line, IsGiven) + ": error: " + PictureSizeError() + '\n';
+}
+
+void RequireOnePicture(TextFormat Format, std::size_t Line) {
+  if (Format == TextFormat::Svg && Line > 1) {
+    throw Grammar::RunError(
+        "a file holds one picture in SVG: give one text, or choose --format html");
+  }
 }
 
 }  // namespace
@@ -168,6 +194,11 @@ int RunTranslate(const TranslateOptions& Options) {
   const TextOptions Texts = TextOptionsOf(Options, Rules);
   const WriterOptions Format = WriterOptionsOf(Options);
   Grammar::OutputFile Output(Options.Output);
+  std::string Page;
+  if (Format.Format == TextFormat::Html) {
+    Picture::BeginPage("Translations", Page);
+    Output.Write(Page);
+  }
   TextSource Source(Options);
   const bool IsGiven = Options.Text.has_value();
   OrderedTexts Run(
@@ -186,11 +217,21 @@ int RunTranslate(const TranslateOptions& Options) {
     return [&, Place](const std::string& Text, std::size_t Line) {
       TextOutput Made;
       const TextResult Result = Place->Engine.Translate(Text, Texts);
-      Place->Writer.Append(Text, Result, Made.Out);
       Made.Messages = MessageOf(Result, TextSource::Place(Line, IsGiven));
+      if (IsPicture(Format.Format)) {
+        RequireOnePicture(Format.Format, Line);
+        Made.Messages += DrawText(Text, Result, Line, IsGiven, *Place, Made.Out);
+      } else {
+        Place->Writer.Append(Text, Result, Made.Out);
+      }
       return Made;
     };
   });
+  if (Format.Format == TextFormat::Html) {
+    Page.clear();
+    Picture::EndPage(Page);
+    Output.Write(Page);
+  }
   Grammar::ReportLeftOut(Tally);
   Output.Finish();
   return HasFindings ? Grammar::StatusFindings : Grammar::StatusClean;

@@ -36,7 +36,7 @@ _trrule() {
   case $Before in
     --format)
       case ${COMP_WORDS[1]} in
-        translate) Words='plain json tree' ;;
+        translate) Words='plain json tree svg html' ;;
         why) Words='plain json' ;;
         test) Words='plain json junit tap' ;;
         draw) Words='svg html text' ;;

@@ -60,13 +60,15 @@ struct Text {
   bool IsCentred = true;  ///< otherwise it begins on the left
 };
 
-enum class SubjectKind : std::uint8_t { Caption, Component, Alignment, Constraint };
+enum class SubjectKind : std::uint8_t { Caption, Component, Alignment, Constraint, Constituent };
 
 /// What a group of shapes stands for.
 struct Subject {
   SubjectKind Kind = SubjectKind::Caption;
-  std::size_t Line = 0;   ///< of an alignment or a constraint, in its file, from 1
-  std::string_view Code;  ///< of it, as written; a component has its name, "x1"
+  std::size_t Line = 0;   ///< of an alignment or a constraint, in its file; the number of a
+                          ///< constituent; from 1
+  std::string_view Code;  ///< the line, as written; of a component its name, "x1"; of a constituent
+                          ///< what is shown on demand
 };
 
 /// Shapes that belong together. Each group's begin where those of the group before end.

@@ -37,6 +37,19 @@ void AppendFigure(std::string_view Place, std::string_view Svg, std::string& Tex
   TextReturn.append("</h2>\n<figure tabindex=\"0\">\n").append(Svg).append("</figure>\n");
 }
 
+void AppendDetails(std::string_view Summary, const std::vector<std::string>& vsEntries,
+                   std::string& TextReturn) {
+  TextReturn += "<details><summary>";
+  AppendEscaped(ShownText(Summary), TextReturn);
+  TextReturn += "</summary>\n<ol>\n";
+  for (const std::string& sEntry : vsEntries) {
+    TextReturn += "<li>";
+    AppendEscaped(ShownText(sEntry), TextReturn);
+    TextReturn += "</li>\n";
+  }
+  TextReturn += "</ol>\n</details>\n";
+}
+
 void EndPage(std::string& TextReturn) {
   TextReturn += "</main>\n</body>\n</html>\n";
 }

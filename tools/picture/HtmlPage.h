@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// @file
 /// A page of pictures: one file, which needs no other.
@@ -14,6 +15,10 @@ void BeginPage(std::string_view Title, std::string& TextReturn);
 /// Appends a picture with its place in the grammar above it.
 /// @param Svg as `AppendSvg` writes it within a page
 void AppendFigure(std::string_view Place, std::string_view Svg, std::string& TextReturn);
+
+/// Appends a list that is shown on demand, its entries numbered from 1.
+void AppendDetails(std::string_view Summary, const std::vector<std::string>& vsEntries,
+                   std::string& TextReturn);
 
 /// Appends the text after the last picture.
 void EndPage(std::string& TextReturn);

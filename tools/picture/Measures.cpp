@@ -28,6 +28,7 @@ const Measures& SvgMeasures() {
     New.CaptionGap = 16;
     New.MinZone = 48;
     New.MaxZone = 160;
+    New.LevelHeight = 84;
     return New;
   }();
   return Units;

@@ -30,6 +30,7 @@ struct Measures {
   int CaptionGap = 0;  ///< above the caption
   int MinZone = 0;     ///< the height between the rows in which lines cross, at least
   int MaxZone = 0;
+  int LevelHeight = 0;  ///< from one level of a tree to the next
 
   /// The room that a text needs from the left to the right.
   int WidthOf(std::string_view Words, TextRole Role) const;

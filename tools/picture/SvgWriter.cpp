@@ -125,6 +125,34 @@ void AppendLine(const Line& Which, std::string& TextReturn) {
 
 namespace {
 
+/// The colours of constituents: dark ones on light, light ones on dark. Each is at least 4.5 times
+/// as dark, or as light, as the ground.
+constexpr std::array<std::string_view, 6> Dark{"#1d4ed8", "#9a3412", "#166534",
+                                               "#7e22ce", "#9d174d", "#115e59"};
+constexpr std::array<std::string_view, 6> Light{"#93c5fd", "#fdba74", "#86efac",
+                                                "#d8b4fe", "#f9a8d4", "#5eead4"};
+
+/// A constituent has its number and its colour in both trees.
+void BeginConstituent(const Subject& Shown, std::string& TextReturn) {
+  AppendNumber("<g data-constituent=\"", static_cast<std::int64_t>(Shown.Line), TextReturn);
+  AppendNumber("\" class=\"c", static_cast<std::int64_t>(Shown.Line % Dark.size()), TextReturn);
+  TextReturn += "\" stroke=\"currentColor\">";
+  if (!Shown.Code.empty()) {
+    TextReturn += "<title>";
+    AppendEscaped(Shown.Code, TextReturn);
+    TextReturn += "</title>";
+  }
+}
+
+void AppendColours(const std::array<std::string_view, 6>& Colours, std::string_view Id,
+                   std::string& TextReturn) {
+  for (std::size_t At = 0; At < Colours.size(); ++At) {
+    TextReturn.append("#").append(Id);
+    AppendNumber(" .c", static_cast<std::int64_t>(At), TextReturn);
+    TextReturn.append("{color:").append(Colours[At]).append("}");
+  }
+}
+
 void BeginGroup(const Subject& Shown, std::string& TextReturn) {
   switch (Shown.Kind) {
     case SubjectKind::Caption:
@@ -134,6 +162,9 @@ void BeginGroup(const Subject& Shown, std::string& TextReturn) {
       TextReturn += "<g data-component=\"";
       TextReturn += Shown.Code;
       TextReturn += "\">";
+      return;
+    case SubjectKind::Constituent:
+      BeginConstituent(Shown, TextReturn);
       return;
     case SubjectKind::Alignment:
       TextReturn += "<g data-alignment=\"";
@@ -203,6 +234,31 @@ void AppendAll(std::initializer_list<std::string_view> Words, std::string& TextR
   }
 }
 
+/// Within a page, only what the page cannot know: the colours of constituents.
+void AppendStyle(const Drawing& Picture, bool IsInline, std::string_view Id,
+                 std::string& TextReturn) {
+  const bool HasConstituents =
+      !Picture.vGroups.empty() && Picture.vGroups.front().Shown.Kind == SubjectKind::Constituent;
+  if (IsInline && !HasConstituents) {
+    return;
+  }
+  TextReturn += "<style>";
+  if (!IsInline) {
+    AppendAll({"#", Id, "{color:#222}"}, TextReturn);
+  }
+  if (HasConstituents) {
+    AppendColours(Dark, Id, TextReturn);
+  }
+  TextReturn += "@media (prefers-color-scheme:dark){";
+  if (!IsInline) {
+    AppendAll({"#", Id, "{color:#ddd}"}, TextReturn);
+  }
+  if (HasConstituents) {
+    AppendColours(Light, Id, TextReturn);
+  }
+  TextReturn += "}</style>\n";
+}
+
 }  // namespace
 
 void AppendSvg(const Drawing& Picture, const SvgOptions& Options, std::string& TextReturn) {
@@ -219,11 +275,7 @@ void AppendSvg(const Drawing& Picture, const SvgOptions& Options, std::string& T
   AppendAll({"</title>\n<desc id=\"", Id, "-desc\">"}, TextReturn);
   AppendEscaped(Picture.Description, TextReturn);
   TextReturn += "</desc>\n";
-  if (!Options.IsInline) {
-    AppendAll({"<style>#", Id, "{color:#222}@media (prefers-color-scheme:dark){#", Id,
-               "{color:#ddd}}</style>\n"},
-              TextReturn);
-  }
+  AppendStyle(Picture, Options.IsInline, Id, TextReturn);
   AppendGroups(Picture, TextReturn);
   TextReturn += "</svg>\n";
 }

@@ -47,6 +47,9 @@ void TranslationWriter::Append(std::string_view Text, const TextResult& Result,
     case TextFormat::Tree:
       AppendDrawing(Text, Result);
       break;
+    case TextFormat::Svg:
+    case TextFormat::Html:
+      break;
   }
 }
 

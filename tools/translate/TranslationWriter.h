@@ -12,7 +12,12 @@
 
 namespace Translate {
 
-enum class TextFormat : std::uint8_t { Plain, Json, Tree };
+enum class TextFormat : std::uint8_t { Plain, Json, Tree, Svg, Html };
+
+/// Whether derivations are drawn as pictures, which is not the work of `TranslationWriter`.
+constexpr bool IsPicture(TextFormat Format) {
+  return Format == TextFormat::Svg || Format == TextFormat::Html;
+}
 
 struct WriterOptions {
   TextFormat Format = TextFormat::Plain;
