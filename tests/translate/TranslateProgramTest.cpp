@@ -160,7 +160,7 @@ TEST(TranslateProgram, EndsWithStatus2AndOneLineWhenTheRunFails) {
       {{Grammar, "-k", "x"}, "-k: invalid number x; use a number from 1 on"},
       {{Grammar, "--threads", "0"}, "--threads: invalid number 0; use a number from 1 on"},
       {{Grammar, "--max-chain", "-1"}, "--max-chain: invalid number -1; use a number from 0 on"},
-      {{Grammar, "--format", "xml"}, "--format: xml not in {plain,json,tree}"},
+      {{Grammar, "--format", "xml"}, "--format: xml not in {plain,json,tree,svg,html}"},
       {{"/no/such/file"}, "cannot read /no/such/file: No such file or directory"},
       {{Grammar, "-o", "/no/such/file"}, "cannot write /no/such/file: No such file or directory"},
   };
