@@ -3,6 +3,7 @@
 #include "ExampleParse.h"
 
 #include "Bytes.h"
+#include "DerivationMatch.h"
 #include "TargetTexts.h"
 
 #include <algorithm>
@@ -174,6 +175,13 @@ std::vector<std::uint32_t> ExampleParse::AllWays() const {
 bool ExampleParse::HasOneDerivation() {
   Best.SetGoalWays(AllWays());
   return IsWhole && (!Best.Next() || !Best.Next());
+}
+
+bool ExampleParse::HasSameDerivations(const ExampleParse& Other) const {
+  if (!IsWhole || !Other.IsWhole || vRootWays.size() != Other.vRootWays.size()) {
+    return false;
+  }
+  return DerivationMatch(Parsed, Other.Parsed).AreSame(AllWays(), Other.AllWays());
 }
 
 /// Returns the different texts to a function, until it wants no more, or they are too long.

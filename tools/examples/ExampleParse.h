@@ -62,6 +62,10 @@ class ExampleParse {
   /// Whether the text has one derivation of the wanted types, or none.
   bool HasOneDerivation();
 
+  /// Whether another parse of the same example has the same derivations. That it says so is
+  /// certain; that it does not, is not.
+  bool HasSameDerivations(const ExampleParse& Other) const;
+
   /// The texts that the example's text is translated to, in order, each once.
   std::vector<std::string> Texts();
   /// Whether they are these.

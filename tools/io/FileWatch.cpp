@@ -73,7 +73,7 @@ EndSignals::~EndSignals() {
   close(Before->Pipe[1]);
   delete Before;
   if (Left != 0) {
-    raise(Left);
+    static_cast<void>(raise(Left));
   }
 }
 
@@ -127,21 +127,27 @@ void FileWatch::WatchFolder(const std::string& File, std::size_t Index) {
 
 // ---- Waiting ----------------------------------------------------------------------------------
 
-/// Takes the events that have come, and notes whose files they are. Where some were lost, every
-/// file may have changed.
-void FileWatch::ReadEvents(std::vector<bool>& vHasChangedReturn) {
-  alignas(inotify_event) std::array<char, 64 * (sizeof(inotify_event) + NAME_MAX + 1)> Buffer;
-  for (ssize_t Size = 0; (Size = read(Events, Buffer.data(), Buffer.size())) > 0;) {
+/// Notes the file of an event. Where events were lost, every file may have changed.
+void FileWatch::NoteEvent(int Folder, bool IsLost, const std::string& Name,
+                          std::vector<bool>& vHasChangedReturn) const {
+  for (const Entry& Watched : vEntries) {
+    if (IsLost || (Watched.Folder == Folder && Watched.Name == Name)) {
+      vHasChangedReturn[Watched.File] = true;
+    }
+  }
+}
+
+/// Takes the events that have come.
+void FileWatch::ReadEvents(std::vector<bool>& vHasChangedReturn) const {
+  constexpr std::size_t MaxEvent = sizeof(inotify_event) + NAME_MAX + 1;
+  std::vector<char> vBuffer(64 * MaxEvent);
+  for (ssize_t Size = 0; (Size = read(Events, vBuffer.data(), vBuffer.size())) > 0;) {
     for (std::size_t At = 0; At < static_cast<std::size_t>(Size);) {
       inotify_event Event{};
-      std::memcpy(&Event, Buffer.data() + At, sizeof Event);
-      const std::string Name = Event.len > 0 ? Buffer.data() + At + sizeof Event : "";
-      for (const Entry& Watched : vEntries) {
-        if ((Event.mask & IN_Q_OVERFLOW) != 0 ||
-            (Watched.Folder == Event.wd && Watched.Name == Name)) {
-          vHasChangedReturn[Watched.File] = true;
-        }
-      }
+      std::memcpy(&Event, vBuffer.data() + At, sizeof Event);
+      // The name ends with a null byte, or several.
+      const char* Name = Event.len > 0 ? vBuffer.data() + At + sizeof Event : "";
+      NoteEvent(Event.wd, (Event.mask & IN_Q_OVERFLOW) != 0, Name, vHasChangedReturn);
       At += sizeof Event + Event.len;
     }
   }

@@ -54,7 +54,9 @@ class FileWatch {
 
  private:
   void WatchFolder(const std::string& File, std::size_t Index);
-  void ReadEvents(std::vector<bool>& vHasChangedReturn);
+  void NoteEvent(int Folder, bool IsLost, const std::string& Name,
+                 std::vector<bool>& vHasChangedReturn) const;
+  void ReadEvents(std::vector<bool>& vHasChangedReturn) const;
 
   /// A name in a folder that is watched.
   struct Entry {
