@@ -167,8 +167,8 @@ const std::vector<Case>& Cases() {
       {"load a grammar", 500, Linear, LoadRules},
       {"translate among other rules", 500, Growth::None, TranslateAmongOthers},
       {"translate by many rules", 500, Linear, TranslateByManyRules},
+      {"load many constraints", 250, Linear, LoadConstraints},
       // The features of one node are a list, since there are few; a rule has 100,000 bytes at most.
-      {"load many constraints", 250, Quadratic, LoadConstraints},
       {"apply many constraints", 100, Quadratic, ApplyConstraints},
   };
   return vCases;

@@ -54,6 +54,21 @@ TEST(WhyProgram, ExplainsAllMatchingRules) {
                       ""}));
 }
 
+TEST(WhyProgram, ShowsWordsInCapitalsUnlessCaseCounts) {
+  const TestFolder Folder;
+  const std::string Grammar = Folder.Write("a.trr", "NP::NP : [\"The\"] -> [\"el\"]\n(X1::Y1)\n");
+  const auto Expected = [&](const std::string& Word) {
+    return ChildEnd{0,
+                    Grammar + ":1: NP::NP : [\"The\"] -> [\"el\"]\n" + Grammar +
+                        ":1 does not begin at \"car\"; x1 wants the word \"" + Word +
+                        "\", and no constituent begins at \"car\"\n",
+                    ""};
+  };
+  EXPECT_EQ(RunWhyProgram({Grammar + ":1", Grammar, "--text", "car"}), Expected("THE"));
+  EXPECT_EQ(RunWhyProgram({Grammar + ":1", Grammar, "--text", "car", "--match-case"}),
+            Expected("The"));
+}
+
 TEST(WhyProgram, ReportsASkippedRule) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Bad + Nouns);

@@ -540,6 +540,10 @@ Chart::ItemRange Chart::ItemsAt(std::size_t Start) const {
 
 const Chart::Cell* Chart::FindCell(std::size_t Start, std::size_t End) const {
   const SourceTrie::Range<Cell> In = CellsAt(Start);
+  // In an ambiguous text, there is a cell for each end.
+  if (End > Start && In.size() >= End - Start && In.First[End - Start - 1].End == End) {
+    return In.First + (End - Start - 1);
+  }
   const Cell* Found = std::lower_bound(
       In.begin(), In.end(), End,
       [](const Cell& Current, std::size_t Wanted) { return Current.End < Wanted; });

@@ -10,6 +10,8 @@ void Derivations::Clear() {
   Lists.Clear();
   vTreeScores.clear();
   vListScores.assign(1, 0);
+  Compared.Clear();
+  vResults.clear();
 }
 
 Derivations::TreeId Derivations::Tree(std::uint32_t Rule, ListId Parts, std::int64_t Weight) {
@@ -57,35 +59,69 @@ std::vector<std::uint32_t> Derivations::RulesOf(TreeId Which) const {
 }
 
 /// Finds the first difference of two lists that are not the same.
-void Derivations::Descend(ListId Left, ListId Right, TreeId& LeftReturn,
-                          TreeId& RightReturn) const {
+void Derivations::Descend(ListId Left, ListId Right, TreePair& PairReturn) const {
   while (Before(Left) != Before(Right)) {
     Left = Before(Left);
     Right = Before(Right);
   }
-  LeftReturn = Last(Left);
-  RightReturn = Last(Right);
+  PairReturn = {Last(Left), Last(Right)};
+}
+
+/// How two trees compared before; 0 if that is not known.
+int Derivations::Remembered(const TreePair& Pair) const {
+  const std::uint32_t Number =
+      Compared.Find(std::min(Pair.Left, Pair.Right), std::max(Pair.Left, Pair.Right));
+  if (Number == Grammar::NoEntry) {
+    return 0;
+  }
+  return Pair.Left < Pair.Right ? vResults[Number] : -vResults[Number];
+}
+
+void Derivations::Remember(const TreePair& Pair, int Result) const {
+  const std::uint32_t Number =
+      Compared.Intern(std::min(Pair.Left, Pair.Right), std::max(Pair.Left, Pair.Right));
+  if (Number == vResults.size()) {
+    vResults.push_back(static_cast<std::int8_t>(Pair.Left < Pair.Right ? Result : -Result));
+  }
 }
 
 int Derivations::CompareTrees(TreeId Left, TreeId Right) const {
   if (Left == Right) {
     return 0;
   }
-  // Rules of one number have equally many parts.
-  while (Rule(Left) == Rule(Right)) {
-    Descend(Parts(Left), Parts(Right), Left, Right);
+  // A pair in so many is looked up and remembered, since most differ near their roots.
+  constexpr std::size_t Stride = 16;
+  vPassed.clear();
+  TreePair Pair{Left, Right};
+  int Result = 0;
+  for (std::size_t Depth = 0; Result == 0; ++Depth) {
+    if (Depth % Stride == Stride - 1) {
+      Result = Remembered(Pair);
+      vPassed.push_back(Pair);
+    }
+    if (Result == 0 && Rule(Pair.Left) != Rule(Pair.Right)) {
+      Result = Rule(Pair.Left) < Rule(Pair.Right) ? -1 : 1;
+    } else if (Result == 0) {
+      // Rules of one number have equally many parts.
+      Descend(Parts(Pair.Left), Parts(Pair.Right), Pair);
+    }
   }
-  return Rule(Left) < Rule(Right) ? -1 : 1;
+  if (!vPassed.empty()) {
+    Remember({Left, Right}, Result);
+  }
+  for (const TreePair& Passed : vPassed) {
+    Remember(Passed, Result);
+  }
+  return Result;
 }
 
 int Derivations::CompareLists(ListId Left, ListId Right) const {
   if (Left == Right) {
     return 0;
   }
-  TreeId One = 0;
-  TreeId Other = 0;
-  Descend(Left, Right, One, Other);
-  return CompareTrees(One, Other);
+  TreePair Pair{};
+  Descend(Left, Right, Pair);
+  return CompareTrees(Pair.Left, Pair.Right);
 }
 
 }  // namespace Translate

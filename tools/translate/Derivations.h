@@ -14,7 +14,8 @@ using Grammar::PairTable;
 ///
 /// A derivation is a rule and the list of the derivations of its places. A list is its last
 /// derivation and the list before it. Equal trees have one number wherever they stand in the text,
-/// so that two can be compared by going down one branch of each.
+/// so that two can be compared by going down one branch of each; how two deep ones compared is
+/// remembered, so that a long text does not pay its length for each comparison.
 ///
 /// @code
 /// Derivations Trees;
@@ -58,12 +59,24 @@ class Derivations {
   void Clear();
 
  private:
-  void Descend(ListId Left, ListId Right, TreeId& LeftReturn, TreeId& RightReturn) const;
+  /// Two trees that are not the same.
+  struct TreePair {
+    TreeId Left;
+    TreeId Right;
+  };
+
+  void Descend(ListId Left, ListId Right, TreePair& PairReturn) const;
+  int Remembered(const TreePair& Pair) const;
+  void Remember(const TreePair& Pair, int Result) const;
 
   PairTable Trees;
   PairTable Lists;
   std::vector<std::int64_t> vTreeScores;
   std::vector<std::int64_t> vListScores;
+  // What comparing remembers changes no answer.
+  mutable PairTable Compared;                 // pairs of deep trees, the smaller number first …
+  mutable std::vector<std::int8_t> vResults;  // … and how they compared
+  mutable std::vector<TreePair> vPassed;
 };
 
 }  // namespace Translate

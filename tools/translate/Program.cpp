@@ -7,6 +7,11 @@
 
 namespace Translate {
 
+using Grammar::HashOf;
+using Grammar::Mixed;
+using Grammar::NoEntry;
+using Grammar::Pair;
+
 ProgramPath ProgramCompiler::AddPath(const NodePath& Path, Program& ProgramReturn) {
   ProgramPath New;
   New.Node = Path.Index;
@@ -57,6 +62,23 @@ void ProgramCompiler::AddSet(Side OnSide, const ValueStep& Step, std::uint32_t L
   }
 }
 
+namespace {
+
+/// A hash of a side and a path.
+std::uint64_t HashOfPath(Side OnSide, const ProgramPath& Path, const Program& In) {
+  return HashOf(In.vFeatures.data() + Path.FirstFeature, Path.FeatureCount) ^
+         Mixed(Pair(OnSide == Side::X ? 0 : 1, Path.Node));
+}
+
+bool IsSamePath(const ProgramPath& Left, const ProgramPath& Right, const Program& In) {
+  const auto First = In.vFeatures.begin() + Left.FirstFeature;
+  const auto Other = In.vFeatures.begin() + Right.FirstFeature;
+  return Left.Node == Right.Node &&
+         std::equal(First, First + Left.FeatureCount, Other, Other + Right.FeatureCount);
+}
+
+}  // namespace
+
 /// Values of one written path are alternatives; a negation holds for itself.
 void ProgramCompiler::AddValue(const Equation& Current, Program& ProgramReturn) {
   const auto Line = static_cast<std::uint32_t>(Current.Line);
@@ -67,20 +89,23 @@ void ProgramCompiler::AddValue(const Equation& Current, Program& ProgramReturn) 
            ProgramReturn);
     return;
   }
-  const auto Start = ProgramReturn.vFeatures.begin() + Path.FirstFeature;
-  std::vector<std::uint32_t> vFeatures(Start, Start + Path.FeatureCount);
-  const auto Found =
-      std::find_if(vAlternatives.begin(), vAlternatives.end(), [&](const Alternatives& Other) {
-        return Other.OnSide == Current.Left.OnSide && Other.Path.Node == Path.Node &&
-               Other.vFeatures == vFeatures;
+  const auto HashOfOne = [&](std::uint32_t Which) {
+    return HashOfPath(vAlternatives[Which].OnSide, vAlternatives[Which].Path, ProgramReturn);
+  };
+  std::uint32_t& Slot = AlternativesIndex.Find(
+      HashOfPath(Current.Left.OnSide, Path, ProgramReturn), [&](std::uint32_t Other) {
+        return vAlternatives[Other].OnSide == Current.Left.OnSide &&
+               IsSamePath(vAlternatives[Other].Path, Path, ProgramReturn);
       });
-  if (Found == vAlternatives.end()) {
-    vAlternatives.push_back(
-        {Path, std::move(vFeatures), Current.Left.OnSide, std::move(vAtoms), Line});
-  } else {
+  if (Slot != NoEntry) {
     ProgramReturn.vFeatures.resize(Path.FirstFeature);
-    Found->vAtoms.insert(Found->vAtoms.end(), vAtoms.begin(), vAtoms.end());
+    std::vector<std::uint32_t>& vAll = vAlternatives[Slot].vAtoms;
+    vAll.insert(vAll.end(), vAtoms.begin(), vAtoms.end());
+    return;
   }
+  Slot = static_cast<std::uint32_t>(vAlternatives.size());
+  vAlternatives.push_back({Path, Current.Left.OnSide, std::move(vAtoms), Line});
+  AlternativesIndex.NoteAdded(HashOfOne);
 }
 
 /// Which nodes begin as copies of what the parts have; those that no equation names do not count.
@@ -115,6 +140,7 @@ void ProgramCompiler::AddParts(const UsableRule& Rule, Program& ProgramReturn) c
 Program ProgramCompiler::Compile(const UsableRule& Rule, std::vector<std::uint32_t>& vLinesReturn) {
   Program New;
   vAlternatives.clear();
+  AlternativesIndex.Clear();
   vLinesReturn.clear();
   if (Rule.vEquations.empty()) {
     return New;

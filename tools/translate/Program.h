@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AtomSets.h"
+#include "Hashing.h"
 #include "SymbolTable.h"
 #include "UsableRule.h"
 
@@ -13,6 +14,7 @@ namespace Translate {
 
 using Grammar::Equation;
 using Grammar::EquationKind;
+using Grammar::IndexTable;
 using Grammar::NodePath;
 using Grammar::Side;
 using Grammar::SymbolTable;
@@ -88,7 +90,6 @@ class ProgramCompiler {
   /// What is said of one path by values that are alternatives of each other.
   struct Alternatives {
     ProgramPath Path;
-    std::vector<std::uint32_t> vFeatures;
     Side OnSide;
     std::vector<std::uint32_t> vAtoms;
     std::uint32_t Line;
@@ -108,6 +109,7 @@ class ProgramCompiler {
   SymbolTable& AtomNames;
   AtomSets& Atoms;
   std::vector<Alternatives> vAlternatives;
+  IndexTable AlternativesIndex;          // by their paths
   std::vector<std::uint32_t> vLines[5];  // of the five kinds of steps
 };
 
