@@ -192,4 +192,30 @@ TEST(TranslateChoices, KeepsACarriageReturnWithinALine) {
                       "-:2: error: there is no translation\n"}));
 }
 
+TEST(TranslateChoices, ReportsAStructureThatIsTooLong) {
+  // Each level has what is below it twice, and no words.
+  const std::string Doubling =
+      "S::S : [\"b\" S] -> [S S]\n(X2::Y1)\n(X2::Y2)\n((y0 l) = y1)\n((y0 r) = y2)\n"
+      "S::S : [\"a\"] -> [\"\"]\n(X1::Y1)\n((y0 f) = p)\n";
+  std::string Text = "a";
+  for (int Count = 0; Count < 30; ++Count) {
+    Text.insert(0, "b ");
+  }
+  const std::string Error = "a structure takes more than 16777216 bytes";
+  const std::string Message = "--text:1: error: " + Error + '\n';
+  EXPECT_EQ(RunOn(Doubling, {"--text", Text}), (ChildEnd{0, "\n", ""}));
+  const std::string Json =
+      "{\"source\":\"" + Text + "\",\"translations\":[],\"error\":\"" + Error + "\"}\n";
+  EXPECT_EQ(RunOn(Doubling, {"--text", Text, "--format", "json"}), (ChildEnd{1, Json, Message}));
+  EXPECT_EQ(RunOn(Doubling, {"--text", Text, "--format", "tree"}),
+            (ChildEnd{1, Text + "\n" + Error + "\n\n", Message}));
+  const TestFolder Folder;
+  Folder.Write("a.trr", Doubling);
+  EXPECT_EQ(
+      RunTrrule({"why", "a.trr:1", "a.trr", "--text", Text}, Folder.Path("")),
+      (ChildEnd{1,
+                "a.trr:1: S::S : [\"b\" S] -> [S S]\nnothing is known of a.trr:1: " + Error + "\n",
+                Message}));
+}
+
 }  // namespace

@@ -12,6 +12,7 @@
 #include "RuleUse.h"
 #include "RunError.h"
 #include "StartTypes.h"
+#include "StructureText.h"
 
 #include <algorithm>
 #include <atomic>
@@ -151,9 +152,10 @@ struct Workplace {
   DerivationPictures Pictures;
 };
 
-std::string MessageOf(const TextResult& Result, const std::string& Place) {
-  if (!Result.Error.empty()) {
-    return Place + ": error: " + Result.Error + '\n';
+std::string MessageOf(const TextResult& Result, const std::string& Error,
+                      const std::string& Place) {
+  if (!Error.empty()) {
+    return Place + ": error: " + Error + '\n';
   }
   return Result.vTranslations.empty() ? Place + ": error: there is no translation\n" : "";
 }
@@ -164,12 +166,17 @@ std::string MessageOf(const TextResult& Result, const std::string& Place) {
 
 namespace {
 
-/// Draws a text. @return what to report of it
-std::string DrawText(const std::string& Text, const TextResult& Result, std::size_t Line,
-                     bool IsGiven, Workplace& Place, std::string& OutReturn) {
-  return Place.Pictures.Append(Text, Result, OutReturn)
-             ? ""
-             : TextSource::Place(Line, IsGiven) + ": error: " + PictureSizeError() + '\n';
+/// Draws a text. @return what is wrong with it; empty if nothing is
+std::string DrawText(const std::string& Text, const TextResult& Result,
+                     DerivationPictures& Pictures, std::string& OutReturn) {
+  const std::size_t Size = OutReturn.size();
+  try {
+    const bool AreDrawn = Pictures.Append(Text, Result, OutReturn);
+    return AreDrawn || !Result.Error.empty() ? Result.Error : PictureSizeError();
+  } catch (const StructureTooLong& TooLong) {
+    OutReturn.resize(Size);
+    return TooLong.what();
+  }
 }
 
 void RequireOnePicture(TextFormat Format, std::size_t Line) {
@@ -217,13 +224,13 @@ int RunTranslate(const TranslateOptions& Options) {
     return [&, Place](const std::string& Text, std::size_t Line) {
       TextOutput Made;
       const TextResult Result = Place->Engine.Translate(Text, Texts);
-      Made.Messages = MessageOf(Result, TextSource::Place(Line, IsGiven));
       if (IsPicture(Format.Format)) {
         RequireOnePicture(Format.Format, Line);
-        Made.Messages += DrawText(Text, Result, Line, IsGiven, *Place, Made.Out);
-      } else {
-        Place->Writer.Append(Text, Result, Made.Out);
       }
+      const std::string Error = IsPicture(Format.Format)
+                                    ? DrawText(Text, Result, Place->Pictures, Made.Out)
+                                    : Place->Writer.Append(Text, Result, Made.Out);
+      Made.Messages = MessageOf(Result, Error, TextSource::Place(Line, IsGiven));
       return Made;
     };
   });

@@ -129,6 +129,21 @@ void AppendError(const RuleDescription& Rule, bool IsJson, const std::string& Er
   OutReturn += "}\n";
 }
 
+/// @return false where what is to be said has a structure that is too long to be written
+bool AppendFactsOrError(const RuleDescription& Rule, bool IsJson, RuleDiagnosis& Why,
+                        std::string& OutReturn) {
+  const std::size_t Size = OutReturn.size();
+  try {
+    AppendFacts(Rule, IsJson, Why, OutReturn);
+    return true;
+  } catch (const StructureTooLong& TooLong) {
+    OutReturn.resize(Size);
+    std::cerr << "--text:1: error: " << TooLong.what() << '\n';
+    AppendError(Rule, IsJson, TooLong.what(), OutReturn);
+    return false;
+  }
+}
+
 /// Plain, a line about the rule itself is before all.
 void AppendHeading(const RuleDescription& Rule, std::string& OutReturn) {
   OutReturn += (OutReturn.empty() ? "" : "\n") + Rule.Place() + ':';
@@ -150,6 +165,7 @@ bool AppendAnswers(const WhyOptions& Options, const RuleSet& Rules, const AskedR
   } else {
     std::cerr << "--text:1: error: " << Result.Error << '\n';
   }
+  bool IsWhole = Result.Error.empty();
   for (const RuleDescription& Rule : Asked.vRules) {
     if (!Options.IsJson) {
       AppendHeading(Rule, OutReturn);
@@ -157,12 +173,12 @@ bool AppendAnswers(const WhyOptions& Options, const RuleSet& Rules, const AskedR
     if (!Rule.Index) {
       AppendLeftOut(Rule, Options.IsJson, OutReturn);
     } else if (Why) {
-      AppendFacts(Rule, Options.IsJson, *Why, OutReturn);
+      IsWhole = AppendFactsOrError(Rule, Options.IsJson, *Why, OutReturn) && IsWhole;
     } else {
       AppendError(Rule, Options.IsJson, Result.Error, OutReturn);
     }
   }
-  return Result.Error.empty();
+  return IsWhole;
 }
 
 }  // namespace

@@ -125,9 +125,13 @@ std::string CauseFinder::CauseOf(const Example& Given) {
     return "the text has no words";
   }
   Translate::RuleDiagnosis Why(Tested.Rules(), Engine, Result, Texts);
-  return Given.Rule == NoRule
-             ? CauseOfPair(Result, Why)
-             : Translate::DiagnosisText(Why, Tested.DescriptionOf(Given.Rule)).FurthestCause();
+  try {
+    return Given.Rule == NoRule
+               ? CauseOfPair(Result, Why)
+               : Translate::DiagnosisText(Why, Tested.DescriptionOf(Given.Rule)).FurthestCause();
+  } catch (const Translate::StructureTooLong& TooLong) {
+    return TooLong.what();
+  }
 }
 
 }  // namespace Examples

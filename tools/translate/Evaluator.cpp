@@ -5,7 +5,10 @@
 namespace Translate {
 
 Evaluator::Evaluator(const RuleSet& RulesPassIn)
-    : Rules(RulesPassIn), Sets(RulesPassIn.Atoms()), Steps(Store, Sets) {
+    : Rules(RulesPassIn),
+      Sets(RulesPassIn.Atoms()),
+      Steps(Store, Sets),
+      Check(RulesPassIn, Store, Sets) {
   Clear();
 }
 
@@ -80,10 +83,17 @@ void Evaluator::RunProgram(Known& KnownReturn) {
   for (const std::uint32_t At : How.vTargetAt) {
     vTargets.push_back(vPairs[At].Target);
   }
+  if (Check.Fails(How.Program, vSources, vTargets)) {
+    KnownReturn.Clashes = true;
+    return;
+  }
   const std::optional<StructurePair> Result =
       Steps.Run(Rules.ProgramAt(How.Program), vSources, vTargets);
   KnownReturn.Clashes = !Result.has_value();
   KnownReturn.Result = Result.value_or(StructurePair());
+  if (KnownReturn.Clashes) {
+    Check.Learn(How.Program, vSources, vTargets);
+  }
 }
 
 std::optional<StructurePair> Evaluator::EvaluateParts(const RuleSet::Rule& Rule,

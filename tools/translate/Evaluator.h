@@ -3,6 +3,7 @@
 #include "AtomSets.h"
 #include "Hashing.h"
 #include "ProgramRunner.h"
+#include "QuickCheck.h"
 #include "RuleSet.h"
 #include "StructureStore.h"
 
@@ -76,6 +77,7 @@ class Evaluator {
   StructureStore Store;
   AtomSets Sets;
   ProgramRunner Steps;
+  QuickCheck Check;
   std::vector<KeyEntry> vKeys;
   IndexTable KeyIndex;
   std::vector<Known> vKnown;

@@ -46,6 +46,27 @@ StructureId StructureStore::Complex(const std::vector<std::uint32_t>& vKnot) {
   return New;
 }
 
+std::optional<AtomSetId> StructureStore::AtomsAt(StructureId Structure,
+                                                 const std::uint32_t* Features,
+                                                 std::size_t Count) const {
+  for (std::size_t At = 0; At < Count; ++At) {
+    if (!IsComplex(Structure)) {
+      return std::nullopt;
+    }
+    // The arcs of the root stand behind the number of locals and their own.
+    const std::uint32_t* Arc = Knot(Structure) + 2;
+    const std::uint32_t* const Last = Arc + std::size_t{2} * Arc[-1];
+    while (Arc != Last && *Arc != Features[At]) {
+      Arc += 2;
+    }
+    if (Arc == Last || IsLocal(Arc[1])) {
+      return std::nullopt;
+    }
+    Structure = Arc[1];
+  }
+  return IsOpen(Structure) || !IsAtomic(Structure) ? std::nullopt : std::optional(Atoms(Structure));
+}
+
 std::size_t StructureStore::Bytes() const {
   return vEntries.capacity() * sizeof(Entry) + vWords.capacity() * sizeof(std::uint32_t);
 }

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace Translate {
@@ -63,6 +64,11 @@ class StructureStore {
   const std::uint32_t* Knot(StructureId Structure) const {
     return vWords.data() + vEntries[Structure].Start;
   }
+
+  /// The atoms at the end of a path.
+  /// @return nothing where there are none, or the path leads through what is shared
+  std::optional<AtomSetId> AtomsAt(StructureId Structure, const std::uint32_t* Features,
+                                   std::size_t Count) const;
 
   std::size_t Size() const { return vEntries.size(); }
   std::size_t Bytes() const;

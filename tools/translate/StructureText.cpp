@@ -118,10 +118,18 @@ void StructureText::End(const StructureWalk::Event& Current) {
   Text->append(Current.Number != 0 && IsJson ? "}" : "");
 }
 
+StructureTooLong::StructureTooLong()
+    : std::length_error("a structure takes more than " + std::to_string(StructureText::MaxBytes) +
+                        " bytes") {}
+
 void StructureText::Append(StructureId Structure) {
   using Kind = StructureWalk::Kind;
+  const std::size_t Start = Text->size();
   StructureWalk::Event Current;
   for (Walk.Start(Structure); Walk.Next(Current);) {
+    if (Text->size() - Start > MaxBytes) {
+      throw StructureTooLong();
+    }
     switch (Current.What) {
       case Kind::Open:
         Begin(Current);

@@ -6,7 +6,9 @@
 #include "StructureWalk.h"
 #include "TracedAtomSets.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -16,6 +18,13 @@ namespace Translate {
 /// `Grammar::ToUnicode` makes of them.
 void AppendJsonString(std::string_view Text, std::string& JsonReturn);
 
+/// A structure is not written since its text would take too much memory: what rules copy twice can
+/// double at each level.
+class StructureTooLong : public std::length_error {
+ public:
+  StructureTooLong();
+};
+
 /// Writes feature structures, features and atoms in the order of their bytes. What several features
 /// lead to has a number.
 ///
@@ -23,6 +32,9 @@ void AppendJsonString(std::string_view Text, std::string& JsonReturn);
 ///   [AGR=#1:[NUM=SG] SUBJ=[AGR=#1]]                              for people
 class StructureText {
  public:
+  /// The length of the longest text that is written of a structure.
+  static constexpr std::size_t MaxBytes = std::size_t{1} << 24U;
+
   StructureText(const RuleSet& RulesPassIn, const StructureStore& StorePassIn,
                 const AtomSets& AtomsPassIn)
       : Rules(RulesPassIn), Walk(RulesPassIn, StorePassIn), Plain(&AtomsPassIn) {}
@@ -32,6 +44,7 @@ class StructureText {
                 const TracedAtomSets& AtomsPassIn)
       : Rules(RulesPassIn), Walk(RulesPassIn, StorePassIn), Traced(&AtomsPassIn) {}
 
+  /// Both throw `StructureTooLong` where the text would be longer than `MaxBytes`.
   void AppendJson(StructureId Structure, std::string& TextReturn);
   void AppendShort(StructureId Structure, std::string& TextReturn);
 

@@ -35,7 +35,7 @@ std::size_t StructureWalk::AddKnot(StructureId Structure) {
 /// from is no feature that anybody has written.
 void StructureWalk::OpenFeatures(std::size_t Which, std::uint32_t Local, std::uint32_t Number) {
   const std::uint32_t* Words = vKnots[Which].Words + vKnots[Which].vLocals[Local];
-  Frame New{Which, {}, 0, Number};
+  Frame New{Which, {}, 0, Number, Local == 0};
   for (std::uint32_t Index = 0; Index < Words[0]; ++Index) {
     if (Words[1 + 2 * Index] != StructureStore::OriginFeature) {
       New.vArcs.push_back({Words[1 + 2 * Index], Words[2 + 2 * Index]});
@@ -71,6 +71,9 @@ bool StructureWalk::Next(Event& EventReturn) {
   if (Top.Next == Top.vArcs.size()) {
     EventReturn.What = Kind::End;
     EventReturn.Number = Top.Number;
+    if (Top.IsRoot) {
+      vKnots.pop_back();
+    }
     vFrames.pop_back();
     return true;
   }

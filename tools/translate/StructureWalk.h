@@ -60,12 +60,13 @@ class StructureWalk {
     std::uint32_t Target;
   };
 
-  /// Features that are being gone through.
+  /// Features that are being gone through. A knot is forgotten behind those of its root.
   struct Frame {
     std::size_t Knot;
     std::vector<Arc> vArcs;
     std::size_t Next;
     std::uint32_t Number;
+    bool IsRoot;
   };
 
   std::size_t AddKnot(StructureId Structure);

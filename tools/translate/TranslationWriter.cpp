@@ -31,12 +31,7 @@ std::string JoinedPieces(const TextResult& Result) {
 
 }  // namespace
 
-void TranslationWriter::Append(std::string_view Text, const TextResult& Result,
-                               std::string& OutReturn) {
-  Out = &OutReturn;
-  if (Trace) {
-    Trace->Trim();
-  }
+void TranslationWriter::AppendResult(std::string_view Text, const TextResult& Result) {
   switch (Options.Format) {
     case TextFormat::Plain:
       AppendPlain(Result);
@@ -50,6 +45,27 @@ void TranslationWriter::Append(std::string_view Text, const TextResult& Result,
     case TextFormat::Svg:
     case TextFormat::Html:
       break;
+  }
+}
+
+std::string TranslationWriter::Append(std::string_view Text, const TextResult& Result,
+                                      std::string& OutReturn) {
+  Out = &OutReturn;
+  if (Trace) {
+    Trace->Trim();
+  }
+  const std::size_t Size = Out->size();
+  try {
+    AppendResult(Text, Result);
+    return Result.Error;
+  } catch (const StructureTooLong& TooLong) {
+    Out->resize(Size);
+    TextResult Failed;
+    Failed.HasPieces = Result.HasPieces;
+    Failed.Derivations = Result.Derivations;
+    Failed.Error = TooLong.what();
+    AppendResult(Text, Failed);
+    return Failed.Error;
   }
 }
 
@@ -179,6 +195,9 @@ void TranslationWriter::AppendOrigins(StructureId Structure) {
     Out->append(Out->size() == Start ? "" : ",");
     AppendJsonString(Path, *Out);
     *Out += ':';
+    if (Out->size() - Start > StructureText::MaxBytes) {
+      throw StructureTooLong();
+    }
     AppendPlaces(Rules, Trace->Origins(Current.Structure), *Out);
   }
   *Out += '}';

@@ -49,9 +49,12 @@ class TranslationWriter {
   }
 
   /// Appends the result of the text that was translated last.
-  void Append(std::string_view Text, const TextResult& Result, std::string& OutReturn);
+  /// @return its error, or that a structure of it is too long to be written: then nothing of it is;
+  ///         empty if there is no error
+  std::string Append(std::string_view Text, const TextResult& Result, std::string& OutReturn);
 
  private:
+  void AppendResult(std::string_view Text, const TextResult& Result);
   void AppendPlain(const TextResult& Result);
   void AppendJson(std::string_view Text, const TextResult& Result);
   void AppendJsonPieces(const TextResult& Result);
