@@ -218,4 +218,27 @@ TEST(TranslateChoices, ReportsAStructureThatIsTooLong) {
                 Message}));
 }
 
+TEST(TranslateChoices, ReportsStructuresThatAreTooLargeToBeUnified) {
+  const std::string Grammar =
+      "S::S : [A B] -> [A B]\n(X1::Y1)\n(X2::Y2)\n(y1 = y2)\n"
+      "A::A : [\"a\" A] -> [A A]\n(X2::Y1)\n(X2::Y2)\n((y0 l) = y1)\n((y0 r) = y2)\n"
+      "A::A : [\"c\"] -> [\"\"]\n(X1::Y1)\n((y0 f) = p)\n"
+      "B::B : [\"b\" B] -> [B B]\n(X2::Y1)\n(X2::Y2)\n((y0 l) = y1)\n((y0 r) = y2)\n"
+      "B::B : [\"d\"] -> [\"\"]\n(X1::Y1)\n((y0 g) = q)\n";
+  const auto Text = [](int Count) {
+    std::string Left = "c";
+    std::string Right = "d";
+    for (; Count > 0; --Count) {
+      Left.insert(0, "a ");
+      Right.insert(0, "b ");
+    }
+    return Left + ' ' + Right;
+  };
+  EXPECT_EQ(RunOn(Grammar, {"--text", Text(5)}), (ChildEnd{0, "\n", ""}));
+  EXPECT_EQ(
+      RunOn(Grammar, {"--text", Text(30)}),
+      (ChildEnd{1, "\n",
+                "--text:1: error: structures with more than 4194304 features are unified\n"}));
+}
+
 }  // namespace

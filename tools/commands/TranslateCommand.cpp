@@ -173,9 +173,9 @@ std::string DrawText(const std::string& Text, const TextResult& Result,
   try {
     const bool AreDrawn = Pictures.Append(Text, Result, OutReturn);
     return AreDrawn || !Result.Error.empty() ? Result.Error : PictureSizeError();
-  } catch (const StructureTooLong& TooLong) {
+  } catch (const StructureTooLarge& TooLarge) {
     OutReturn.resize(Size);
-    return TooLong.what();
+    return TooLarge.what();
   }
 }
 

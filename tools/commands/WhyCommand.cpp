@@ -129,17 +129,17 @@ void AppendError(const RuleDescription& Rule, bool IsJson, const std::string& Er
   OutReturn += "}\n";
 }
 
-/// @return false where what is to be said has a structure that is too long to be written
+/// @return false where what is to be said has a structure that is too large
 bool AppendFactsOrError(const RuleDescription& Rule, bool IsJson, RuleDiagnosis& Why,
                         std::string& OutReturn) {
   const std::size_t Size = OutReturn.size();
   try {
     AppendFacts(Rule, IsJson, Why, OutReturn);
     return true;
-  } catch (const StructureTooLong& TooLong) {
+  } catch (const StructureTooLarge& TooLarge) {
     OutReturn.resize(Size);
-    std::cerr << "--text:1: error: " << TooLong.what() << '\n';
-    AppendError(Rule, IsJson, TooLong.what(), OutReturn);
+    std::cerr << "--text:1: error: " << TooLarge.what() << '\n';
+    AppendError(Rule, IsJson, TooLarge.what(), OutReturn);
     return false;
   }
 }

@@ -129,8 +129,8 @@ std::string CauseFinder::CauseOf(const Example& Given) {
     return Given.Rule == NoRule
                ? CauseOfPair(Result, Why)
                : Translate::DiagnosisText(Why, Tested.DescriptionOf(Given.Rule)).FurthestCause();
-  } catch (const Translate::StructureTooLong& TooLong) {
-    return TooLong.what();
+  } catch (const Translate::StructureTooLarge& TooLarge) {
+    return TooLarge.what();
   }
 }
 

@@ -12,6 +12,10 @@ namespace Translate {
 // ---- A text -----------------------------------------------------------------------------------
 
 std::string LimitError(ChartOutcome Outcome, const ChartLimits& Limits) {
+  if (Outcome == ChartOutcome::TooLargeStructures) {
+    return "structures with more than " + std::to_string(Unifier::MaxNodes) +
+           " features are unified";
+  }
   return Outcome == ChartOutcome::TooManyItems
              ? "the rules match in too many ways before their last component"
              : "there are more than " + std::to_string(Limits.MaxConstituents) + " constituents";
@@ -61,10 +65,16 @@ bool Chart::Parse(std::string_view Text, const ChartLimits& LimitsPassIn,
   vFirstCell.assign(Size + 2, 0);
   vFirstItem.assign(Size + 1, 0);
   vFrontiers.assign(Size + 1, {false, false, 0, 0, None});
-  for (std::uint32_t Start = Size; Start > 0 && HowFar == ChartOutcome::Whole; --Start) {
-    vFirstCell[Start - 1] = static_cast<std::uint32_t>(vCells.size());
-    vFirstItem[Start - 1] = static_cast<std::uint32_t>(vItems.size());
-    ParseFrom(Start - 1);
+  vEnds.clear();
+  vTouched.clear();
+  try {
+    for (std::uint32_t Start = Size; Start > 0 && HowFar == ChartOutcome::Whole; --Start) {
+      vFirstCell[Start - 1] = static_cast<std::uint32_t>(vCells.size());
+      vFirstItem[Start - 1] = static_cast<std::uint32_t>(vItems.size());
+      ParseFrom(Start - 1);
+    }
+  } catch (const StructureTooLarge&) {
+    HowFar = ChartOutcome::TooLargeStructures;
   }
   return HowFar == ChartOutcome::Whole;
 }

@@ -31,6 +31,7 @@ enum class ChartOutcome : std::uint8_t {
   Whole,
   TooManyConstituents,
   TooManyItems,  ///< rules whose parts have many structures come through them in too many ways
+  TooLargeStructures,
 };
 
 /// What to say of a chart that is not whole.

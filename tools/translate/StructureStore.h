@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <stdexcept>
 #include <vector>
 
 namespace Translate {
@@ -14,6 +15,13 @@ using Grammar::HashOf;
 using Grammar::IndexTable;
 using Grammar::Mixed;
 using Grammar::NoEntry;
+
+/// A structure is too large to be written, or to be unified with another one: what rules copy twice
+/// can double at each level.
+class StructureTooLarge : public std::length_error {
+ public:
+  using std::length_error::length_error;
+};
 
 /// The number of a feature structure.
 using StructureId = std::uint32_t;

@@ -118,9 +118,10 @@ void StructureText::End(const StructureWalk::Event& Current) {
   Text->append(Current.Number != 0 && IsJson ? "}" : "");
 }
 
-StructureTooLong::StructureTooLong()
-    : std::length_error("a structure takes more than " + std::to_string(StructureText::MaxBytes) +
-                        " bytes") {}
+StructureTooLarge TooLongToWrite() {
+  return StructureTooLarge("a structure takes more than " +
+                           std::to_string(StructureText::MaxBytes) + " bytes");
+}
 
 void StructureText::Append(StructureId Structure) {
   using Kind = StructureWalk::Kind;
@@ -128,7 +129,7 @@ void StructureText::Append(StructureId Structure) {
   StructureWalk::Event Current;
   for (Walk.Start(Structure); Walk.Next(Current);) {
     if (Text->size() - Start > MaxBytes) {
-      throw StructureTooLong();
+      throw TooLongToWrite();
     }
     switch (Current.What) {
       case Kind::Open:

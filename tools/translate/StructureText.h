@@ -8,7 +8,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -18,12 +17,8 @@ namespace Translate {
 /// `Grammar::ToUnicode` makes of them.
 void AppendJsonString(std::string_view Text, std::string& JsonReturn);
 
-/// A structure is not written since its text would take too much memory: what rules copy twice can
-/// double at each level.
-class StructureTooLong : public std::length_error {
- public:
-  StructureTooLong();
-};
+/// What is thrown where a structure is too long to be written.
+StructureTooLarge TooLongToWrite();
 
 /// Writes feature structures, features and atoms in the order of their bytes. What several features
 /// lead to has a number.
@@ -44,7 +39,7 @@ class StructureText {
                 const TracedAtomSets& AtomsPassIn)
       : Rules(RulesPassIn), Walk(RulesPassIn, StorePassIn), Traced(&AtomsPassIn) {}
 
-  /// Both throw `StructureTooLong` where the text would be longer than `MaxBytes`.
+  /// Both throw `StructureTooLarge` where the text would be longer than `MaxBytes`.
   void AppendJson(StructureId Structure, std::string& TextReturn);
   void AppendShort(StructureId Structure, std::string& TextReturn);
 

@@ -58,12 +58,12 @@ std::string TranslationWriter::Append(std::string_view Text, const TextResult& R
   try {
     AppendResult(Text, Result);
     return Result.Error;
-  } catch (const StructureTooLong& TooLong) {
+  } catch (const StructureTooLarge& TooLarge) {
     Out->resize(Size);
     TextResult Failed;
     Failed.HasPieces = Result.HasPieces;
     Failed.Derivations = Result.Derivations;
-    Failed.Error = TooLong.what();
+    Failed.Error = TooLarge.what();
     AppendResult(Text, Failed);
     return Failed.Error;
   }
@@ -196,7 +196,7 @@ void TranslationWriter::AppendOrigins(StructureId Structure) {
     AppendJsonString(Path, *Out);
     *Out += ':';
     if (Out->size() - Start > StructureText::MaxBytes) {
-      throw StructureTooLong();
+      throw TooLongToWrite();
     }
     AppendPlaces(Rules, Trace->Origins(Current.Structure), *Out);
   }

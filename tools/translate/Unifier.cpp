@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace Translate {
@@ -80,6 +81,10 @@ typename BasicUnifier<AtomsT>::NodeId BasicUnifier<AtomsT>::Find(NodeId Node) {
 /// shared between them.
 template <typename AtomsT>
 void BasicUnifier<AtomsT>::Expand(NodeId Node) {
+  if (vNodes.size() > MaxNodes) {
+    throw StructureTooLarge("structures with more than " + std::to_string(MaxNodes) +
+                            " features are unified");
+  }
   const StructureId Structure = vNodes[Node].Value;
   const std::uint32_t* Word = Store.Knot(Structure);
   const std::uint32_t Locals = *Word++;

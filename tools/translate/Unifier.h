@@ -82,6 +82,8 @@ class BasicUnifier {
  public:
   using NodeId = std::uint32_t;
   static constexpr NodeId None = NoEntry;
+  /// For one rule; where more are needed, `StructureTooLarge` is thrown.
+  static constexpr std::size_t MaxNodes = std::size_t{1} << 22U;
 
   BasicUnifier(StructureStore& StorePassIn, AtomsT& AtomsPassIn)
       : Store(StorePassIn), Atoms(AtomsPassIn) {}
