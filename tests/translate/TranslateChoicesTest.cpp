@@ -201,7 +201,7 @@ TEST(TranslateChoices, ReportsAStructureThatIsTooLong) {
   for (int Count = 0; Count < 30; ++Count) {
     Text.insert(0, "b ");
   }
-  const std::string Error = "a structure takes more than 16777216 bytes";
+  const std::string Error = "a structure takes more than 4194304 bytes";
   const std::string Message = "--text:1: error: " + Error + '\n';
   EXPECT_EQ(RunOn(Doubling, {"--text", Text}), (ChildEnd{0, "\n", ""}));
   const std::string Json =
@@ -238,7 +238,7 @@ TEST(TranslateChoices, ReportsStructuresThatAreTooLargeToBeUnified) {
   EXPECT_EQ(
       RunOn(Grammar, {"--text", Text(30)}),
       (ChildEnd{1, "\n",
-                "--text:1: error: structures with more than 4194304 features are unified\n"}));
+                "--text:1: error: structures with more than 1048576 features are unified\n"}));
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ StructureTooLarge TooLongToWrite();
 class StructureText {
  public:
   /// The length of the longest text that is written of a structure.
-  static constexpr std::size_t MaxBytes = std::size_t{1} << 24U;
+  static constexpr std::size_t MaxBytes = std::size_t{1} << 22U;
 
   StructureText(const RuleSet& RulesPassIn, const StructureStore& StorePassIn,
                 const AtomSets& AtomsPassIn)

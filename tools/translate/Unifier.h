@@ -83,7 +83,7 @@ class BasicUnifier {
   using NodeId = std::uint32_t;
   static constexpr NodeId None = NoEntry;
   /// For one rule; where more are needed, `StructureTooLarge` is thrown.
-  static constexpr std::size_t MaxNodes = std::size_t{1} << 22U;
+  static constexpr std::size_t MaxNodes = std::size_t{1} << 20U;
 
   BasicUnifier(StructureStore& StorePassIn, AtomsT& AtomsPassIn)
       : Store(StorePassIn), Atoms(AtomsPassIn) {}
