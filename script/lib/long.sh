@@ -19,7 +19,7 @@ analyse_with_cppcheck() {
   say "Analysing src/ and tools/ with cppcheck"
   # shellcheck disable=SC2046  # each folder is a word of its own
   run cppcheck.log cppcheck --enable=all --inconclusive --std=c++17 --language=c++ --quiet \
-    --error-exitcode=1 --suppressions-list=.cppcheck-suppressions -I src $(tool_folders) -j "$Jobs" src tools
+    --error-exitcode=1 --suppressions-list=.cppcheck-suppressions -I src $(tool_folders) src tools
 }
 
 # With `sanitize-clang-all`, which has had its turn, and `coverage`, these are the tests with each
