@@ -190,6 +190,7 @@ void RequireOnePicture(TextFormat Format, std::size_t Line) {
 
 // ---- The run ----------------------------------------------------------------------------------
 
+// The parts of a run, and what connects them. NOLINTNEXTLINE(readability-function-size)
 int RunTranslate(const TranslateOptions& Options) {
   const auto IsInput = [](const std::string& sName) { return sName == "-"; };
   if (!Options.Text && std::any_of(Options.vsGrammars.begin(), Options.vsGrammars.end(), IsInput)) {
