@@ -92,7 +92,9 @@ void RuleLayout::OrderArcs(std::size_t Side) {
     if (One.Slot != Other.Slot || One.IsLeft != Other.IsLeft) {
       return std::tie(One.Slot, One.IsLeft) < std::tie(Other.Slot, Other.IsLeft);
     }
-    return (std::tie(One.Span, One.Arc) < std::tie(Other.Span, Other.Arc)) != One.IsLeft;
+    const ArcEnd& Short = One.IsLeft ? Other : One;
+    const ArcEnd& Long = One.IsLeft ? One : Other;
+    return std::tie(Short.Span, Short.Arc) < std::tie(Long.Span, Long.Arc);
   });
   for (std::size_t Begin = 0; Begin < vEnds.size();) {
     Slot& At = vSlots[vEnds[Begin].Slot];
