@@ -1,10 +1,8 @@
 // What translating costs as texts and grammars grow; listed and run like trrule-growth.
 
 #include "GrowthCase.h"
-#include "RuleReader.h"
-#include "RuleSet.h"
-#include "RuleUse.h"
 #include "Translator.h"
+#include "support/RuleSetText.h"
 
 #include <cstdint>
 #include <memory>
@@ -20,26 +18,15 @@ using Growth::Linear;
 using Growth::Quadratic;
 using Growth::Work;
 
-void AddRules(const std::string& Text, Translate::RuleSet& RulesReturn) {
-  std::istringstream Stream(Text);
-  Grammar::RuleReader Reader(Stream, "-");
-  Grammar::SourceRule Lines;
-  Grammar::UsableRule Rule;
-  std::vector<Grammar::Finding> vFindings;
-  std::uint32_t Number = 0;
-  for (Grammar::RuleText Source; Reader.Next(Source);) {
-    if (ReadUsableRule(Source, false, Lines, Rule, vFindings)) {
-      RulesReturn.Add(Rule, ++Number);
-    }
-  }
-  RulesReturn.Finish();
+void Load(const std::string& Text, Translate::RuleSet& RulesReturn) {
+  AddRules(Text, RulesReturn, [](bool, const std::vector<Grammar::Finding>&) {});
 }
 
 /// Loading a grammar.
-Work Load(const std::string& Text) {
+Work LoadGrammar(const std::string& Text) {
   return [Text] {
     Translate::RuleSet Rules({});
-    AddRules(Text, Rules);
+    Load(Text, Rules);
   };
 }
 
@@ -47,7 +34,7 @@ Work Load(const std::string& Text) {
 Work TranslateText(const std::string& Grammar, const std::string& Text,
                    const Translate::TextOptions& Options = {}) {
   const auto Rules = std::make_shared<Translate::RuleSet>(Translate::RuleSetOptions());
-  AddRules(Grammar, *Rules);
+  Load(Grammar, *Rules);
   return [Rules, Text, Options] { Translate::Translator(*Rules).Translate(Text, Options); };
 }
 
@@ -122,7 +109,7 @@ Work FindManyTranslations(int Size) {
 // ---- Grammars ---------------------------------------------------------------------------------
 
 Work LoadRules(int Size) {
-  return Load(OtherRules(Size));
+  return LoadGrammar(OtherRules(Size));
 }
 
 Work TranslateAmongOthers(int Size) {
@@ -144,7 +131,7 @@ Work LoadConstraints(int Size) {
     const std::string Digits = std::to_string(Number);
     Constraints += "((x0 f" + Digits + ") = p)\n((x0 f" + Digits + ") = q)\n";
   }
-  return Load(Single("A", "\"a\"", "\"x\"", Constraints));
+  return LoadGrammar(Single("A", "\"a\"", "\"x\"", Constraints));
 }
 
 Work ApplyConstraints(int Size) {

@@ -3,45 +3,20 @@
 
 #include "FuzzSupport.h"
 #include "RuleDiagnosis.h"
-#include "RuleReader.h"
-#include "RuleSet.h"
-#include "RuleUse.h"
 #include "TranslationWriter.h"
 #include "Translator.h"
+#include "support/RuleSetText.h"
 #include "support/StreamCapture.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
 
 constexpr const char* Separator = "\n====\n";
-
-void AddRules(const std::string& Text, Translate::RuleSet& RulesReturn) {
-  std::istringstream Stream(Text);
-  Grammar::RuleReader Reader(Stream, "-");
-  Grammar::SourceRule Lines;
-  Grammar::UsableRule Rule;
-  std::vector<Grammar::Finding> vFindings;
-  std::uint32_t Number = 0;
-  for (Grammar::RuleText Source; Reader.Next(Source);) {
-    if (!Source.HasRule || Source.Continues) {
-      continue;
-    }
-    vFindings.clear();
-    const bool IsUsable =
-        ReadUsableRule(Source, RulesReturn.Settings().IsReversed, Lines, Rule, vFindings);
-    Require(IsUsable == vFindings.empty(),
-            "a rule that is left out has a finding, no other has one");
-    ++Number;
-    if (IsUsable) {
-      RulesReturn.Add(Rule, Number);
-    }
-  }
-  RulesReturn.Finish();
-}
 
 void RequireOrder(const Translate::TextResult& Result) {
   for (std::size_t Index = 1; Index < Result.vTranslations.size(); ++Index) {
@@ -87,7 +62,10 @@ void RequireText(bool IsReversed, const std::string& Grammar, const std::string&
   Translate::RuleSetOptions Options;
   Options.IsReversed = IsReversed;
   Translate::RuleSet Rules(Options);
-  AddRules(Grammar, Rules);
+  AddRules(Grammar, Rules, [](bool IsUsable, const std::vector<Grammar::Finding>& vFindings) {
+    Require(IsUsable == vFindings.empty(),
+            "a rule that is left out has a finding, no other has one");
+  });
   Translate::Translator Engine(Rules);
   Translate::TextOptions Wanted;
   Wanted.Translations = 5;

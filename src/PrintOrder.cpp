@@ -1,5 +1,6 @@
 #include "PrintOrder.h"
 
+#include "ConstraintText.h"
 #include "DependencyOrder.h"
 
 #include <algorithm>
@@ -8,6 +9,15 @@
 #include <utility>
 
 namespace TrRuleInternal {
+
+OrderedConstraint MakeOrdered(int Category, int ConstrainedIndex, bool ValueConstraint,
+                              std::string_view FeatValue) {
+  OrderedConstraint Made{Category, ConstrainedIndex, std::nullopt};
+  if (!ValueConstraint) {
+    Made.AgreedIndex = AgreedIndexIn(FeatValue);
+  }
+  return Made;
+}
 
 namespace {
 

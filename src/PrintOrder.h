@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 /// @file
@@ -25,6 +26,11 @@ struct OrderedConstraint {
   int ConstrainedIndex = 0;
   std::optional<int> AgreedIndex;  ///< for an agreement; nothing for a value
 };
+
+/// What of a stored constraint decides its place. An agreement whose value names no node has the
+/// index -1.
+OrderedConstraint MakeOrdered(int Category, int ConstrainedIndex, bool ValueConstraint,
+                              std::string_view FeatValue);
 
 /// The categories whose agreements are ordered together.
 enum class PrintGroup { Category1, Category2, Category3and4 };

@@ -992,13 +992,10 @@ std::vector<const Constraint*> TrRule::ConstraintsInPrintOrder() const {
   vStored.reserve(ConstraintsMap.size());
   vOrdered.reserve(ConstraintsMap.size());
   for (const auto& [Key, Stored] : ConstraintsMap) {
-    OrderedConstraint& New = vOrdered.emplace_back(
-        OrderedConstraint{Stored.Category, Stored.ConstrainedIndex, std::nullopt});
-    if (!Stored.ValueConstraint) {
-      New.AgreedIndex = TrRuleInternal::AgreedIndexIn(Stored.FeatValue);
-      if (New.AgreedIndex == -1) {
-        HaltForAgreedIndex(Stored);
-      }
+    vOrdered.push_back(TrRuleInternal::MakeOrdered(Stored.Category, Stored.ConstrainedIndex,
+                                                   Stored.ValueConstraint, Stored.FeatValue));
+    if (vOrdered.back().AgreedIndex == -1) {
+      HaltForAgreedIndex(Stored);
     }
     vStored.push_back(&Stored);
   }

@@ -113,6 +113,21 @@ TEST(PrintOrder, HaltsWithTheMessageOfTheGroup) {
   }
 }
 
+TEST(PrintOrder, IsDecidedByTheFieldsOfAConstraint) {
+  struct Case {
+    bool IsValue;
+    std::string FeatValue;
+    std::optional<int> AgreedIndex;
+  };
+  const Case Cases[] = {{true, "X3", std::nullopt}, {false, "(X3 NUM)", 3}, {false, "SG", -1}};
+  for (const Case& Row : Cases) {
+    const OrderedConstraint Made = TrRuleInternal::MakeOrdered(2, 5, Row.IsValue, Row.FeatValue);
+    EXPECT_EQ(Made.Category, 2);
+    EXPECT_EQ(Made.ConstrainedIndex, 5);
+    EXPECT_EQ(Made.AgreedIndex, Row.AgreedIndex) << Row.FeatValue;
+  }
+}
+
 TEST(PrintOrder, OrdersRandomConstraintsLikeTheReference) {
   RandomInput Random;
   const std::vector<int> vCategories = {1, 1, 1, 2, 3, 4, 4, 4, 5, -1};

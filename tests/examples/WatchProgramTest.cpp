@@ -1,6 +1,8 @@
 // Files that change, and the command that watches them. Nothing is waited for but what comes.
 
+#include "ConsolePage.h"
 #include "FileWatch.h"
+#include "GrammarPaths.h"
 #include "ProgramRun.h"
 #include "RunError.h"
 #include "TestFolder.h"
@@ -13,6 +15,8 @@
 #include <array>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -169,6 +173,29 @@ TEST(WatchProgram, RunsAgainWhenAFileChangesUntilASignalComes) {
                 Green);
   EXPECT_EQ(Program.End(SIGINT), 0);
   EXPECT_EQ(Program.ReadUntil(Green), "");
+}
+
+/// The screen in the tutorial, after its sentence about `--watch`.
+std::string ScreenOfTheTutorial() {
+  std::ifstream File(std::string(GrammarPaths::SourceFolder) + "/docs/testing.md");
+  const std::string Page{std::istreambuf_iterator<char>(File), {}};
+  const std::string Fence = "```\n";
+  const std::size_t Begin = Page.find(Fence, Page.find("`--watch` keeps the examples running"));
+  return Page.substr(Begin + Fence.size(), Page.find(Fence, Begin + 1) - Begin - Fence.size());
+}
+
+TEST(WatchProgram, ShowsTheScreenOfTheTutorial) {
+  const std::string Grammar = ReadConsoles("docs/testing.md").back().ssFiles.at("np.trr");
+  const TestFolder Folder;
+  Folder.Write("np.trr", Grammar);
+  Folder.Write("sentences.txt", "a house\tuna casa\nthe house\tla casa\n");
+  WatchingProgram Program(Folder, {"np.trr", "--examples", "sentences.txt"});
+  Program.ReadUntil("8 examples: 7 pass, 1 fails\n");
+  std::string Changed = Grammar;
+  Changed.replace(Changed.find("\"la\""), 4, "\"las\"");
+  std::filesystem::rename(Folder.Write("new", Changed), Folder.Path("np.trr"));
+  EXPECT_EQ(Program.ReadUntil("8 examples: 5 pass, 2 differ, 1 fails\n"),
+            "\n" + ScreenOfTheTutorial());
 }
 
 TEST(WatchProgram, EndsWithTheStatusOfTheLastRun) {

@@ -173,13 +173,9 @@ LibraryFailure LibraryRule::FindOrder(std::vector<const ConstraintFields*>& vOrd
   std::vector<const ConstraintFields*> vStored;
   std::vector<TrRuleInternal::OrderedConstraint> vOrdered;
   for (const auto& [Key, Fields] : Constraints) {
-    auto& New = vOrdered.emplace_back();
-    New.Category = Fields.Category;
-    New.ConstrainedIndex = Fields.ConstrainedIndex;
-    if (!Fields.ValueConstraint) {
-      New.AgreedIndex = TrRuleInternal::AgreedIndexIn(Fields.FeatValue);
-    }
-    if (New.AgreedIndex == -1) {
+    vOrdered.push_back(TrRuleInternal::MakeOrdered(Fields.Category, Fields.ConstrainedIndex,
+                                                   Fields.ValueConstraint, Fields.FeatValue));
+    if (vOrdered.back().AgreedIndex == -1) {
       return LibraryFailure::NoAgreedIndex;
     }
     vStored.push_back(&Fields);

@@ -304,13 +304,9 @@ RuleForm::Failure RuleForm::Order() {
   vOrder.clear();
   for (const Entry& Current : vEntries) {
     const ConstraintView Fields = ViewOf(Current);
-    auto& New = vOrdered.emplace_back();
-    New.Category = Fields.Category;
-    New.ConstrainedIndex = Fields.ConstrainedIndex;
-    if (!Fields.ValueConstraint) {
-      New.AgreedIndex = TrRuleInternal::AgreedIndexIn(Fields.FeatValue);
-    }
-    if (New.AgreedIndex == -1) {
+    vOrdered.push_back(TrRuleInternal::MakeOrdered(Fields.Category, Fields.ConstrainedIndex,
+                                                   Fields.ValueConstraint, Fields.FeatValue));
+    if (vOrdered.back().AgreedIndex == -1) {
       return Failure::NoAgreedIndex;
     }
   }
