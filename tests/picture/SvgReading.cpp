@@ -54,7 +54,7 @@ const std::map<std::string, std::set<std::string>>& KnownElements() {
       {"g",
        {"data-component", "data-alignment", "data-constraint", "data-line", "data-constituent",
         "class", "stroke"}},
-      {"rect", {"x", "y", "width", "height", "rx", "stroke-width", "stroke-dasharray"}},
+      {"rect", {"x", "y", "width", "height", "rx", "fill", "stroke-width", "stroke-dasharray"}},
       {"path", {"d", "stroke-dasharray"}},
       {"text",
        {"x", "y", "font-size", "text-anchor", "direction", "font-style", "fill", "stroke"}}};

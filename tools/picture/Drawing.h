@@ -22,6 +22,7 @@ enum class BoxShape : std::uint8_t {
   Own,        ///< the constituent itself, x0 or y0
   Frame,      ///< the second frame of the head
   Tag,        ///< around a value
+  Bar,        ///< filled, as long as a count is great
 };
 
 struct Box {

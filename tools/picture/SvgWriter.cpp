@@ -76,6 +76,7 @@ int RadiusOf(const Box& Which) {
     case BoxShape::Own:
       return 14;
     case BoxShape::Frame:
+    case BoxShape::Bar:
       return 2;
     case BoxShape::Tag:
       break;
@@ -90,6 +91,7 @@ void AppendBox(const Box& Which, std::string& TextReturn) {
   AppendNumber("\" height=\"", Which.Height, TextReturn);
   AppendNumber("\" rx=\"", RadiusOf(Which), TextReturn);
   TextReturn += Which.Shape == BoxShape::Tag ? "\" stroke-width=\"0.7" : "";
+  TextReturn += Which.Shape == BoxShape::Bar ? "\" fill=\"currentColor" : "";
   TextReturn += Which.IsDashed ? Dashes : "";
   TextReturn += "\"/>";
 }
