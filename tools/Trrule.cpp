@@ -20,6 +20,8 @@ constexpr const char* Footer =
     "  trrule print --no-comments np.trr      the rules in the normal form\n"
     "  trrule sort --by type np.trr           in order\n"
     "  trrule unique --memory 64M *.trr       each rule once, counts added\n"
+    "  trrule sample -n 5 np.trr              some rules, drawn at random\n"
+    "  trrule split -o types/ np.trr          a file for each type\n"
     "  trrule json np.trr                     one JSON object a line\n"
     "  trrule from-json rules.jsonl           and back\n"
     "  trrule translate np.trr --text TEXT    what the rules make of a text\n"
@@ -55,6 +57,9 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddPrintCommand(Program, Chosen);
   AddSortCommand(Program, Chosen);
   AddUniqueCommand(Program, Chosen);
+  AddHeadCommand(Program, Chosen);
+  AddSampleCommand(Program, Chosen);
+  AddSplitCommand(Program, Chosen);
   AddJsonCommand(Program, Chosen);
   AddFromJsonCommand(Program, Chosen);
   AddTranslateCommand(Program, Chosen);

@@ -2,7 +2,7 @@
 
 #include "DrawCommand.h"
 
-#include "Bytes.h"
+#include "FileNames.h"
 #include "HtmlPage.h"
 #include "RuleChecker.h"
 #include "RuleFiles.h"
@@ -13,11 +13,8 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <cctype>
 #include <filesystem>
-#include <map>
 #include <memory>
-#include <set>
 #include <string_view>
 #include <utility>
 
@@ -165,7 +162,7 @@ class FolderOutput : public PictureOutput {
     if (Format == DrawFormat::Html) {
       Picture::EndPage(Whole);
     }
-    OutputFile Output((Folder / NewName(Name)).string());
+    OutputFile Output((Folder / Names.NewName(Name).append(EndingOf(Format))).string());
     Output.Write(Whole);
     Output.Finish();
   }
@@ -179,31 +176,9 @@ class FolderOutput : public PictureOutput {
   }
 
  private:
-  /// A name that no other picture has, also where capitals do not count.
-  std::string NewName(const std::string& Name) {
-    std::string Base;
-    for (const char Byte : Name) {
-      const bool IsPlain = std::isalnum(static_cast<unsigned char>(Byte)) != 0;
-      if (IsPlain) {
-        Base += Byte;
-      } else if (!Base.empty() && Base.back() != '-') {
-        Base += '-';
-      }
-    }
-    while (!Base.empty() && Base.back() == '-') {
-      Base.pop_back();
-    }
-    std::string Free = Base;
-    while (Free.empty() || !ssNames.insert(Upper(Free)).second) {
-      Free = Base + (Base.empty() ? "rule-" : "-") + std::to_string(++ssCounts[Upper(Base)] + 1);
-    }
-    return Free.append(EndingOf(Format));
-  }
-
   std::filesystem::path Folder;
   DrawFormat Format;
-  std::set<std::string> ssNames;
-  std::map<std::string, std::size_t> ssCounts;  // how often a name has come again
+  FileNames Names{"rule"};
 };
 
 std::unique_ptr<PictureOutput> MakeOutput(const RunOptions& Run, DrawFormat Format) {

@@ -29,7 +29,11 @@ class TextCarrier {
   explicit TextCarrier(RuleVisitor& VisitorPassIn) : Visitor(VisitorPassIn) {}
 
   void Carry(const RuleText& Text) {
-    Visitor.TakeText(Text.Text);
+    if (Text.HasRule) {
+      Visitor.TakeBadRule(Text.Text, Text.Continues);
+    } else {
+      Visitor.TakeText(Text.Text);
+    }
     OwesLineEnd = Text.LacksFinalNewline;
   }
 
@@ -49,6 +53,10 @@ class TextCarrier {
 }  // namespace
 
 RuleVisitor::~RuleVisitor() = default;
+
+void RuleVisitor::TakeBadRule(std::string_view Text, bool /*Continues*/) {
+  TakeText(Text);
+}
 
 namespace {
 
@@ -134,7 +142,7 @@ void PrepareBatch(const RuleVisitor& Visitor, bool KeepBad, RuleBatch& BatchRetu
   for (std::size_t Number = 0; Number < BatchReturn.Count; ++Number) {
     RuleBatch::Rule& Used = BatchReturn.vRules[Number];
     Used.IsTaken = Used.Text.HasRule && ReadRule(Used.Text, Record, Used.vFindings) &&
-                   !(KeepBad && Record.HasStrayText());
+                   !(KeepBad && Record.HasStrayText() && !Visitor.KeepsLines());
     if (Used.IsTaken) {
       Used.HasStrayText = Record.HasStrayText();
       Used.IsTaken =

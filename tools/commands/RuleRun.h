@@ -61,6 +61,14 @@ class RuleVisitor {
   /// that is wanted, what cannot be read as a rule.
   virtual void TakeText(std::string_view Text) = 0;
 
+  /// Takes what cannot be read as a rule, where that is wanted.
+  /// @param Continues whether it belongs to the text before: a very long rule comes in pieces
+  virtual void TakeBadRule(std::string_view Text, bool Continues);
+
+  /// Whether rules go on as they are written. Then a rule with text that is not part of it is taken
+  /// like any other, also where bad rules are kept.
+  virtual bool KeepsLines() const { return false; }
+
   /// Is called when the last line of such a text has no end, and something else follows or the run
   /// is over.
   virtual void EndLine() { TakeText("\n"); }

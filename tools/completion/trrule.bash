@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique json from-json translate why test draw explain help version'
+  local Commands='check print sort unique head sample split json from-json translate why test draw explain help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -44,13 +44,18 @@ _trrule() {
       esac
       ;;
     --severity) Words='error warning note' ;;
-    --by) Words='index type count length' ;;
+    --by)
+      case ${COMP_WORDS[1]} in
+        sample | split) Words='type source target length shape' ;;
+        *) Words='index type count length' ;;
+      esac
+      ;;
     --memory) Words='64M 256M 1G 50%' ;;
     --only | --except)
       _trrule_codes "${COMP_WORDS[0]}" "$Word"
       return
       ;;
-    --examples | --text | -k | --start | --threads | --rule | --width) return ;;
+    --examples | --text | --seed | --parts | -n | -k | --start | --threads | --rule | --width) return ;;
     --max-chain | --max-constituents | --max-derivations) return ;;
   esac
   case ${COMP_WORDS[1]} in
@@ -72,6 +77,9 @@ _trrule() {
         ;;
       sort) Words="$Common --keep-bad --threads --memory --by --reverse" ;;
       unique) Words="$Common --keep-bad --threads --memory --sorted --repeated --count --examples" ;;
+      head) Words="$Common -n" ;;
+      sample) Words="$Common -n --seed --by --threads" ;;
+      split) Words="$Common --by -n --parts --threads --memory" ;;
       json) Words="$Common --keep-bad --threads" ;;
       from-json) Words="$Common --threads" ;;
       explain) Words='-h --help' ;;
