@@ -1,3 +1,4 @@
+#include "ChoiceOption.h"
 #include "CommandLine.h"
 #include "EngineOptions.h"
 #include "RunError.h"
@@ -21,7 +22,8 @@ constexpr const char* Footer =
     "\n"
     "For each word at which a rule can begin the answer says how far it comes: which component it stops\n"
     "at and what there is instead; which equations clash, with both values and the constraints that\n"
-    "gave them; or what it makes, and whether the best derivation uses that.\n"
+    "gave them; or what it makes, and whether the best derivation uses that. --format html makes a\n"
+    "page that shows each of these as a picture, with the node that fails marked.\n"
     "\n"
     "Exit status: 0 answered, 1 no rule fits or something was reported of a rule, 2 the run failed.\n"
     "\n"
@@ -41,12 +43,12 @@ void AddInputs(CLI::App& CommandReturn, WhyLine& LineReturn) {
   CommandReturn.add_option("-o,--output", Options.Output,
                            "write to this file, which appears whole or not at all");
   CommandReturn.add_flag("-q,--quiet", Options.Quiet, "show no progress at a terminal");
-  CommandReturn
-      .add_option_function<std::string>(
-          "--format", [&](const std::string& Name) { Options.IsJson = Name == "json"; },
-          "plain or json")
-      ->type_name("FORM")
-      ->check(CLI::IsMember({"plain", "json"}));
+  AddChoice<Translate::WhyFormat>(CommandReturn, "--format",
+                                  {{"plain", Translate::WhyFormat::Plain},
+                                   {"json", Translate::WhyFormat::Json},
+                                   {"html", Translate::WhyFormat::Html}},
+                                  Options.Format, "plain, json or html")
+      ->type_name("FORM");
 }
 
 void AddMeaning(CLI::App& CommandReturn, Translate::WhyOptions& OptionsReturn) {

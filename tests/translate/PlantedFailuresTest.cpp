@@ -274,8 +274,8 @@ class Planting {
   bool IsNodesWay(const Translate::Combination& Way, std::size_t Node) const {
     std::size_t At = Node + 1;
     for (const Translate::PartFacts& Part : Way.vParts) {
-      for (const std::uint32_t Rule : Part.vRules) {
-        if (At == vNodes.size() || vNodes[At].Rule != Rule) {
+      for (const TreeNode& Below : Part.vNodes) {
+        if (At == vNodes.size() || vNodes[At].Rule != Below.Rule) {
           return false;
         }
         ++At;

@@ -1,16 +1,15 @@
 #pragma once
 
+#include "DerivationTrees.h"
 #include "Drawing.h"
 #include "RuleSet.h"
 #include "StructureText.h"
 #include "Translator.h"
 #include "TreeLayout.h"
-#include "TreePair.h"
 
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace Translate {
 
@@ -30,20 +29,13 @@ class DerivationPictures {
  private:
   bool AppendTree(std::string_view Title, Derivations::TreeId Tree, std::size_t Start,
                   std::string& OutReturn);
-  bool ReadTrees(Derivations::TreeId Tree, std::size_t Start);
-  void FindParts(const std::vector<TreeNode>& vNodes);
-  void AddConstituent(const TreeNode& Node);
-  bool AddItems(std::size_t Side, const std::vector<TreeNode>& vNodes);
-  void Describe(std::string_view Title);
 
-  const RuleSet& Rules;
   Translator& Engine;
   bool IsPage;
   StructureText Structures;
-  Picture::TreePair Trees;
+  DerivationTrees Trees;
   Picture::TreeLayout Layout;
   Picture::Drawing Shapes;
-  std::vector<std::vector<std::size_t>> vParts;  // of each constituent, by number
 };
 
 /// What to say of a text with a derivation that is not drawn.

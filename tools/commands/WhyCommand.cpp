@@ -2,7 +2,9 @@
 
 #include "WhyCommand.h"
 
+#include "DiagnosisPictures.h"
 #include "DiagnosisWriter.h"
+#include "HtmlPage.h"
 #include "OutputFile.h"
 #include "RuleDescription.h"
 #include "RuleDiagnosis.h"
@@ -73,16 +75,20 @@ std::string PlaceOf(const Grammar::Finding& Which) {
   return Which.File + ':' + std::to_string(Which.Line) + ':' + std::to_string(Which.Column);
 }
 
-/// What is said of a rule that is left out.
-void AppendLeftOut(const RuleDescription& Rule, bool IsJson, std::string& OutReturn) {
-  if (!IsJson) {
-    for (const Grammar::Finding& Found : Rule.vFindings) {
-      OutReturn += Rule.Name() + " is left out: " + PlaceOf(Found) + ": " +
-                   std::string(NameOf(Found.Level)) + ' ' + Found.Code + ": " + Found.Message +
-                   '\n';
-    }
+/// Appends lines that are to be read, on a page as paragraphs.
+void AppendLines(WhyFormat Format, std::string_view Lines, std::string& OutReturn) {
+  if (Format != WhyFormat::Html) {
+    OutReturn += Lines;
     return;
   }
+  for (std::size_t End; !Lines.empty(); Lines.remove_prefix(End + 1)) {
+    End = Lines.find('\n');
+    Picture::AppendParagraph(Lines.substr(0, End), OutReturn);
+  }
+}
+
+/// The findings of a rule that is left out, as an object.
+void AppendFindings(const RuleDescription& Rule, std::string& OutReturn) {
   AppendRuleName(Rule, OutReturn);
   OutReturn += ",\"findings\":[";
   for (const Grammar::Finding& Found : Rule.vFindings) {
@@ -97,30 +103,52 @@ void AppendLeftOut(const RuleDescription& Rule, bool IsJson, std::string& OutRet
   OutReturn += "]}\n";
 }
 
+/// What is said of a rule that is left out.
+void AppendLeftOut(const RuleDescription& Rule, WhyFormat Format, std::string& OutReturn) {
+  if (Format == WhyFormat::Json) {
+    AppendFindings(Rule, OutReturn);
+    return;
+  }
+  for (const Grammar::Finding& Found : Rule.vFindings) {
+    AppendLines(Format,
+                Rule.Name() + " is left out: " + PlaceOf(Found) + ": " +
+                    std::string(NameOf(Found.Level)) + ' ' + Found.Code + ": " + Found.Message +
+                    '\n',
+                OutReturn);
+  }
+}
+
 /// What is said of a rule that is used.
-void AppendFacts(const RuleDescription& Rule, bool IsJson, RuleDiagnosis& Why,
+void AppendFacts(const RuleDescription& Rule, WhyFormat Format, RuleDiagnosis& Why,
                  std::string& OutReturn) {
   DiagnosisText Plain(Why, Rule);
   DiagnosisJson Json(Why, Rule);
+  DiagnosisPictures Pictures(Why, Rule);
   for (std::size_t Begin = 0; Begin < Why.Size(); ++Begin) {
     const BeginFacts Facts = Why.FactsAt(*Rule.Index, Begin);
-    if (IsJson) {
-      Json.Append(Facts, OutReturn);
-      OutReturn += '\n';
-    } else {
-      Plain.Append(Facts, OutReturn);
+    switch (Format) {
+      case WhyFormat::Plain:
+        Plain.Append(Facts, OutReturn);
+        break;
+      case WhyFormat::Json:
+        Json.Append(Facts, OutReturn);
+        OutReturn += '\n';
+        break;
+      case WhyFormat::Html:
+        Pictures.Append(Facts, OutReturn);
+        break;
     }
   }
-  if (!IsJson && Why.Size() == 0) {
-    OutReturn += Rule.Name() + " has nothing to do: the text has no words\n";
+  if (Why.Size() == 0 && Format != WhyFormat::Json) {
+    AppendLines(Format, Rule.Name() + " has nothing to do: the text has no words\n", OutReturn);
   }
 }
 
 /// What is said of a rule where the text has reached a limit.
-void AppendError(const RuleDescription& Rule, bool IsJson, const std::string& Error,
+void AppendError(const RuleDescription& Rule, WhyFormat Format, const std::string& Error,
                  std::string& OutReturn) {
-  if (!IsJson) {
-    OutReturn += "nothing is known of " + Rule.Name() + ": " + Error + '\n';
+  if (Format != WhyFormat::Json) {
+    AppendLines(Format, "nothing is known of " + Rule.Name() + ": " + Error + '\n', OutReturn);
     return;
   }
   AppendRuleName(Rule, OutReturn);
@@ -130,26 +158,35 @@ void AppendError(const RuleDescription& Rule, bool IsJson, const std::string& Er
 }
 
 /// @return false where what is to be said has a structure that is too large
-bool AppendFactsOrError(const RuleDescription& Rule, bool IsJson, RuleDiagnosis& Why,
+bool AppendFactsOrError(const RuleDescription& Rule, WhyFormat Format, RuleDiagnosis& Why,
                         std::string& OutReturn) {
   const std::size_t Size = OutReturn.size();
   try {
-    AppendFacts(Rule, IsJson, Why, OutReturn);
+    AppendFacts(Rule, Format, Why, OutReturn);
     return true;
   } catch (const StructureTooLarge& TooLarge) {
     OutReturn.resize(Size);
     std::cerr << "--text:1: error: " << TooLarge.what() << '\n';
-    AppendError(Rule, IsJson, TooLarge.what(), OutReturn);
+    AppendError(Rule, Format, TooLarge.what(), OutReturn);
     return false;
   }
 }
 
-/// Plain, a line about the rule itself is before all.
-void AppendHeading(const RuleDescription& Rule, std::string& OutReturn) {
-  OutReturn += (OutReturn.empty() ? "" : "\n") + Rule.Place() + ':';
-  OutReturn += Rule.Header.empty() ? "" : " {" + Rule.Header + '}';
-  OutReturn += Rule.Sequence.empty() ? "" : ' ' + Rule.Sequence;
-  OutReturn += '\n';
+/// A line about the rule itself is before all that is said of it; JSON names it in each object.
+void AppendHeading(const RuleDescription& Rule, WhyFormat Format, std::string& OutReturn) {
+  std::string Heading = Rule.Place() + ':';
+  Heading += Rule.Header.empty() ? "" : " {" + Rule.Header + '}';
+  Heading += Rule.Sequence.empty() ? "" : ' ' + Rule.Sequence;
+  switch (Format) {
+    case WhyFormat::Json:
+      return;
+    case WhyFormat::Html:
+      Picture::AppendHeading(Heading, OutReturn);
+      return;
+    case WhyFormat::Plain:
+      OutReturn += (OutReturn.empty() ? "" : "\n") + Heading + '\n';
+      return;
+  }
 }
 
 /// All answers. @return whether the text has reached no limit
@@ -167,15 +204,13 @@ bool AppendAnswers(const WhyOptions& Options, const RuleSet& Rules, const AskedR
   }
   bool IsWhole = Result.Error.empty();
   for (const RuleDescription& Rule : Asked.vRules) {
-    if (!Options.IsJson) {
-      AppendHeading(Rule, OutReturn);
-    }
+    AppendHeading(Rule, Options.Format, OutReturn);
     if (!Rule.Index) {
-      AppendLeftOut(Rule, Options.IsJson, OutReturn);
+      AppendLeftOut(Rule, Options.Format, OutReturn);
     } else if (Why) {
-      IsWhole = AppendFactsOrError(Rule, Options.IsJson, *Why, OutReturn) && IsWhole;
+      IsWhole = AppendFactsOrError(Rule, Options.Format, *Why, OutReturn) && IsWhole;
     } else {
-      AppendError(Rule, Options.IsJson, Result.Error, OutReturn);
+      AppendError(Rule, Options.Format, Result.Error, OutReturn);
     }
   }
   return IsWhole;
@@ -198,7 +233,14 @@ int RunWhy(const WhyOptions& Options) {
   const bool AllFit = Asked.Names.Report();
   Grammar::OutputFile Output(Options.Output);
   std::string Out;
+  const bool IsPage = Options.Format == WhyFormat::Html;
+  if (IsPage) {
+    Picture::BeginPage("What rules do with \"" + Options.Text + '"', Out);
+  }
   const bool HasFacts = AppendAnswers(Options, Rules, Asked, Out);
+  if (IsPage) {
+    Picture::EndPage(Out);
+  }
   Output.Write(Out);
   Grammar::ReportLeftOut(Tally);
   Output.Finish();

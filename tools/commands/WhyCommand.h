@@ -9,6 +9,8 @@
 
 namespace Translate {
 
+enum class WhyFormat { Plain, Json, Html };
+
 /// The options of a run that explains rules.
 struct WhyOptions {
   std::vector<std::string> vsNames;     ///< of rules: "NP,8", or "g.trr:5"
@@ -16,7 +18,7 @@ struct WhyOptions {
   std::string Text;
   std::string Output;  ///< "" or "-" for standard output
   bool Quiet = false;  ///< show no progress
-  bool IsJson = false;
+  WhyFormat Format = WhyFormat::Plain;
   RuleSetOptions Rules;
   std::optional<std::string> Starts;  ///< start types between commas
   TextOptions Texts;                  ///< but for the start types

@@ -37,7 +37,7 @@ _trrule() {
     --format)
       case ${COMP_WORDS[1]} in
         translate) Words='plain json tree svg html' ;;
-        why) Words='plain json' ;;
+        why) Words='plain json html' ;;
         test) Words='plain json junit tap' ;;
         draw) Words='svg html text' ;;
         *) Words='text json sarif' ;;

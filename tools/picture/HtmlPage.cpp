@@ -30,11 +30,26 @@ void BeginPage(std::string_view Title, std::string& TextReturn) {
   TextReturn += "</h1>\n";
 }
 
-void AppendFigure(std::string_view Place, std::string_view Svg, std::string& TextReturn) {
+void AppendHeading(std::string_view Words, std::string& TextReturn) {
   TextReturn += "<h2>";
-  AppendEscaped(ShownText(Place), TextReturn);
+  AppendEscaped(ShownText(Words), TextReturn);
+  TextReturn += "</h2>\n";
+}
+
+void AppendParagraph(std::string_view Words, std::string& TextReturn) {
+  TextReturn += "<p>";
+  AppendEscaped(ShownText(Words), TextReturn);
+  TextReturn += "</p>\n";
+}
+
+void AppendPicture(std::string_view Svg, std::string& TextReturn) {
   // What scrolls can be reached by the keyboard.
-  TextReturn.append("</h2>\n<figure tabindex=\"0\">\n").append(Svg).append("</figure>\n");
+  TextReturn.append("<figure tabindex=\"0\">\n").append(Svg).append("</figure>\n");
+}
+
+void AppendFigure(std::string_view Place, std::string_view Svg, std::string& TextReturn) {
+  AppendHeading(Place, TextReturn);
+  AppendPicture(Svg, TextReturn);
 }
 
 void AppendDetails(std::string_view Summary, const std::vector<std::string>& vsEntries,

@@ -12,6 +12,16 @@ namespace Picture {
 /// Appends the text before the first picture.
 void BeginPage(std::string_view Title, std::string& TextReturn);
 
+/// Appends the heading of what follows.
+void AppendHeading(std::string_view Words, std::string& TextReturn);
+
+/// Appends a paragraph.
+void AppendParagraph(std::string_view Words, std::string& TextReturn);
+
+/// Appends a picture.
+/// @param Svg as `AppendSvg` writes it within a page
+void AppendPicture(std::string_view Svg, std::string& TextReturn);
+
 /// Appends a picture with its place in the grammar above it.
 /// @param Svg as `AppendSvg` writes it within a page
 void AppendFigure(std::string_view Place, std::string_view Svg, std::string& TextReturn);

@@ -15,6 +15,16 @@ constexpr std::size_t Target = 1;
 
 // ---- Widths -----------------------------------------------------------------------------------
 
+int TreeLayout::BoxWidth(std::size_t Side, std::size_t Constituent) const {
+  const TreeConstituent& Shown = Pair->vConstituents[Constituent];
+  int Width = std::max(Units.WidthOf(Shown.Types[Side], TextRole::Label),
+                       Units.WidthOf(vsNames[Constituent], TextRole::Index));
+  for (const std::string& sNote : Shown.Notes[Side]) {
+    Width = std::max(Width, Units.WidthOf(sNote, TextRole::Value));
+  }
+  return Width + 2 * Units.PadX;
+}
+
 /// An item is as wide as its own text, or as all that is below it. Children come after parents.
 void TreeLayout::MeasureItems(std::size_t Side) {
   const std::vector<TreeItem>& vItems = Pair->Items[Side];
@@ -31,10 +41,7 @@ void TreeLayout::MeasureItems(std::size_t Side) {
     if (Current.IsWord) {
       Here.Own = std::max(Units.WidthOf(Current.Word, TextRole::Literal), Units.PortStep);
     } else {
-      const TreeConstituent& Shown = Pair->vConstituents[Current.Constituent];
-      Here.Own = std::max(Units.WidthOf(Shown.Types[Side], TextRole::Label),
-                          Units.WidthOf(vsNames[Current.Constituent], TextRole::Index)) +
-                 2 * Units.PadX;
+      Here.Own = BoxWidth(Side, Current.Constituent);
     }
     // Even, so that what stands above each other has one middle.
     Here.Own += Here.Own % 2;
@@ -64,16 +71,30 @@ void TreeLayout::PlaceItems(std::size_t Side, int Width) {
   }
 }
 
-int TreeLayout::HeightOf(const TreeItem& Item) const {
-  return Item.IsWord ? Units.LabelHeight : 2 * Units.PadY + Units.LabelHeight + Units.IndexHeight;
+/// All levels of a tree are as high as the one with the most notes needs.
+void TreeLayout::MeasureLevels(std::size_t Side) {
+  std::size_t Most = 0;
+  for (const TreeConstituent& Current : Pair->vConstituents) {
+    Most = std::max(Most, Current.Notes[Side].size());
+  }
+  Levels[Side] = Units.LevelHeight + static_cast<int>(Most) * Units.TagHeight;
+}
+
+int TreeLayout::HeightOf(std::size_t Side, const TreeItem& Item) const {
+  if (Item.IsWord) {
+    return Units.LabelHeight;
+  }
+  const std::size_t Notes = Pair->vConstituents[Item.Constituent].Notes[Side].size();
+  return 2 * Units.PadY + Units.LabelHeight + Units.IndexHeight +
+         static_cast<int>(Notes) * Units.TagHeight;
 }
 
 /// Words stand in one row; the target tree is turned upside down.
 int TreeLayout::TopOf(std::size_t Side, std::size_t Item) const {
   const TreeItem& Current = Pair->Items[Side][Item];
   const std::size_t Level = Current.IsWord ? Depths[Side] : Places[Side][Item].Depth;
-  const int Top = Units.Margin + static_cast<int>(Level) * Units.LevelHeight;
-  return Side == Source ? Top : Height - Top - HeightOf(Current);
+  const int Top = Units.Margin + static_cast<int>(Level) * Levels[Side];
+  return Side == Source ? Top : Height - Top - HeightOf(Side, Current);
 }
 
 // ---- Shapes -----------------------------------------------------------------------------------
@@ -86,9 +107,9 @@ void TreeLayout::AddBranch(std::size_t Side, std::size_t Item) {
   }
   const TreeItem& Above = Pair->Items[Side][Current.Parent];
   const int Down = Side == Source ? 1 : -1;
-  const int From = TopOf(Side, Current.Parent) + (Side == Source ? HeightOf(Above) : 0);
-  const int Turn = From + Down * (Units.LevelHeight - HeightOf(Above));
-  const int To = TopOf(Side, Item) + (Side == Source ? 0 : HeightOf(Current));
+  const int From = TopOf(Side, Current.Parent) + (Side == Source ? HeightOf(Side, Above) : 0);
+  const int Turn = From + Down * (Levels[Side] - HeightOf(Side, Above));
+  const int To = TopOf(Side, Item) + (Side == Source ? 0 : HeightOf(Side, Current));
   const int X = Places[Side][Item].Centre();
   Line New;
   New.Points[0] = {Places[Side][Current.Parent].Centre(), From};
@@ -96,6 +117,16 @@ void TreeLayout::AddBranch(std::size_t Side, std::size_t Item) {
   New.Points[2] = {X, To};
   New.Size = 3;
   Result->vLines.push_back(New);
+}
+
+/// The second frame of a box, within it.
+void TreeLayout::AddFrame(Box Around) {
+  Around.Corner.X += Units.FrameInset;
+  Around.Corner.Y += Units.FrameInset;
+  Around.Width -= 2 * Units.FrameInset;
+  Around.Height -= 2 * Units.FrameInset;
+  Around.Shape = BoxShape::Frame;
+  Result->vBoxes.push_back(Around);
 }
 
 void TreeLayout::AddBox(std::size_t Side, std::size_t Item) {
@@ -108,23 +139,26 @@ void TreeLayout::AddBox(std::size_t Side, std::size_t Item) {
         {Current.Word, {Left, Top}, Here.Own, Units.LabelHeight, TextRole::Literal, true});
     return;
   }
+  const TreeConstituent& Shown = Pair->vConstituents[Current.Constituent];
   Box New;
   New.Corner = {Left, Top};
   New.Width = Here.Own;
-  New.Height = HeightOf(Current);
+  New.Height = HeightOf(Side, Current);
+  New.IsDashed = Shown.IsDashed;
   Result->vBoxes.push_back(New);
-  Result->vTexts.push_back({Pair->vConstituents[Current.Constituent].Types[Side],
-                            {Left, Top + Units.PadY},
-                            Here.Own,
-                            Units.LabelHeight,
-                            TextRole::Label,
-                            true});
-  Result->vTexts.push_back({vsNames[Current.Constituent],
-                            {Left, Top + Units.PadY + Units.LabelHeight},
-                            Here.Own,
-                            Units.IndexHeight,
-                            TextRole::Index,
-                            true});
+  if (Shown.IsMarked) {
+    AddFrame(New);
+  }
+  int Line = Top + Units.PadY;
+  const auto AddText = [&](const std::string& Words, TextRole Role, int LineHeight) {
+    Result->vTexts.push_back({Words, {Left, Line}, Here.Own, LineHeight, Role, true});
+    Line += LineHeight;
+  };
+  AddText(Shown.Types[Side], TextRole::Label, Units.LabelHeight);
+  AddText(vsNames[Current.Constituent], TextRole::Index, Units.IndexHeight);
+  for (const std::string& sNote : Shown.Notes[Side]) {
+    AddText(sNote, TextRole::Value, Units.TagHeight);
+  }
 }
 
 void TreeLayout::AddItems(std::size_t Side) {
@@ -161,11 +195,11 @@ void TreeLayout::AddJoints() {
     Shown.Kind = SubjectKind::Constituent;
     Shown.Line = Current.Constituent + 1;
     Result->Begin(Shown);
-    const int Words = Units.Margin + static_cast<int>(Depths[Source]) * Units.LevelHeight;
+    const int Words = Units.Margin + static_cast<int>(Depths[Source]) * Levels[Source];
     Line New;
     New.Points[0] = {vTops[Current.Constituent], Words + Units.LabelHeight};
     New.Points[1] = {Places[Target][Item].Centre(),
-                     Height - Units.Margin - static_cast<int>(Depths[Target]) * Units.LevelHeight -
+                     Height - Units.Margin - static_cast<int>(Depths[Target]) * Levels[Target] -
                          Units.LabelHeight};
     New.Size = 2;
     New.IsDashed = true;
@@ -186,10 +220,13 @@ void TreeLayout::Draw(const TreePair& Trees, Drawing& DrawingReturn) {
   int Width = 0;
   for (const std::size_t Side : {Source, Target}) {
     MeasureItems(Side);
+    MeasureLevels(Side);
     Width = std::max(Width, Places[Side].front().Width);
   }
-  Height = 2 * (Units.Margin + Units.LabelHeight) + Units.MinZone +
-           static_cast<int>(Depths[Source] + Depths[Target]) * Units.LevelHeight;
+  Height = 2 * (Units.Margin + Units.LabelHeight) + Units.MinZone;
+  for (const std::size_t Side : {Source, Target}) {
+    Height += static_cast<int>(Depths[Side]) * Levels[Side];
+  }
   for (const std::size_t Side : {Source, Target}) {
     PlaceItems(Side, Width);
     AddItems(Side);

@@ -48,12 +48,15 @@ class TreeLayout {
     int Centre() const { return Left + Width / 2; }
   };
 
+  int BoxWidth(std::size_t Side, std::size_t Constituent) const;
   void MeasureItems(std::size_t Side);
+  void MeasureLevels(std::size_t Side);
   void PlaceItems(std::size_t Side, int Width);
   int TopOf(std::size_t Side, std::size_t Item) const;
-  int HeightOf(const TreeItem& Item) const;
+  int HeightOf(std::size_t Side, const TreeItem& Item) const;
   void AddItems(std::size_t Side);
   void AddBranch(std::size_t Side, std::size_t Item);
+  void AddFrame(Box Around);
   void AddBox(std::size_t Side, std::size_t Item);
   void AddJoints();
 
@@ -62,6 +65,7 @@ class TreeLayout {
   Drawing* Result = nullptr;
   std::array<std::vector<Place>, 2> Places;
   std::array<std::size_t, 2> Depths{};  ///< of the words
+  std::array<int, 2> Levels{};          ///< the height of a level
   int Height = 0;
   std::vector<std::string> vsNames;  ///< of the constituents, by number
 };

@@ -10,10 +10,13 @@ namespace Picture {
 
 /// A constituent of a derivation, which stands in both trees.
 struct TreeConstituent {
-  std::array<std::string, 2> Types;  ///< by side
-  std::string Rule;                  ///< "{NP,8}", or "np.trr:5" without a header
-  std::string Details;               ///< its rule and its structures; shown on demand
-  bool HasParts = false;             ///< whether other constituents are below it
+  std::array<std::string, 2> Types;               ///< by side
+  std::string Rule;                               ///< "{NP,8}", or "np.trr:5" without a header
+  std::string Details;                            ///< its rule and its structures; shown on demand
+  bool HasParts = false;                          ///< whether other constituents are below it
+  bool IsMarked = false;                          ///< drawn with a double frame
+  bool IsDashed = false;                          ///< nothing stands for it
+  std::array<std::vector<std::string>, 2> Notes;  ///< by side; lines below its name
 };
 
 /// A box or a word of one tree.

@@ -110,8 +110,12 @@ std::string DiagnosisText::StopText(const Stop& Which, std::size_t Begin) const 
     }
     Text += " at " + Joined(vsTexts);
   }
-  Text +=
-      "; " + NodeName(Side::X, Which.Component) + " wants " + WantedText(Which.Wanted) + ", and ";
+  return Text + "; " + StopReason(Which);
+}
+
+std::string DiagnosisText::StopReason(const Stop& Which) const {
+  const std::string Text =
+      NodeName(Side::X, Which.Component) + " wants " + WantedText(Which.Wanted) + ", and ";
   std::vector<std::string> vsPlaces;
   for (const StopPlace& Place : Which.vPlaces) {
     vsPlaces.push_back(PlaceText(Place));
@@ -132,7 +136,7 @@ std::string DiagnosisText::FitText(const Combination& Way, std::size_t Begin) co
 std::string DiagnosisText::PartsText(const Combination& Way) const {
   std::vector<std::string> vsParts;
   for (const PartFacts& Facts : Way.vParts) {
-    vsParts.push_back(NameOf(Facts.vRules.front()));
+    vsParts.push_back(NameOf(Facts.vNodes.front().Rule));
   }
   return vsParts.empty() ? "" : " with " + Joined(vsParts);
 }
@@ -168,16 +172,19 @@ std::string DiagnosisText::ConflictText(const Conflict& Which, bool IsTransfer) 
          NameOfPath(*Which.CameAt) + (IsTransfer ? " brings " : " has ") + ValueText(Which.Came);
 }
 
-/// "((x1 num) = (x2 num)), line 12: x1 has PL from a.trr:30, x2 has SG from a.trr:44"
-std::string DiagnosisText::ClashText(const EquationClash& Clash) {
+std::string DiagnosisText::EquationText(const EquationClash& Clash) const {
   const RuleDescription::Equation& Equation = EquationAt(Clash.Line);
   std::vector<std::string> vsLines;
   for (const std::size_t Line : Equation.vLines) {
     vsLines.push_back(std::to_string(Line));
   }
-  std::string Text = Equation.Text + (vsLines.size() == 1 ? ", line " : ", lines ") +
-                     Joined(vsLines) + ": " +
-                     (Clash.IsCycle ? "a structure would contain itself: " : "");
+  return Equation.Text + (vsLines.size() == 1 ? ", line " : ", lines ") + Joined(vsLines);
+}
+
+/// "((x1 num) = (x2 num)), line 12: x1 has PL from a.trr:30, x2 has SG from a.trr:44"
+std::string DiagnosisText::ClashText(const EquationClash& Clash) {
+  std::string Text =
+      EquationText(Clash) + ": " + (Clash.IsCycle ? "a structure would contain itself: " : "");
   std::vector<std::string> vsConflicts;
   for (const Conflict& Current : Clash.vConflicts) {
     vsConflicts.push_back(ConflictText(Current, Clash.Kind == StepKind::Transfer));
@@ -186,6 +193,41 @@ std::string DiagnosisText::ClashText(const EquationClash& Clash) {
     Text.append(Index == 0 ? "" : "; ").append(vsConflicts[Index]);
   }
   return Text;
+}
+
+/// "fits x1–x2 at "red car"; it fails at …"
+std::string DiagnosisText::FailureText(const ClashFacts& Which, std::size_t Begin, bool IsOnly) {
+  std::string Text =
+      FitText(Which.Way, Begin) + (IsOnly ? "" : PartsText(Which.Way)) + "; it fails at ";
+  for (const EquationClash& Clash : Which.vEquations) {
+    Text.append(&Clash == &Which.vEquations.front() ? "" : "; and at ").append(ClashText(Clash));
+  }
+  return Text;
+}
+
+/// "NUM: PL from a.trr:30"
+std::string DiagnosisText::ValueAt(const RulePath& Path, StructureId Value) {
+  std::string Text;
+  for (const std::uint32_t Feature : Path.vFeatures) {
+    Text.append(Text.empty() ? "" : " ").append(Rules.FeatureName(Feature));
+  }
+  return Text + (Text.empty() ? "" : ": ") + ValueText(Value);
+}
+
+std::vector<ClashValue> DiagnosisText::ValuesOf(const EquationClash& Clash) {
+  std::vector<ClashValue> vValues;
+  for (const Conflict& Current : Clash.vConflicts) {
+    const RulePath& There = Current.ThereAt;
+    vValues.push_back({There.OnSide, There.Node, ValueAt(There, Current.There)});
+    if (Current.CameAt) {
+      const RulePath& Came = *Current.CameAt;
+      vValues.push_back({Came.OnSide, Came.Node, ValueAt(Came, Current.Came)});
+    } else {
+      vValues.push_back({There.OnSide, There.Node, "wanted: "});
+      Structures.AppendShort(Current.Came, vValues.back().Text);
+    }
+  }
+  return vValues;
 }
 
 // ---- What was made ----------------------------------------------------------------------------
@@ -263,44 +305,49 @@ std::string DiagnosisText::ChainText(const Combination& Way, std::size_t Begin, 
 
 namespace {
 
-/// A line about those that are not shown.
-void AppendMoreLine(const std::optional<std::uint64_t>& More, const std::string& What,
-                    std::string& TextReturn) {
-  if (More == 0U) {
-    return;
+/// Adds a line about those that are not shown.
+void AddMoreLine(const std::optional<std::uint64_t>& More, const std::string& What,
+                 std::vector<DiagnosisLine>& vLinesReturn) {
+  if (More != 0U) {
+    vLinesReturn.emplace_back().Text =
+        "  and " + (More ? std::to_string(*More) : "very many") + " more " + What;
   }
-  TextReturn.append("  and ").append(More ? std::to_string(*More) : "very many").append(" more ");
-  TextReturn.append(What).append(1, '\n');
 }
 
 }  // namespace
 
-void DiagnosisText::Append(const BeginFacts& Facts, std::string& TextReturn) {
+std::vector<DiagnosisLine> DiagnosisText::Lines(const BeginFacts& Facts) {
   const std::string Start = Rule.Name() + ' ';
+  std::vector<DiagnosisLine> vLines;
+  const auto Add = [&](const std::string& Text) -> DiagnosisLine& {
+    vLines.emplace_back().Text = Start + Text;
+    return vLines.back();
+  };
   if (Facts.Stopped) {
-    TextReturn += Start + StopText(*Facts.Stopped, Facts.Begin) + '\n';
+    Add(StopText(*Facts.Stopped, Facts.Begin)).Stopped = &*Facts.Stopped;
   }
   const bool IsOnly = Facts.Clashes.vFirst.size() == 1 && Facts.Clashes.More == 0U;
   for (const ClashFacts& Current : Facts.Clashes.vFirst) {
-    TextReturn += Start + FitText(Current.Way, Facts.Begin) +
-                  (IsOnly ? "" : PartsText(Current.Way)) + "; it fails at ";
-    for (const EquationClash& Clash : Current.vEquations) {
-      TextReturn.append(&Clash == &Current.vEquations.front() ? "" : "; and at ");
-      TextReturn.append(ClashText(Clash));
-    }
-    TextReturn += '\n';
+    Add(FailureText(Current, Facts.Begin, IsOnly)).Clash = &Current;
   }
-  AppendMoreLine(Facts.Clashes.More, "fail", TextReturn);
+  AddMoreLine(Facts.Clashes.More, "fail", vLines);
   for (const MadeFacts& Current : Facts.Made.vFirst) {
-    TextReturn += Start + MadeText(Current, Facts.Begin) + '\n';
+    Add(MadeText(Current, Facts.Begin)).Made = &Current;
   }
-  AppendMoreLine(Facts.Made.More, "are made", TextReturn);
+  AddMoreLine(Facts.Made.More, "are made", vLines);
   for (const bool IsUsed : {true, false}) {
     const Listed<Combination>& Ways = IsUsed ? Facts.Used : Facts.Longest;
     for (const Combination& Current : Ways.vFirst) {
-      TextReturn += Start + ChainText(Current, Facts.Begin, IsUsed) + '\n';
+      Add(ChainText(Current, Facts.Begin, IsUsed)).Chain = &Current;
     }
-    AppendMoreLine(Ways.More, "like this", TextReturn);
+    AddMoreLine(Ways.More, "like this", vLines);
+  }
+  return vLines;
+}
+
+void DiagnosisText::Append(const BeginFacts& Facts, std::string& TextReturn) {
+  for (const DiagnosisLine& Current : Lines(Facts)) {
+    TextReturn.append(Current.Text).append(1, '\n');
   }
 }
 
@@ -451,7 +498,8 @@ void DiagnosisJson::AppendWay(const Combination& Way, std::size_t Begin) {
     Out->append("{\"component\":").append(std::to_string(Part.Component)).append(1, ',');
     AppendSpan(Part.Start, Part.End);
     Out->append(",\"rules\":");
-    AppendList(Part.vRules, [&](std::uint32_t Number) { AppendJsonString(PlaceOf(Number), *Out); });
+    AppendList(Part.vNodes,
+               [&](const TreeNode& Node) { AppendJsonString(PlaceOf(Node.Rule), *Out); });
     *Out += '}';
   });
 }

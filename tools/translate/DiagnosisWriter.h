@@ -45,6 +45,22 @@ class DiagnosisNames {
   StructureText Structures;
 };
 
+/// A line about one begin, and the fact that it states. A line that only counts has none.
+struct DiagnosisLine {
+  std::string Text;
+  const Stop* Stopped = nullptr;
+  const ClashFacts* Clash = nullptr;
+  const MadeFacts* Made = nullptr;
+  const Combination* Chain = nullptr;  ///< nothing is made of it
+};
+
+/// A value of a clash, at its node.
+struct ClashValue {
+  Side OnSide = Side::X;
+  std::size_t Node = 0;  ///< 0 for the constituent itself
+  std::string Text;      ///< "NUM: PL from words.trr:30", or "wanted: SG" for one that is stated
+};
+
 /// Writes what a rule does with a text, and why it does no more, as one would say it.
 ///
 ///   DiagnosisText(Why, Rule).Append(Why.FactsAt(Index, 0), Out);
@@ -54,8 +70,20 @@ class DiagnosisText : public DiagnosisNames {
  public:
   using DiagnosisNames::DiagnosisNames;
 
-  /// Appends lines about one begin.
+  /// Lines about one begin, without line ends. They point into the facts.
+  std::vector<DiagnosisLine> Lines(const BeginFacts& Facts);
+
+  /// Appends these lines.
   void Append(const BeginFacts& Facts, std::string& TextReturn);
+
+  /// "((x1 num) = (x2 num)), line 12".
+  std::string EquationText(const EquationClash& Clash) const;
+
+  /// The values that clash, two for each conflict.
+  std::vector<ClashValue> ValuesOf(const EquationClash& Clash);
+
+  /// "x2 wants N, and the text ends there".
+  std::string StopReason(const Stop& Which) const;
 
   /// The cause that lies furthest in the rule: of all begins the one where most components are met,
   /// of equal ones where something is made, then the one that reaches furthest in the text, then
@@ -68,6 +96,7 @@ class DiagnosisText : public DiagnosisNames {
   std::string WantedText(SourceSymbol Wanted) const;
   std::string FitText(const Combination& Way, std::size_t Begin) const;
   std::string PartsText(const Combination& Way) const;
+  std::string FailureText(const ClashFacts& Which, std::size_t Begin, bool IsOnly);
   std::string ClashText(const EquationClash& Clash);
   std::string ConflictText(const Conflict& Which, bool IsTransfer);
   std::string ValueText(StructureId Value);
@@ -75,6 +104,7 @@ class DiagnosisText : public DiagnosisNames {
   std::string MissingText(const MissingAbove& Missing) const;
   std::string TakerText(const Taker& Which) const;
   std::string ChainText(const Combination& Way, std::size_t Begin, bool IsUsed) const;
+  std::string ValueAt(const RulePath& Path, StructureId Value);
 };
 
 /// Writes the same as one JSON object.

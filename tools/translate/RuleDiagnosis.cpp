@@ -229,17 +229,18 @@ Combination RuleDiagnosis::MakeCombination(const std::vector<Derivations::TreeId
       ++At;
       continue;
     }
-    const std::vector<TreeNode> vNodes =
-        NodesOf(Rules, InOrder.Trees(), vTrees[Way.vParts.size()], At);
-    vPartStructures.push_back(
+    std::vector<TreeNode> vNodes = NodesOf(Rules, InOrder.Trees(), vTrees[Way.vParts.size()], At);
+    const std::vector<StructurePair> vStructures =
         StructuresOf(vNodes, [&](std::uint32_t Rule, const std::vector<StructurePair>& vParts) {
           return Equations.Apply(Rules.At(Rule), vParts);
-        }).front());
-    PartFacts& Part = Way.vParts.emplace_back(PartFacts{Component, At, vNodes.front().End, {}});
-    for (const TreeNode& Node : vNodes) {
-      Part.vRules.push_back(Node.Rule);
+        });
+    for (std::size_t Node = 0; Node < vNodes.size(); ++Node) {
+      vNodes[Node].Structures = vStructures[Node];
     }
-    At = Part.End;
+    vPartStructures.push_back(vStructures.front());
+    const std::size_t End = vNodes.front().End;
+    Way.vParts.push_back({Component, At, End, std::move(vNodes)});
+    At = End;
   }
   Way.End = At;
   return Way;
@@ -279,7 +280,9 @@ Listed<FactsT> RuleDiagnosis::List(const std::vector<std::uint32_t>& vParts, std
 bool RuleDiagnosis::IsInBest(const Combination& Way, std::size_t Begin) const {
   std::vector<std::uint32_t> vRules{Asked};
   for (const PartFacts& Facts : Way.vParts) {
-    vRules.insert(vRules.end(), Facts.vRules.begin(), Facts.vRules.end());
+    for (const TreeNode& Node : Facts.vNodes) {
+      vRules.push_back(Node.Rule);
+    }
   }
   const auto IsSame = [](const TreeNode& Node, std::uint32_t Rule) { return Node.Rule == Rule; };
   for (auto Node = vBestNodes.begin(); Node != vBestNodes.end(); ++Node) {

@@ -52,7 +52,7 @@ struct PartFacts {
   std::size_t Component = 0;  ///< from 1
   std::size_t Start = 0;
   std::size_t End = 0;
-  std::vector<std::uint32_t> vRules;  ///< of its derivation, root first and parts in order
+  std::vector<TreeNode> vNodes;  ///< its derivation, with structures of the diagnosis's tracer
 };
 
 /// A way through the components of a rule, and a constituent for each place.
@@ -141,6 +141,7 @@ class RuleDiagnosis {
   RuleDiagnosis(const RuleSet& RulesPassIn, Translator& EnginePassIn, const TextResult& Result,
                 const TextOptions& OptionsPassIn, std::size_t MaxListedPassIn = MaxListed);
 
+  const std::vector<std::string_view>& Tokens() const { return Parsed.Tokens(); }
   /// How many tokens the text has.
   std::size_t Size() const { return Parsed.Tokens().size(); }
   std::string_view Token(std::size_t Position) const { return Parsed.Tokens()[Position]; }
