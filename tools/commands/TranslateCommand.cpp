@@ -190,25 +190,40 @@ void RequireOnePicture(TextFormat Format, std::size_t Line) {
 
 // ---- The run ----------------------------------------------------------------------------------
 
-// The parts of a run, and what connects them. NOLINTNEXTLINE(readability-function-size)
-int RunTranslate(const TranslateOptions& Options) {
+namespace {
+
+/// Standard input cannot be a grammar and the texts.
+void RequireTexts(const TranslateOptions& Options) {
   const auto IsInput = [](const std::string& sName) { return sName == "-"; };
   if (!Options.Text && std::any_of(Options.vsGrammars.begin(), Options.vsGrammars.end(), IsInput)) {
     throw Grammar::RunError("standard input holds the texts: a grammar from there needs --text");
   }
-  RuleSet Rules(Options.Rules);
-  const Grammar::RunTally Tally = LoadRules(Options.vsGrammars, Options.Quiet, Rules);
-  bool HasFindings = Tally.HasFindings;
+}
+
+/// A text, translated and written.
+TextOutput OutputOf(const std::string& Text, std::size_t Line, const TextOptions& Texts,
+                    TextFormat Format, bool IsGiven, Workplace& Place) {
+  TextOutput Made;
+  const TextResult Result = Place.Engine.Translate(Text, Texts);
+  std::string Error;
+  if (IsPicture(Format)) {
+    RequireOnePicture(Format, Line);
+    Error = DrawText(Text, Result, Place.Pictures, Made.Out);
+  } else {
+    Error = Place.Writer.Append(Text, Result, Made.Out);
+  }
+  Made.Messages = MessageOf(Result, Error, TextSource::Place(Line, IsGiven));
+  return Made;
+}
+
+/// Translates all texts. @return whether something was reported of one
+bool TranslateTexts(const TranslateOptions& Options, const RuleSet& Rules,
+                    Grammar::OutputFile& Output) {
   const TextOptions Texts = TextOptionsOf(Options, Rules);
   const WriterOptions Format = WriterOptionsOf(Options);
-  Grammar::OutputFile Output(Options.Output);
-  std::string Page;
-  if (Format.Format == TextFormat::Html) {
-    Picture::BeginPage("Translations", Page);
-    Output.Write(Page);
-  }
-  TextSource Source(Options);
   const bool IsGiven = Options.Text.has_value();
+  TextSource Source(Options);
+  bool HasMessages = false;
   OrderedTexts Run(
       IsGiven ? 1 : Options.Threads, [&](std::string& Text) { return Source.Next(Text); },
       [&](const TextOutput& Result, bool IsWaiting) {
@@ -218,31 +233,39 @@ int RunTranslate(const TranslateOptions& Options) {
           Output.Flush();
         }
         std::cerr << Result.Messages;
-        HasFindings = HasFindings || !Result.Messages.empty();
+        HasMessages = HasMessages || !Result.Messages.empty();
       });
   Run.Run([&]() -> OrderedTexts::Worker {
     const auto Place = std::make_shared<Workplace>(Rules, Format);
     return [&, Place](const std::string& Text, std::size_t Line) {
-      TextOutput Made;
-      const TextResult Result = Place->Engine.Translate(Text, Texts);
-      if (IsPicture(Format.Format)) {
-        RequireOnePicture(Format.Format, Line);
-      }
-      const std::string Error = IsPicture(Format.Format)
-                                    ? DrawText(Text, Result, Place->Pictures, Made.Out)
-                                    : Place->Writer.Append(Text, Result, Made.Out);
-      Made.Messages = MessageOf(Result, Error, TextSource::Place(Line, IsGiven));
-      return Made;
+      return OutputOf(Text, Line, Texts, Format.Format, IsGiven, *Place);
     };
   });
-  if (Format.Format == TextFormat::Html) {
-    Page.clear();
-    Picture::EndPage(Page);
-    Output.Write(Page);
+  return HasMessages;
+}
+
+}  // namespace
+
+int RunTranslate(const TranslateOptions& Options) {
+  RequireTexts(Options);
+  RuleSet Rules(Options.Rules);
+  const Grammar::RunTally Tally = LoadRules(Options.vsGrammars, Options.Quiet, Rules);
+  Grammar::OutputFile Output(Options.Output);
+  const bool IsPage = Options.Format.Format == TextFormat::Html;
+  if (IsPage) {
+    std::string Begin;
+    Picture::BeginPage("Translations", Begin);
+    Output.Write(Begin);
+  }
+  const bool HasMessages = TranslateTexts(Options, Rules, Output);
+  if (IsPage) {
+    std::string End;
+    Picture::EndPage(End);
+    Output.Write(End);
   }
   Grammar::ReportLeftOut(Tally);
   Output.Finish();
-  return HasFindings ? Grammar::StatusFindings : Grammar::StatusClean;
+  return Tally.HasFindings || HasMessages ? Grammar::StatusFindings : Grammar::StatusClean;
 }
 
 }  // namespace Translate
