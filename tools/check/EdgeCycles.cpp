@@ -59,9 +59,9 @@ class Walk {
   }
 
   void Follow(int To) {
-    const auto Found =
-        std::lower_bound(vNodes.begin(), vNodes.end(), To,
-                         [](const Node& Current, int Index) { return Current.Index < Index; });
+    // Unlike std::lower_bound, this stays a binary search where containers are checked.
+    const auto Found = std::partition_point(
+        vNodes.begin(), vNodes.end(), [To](const Node& Current) { return Current.Index < To; });
     if (Found == vNodes.end() || Found->Index != To || !Found->IsNew) {
       return;
     }
