@@ -15,10 +15,12 @@ namespace Grammar {
 /// sum of a text passes it with it, so that a text that is looked at on several occasions is summed
 /// up once.
 ///
-///   CapitalTable Labels;
-///   Labels.Intern("Np", SumInCapitals("Np"));  // 0
-///   Labels.Find("NP");                         // 0
-///   Labels.Name(0);                            // "NP"
+/// @code
+/// CapitalTable Labels;
+/// Labels.Intern("Np", SumInCapitals("Np"));  // 0
+/// Labels.Find("NP");                         // 0
+/// Labels.Name(0);                            // "NP"
+/// @endcode
 class CapitalTable {
  public:
   /// The number of a text, a new one if it has none.

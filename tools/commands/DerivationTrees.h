@@ -15,9 +15,14 @@ namespace Translate {
 
 /// Turns the constituents of a derivation into two trees that can be drawn.
 ///
-///   DerivationTrees Trees(Rules, Structures);
-///   Trees.Read(Engine.NodesOf(Tree, 0), Engine.ParsedChart().Tokens());
-///   Trees.Description();  // "1: NP becomes NP by {NP,1}, of 2. 2: N becomes N by {N,1}."
+/// @code
+/// const TextResult Result = Engine.Translate("car", TextOptions());
+/// StructureText Structures(Rules, Engine.Structures(), Engine.Atoms());
+/// DerivationTrees Trees(Rules, Structures);
+/// Trees.Read(Engine.NodesOf(Result.vTranslations.front().Tree, 0), Engine.ParsedChart().Tokens());
+/// Trees.Description();  // "1: N becomes N by a.trr:3."
+/// Trees.Details();      // {"a.trr:3 [NUM=SG] -> []"}
+/// @endcode
 class DerivationTrees {
  public:
   /// @param StructuresPassIn knows the structures of the nodes

@@ -6,6 +6,12 @@
 
 /// @file
 /// A page of pictures: one file, which needs no other.
+///
+/// @code
+/// std::string Page;
+/// AppendDetails("Rules", {"a:2"}, Page);
+/// Page;  // "<details><summary>Rules</summary>\n<ol>\n<li>a:2</li>\n</ol>\n</details>\n"
+/// @endcode
 
 namespace Picture {
 

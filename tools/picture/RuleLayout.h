@@ -13,9 +13,14 @@ namespace Picture {
 
 /// Finds a place for everything that a picture of a rule shows.
 ///
-///   RuleLayout Layout(SvgMeasures());
-///   Drawing Picture;
-///   Layout.Draw(Parts, Picture);
+/// @code
+/// RuleParts Parts;
+/// ReadParts(Lines, Parts);
+/// RuleLayout Layout(SvgMeasures());
+/// Drawing Shapes;
+/// Layout.Draw(Parts, Shapes, 0);  // true
+/// Shapes.vBoxes.size();           // 8
+/// @endcode
 ///
 /// The source row stands above, the target row below, and the components of a number one below the
 /// other. Each line that ends at a box has a *port* there, a column of its own:

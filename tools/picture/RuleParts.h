@@ -52,12 +52,13 @@ struct Note {
 
 /// What a picture of a rule shows, and what is read aloud of it.
 ///
-///   SourceRule Lines;
-///   Lines.Read(Text);
-///   RuleParts Parts;
-///   if (ReadParts(Lines, Parts)) {
-///     Parts.Components[0][1].Label;
-///   }
+/// @code
+/// RuleParts Parts;
+/// ReadParts(Lines, Parts);         // true
+/// Parts.Name;                      // "{NP,8}"
+/// Parts.Components[0][1].Label;    // "\"the\""
+/// Parts.vAlignments[1].From.Code;  // "(X3::Y2)"
+/// @endcode
 ///
 /// Each alignment and each constraint is in exactly one of the lists: an alignment in `vAlignments`
 /// or `vNotes`; a constraint as head or tag of a component, in `Agreements`, in `vTransfers` or in

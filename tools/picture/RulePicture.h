@@ -11,10 +11,14 @@ namespace Picture {
 
 /// Makes pictures of rules, one after the other; the storage of one serves the next.
 ///
-///   RulePicture Picture;
-///   if (Picture.Read(Lines)) {
-///     Picture.AppendSvg(false, Output);
-///   }
+/// @code
+/// RulePicture Picture;
+/// Picture.Read(Lines);  // true
+/// Picture.Title();      // "Rule {NP,8}, NP::NP"
+/// std::string Svg;
+/// Picture.AppendSvg(false, Svg);
+/// Svg.substr(0, 4);  // "<svg"
+/// @endcode
 class RulePicture {
  public:
   /// @param Lines its text has to outlive the picture, or its next reading

@@ -26,6 +26,12 @@ struct SvgOptions {
 void AppendSvg(const Drawing& Picture, const SvgOptions& Options, std::string& TextReturn);
 
 /// Appends a text with the characters escaped that mean something in XML.
+///
+/// @code
+/// std::string Text;
+/// AppendEscaped("a < b", Text);
+/// Text;  // "a &lt; b"
+/// @endcode
 void AppendEscaped(std::string_view Words, std::string& TextReturn);
 
 }  // namespace Picture

@@ -63,9 +63,17 @@ struct ClashValue {
 
 /// Writes what a rule does with a text, and why it does no more, as one would say it.
 ///
-///   DiagnosisText(Why, Rule).Append(Why.FactsAt(Index, 0), Out);
-///   // NP,4 fits x1–x2 at "red car"; it fails at ((x1 num) = (x2 num)), line 12: x1 has PL from
-///   // words.trr:30, x2 has SG from words.trr:44
+///   NP,4 fits x1–x2 at "red car"; it fails at ((x1 num) = (x2 num)), line 12: x1 has PL from
+///   words.trr:30, x2 has SG from words.trr:44
+///
+/// @code
+/// const TextResult Result = Engine.Translate("the red bus", TextOptions());
+/// RuleDiagnosis Why(Rules, Engine, Result, TextOptions());
+/// RuleDescription Phrase = DescribeRule(Lines, nullptr);
+/// Phrase.Index = 2;
+/// const BeginFacts Facts = Why.FactsAt(2, 0);
+/// DiagnosisText(Why, Phrase).Lines(Facts).front().Stopped->Component;  // 3
+/// @endcode
 class DiagnosisText : public DiagnosisNames {
  public:
   using DiagnosisNames::DiagnosisNames;

@@ -25,6 +25,15 @@ StructureTooLarge TooLongToWrite();
 ///
 ///   {"AGR":{"#":1,"is":{"NUM":"SG"}},"SUBJ":{"AGR":{"#":1}}}     as JSON
 ///   [AGR=#1:[NUM=SG] SUBJ=[AGR=#1]]                              for people
+///
+/// @code
+/// const TextResult Result = Engine.Translate("the red car", TextOptions());
+/// const auto Nodes = Engine.NodesOf(Result.vTranslations.front().Tree, 0);
+/// std::string Text;
+/// StructureText(Rules, Engine.Structures(), Engine.Atoms())
+///     .AppendShort(Nodes.front().Structures.Source, Text);
+/// Text;  // "[NUM=SG]"
+/// @endcode
 class StructureText {
  public:
   /// The length of the longest text that is written of a structure.

@@ -44,11 +44,14 @@ struct EquationClash {
 /// The equations come in the order analysis, transfer, generation, each in the order of the text.
 /// One that clashes with those before it is left aside.
 ///
-///   Tracer Trace(Rules);
-///   const StructurePair Red = Trace.Apply(RuleOfRed, {});
-///   const StructurePair Np = Trace.Apply(RuleOfNp, {Red, Car});
-///   Trace.Clashes();                  // what was left aside
-///   Trace.Origins(Np.Source);         // the constraints that gave the value
+/// @code
+/// Tracer Trace(Rules);
+/// const StructurePair Red = Trace.Apply(Rules.At(0), {});
+/// const StructurePair Car = Trace.Apply(Rules.At(1), {});
+/// const StructurePair Phrase = Trace.Apply(Rules.At(2), {Red, Car});
+/// Trace.Clashes().size();                      // 0
+/// Trace.Origins(Phrase.Source).front().Line;  // 10
+/// @endcode
 class Tracer {
  public:
   explicit Tracer(const RuleSet& RulesPassIn);
