@@ -15,6 +15,7 @@
 
 using std::string_literals::operator""s;
 using TrRuleInternal::AlignmentParts;
+using TrRuleInternal::ParseAlignment;
 using TrRuleInternal::ParseCommonAlignment;
 
 namespace {
@@ -122,4 +123,19 @@ TEST(AlignmentLine, ReadsRandomLinesLikeTheReference) {
     Taken += vsExpected ? 1 : 0;
   }
   EXPECT_GT(Taken, 500);
+}
+
+TEST(AlignmentLine, RequiresANumberOnBothSides) {
+  for (const std::string sCode :
+       {"(X12::Y3)", "(x12::y3)", "1. (X12 ::  Y3 ) a", ";--;(X12::Y3)"}) {
+    const auto Line = ParseAlignment(sCode);
+    ASSERT_TRUE(Line.has_value()) << sCode;
+    EXPECT_EQ(Line->X, 12) << sCode;
+    EXPECT_EQ(Line->Y, 3) << sCode;
+  }
+  for (const std::string sCode :
+       {"X1::Y1", "(X1:Y1)", "(X::Y1)", "(X1::Y)", "(Xa::Y1)", "(Y1::X1)", "(X1::Y1::Y2)",
+        "(X1::Y1) (X2::Y2)", "(X1::Y1))", "( X1::Y1)", "(X1234567890::Y1)", ")X1::Y1("}) {
+    EXPECT_FALSE(ParseAlignment(sCode).has_value()) << sCode;
+  }
 }

@@ -15,6 +15,8 @@
 using std::string_literals::operator""s;
 using TrRuleInternal::HeaderParts;
 using TrRuleInternal::ParseCommonHeader;
+using TrRuleInternal::ParseHeader;
+using TrRuleInternal::ParseWholeNumber;
 
 namespace {
 
@@ -76,4 +78,39 @@ TEST(HeaderLine, ReadsRandomLinesLikeTheReference) {
     Taken += vsExpected ? 1 : 0;
   }
   EXPECT_GT(Taken, 500);
+}
+
+TEST(HeaderLine, ParsesWhatPeopleWrite) {
+  const std::pair<std::string, Strings> Cases[] = {
+      {"{NP,8}", {"NP", "8"}},
+      {"12. { NP , 007 } x", {"NP", "007"}},
+      {"{,-1}", {"", "-1"}},
+      {"{a{b,2147483647}", {"a{b", "2147483647"}},
+  };
+  for (const auto& [Line, vsExpected] : Cases) {
+    const std::optional<HeaderParts> Parts = ParseHeader(Line);
+    ASSERT_TRUE(Parts) << Line;
+    EXPECT_EQ((Strings{std::string(Parts->Type), std::string(Parts->Number)}), vsExpected) << Line;
+  }
+  for (const std::string& sLine :
+       {""s, "{"s, "{}"s, "{NP}"s, "{NP,}"s, "{NP,a}"s, "{NP,8"s, "{NP 8}"s, "{NP,+8}"s, "{NP,8a}"s,
+        "{NP,8,9}"s, "{NP,2147483648}"s, "{NP,99999999999}"s, "}NP,8{"s}) {
+    EXPECT_FALSE(ParseHeader(sLine)) << sLine;
+  }
+}
+
+TEST(HeaderLine, ParsesWholeNumbers) {
+  const std::pair<std::string, std::optional<int>> Cases[] = {
+      {"0", 0},
+      {"007", 7},
+      {"-1", -1},
+      {"2147483647", 2147483647},
+      {"2147483648", std::nullopt},
+      {"", std::nullopt},
+      {"8a", std::nullopt},
+      {" 8", std::nullopt},
+  };
+  for (const auto& [Text, Expected] : Cases) {
+    EXPECT_EQ(ParseWholeNumber(Text), Expected) << Text;
+  }
 }

@@ -12,11 +12,14 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 using std::string_literals::operator""s;
 using TrRuleInternal::ParseCommonRuleLine;
 using TrRuleInternal::ParseLabels;
+using TrRuleInternal::ParseRuleLine;
+using TrRuleInternal::RuleLineFault;
 using TrRuleInternal::RuleLineParts;
 
 namespace {
@@ -129,6 +132,40 @@ TEST(RuleLine, ReadsRandomLinesLikeTheReference) {
     Taken += vsExpected ? 1 : 0;
   }
   EXPECT_GT(Taken, 500);
+}
+
+TEST(RuleLine, ParsesWhatPeopleWrite) {
+  const std::vector<std::pair<std::string, std::vector<std::string>>> Cases{
+      {"NP::VP : [DET N] -> [N DET]", {"NP", "VP", "DET N", "N DET"}},
+      {"NP::VP [ a ] -> [ b ] c", {"NP", "VP", "a", "b"}},
+      {"N::N [[a]] -> [[b]]", {"N", "N", "[a]", "[b]"}}};
+  for (const auto& [sCode, vsExpected] : Cases) {
+    RuleLineParts Text;
+    EXPECT_EQ(ParseRuleLine(sCode, Text), RuleLineFault::None) << sCode;
+    const std::vector<std::string> vsFound{std::string(Text.SLType), std::string(Text.TLType),
+                                           std::string(Text.SLLabels), std::string(Text.TLLabels)};
+    EXPECT_EQ(vsFound, vsExpected) << sCode;
+  }
+}
+
+TEST(RuleLine, ReportsTheInvalidPart) {
+  const std::vector<std::pair<std::string, RuleLineFault>> Cases{
+      {"[A] -> [A]", RuleLineFault::Types},
+      {"N:: N [A] -> [A]", RuleLineFault::Types},
+      {"::N [A] -> [A]", RuleLineFault::Types},
+      {"N::N::N [A] -> [A]", RuleLineFault::Types},
+      {"N::N[A] -> [A]", RuleLineFault::Types},
+      {"N::N A] -> [A]", RuleLineFault::SourceSide},
+      {"N::N [] -> [A]", RuleLineFault::SourceSide},
+      {"N::N [ ] -> [A]", RuleLineFault::SourceSide},
+      {"N::N [A] -> [A", RuleLineFault::TargetSide},
+      {"N::N [A] -> [ ]", RuleLineFault::TargetSide},
+      {"N::N [A] -> [A] -> [A]", RuleLineFault::TargetSide},
+      {"N::N [A] -> [A] (X1::Y1)", RuleLineFault::TargetSide}};
+  for (const auto& [sCode, Fault] : Cases) {
+    RuleLineParts Text;
+    EXPECT_EQ(ParseRuleLine(sCode, Text), Fault) << sCode;
+  }
 }
 
 TEST(RuleLine, SplitsASequenceIntoLabels) {
