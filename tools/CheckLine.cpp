@@ -63,7 +63,7 @@ int Run(const CheckLine& Line) {
 
 void AddCheckCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   CLI::App* Command = ProgramReturn.add_subcommand(
-      "check", "Tell everything that is wrong with rules, or will surprise");
+      "check", "Report everything that is wrong with rules, or may surprise");
   const auto Line = std::make_shared<CheckLine>();
   AddRunOptions(*Command, Line->Run);
   Command->add_option("--format", Line->Format, "text, json or sarif")

@@ -103,7 +103,7 @@ void AddTestCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   AddNumber(*Command, "--max-derivations", 0,
             "give up an example after more failed attempts; 100000 by default",
             [Options](std::uint64_t Number) { Options->Parse.MaxDerivations = Number; });
-  // Behind the options that it excludes.
+  // After the options that it excludes.
   AddWatch(*Command, *Options);
   AddTextThreads(*Command, "run this number of examples at once; all cores by default",
                  Options->Threads);

@@ -7,7 +7,7 @@
 
 namespace Grammar {
 
-/// How many bytes of a file are looked at to tell whether it is a grammar.
+/// How many bytes of a file are looked at to find out whether it is a grammar.
 constexpr std::size_t FileStartSize = std::size_t{1} << 16;
 
 /// Whether a file is not a grammar at all: one finding then says so, rather than one for each of

@@ -592,7 +592,7 @@ void Checker::CheckConstraint(std::size_t Line, std::string_view Code) {
 
 void Checker::Check() {
   if (IsTooLong(Text)) {
-    // Of a rule in pieces, the first one tells.
+    // Of a rule in pieces, only the first one reports.
     if (!Text.Continues) {
       Findings.Add(
           "TR013", 0, {},

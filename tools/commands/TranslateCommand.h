@@ -13,7 +13,7 @@
 
 namespace Translate {
 
-/// What a run over texts is reported.
+/// The options of a run over texts.
 struct TranslateOptions {
   std::vector<std::string> vsGrammars;  ///< "-" for standard input, with a text of its own
   std::optional<std::string> Text;      ///< otherwise each line of standard input is one
@@ -29,7 +29,7 @@ struct TranslateOptions {
 
 /// Translates texts. Rules that are left out, and texts without translation, are reported on
 /// standard error. Throws `Grammar::RunError`.
-/// @return `Grammar::StatusFindings` where something was told of a rule or a text
+/// @return `Grammar::StatusFindings` where something was reported of a rule or a text
 int RunTranslate(const TranslateOptions& Options);
 
 /// Gets each rule of a grammar right after it has been added to the rule set, and may change it;

@@ -8,7 +8,7 @@
 
 namespace Examples {
 
-/// What became of an example, as a line of a baseline tells it.
+/// What became of an example, as a line of a baseline has it.
 struct BaselineLine {
   std::string Key;  ///< file, source and what was wanted: "np.trr<TAB>the car<TAB>= el auto"
   std::string What;
@@ -21,7 +21,7 @@ struct BaselineLine {
 enum class Change { None, NewlyFailing, NewlyPassing, OtherTranslation, New };
 
 /// An accepted state of a grammar's examples: a text with a line for each, sorted, so that two of
-/// them can be compared line by line. Lines do not tell where in its file an example stands, so
+/// them can be compared line by line. Lines do not say where in its file an example stands, so
 /// that it is the same one when rules before it come or go.
 ///
 ///   np.trr<TAB>the car<TAB>= el auto<TAB>passes<TAB>el auto

@@ -24,7 +24,7 @@ std::vector<SourceComponent> SourceComponentsOf(const Translate::RuleSet& Rules,
                                                 const Translate::RuleSet::Rule& Rule);
 
 /// What stands where in a text: its tokens, and the types of its constituents. It outlives the
-/// chart and the grammar, and tells which rules of a changed grammar can reach the text: as long as
+/// chart and the grammar, and finds which rules of a changed grammar can reach the text: as long as
 /// none that is new or gone finds all of its components side by side, the chart stays as it is.
 ///
 ///   ChartOutline Outline(Parsed);

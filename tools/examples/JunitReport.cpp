@@ -70,7 +70,7 @@ std::string SecondsText(double Seconds) {
   return {Digits, static_cast<std::size_t>(Size)};
 }
 
-/// What the head of a suite, or of all, tells of its cases.
+/// What the head of a suite, or of all, says of its cases.
 struct Totals {
   std::size_t Tests = 0;
   std::size_t Failures = 0;

@@ -111,7 +111,7 @@ bool WaitForChange(const std::string& Report, Screen& ShownReturn, Grammar::File
 // ---- The run ----------------------------------------------------------------------------------
 
 int RunWatch(const TestOptions& Options) {
-  // From now on: what changes during the first run is noticed behind it.
+  // From now on: what changes during the first run is noticed after it.
   Grammar::FileWatch Files(WatchedFiles(Options));
   ParseOptions Parse = Options.Parse;
   Parse.WantsCauses = true;

@@ -21,7 +21,7 @@ namespace Grammar {
 /// @code
 /// rapidjson::StringBuffer Buffer;
 /// rapidjson::Writer<rapidjson::StringBuffer> Writer(Buffer);
-/// JsonEvents(Writer).HandRule(Record);
+/// JsonEvents(Writer).EmitRule(Record);
 /// std::string(Buffer.GetString()).substr(0, 11);  // R"({"header":{)"
 /// @endcode
 template <typename HandlerT>
@@ -29,37 +29,37 @@ class JsonEvents {
  public:
   explicit JsonEvents(HandlerT& HandlerPassIn) : Handler(HandlerPassIn) {}
 
-  void HandRule(const RuleRecord& Record) {
+  void EmitRule(const RuleRecord& Record) {
     const RuleForm& Form = Record.Form();
     const std::string Alignments = Form.AlignmentText();
     Handler.StartObject();
-    HandHeader(Record.Header());
-    Hand("comments", Record.Comments());
-    Hand("slType", Form.SLType());
-    Hand("tlType", Form.TLType());
-    HandLabels("slLabels", Form.SLLabels());
-    HandLabels("tlLabels", Form.TLLabels());
-    Hand("alignments", Alignments);
-    HandConstraints(Form);
-    Hand("count", Record.Count());
-    HandWords("slWords", Labelled(Record, "SL:"));
-    HandWords("tlWords", Labelled(Record, "TL:"));
-    Hand("cStructure", Labelled(Record, "C-Structure:"));
-    HandWordLabels("slWordLabels", Form.SLLabels());
-    HandWordLabels("tlWordLabels", Form.TLLabels());
-    HandEmptyLists({"slParseLabels", "tlParseLabels"});
-    Hand("wordAlignments", "");
-    HandEmptyLists({"slWordToComponent", "tlWordToComponent", "numbers"});
+    EmitHeader(Record.Header());
+    Emit("comments", Record.Comments());
+    Emit("slType", Form.SLType());
+    Emit("tlType", Form.TLType());
+    EmitLabels("slLabels", Form.SLLabels());
+    EmitLabels("tlLabels", Form.TLLabels());
+    Emit("alignments", Alignments);
+    EmitConstraints(Form);
+    Emit("count", Record.Count());
+    EmitWords("slWords", Labelled(Record, "SL:"));
+    EmitWords("tlWords", Labelled(Record, "TL:"));
+    Emit("cStructure", Labelled(Record, "C-Structure:"));
+    EmitWordLabels("slWordLabels", Form.SLLabels());
+    EmitWordLabels("tlWordLabels", Form.TLLabels());
+    EmitEmptyLists({"slParseLabels", "tlParseLabels"});
+    Emit("wordAlignments", "");
+    EmitEmptyLists({"slWordToComponent", "tlWordToComponent", "numbers"});
     for (const std::string_view Name : {"headIndex", "xHeadIndex", "yHeadIndex"}) {
-      Hand(Name, None);
+      Emit(Name, None);
     }
-    HandAlternatives(Alignments);
+    EmitAlternatives(Alignments);
     Handler.EndObject();
   }
 
-  void HandText(std::string_view Text) {
+  void EmitText(std::string_view Text) {
     Handler.StartObject();
-    Hand("text", Text);
+    Emit("text", Text);
     Handler.EndObject();
   }
 
@@ -69,97 +69,97 @@ class JsonEvents {
   /// An index, a rank or a number that is not known.
   static constexpr int None = -1;
 
-  void HandString(std::string_view Text) {
+  void EmitString(std::string_view Text) {
     Handler.String(Text.data(), static_cast<unsigned>(Text.size()));
   }
 
-  void HandBytes(std::string_view Bytes) {
+  void EmitBytes(std::string_view Bytes) {
     if (IsAscii(Bytes)) {
-      HandString(Bytes);
+      EmitString(Bytes);
     } else {
-      HandString(ToUnicode(Bytes));
+      EmitString(ToUnicode(Bytes));
     }
   }
 
-  void Hand(std::string_view Name, std::string_view Bytes) {
-    HandString(Name);
-    HandBytes(Bytes);
+  void Emit(std::string_view Name, std::string_view Bytes) {
+    EmitString(Name);
+    EmitBytes(Bytes);
   }
 
-  void Hand(std::string_view Name, int Number) {
-    HandString(Name);
+  void Emit(std::string_view Name, int Number) {
+    EmitString(Name);
     Handler.Int(Number);
   }
 
-  /// @param HandElements hands all elements
-  template <typename HandElementsT>
-  void HandList(std::string_view Name, HandElementsT HandElements) {
-    HandString(Name);
+  /// @param EmitElements hands all elements
+  template <typename EmitElementsT>
+  void EmitList(std::string_view Name, EmitElementsT EmitElements) {
+    EmitString(Name);
     Handler.StartArray();
-    HandElements();
+    EmitElements();
     Handler.EndArray();
   }
 
-  void Hand(std::string_view Name, const std::vector<std::string>& vsTexts) {
-    HandList(Name, [&] {
+  void Emit(std::string_view Name, const std::vector<std::string>& vsTexts) {
+    EmitList(Name, [&] {
       for (const std::string& sText : vsTexts) {
-        HandBytes(sText);
+        EmitBytes(sText);
       }
     });
   }
 
-  void HandEmptyLists(std::initializer_list<std::string_view> Names) {
+  void EmitEmptyLists(std::initializer_list<std::string_view> Names) {
     for (const std::string_view Name : Names) {
-      HandList(Name, [] {});
+      EmitList(Name, [] {});
     }
   }
 
-  void HandHeader(const RuleHeader& Header) {
-    HandString("header");
+  void EmitHeader(const RuleHeader& Header) {
+    EmitString("header");
     if (Header.IsPresent) {
       Handler.StartObject();
-      Hand(Header.IsReadable ? "type" : "text", Header.Type);
+      Emit(Header.IsReadable ? "type" : "text", Header.Type);
       Handler.EndObject();
     } else {
       Handler.Null();
     }
-    Hand("ruleIndex", Header.IsPresent ? NumberOf(Header) : None);
+    Emit("ruleIndex", Header.IsPresent ? NumberOf(Header) : None);
   }
 
   /// Passes the labels as the normal form has them.
-  void HandLabels(std::string_view Name, const Labels& vLabels) {
-    HandList(Name, [&] {
+  void EmitLabels(std::string_view Name, const Labels& vLabels) {
+    EmitList(Name, [&] {
       for (const std::string_view Label : vLabels) {
         Scratch.clear();
         RuleForm::AppendLabel(Label, Scratch);
-        HandBytes(Scratch);
+        EmitBytes(Scratch);
       }
     });
   }
 
-  void HandCapitals(std::string_view Text) {
+  void EmitCapitals(std::string_view Text) {
     Scratch.assign(Text);
     for (char& Byte : Scratch) {
       Byte = ToUpper(Byte);
     }
-    HandBytes(Scratch);
+    EmitBytes(Scratch);
   }
 
   /// Passes the labels as the library's record has them, all in capitals.
-  void HandWordLabels(std::string_view Name, const Labels& vLabels) {
-    HandList(Name, [&] {
+  void EmitWordLabels(std::string_view Name, const Labels& vLabels) {
+    EmitList(Name, [&] {
       for (const std::string_view Label : vLabels) {
-        HandCapitals(Label);
+        EmitCapitals(Label);
       }
     });
   }
 
   /// Passes the words of an example as the library reads them from its comment.
-  void HandWords(std::string_view Name, std::string_view Sentence) {
-    HandList(Name, [&] {
+  void EmitWords(std::string_view Name, std::string_view Sentence) {
+    EmitList(Name, [&] {
       TrRuleInternal::Splitter Pieces(Sentence, " ");
       for (std::string_view Piece; Pieces.Next(Piece);) {
-        HandCapitals(TrRuleInternal::TrimmedField(Piece));
+        EmitCapitals(TrRuleInternal::TrimmedField(Piece));
       }
     });
   }
@@ -171,46 +171,46 @@ class JsonEvents {
     return IsFound ? Rest : std::string_view();
   }
 
-  void HandConstraints(const RuleForm& Form) {
-    HandList("constraints", [&] {
+  void EmitConstraints(const RuleForm& Form) {
+    EmitList("constraints", [&] {
       for (std::size_t Place = 0; Place < Form.ConstraintCount(); ++Place) {
         Handler.StartObject();
-        HandFields(Form.FieldsAt(Place));
-        HandConstraintLines(Form, Place);
+        EmitFields(Form.FieldsAt(Place));
+        EmitConstraintLines(Form, Place);
         Handler.EndObject();
       }
     });
   }
 
-  void HandFields(const TrRuleInternal::ConstraintView& Fields) {
-    Hand("category", Fields.Category);
-    Hand("index", Fields.ConstrainedIndex);
-    Hand("feature", Fields.Feature);
-    Hand("value", Fields.FeatValue);
-    Hand("rank", None);
-    HandString("isValue");
+  void EmitFields(const TrRuleInternal::ConstraintView& Fields) {
+    Emit("category", Fields.Category);
+    Emit("index", Fields.ConstrainedIndex);
+    Emit("feature", Fields.Feature);
+    Emit("value", Fields.FeatValue);
+    Emit("rank", None);
+    EmitString("isValue");
     Handler.Bool(Fields.ValueConstraint);
   }
 
-  void HandConstraintLines(const RuleForm& Form, std::size_t Place) {
-    HandList("lines", [&] {
+  void EmitConstraintLines(const RuleForm& Form, std::size_t Place) {
+    EmitList("lines", [&] {
       Scratch.clear();
       Form.AppendConstraintAt(Place, Scratch);
       for (std::string_view Lines = Scratch; !Lines.empty();) {
         const std::size_t Size = Lines.find('\n');
-        HandBytes(Lines.substr(0, Size));
+        EmitBytes(Lines.substr(0, Size));
         Lines.remove_prefix(Size + 1);
       }
     });
   }
 
   /// The first alternative has the alignments of the rule; a grammar holds nothing else of them.
-  void HandAlternatives(std::string_view Alignments) {
-    HandString("alternatives");
+  void EmitAlternatives(std::string_view Alignments) {
+    EmitString("alternatives");
     Handler.StartObject();
-    HandEmptyLists({"slSentences", "tlSentences"});
-    HandList("alignments", [&] { HandBytes(Alignments); });
-    HandEmptyLists(
+    EmitEmptyLists({"slSentences", "tlSentences"});
+    EmitList("alignments", [&] { EmitBytes(Alignments); });
+    EmitEmptyLists(
         {"cStructures", "slWordToComponent", "tlWordToComponent", "slWordLabels", "tlWordLabels"});
     Handler.EndObject();
   }

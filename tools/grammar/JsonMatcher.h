@@ -15,7 +15,7 @@ namespace Grammar {
 /// rapidjson::Document Object;
 /// Object.Parse("{}");
 /// JsonMatcher Matcher(Object);
-/// JsonEvents(Matcher).HandRule(Record);
+/// JsonEvents(Matcher).EmitRule(Record);
 /// Matcher.IsSame();  // false
 /// @endcode
 class JsonMatcher {

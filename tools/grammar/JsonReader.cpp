@@ -291,7 +291,7 @@ void ReadLines(std::string Lines, RuleText& TextReturn, RuleRecord& RecordReturn
 /// Whether an object is that of a rule, member by member.
 bool IsObjectOf(const RuleRecord& Record, const Json& Object) {
   JsonMatcher Matcher(Object);
-  JsonEvents(Matcher).HandRule(Record);
+  JsonEvents(Matcher).EmitRule(Record);
   return Matcher.IsSame();
 }
 

@@ -15,7 +15,7 @@ struct RuleFromJson {
   bool IsRule = false;  ///< a rule, and not another text
   std::string Text;
 
-  /// Where the line was not read, one text that tells why. Otherwise each of them names a member
+  /// Where the line was not read, one text that says why. Otherwise each of them names a member
   /// that a grammar cannot hold as it is given.
   std::vector<std::string> vsProblems;
 };

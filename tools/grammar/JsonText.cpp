@@ -8,7 +8,7 @@ namespace Grammar {
 
 namespace {
 
-/// The bytes of U+F780 to U+F7FF begin with EF 9E or EF 9F; the third byte tells which it is.
+/// The bytes of U+F780 to U+F7FF begin with EF 9E or EF 9F; the third byte says which it is.
 constexpr unsigned char StandInFirst = 0xEF;
 constexpr unsigned char StandInLow = 0x9E;
 constexpr unsigned char StandInHigh = 0x9F;

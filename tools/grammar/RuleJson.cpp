@@ -24,14 +24,14 @@ void AppendJson(const RuleRecord& Record, std::string& TextReturn) {
   constexpr std::size_t TypicalSize = 4096;
   Buffer Object(nullptr, TypicalSize);
   Writer Output(Object);
-  JsonEvents(Output).HandRule(Record);
+  JsonEvents(Output).EmitRule(Record);
   AppendLine(Object, TextReturn);
 }
 
 void AppendJsonOfText(std::string_view Text, std::string& TextReturn) {
   Buffer Object;
   Writer Output(Object);
-  JsonEvents(Output).HandText(Text);
+  JsonEvents(Output).EmitText(Text);
   AppendLine(Object, TextReturn);
 }
 

@@ -17,7 +17,7 @@ void RemoveUnfinishedFilesOnSignals();
 /// scope, and by the signals above, until it is kept.
 class UnfinishedFile {
  public:
-  /// Makes a file in the folder of `Target`, whose name tells whose it is.
+  /// Makes a file in the folder of `Target`, whose name says whose it is.
   explicit UnfinishedFile(const std::string& Target);
   ~UnfinishedFile();
 

@@ -39,7 +39,7 @@ std::uint64_t TotalSize(const std::vector<std::string>& vsNames) {
   return Total;
 }
 
-/// Passes out what a descriptor gives. The standard library's files do not tell why they fail.
+/// Passes out what a descriptor gives. The standard library's files do not say why they fail.
 class InputFile::Buffer : public std::streambuf {
  public:
   explicit Buffer(const std::string& NamePassIn) : Name(NamePassIn), vBytes(std::size_t{1} << 17) {

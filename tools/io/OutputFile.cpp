@@ -89,7 +89,7 @@ void OutputFile::Flush() {
 void OutputFile::Finish() {
   Flush();
   if (Unfinished != nullptr) {
-    // A disk may tell only now that it is full.
+    // A disk may report only now that it is full.
     if (fsync(Descriptor) != 0 && errno != EINVAL) {
       throw SystemError("cannot write " + Name);
     }

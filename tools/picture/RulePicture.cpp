@@ -37,7 +37,7 @@ void RulePicture::AppendText(int MaxWidth, bool IsAscii, std::string& TextReturn
   }
 }
 
-/// Behind the title, each sentence is indented, and more so where it goes on.
+/// After the title, each sentence is indented, and more so where it goes on.
 void RulePicture::AppendSentences(int MaxWidth, std::string& TextReturn) const {
   const Measures& Units = TerminalMeasures();
   const auto Add = [&](const std::string& sSentence, std::string_view Indent) {

@@ -208,7 +208,7 @@ class Chart {
     std::uint32_t GroupCount[4];  ///< they stand side by side, in the order of their keys
   };
 
-  /// What tells a group from the others of its span.
+  /// What distinguishes a group from the others of its span.
   struct GroupName {
     SourceSymbol Slot = 0;
     std::uint8_t Needs = 0;

@@ -398,7 +398,7 @@ std::string DiagnosisText::FurthestCause() {
     return "the text has no words";
   }
   if (!Furthest->Made.IsEmpty()) {
-    Furthest->Clashes = {};  // they lie behind
+    Furthest->Clashes = {};  // they lie before it
   }
   std::string Text;
   Append(*Furthest, Text);

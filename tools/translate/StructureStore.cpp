@@ -53,7 +53,7 @@ std::optional<AtomSetId> StructureStore::AtomsAt(StructureId Structure,
     if (!IsComplex(Structure)) {
       return std::nullopt;
     }
-    // The arcs of the root stand behind the number of locals and their own.
+    // The arcs of the root stand after the number of locals and their own.
     const std::uint32_t* Arc = Knot(Structure) + 2;
     const std::uint32_t* const Last = Arc + std::size_t{2} * Arc[-1];
     while (Arc != Last && *Arc != Features[At]) {

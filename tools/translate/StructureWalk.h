@@ -60,7 +60,7 @@ class StructureWalk {
     std::uint32_t Target;
   };
 
-  /// Features that are being gone through. A knot is forgotten behind those of its root.
+  /// Features that are being gone through. A knot is forgotten after those of its root.
   struct Frame {
     std::size_t Knot;
     std::vector<Arc> vArcs;
