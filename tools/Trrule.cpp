@@ -27,6 +27,7 @@ constexpr const char* Footer =
     "  trrule translate np.trr --text TEXT    what the rules make of a text\n"
     "  trrule test np.trr                     the examples in its comments\n"
     "  trrule draw --rule NP,8 np.trr         what a rule looks like\n"
+    "  trrule html -o np.html np.trr          a grammar as a page\n"
     "  trrule explain TR011                   what a code of check means\n"
     "  trrule help sort                       all of one command\n";
 
@@ -66,6 +67,7 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddWhyCommand(Program, Chosen);
   AddTestCommand(Program, Chosen);
   AddDrawCommand(Program, Chosen);
+  AddHtmlCommand(Program, Chosen);
   AddExplainCommand(Program, Chosen);
   AddHelpCommand(Program, Chosen);
   AddVersionCommand(Program, Chosen);

@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique head sample split json from-json translate why test draw explain help version'
+  local Commands='check print sort unique head sample split json from-json translate why test draw html explain help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -98,6 +98,7 @@ _trrule() {
         Words="$Words --examples --start --fail-under --baseline --accept --watch"
         ;;
       draw) Words="$Common --rule --format --ascii --width" ;;
+      html) Words="$Common --with-tests --examples --threads" ;;
     esac
   fi
   if [ -n "$Words" ]; then

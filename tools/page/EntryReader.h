@@ -1,0 +1,22 @@
+#pragma once
+
+#include "RuleEntry.h"
+#include "RuleRun.h"
+
+#include <vector>
+
+namespace Page {
+
+/// Reads, checks and draws the rules of files, on the threads of the run. What `trrule check` shows
+/// of a rule is in its entry, and what concerns the whole grammar in that of the rule where it
+/// stands. Files that cannot be read are reported on standard error.
+///
+///   std::vector<RuleEntry> vEntries;
+///   ReadEntries(Run, vEntries);  // true
+///   vEntries.front().vFindings.size();
+///
+/// @param vEntriesReturn receives the rules in the order of the input
+/// @return whether all files could be read
+bool ReadEntries(const Grammar::RunOptions& Run, std::vector<RuleEntry>& vEntriesReturn);
+
+}  // namespace Page

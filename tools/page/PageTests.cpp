@@ -1,0 +1,190 @@
+// Sections: derivations, examples, coverage, the run.
+
+#include "PageTests.h"
+
+#include "DerivationPictures.h"
+#include "Details.h"
+#include "PairFile.h"
+#include "PicturePacking.h"
+#include "RuleEntry.h"
+#include "SvgWriter.h"
+#include "TestRun.h"
+#include "TranslateCommand.h"
+#include "Translator.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace Page {
+
+using Examples::Example;
+using Examples::ExampleResult;
+using Examples::Outcome;
+using Examples::TestedGrammar;
+
+// ---- Derivations ------------------------------------------------------------------------------
+
+namespace {
+
+/// Draws the derivations by which examples have come out as they have.
+class ExampleDerivations {
+ public:
+  explicit ExampleDerivations(const Translate::RuleSet& RulesPassIn)
+      : Rules(RulesPassIn), Engine(RulesPassIn), Pictures(RulesPassIn, Engine, false) {
+    Options.Translations = Examples::ExampleParse::MaxTexts;
+    Options.AllDerivations = true;
+    Options.HasStarts = true;
+  }
+
+  /// Appends the picture, packed; nothing where no derivation has the words and the root.
+  void Append(const Example& Given, const ExampleResult& Result, std::string& HtmlReturn) {
+    if (!Result.Best || Result.BestRule == Examples::NoRule) {
+      return;
+    }
+    Options.vStarts = {Rules.At(Result.BestRule).SourceType};
+    Translate::TextResult Found = Engine.Translate(Given.Source, Options);
+    const auto Fitting = std::find_if(
+        Found.vTranslations.begin(), Found.vTranslations.end(), [&](const auto& Current) {
+          return Current.Target == *Result.Best &&
+                 Engine.NodesOf(Current.Tree, 0).front().Rule == Result.BestRule;
+        });
+    if (Fitting == Found.vTranslations.end()) {
+      return;
+    }
+    Found.vTranslations = {*Fitting};
+    std::string Svg;
+    if (Pictures.Append(Given.Source, Found, Svg)) {
+      std::string Packed;
+      AppendPacked(Svg, Packed);
+      HtmlReturn += "<details class=\"derivation\"><summary>Derivation</summary><div data-svg=\"";
+      Picture::AppendEscaped(Packed, HtmlReturn);
+      HtmlReturn += "\"></div></details>\n";
+    }
+  }
+
+ private:
+  const Translate::RuleSet& Rules;
+  Translate::Translator Engine;
+  Translate::DerivationPictures Pictures;
+  Translate::TextOptions Options;
+};
+
+// ---- Examples ---------------------------------------------------------------------------------
+
+std::string_view LookOf(Outcome What) {
+  return What == Outcome::Passes ? "good" : Examples::IsPassing(What) ? "odd" : "bad";
+}
+
+void AppendExample(const TestedGrammar& Tested, const Example& Given, const ExampleResult& Result,
+                   ExampleDerivations& Drawn, std::string& HtmlReturn) {
+  HtmlReturn.append("<li class=\"").append(LookOf(Result.What)).append("\"><b>");
+  HtmlReturn.append(NameOf(Result.What)).append("</b>: ");
+  AppendShown(Given.Source, HtmlReturn);
+  if (Given.Wanted) {
+    HtmlReturn += " → ";
+    AppendShown(*Given.Wanted, HtmlReturn);
+  } else {
+    HtmlReturn += " (to be rejected)";
+  }
+  HtmlReturn += '\n';
+  std::string Details;
+  for (const Examples::Detail& Current : DetailsOf(Tested, Given, Result)) {
+    Details.append("<dt>").append(Current.Name).append("</dt><dd>");
+    AppendShown(Current.Text, Details);
+    Details += "</dd>\n";
+  }
+  if (!Details.empty()) {
+    HtmlReturn.append("<dl>\n").append(Details).append("</dl>\n");
+  }
+  Drawn.Append(Given, Result, HtmlReturn);
+  HtmlReturn += "</li>\n";
+}
+
+/// Appends the examples to their rules, and those without a rule to a list of their own.
+void AddExamples(const TestedGrammar& Tested, const Examples::TestResults& Results,
+                 PageTests& TestsReturn) {
+  ExampleDerivations Drawn(Tested.Rules());
+  for (std::size_t Index = 0; Index < Results.vResults.size(); ++Index) {
+    const Example& Given = Tested.AllExamples()[Index];
+    const bool HasFailed = !Examples::IsPassing(Results.vResults[Index].What);
+    const bool HasRule = Given.Rule != Examples::NoRule;
+    AppendExample(Tested, Given, Results.vResults[Index], Drawn,
+                  HasRule ? TestsReturn.vRules[Given.Rule].Html : TestsReturn.Others);
+    TestsReturn.HasFailure = TestsReturn.HasFailure || HasFailed;
+    if (HasRule && HasFailed) {
+      TestsReturn.vRules[Given.Rule].HasFailure = true;
+    }
+  }
+}
+
+void AddList(std::string_view Heading, std::string_view Class, std::string& HtmlReturn) {
+  if (!HtmlReturn.empty()) {
+    std::string List = "<h4>";
+    List.append(Heading).append("</h4>\n<ul class=\"").append(Class).append("\">\n");
+    HtmlReturn.insert(0, List);
+    HtmlReturn += "</ul>\n";
+  }
+}
+
+}  // namespace
+
+// ---- Coverage ---------------------------------------------------------------------------------
+
+namespace {
+
+void AddCoverage(const TestedGrammar& Tested, const Examples::Coverage& Covered,
+                 PageTests& TestsReturn) {
+  std::vector<std::string> vsLists(TestsReturn.vRules.size());
+  for (const std::uint32_t Rule : Covered.vUncoveredRules) {
+    vsLists[Rule] += "<li><b>no passing example uses this rule</b></li>\n";
+  }
+  for (std::uint32_t Rule = 0; Rule < Tested.AllRules().size(); ++Rule) {
+    const std::uint32_t Usable = Tested.AllRules()[Rule].Usable;
+    if (Usable == Examples::NoRule) {
+      continue;
+    }
+    const auto& vMissing = Covered.vUncoveredConstraints;
+    auto Next = std::lower_bound(vMissing.begin(), vMissing.end(), Tested.FirstConstraint(Usable));
+    for (; Next != vMissing.end() && *Next < Tested.FirstConstraint(Usable + 1); ++Next) {
+      vsLists[Rule] += "<li><b>no example needs</b> <code>";
+      AppendShown(Tested.Constraints()[*Next].Text, vsLists[Rule]);
+      vsLists[Rule] += "</code></li>\n";
+    }
+  }
+  for (std::size_t Rule = 0; Rule < vsLists.size(); ++Rule) {
+    TestsReturn.vRules[Rule].IsUncovered = !vsLists[Rule].empty();
+    AddList("Not covered", "uncovered", vsLists[Rule]);
+    TestsReturn.vRules[Rule].Html += vsLists[Rule];
+  }
+}
+
+}  // namespace
+
+// ---- The run ----------------------------------------------------------------------------------
+
+PageTests RunPageTests(const std::vector<std::string>& vsGrammars,
+                       const std::vector<std::string>& vsPairs, unsigned Threads, bool Quiet) {
+  TestedGrammar Tested(Translate::RuleSetOptions(), true);
+  if (!vsPairs.empty()) {
+    Tested.DescribeAllRules();
+  }
+  Tested.Load(vsGrammars, Quiet);
+  for (const std::string& sFile : vsPairs) {
+    Examples::AddPairs(sFile, Tested);
+  }
+  Examples::ParseOptions Parse;
+  Parse.WantsCauses = true;
+  const Examples::TestResults Results = RunExamples(Tested, Parse, Threads, true);
+  PageTests Tests;
+  Tests.vRules.resize(Tested.AllRules().size());
+  AddExamples(Tested, Results, Tests);
+  for (RuleTests& Current : Tests.vRules) {
+    AddList("Examples", "examples", Current.Html);
+  }
+  AddCoverage(Tested, Results.Covered, Tests);
+  Tests.Totals = Examples::TotalsOf(Results.vResults);
+  Tests.Covered = Examples::CoveredLine(Tested, Results.Covered);
+  return Tests;
+}
+
+}  // namespace Page

@@ -1,0 +1,90 @@
+#include "PicturePacking.h"
+
+#include <array>
+#include <cstddef>
+
+namespace Page {
+
+namespace {
+
+/// Of several phrases that fit, the first is taken. None contains "|" or "~", and none begins
+/// otherwise than with a quotation mark or "<": elsewhere none is looked for.
+constexpr std::array<std::string_view, 36> Phrases{
+    "<g data-component=\"",
+    "<g data-constraint=\"",
+    "<g data-alignment=\"",
+    "<g data-constituent=\"",
+    "</g>\n",
+    "<text x=\"",
+    "</text>",
+    "<rect x=\"",
+    "<path d=\"M",
+    "\"/>",
+    "\">",
+    "\" y=\"",
+    "\" width=\"",
+    "\" height=\"",
+    "\" rx=\"3\"/>",
+    "\" rx=\"14\"/>",
+    "\" rx=\"2\"/>",
+    "\" rx=\"9\" stroke-width=\"0.7\"/>",
+    "\" rx=\"",
+    "\" stroke-dasharray=\"5 4\"/>",
+    "\" data-line=\"",
+    "\" font-size=\"16\" text-anchor=\"middle\" fill=\"currentColor\" stroke=\"none\">",
+    "\" font-size=\"11\" text-anchor=\"middle\" fill=\"currentColor\" stroke=\"none\">",
+    "\" font-size=\"12\" text-anchor=\"middle\" fill=\"currentColor\" stroke=\"none\">",
+    "\" font-size=\"12\" fill=\"currentColor\" stroke=\"none\">",
+    "\" font-size=\"13\" fill=\"currentColor\" stroke=\"none\">",
+    "\" font-size=\"16\" text-anchor=\"middle\" font-style=\"italic\" fill=\"currentColor\" "
+    "stroke=\"none\">",
+    "\" class=\"c",
+    "\" stroke=\"currentColor\">",
+    "<title>",
+    "</title>",
+    "<title id=\"",
+    "</desc>\n",
+    "<desc id=\"",
+    "\" role=\"img\" aria-labelledby=\"",
+    "\" font-family=\"sans-serif\" fill=\"none\" stroke=\"currentColor\" stroke-width=\"1.3\">",
+};
+constexpr char FirstLetter = 'A';
+
+/// The first phrase that a text begins with; the number of phrases where there is none.
+std::size_t PhraseAt(std::string_view Text) {
+  std::size_t Found = 0;
+  while (Found < Phrases.size() && Text.substr(0, Phrases[Found].size()) != Phrases[Found]) {
+    ++Found;
+  }
+  return Found;
+}
+
+}  // namespace
+
+void AppendPhrases(std::string& TextReturn) {
+  for (std::size_t At = 0; At < Phrases.size(); ++At) {
+    TextReturn.append(At == 0 ? "" : "|").append(Phrases[At]);
+  }
+}
+
+void AppendPacked(std::string_view Svg, std::string& TextReturn) {
+  while (!Svg.empty()) {
+    const std::size_t Plain = Svg.find_first_of("\"<~");
+    TextReturn += Svg.substr(0, Plain);
+    if (Plain == std::string_view::npos) {
+      return;
+    }
+    Svg.remove_prefix(Plain);
+    const std::size_t Phrase = PhraseAt(Svg);
+    if (Phrase < Phrases.size()) {
+      TextReturn += '~';
+      TextReturn += static_cast<char>(FirstLetter + static_cast<int>(Phrase));
+      Svg.remove_prefix(Phrases[Phrase].size());
+      continue;
+    }
+    TextReturn.append(Svg.front() == '~' ? "~~" : Svg.substr(0, 1));
+    Svg.remove_prefix(1);
+  }
+}
+
+}  // namespace Page
