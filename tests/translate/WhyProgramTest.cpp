@@ -122,7 +122,8 @@ TEST(WhyProgram, EndsWithStatus2AndOneLineWhenTheRunFails) {
       {{Grammar, "--text", "a"}, "no grammar is named after the rules"},
       {{"NP,1", "/no/such/file", "--text", "a"},
        "cannot read /no/such/file: No such file or directory"},
-      {{"NP,1", Grammar, "--text", "a", "--format", "tree"}, "--format: tree not in {plain,json,html}"},
+      {{"NP,1", Grammar, "--text", "a", "--format", "tree"},
+       "--format: tree not in {plain,json,html}"},
   };
   for (const auto& [vsArguments, sMessage] : Cases) {
     EXPECT_EQ(RunWhyProgram(vsArguments), (ChildEnd{2, "", "trrule: " + sMessage + "\n"}));
