@@ -35,6 +35,7 @@ void AddUniqueCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddHeadCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddSampleCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddSplitCommand(CLI::App& ProgramReturn, Action& ActionReturn);
+void AddStatsCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddFromJsonCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddTranslateCommand(CLI::App& ProgramReturn, Action& ActionReturn);

@@ -22,6 +22,7 @@ constexpr const char* Footer =
     "  trrule unique --memory 64M *.trr       each rule once, counts added\n"
     "  trrule sample -n 5 np.trr              some rules, drawn at random\n"
     "  trrule split -o types/ np.trr          a file for each type\n"
+    "  trrule stats np.trr                    what there is in them, and how often\n"
     "  trrule json np.trr                     one JSON object a line\n"
     "  trrule from-json rules.jsonl           and back\n"
     "  trrule translate np.trr --text TEXT    what the rules make of a text\n"
@@ -61,6 +62,7 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddHeadCommand(Program, Chosen);
   AddSampleCommand(Program, Chosen);
   AddSplitCommand(Program, Chosen);
+  AddStatsCommand(Program, Chosen);
   AddJsonCommand(Program, Chosen);
   AddFromJsonCommand(Program, Chosen);
   AddTranslateCommand(Program, Chosen);

@@ -2,6 +2,7 @@
 
 #include "CommentMerger.h"
 #include "ExternalSorter.h"
+#include "Hashing.h"
 #include "HeaderText.h"
 #include "NormalForm.h"
 #include "OutputFile.h"
@@ -60,19 +61,6 @@ std::vector<std::string> LinesIn(std::string_view Lines) {
     Lines.remove_prefix(End + 1);
   }
   return vsLines;
-}
-
-/// The same number for the same bytes, and rarely for others.
-std::uint64_t HashOf(std::string_view Bytes) {
-  std::uint64_t Hash = 0x9E3779B97F4A7C15U ^ Bytes.size();
-  while (!Bytes.empty()) {
-    std::uint64_t Piece = 0;
-    std::memcpy(&Piece, Bytes.data(), std::min(Bytes.size(), sizeof Piece));
-    Hash = (Hash ^ Piece) * 0xD6E8FEB86659FD93U;
-    Hash ^= Hash >> 32U;
-    Bytes.remove_prefix(std::min(Bytes.size(), sizeof Piece));
-  }
-  return Hash;
 }
 
 /// The block of the normal form in such a text.

@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique head sample split json from-json translate why test draw html explain help version'
+  local Commands='check print sort unique head sample split stats json from-json translate why test draw html explain help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -40,6 +40,7 @@ _trrule() {
         why) Words='plain json html' ;;
         test) Words='plain json junit tap' ;;
         draw) Words='svg html text' ;;
+        stats) Words='text json html' ;;
         *) Words='text json sarif' ;;
       esac
       ;;
@@ -55,7 +56,7 @@ _trrule() {
       _trrule_codes "${COMP_WORDS[0]}" "$Word"
       return
       ;;
-    --examples | --text | --seed | --parts | -n | -k | --start | --threads | --rule | --width) return ;;
+    --examples | --top | --text | --seed | --parts | -n | -k | --start | --threads | --rule | --width) return ;;
     --max-chain | --max-constituents | --max-derivations) return ;;
   esac
   case ${COMP_WORDS[1]} in
@@ -80,6 +81,7 @@ _trrule() {
       head) Words="$Common -n" ;;
       sample) Words="$Common -n --seed --by --threads" ;;
       split) Words="$Common --by -n --parts --threads --memory" ;;
+      stats) Words="$Common --format --top --threads --memory" ;;
       json) Words="$Common --keep-bad --threads" ;;
       from-json) Words="$Common --threads" ;;
       explain) Words='-h --help' ;;

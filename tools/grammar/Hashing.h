@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <string_view>
 #include <vector>
 
 /// @file
@@ -113,6 +115,19 @@ inline std::uint64_t HashOf(const std::uint32_t* Numbers, std::size_t Size) {
   std::uint64_t Hash = Size;
   for (std::size_t At = 0; At < Size; ++At) {
     Hash = Mixed(Hash ^ Numbers[At]);
+  }
+  return Hash;
+}
+
+/// A hash of bytes; the same on every machine with the same order of bytes.
+inline std::uint64_t HashOf(std::string_view Bytes) {
+  std::uint64_t Hash = 0x9E3779B97F4A7C15U ^ Bytes.size();
+  while (!Bytes.empty()) {
+    std::uint64_t Piece = 0;
+    std::memcpy(&Piece, Bytes.data(), std::min(Bytes.size(), sizeof Piece));
+    Hash = (Hash ^ Piece) * 0xD6E8FEB86659FD93U;
+    Hash ^= Hash >> 32U;
+    Bytes.remove_prefix(std::min(Bytes.size(), sizeof Piece));
   }
   return Hash;
 }
