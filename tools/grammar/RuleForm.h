@@ -90,6 +90,9 @@ class RuleForm {
   /// Appends a label in the normal form: in capitals, unless it is a literal word.
   static void AppendLabel(std::string_view Label, std::string& TextReturn);
 
+  /// How many alignments the block has, each once.
+  std::size_t AlignmentCount() const { return vPairs.size(); }
+
   /// The alignments as the library's record holds them, "((1,1),(2,3))".
   std::string AlignmentText() const;
 

@@ -1,0 +1,112 @@
+#pragma once
+
+#include "ExternalSorter.h"
+#include "RuleEntry.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace Grammar {
+
+/// Why an old and a new entry belong together.
+enum class MatchReason {
+  None,     ///< they do not: one of the two is missing
+  Same,     ///< they are the same, comments and header included
+  Header,   ///< they have the same header
+  Meaning,  ///< they say the same, under different headers
+  Nearest,  ///< of the rest, they have the most in common
+};
+
+/// Two entries that belong together, or one that has been removed or added.
+struct RuleMatch {
+  MatchReason Reason = MatchReason::None;
+  unsigned Score = 100;  ///< the likeness of the nearest, in percent
+  bool HasOld = false;
+  bool HasNew = false;
+  RuleEntry Old;
+  RuleEntry New;
+};
+
+/// Matches the rules of an old file with those of a new one: those that are the same; then those
+/// with the same header; then those that say the same; then the nearest, first among rules with the
+/// same types, then among rules with the same sequences. Of several rules with one header, those
+/// that say the same go together, then the nearest, then the others in their order. Texts that are
+/// no rules match only if they are the same. Each entry is in exactly one match.
+///
+///   RuleMatcher Matcher(std::size_t{64} << 20);
+///   for (const RuleEntry& Entry : vOld) { Matcher.AddOld(Entry); }
+///   for (const RuleEntry& Entry : vNew) { Matcher.AddNew(Entry); }
+///   Matcher.Match();
+///   for (RuleMatch Match; Matcher.Next(Match);) { … }
+///
+/// What goes beyond the memory is put into temporary files. Of rules that have one header, or that
+/// might be nearest to each other, so many are compared as fit into an eighth of the memory.
+class RuleMatcher {
+ public:
+  /// Whether entries that are the same are returned, too.
+  enum class Scope { Differences, All };
+
+  /// How much the nearest rules have in common at least.
+  static constexpr unsigned LeastScore = 51;
+
+  RuleMatcher(std::size_t MemoryPassIn, Scope ScopePassIn);
+  ~RuleMatcher();
+
+  RuleMatcher(const RuleMatcher&) = delete;
+  RuleMatcher& operator=(const RuleMatcher&) = delete;
+
+  /// Adds the next entry of the old file. All of them come before those of the new file.
+  void AddOld(const RuleEntry& EntryPassIn);
+
+  /// Adds the next entry of the new file.
+  void AddNew(const RuleEntry& EntryPassIn);
+
+  /// Matches what has been added. To be called once.
+  void Match();
+
+  /// The next match, in the order of the numbers of the old entries; an added one comes after the
+  /// old entry with its number. Its texts are there until the next call; of entries that are the
+  /// same, both have one text.
+  /// @return whether there was one more
+  bool Next(RuleMatch& MatchReturn);
+
+ private:
+  struct Held;
+  struct Group;
+  using KeyWriter = void (*)(const RuleEntry& Entry, std::string& KeyReturn);
+  using GroupPairing = void (RuleMatcher::*)(Group& GroupReturn);
+
+  void Add(bool IsNew, const RuleEntry& EntryPassIn);
+  std::unique_ptr<ExternalSorter> MakeSorter(std::size_t Share) const;
+
+  void StartPass(KeyWriter KeyPassIn);
+  void MatchSame(ExternalSorter& From);
+  void MatchGroups(ExternalSorter& From, GroupPairing Pair);
+  void PairByHeader(Group& GroupReturn);
+  void PairByMeaning(Group& GroupReturn);
+  void PairNearest(Group& GroupReturn);
+
+  void PairSameBlocks(MatchReason Reason, Group& GroupReturn);
+  void PairAlike(MatchReason Reason, unsigned Least, Group& GroupReturn);
+  void PairInOrder(MatchReason Reason, Group& GroupReturn);
+  void ForwardRest(Group& GroupReturn);
+
+  void Forward(bool IsNew, const RuleEntry& EntryPassIn);
+  void ReturnPair(MatchReason Reason, unsigned Score, const RuleEntry& Old, const RuleEntry& New);
+  void ReturnSingle(bool IsNew, const RuleEntry& EntryPassIn);
+  void Return(const RuleMatch& MatchPassIn);
+
+  std::size_t Memory;
+  Scope Wanted;
+  std::unique_ptr<ExternalSorter> Added;
+  std::unique_ptr<ExternalSorter> Unmatched;  ///< what the next pass gets; null after the last
+  KeyWriter UnmatchedKey = nullptr;
+  ExternalSorter Results;
+  std::string Key;
+  std::string Payload;
+};
+
+}  // namespace Grammar
