@@ -1,14 +1,12 @@
-// Sections: form, outputs, rules, the run.
+// Sections: form, rules, the run.
 
 #include "DrawCommand.h"
 
-#include "FileNames.h"
 #include "HtmlPage.h"
 #include "RuleChecker.h"
 #include "RuleFiles.h"
 #include "RuleNames.h"
 #include "RulePicture.h"
-#include "RunError.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -16,18 +14,12 @@
 #include <filesystem>
 #include <memory>
 #include <string_view>
-#include <utility>
 
 namespace Grammar {
 
 // ---- Form -------------------------------------------------------------------------------------
 
 namespace {
-
-bool IsFolder(const std::string& Name) {
-  std::error_code Error;
-  return (!Name.empty() && Name.back() == '/') || std::filesystem::is_directory(Name, Error);
-}
 
 bool IsStandardOutput(const std::string& Name) {
   return Name.empty() || Name == "-";
@@ -41,17 +33,8 @@ DrawFormat FormatFor(const std::string& Output) {
   return Ending == ".svg" || IsFolder(Output) ? DrawFormat::Svg : DrawFormat::Text;
 }
 
-std::string_view EndingOf(DrawFormat Format) {
-  switch (Format) {
-    case DrawFormat::Text:
-      return ".txt";
-    case DrawFormat::Svg:
-      return ".svg";
-    case DrawFormat::Html:
-      break;
-  }
-  return ".html";
-}
+constexpr const char* OnePictureAdvice =
+    "name one rule by --rule, give -o a folder, or choose --format html";
 
 int WidthOf(const RunOptions& Run, const DrawOptions& Options) {
   constexpr int UsualWidth = 80;
@@ -80,119 +63,6 @@ void AppendPicture(DrawFormat Format, int Width, bool IsAscii, Picture::RulePict
 
 }  // namespace
 
-// ---- Outputs ----------------------------------------------------------------------------------
-
-namespace {
-
-/// Takes pictures, in the order of the input.
-class PictureOutput {
- public:
-  virtual ~PictureOutput() = default;
-  virtual void Take(const std::string& Name, std::string_view Written) = 0;
-  /// Puts what is written in its place. @return the status of the run
-  virtual int Finish(const RunTally& Tally) = 0;
-};
-
-/// One file with all pictures.
-class FileOutput : public PictureOutput {
- public:
-  FileOutput(const RunOptions& RunPassIn, DrawFormat FormatPassIn)
-      : Run(RunPassIn), Format(FormatPassIn), Output(RunPassIn.Output) {
-    if (Format == DrawFormat::Html) {
-      Picture::BeginPage("Pictures of rules", Pending);
-    }
-  }
-
-  void Take(const std::string& /*Name*/, std::string_view Written) override {
-    if (Format == DrawFormat::Svg && Count > 0) {
-      throw RunError(
-          "a file holds one picture in SVG: name one rule by --rule, give -o a folder, or choose "
-          "--format html");
-    }
-    if (Format == DrawFormat::Text && Count > 0) {
-      Pending += '\n';
-    }
-    Pending += Written;
-    ++Count;
-    // The only picture waits until it is known to be the only one.
-    if (Format != DrawFormat::Svg) {
-      WritePending();
-    }
-  }
-
-  int Finish(const RunTally& Tally) override {
-    if (Format == DrawFormat::Html) {
-      Picture::EndPage(Pending);
-    }
-    WritePending();
-    return FinishRun(Run, Tally, Output, false);
-  }
-
- private:
-  void WritePending() {
-    Output.Write(Pending);
-    Pending.clear();
-  }
-
-  const RunOptions& Run;
-  DrawFormat Format;
-  OutputFile Output;
-  std::string Pending;
-  std::size_t Count = 0;
-};
-
-/// A folder with a file for each picture.
-class FolderOutput : public PictureOutput {
- public:
-  FolderOutput(const RunOptions& RunPassIn, DrawFormat FormatPassIn)
-      : Folder(RunPassIn.Output), Format(FormatPassIn) {
-    std::error_code Error;
-    std::filesystem::create_directories(Folder, Error);
-    if (Error) {
-      throw RunError("cannot make the folder " + RunPassIn.Output + ": " + Error.message());
-    }
-  }
-
-  void Take(const std::string& Name, std::string_view Written) override {
-    std::string Whole;
-    if (Format == DrawFormat::Html) {
-      Picture::BeginPage(Name, Whole);
-    }
-    Whole += Written;
-    if (Format == DrawFormat::Html) {
-      Picture::EndPage(Whole);
-    }
-    OutputFile Output((Folder / Names.NewName(Name).append(EndingOf(Format))).string());
-    Output.Write(Whole);
-    Output.Finish();
-  }
-
-  int Finish(const RunTally& Tally) override {
-    ReportLeftOut(Tally);
-    if (Tally.HasUnreadFiles) {
-      return StatusFailed;
-    }
-    return Tally.HasFindings ? StatusFindings : StatusClean;
-  }
-
- private:
-  std::filesystem::path Folder;
-  DrawFormat Format;
-  FileNames Names{"rule"};
-};
-
-std::unique_ptr<PictureOutput> MakeOutput(const RunOptions& Run, DrawFormat Format) {
-  if (IsFolder(Run.Output)) {
-    return std::make_unique<FolderOutput>(Run, Format);
-  }
-  if (ReplacesInput(Run)) {
-    throw RunError("did not replace " + Run.Output + ": it is an input, and no picture");
-  }
-  return std::make_unique<FileOutput>(Run, Format);
-}
-
-}  // namespace
-
 // ---- Rules ------------------------------------------------------------------------------------
 
 namespace {
@@ -205,7 +75,7 @@ class RuleDrawer {
         TakesAll(Options.vsRules.empty()),
         Format(Options.Format.value_or(FormatFor(Run.Output))),
         Width(WidthOf(Run, Options)),
-        Output(MakeOutput(Run, Format)),
+        Output(MakePictureOutput(Run, Format, OnePictureAdvice)),
         Names(Options.vsRules) {}
 
   void Draw(const RuleText& Text) {

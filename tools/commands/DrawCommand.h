@@ -1,15 +1,13 @@
 #pragma once
 
+#include "PictureOutput.h"
 #include "RuleRun.h"
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace Grammar {
-
-enum class DrawFormat : std::uint8_t { Text, Svg, Html };
 
 /// The options of a run that draws rules.
 struct DrawOptions {
