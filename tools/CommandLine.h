@@ -43,6 +43,7 @@ void AddWhyCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddTestCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddDrawCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddHtmlCommand(CLI::App& ProgramReturn, Action& ActionReturn);
+void AddFindCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddExplainCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddHelpCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddVersionCommand(CLI::App& ProgramReturn, Action& ActionReturn);

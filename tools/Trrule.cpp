@@ -29,6 +29,7 @@ constexpr const char* Footer =
     "  trrule test np.trr                     the examples in its comments\n"
     "  trrule draw --rule NP,8 np.trr         what a rule looks like\n"
     "  trrule html -o np.html np.trr          a grammar as a page\n"
+    "  trrule find '[DET * N]' np.trr         rules by what they say\n"
     "  trrule explain TR011                   what a code of check means\n"
     "  trrule help sort                       all of one command\n";
 
@@ -70,6 +71,7 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddTestCommand(Program, Chosen);
   AddDrawCommand(Program, Chosen);
   AddHtmlCommand(Program, Chosen);
+  AddFindCommand(Program, Chosen);
   AddExplainCommand(Program, Chosen);
   AddHelpCommand(Program, Chosen);
   AddVersionCommand(Program, Chosen);

@@ -48,6 +48,7 @@ want_command_tools() {
   want nlohmann-json3-dev have_header nlohmann/json.hpp
   want libtbb-dev have_header tbb/parallel_pipeline.h
   want rapidjson-dev have_header rapidjson/document.h
+  want libre2-dev have_header re2/re2.h
 }
 
 want_test_tools() {

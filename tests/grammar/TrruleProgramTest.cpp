@@ -28,9 +28,9 @@ using Strings = std::vector<std::string>;
 using StringSet = std::set<std::string>;
 
 const Strings Commands{"check", "print", "sort", "unique", "head", "sample", "json", "from-json"};
-const Strings AllCommands{"check", "print", "sort", "unique",    "head",      "sample",
-                          "split", "stats", "json", "from-json", "translate", "why",
-                          "test",  "draw",  "html", "explain",   "help",      "version"};
+const Strings AllCommands{"check", "print", "sort",      "unique",    "head",   "sample", "split",
+                          "stats", "json",  "from-json", "translate", "why",    "test",   "draw",
+                          "html",  "find",  "explain",   "help",      "version"};
 
 std::string ReadSource(const std::string& Path) {
   std::ifstream File(std::string(GrammarPaths::SourceFolder) + "/" + Path, std::ios::binary);
@@ -289,7 +289,8 @@ TEST(TrruleProgram, HasHelpWithAnExampleForEachCommand) {
 
 TEST(TrruleProgram, DocumentsTheSameOptionsInHelpManualAndCompletions) {
   StringSet ssOptions = OptionsIn(RunTrrule({"--help"}).Out);
-  for (const char* Command : {"split", "stats", "translate", "why", "test", "draw", "html"}) {
+  for (const char* Command :
+       {"split", "stats", "translate", "why", "test", "draw", "html", "find"}) {
     ssOptions.merge(OptionsIn(RunTrrule({Command, "--help"}).Out));
   }
   for (const std::string& sCommand : Commands) {
@@ -316,10 +317,10 @@ std::string OfferedByBash(const std::string& Words, int Position) {
 TEST(TrruleProgram, IsCompletedByBash) {
   EXPECT_EQ(
       OfferedByBash("trrule ''", 1),
-      "check print sort unique head sample split stats json from-json translate why test draw html explain help version -h --help --version\n");
+      "check print sort unique head sample split stats json from-json translate why test draw html find explain help version -h --help --version\n");
   EXPECT_EQ(
       OfferedByBash("trrule help ''", 2),
-      "check print sort unique head sample split stats json from-json translate why test draw html explain help version\n");
+      "check print sort unique head sample split stats json from-json translate why test draw html find explain help version\n");
   EXPECT_EQ(OfferedByBash("trrule p", 1), "print\n");
   EXPECT_EQ(OfferedByBash("trrule sort --r", 2), "--reverse\n");
   EXPECT_EQ(OfferedByBash("trrule check --s", 2), "--severity --start --statistics\n");

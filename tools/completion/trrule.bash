@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique head sample split stats json from-json translate why test draw html explain help version'
+  local Commands='check print sort unique head sample split stats json from-json translate why test draw html find explain help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -41,10 +41,14 @@ _trrule() {
         test) Words='plain json junit tap' ;;
         draw) Words='svg html text' ;;
         stats) Words='text json html' ;;
+        find) Words='rules json count svg' ;;
         *) Words='text json sarif' ;;
       esac
       ;;
     --severity) Words='error warning note' ;;
+    --count-by)
+      Words='type sequence source target label literal feature shape size count file'
+      ;;
     --by)
       case ${COMP_WORDS[1]} in
         sample | split) Words='type source target length shape' ;;
@@ -101,6 +105,7 @@ _trrule() {
         ;;
       draw) Words="$Common --rule --format --ascii --width" ;;
       html) Words="$Common --with-tests --examples --threads" ;;
+      find) Words="$Common --threads --format --count-by" ;;
     esac
   fi
   if [ -n "$Words" ]; then

@@ -67,9 +67,6 @@ bool HasUsableLines(const SourceRule& Lines) {
 
 // ---- Equations --------------------------------------------------------------------------------
 
-namespace {
-
-/// Cuts a text at white space and adds its words.
 void AddWords(std::string_view Text, std::vector<std::string_view>& vWordsReturn) {
   while (!(Text = WithoutLeadingSpace(Text)).empty()) {
     const auto* const End = std::find_if(Text.begin(), Text.end(), IsSpace);
@@ -78,6 +75,8 @@ void AddWords(std::string_view Text, std::vector<std::string_view>& vWordsReturn
     Text.remove_prefix(Size);
   }
 }
+
+namespace {
 
 void SetPath(const NodeText& Node, std::string_view Features, bool IsReversed,
              NodePath& PathReturn) {
@@ -123,9 +122,6 @@ std::size_t LineOfRule(const RuleText& Text) {
   return Text.FirstLine + Header.value_or(First.value_or(0));
 }
 
-namespace {
-
-/// The count in the first comment that bears its label; 1 if there is none.
 std::uint32_t CountIn(const RuleText& Text) {
   for (std::size_t Line = 0; Line < Text.vLines.size(); ++Line) {
     const RuleText::Span& Range = Text.vLines[Line];
@@ -137,6 +133,8 @@ std::uint32_t CountIn(const RuleText& Text) {
   }
   return 1;
 }
+
+namespace {
 
 /// The last of several headers counts.
 void ReadHeader(const SourceRule& Lines, UsableRule& RuleReturn) {

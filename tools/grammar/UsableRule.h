@@ -93,6 +93,12 @@ bool LacksNode(const TrRuleInternal::ConstraintParts& Parts);
 /// lists, but they mean nothing. Empty where there is none.
 std::string_view ParenthesisInList(const TrRuleInternal::ConstraintParts& Parts);
 
+/// Cuts a text at white space and adds its words: those of a feature, or of a list of values.
+void AddWords(std::string_view Text, std::vector<std::string_view>& vWordsReturn);
+
+/// The count in the first comment that bears its label; 1 if there is none.
+std::uint32_t CountIn(const RuleText& Text);
+
 /// The line that a rule is named by: that of the rule line, else of the header, else the first one
 /// that is no comment. From 1.
 std::size_t LineOfRule(const RuleText& Text);
