@@ -66,6 +66,14 @@ want_test_tools() {
   fi
 }
 
+# What opens pages. The scripts for it come from the registry of npm, by the file of their sums.
+want_browser_tools() {
+  want chromium have_command chromium
+  want nodejs have_command node
+  want npm have_command npm
+  want fonts-dejavu-core have_file /usr/share/fonts/truetype/dejavu/DejaVuSans.ttf
+}
+
 want_benchmark_tools() {
   want libbenchmark-dev have_header benchmark/benchmark.h
 }

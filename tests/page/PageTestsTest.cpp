@@ -18,8 +18,12 @@ const char* const Rules =
     "{A,1}\nA::A : [\"red\"] -> [\"rojo\"]\n(X1::Y1)\n\n"
     "{A,2}\nA::A : [\"big\"] -> [\"gran\"]\n(X1::Y1)\n";
 
-/// The page's part of a rule without the packed pictures.
-std::string WithoutPictures(std::string Html) {
+/// A part of the page without the packed pictures and the folder of its files.
+std::string Shown(std::string Html, const TestFolder& Folder) {
+  const std::string Place = Folder.Path("");
+  for (std::size_t At = 0; (At = Html.find(Place, At)) != std::string::npos;) {
+    Html.erase(At, Place.size());
+  }
   for (const std::string& sPacked : AllBetween(Html, "data-svg=\"", "\"")) {
     Html.replace(Html.find(sPacked), sPacked.size(), "…");
   }
@@ -40,10 +44,19 @@ TEST(PageTests, ShowOutcomesAndWhatIsNotCovered) {
     EXPECT_FALSE(Tests.vRules[1].HasFailure);
     EXPECT_TRUE(Tests.vRules[0].IsUncovered);
     EXPECT_FALSE(Tests.vRules[2].IsUncovered);
-    EXPECT_EQ(WithoutPictures(Tests.vRules[0].Html), R"(<h4>Examples</h4>
+    EXPECT_EQ(Shown(Tests.vRules[0].Html, Folder), R"(<h4>Examples</h4>
 <ul class="examples">
 <li class="good"><b>passes</b>: the red car → el auto rojo
-<details class="derivation"><summary>Derivation</summary><div data-svg="…"></div></details>
+<details class="derivation"><summary>Derivation</summary>
+<div data-svg="…"></div>
+<details><summary>Rules and structures</summary>
+<ol>
+<li>a.trr:7</li>
+<li>a.trr:18</li>
+<li>a.trr:13 [NUM=SG] -&gt; []</li>
+</ol>
+</details>
+</details>
 </li>
 <li class="bad"><b>fails</b>: the red red car → &lt;x&gt;
 <dl>
@@ -84,22 +97,43 @@ TEST(PageTests, ListTheExamplesOfFiles) {
   const std::string Pairs = Folder.Write("pairs.txt", "big\tgran\nbig\tgrande\n*red\n");
   const PageTests Tests = RunPageTests({Grammar}, {Pairs}, 1, true);
   EXPECT_EQ(Tests.Totals, "6 examples: 3 pass, 1 differs, 2 fail");
-  EXPECT_EQ(WithoutPictures(Tests.Others), R"(<li class="good"><b>passes</b>: big → gran
-<details class="derivation"><summary>Derivation</summary><div data-svg="…"></div></details>
+  EXPECT_EQ(Shown(Tests.Others, Folder), R"(<li class="good"><b>passes</b>: big → gran
+<details class="derivation"><summary>Derivation</summary>
+<div data-svg="…"></div>
+<details><summary>Rules and structures</summary>
+<ol>
+<li>a.trr:22</li>
+</ol>
+</details>
+</details>
 </li>
 <li class="bad"><b>differs</b>: big → grande
 <dl>
 <dt>wanted</dt><dd>grande</dd>
 <dt>given</dt><dd>gran</dd>
 </dl>
-<details class="derivation"><summary>Derivation</summary><div data-svg="…"></div></details>
+<details class="derivation"><summary>Derivation</summary>
+<div data-svg="…"></div>
+<details><summary>Rules and structures</summary>
+<ol>
+<li>a.trr:22</li>
+</ol>
+</details>
+</details>
 </li>
 <li class="bad"><b>fails</b>: red (to be rejected)
 <dl>
 <dt>wanted</dt><dd>no analysis</dd>
 <dt>given</dt><dd>rojo</dd>
 </dl>
-<details class="derivation"><summary>Derivation</summary><div data-svg="…"></div></details>
+<details class="derivation"><summary>Derivation</summary>
+<div data-svg="…"></div>
+<details><summary>Rules and structures</summary>
+<ol>
+<li>a.trr:18</li>
+</ol>
+</details>
+</details>
 </li>
 )");
 }

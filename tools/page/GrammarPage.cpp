@@ -353,7 +353,11 @@ void GrammarPage::AppendRule(std::size_t Index, std::string& HtmlReturn) const {
     }
     HtmlReturn += "</ul>\n";
   }
-  HtmlReturn.append(Own == nullptr ? "" : Own->Html).append("</div>\n</li>\n");
+  HtmlReturn += "</div>\n";
+  if (Own != nullptr && !Own->Html.empty()) {
+    HtmlReturn.append("<div class=\"tests\">\n").append(Own->Html).append("</div>\n");
+  }
+  HtmlReturn += "</li>\n";
 }
 
 // ---- The end ----------------------------------------------------------------------------------

@@ -2,18 +2,19 @@
 
 #include "PageTests.h"
 
-#include "DerivationPictures.h"
+#include "Characters.h"
+#include "DerivationTrees.h"
 #include "Details.h"
+#include "HtmlPage.h"
 #include "PairFile.h"
 #include "PicturePacking.h"
 #include "RuleEntry.h"
 #include "SvgWriter.h"
 #include "TestRun.h"
-#include "TranslateCommand.h"
 #include "Translator.h"
+#include "TreeLayout.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace Page {
 
@@ -30,42 +31,57 @@ namespace {
 class ExampleDerivations {
  public:
   explicit ExampleDerivations(const Translate::RuleSet& RulesPassIn)
-      : Rules(RulesPassIn), Engine(RulesPassIn), Pictures(RulesPassIn, Engine, false) {
+      : Rules(RulesPassIn),
+        Engine(RulesPassIn),
+        Structures(RulesPassIn, Engine.Structures(), Engine.Atoms()),
+        Trees(RulesPassIn, Structures),
+        Layout(Picture::SvgMeasures()) {
     Options.Translations = Examples::ExampleParse::MaxTexts;
     Options.AllDerivations = true;
     Options.HasStarts = true;
   }
 
-  /// Appends the picture, packed; nothing where no derivation has the words and the root.
+  /// Appends what is shown on demand; nothing where no derivation has the words and the root, or
+  /// where it is too large to be drawn.
   void Append(const Example& Given, const ExampleResult& Result, std::string& HtmlReturn) {
-    if (!Result.Best || Result.BestRule == Examples::NoRule) {
+    if (!ReadTrees(Given, Result)) {
       return;
     }
-    Options.vStarts = {Rules.At(Result.BestRule).SourceType};
-    Translate::TextResult Found = Engine.Translate(Given.Source, Options);
-    const auto Fitting = std::find_if(
-        Found.vTranslations.begin(), Found.vTranslations.end(), [&](const auto& Current) {
-          return Current.Target == *Result.Best &&
-                 Engine.NodesOf(Current.Tree, 0).front().Rule == Result.BestRule;
-        });
-    if (Fitting == Found.vTranslations.end()) {
-      return;
-    }
-    Found.vTranslations = {*Fitting};
-    std::string Svg;
-    if (Pictures.Append(Given.Source, Found, Svg)) {
-      std::string Packed;
-      AppendPacked(Svg, Packed);
-      HtmlReturn += "<details class=\"derivation\"><summary>Derivation</summary><div data-svg=\"";
-      Picture::AppendEscaped(Packed, HtmlReturn);
-      HtmlReturn += "\"></div></details>\n";
-    }
+    Layout.Draw(Trees.Trees(), Shapes);
+    Shapes.Title = Picture::ShownText(Given.Source + " -> " + *Result.Best);
+    Shapes.Description = Trees.Description();
+    Svg.clear();
+    Picture::AppendSvg(Shapes, {true, Shapes.Title}, Svg);
+    HtmlReturn += "<details class=\"derivation\"><summary>Derivation</summary>\n<div data-svg=\"";
+    AppendPackedAttribute(Svg, HtmlReturn);
+    HtmlReturn += "\"></div>\n";
+    Picture::AppendDetails("Rules and structures", Trees.Details(), HtmlReturn);
+    HtmlReturn += "</details>\n";
   }
 
  private:
+  /// Reads the derivation that has been judged.
+  bool ReadTrees(const Example& Given, const ExampleResult& Result) {
+    if (!Result.Best || Result.BestRule == Examples::NoRule) {
+      return false;
+    }
+    Options.vStarts = {Rules.At(Result.BestRule).SourceType};
+    for (const auto& Current : Engine.Translate(Given.Source, Options).vTranslations) {
+      const std::vector<Translate::TreeNode> vNodes = Engine.NodesOf(Current.Tree, 0);
+      if (Current.Target == *Result.Best && vNodes.front().Rule == Result.BestRule) {
+        return Trees.Read(vNodes, Engine.ParsedChart().Tokens());
+      }
+    }
+    return false;
+  }
+
   const Translate::RuleSet& Rules;
   Translate::Translator Engine;
-  Translate::DerivationPictures Pictures;
+  Translate::StructureText Structures;
+  Translate::DerivationTrees Trees;
+  Picture::TreeLayout Layout;
+  Picture::Drawing Shapes;
+  std::string Svg;
   Translate::TextOptions Options;
 };
 

@@ -1,5 +1,7 @@
 #include "PicturePacking.h"
 
+#include "SvgWriter.h"
+
 #include <array>
 #include <cstddef>
 
@@ -85,6 +87,12 @@ void AppendPacked(std::string_view Svg, std::string& TextReturn) {
     TextReturn.append(Svg.front() == '~' ? "~~" : Svg.substr(0, 1));
     Svg.remove_prefix(1);
   }
+}
+
+void AppendPackedAttribute(std::string_view Svg, std::string& TextReturn) {
+  std::string Packed;
+  AppendPacked(Svg, Packed);
+  Picture::AppendEscaped(Packed, TextReturn);
 }
 
 }  // namespace Page

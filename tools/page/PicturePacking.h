@@ -18,4 +18,7 @@ void AppendPhrases(std::string& TextReturn);
 ///   AppendPacked("</g>\n</svg>\n", Text);  // "~E</svg>\n"
 void AppendPacked(std::string_view Svg, std::string& TextReturn);
 
+/// The same, escaped for an attribute.
+void AppendPackedAttribute(std::string_view Svg, std::string& TextReturn);
+
 }  // namespace Page

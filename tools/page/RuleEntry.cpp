@@ -200,12 +200,10 @@ void RuleEntryMaker::Draw(const SourceRule& Lines, RuleEntry& EntryReturn) {
   EntryReturn.Name = Drawn.Name();
   Svg.clear();
   Drawn.AppendSvg(true, Svg);
-  std::string Packed;
-  AppendPacked(Svg, Packed);
   EntryReturn.Picture.append("<figure class=\"picture\" style=\"min-height:")
       .append(HeightIn(Svg))
       .append("px\" data-svg=\"");
-  Picture::AppendEscaped(Packed, EntryReturn.Picture);
+  AppendPackedAttribute(Svg, EntryReturn.Picture);
   EntryReturn.Picture += "\"></figure>\n";
 }
 

@@ -10,6 +10,7 @@
   const field = document.getElementById("field");
   const show = document.getElementById("show");
   const found = document.getElementById("found");
+  const parts = [document.getElementById("overview"), document.getElementById("labels")];
 
   // ---- Pictures ---------------------------------------------------------------------------------
 
@@ -18,11 +19,16 @@
     packed.replace(/~(.)/gs, (all, sign) => (sign === "~" ? sign : phrases[sign.charCodeAt(0) - 65]));
 
   // What is wider than its place can be scrolled by the keyboard, too.
+  const boxes = new Set();
   const letScroll = (box) => {
+    boxes.add(box);
     if (box.scrollWidth > box.clientWidth) {
       box.tabIndex = 0;
+    } else {
+      box.removeAttribute("tabindex");
     }
   };
+  addEventListener("resize", () => boxes.forEach(letScroll));
 
   const makePicture = (box) => {
     if (box.dataset.svg !== undefined) {
@@ -34,12 +40,12 @@
   // Widths are asked for when all pictures are there: each question may lay the page out anew.
   const watcher = new IntersectionObserver(
     (entries) => {
-      const boxes = entries
+      const pictures = entries
         .filter((entry) => entry.isIntersecting)
         .flatMap((entry) => [...entry.target.querySelectorAll(".picture")]);
-      boxes.forEach(makePicture);
-      boxes.forEach(letScroll);
-      boxes.forEach((box) => watcher.unobserve(box.closest("li")));
+      pictures.forEach(makePicture);
+      pictures.forEach(letScroll);
+      pictures.forEach((picture) => watcher.unobserve(picture.closest("li")));
     },
     { rootMargin: "100% 0px" },
   );
@@ -107,6 +113,10 @@
       rule.hidden = !wanted.every((isWanted) => isWanted(rule));
       count += rule.hidden ? 0 : 1;
     }
+    // What is found stands right below the search.
+    for (const part of parts) {
+      part.hidden = wanted.length > 0;
+    }
     found.textContent = `${count} of ${rules.length} rules`;
   };
 
@@ -124,13 +134,16 @@
 
   // ---- Links ------------------------------------------------------------------------------------
 
-  // A rule that the search hides is shown again, and a closed label is opened.
+  // What the search hides is shown again, and a closed label is opened.
   const follow = () => {
-    const target = document.getElementById(decodeURIComponent(location.hash.slice(1)));
+    const target = document.getElementById(location.hash.slice(1));
     const rule = target?.closest(".rules > li");
     if (rule?.hidden) {
       form.reset();
       search();
+    }
+    for (const part of parts.filter((each) => each.contains(target))) {
+      part.hidden = false;
     }
     if (target?.matches("details")) {
       target.open = true;
@@ -140,6 +153,12 @@
     target?.scrollIntoView();
     requestAnimationFrame(() => requestAnimationFrame(() => target?.scrollIntoView()));
   };
-  addEventListener("hashchange", follow);
+  // A link to where the address already leads changes nothing of it.
+  document.addEventListener("click", (event) => {
+    if (event.target.closest('a[href^="#"]')) {
+      setTimeout(follow);
+    }
+  });
+  addEventListener("popstate", follow);
   follow();
 })();
