@@ -51,6 +51,8 @@ def rows(trrule, rules):
         yield f"`{name}`", cost, f"{cost / printed:.2f} of `print`"
     read_back = command(trrule, "from-json", ".json")
     yield "`from-json`", read_back, f"{read_back / cost:.2f} of `json`"
+    page = command(trrule, "html", ".trr")
+    yield "`html`", page, f"{page / printed:.2f} of `print`"
 
 
 def main():

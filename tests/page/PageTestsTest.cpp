@@ -91,6 +91,21 @@ TEST(PageTests, DrawTheDerivationOfAnExample) {
       "1: NP becomes NP by {NP,1}, of 2 3. 2: A becomes A by {A,1}. 3: N becomes N by {N,1}.");
 }
 
+TEST(PageTests, DrawTheDerivationThatWasJudgedAlsoWhereAnotherIsBetter) {
+  const TestFolder Folder;
+  const PageTests Tests = RunPageTests(
+      {Folder.Write("a.trr",
+                    "{N,1}\nN::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n\n"
+                    ";;SL: car\n;;TL: coche\n{N,2}\nN::N : [\"car\"] -> [\"coche\"]\n(X1::Y1)\n")},
+      {}, 1, true);
+  EXPECT_EQ(Tests.vRules[0].Html.find("data-svg"), std::string::npos);
+  const std::vector<std::string> vsPacked =
+      AllBetween(Tests.vRules[1].Html, "data-svg=\"", "\"></div>");
+  ASSERT_EQ(vsPacked.size(), 1U);
+  const std::string Svg = Unpacked(Unescaped(vsPacked.front()));
+  EXPECT_EQ(AllBetween(Svg, "-desc\">", "</desc>").front(), "1: N becomes N by {N,2}.");
+}
+
 TEST(PageTests, ListTheExamplesOfFiles) {
   const TestFolder Folder;
   const std::string Grammar = Folder.Write("a.trr", Rules);

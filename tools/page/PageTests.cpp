@@ -36,7 +36,6 @@ class ExampleDerivations {
         Structures(RulesPassIn, Engine.Structures(), Engine.Atoms()),
         Trees(RulesPassIn, Structures),
         Layout(Picture::SvgMeasures()) {
-    Options.Translations = Examples::ExampleParse::MaxTexts;
     Options.AllDerivations = true;
     Options.HasStarts = true;
   }
@@ -60,13 +59,19 @@ class ExampleDerivations {
   }
 
  private:
-  /// Reads the derivation that has been judged.
+  /// Reads the derivation that has been judged. Mostly it is the best one.
   bool ReadTrees(const Example& Given, const ExampleResult& Result) {
-    if (!Result.Best || Result.BestRule == Examples::NoRule) {
-      return false;
-    }
+    return Result.Best && Result.BestRule != Examples::NoRule &&
+           (ReadAmong(1, Given, Result) ||
+            ReadAmong(Examples::ExampleParse::MaxTexts, Given, Result));
+  }
+
+  /// Reads it if it is among so many of the best derivations.
+  bool ReadAmong(std::uint64_t Count, const Example& Given, const ExampleResult& Result) {
+    Options.Translations = Count;
     Options.vStarts = {Rules.At(Result.BestRule).SourceType};
-    for (const auto& Current : Engine.Translate(Given.Source, Options).vTranslations) {
+    const Translate::TextResult Found = Engine.Translate(Given.Source, Options);
+    for (const Translate::Translation& Current : Found.vTranslations) {
       const std::vector<Translate::TreeNode> vNodes = Engine.NodesOf(Current.Tree, 0);
       if (Current.Target == *Result.Best && vNodes.front().Rule == Result.BestRule) {
         return Trees.Read(vNodes, Engine.ParsedChart().Tokens());
