@@ -44,6 +44,8 @@ void AddTestCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddDrawCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddHtmlCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddFindCommand(CLI::App& ProgramReturn, Action& ActionReturn);
+void AddDiffCommand(CLI::App& ProgramReturn, Action& ActionReturn);
+void AddPatchCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddExplainCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddHelpCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddVersionCommand(CLI::App& ProgramReturn, Action& ActionReturn);

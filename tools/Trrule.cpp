@@ -30,6 +30,8 @@ constexpr const char* Footer =
     "  trrule draw --rule NP,8 np.trr         what a rule looks like\n"
     "  trrule html -o np.html np.trr          a grammar as a page\n"
     "  trrule find '[DET * N]' np.trr         rules by what they say\n"
+    "  trrule diff old.trr new.trr            what differs in two files\n"
+    "  trrule patch np.trr changes.diff       and the same changes in another\n"
     "  trrule explain TR011                   what a code of check means\n"
     "  trrule help sort                       all of one command\n";
 
@@ -72,6 +74,8 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddDrawCommand(Program, Chosen);
   AddHtmlCommand(Program, Chosen);
   AddFindCommand(Program, Chosen);
+  AddDiffCommand(Program, Chosen);
+  AddPatchCommand(Program, Chosen);
   AddExplainCommand(Program, Chosen);
   AddHelpCommand(Program, Chosen);
   AddVersionCommand(Program, Chosen);

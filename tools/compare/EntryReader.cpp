@@ -4,7 +4,7 @@
 #include "RuleFiles.h"
 
 #include <cstddef>
-#include <cstdint>
+#include <string>
 #include <vector>
 
 namespace Grammar {
@@ -44,70 +44,26 @@ void MakeEntries(EntryBatch& BatchReturn) {
   RuleRecord Record;
   for (std::size_t At = 0; At < BatchReturn.Count; ++At) {
     EntryBatch::Read& Current = BatchReturn.vRead[At];
-    const bool IsRule = Current.Source.HasRule && Record.Read(Current.Source);
-    Current.Entry = IsRule ? EntryOf(Record, Current.Text)
-                           : EntryOf(std::string_view(Current.Source.Text), Current.Text);
-    Current.Entry.Line = Current.Source.FirstLine;
+    Current.Entry = MakeEntry(Current.Source, Record, Current.Text);
   }
 }
 
-/// Numbers entries, and puts together what has come in pieces.
-class EntryFinisher {
- public:
-  explicit EntryFinisher(const std::function<void(const ReadEntry&)>& TakePassIn)
-      : Take(TakePassIn) {}
-
-  void Finish(const EntryBatch& Batch) {
-    for (std::size_t At = 0; At < Batch.Count; ++At) {
-      const EntryBatch::Read& Current = Batch.vRead[At];
-      if (!Current.Source.Continues) {
-        FinishPieces();
-      }
-      if (Current.Source.IsPiece) {
-        PieceLine = Pieces.empty() ? Current.Source.FirstLine : PieceLine;
-        PiecesHaveReturns = PiecesHaveReturns || Current.Source.HasReturns;
-        Pieces += Current.Source.Text;
-      } else {
-        Pass({Current.Entry, Current.Source.Text, Current.Source.HasReturns});
-      }
-    }
+void AddEntries(const EntryBatch& Batch, EntrySequence& SequenceReturn) {
+  for (std::size_t At = 0; At < Batch.Count; ++At) {
+    SequenceReturn.Add(Batch.vRead[At].Source, Batch.vRead[At].Entry);
   }
-
-  void FinishPieces() {
-    if (!Pieces.empty()) {
-      std::string Text;
-      RuleEntry Entry = EntryOf(std::string_view(Pieces), Text);
-      Entry.Line = PieceLine;
-      Pass({Entry, Pieces, PiecesHaveReturns});
-      Pieces.clear();
-      PiecesHaveReturns = false;
-    }
-  }
-
- private:
-  void Pass(ReadEntry Entry) {
-    Entry.Entry.Number = Number++;
-    Take(Entry);
-  }
-
-  const std::function<void(const ReadEntry&)>& Take;
-  std::uint64_t Number = 0;
-  std::string Pieces;
-  std::size_t PieceLine = 0;
-  bool PiecesHaveReturns = false;
-};
+}
 
 }  // namespace
 
-bool ReadEntries(const EntryReading& ReadingPassIn,
-                 const std::function<void(const ReadEntry&)>& TakePassIn) {
+bool ReadEntries(const EntryReading& ReadingPassIn, const EntrySink& TakePassIn) {
   RuleFiles Files({ReadingPassIn.File}, ReadingPassIn.Quiet);
-  EntryFinisher Finisher(TakePassIn);
+  EntrySequence Sequence(TakePassIn);
   RunPipeline<EntryBatch>(
       ThreadCount(ReadingPassIn.Threads),
       [&](EntryBatch& Batch) { return ReadBatch(Files, Batch); }, MakeEntries,
-      [&](const EntryBatch& Batch) { Finisher.Finish(Batch); });
-  Finisher.FinishPieces();
+      [&](const EntryBatch& Batch) { AddEntries(Batch, Sequence); });
+  Sequence.Finish();
   return !Files.HasFailed();
 }
 

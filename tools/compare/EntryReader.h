@@ -1,10 +1,8 @@
 #pragma once
 
-#include "RuleEntry.h"
+#include "EntrySequence.h"
 
-#include <functional>
 #include <string>
-#include <string_view>
 
 namespace Grammar {
 
@@ -15,19 +13,10 @@ struct EntryReading {
   unsigned Threads = 0;  ///< how many threads work on rules; 0 for one on each core
 };
 
-/// An entry with the bytes that it stands for. The entries of a file, one after the other, stand
-/// for all of its bytes.
-struct ReadEntry {
-  RuleEntry Entry;
-  std::string_view Bytes;
-  bool HasReturns = false;  ///< whether some line of it ends in CRLF
-};
-
 /// Reads a file of rules, and passes on its entries in their order. A rule that cannot be read, and
 /// comments without a rule, are texts; so is a stretch of blank lines, whose text is empty. Memory
 /// does not grow with the file.
 /// @return false if the file cannot be read, or not to its end; that is reported on standard error
-bool ReadEntries(const EntryReading& ReadingPassIn,
-                 const std::function<void(const ReadEntry&)>& TakePassIn);
+bool ReadEntries(const EntryReading& ReadingPassIn, const EntrySink& TakePassIn);
 
 }  // namespace Grammar

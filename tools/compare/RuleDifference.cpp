@@ -3,6 +3,7 @@
 #include "RuleDifference.h"
 
 #include "Bytes.h"
+#include "CommonLines.h"
 #include "CountText.h"
 
 #include <algorithm>
@@ -121,99 +122,32 @@ std::size_t CountPlace(const Strings& vsComments) {
   return static_cast<std::size_t>(FindLabel(vsComments, ScoreLabel, Rest) - vsComments.begin());
 }
 
-/// Two lists of comments, in which the counts are taken for equal.
-class CommentComparison {
- public:
-  CommentComparison(const Strings& vsOldPassIn, const Strings& vsNewPassIn)
-      : vsOld(vsOldPassIn),
-        vsNew(vsNewPassIn),
-        OldCount(CountPlace(vsOld)),
-        NewCount(CountPlace(vsNew)),
-        vIsKeptOld(vsOld.size()),
-        vIsKeptNew(vsNew.size()) {
-    FindKept();
-  }
-
-  void AddChanges(std::vector<PartChange>& vReturn) const {
-    for (std::size_t At = vsOld.size(); At-- > 0;) {
-      if (!vIsKeptOld[At]) {
-        vReturn.push_back({KindAt(At, OldCount), At, "", {vsOld[At]}, {}});
-      }
-    }
-    for (std::size_t At = 0; At < vsNew.size(); ++At) {
-      if (!vIsKeptNew[At]) {
-        vReturn.push_back({KindAt(At, NewCount), At, "", {}, {vsNew[At]}});
-      }
-    }
-    const bool HasBoth = OldCount < vsOld.size() && NewCount < vsNew.size();
-    if (HasBoth && vIsKeptOld[OldCount] && vsOld[OldCount] != vsNew[NewCount]) {
-      vReturn.push_back({PartKind::Count, NewCount, "", {vsOld[OldCount]}, {vsNew[NewCount]}});
-    }
-  }
-
- private:
-  static PartKind KindAt(std::size_t At, std::size_t CountAt) {
-    return At == CountAt ? PartKind::Count : PartKind::Comment;
-  }
-
-  bool IsSame(std::size_t Old, std::size_t New) const {
+/// The changes from one list of comments to another, in which the counts are taken for equal.
+void CompareComments(const Strings& vsOld, const Strings& vsNew, std::vector<PartChange>& vReturn) {
+  const std::size_t OldCount = CountPlace(vsOld);
+  const std::size_t NewCount = CountPlace(vsNew);
+  const CommonLines Common(vsOld.size(), vsNew.size(), [&](std::size_t Old, std::size_t New) {
     const bool IsCount = Old == OldCount;
     return IsCount == (New == NewCount) && (IsCount || vsOld[Old] == vsNew[New]);
-  }
-
-  void Keep(std::size_t Old, std::size_t New) {
-    vIsKeptOld[Old] = true;
-    vIsKeptNew[New] = true;
-  }
-
-  /// Keeps what both lists begin and end with, and of the rest a longest common part.
-  void FindKept() {
-    std::size_t Begin = 0;
-    for (; Begin < std::min(vsOld.size(), vsNew.size()) && IsSame(Begin, Begin); ++Begin) {
-      Keep(Begin, Begin);
-    }
-    std::size_t OldEnd = vsOld.size();
-    std::size_t NewEnd = vsNew.size();
-    for (; OldEnd > Begin && NewEnd > Begin && IsSame(OldEnd - 1, NewEnd - 1); --OldEnd, --NewEnd) {
-      Keep(OldEnd - 1, NewEnd - 1);
-    }
-    // Beyond this, whatever is between is taken for new.
-    constexpr std::size_t MaxCells = std::size_t{1} << 20;
-    if (OldEnd > Begin && NewEnd > Begin && OldEnd - Begin <= MaxCells / (NewEnd - Begin)) {
-      KeepCommon(Begin, OldEnd, NewEnd);
+  });
+  const auto KindAt = [](std::size_t At, std::size_t CountAt) {
+    return At == CountAt ? PartKind::Count : PartKind::Comment;
+  };
+  for (std::size_t At = vsOld.size(); At-- > 0;) {
+    if (!Common.HasOld(At)) {
+      vReturn.push_back({KindAt(At, OldCount), At, "", {vsOld[At]}, {}});
     }
   }
-
-  void KeepCommon(std::size_t Begin, std::size_t OldEnd, std::size_t NewEnd) {
-    const std::size_t Width = NewEnd - Begin + 1;
-    std::vector<std::uint32_t> vLengths((OldEnd - Begin + 1) * Width);
-    const auto Length = [&](std::size_t Old, std::size_t New) -> std::uint32_t& {
-      return vLengths[(Old - Begin) * Width + New - Begin];
-    };
-    for (std::size_t Old = OldEnd; Old-- > Begin;) {
-      for (std::size_t New = NewEnd; New-- > Begin;) {
-        Length(Old, New) = IsSame(Old, New) ? Length(Old + 1, New + 1) + 1
-                                            : std::max(Length(Old + 1, New), Length(Old, New + 1));
-      }
-    }
-    for (std::size_t Old = Begin, New = Begin; Old < OldEnd && New < NewEnd;) {
-      if (IsSame(Old, New)) {
-        Keep(Old++, New++);
-      } else if (Length(Old + 1, New) >= Length(Old, New + 1)) {
-        ++Old;
-      } else {
-        ++New;
-      }
+  for (std::size_t At = 0; At < vsNew.size(); ++At) {
+    if (!Common.HasNew(At)) {
+      vReturn.push_back({KindAt(At, NewCount), At, "", {}, {vsNew[At]}});
     }
   }
-
-  const Strings& vsOld;
-  const Strings& vsNew;
-  std::size_t OldCount;
-  std::size_t NewCount;
-  std::vector<bool> vIsKeptOld;
-  std::vector<bool> vIsKeptNew;
-};
+  if (OldCount < vsOld.size() && NewCount < vsNew.size() && Common.HasOld(OldCount) &&
+      vsOld[OldCount] != vsNew[NewCount]) {
+    vReturn.push_back({PartKind::Count, NewCount, "", {vsOld[OldCount]}, {vsNew[NewCount]}});
+  }
+}
 
 }  // namespace
 
@@ -237,7 +171,7 @@ std::vector<PartChange> DifferencesOf(const ComparedRule& OldPassIn,
                ByName(NewPassIn.vsAlignments, WholeLine), vChanges);
   CompareNamed(PartKind::Constraint, ByName(OldPassIn.vsConstraints, LeftSideOf),
                ByName(NewPassIn.vsConstraints, LeftSideOf), vChanges);
-  CommentComparison(OldPassIn.vsComments, NewPassIn.vsComments).AddChanges(vChanges);
+  CompareComments(OldPassIn.vsComments, NewPassIn.vsComments, vChanges);
   return vChanges;
 }
 
@@ -452,6 +386,15 @@ std::string Describe(const PartChange& ChangePassIn) {
       return std::string(NameOf(ChangePassIn.Kind)) + ' ' + ValueOf(ChangePassIn.Kind, vsOnly) +
              Action;
   }
+}
+
+std::string DescribeMismatch(const PartChange& ChangePassIn) {
+  const auto Value = [&](const Strings& vsTexts) {
+    return vsTexts.empty() ? std::string("none") : ValueOf(ChangePassIn.Kind, vsTexts);
+  };
+  const bool IsAlignment = ChangePassIn.Kind == PartKind::Alignment;
+  return PartName(ChangePassIn) + (IsAlignment ? ' ' + ChangePassIn.Name : "") + ": expected " +
+         Value(ChangePassIn.vsOld) + ", found " + Value(ChangePassIn.vsNew);
 }
 
 }  // namespace Grammar

@@ -82,6 +82,9 @@ bool Overlap(const PartChange& LeftPassIn, const PartChange& RightPassIn);
 /// A change in words: "alignment (X2::Y3) added".
 std::string Describe(const PartChange& ChangePassIn);
 
+/// The same change as a failed expectation: "component 2 of the target: expected N, found ADJ".
+std::string DescribeMismatch(const PartChange& ChangePassIn);
+
 /// The left side of a constraint line in the normal form: "((Y2 NUM)".
 std::string_view LeftSideOf(std::string_view ConstraintPassIn);
 

@@ -190,6 +190,9 @@ void RuleMatcher::AddNew(const RuleEntry& EntryPassIn) {
 }
 
 void RuleMatcher::Add(bool IsNew, const RuleEntry& EntryPassIn) {
+  if (EntryPassIn.Text.empty()) {
+    return;
+  }
   Key.clear();
   AppendSameKey(EntryPassIn, Key);
   Payload.clear();
@@ -221,6 +224,7 @@ void RuleMatcher::Match() {
     MatchGroups(*From, Passes[At].Pair);
   }
   Results.Sort();
+  vMoved = FindMoved(std::move(vPlaces));
 }
 
 /// Makes room for what the next pass gets, by the keys of that one; null if there is none.
@@ -402,7 +406,10 @@ void RuleMatcher::Forward(bool IsNew, const RuleEntry& EntryPassIn) {
 
 void RuleMatcher::ReturnPair(MatchReason Reason, unsigned Score, const RuleEntry& Old,
                              const RuleEntry& New) {
-  if (Reason != MatchReason::Same || Wanted == Scope::All) {
+  if (Wanted == Scope::AllWithMoves) {
+    vPlaces.push_back({Old.Number, New.Number});
+  }
+  if (Reason != MatchReason::Same || Wanted != Scope::Differences) {
     Return({Reason, Score, true, true, Old, New});
   }
 }
@@ -451,6 +458,11 @@ bool RuleMatcher::Next(RuleMatch& MatchReturn) {
                  EntryFrom(Head.Old, OldText),
                  EntryFrom(Head.New, IsSame ? OldText : Rest.substr(OldText.size()))};
   return true;
+}
+
+bool RuleMatcher::HasMoved(const RuleMatch& MatchPassIn) const {
+  return MatchPassIn.HasOld && MatchPassIn.HasNew &&
+         std::binary_search(vMoved.begin(), vMoved.end(), MatchPassIn.Old.Number);
 }
 
 }  // namespace Grammar

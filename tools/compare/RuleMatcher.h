@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ExternalSorter.h"
+#include "MovedPlaces.h"
 #include "RuleEntry.h"
 
 #include <cstddef>
@@ -8,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Grammar {
 
@@ -46,8 +48,12 @@ struct RuleMatch {
 /// might be nearest to each other, so many are compared as fit into an eighth of the memory.
 class RuleMatcher {
  public:
-  /// Whether entries that are the same are returned, too.
-  enum class Scope { Differences, All };
+  /// What is returned.
+  enum class Scope {
+    Differences,  ///< all but entries that are the same
+    All,
+    AllWithMoves,  ///< all; and what has moved is known, for sixteen bytes of each entry
+  };
 
   /// How much the nearest rules have in common at least.
   static constexpr unsigned LeastScore = 51;
@@ -58,7 +64,8 @@ class RuleMatcher {
   RuleMatcher(const RuleMatcher&) = delete;
   RuleMatcher& operator=(const RuleMatcher&) = delete;
 
-  /// Adds the next entry of the old file. All of them come before those of the new file.
+  /// Adds the next entry of the old file. All of them come before those of the new file. An entry
+  /// without a text is left out.
   void AddOld(const RuleEntry& EntryPassIn);
 
   /// Adds the next entry of the new file.
@@ -72,6 +79,10 @@ class RuleMatcher {
   /// same, both have one text.
   /// @return whether there was one more
   bool Next(RuleMatch& MatchReturn);
+
+  /// Whether an old entry has another place among those that are in both files.
+  /// To be called after `Match`.
+  bool HasMoved(const RuleMatch& MatchPassIn) const;
 
  private:
   struct Held;
@@ -107,6 +118,8 @@ class RuleMatcher {
   ExternalSorter Results;
   std::string Key;
   std::string Payload;
+  std::vector<PlacePair> vPlaces;     ///< of all pairs
+  std::vector<std::uint64_t> vMoved;  ///< old numbers, in ascending order
 };
 
 }  // namespace Grammar
