@@ -69,10 +69,13 @@ std::set<std::string> TestsOfThisProgram() {
 
 /// Adds the name of a test that begins on a line, such as "TEST(Suite, Name) {".
 void AddTestOf(const std::string& Line, std::set<std::string>& ssNamesReturn) {
+  const std::size_t Open = Line.find('(');
   const std::size_t Comma = Line.find(", ");
   const std::size_t End = Line.find(')');
-  if (Line.rfind("TEST(", 0) == 0 && Comma < End && End != std::string::npos) {
-    ssNamesReturn.insert(Line.substr(5, Comma - 5) + '.' + Line.substr(Comma + 2, End - Comma - 2));
+  const std::string Word = Line.substr(0, Open);
+  if ((Word == "TEST" || Word == "TEST_F") && Comma < End && End != std::string::npos) {
+    ssNamesReturn.insert(Line.substr(Open + 1, Comma - Open - 1) + '.' +
+                         Line.substr(Comma + 2, End - Comma - 2));
   }
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "DiffReader.h"
-#include "DiffWriter.h"
 #include "EntrySequence.h"
+#include "PlainDiffWriter.h"
 #include "RuleMatcher.h"
 #include "RulePatch.h"
 
@@ -23,14 +23,14 @@ inline std::string DiffOf(const std::string& Old, const std::string& New, bool S
   PassEntries(Old, [&](const ReadEntry& Read) { Matcher.AddOld(Read.Entry); });
   PassEntries(New, [&](const ReadEntry& Read) { Matcher.AddNew(Read.Entry); });
   Matcher.Match();
-  const auto Writer = MakeDiffWriter({DiffFormat::Plain, false, "old", "new"});
+  PlainDiffWriter Writer({DiffFormat::Plain, false, "old", "new"});
   std::string Text;
   for (RuleMatch Match; Matcher.Next(Match);) {
     if (const auto Hunk = HunkOf(Match, Matcher.HasMoved(Match))) {
-      Writer->Append(*Hunk, Text);
+      Writer.Append(*Hunk, Text);
     }
   }
-  Writer->AppendEnd(Text);
+  Writer.AppendEnd(Text);
   return Text;
 }
 

@@ -28,9 +28,10 @@ using Strings = std::vector<std::string>;
 using StringSet = std::set<std::string>;
 
 const Strings Commands{"check", "print", "sort", "unique", "head", "sample", "json", "from-json"};
-const Strings AllCommands{"check", "print", "sort",      "unique",    "head",   "sample", "split",
-                          "stats", "json",  "from-json", "translate", "why",    "test",   "draw",
-                          "html",  "find",  "explain",   "help",      "version"};
+const Strings AllCommands{"check",   "print", "sort",   "unique",    "head",      "sample",
+                          "split",   "stats", "json",   "from-json", "translate", "why",
+                          "test",    "draw",  "html",   "find",      "diff",      "patch",
+                          "explain", "help",  "version"};
 
 std::string ReadSource(const std::string& Path) {
   std::ifstream File(std::string(GrammarPaths::SourceFolder) + "/" + Path, std::ios::binary);
@@ -290,7 +291,7 @@ TEST(TrruleProgram, HasHelpWithAnExampleForEachCommand) {
 TEST(TrruleProgram, DocumentsTheSameOptionsInHelpManualAndCompletions) {
   StringSet ssOptions = OptionsIn(RunTrrule({"--help"}).Out);
   for (const char* Command :
-       {"split", "stats", "translate", "why", "test", "draw", "html", "find"}) {
+       {"split", "stats", "translate", "why", "test", "draw", "html", "find", "diff", "patch"}) {
     ssOptions.merge(OptionsIn(RunTrrule({Command, "--help"}).Out));
   }
   for (const std::string& sCommand : Commands) {
@@ -317,11 +318,11 @@ std::string OfferedByBash(const std::string& Words, int Position) {
 TEST(TrruleProgram, IsCompletedByBash) {
   EXPECT_EQ(
       OfferedByBash("trrule ''", 1),
-      "check print sort unique head sample split stats json from-json translate why test draw html find explain help version -h --help --version\n");
+      "check print sort unique head sample split stats json from-json translate why test draw html find diff patch explain help version -h --help --version\n");
   EXPECT_EQ(
       OfferedByBash("trrule help ''", 2),
-      "check print sort unique head sample split stats json from-json translate why test draw html find explain help version\n");
-  EXPECT_EQ(OfferedByBash("trrule p", 1), "print\n");
+      "check print sort unique head sample split stats json from-json translate why test draw html find diff patch explain help version\n");
+  EXPECT_EQ(OfferedByBash("trrule p", 1), "print patch\n");
   EXPECT_EQ(OfferedByBash("trrule sort --r", 2), "--reverse\n");
   EXPECT_EQ(OfferedByBash("trrule check --s", 2), "--severity --start --statistics\n");
   EXPECT_EQ(OfferedByBash("trrule check --severity ''", 3), "error warning note\n");

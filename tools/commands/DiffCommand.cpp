@@ -1,5 +1,6 @@
 #include "DiffCommand.h"
 
+#include "DiffWriters.h"
 #include "EntryReader.h"
 #include "OutputFile.h"
 #include "RuleMatcher.h"

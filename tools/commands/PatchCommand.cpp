@@ -1,6 +1,7 @@
 #include "PatchCommand.h"
 
 #include "DiffReader.h"
+#include "EntryReader.h"
 #include "InputFile.h"
 #include "OutputFile.h"
 #include "RulePatch.h"

@@ -2,7 +2,6 @@
 
 #include "DiffHunk.h"
 
-#include <memory>
 #include <string>
 
 namespace Grammar {
@@ -20,7 +19,7 @@ struct DiffStyle {
 /// Writes differences, one after the other. Of files that are the same, nothing is written.
 class DiffWriter {
  public:
-  virtual ~DiffWriter();
+  virtual ~DiffWriter() = default;
 
   /// Appends a difference.
   virtual void Append(const DiffHunk& HunkPassIn, std::string& TextReturn) = 0;
@@ -28,8 +27,5 @@ class DiffWriter {
   /// Appends what comes after the last difference.
   virtual void AppendEnd(std::string& TextReturn) = 0;
 };
-
-/// The writer of a format.
-std::unique_ptr<DiffWriter> MakeDiffWriter(const DiffStyle& StylePassIn);
 
 }  // namespace Grammar

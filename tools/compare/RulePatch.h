@@ -1,7 +1,7 @@
 #pragma once
 
 #include "DiffHunk.h"
-#include "EntryReader.h"
+#include "EntrySequence.h"
 #include "JoinedTexts.h"
 
 #include <cstdint>

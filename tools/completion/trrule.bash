@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique head sample split stats json from-json translate why test draw html find explain help version'
+  local Commands='check print sort unique head sample split stats json from-json translate why test draw html find diff patch explain help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -40,6 +40,7 @@ _trrule() {
         why) Words='plain json html' ;;
         test) Words='plain json junit tap' ;;
         draw) Words='svg html text' ;;
+        diff) Words='plain json' ;;
         stats) Words='text json html' ;;
         find) Words='rules json count svg' ;;
         *) Words='text json sarif' ;;
@@ -55,6 +56,7 @@ _trrule() {
         *) Words='index type count length' ;;
       esac
       ;;
+    --color) Words='auto always never' ;;
     --memory) Words='64M 256M 1G 50%' ;;
     --only | --except)
       _trrule_codes "${COMP_WORDS[0]}" "$Word"
@@ -106,6 +108,10 @@ _trrule() {
       draw) Words="$Common --rule --format --ascii --width" ;;
       html) Words="$Common --with-tests --examples --threads" ;;
       find) Words="$Common --threads --format --count-by" ;;
+      diff)
+        Words="-o --output -q --quiet -h --help --format --stat --moves --color --memory --threads"
+        ;;
+      patch) Words="-o --output -q --quiet -h --help --reverse --threads" ;;
     esac
   fi
   if [ -n "$Words" ]; then

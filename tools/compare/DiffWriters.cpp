@@ -1,12 +1,10 @@
-#include "DiffWriter.h"
+#include "DiffWriters.h"
 
 #include "JsonDiffWriter.h"
 #include "PlainDiffWriter.h"
 #include "StatDiffWriter.h"
 
 namespace Grammar {
-
-DiffWriter::~DiffWriter() = default;
 
 std::unique_ptr<DiffWriter> MakeDiffWriter(const DiffStyle& StylePassIn) {
   switch (StylePassIn.Format) {

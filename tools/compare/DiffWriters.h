@@ -1,0 +1,12 @@
+#pragma once
+
+#include "DiffWriter.h"
+
+#include <memory>
+
+namespace Grammar {
+
+/// The writer of a format.
+std::unique_ptr<DiffWriter> MakeDiffWriter(const DiffStyle& StylePassIn);
+
+}  // namespace Grammar
