@@ -1,6 +1,8 @@
 // The command as a program: forms, outputs, statuses and messages.
 
+#include "Histogram.h"
 #include "ProgramRun.h"
+#include "SvgWriter.h"
 #include "TestFolder.h"
 
 #include <gtest/gtest.h>
@@ -98,6 +100,19 @@ TEST(FindProgram, DrawsWhatItFinds) {
   EXPECT_EQ(Many.Err,
             "a.trr:10:1: error TR001: the rule has no rule line\n"
             "trrule: a file holds one picture in SVG: give -o a folder\n");
+}
+
+TEST(FindProgram, DrawsTheGroups) {
+  const FindRun Run;
+  Picture::Histogram Bars("Rules by label");
+  Bars.Add("N", 2);
+  Bars.Add("ADJ", 1);
+  Bars.Add("DET", 1);
+  Picture::Drawing Shapes;
+  Bars.Draw(Shapes);
+  std::string Svg;
+  Picture::AppendSvg(Shapes, {}, Svg);
+  Run.Expect({"[N]", "a.trr", "--count-by", "label", "--format", "svg"}, 0, Svg);
 }
 
 TEST(FindProgram, ShowsWhereAQueryIsWrong) {

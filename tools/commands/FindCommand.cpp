@@ -3,12 +3,14 @@
 #include "FindCommand.h"
 
 #include "GroupCounts.h"
+#include "Histogram.h"
 #include "PictureOutput.h"
 #include "QueryParser.h"
 #include "RuleJson.h"
 #include "RulePicture.h"
 #include "RuleQuery.h"
 #include "RunError.h"
+#include "SvgWriter.h"
 
 #include <algorithm>
 #include <iostream>
@@ -167,10 +169,22 @@ class GroupFinder : public TextFinder {
     std::string Text;
     if (Format == FindFormat::Json) {
       Groups.AppendJson(By, Text);
+    } else if (Format == FindFormat::Svg) {
+      AppendBars(Text);
     } else {
       Groups.AppendTable(Text);
     }
     Output.Write(Text);
+  }
+
+  void AppendBars(std::string& TextReturn) const {
+    Picture::Histogram Bars("Rules by " + std::string(Query::NameOf(By)));
+    for (const auto& [Key, Rules] : Groups.Groups()) {
+      Bars.Add(Key, Rules);
+    }
+    Picture::Drawing Shapes;
+    Bars.Draw(Shapes);
+    Picture::AppendSvg(Shapes, {}, TextReturn);
   }
 
   Query::GroupBy By;

@@ -13,7 +13,7 @@ enum class FindFormat : std::uint8_t {
   Rules,  ///< as they are written, with a blank line between them
   Json,   ///< as `trrule json` writes them, or an object for each group
   Count,  ///< their number, or a table of groups
-  Svg,    ///< a picture of each
+  Svg,    ///< a picture of each, or of the table of groups
 };
 
 /// The options of a run that finds rules.
