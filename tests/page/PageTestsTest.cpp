@@ -46,7 +46,7 @@ TEST(PageTests, ShowOutcomesAndWhatIsNotCovered) {
     EXPECT_FALSE(Tests.vRules[2].IsUncovered);
     EXPECT_EQ(Shown(Tests.vRules[0].Html, Folder), R"(<h4>Examples</h4>
 <ul class="examples">
-<li class="good"><b>passes</b>: the red car → el auto rojo
+<li class="good"><b>passes</b>: <bdi>the red car</bdi> → <bdi>el auto rojo</bdi>
 <details class="derivation"><summary>Derivation</summary>
 <div data-svg="…"></div>
 <details><summary>Rules and structures</summary>
@@ -58,13 +58,13 @@ TEST(PageTests, ShowOutcomesAndWhatIsNotCovered) {
 </details>
 </details>
 </li>
-<li class="bad"><b>fails</b>: the red red car → &lt;x&gt;
+<li class="bad"><b>fails</b>: <bdi>the red red car</bdi> → <bdi>&lt;x&gt;</bdi>
 <dl>
-<dt>wanted</dt><dd>&lt;x&gt;</dd>
-<dt>cause</dt><dd>NP,1 fits x1–x2 at &quot;the red&quot;; x3 wants N::N, and at &quot;red&quot; begins A::A &quot;red&quot;</dd>
+<dt>wanted</dt><dd><bdi>&lt;x&gt;</bdi></dd>
+<dt>cause</dt><dd><bdi>NP,1 fits x1–x2 at &quot;the red&quot;; x3 wants N::N, and at &quot;red&quot; begins A::A &quot;red&quot;</bdi></dd>
 </dl>
 </li>
-<li class="good"><b>passes</b>: the car (to be rejected)
+<li class="good"><b>passes</b>: <bdi>the car</bdi> (to be rejected)
 </li>
 </ul>
 <h4>Not covered</h4>
@@ -112,7 +112,8 @@ TEST(PageTests, ListTheExamplesOfFiles) {
   const std::string Pairs = Folder.Write("pairs.txt", "big\tgran\nbig\tgrande\n*red\n");
   const PageTests Tests = RunPageTests({Grammar}, {Pairs}, 1, true);
   EXPECT_EQ(Tests.Totals, "6 examples: 3 pass, 1 differs, 2 fail");
-  EXPECT_EQ(Shown(Tests.Others, Folder), R"(<li class="good"><b>passes</b>: big → gran
+  EXPECT_EQ(Shown(Tests.Others, Folder),
+            R"(<li class="good"><b>passes</b>: <bdi>big</bdi> → <bdi>gran</bdi>
 <details class="derivation"><summary>Derivation</summary>
 <div data-svg="…"></div>
 <details><summary>Rules and structures</summary>
@@ -122,10 +123,10 @@ TEST(PageTests, ListTheExamplesOfFiles) {
 </details>
 </details>
 </li>
-<li class="bad"><b>differs</b>: big → grande
+<li class="bad"><b>differs</b>: <bdi>big</bdi> → <bdi>grande</bdi>
 <dl>
-<dt>wanted</dt><dd>grande</dd>
-<dt>given</dt><dd>gran</dd>
+<dt>wanted</dt><dd><bdi>grande</bdi></dd>
+<dt>given</dt><dd><bdi>gran</bdi></dd>
 </dl>
 <details class="derivation"><summary>Derivation</summary>
 <div data-svg="…"></div>
@@ -136,10 +137,10 @@ TEST(PageTests, ListTheExamplesOfFiles) {
 </details>
 </details>
 </li>
-<li class="bad"><b>fails</b>: red (to be rejected)
+<li class="bad"><b>fails</b>: <bdi>red</bdi> (to be rejected)
 <dl>
-<dt>wanted</dt><dd>no analysis</dd>
-<dt>given</dt><dd>rojo</dd>
+<dt>wanted</dt><dd><bdi>no analysis</bdi></dd>
+<dt>given</dt><dd><bdi>rojo</bdi></dd>
 </dl>
 <details class="derivation"><summary>Derivation</summary>
 <div data-svg="…"></div>

@@ -1,6 +1,9 @@
+#include "Characters.h"
 #include "PageSupport.h"
 #include "PictureSupport.h"
+#include "RandomRules.h"
 #include "RuleEntry.h"
+#include "SvgReading.h"
 
 #include <gtest/gtest.h>
 
@@ -86,6 +89,66 @@ TEST(RuleEntry, LetsNoLabelBecomeMarkup) {
             "&quot;&lt;/script&gt;&quot;] -&gt; [&quot;--&gt;&lt;x&quot; "
             "<a href=\"#label-A.26B\">A&amp;B</a>]\n(X1::Y2)\n((x1 &lt;i&gt;) = &quot;'&quot;)\n"
             ";;&lt;/pre&gt;\n</code></pre>\n");
+}
+
+TEST(RuleEntry, KeepsTabs) {
+  const RuleEntry Entry =
+      EntryOf("NP::NP : [N] -> [N]\n\t(X1::Y1)\n((x1 agr\tnum)\t= sg)\n;;\t\x02\t<\n");
+  EXPECT_EQ(AllBetween(Entry.Lines, "]\n", "</code>"),
+            Strings{"\t(X1::Y1)\n((x1 agr\tnum)\t= sg)\n;;\t\xEF\xBF\xBD\t&lt;\n"});
+  EXPECT_EQ(Entry.vsFeatures, (Strings{"AGR", "NUM"}));
+}
+
+/// A text without its tags.
+std::string WithoutTags(const std::string& Html) {
+  std::string Text;
+  bool IsTag = false;
+  for (const char Byte : Html) {
+    IsTag = IsTag || Byte == '<';
+    Text += IsTag ? "" : std::string(1, Byte);
+    IsTag = IsTag && Byte != '>';
+  }
+  return Text;
+}
+
+/// The lines of a rule as characters, without the blank ones at either end.
+std::string ShownLines(const Grammar::RuleText& Text) {
+  std::string Lines;
+  for (std::size_t Index = 0; Index < Text.vLines.size(); ++Index) {
+    std::string Piece;
+    for (const char Byte : std::string(Text.Line(Index)) + '\n') {
+      if (Byte != '\t' && Byte != '\n') {
+        Piece += Byte;
+        continue;
+      }
+      Lines += Picture::ShownText(Piece) + Byte;
+      Piece.clear();
+    }
+  }
+  const auto IsBlankBefore = [&](std::size_t End) {
+    return Lines.find_first_not_of(" \t\n") >= End;
+  };
+  std::size_t Begin = 0;
+  for (std::size_t End; (End = Lines.find('\n', Begin)) < Lines.size() && IsBlankBefore(End);) {
+    Begin = End + 1;
+  }
+  const std::size_t Last = Lines.find_last_not_of(" \t\n");
+  const std::size_t End = Last == std::string::npos ? Begin : Lines.find('\n', Last) + 1;
+  return Lines.substr(Begin, End - Begin);
+}
+
+TEST(RuleEntry, IsWellFormedAndWholeWhateverTheRuleSays) {
+  RandomInput Random;
+  for (int Count = 0; Count < 1000; ++Count) {
+    const std::string Rule = RandomRuleText(Random);
+    const std::string Written = ";;x\n" + Random.Damaged(Rule, "<>&\"'[]:;=~\t\x01\xFF -");
+    const RuleEntry Entry = EntryOf(Written);
+    const std::string Html =
+        "<li><h3>" + Entry.Heading + "</h3>" + Entry.Picture + Entry.Lines + "</li>";
+    ASSERT_NO_THROW(ReadXml(Html)) << Written;
+    ASSERT_EQ(Unescaped(WithoutTags(Entry.Lines)),
+              ShownLines(ReadRuleText(Written).Rule().Text()) + '\n');
+  }
 }
 
 TEST(RuleEntry, GivesEachLabelItsOwnPlace) {

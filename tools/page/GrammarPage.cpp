@@ -284,9 +284,9 @@ void GrammarPage::AppendLabels(std::string& HtmlReturn) const {
       "<h2 id=\"labels-heading\">Labels</h2>\n<ul class=\"labels\">\n";
   for (const auto& [sName, Known] : Labels) {
     const std::size_t Count = Known.vSources.size() + Known.vTargets.size();
-    HtmlReturn.append("<li><details id=\"").append(LabelPlace(sName)).append("\"><summary>");
+    HtmlReturn.append("<li><details id=\"").append(LabelPlace(sName)).append("\"><summary><bdi>");
     AppendShown(sName, HtmlReturn);
-    HtmlReturn.append(" <span class=\"quiet\">")
+    HtmlReturn.append("</bdi> <span class=\"quiet\">")
         .append(Count == 0 ? "no rules" : std::to_string(Count) + (Count == 1 ? " rule" : " rules"))
         .append("</span></summary>\n");
     if (Count == 0) {

@@ -96,14 +96,21 @@ std::string_view LookOf(Outcome What) {
   return What == Outcome::Passes ? "good" : Examples::IsPassing(What) ? "odd" : "bad";
 }
 
+/// Words keep their own direction, whatever stands around them.
+void AppendWords(std::string_view Words, std::string& HtmlReturn) {
+  HtmlReturn += "<bdi>";
+  AppendShown(Words, HtmlReturn);
+  HtmlReturn += "</bdi>";
+}
+
 void AppendExample(const TestedGrammar& Tested, const Example& Given, const ExampleResult& Result,
                    ExampleDerivations& Drawn, std::string& HtmlReturn) {
   HtmlReturn.append("<li class=\"").append(LookOf(Result.What)).append("\"><b>");
   HtmlReturn.append(NameOf(Result.What)).append("</b>: ");
-  AppendShown(Given.Source, HtmlReturn);
+  AppendWords(Given.Source, HtmlReturn);
   if (Given.Wanted) {
     HtmlReturn += " → ";
-    AppendShown(*Given.Wanted, HtmlReturn);
+    AppendWords(*Given.Wanted, HtmlReturn);
   } else {
     HtmlReturn += " (to be rejected)";
   }
@@ -111,7 +118,7 @@ void AppendExample(const TestedGrammar& Tested, const Example& Given, const Exam
   std::string Details;
   for (const Examples::Detail& Current : DetailsOf(Tested, Given, Result)) {
     Details.append("<dt>").append(Current.Name).append("</dt><dd>");
-    AppendShown(Current.Text, Details);
+    AppendWords(Current.Text, Details);
     Details += "</dd>\n";
   }
   if (!Details.empty()) {

@@ -35,6 +35,12 @@ std::string LabelPlace(std::string_view Label) {
 }
 
 void AppendShown(std::string_view Text, std::string& HtmlReturn) {
+  // A picture has no tabs, unlike a page.
+  for (std::size_t Tab = Text.find('\t'); Tab != std::string_view::npos; Tab = Text.find('\t')) {
+    AppendShown(Text.substr(0, Tab), HtmlReturn);
+    HtmlReturn += '\t';
+    Text.remove_prefix(Tab + 1);
+  }
   if (Picture::IsShown(Text)) {
     Picture::AppendEscaped(Text, HtmlReturn);
   } else {
@@ -76,8 +82,8 @@ void AddLabels(const SourceRule& Lines, RuleEntry& EntryReturn) {
 
 void AddFeature(std::string_view Path, RuleEntry& EntryReturn) {
   while (!Path.empty()) {
-    const std::size_t Begin = std::min(Path.find_first_not_of(' '), Path.size());
-    const std::size_t End = std::min(Path.find(' ', Begin), Path.size());
+    const std::size_t Begin = std::min(Path.find_first_not_of(" \t"), Path.size());
+    const std::size_t End = std::min(Path.find_first_of(" \t", Begin), Path.size());
     if (End > Begin) {
       EntryReturn.vsFeatures.push_back(Grammar::Upper(Path.substr(Begin, End - Begin)));
     }
@@ -144,7 +150,7 @@ void AppendLine(std::string_view Line, const std::vector<std::string_view>& vLab
 void AppendLines(const SourceRule& Lines, std::string& HtmlReturn) {
   const Grammar::RuleText& Text = Lines.Text();
   const auto IsBlank = [&](std::size_t Line) {
-    return Text.Parts(Line).Kind == Grammar::LineKind::Blank;
+    return Text.Line(Line).find_first_not_of(" \t") == std::string_view::npos;
   };
   std::size_t Begin = 0;
   std::size_t End = Text.vLines.size();
