@@ -66,6 +66,15 @@ TEST(HtmlProgram, EndsWithStatus1WhereThePageShowsAProblem) {
             std::string::npos);
 }
 
+TEST(HtmlProgram, ReportsOnlyRulesThatTheTestsLeaveOut) {
+  Workplace Here;
+  Here.Folder.Write("bad.trr", "NP::NP : [N] -> [N\n(X1::Y1)\n");
+  Here.Expect({"-o", "page.html", "bad.trr"}, 1, "");
+  const std::string Err = RunTrrule({"test", "bad.trr"}, Here.Folder.Path("")).Err;
+  Here.Expect({"--with-tests", "-o", "page.html", "bad.trr"}, 1,
+              Err.substr(0, Err.rfind("1 of 1 rule was left out")));
+}
+
 TEST(HtmlProgram, SaysWhyItFails) {
   Workplace Here;
   Here.Folder.Write("a.trr", CleanRule);

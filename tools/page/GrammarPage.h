@@ -46,12 +46,12 @@ class GrammarPage {
   void AppendSearch(std::string& HtmlReturn) const;
   void AppendOverview(std::string& HtmlReturn) const;
   void AppendCounts(std::string& HtmlReturn) const;
+  void AppendTestTotals(std::string& HtmlReturn) const;
   void AppendCharts(std::string& HtmlReturn) const;
   void AppendFindingTable(std::string& HtmlReturn) const;
-  void AppendTestTotals(std::string& HtmlReturn) const;
-  void AppendLabels(std::string& HtmlReturn) const;
   void AppendProviders(std::string_view Which, const std::vector<std::size_t>& vRules,
                        std::string& HtmlReturn) const;
+  void AppendLabels(std::string& HtmlReturn) const;
 
   std::string Title;
   const std::vector<RuleEntry>& vEntries;

@@ -30,7 +30,7 @@ bool ReadsStandardInput(const std::vector<std::string>& vsFiles) {
   return vsFiles.empty() || std::find(vsFiles.begin(), vsFiles.end(), "-") != vsFiles.end();
 }
 
-void RequireReadableTwice(const Grammar::RunOptions& Run, const HtmlOptions& Options) {
+void RequireUsableFiles(const Grammar::RunOptions& Run, const HtmlOptions& Options) {
   if (Options.WithTests && ReadsStandardInput(Run.vsFiles)) {
     throw Grammar::RunError("--with-tests reads the grammar twice: name its files");
   }
@@ -63,7 +63,7 @@ void Write(const GrammarPage& Whole, std::size_t Count, Grammar::OutputFile& Out
 }  // namespace
 
 int RunHtml(const Grammar::RunOptions& Run, const HtmlOptions& Options) {
-  RequireReadableTwice(Run, Options);
+  RequireUsableFiles(Run, Options);
   Grammar::OutputFile Output(Run.Output);
   std::vector<RuleEntry> vEntries;
   const bool IsComplete = ReadEntries(Run, vEntries);
