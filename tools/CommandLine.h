@@ -46,6 +46,7 @@ void AddHtmlCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddFindCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddDiffCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddPatchCommand(CLI::App& ProgramReturn, Action& ActionReturn);
+void AddMergeCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddExplainCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddHelpCommand(CLI::App& ProgramReturn, Action& ActionReturn);
 void AddVersionCommand(CLI::App& ProgramReturn, Action& ActionReturn);

@@ -32,6 +32,7 @@ constexpr const char* Footer =
     "  trrule find '[DET * N]' np.trr         rules by what they say\n"
     "  trrule diff old.trr new.trr            what differs in two files\n"
     "  trrule patch np.trr changes.diff       and the same changes in another\n"
+    "  trrule merge base.trr a.trr b.trr      two versions of one file as one\n"
     "  trrule explain TR011                   what a code of check means\n"
     "  trrule help sort                       all of one command\n";
 
@@ -76,6 +77,7 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   AddFindCommand(Program, Chosen);
   AddDiffCommand(Program, Chosen);
   AddPatchCommand(Program, Chosen);
+  AddMergeCommand(Program, Chosen);
   AddExplainCommand(Program, Chosen);
   AddHelpCommand(Program, Chosen);
   AddVersionCommand(Program, Chosen);

@@ -57,6 +57,7 @@ want_test_tools() {
   want libexpat1-dev have_header expat.h
   want pkg-config have_command pkg-config
   want python3 have_command python3
+  want git have_command git
   # On Debian, the tests build a package with its dependencies and try it in a separate folder, with
   # the shells that it has completions for.
   if have_command dpkg; then

@@ -33,7 +33,7 @@ TEST(FindingCodes, AscendAndAreFound) {
 }
 
 TEST(FindingCodes, RejectOtherTexts) {
-  for (const std::string_view Text : {"", "TR", "TR000", "TR017", "TR099", "tr001", "TR0011",
+  for (const std::string_view Text : {"", "TR", "TR000", "TR018", "TR099", "tr001", "TR0011",
                                       "TR101", "TR0x1", "TR01x", "TS001", "TR01"}) {
     EXPECT_EQ(Grammar::FindCode(Text), nullptr) << Text;
   }

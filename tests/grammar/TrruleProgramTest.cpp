@@ -28,10 +28,10 @@ using Strings = std::vector<std::string>;
 using StringSet = std::set<std::string>;
 
 const Strings Commands{"check", "print", "sort", "unique", "head", "sample", "json", "from-json"};
-const Strings AllCommands{"check",   "print", "sort",   "unique",    "head",      "sample",
-                          "split",   "stats", "json",   "from-json", "translate", "why",
-                          "test",    "draw",  "html",   "find",      "diff",      "patch",
-                          "explain", "help",  "version"};
+const Strings AllCommands{"check", "print",   "sort", "unique",    "head",      "sample",
+                          "split", "stats",   "json", "from-json", "translate", "why",
+                          "test",  "draw",    "html", "find",      "diff",      "patch",
+                          "merge", "explain", "help", "version"};
 
 std::string ReadSource(const std::string& Path) {
   std::ifstream File(std::string(GrammarPaths::SourceFolder) + "/" + Path, std::ios::binary);
@@ -290,8 +290,8 @@ TEST(TrruleProgram, HasHelpWithAnExampleForEachCommand) {
 
 TEST(TrruleProgram, DocumentsTheSameOptionsInHelpManualAndCompletions) {
   StringSet ssOptions = OptionsIn(RunTrrule({"--help"}).Out);
-  for (const char* Command :
-       {"split", "stats", "translate", "why", "test", "draw", "html", "find", "diff", "patch"}) {
+  for (const char* Command : {"split", "stats", "translate", "why", "test", "draw", "html", "find",
+                              "diff", "patch", "merge"}) {
     ssOptions.merge(OptionsIn(RunTrrule({Command, "--help"}).Out));
   }
   for (const std::string& sCommand : Commands) {
@@ -318,10 +318,10 @@ std::string OfferedByBash(const std::string& Words, int Position) {
 TEST(TrruleProgram, IsCompletedByBash) {
   EXPECT_EQ(
       OfferedByBash("trrule ''", 1),
-      "check print sort unique head sample split stats json from-json translate why test draw html find diff patch explain help version -h --help --version\n");
+      "check print sort unique head sample split stats json from-json translate why test draw html find diff patch merge explain help version -h --help --version\n");
   EXPECT_EQ(
       OfferedByBash("trrule help ''", 2),
-      "check print sort unique head sample split stats json from-json translate why test draw html find diff patch explain help version\n");
+      "check print sort unique head sample split stats json from-json translate why test draw html find diff patch merge explain help version\n");
   EXPECT_EQ(OfferedByBash("trrule p", 1), "print patch\n");
   EXPECT_EQ(OfferedByBash("trrule sort --r", 2), "--reverse\n");
   EXPECT_EQ(OfferedByBash("trrule check --s", 2), "--severity --start --statistics\n");
@@ -340,17 +340,18 @@ TEST(TrruleProgram, HasItsCodesCompletedByBash) {
   }
   EXPECT_EQ(OfferedByBash(Check + "--only ''", 3), All + "\n");
   EXPECT_EQ(OfferedByBash(Check + "--except TR01", 3),
-            "TR010 TR011 TR012 TR013 TR014 TR015 TR016\n");
+            "TR010 TR011 TR012 TR013 TR014 TR015 TR016 TR017\n");
   EXPECT_EQ(OfferedByBash(Check + "--except tr01", 3),
-            "TR010 TR011 TR012 TR013 TR014 TR015 TR016\n");
+            "TR010 TR011 TR012 TR013 TR014 TR015 TR016 TR017\n");
   EXPECT_EQ(OfferedByBash(Check + "--only TR001,TR03", 3).substr(0, 23), "TR001,TR030 TR001,TR031");
   EXPECT_EQ(OfferedByBash(Check + "--only TR001,TR002,TR010", 3), "TR001,TR002,TR010\n");
   EXPECT_EQ(OfferedByBash(Check + "--only = TR01", 4),
-            "TR010 TR011 TR012 TR013 TR014 TR015 TR016\n");
+            "TR010 TR011 TR012 TR013 TR014 TR015 TR016 TR017\n");
   EXPECT_EQ(OfferedByBash(Check + "--only =", 3), All + "\n");
   EXPECT_EQ(OfferedByBash("/no/such/trrule check --only ''", 3), "\n");
   const std::string Explain = "'" + std::string(GrammarPaths::Program) + "' explain ";
-  EXPECT_EQ(OfferedByBash(Explain + "tr01", 2), "TR010 TR011 TR012 TR013 TR014 TR015 TR016\n");
+  EXPECT_EQ(OfferedByBash(Explain + "tr01", 2),
+            "TR010 TR011 TR012 TR013 TR014 TR015 TR016 TR017\n");
   EXPECT_EQ(OfferedByBash(Explain + "TR001 TR04", 3),
             "TR040 TR041 TR042 TR043 TR044 TR045 TR046 TR047 TR048 TR049\n");
 }

@@ -104,7 +104,8 @@ TEST(RuleSurvey, HasTheQuantilesOfASortedList) {
       AddRules(";;Score:" + std::to_string(Count) + "\nNP::NP [N] -> [N]\n(X1::Y1)\n", Survey);
     }
     std::sort(vCounts.begin(), vCounts.end());
-    for (const std::size_t PerThousand : {0, 1, 100, 250, 500, 501, 750, 900, 990, 1000}) {
+    for (const std::size_t PerThousand :
+         {0U, 1U, 100U, 250U, 500U, 501U, 750U, 900U, 990U, 1000U}) {
       std::size_t Rank = 1;
       while (Rank * 1000 < PerThousand * vCounts.size()) {
         ++Rank;
@@ -168,7 +169,7 @@ TEST(RuleSurvey, CountsWhatTheNormalFormSaysHoweverTheRulesAreDivided) {
   }
   EXPECT_GT(Number, 500U);
   RuleSurvey Joined;
-  for (const std::size_t Part : {2, 0, 1}) {
+  for (const std::size_t Part : {2U, 0U, 1U}) {
     Joined.Add(vParts[Part]);
   }
   for (const RuleSurvey* Survey : {&Whole, &Joined}) {

@@ -116,6 +116,14 @@ const std::vector<CodeInfo>& AllCodes() {
        "or hardly a line that could be one of a rule. It gets this one finding.",
        "Dear all,\nplease find\nthe grammar\nattached.",
        "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n)", IsWhole},
+      {"TR017", Severity::Error, "two versions of the rule are not merged",
+       "Two versions of a rule say different things, or one of them has removed it, and trrule merge "
+       "has left comments that show both. The rule says what ours said. Correct it, and remove these "
+       "comments.",
+       ";;Conflict: see both versions, correct the rule, and remove these lines\n"
+       ";; ours: target type: NP becomes AP\n;; theirs: target type: NP becomes PP\n"
+       "{NP,1}\nNP::AP : [N] -> [N]\n(\n(X1::Y1)\n)",
+       "{NP,1}\nNP::PP : [N] -> [N]\n(\n(X1::Y1)\n)", IsWhole},
       {"TR021", Severity::Note, "the reader shortens the type of the header",
        "The library's record keeps two letters of the header's type, so that a program that writes "
        "the rule from the record writes another header. The command keeps the whole type.",

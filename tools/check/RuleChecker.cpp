@@ -4,6 +4,7 @@
 #include "RuleChecker.h"
 
 #include "Bytes.h"
+#include "ConflictComment.h"
 #include "ConstraintChecker.h"
 #include "ConstraintCycles.h"
 #include "CountText.h"
@@ -61,6 +62,7 @@ class Checker {
   void CheckLookAlike(std::size_t Line, std::string_view Code);
   void CheckStrayTexts(std::size_t Line, const LineParts& Parts);
   void SetStrayLevel(Finding& FindingReturn) const;
+  void CheckConflict(std::size_t Line, std::string_view Comment);
   void CheckCount(std::size_t Line, std::string_view Comment);
   void CheckOther(std::size_t Line, std::string_view Code);
   void CheckCommentAfter(std::size_t Line, const LineParts& Parts);
@@ -127,6 +129,7 @@ const PartT* TakePart(const std::vector<PartT>& vParts, std::size_t Line, std::s
 void Checker::CheckLine(std::size_t Line) {
   const LineParts Parts = Text.Parts(Line);
   if (!Parts.Comment.empty()) {
+    CheckConflict(Line, Parts.Comment);
     CheckCount(Line, Parts.Comment);
   }
   if (Parts.Kind == LineKind::Comment) {
@@ -202,6 +205,13 @@ std::string WithTextAsComment(std::string_view Code, std::string_view Part) {
     Rest = Trimmed(Code.substr(Part.size()));
   }
   return IsMarker ? Rest : Rest.append(1, ' ').append(AsComment(WithoutColons(Part)));
+}
+
+void Checker::CheckConflict(std::size_t Line, std::string_view Comment) {
+  std::string_view Rest;
+  if (TakeLabel(Comment, ConflictLabel, Rest)) {
+    Findings.Add("TR017", Line, Comment, "the comments from here on show what is to be merged");
+  }
 }
 
 /// The first comment with the label is the read one.

@@ -19,7 +19,7 @@ _trrule() {
   local Word=${COMP_WORDS[COMP_CWORD]}
   local Before=${COMP_WORDS[COMP_CWORD - 1]}
   local Common='-o --output --force -q --quiet -h --help'
-  local Commands='check print sort unique head sample split stats json from-json translate why test draw html find diff patch explain help version'
+  local Commands='check print sort unique head sample split stats json from-json translate why test draw html find diff patch merge explain help version'
   local Words=''
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -88,6 +88,7 @@ _trrule() {
       sample) Words="$Common -n --seed --by --threads" ;;
       split) Words="$Common --by -n --parts --threads --memory" ;;
       stats) Words="$Common --format --top --threads --memory" ;;
+      merge) Words="-o --output -q --quiet -h --help --path --threads --memory" ;;
       json) Words="$Common --keep-bad --threads" ;;
       from-json) Words="$Common --threads" ;;
       explain) Words='-h --help' ;;

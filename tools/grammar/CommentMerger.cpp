@@ -11,8 +11,6 @@ namespace Grammar {
 namespace {
 
 constexpr std::array<std::string_view, 3> ExampleLabels{"SL:", "TL:", "C-Structure:"};
-constexpr std::size_t NoExample = std::numeric_limits<std::size_t>::max();
-
 bool HasLabel(std::string_view Comment, std::string_view Label) {
   std::string_view Rest;
   return TakeLabel(Comment, Label, Rest);
@@ -27,31 +25,25 @@ std::size_t LabelOf(std::string_view Comment) {
   return Label;
 }
 
-/// The examples of a rule, and which of them each comment belongs to.
-struct ExampleLines {
-  explicit ExampleLines(const std::vector<std::string>& vsComments) {
-    std::bitset<ExampleLabels.size()> Had;
-    for (const std::string& sComment : vsComments) {
-      const std::size_t Label = LabelOf(sComment);
-      if (Label == ExampleLabels.size()) {
-        vExampleOf.push_back(NoExample);
-        continue;
-      }
-      if (vsTexts.empty() || Had[Label]) {
-        vsTexts.emplace_back();
-        Had.reset();
-      }
-      Had.set(Label);
-      vsTexts.back() += sComment + '\n';
-      vExampleOf.push_back(vsTexts.size() - 1);
-    }
-  }
-
-  std::vector<std::string> vsTexts;
-  std::vector<std::size_t> vExampleOf;
-};
-
 }  // namespace
+
+ExampleLines::ExampleLines(const std::vector<std::string>& vsComments) {
+  std::bitset<ExampleLabels.size()> Had;
+  for (const std::string& sComment : vsComments) {
+    const std::size_t Label = LabelOf(sComment);
+    if (Label == ExampleLabels.size()) {
+      vExampleOf.push_back(NoExample);
+      continue;
+    }
+    if (vsTexts.empty() || Had[Label]) {
+      vsTexts.emplace_back();
+      Had.reset();
+    }
+    Had.set(Label);
+    vsTexts.back() += sComment + '\n';
+    vExampleOf.push_back(vsTexts.size() - 1);
+  }
+}
 
 /// The first rule keeps what it says twice; only a limit takes something of it.
 bool CommentMerger::IsKept(const std::string& Text, bool IsExample) {
@@ -72,9 +64,9 @@ void CommentMerger::Add(const std::vector<std::string>& vsComments) {
   for (std::size_t Line = 0; Line < vsComments.size(); ++Line) {
     const std::size_t Example = Own.vExampleOf[Line];
     const bool IsCount = HasLabel(vsComments[Line], "Score:");
-    const bool Kept = Example != NoExample ? vIsKept[Example]
-                      : IsCount            ? IsFirst
-                                           : IsKept(vsComments[Line], false);
+    const bool Kept = Example != ExampleLines::NoExample ? vIsKept[Example]
+                      : IsCount                          ? IsFirst
+                                                         : IsKept(vsComments[Line], false);
     if (Kept) {
       vsMerged.push_back(vsComments[Line]);
     }

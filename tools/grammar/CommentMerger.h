@@ -8,10 +8,21 @@
 
 namespace Grammar {
 
+/// The examples in the comments of a rule, and which of them each comment belongs to: a line
+/// ";;SL:" with the lines ";;TL:" and ";;C-Structure:" that belong to it; a label that comes again
+/// begins the next one.
+struct ExampleLines {
+  static constexpr std::size_t NoExample = std::numeric_limits<std::size_t>::max();
+
+  explicit ExampleLines(const std::vector<std::string>& vsComments);
+
+  std::vector<std::string> vsTexts;     ///< of each example, its lines with their ends
+  std::vector<std::size_t> vExampleOf;  ///< of each comment, the number of its example, from 0
+};
+
 /// Puts together the comments of rules that say the same.
 ///
-/// An example is what its labels make it: a line ";;SL:" with the lines ";;TL:" and
-/// ";;C-Structure:" that belong to it; a label that comes again begins the next one. The first rule
+/// An example is what its labels make it. The first rule
 /// keeps its comments unchanged. Of each further rule, the examples and the other comments are
 /// added that are not there yet. Counts (";;Score:") are left to who adds them.
 ///

@@ -116,17 +116,21 @@ bool IsHidden(std::string_view Written, std::string_view Rest) {
 
 }  // namespace
 
-std::string StrayComment(std::string_view Text) {
-  std::string Comment = ";; not read: ";
+std::string HiddenText(std::string_view Text) {
+  std::string Hidden;
   for (; !Text.empty(); Text.remove_prefix(1)) {
-    if (IsHidden(Comment, Text)) {
+    if (IsHidden(Hidden, Text)) {
       const auto Value = static_cast<unsigned char>(Text.front());
-      Comment.append("%").append(1, HexDigits[Value >> 4U]).append(1, HexDigits[Value & 15U]);
+      Hidden.append("%").append(1, HexDigits[Value >> 4U]).append(1, HexDigits[Value & 15U]);
     } else {
-      Comment += Text.front();
+      Hidden += Text.front();
     }
   }
-  return Comment;
+  return Hidden;
+}
+
+std::string StrayComment(std::string_view Text) {
+  return ";; not read: " + HiddenText(Text);
 }
 
 }  // namespace Grammar

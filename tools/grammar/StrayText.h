@@ -29,11 +29,14 @@ constexpr bool MayHaveStrayTexts(LineKind Kind) {
 /// header, the rule line or the alignment. In the order of the line, without blanks at the ends.
 std::vector<std::string_view> StrayTexts(const LineParts& Parts);
 
-/// A comment that keeps a text and that the library's reader takes for nothing but a comment.
+/// A text for a comment that the library's reader takes for nothing but a comment.
 ///
-/// After ";; not read: " stands the text. What would make a line of the rule of it is written as
-/// "%" and two hexadecimal digits: "{", "=", the second colon of "::" and the last bracket of
-/// "] -> [". So is a "%" that is before two such digits. The label keeps "SL: a car" from
+/// What would make a line of the rule of it is written as "%" and two hexadecimal digits: "{", "=",
+/// the second colon of "::" and the last bracket of "] -> [". So is a "%" that is before two such
+/// digits.
+std::string HiddenText(std::string_view Text);
+
+/// A comment that keeps a text, hidden: after ";; not read: ". The label keeps "SL: a car" from
 /// becoming the example of the rule, and "Score: 3" its count.
 std::string StrayComment(std::string_view Text);
 
