@@ -111,6 +111,15 @@ TEST(NearestRules, AreFoundAmongManyByTheirRarestTokens) {
   EXPECT_EQ(AsPairs(FindNearest(vOld, vNew, 51)), vExpected);
 }
 
+TEST(NearestRules, ArePairedInOrderAmongManyThatAreTheSame) {
+  const std::vector<RuleTokens> vSame(500, RuleTokens{1, 2, 3});
+  Pairs vExpected;
+  for (std::size_t At = 0; At < vSame.size(); ++At) {
+    vExpected.emplace_back(At, At, 100);
+  }
+  EXPECT_EQ(AsPairs(FindNearest(vSame, vSame, 51)), vExpected);
+}
+
 TEST(NearestRules, HaveEachRuleOnceAmongMany) {
   RandomInput Random;
   const auto vOld = RandomList(Random, 300, 12);

@@ -99,8 +99,9 @@ class TokenIndex {
     }
   }
 
-  /// The old rules that share the rarest tokens of a new one, as many as are looked at.
-  void Candidates(const RuleTokens& New, Places& vReturn) {
+  /// The old rules that share the rarest tokens of a new one, as many as are looked at. Of many
+  /// with one token, those around a place are taken, so that not all new rules get the same.
+  void Candidates(const RuleTokens& New, std::size_t Place, Places& vReturn) {
     vReturn.clear();
     ++Round;
     vLists.clear();
@@ -114,19 +115,28 @@ class TokenIndex {
       return Left->size() < Right->size();
     });
     for (const Places* List : vLists) {
-      for (const std::size_t Old : *List) {
-        if (vReturn.size() == MostCandidates) {
-          return;
-        }
-        if (Seen[Old] != Round) {
-          Seen[Old] = Round;
-          vReturn.push_back(Old);
-        }
-      }
+      AddAround(Place, *List, vReturn);
     }
   }
 
  private:
+  /// Adds the rules of a list that are nearest to a place, the nearest first.
+  void AddAround(std::size_t Place, const Places& List, Places& vReturn) {
+    constexpr std::size_t MostOfOne = MostCandidates / 2;
+    auto After = std::lower_bound(List.begin(), List.end(), Place);
+    auto Before = After;
+    for (std::size_t Count = std::min(List.size(), MostOfOne);
+         Count > 0 && vReturn.size() < MostCandidates; --Count) {
+      const bool IsBefore =
+          After == List.end() || (Before != List.begin() && Place - *(Before - 1) < *After - Place);
+      const std::size_t Old = IsBefore ? *--Before : *After++;
+      if (Seen[Old] != Round) {
+        Seen[Old] = Round;
+        vReturn.push_back(Old);
+      }
+    }
+  }
+
   std::unordered_map<std::uint64_t, Places> Rules;
   std::vector<std::size_t> Seen;  // the round in which an old rule was last a candidate
   std::size_t Round = 0;
@@ -149,7 +159,9 @@ void AddPairs(const std::vector<RuleTokens>& vOld, const RuleTokens& NewTokens, 
     }
   }
   if (!KeepsAll && vReturn.size() - Begin > MostKept) {
-    std::sort(vReturn.begin() + static_cast<std::ptrdiff_t>(Begin), vReturn.end(), IsBetter);
+    std::stable_sort(
+        vReturn.begin() + static_cast<std::ptrdiff_t>(Begin), vReturn.end(),
+        [](const NearPair& Left, const NearPair& Right) { return Left.Score > Right.Score; });
     vReturn.resize(Begin + MostKept);
   }
 }
@@ -170,7 +182,7 @@ std::vector<NearPair> FindNearest(const std::vector<RuleTokens>& vOldPassIn,
   std::iota(vCandidates.begin(), vCandidates.end(), std::size_t{0});
   for (std::size_t New = 0; New < vNewPassIn.size(); ++New) {
     if (!ComparesAll) {
-      Index.Candidates(vNewPassIn[New], vCandidates);
+      Index.Candidates(vNewPassIn[New], New * vOldPassIn.size() / vNewPassIn.size(), vCandidates);
     }
     AddPairs(vOldPassIn, vNewPassIn[New], New, vCandidates, LeastScore, ComparesAll, vAll);
   }

@@ -33,7 +33,8 @@ struct NearPair {
 ///
 /// Up to `MostPairs` pairs are all compared. Of more, each new rule is compared with the
 /// `MostCandidates` old rules that share its rarest tokens, and of those the `MostKept` most alike
-/// are kept for pairing, so that the work grows little faster than the number of rules.
+/// are kept for pairing, so that the work grows little faster than the number of rules. If many
+/// share a token, those are taken that have about the same place in their list as the new rule.
 /// @param LeastScore how much two rules of a pair have in common at least
 std::vector<NearPair> FindNearest(const std::vector<RuleTokens>& vOldPassIn,
                                   const std::vector<RuleTokens>& vNewPassIn, unsigned LeastScore);
