@@ -33,8 +33,13 @@ def library(rules, action, function):
     return instructions([rules, action, str(COUNTS[0])], "--toggle-collect=" + function) / COUNTS[0]
 
 
-def command(trrule, name, suffix):
-    counts = [instructions([trrule, name, "--threads", "1", f"{count}{suffix}"])
+# A query that few rules fit, and one that all do and that looks at all of them.
+QUERIES = ("[DET * N $] and passes gen and not crossing",
+           "line /./ and (x:det = * or comments > 0 or monotone)")
+
+
+def command(trrule, name, suffix, *options):
+    counts = [instructions([trrule, name, *options, "--threads", "1", f"{count}{suffix}"])
               for count in COUNTS]
     return (counts[1] - counts[0]) / (COUNTS[1] - COUNTS[0])
 
@@ -51,6 +56,9 @@ def rows(trrule, rules):
         yield f"`{name}`", cost, f"{cost / printed:.2f} of `print`"
     read_back = command(trrule, "from-json", ".json")
     yield "`from-json`", read_back, f"{read_back / cost:.2f} of `json`"
+    for query in QUERIES:
+        cost = command(trrule, "find", ".trr", query)
+        yield f"`find '{query}'`", cost, f"{cost / printed:.2f} of `print`"
     page = command(trrule, "html", ".trr")
     yield "`html`", page, f"{page / printed:.2f} of `print`"
 
