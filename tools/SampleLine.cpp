@@ -20,7 +20,7 @@ const std::string Footer =
     "which are also reported.\n"
     "\n"
     "--by draws from each group of rules apart; rules that cannot be read are one more group:\n" +
-    std::string(GroupKeys) +
+    std::string(GroupKeyNames) +
     "\n"
     "Exit status: 0 all read, 1 some rule could not be read, 2 the run failed.\n"
     "\n"
@@ -40,7 +40,7 @@ void AddSampleCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   AddNumber(*Command, "--seed", 0, "draw other rules; 0 by default",
             [Line](std::uint64_t Number) { Line->Options.Seed = Number; });
   AddGroupOption(*Command, Line->Options.By,
-                 "draw -n rules of each type, source, target, length or shape");
+                 "draw -n rules of each type, sequence, source, target, shape, size or count");
   Command->footer(Footer);
   Command->callback([Line, &ActionReturn] {
     ActionReturn = [Line] { return RunSample(Line->Run, Line->Options); };

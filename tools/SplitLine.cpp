@@ -20,7 +20,7 @@ const std::string Footer =
     "\n"
     "--by names files after groups of rules, such as NP-NP.trr; other.trr has rules that cannot be\n"
     "read and files without a rule:\n" +
-    std::string(GroupKeys) +
+    std::string(GroupKeyNames) +
     "-n and --parts number the files: part-0001.trr.\n"
     "\n"
     "Files that are there already are not replaced, and nothing is written then, unless --force is\n"
@@ -55,8 +55,9 @@ void AddSplitCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   AddInputs(*Command, Line->Run);
   AddThreads(*Command, Line->Run);
   AddMemoryOption(*Command, Line->Options.Memory);
-  AddGroupOption(*Command, Line->Options.By,
-                 "a file for each type, source, target, length or shape; type by default");
+  AddGroupOption(
+      *Command, Line->Options.By,
+      "a file for each type, sequence, source, target, shape, size or count; type by default");
   AddNumber(*Command, "-n", 1, "files of this number of rules",
             [Line](std::uint64_t Number) { Line->Options.By = Grammar::RulesPerFile{Number}; });
   AddNumber(*Command, "--parts", 1, "this number of files, to which the rules go in turn",

@@ -276,19 +276,27 @@ TEST(SplitCommand, WritesAFileForEachGroup) {
         {"other.trr", Bad + "; nothing else\n"},
         {"S-S.trr", Last + "\n"}}},
       {{"--by", "source"},
-       {{"NP.trr", First + Stray},
-        {"VP.trr", Second},
+       {{"N-DET.trr", First + Stray},
+        {"V.trr", Second},
         {"other.trr", Bad + "; nothing else\n"},
-        {"S.trr", Last + "\n"}}},
+        {"NP.trr", Last + "\n"}}},
       {{"--by", "target"},
-       {{"NP.trr", First + Second + Stray},
+       {{"N.trr", First + Stray},
+        {"N-V.trr", Second},
         {"other.trr", Bad + "; nothing else\n"},
-        {"S.trr", Last + "\n"}}},
-      {{"--by", "length"},
+        {"NP.trr", Last + "\n"}}},
+      {{"--by", "sequence"},
+       {{"N-DET-N.trr", First + Stray},
+        {"V-N-V.trr", Second},
+        {"other.trr", Bad + "; nothing else\n"},
+        {"NP-NP.trr", Last + "\n"}}},
+      {{"--by", "size"},
        {{"2-1.trr", First + Stray},
         {"1-2.trr", Second},
         {"other.trr", Bad + "; nothing else\n"},
         {"1-1.trr", Last + "\n"}}},
+      {{"--by", "count"},
+       {{"1.trr", First + Second + Stray + Last + "\n"}, {"other.trr", Bad + "; nothing else\n"}}},
       {{"--by", "shape"},
        {{"monotone-1-1-unaligned.trr", First + Second + Stray},
         {"other.trr", Bad + "; nothing else\n"},
@@ -317,16 +325,16 @@ TEST(SplitCommand, GivesFilesSafeNames) {
   const CopyFolder Files;
   const auto Rule = [](const std::string& Types) { return Types + " [N] -> [N]\n(X1::Y1)\n"; };
   const std::string Long(300, 'A');
-  const Strings vsRules{Rule("../x::/etc/y"),     Rule("np::NP"),   Rule("NP::np"),
+  const Strings vsRules{Rule("../x::/etc/y"),     Rule("n.p::NP"),  Rule("N-P::np"),
                         Rule("other::O"),         Rule("Ñ::é"),     Rule("-::-"),
                         Rule(Long + "::" + Long), Rule("OTHER::-"), Bad};
   Files.Folder.Write("names", Joined(vsRules));
   Files.Run({"split", "-o", "out", "names"});
   EXPECT_EQ(Files.FilesIn("out"), (std::map<std::string, std::string>{
-                                      {"x-etc-y.trr", vsRules[0]},
-                                      {"np-NP.trr", vsRules[1]},
-                                      {"NP-np-2.trr", vsRules[2]},
-                                      {"other-O.trr", vsRules[3]},
+                                      {"X-ETC-Y.trr", vsRules[0]},
+                                      {"N-P-NP.trr", vsRules[1]},
+                                      {"N-P-NP-2.trr", vsRules[2]},
+                                      {"OTHER-O.trr", vsRules[3]},
                                       {"group-2.trr", vsRules[4]},
                                       {"group-3.trr", vsRules[5]},
                                       {std::string(99, 'A') + ".trr", vsRules[6]},
@@ -369,7 +377,8 @@ TEST(SplitCommand, ReportsWhatItCannotDo) {
       {{"-o", "x", "-n", "0"}, "-n: invalid number 0; use a number from 1 on"},
       {{"-o", "x", "--parts", "0"}, "--parts: invalid number 0; use a number from 1 on"},
       {{"-o", "x", "--by", "type", "-n", "1"}, "--by excludes -n"},
-      {{"-o", "x", "--by", "size"}, "--by: size not in {type,source,target,length,shape}"},
+      {{"-o", "x", "--by", "colour"},
+       "--by: colour not in {type,sequence,source,target,shape,size,count}"},
       {{"-o", "a.trr/x", "-n", "9", "/dev/null"},
        "cannot make the folder a.trr/x: Not a directory"},
   };
@@ -419,9 +428,9 @@ TEST(CopyCommands, LoseNoLineOfAnyText) {
     const std::string Whole = Text + (Text.back() == '\n' ? "" : "\n");
     Files.Folder.Write("random", Text);
     EXPECT_EQ(Files.Head("random", 99), Whole);
-    EXPECT_EQ(Files.Sample("random", {99, 0, Grammar::GroupBy::Length}), Whole);
+    EXPECT_EQ(Files.Sample("random", {99, 0, Query::GroupBy::Size}), Whole);
     for (const SplitBy& By :
-         {SplitBy(Grammar::GroupBy::Type), SplitBy(Grammar::GroupBy::Shape),
+         {SplitBy(Query::GroupBy::Type), SplitBy(Query::GroupBy::Shape),
           SplitBy(Grammar::RulesPerFile{3}), SplitBy(Grammar::FilesInTurn{3})}) {
       Files.Split("random", By);
       std::string Parts;

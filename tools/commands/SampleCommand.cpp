@@ -48,7 +48,7 @@ class Sampler : public RuleCollector {
   bool PrepareRule(RuleRecord& Record, std::string& KeyReturn, std::string& TextReturn,
                    std::vector<Finding>& /*vFindingsReturn*/) const override {
     if (Options.By) {
-      AppendGroup(Record, *Options.By, KeyReturn);
+      KeyReturn += Query::GroupKeys(Record.Lines(), *Options.By).front();
     }
     TextReturn += Record.Lines().Text().Text;
     return true;

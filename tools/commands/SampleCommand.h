@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RuleGroup.h"
+#include "GroupKeys.h"
 #include "RuleRun.h"
 
 #include <cstdint>
@@ -9,9 +9,9 @@
 namespace Grammar {
 
 struct SampleOptions {
-  std::uint64_t Rules = 10;   ///< how many, or how many of each group
-  std::uint64_t Seed = 0;     ///< the same seed draws the same rules
-  std::optional<GroupBy> By;  ///< draw from each group apart
+  std::uint64_t Rules = 10;          ///< how many, or how many of each group
+  std::uint64_t Seed = 0;            ///< the same seed draws the same rules
+  std::optional<Query::GroupBy> By;  ///< draw from each group apart
 };
 
 /// Writes rules that are drawn at random, each set of that many with the same probability, as they

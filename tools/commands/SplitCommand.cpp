@@ -30,8 +30,8 @@ class Splitter : public RuleVisitor {
 
   bool PrepareRule(RuleRecord& Record, std::string& KeyReturn, std::string& TextReturn,
                    std::vector<Finding>& /*vFindingsReturn*/) const override {
-    if (const GroupBy* By = std::get_if<GroupBy>(&Options.By)) {
-      AppendGroup(Record, *By, KeyReturn);
+    if (const Query::GroupBy* By = std::get_if<Query::GroupBy>(&Options.By)) {
+      KeyReturn += Query::GroupKeys(Record.Lines(), *By).front();
     }
     TextReturn += Record.Lines().Text().Text;
     return true;
@@ -105,7 +105,7 @@ class Splitter : public RuleVisitor {
     return Number;
   }
 
-  bool HasGroups() const { return std::holds_alternative<GroupBy>(Options.By); }
+  bool HasGroups() const { return std::holds_alternative<Query::GroupBy>(Options.By); }
 
   std::uint64_t FileOf(const std::string& Group) {
     const auto Found = mFiles.emplace(Group, vsGroups.size()).first;

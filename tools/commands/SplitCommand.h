@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RuleGroup.h"
+#include "GroupKeys.h"
 #include "RuleRun.h"
 
 #include <cstddef>
@@ -20,7 +20,7 @@ struct FilesInTurn {
 };
 
 struct SplitOptions {
-  std::variant<GroupBy, RulesPerFile, FilesInTurn> By = GroupBy::Type;
+  std::variant<Query::GroupBy, RulesPerFile, FilesInTurn> By = Query::GroupBy::Type;
   std::size_t Memory = std::size_t{1} << 30;
 };
 

@@ -52,7 +52,7 @@ _trrule() {
       ;;
     --by)
       case ${COMP_WORDS[1]} in
-        sample | split) Words='type source target length shape' ;;
+        sample | split) Words='type sequence source target shape size count' ;;
         *) Words='index type count length' ;;
       esac
       ;;
