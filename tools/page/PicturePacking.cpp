@@ -52,10 +52,16 @@ constexpr std::array<std::string_view, 36> Phrases{
 };
 constexpr char FirstLetter = 'A';
 
+/// Looks at the ends first: many phrases begin alike, and few end where another one would.
+bool BeginsWith(std::string_view Text, std::string_view Phrase) {
+  return Phrase.size() <= Text.size() && Text[Phrase.size() - 1] == Phrase.back() &&
+         Text[1] == Phrase[1] && Text.substr(0, Phrase.size()) == Phrase;
+}
+
 /// The first phrase that a text begins with; the number of phrases where there is none.
 std::size_t PhraseAt(std::string_view Text) {
   std::size_t Found = 0;
-  while (Found < Phrases.size() && Text.substr(0, Phrases[Found].size()) != Phrases[Found]) {
+  while (Found < Phrases.size() && !BeginsWith(Text, Phrases[Found])) {
     ++Found;
   }
   return Found;
