@@ -1,6 +1,6 @@
 #include "RuleMatcher.h"
 
-#include "EntryReader.h"
+#include "ComparedEntryReader.h"
 #include "RandomVersions.h"
 #include "TestFolder.h"
 
@@ -33,7 +33,7 @@ struct Entries {
     }
   }
 
-  std::vector<RuleEntry> vEntries;
+  std::vector<ComparedEntry> vEntries;
   Strings vsTexts;
   Strings vsBytes;
 };
@@ -59,10 +59,10 @@ Strings Matches(const std::string& Old, const std::string& New, std::size_t Memo
   const Entries OldEntries(Old);
   const Entries NewEntries(New);
   RuleMatcher Matcher(Memory, Wanted);
-  for (const RuleEntry& Entry : OldEntries.vEntries) {
+  for (const ComparedEntry& Entry : OldEntries.vEntries) {
     Matcher.AddOld(Entry);
   }
-  for (const RuleEntry& Entry : NewEntries.vEntries) {
+  for (const ComparedEntry& Entry : NewEntries.vEntries) {
     Matcher.AddNew(Entry);
   }
   Matcher.Match();
@@ -165,7 +165,7 @@ TEST(RuleMatcher, PairsManyRulesInLittleMemory) {
 
 // ---- Reading entries --------------------------------------------------------------------------
 
-TEST(EntryReader, StandsForAllBytesOfTheFile) {
+TEST(ComparedEntryReader, StandsForAllBytesOfTheFile) {
   RandomInput Random;
   for (int Round = 0; Round < 100; ++Round) {
     const RandomVersions Versions(Random);
@@ -177,7 +177,7 @@ TEST(EntryReader, StandsForAllBytesOfTheFile) {
   }
 }
 
-TEST(EntryReader, PassesOnRulesAndTexts) {
+TEST(ComparedEntryReader, PassesOnRulesAndTexts) {
   const std::string Text = ";; one\r\n{NP,1}\r\n" + Noun + "\n; bad\n\n" + Bad + "\n\n; last";
   const Entries Read(Text);
   EXPECT_EQ(Read.vsTexts,
@@ -190,7 +190,7 @@ TEST(EntryReader, PassesOnRulesAndTexts) {
   EXPECT_EQ(Read.vEntries[1].Line, 8U);
 }
 
-TEST(EntryReader, PutsTogetherARuleThatComesInPieces) {
+TEST(ComparedEntryReader, PutsTogetherARuleThatComesInPieces) {
   std::string Large = "{NP,1}\nNP::NP : [N] -> [N]\n(\n(X1::Y1)\n";
   while (Large.size() < 5'000'000) {
     Large += "((x1 feature) = value" + std::to_string(Large.size()) + ")\n";

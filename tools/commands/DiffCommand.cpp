@@ -1,7 +1,7 @@
 #include "DiffCommand.h"
 
+#include "ComparedEntryReader.h"
 #include "DiffWriters.h"
-#include "EntryReader.h"
 #include "OutputFile.h"
 #include "RuleMatcher.h"
 #include "RuleRun.h"

@@ -1,7 +1,7 @@
 #include "PatchCommand.h"
 
+#include "ComparedEntryReader.h"
 #include "DiffReader.h"
-#include "EntryReader.h"
 #include "InputFile.h"
 #include "OutputFile.h"
 #include "RulePatch.h"

@@ -20,7 +20,7 @@ HunkKind KindOf(const RuleMatch& Match) {
     case MatchReason::Meaning:
       return HunkKind::Renumbered;
     case MatchReason::None: {
-      const RuleEntry& Only = Match.HasOld ? Match.Old : Match.New;
+      const ComparedEntry& Only = Match.HasOld ? Match.Old : Match.New;
       if (Only.IsRule) {
         return Match.HasOld ? HunkKind::Removed : HunkKind::Added;
       }
@@ -36,7 +36,7 @@ std::string_view FirstLine(std::string_view Text) {
 }
 
 /// What an entry is called: its header, or else its types, or the first line of a text.
-std::string NameOf(const RuleEntry& Entry) {
+std::string NameOf(const ComparedEntry& Entry) {
   if (!Entry.IsRule) {
     return std::string(FirstLine(Entry.Text));
   }
@@ -68,7 +68,7 @@ std::string TitleOf(const RuleMatch& Match) {
 }  // namespace
 
 std::optional<DiffHunk> HunkOf(const RuleMatch& MatchPassIn, bool IsMovedPassIn) {
-  const RuleEntry& Only = MatchPassIn.HasOld ? MatchPassIn.Old : MatchPassIn.New;
+  const ComparedEntry& Only = MatchPassIn.HasOld ? MatchPassIn.Old : MatchPassIn.New;
   const bool IsSame = MatchPassIn.Reason == MatchReason::Same;
   if (Only.Text.empty() || (IsSame && !IsMovedPassIn)) {
     return std::nullopt;

@@ -6,18 +6,18 @@
 
 namespace Grammar {
 
-RuleEntry MakeEntry(const RuleText& SourcePassIn, RuleRecord& RecordReturn,
-                    std::string& TextReturn) {
+ComparedEntry MakeEntry(const RuleText& SourcePassIn, RuleRecord& RecordReturn,
+                        std::string& TextReturn) {
   const bool IsRule = SourcePassIn.HasRule && RecordReturn.Read(SourcePassIn);
-  RuleEntry Entry = IsRule ? EntryOf(RecordReturn, TextReturn)
-                           : EntryOf(std::string_view(SourcePassIn.Text), TextReturn);
+  ComparedEntry Entry = IsRule ? EntryOf(RecordReturn, TextReturn)
+                               : EntryOf(std::string_view(SourcePassIn.Text), TextReturn);
   Entry.Line = SourcePassIn.FirstLine;
   return Entry;
 }
 
 EntrySequence::EntrySequence(EntrySink TakePassIn) : Take(std::move(TakePassIn)) {}
 
-void EntrySequence::Add(const RuleText& SourcePassIn, const RuleEntry& EntryPassIn) {
+void EntrySequence::Add(const RuleText& SourcePassIn, const ComparedEntry& EntryPassIn) {
   if (!SourcePassIn.Continues) {
     Finish();
   }
@@ -35,7 +35,7 @@ void EntrySequence::Finish() {
     return;
   }
   std::string Text;
-  RuleEntry Entry = EntryOf(std::string_view(Pieces), Text);
+  ComparedEntry Entry = EntryOf(std::string_view(Pieces), Text);
   Entry.Line = PieceLine;
   Pass({Entry, Pieces, PiecesHaveReturns});
   Pieces.clear();

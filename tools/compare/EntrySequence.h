@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RuleEntry.h"
+#include "ComparedEntry.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -13,7 +13,7 @@ namespace Grammar {
 /// An entry with the bytes that it stands for. The entries of a file, one after the other, stand
 /// for all of its bytes.
 struct ReadEntry {
-  RuleEntry Entry;
+  ComparedEntry Entry;
   std::string_view Bytes;
   bool HasReturns = false;  ///< whether some line of it ends in CRLF
 };
@@ -23,8 +23,8 @@ using EntrySink = std::function<void(const ReadEntry&)>;
 /// Makes an entry of the text of a rule, or of another text.
 /// @param RecordReturn is written over
 /// @param TextReturn is written over; the entry points into it
-RuleEntry MakeEntry(const RuleText& SourcePassIn, RuleRecord& RecordReturn,
-                    std::string& TextReturn);
+ComparedEntry MakeEntry(const RuleText& SourcePassIn, RuleRecord& RecordReturn,
+                        std::string& TextReturn);
 
 /// Numbers the entries of a file, puts together what has come in pieces, and passes on each.
 class EntrySequence {
@@ -32,7 +32,7 @@ class EntrySequence {
   explicit EntrySequence(EntrySink TakePassIn);
 
   /// Adds the next text and its entry.
-  void Add(const RuleText& SourcePassIn, const RuleEntry& EntryPassIn);
+  void Add(const RuleText& SourcePassIn, const ComparedEntry& EntryPassIn);
 
   /// To be called after the last text.
   void Finish();

@@ -200,7 +200,7 @@ void FileMerge::KeepUnlessSame(const RuleMatch& Changed, bool IsOurs) {
   AddConflict(IsOurs, Changed.New, Kept.vsConflicts);
 }
 
-void FileMerge::AddConflict(bool IsInOurs, const RuleEntry& Entry,
+void FileMerge::AddConflict(bool IsInOurs, const ComparedEntry& Entry,
                             std::vector<std::string> vsSentences) {
   Report({IsInOurs, Entry.Line, std::move(vsSentences)});
 }
@@ -208,7 +208,7 @@ void FileMerge::AddConflict(bool IsInOurs, const RuleEntry& Entry,
 // ---- Added rules ------------------------------------------------------------------------------
 
 /// A matcher gets all old entries, which are those of ours, before the new ones.
-void FileMerge::KeepAddedByTheirs(const RuleEntry& Entry) {
+void FileMerge::KeepAddedByTheirs(const ComparedEntry& Entry) {
   Payload.clear();
   AppendHead(
       AddedEntry{Entry.Number, Entry.Line, Entry.HeaderBegin, Entry.BlockBegin, Entry.IsRule},
@@ -222,7 +222,7 @@ void FileMerge::MatchAdded() {
   for (SortRecord Record; AddedByTheirs.Next(Record);) {
     std::string_view Rest = Record.Payload;
     const auto Head = TakeHead<AddedEntry>(Rest);
-    RuleEntry Entry;
+    ComparedEntry Entry;
     Entry.Number = Head.Number;
     Entry.Line = Head.Line;
     Entry.HeaderBegin = static_cast<std::size_t>(Head.HeaderBegin);

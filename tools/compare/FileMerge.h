@@ -1,6 +1,6 @@
 #pragma once
 
-#include "EntryReader.h"
+#include "ComparedEntryReader.h"
 #include "JoinedTexts.h"
 #include "RuleMatcher.h"
 
@@ -101,10 +101,10 @@ class FileMerge {
   void MergeChanged(const RuleMatch& Ours, const RuleMatch& Theirs);
   void KeepUnlessSame(const RuleMatch& Changed, bool IsOurs);
   bool NextOfBase(RuleMatcher& Matcher, bool IsOurs, RuleMatch& MatchReturn);
-  void KeepAddedByTheirs(const RuleEntry& Entry);
+  void KeepAddedByTheirs(const ComparedEntry& Entry);
   void MatchAdded();
   void MergeAdded(const RuleMatch& Match);
-  void AddConflict(bool IsInOurs, const RuleEntry& Entry, std::vector<std::string> vsSentences);
+  void AddConflict(bool IsInOurs, const ComparedEntry& Entry, std::vector<std::string> vsSentences);
   void Place(const Result& New);
   void PlaceTheirs();
   void PlaceAt(std::uint64_t Ours, std::uint64_t Theirs, const Result& New);

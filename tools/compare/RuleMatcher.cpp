@@ -28,7 +28,7 @@ struct EntryHead {
   bool IsNew;
 };
 
-EntryHead HeadOf(bool IsNew, const RuleEntry& Entry) {
+EntryHead HeadOf(bool IsNew, const ComparedEntry& Entry) {
   EntryHead Head{};
   Head.Number = Entry.Number;
   Head.Line = Entry.Line;
@@ -55,8 +55,8 @@ HeadT TakeHead(std::string_view& BytesReturn) {
   return Head;
 }
 
-RuleEntry EntryFrom(const EntryHead& Head, std::string_view Text) {
-  RuleEntry Entry;
+ComparedEntry EntryFrom(const EntryHead& Head, std::string_view Text) {
+  ComparedEntry Entry;
   Entry.Number = Head.Number;
   Entry.Line = Head.Line;
   Entry.IsRule = Head.IsRule;
@@ -86,35 +86,35 @@ std::string_view GroupOf(std::string_view Key) {
 
 // ---- The keys of the passes -------------------------------------------------------------------
 
-void AppendSameKey(const RuleEntry& Entry, std::string& KeyReturn) {
+void AppendSameKey(const ComparedEntry& Entry, std::string& KeyReturn) {
   AppendHash(Entry.Text, KeyReturn);
 }
 
-void AppendHeaderKey(const RuleEntry& Entry, std::string& KeyReturn) {
+void AppendHeaderKey(const ComparedEntry& Entry, std::string& KeyReturn) {
   AppendGroup(Entry.Header(), KeyReturn);
   AppendHash(Entry.Block(), KeyReturn);
 }
 
-void AppendMeaningKey(const RuleEntry& Entry, std::string& KeyReturn) {
+void AppendMeaningKey(const ComparedEntry& Entry, std::string& KeyReturn) {
   std::string Hash;
   AppendHash(Entry.Block(), Hash);
   AppendGroup(Hash, KeyReturn);
 }
 
 /// The rule line of an entry, cut between its types and its sequences.
-std::pair<std::string_view, std::string_view> TypesAndSequences(const RuleEntry& Entry) {
+std::pair<std::string_view, std::string_view> TypesAndSequences(const ComparedEntry& Entry) {
   const std::string_view Line = Entry.Block().substr(0, Entry.Block().find('\n'));
   const std::size_t Cut = std::min(Line.find(" ["), Line.size());
   return {Line.substr(0, Cut), Line.substr(Cut)};
 }
 
-void AppendTypesKey(const RuleEntry& Entry, std::string& KeyReturn) {
+void AppendTypesKey(const ComparedEntry& Entry, std::string& KeyReturn) {
   const auto [Types, Sequences] = TypesAndSequences(Entry);
   AppendGroup(Types, KeyReturn);
   KeyReturn += Sequences;
 }
 
-void AppendSequencesKey(const RuleEntry& Entry, std::string& KeyReturn) {
+void AppendSequencesKey(const ComparedEntry& Entry, std::string& KeyReturn) {
   const auto [Types, Sequences] = TypesAndSequences(Entry);
   AppendGroup(Sequences, KeyReturn);
   KeyReturn += Types;
@@ -126,7 +126,7 @@ struct RuleMatcher::Held {
   EntryHead Head{};
   std::string Text;
 
-  RuleEntry Entry() const { return EntryFrom(Head, Text); }
+  ComparedEntry Entry() const { return EntryFrom(Head, Text); }
 };
 
 /// Entries that may belong together; those that have been matched leave it.
@@ -181,15 +181,15 @@ std::unique_ptr<ExternalSorter> RuleMatcher::MakeSorter(std::size_t Share) const
   return std::make_unique<ExternalSorter>(std::max<std::size_t>(Memory / Share, 1));
 }
 
-void RuleMatcher::AddOld(const RuleEntry& EntryPassIn) {
+void RuleMatcher::AddOld(const ComparedEntry& EntryPassIn) {
   Add(false, EntryPassIn);
 }
 
-void RuleMatcher::AddNew(const RuleEntry& EntryPassIn) {
+void RuleMatcher::AddNew(const ComparedEntry& EntryPassIn) {
   Add(true, EntryPassIn);
 }
 
-void RuleMatcher::Add(bool IsNew, const RuleEntry& EntryPassIn) {
+void RuleMatcher::Add(bool IsNew, const ComparedEntry& EntryPassIn) {
   if (EntryPassIn.Text.empty()) {
     return;
   }
@@ -295,7 +295,7 @@ void RuleMatcher::MatchGroups(ExternalSorter& From, GroupPairing Pair) {
 // ---- Pairing in a group -----------------------------------------------------------------------
 
 void RuleMatcher::PairByHeader(Group& GroupReturn) {
-  const RuleEntry First =
+  const ComparedEntry First =
       (GroupReturn.vOld.empty() ? GroupReturn.vNew : GroupReturn.vOld).front().Entry();
   if (!First.Header().empty()) {
     PairSameBlocks(MatchReason::Header, GroupReturn);
@@ -391,7 +391,7 @@ struct MatchHead {
 }  // namespace
 
 /// Keeps for the next pass what has no partner yet. A text that is no rule will not find one.
-void RuleMatcher::Forward(bool IsNew, const RuleEntry& EntryPassIn) {
+void RuleMatcher::Forward(bool IsNew, const ComparedEntry& EntryPassIn) {
   if (UnmatchedKey == nullptr || !EntryPassIn.IsRule) {
     ReturnSingle(IsNew, EntryPassIn);
     return;
@@ -404,8 +404,8 @@ void RuleMatcher::Forward(bool IsNew, const RuleEntry& EntryPassIn) {
   Unmatched->Add(Key, Payload);
 }
 
-void RuleMatcher::ReturnPair(MatchReason Reason, unsigned Score, const RuleEntry& Old,
-                             const RuleEntry& New) {
+void RuleMatcher::ReturnPair(MatchReason Reason, unsigned Score, const ComparedEntry& Old,
+                             const ComparedEntry& New) {
   if (Wanted == Scope::AllWithMoves) {
     vPlaces.push_back({Old.Number, New.Number});
   }
@@ -414,8 +414,8 @@ void RuleMatcher::ReturnPair(MatchReason Reason, unsigned Score, const RuleEntry
   }
 }
 
-void RuleMatcher::ReturnSingle(bool IsNew, const RuleEntry& EntryPassIn) {
-  const RuleEntry None;
+void RuleMatcher::ReturnSingle(bool IsNew, const ComparedEntry& EntryPassIn) {
+  const ComparedEntry None;
   Return({MatchReason::None, 0, !IsNew, IsNew, IsNew ? None : EntryPassIn,
           IsNew ? EntryPassIn : None});
 }
@@ -433,7 +433,7 @@ void RuleMatcher::Return(const RuleMatch& MatchPassIn) {
   Payload += MatchPassIn.Old.Text;
   Payload += MatchPassIn.Reason == MatchReason::Same ? std::string_view() : MatchPassIn.New.Text;
 
-  const RuleEntry& Placed = MatchPassIn.HasOld ? MatchPassIn.Old : MatchPassIn.New;
+  const ComparedEntry& Placed = MatchPassIn.HasOld ? MatchPassIn.Old : MatchPassIn.New;
   Key.clear();
   for (int Shift = 56; Shift >= 0; Shift -= 8) {
     Key += static_cast<char>(static_cast<unsigned char>(Placed.Number >> Shift));

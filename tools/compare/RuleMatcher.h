@@ -1,8 +1,8 @@
 #pragma once
 
+#include "ComparedEntry.h"
 #include "ExternalSorter.h"
 #include "MovedPlaces.h"
-#include "RuleEntry.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -28,8 +28,8 @@ struct RuleMatch {
   unsigned Score = 100;  ///< the likeness of the nearest, in percent
   bool HasOld = false;
   bool HasNew = false;
-  RuleEntry Old;
-  RuleEntry New;
+  ComparedEntry Old;
+  ComparedEntry New;
 };
 
 /// Matches the rules of an old file with those of a new one: those that are the same; then those
@@ -39,8 +39,8 @@ struct RuleMatch {
 /// no rules match only if they are the same. Each entry is in exactly one match.
 ///
 ///   RuleMatcher Matcher(std::size_t{64} << 20);
-///   for (const RuleEntry& Entry : vOld) { Matcher.AddOld(Entry); }
-///   for (const RuleEntry& Entry : vNew) { Matcher.AddNew(Entry); }
+///   for (const ComparedEntry& Entry : vOld) { Matcher.AddOld(Entry); }
+///   for (const ComparedEntry& Entry : vNew) { Matcher.AddNew(Entry); }
 ///   Matcher.Match();
 ///   for (RuleMatch Match; Matcher.Next(Match);) { … }
 ///
@@ -67,10 +67,10 @@ class RuleMatcher {
 
   /// Adds the next entry of the old file. All of them come before those of the new file. An entry
   /// without a text is left out.
-  void AddOld(const RuleEntry& EntryPassIn);
+  void AddOld(const ComparedEntry& EntryPassIn);
 
   /// Adds the next entry of the new file.
-  void AddNew(const RuleEntry& EntryPassIn);
+  void AddNew(const ComparedEntry& EntryPassIn);
 
   /// Matches what has been added. To be called once.
   void Match();
@@ -88,10 +88,10 @@ class RuleMatcher {
  private:
   struct Held;
   struct Group;
-  using KeyWriter = void (*)(const RuleEntry& Entry, std::string& KeyReturn);
+  using KeyWriter = void (*)(const ComparedEntry& Entry, std::string& KeyReturn);
   using GroupPairing = void (RuleMatcher::*)(Group& GroupReturn);
 
-  void Add(bool IsNew, const RuleEntry& EntryPassIn);
+  void Add(bool IsNew, const ComparedEntry& EntryPassIn);
   std::unique_ptr<ExternalSorter> MakeSorter(std::size_t Share) const;
 
   void StartPass(KeyWriter KeyPassIn);
@@ -106,9 +106,10 @@ class RuleMatcher {
   void PairInOrder(MatchReason Reason, Group& GroupReturn);
   void ForwardRest(Group& GroupReturn);
 
-  void Forward(bool IsNew, const RuleEntry& EntryPassIn);
-  void ReturnPair(MatchReason Reason, unsigned Score, const RuleEntry& Old, const RuleEntry& New);
-  void ReturnSingle(bool IsNew, const RuleEntry& EntryPassIn);
+  void Forward(bool IsNew, const ComparedEntry& EntryPassIn);
+  void ReturnPair(MatchReason Reason, unsigned Score, const ComparedEntry& Old,
+                  const ComparedEntry& New);
+  void ReturnSingle(bool IsNew, const ComparedEntry& EntryPassIn);
   void Return(const RuleMatch& MatchPassIn);
 
   std::size_t Memory;

@@ -29,7 +29,7 @@ RulePatch::RulePatch(std::vector<DiffHunk> vHunksPassIn)
 }
 
 void RulePatch::Take(const ReadEntry& EntryPassIn) {
-  const RuleEntry& Entry = EntryPassIn.Entry;
+  const ComparedEntry& Entry = EntryPassIn.Entry;
   HasReturns = Entry.Text.empty() ? HasReturns : EntryPassIn.HasReturns;
   const auto Fitting = Expected.find(Entry.Text);
   const bool IsChanged = Fitting != Expected.end() && !Fitting->second.empty() &&
@@ -51,7 +51,7 @@ void RulePatch::Take(const ReadEntry& EntryPassIn) {
 }
 
 /// Remembers what the file has instead of a rule that is expected.
-void RulePatch::Note(const RuleEntry& Entry) {
+void RulePatch::Note(const ComparedEntry& Entry) {
   const auto Result = Results.find(Entry.Text);
   if (Result != Results.end()) {
     for (const std::size_t Place : Result->second) {

@@ -55,7 +55,7 @@ class RulePatch {
     bool IsMadeAlready = false;
   };
 
-  void Note(const RuleEntry& Entry);
+  void Note(const ComparedEntry& Entry);
   PatchFault FaultOf(std::size_t Place) const;
 
   std::vector<DiffHunk> vHunks;

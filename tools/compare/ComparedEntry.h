@@ -13,7 +13,7 @@ namespace Grammar {
 ///
 /// A rule is there in the normal form. Any other text keeps its lines, with line feeds at their
 /// ends, but for blank lines at its beginning and its end.
-struct RuleEntry {
+struct ComparedEntry {
   std::uint64_t Number = 0;  ///< of the entry in its file, from 0
   std::uint64_t Line = 0;    ///< where it begins in its file, from 1
   bool IsRule = false;
@@ -33,11 +33,11 @@ struct RuleEntry {
 
 /// Writes a rule in the normal form, and says where its parts are.
 /// @param TextReturn is written over; the entry points into it
-RuleEntry EntryOf(const RuleRecord& RecordPassIn, std::string& TextReturn);
+ComparedEntry EntryOf(const RuleRecord& RecordPassIn, std::string& TextReturn);
 
 /// The lines of a text that is no rule.
 /// @param TextReturn is written over; the entry points into it. It is empty if there are only blank
 ///        lines.
-RuleEntry EntryOf(std::string_view TextPassIn, std::string& TextReturn);
+ComparedEntry EntryOf(std::string_view TextPassIn, std::string& TextReturn);
 
 }  // namespace Grammar

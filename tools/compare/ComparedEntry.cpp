@@ -1,12 +1,12 @@
-#include "RuleEntry.h"
+#include "ComparedEntry.h"
 
 #include "Bytes.h"
 #include "HeaderText.h"
 
 namespace Grammar {
 
-RuleEntry EntryOf(const RuleRecord& RecordPassIn, std::string& TextReturn) {
-  RuleEntry Entry;
+ComparedEntry EntryOf(const RuleRecord& RecordPassIn, std::string& TextReturn) {
+  ComparedEntry Entry;
   Entry.IsRule = true;
   TextReturn.clear();
   RecordPassIn.AppendComments(TextReturn);
@@ -19,7 +19,7 @@ RuleEntry EntryOf(const RuleRecord& RecordPassIn, std::string& TextReturn) {
   return Entry;
 }
 
-RuleEntry EntryOf(std::string_view TextPassIn, std::string& TextReturn) {
+ComparedEntry EntryOf(std::string_view TextPassIn, std::string& TextReturn) {
   TextReturn.clear();
   std::size_t End = 0;  // after the last line that is not blank
   while (!TextPassIn.empty()) {
@@ -36,7 +36,7 @@ RuleEntry EntryOf(std::string_view TextPassIn, std::string& TextReturn) {
     }
   }
   TextReturn.resize(End);
-  RuleEntry Entry;
+  ComparedEntry Entry;
   Entry.Text = TextReturn;
   return Entry;
 }

@@ -1,4 +1,4 @@
-#include "EntryReader.h"
+#include "ComparedEntryReader.h"
 
 #include "Pipeline.h"
 #include "RuleFiles.h"
@@ -15,7 +15,7 @@ namespace {
 struct EntryBatch {
   struct Read {
     RuleText Source;
-    RuleEntry Entry;
+    ComparedEntry Entry;
     std::string Text;
   };
 
