@@ -116,6 +116,7 @@ TEST(RuleMatcher, MatchesByHeaderThenByMeaningThenByNearest) {
        {"header 0-0 18", "header 1-1 100"}},
       {Bad, Bad, {"same 0-0 100"}},
       {Bad, "\r\n" + Bad, {"same 0-0 100"}},
+      {Bad + "; end\r\r\r\n", Bad + "; end\n", {"same 0-0 100"}},
       {Bad, "; about it\n" + Bad, {"removed 0- 0", "added -0 0"}},
       {"; alone\n", "; alone", {"same 0-0 100"}},
   };

@@ -26,7 +26,7 @@ ComparedEntry EntryOf(std::string_view TextPassIn, std::string& TextReturn) {
     const std::size_t Size = std::min(TextPassIn.find('\n'), TextPassIn.size());
     std::string_view Line = TextPassIn.substr(0, Size);
     TextPassIn.remove_prefix(std::min(Size + 1, TextPassIn.size()));
-    if (!Line.empty() && Line.back() == '\r') {
+    while (!Line.empty() && Line.back() == '\r') {
       Line.remove_suffix(1);
     }
     const bool IsBlank = Trimmed(Line).empty();
