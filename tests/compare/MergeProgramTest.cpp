@@ -69,6 +69,14 @@ TEST(FileMerge, JoinsARuleThatBothHaveAdded) {
             ";;Score:4\n; new\n{NP,1}\nNP::NP [A N] -> [N]\n(\n(X2::Y1)\n)\n");
 }
 
+TEST(FileMerge, AddsCountsAlsoWhereBothVersionsAreTheSame) {
+  const std::string Body = "{NP,1}\nNP::NP [A N] -> [N]\n(\n(X2::Y1)\n)\n";
+  EXPECT_EQ(MergeOf(";;Score:3\n" + Body, ";;Score:5\n" + Body, ";;Score:5\n" + Body).Text,
+            ";;Score:7\n" + Body);
+  EXPECT_EQ(MergeOf("", ";;Score:5\n" + Body, ";;Score:5\n" + Body).Text, ";;Score:10\n" + Body);
+  EXPECT_EQ(MergeOf("", Body, Body).Text, Body);
+}
+
 TEST(FileMerge, NeverLosesAByteOfOursWhereOnlyOursIsDamaged) {
   const std::string Text = One + Two + Bad + Three;
   for (std::size_t Size = 0; Size <= Text.size(); ++Size) {

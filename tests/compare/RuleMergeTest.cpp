@@ -50,11 +50,14 @@ TEST(CommentMerge, AddsCounts) {
     Strings Merged;
   } Cases[] = {
       {{";;Score:3"}, {";;Score:5"}, {";;Score:4"}, 3, {";;Score:6"}},
+      {{";;Score:3"}, {";;Score:5"}, {";;Score:5"}, 3, {";;Score:7"}},
       {{";;Score:3"}, {";;Score:1"}, {";;Score:1"}, 3, {";;Score:1"}},
       {{}, {}, {"; a", ";;Score:4"}, 1, {"; a", ";;Score:4"}},
       {{}, {";; Score: 2 or so", "; a"}, {}, 1, {";; Score: 2 or so", "; a"}},
       {{}, {"; a", ";;Score:2"}, {";;Score:2", "; b"}, 1, {"; a", ";;Score:3", "; b"}},
-      {{}, {}, {}, 0, {";;Score:2"}},
+      {{}, {}, {}, 0, {}},
+      {{}, {";;Score:2"}, {}, 0, {";;Score:3"}},
+      {{}, {";;Score:2"}, {";;Score:2"}, 0, {";;Score:4"}},
       {{";;Score:1"}, {";;Score:2147483647"}, {";;Score:9"}, 1, {";;Score:2147483647"}},
       {{";;Score:2"}, {";;Score:2", ";;Score:7"}, {";;Score:3"}, 2, {";;Score:3", ";;Score:7"}},
   };

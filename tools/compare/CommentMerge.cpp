@@ -154,12 +154,16 @@ std::vector<std::string> MergedComments(const std::vector<std::string>& vsBase,
   Strings vsComments;
   TakeWanted(OurUnits, Wanted, vsComments);
   TakeWanted(TheirUnits, Wanted, vsComments);
+  const CountLine Base(vsBase);
   const CountLine Ours(vsOurs);
   const CountLine Theirs(vsTheirs);
+  if (Base.sLine.empty() && Ours.sLine.empty() && Theirs.sLine.empty()) {
+    return vsComments;  // where nobody counts, nothing is counted
+  }
   constexpr std::int64_t Most = std::numeric_limits<int>::max();
   const std::int64_t Count =
       std::clamp<std::int64_t>(Ours.Count + Theirs.Count - BaseCountPassIn, 1, Most);
-  AddCount(MergedLine(Count, CountLine(vsBase), Ours, Theirs), Ours, vsComments);
+  AddCount(MergedLine(Count, Base, Ours, Theirs), Ours, vsComments);
   return vsComments;
 }
 

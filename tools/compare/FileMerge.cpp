@@ -157,13 +157,10 @@ void FileMerge::MergeMatch(const RuleMatch& Ours, const RuleMatch& Theirs) {
   const bool IsOurs = Ours.HasNew && Ours.New.Text != Ours.Old.Text;
   const bool IsTheirs = Theirs.HasNew && Theirs.New.Text != Theirs.Old.Text;
   if (Ours.HasNew && Theirs.HasNew) {
-    if (IsOurs && IsTheirs && Ours.New.Text != Theirs.New.Text) {
-      MergeChanged(Ours, Theirs);
+    if (IsOurs && IsTheirs) {
+      MergeChanged(Ours, Theirs);  // also where both are the same: the count may have grown twice
     } else {
-      Place({Ours.New.Number,
-             Theirs.New.Number,
-             IsTheirs && !IsOurs ? Outcome::Theirs : Outcome::Ours,
-             {}});
+      Place({Ours.New.Number, Theirs.New.Number, IsTheirs ? Outcome::Theirs : Outcome::Ours, {}});
     }
   } else if (IsOurs || IsTheirs) {
     KeepUnlessSame(IsOurs ? Ours : Theirs, IsOurs);
@@ -241,11 +238,11 @@ void FileMerge::MatchAdded() {
 /// Rules with one header are one rule where they say the same, and otherwise a conflict; all other
 /// rules have been added beside each other.
 void FileMerge::MergeAdded(const RuleMatch& Match) {
-  if (Match.Reason == MatchReason::Same) {
+  if (Match.Reason == MatchReason::Same && !Match.Old.IsRule) {
     Place({Match.Old.Number, Match.New.Number, Outcome::Ours, {}});
     return;
   }
-  if (Match.Reason != MatchReason::Header) {
+  if (Match.Reason != MatchReason::Header && Match.Reason != MatchReason::Same) {
     if (Match.HasOld) {
       Place({Match.Old.Number, None, Outcome::Ours, {}});
     }
@@ -258,7 +255,8 @@ void FileMerge::MergeAdded(const RuleMatch& Match) {
   const std::optional<ComparedRule> Theirs = ComparedRule::Of(Match.New.Text);
   if (Match.Old.Block() == Match.New.Block()) {
     const std::string Text = JoinAdded(*Ours, *Theirs);
-    Place({Match.Old.Number, Match.New.Number, Outcome::Written, Text});
+    const Outcome What = Text == Match.Old.Text ? Outcome::Ours : Outcome::Written;
+    Place({Match.Old.Number, Match.New.Number, What, Text});
     return;
   }
   const MergedRule First = KeepAdded(*Ours, true);
