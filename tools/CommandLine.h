@@ -14,7 +14,14 @@ using Action = std::function<int()>;
 /// Adds the options that every command over rules has: files, -o, --force, --quiet.
 void AddRunOptions(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
 
+/// Adds -o.
+void AddOutput(CLI::App& CommandReturn, std::string& FileReturn);
+
+/// Adds --quiet.
+void AddQuiet(CLI::App& CommandReturn, bool& QuietReturn);
+
 /// Adds --threads, which changes nothing of what is written.
+void AddThreads(CLI::App& CommandReturn, unsigned& ThreadsReturn);
 void AddThreads(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
 
 /// Adds --keep-bad.

@@ -34,16 +34,9 @@ void AddFiles(CLI::App& CommandReturn, Grammar::DiffOptions& OptionsReturn) {
   CommandReturn.add_option("NEW", OptionsReturn.New, "the new file; - is standard input")
       ->required()
       ->type_name("");
-  CommandReturn
-      .add_option("-o,--output", OptionsReturn.Output,
-                  "write to this file, which appears whole or not at all")
-      ->type_name("FILE");
-  CommandReturn.add_flag("-q,--quiet", OptionsReturn.Quiet, "show no progress at a terminal");
-  CommandReturn
-      .add_option("--threads", OptionsReturn.Threads,
-                  "use this number of threads; all cores by default")
-      ->check(CLI::Range(1U, 1024U))
-      ->type_name("N");
+  AddOutput(CommandReturn, OptionsReturn.Output);
+  AddQuiet(CommandReturn, OptionsReturn.Quiet);
+  AddThreads(CommandReturn, OptionsReturn.Threads);
   AddMemoryOption(CommandReturn, OptionsReturn.Memory);
 }
 

@@ -37,18 +37,11 @@ void AddMergeCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
       ProgramReturn.add_subcommand("merge", "Merge two versions of a file of rules");
   const auto Options = std::make_shared<Grammar::MergeOptions>();
   AddFiles(*Command, *Options);
-  Command
-      ->add_option("-o,--output", Options->Output,
-                   "write to this file, which appears whole or not at all")
-      ->type_name("FILE");
+  AddOutput(*Command, Options->Output);
   Command->add_option("--path", Options->Name, "call OURS by this name in messages")
       ->type_name("NAME");
-  Command->add_flag("-q,--quiet", Options->Quiet, "show no progress at a terminal");
-  Command
-      ->add_option("--threads", Options->Threads,
-                   "use this number of threads; all cores by default")
-      ->check(CLI::Range(1U, 1024U))
-      ->type_name("N");
+  AddQuiet(*Command, Options->Quiet);
+  AddThreads(*Command, Options->Threads);
   AddMemoryOption(*Command, Options->Memory);
   Command->footer(Footer);
   Command->callback(

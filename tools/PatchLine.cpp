@@ -23,18 +23,11 @@ void AddOptions(CLI::App& CommandReturn, Grammar::PatchOptions& OptionsReturn) {
       .add_option("DIFF", OptionsReturn.Diff, "what trrule diff has written; - is standard input")
       ->required()
       ->type_name("");
-  CommandReturn
-      .add_option("-o,--output", OptionsReturn.Output,
-                  "write to this file, which appears whole or not at all")
-      ->type_name("FILE");
+  AddOutput(CommandReturn, OptionsReturn.Output);
   CommandReturn.add_flag("--reverse", OptionsReturn.IsReversed,
                          "turn the new file into the old one");
-  CommandReturn.add_flag("-q,--quiet", OptionsReturn.Quiet, "show no progress at a terminal");
-  CommandReturn
-      .add_option("--threads", OptionsReturn.Threads,
-                  "use this number of threads; all cores by default")
-      ->check(CLI::Range(1U, 1024U))
-      ->type_name("N");
+  AddQuiet(CommandReturn, OptionsReturn.Quiet);
+  AddThreads(CommandReturn, OptionsReturn.Threads);
 }
 
 }  // namespace

@@ -278,12 +278,4 @@ std::size_t MemoryForSorting(std::size_t Memory) {
   return Memory > 2 * Program ? Memory - Program : Memory / 2;
 }
 
-std::string SortableNumber(std::uint64_t Number) {
-  std::string Bytes;
-  for (int Shift = 56; Shift >= 0; Shift -= 8) {
-    Bytes += static_cast<char>(static_cast<unsigned char>(Number >> Shift));
-  }
-  return Bytes;
-}
-
 }  // namespace Grammar

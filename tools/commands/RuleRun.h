@@ -107,7 +107,4 @@ int CollectRules(const RunOptions& Options, RuleCollector& Collector);
 /// the rule at hand.
 std::size_t MemoryForSorting(std::size_t Memory);
 
-/// A number as eight bytes that sort like it.
-std::string SortableNumber(std::uint64_t Number);
-
 }  // namespace Grammar

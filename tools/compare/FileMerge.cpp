@@ -2,10 +2,10 @@
 
 #include "FileMerge.h"
 
+#include "RecordHead.h"
 #include "RuleMerge.h"
 
 #include <algorithm>
-#include <cstring>
 #include <optional>
 #include <utility>
 
@@ -14,21 +14,6 @@ namespace Grammar {
 // ---- Texts of versions ------------------------------------------------------------------------
 
 namespace {
-
-template <typename HeadT>
-void AppendHead(const HeadT& Head, std::string& BytesReturn) {
-  const std::size_t Begin = BytesReturn.size();
-  BytesReturn.resize(Begin + sizeof Head);
-  std::memcpy(&BytesReturn[Begin], &Head, sizeof Head);
-}
-
-template <typename HeadT>
-HeadT TakeHead(std::string_view& BytesReturn) {
-  HeadT Head{};
-  std::memcpy(&Head, BytesReturn.data(), sizeof Head);
-  BytesReturn.remove_prefix(sizeof Head);
-  return Head;
-}
 
 std::string ReadAll(const SpillFile& From, std::uint64_t Begin, std::uint64_t Size) {
   std::string Bytes(static_cast<std::size_t>(Size), '\0');
@@ -277,13 +262,6 @@ struct ResultHead {
   char What;
 };
 
-/// A number as bytes that sort like it.
-void AppendSortable(std::uint64_t Number, std::string& KeyReturn) {
-  for (unsigned Shift = 64; Shift > 0; Shift -= 8) {
-    KeyReturn += static_cast<char>(static_cast<unsigned char>(Number >> (Shift - 8)));
-  }
-}
-
 }  // namespace
 
 /// What theirs has waits until it is known where it stands there.
@@ -292,12 +270,10 @@ void FileMerge::Place(const Result& New) {
     PlaceAt(New.Ours + 1, 0, New);
     return;
   }
-  std::string Key;
-  AppendSortable(New.Theirs, Key);
   Payload.clear();
   AppendHead(ResultHead{New.Ours, New.Theirs, static_cast<char>(New.What)}, Payload);
   Payload += New.Text;
-  WithTheirs.Add(Key, Payload);
+  WithTheirs.Add(SortableNumber(New.Theirs), Payload);
 }
 
 /// What ours does not have comes after what both have that is before it in theirs.
@@ -318,13 +294,10 @@ void FileMerge::PlaceTheirs() {
 }
 
 void FileMerge::PlaceAt(std::uint64_t Ours, std::uint64_t Theirs, const Result& New) {
-  std::string Key;
-  AppendSortable(Ours, Key);
-  AppendSortable(Theirs, Key);
   Payload.clear();
   AppendHead(ResultHead{New.Ours, New.Theirs, static_cast<char>(New.What)}, Payload);
   Payload += New.Text;
-  Results.Add(Key, Payload);
+  Results.Add(SortableNumber(Ours) + SortableNumber(Theirs), Payload);
 }
 
 // ---- Writing ----------------------------------------------------------------------------------

@@ -3,10 +3,10 @@
 #include "RuleMatcher.h"
 
 #include "NearestRules.h"
+#include "RecordHead.h"
 #include "SumPair.h"
 
 #include <algorithm>
-#include <cstring>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -37,21 +37,6 @@ EntryHead HeadOf(bool IsNew, const ComparedEntry& Entry) {
   Head.TextSize = Entry.Text.size();
   Head.IsRule = Entry.IsRule;
   Head.IsNew = IsNew;
-  return Head;
-}
-
-template <typename HeadT>
-void AppendHead(const HeadT& Head, std::string& BytesReturn) {
-  const std::size_t Begin = BytesReturn.size();
-  BytesReturn.resize(Begin + sizeof Head);
-  std::memcpy(&BytesReturn[Begin], &Head, sizeof Head);
-}
-
-template <typename HeadT>
-HeadT TakeHead(std::string_view& BytesReturn) {
-  HeadT Head{};
-  std::memcpy(&Head, BytesReturn.data(), sizeof Head);
-  BytesReturn.remove_prefix(sizeof Head);
   return Head;
 }
 

@@ -324,4 +324,12 @@ bool ExternalSorter::Next(SortRecord& RecordReturn) {
   return true;
 }
 
+std::string SortableNumber(std::uint64_t Number) {
+  std::string Bytes;
+  for (int Shift = 56; Shift >= 0; Shift -= 8) {
+    Bytes += static_cast<char>(static_cast<unsigned char>(Number >> Shift));
+  }
+  return Bytes;
+}
+
 }  // namespace Grammar

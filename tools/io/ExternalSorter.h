@@ -104,4 +104,7 @@ class ExternalSorter {
   std::unique_ptr<Merger> Merging;
 };
 
+/// A number as a key: eight bytes that sort like it.
+std::string SortableNumber(std::uint64_t Number);
+
 }  // namespace Grammar
