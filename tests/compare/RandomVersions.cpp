@@ -85,7 +85,7 @@ ComparedRule RandomRule(RandomInput& Random) {
   for (;;) {
     ComparedRule Rule;
     Rule.Header = RandomHeader(Random);
-    for (const std::size_t Side : {0, 1}) {
+    for (const std::size_t Side : {std::size_t{0}, std::size_t{1}}) {
       Rule.Types[Side] = Random.Pick(Types);
       for (std::size_t Count = OneTo(Random, 4); Count > 0; --Count) {
         Rule.Labels[Side].push_back(Random.Pick(Labels));
@@ -197,7 +197,7 @@ std::string RandomLayout(RandomInput& Random, const ComparedRule& Rule) {
   }
   Text += Laid.Header.empty() ? "" : Laid.Header + '\n';
   Text += Laid.Types[0] + "::" + Laid.Types[1] + (Random.Below(2) == 0 ? " : [" : " [");
-  for (const std::size_t Side : {0, 1}) {
+  for (const std::size_t Side : {std::size_t{0}, std::size_t{1}}) {
     for (std::size_t At = 0; At < Laid.Labels[Side].size(); ++At) {
       Text += (At == 0 ? "" : " ") + Laid.Labels[Side][At];
     }
