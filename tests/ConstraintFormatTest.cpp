@@ -9,6 +9,8 @@
 #include <vector>
 
 using TrRuleInternal::ConstraintStop;
+using TrRuleInternal::ForLibrary;
+using TrRuleInternal::IsMistakenForValue;
 using TrRuleInternal::ParseConstraint;
 
 namespace {
@@ -73,6 +75,27 @@ TEST(ConstraintFormat, ReportsWhereItDepartsFromTheFormat) {
                                                                {"1. (x0 = x1)", 0}};
   for (const auto& [sText, Stopped] : Cases) {
     EXPECT_EQ(Described(sText), "stopped at " + std::to_string(Stopped)) << sText;
+  }
+}
+
+TEST(ConstraintFormat, TakesNoBlankBeforeAListOrANode) {
+  EXPECT_EQ(Described("((x0 num) = ( *OR* a))"), "stopped at 13");
+  EXPECT_EQ(Described("((x0 num) = (x1))"), "stopped at 13");
+}
+
+TEST(ConstraintFormat, KnowsWhichReferencesTheLibraryMistakesForValues) {
+  const std::pair<std::string, std::string> Cases[] = {
+      {"((x0 num) = (x1 num))", ""},
+      {"((x0 num) == (x1 num))", "((x0 num) = (x1 num))"},
+      {"((x0 num) == sg)", ""},
+      {"(y1 == (y0 det))", ""},
+  };
+  for (const auto& [sText, sForLibrary] : Cases) {
+    ConstraintStop Stop;
+    const auto Parts = ParseConstraint(sText, Stop);
+    ASSERT_TRUE(Parts) << sText;
+    EXPECT_EQ(IsMistakenForValue(*Parts), !sForLibrary.empty()) << sText;
+    EXPECT_EQ(ForLibrary(sText, *Parts), sForLibrary.empty() ? sText : sForLibrary);
   }
 }
 
