@@ -11,6 +11,11 @@ void AddRunOptions(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn) {
   AddQuiet(CommandReturn, RunReturn.Quiet);
 }
 
+void AddFile(CLI::App& CommandReturn, const std::string& Name, std::string& FileReturn,
+             const std::string& Description) {
+  CommandReturn.add_option(Name, FileReturn, Description)->required()->type_name("");
+}
+
 void AddOutput(CLI::App& CommandReturn, std::string& FileReturn) {
   CommandReturn
       .add_option("-o,--output", FileReturn,

@@ -14,6 +14,10 @@ using Action = std::function<int()>;
 /// Adds the options that every command over rules has: files, -o, --force, --quiet.
 void AddRunOptions(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn);
 
+/// Adds an argument that has to be there: one file, such as OLD.
+void AddFile(CLI::App& CommandReturn, const std::string& Name, std::string& FileReturn,
+             const std::string& Description);
+
 /// Adds -o.
 void AddOutput(CLI::App& CommandReturn, std::string& FileReturn);
 

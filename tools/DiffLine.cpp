@@ -28,12 +28,8 @@ constexpr const char* Footer =
     "  trrule diff -o changes.diff old.trr new.trr\n";
 
 void AddFiles(CLI::App& CommandReturn, Grammar::DiffOptions& OptionsReturn) {
-  CommandReturn.add_option("OLD", OptionsReturn.Old, "the old file; - is standard input")
-      ->required()
-      ->type_name("");
-  CommandReturn.add_option("NEW", OptionsReturn.New, "the new file; - is standard input")
-      ->required()
-      ->type_name("");
+  AddFile(CommandReturn, "OLD", OptionsReturn.Old, "the old file; - is standard input");
+  AddFile(CommandReturn, "NEW", OptionsReturn.New, "the new file; - is standard input");
   AddOutput(CommandReturn, OptionsReturn.Output);
   AddQuiet(CommandReturn, OptionsReturn.Quiet);
   AddThreads(CommandReturn, OptionsReturn.Threads);

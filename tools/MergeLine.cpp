@@ -22,12 +22,9 @@ constexpr const char* Footer =
     "  trrule merge -o merged.trr base.trr ours.trr theirs.trr\n";
 
 void AddFiles(CLI::App& CommandReturn, Grammar::MergeOptions& OptionsReturn) {
-  const auto Add = [&](const char* Name, std::string& FileReturn, const char* Description) {
-    CommandReturn.add_option(Name, FileReturn, Description)->required()->type_name("");
-  };
-  Add("BASE", OptionsReturn.Base, "what both versions come from");
-  Add("OURS", OptionsReturn.Ours, "the version whose order is kept");
-  Add("THEIRS", OptionsReturn.Theirs, "the other version");
+  AddFile(CommandReturn, "BASE", OptionsReturn.Base, "what both versions come from");
+  AddFile(CommandReturn, "OURS", OptionsReturn.Ours, "the version whose order is kept");
+  AddFile(CommandReturn, "THEIRS", OptionsReturn.Theirs, "the other version");
 }
 
 }  // namespace

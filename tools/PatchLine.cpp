@@ -16,13 +16,9 @@ constexpr const char* Footer =
     "  trrule patch -o grammar.trr grammar.trr changes.diff\n";
 
 void AddOptions(CLI::App& CommandReturn, Grammar::PatchOptions& OptionsReturn) {
-  CommandReturn.add_option("FILE", OptionsReturn.File, "the rules to change; - is standard input")
-      ->required()
-      ->type_name("");
-  CommandReturn
-      .add_option("DIFF", OptionsReturn.Diff, "what trrule diff has written; - is standard input")
-      ->required()
-      ->type_name("");
+  AddFile(CommandReturn, "FILE", OptionsReturn.File, "the rules to change; - is standard input");
+  AddFile(CommandReturn, "DIFF", OptionsReturn.Diff,
+          "what trrule diff has written; - is standard input");
   AddOutput(CommandReturn, OptionsReturn.Output);
   CommandReturn.add_flag("--reverse", OptionsReturn.IsReversed,
                          "turn the new file into the old one");
