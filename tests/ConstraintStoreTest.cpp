@@ -86,6 +86,30 @@ TEST(ConstraintStore, MakesKeys) {
   }
 }
 
+/// Compares the key that was appended to a text with "4__1__AGRGEN__SG", and its places.
+void ExpectAppended(const std::string& Before, const TrRuleInternal::KeyPlaces& Places,
+                    const std::string& Text) {
+  EXPECT_EQ(Text, Before + "4__1__AGRGEN__SG");
+  EXPECT_EQ(Places.Begin, Before.size());
+  EXPECT_EQ(Text.substr(Places.FeatureBegin, Places.FeatureSize), "AGRGEN");
+  EXPECT_EQ(Text.substr(Places.ValueBegin), "SG");
+}
+
+TEST(ConstraintStore, AppendsKeysToATextWithTheirPlaces) {
+  for (const std::string& Before : {""s, "4__2__GEN__M"s}) {
+    std::string Text = Before;
+    const TrRuleInternal::KeyPlaces Kept =
+        TrRuleInternal::AppendKey({4, 1, "AGRGEN", "SG", true}, Text);
+    ExpectAppended(Before, Kept, Text);
+
+    TrRuleInternal::ConstraintParts Parts;
+    ASSERT_TRUE(ParseCommonForm("((y1 agr gen) = sg)", Parts));
+    Text = Before;
+    const TrRuleInternal::KeyPlaces Written = AppendKey(Parts, ViewOfCommonForm(Parts), Text);
+    ExpectAppended(Before, Written, Text);
+  }
+}
+
 TEST(ConstraintStore, MergesTheWordsOfTwoValues) {
   struct Case {
     std::string Old;
