@@ -9,8 +9,10 @@ namespace Grammar {
 /// and with what it has added. An example, with all of its lines, is one comment; what both have
 /// added is added once. The count becomes that of the base and what both have added to it.
 ///
-///   MergedComments({";;Score:3"}, {";;Score:5"}, {";;Score:4", "; new"});
-///   // {";;Score:6", "; new"}
+/// @code
+/// const std::vector<std::string> vsTheirs = {";;Score:4", "; new"};
+/// MergedComments({";;Score:3"}, {";;Score:5"}, vsTheirs, 3);  // {";;Score:6", "; new"}
+/// @endcode
 ///
 /// @param BaseCountPassIn the count of the base; 0 if it does not have the rule
 std::vector<std::string> MergedComments(const std::vector<std::string>& vsBase,

@@ -10,12 +10,16 @@ namespace Grammar {
 /// the rest a longest common part. Where that would take more than a million comparisons, the rest
 /// has nothing in common.
 ///
-///   const std::string Old = "abcd";
-///   const std::string New = "axcd";
-///   const CommonLines Common(4, 4, [&](std::size_t At, std::size_t Other) {
-///     return Old[At] == New[Other];
-///   });
-///   Common.HasOld(1);  // false: "b" is in the old list alone
+/// @code
+/// const std::string Old = "abcd";
+/// const std::string New = "axcd";
+/// const CommonLines Common(4, 4, [&](std::size_t At, std::size_t Other) {
+///   return Old[At] == New[Other];
+/// });
+/// Common.HasOld(0);  // true
+/// Common.HasOld(1);  // false
+/// Common.HasNew(1);  // false
+/// @endcode
 class CommonLines {
  public:
   using SamenessTest = std::function<bool(std::size_t Old, std::size_t New)>;

@@ -12,9 +12,14 @@ namespace Grammar {
 
 /// A rule in the normal form, taken apart into what can differ by itself.
 ///
-///   const auto Rule = ComparedRule::Of("{NP,8}\nNP::NP : [DET N] -> [N]\n(\n(X2::Y1)\n(x0 =
-///   x2)\n)"); Rule->Header;               // "{NP,8}" Rule->Labels[0].front();    // "DET"
-///   Rule->vsConstraints[0];     // "(X0 = X2)"
+/// @code
+/// const auto Rule = ComparedRule::Of("{NP,8}\nNP::NP : [DET N] -> [N]\n(X2::Y1)\n(x0 = x2)\n");
+/// Rule->Header;                        // "{NP,8}"
+/// Rule->Labels[ComparedRule::Source];  // {"DET", "N"}
+/// Rule->vsAlignments;                  // {"(X2::Y1)"}
+/// Rule->vsConstraints;                 // {"(X0 = X2)"}
+/// Rule->Text();  // "{NP,8}\nNP::NP [DET N] -> [N]\n(\n(X2::Y1)\n(X0 = X2)\n)\n"
+/// @endcode
 struct ComparedRule {
   static constexpr std::size_t Source = 0;
   static constexpr std::size_t Target = 1;

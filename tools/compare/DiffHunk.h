@@ -55,6 +55,15 @@ std::optional<DiffHunk> HunkOf(const RuleMatch& MatchPassIn, bool IsMovedPassIn)
 void Reverse(DiffHunk& HunkReturn);
 
 /// How many differences there are of each kind, and of which parts.
+///
+/// @code
+/// DiffHunk Added;
+/// Added.Kind = HunkKind::Added;
+/// DiffTally Tally;
+/// Tally.Add(Added);
+/// Tally.Add(Added);
+/// Tally.Words();  // "2 added"
+/// @endcode
 struct DiffTally {
   std::array<std::uint64_t, HunkKinds> Hunks{};
   std::array<std::uint64_t, static_cast<std::size_t>(PartKind::Comment) + 1> Parts{};

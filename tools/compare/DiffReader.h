@@ -20,8 +20,11 @@ struct DiffFault {
 /// differences. A diff whose lines all end in CRLF is read as well, and an empty text is the diff
 /// of files that are the same.
 ///
-///   std::vector<DiffHunk> vHunks;
-///   ReadDiff("--- a\n", vHunks)->Message;  // "the diff ends too early"
+/// @code
+/// std::vector<DiffHunk> vHunks;
+/// ReadDiff("", vHunks).has_value();      // false
+/// ReadDiff("--- a\n", vHunks)->Message;  // "the diff ends too early"
+/// @endcode
 ///
 /// Lines that begin with "#", names of files, and what follows a kind are not looked at.
 /// @return nothing if the text is a diff

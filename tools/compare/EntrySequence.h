@@ -48,6 +48,14 @@ class EntrySequence {
 };
 
 /// Passes on the entries of a text that is in memory.
+///
+/// @code
+/// std::vector<std::string> vsTexts;
+/// PassEntries("NP::NP : [N] -> [N]\n(X1::Y1)\n; last\n", [&](const ReadEntry& Read) {
+///   vsTexts.emplace_back(Read.Entry.Text);
+/// });
+/// vsTexts;  // {"; last\nNP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n"}
+/// @endcode
 void PassEntries(std::string TextPassIn, const EntrySink& TakePassIn);
 
 }  // namespace Grammar

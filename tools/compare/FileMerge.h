@@ -54,12 +54,21 @@ class VersionTexts {
 /// there. What cannot be read as a rule is text: kept where either version keeps it unchanged and
 /// the other one does not remove it.
 ///
-///   FileMerge Merge(std::size_t{64} << 20);
-///   // Read the base, then ours, then theirs:
-///   ReadEntries(Base, [&](const ReadEntry& Entry) { Merge.AddBase(Entry); });
-///   …
-///   Merge.Merge(ReportConflict);
-///   Merge.PassTo(Take);
+/// @code
+/// FileMerge Versions(std::size_t{64} << 20);
+/// PassEntries("NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n",
+///             [&](const ReadEntry& Entry) { Versions.AddBase(Entry); });
+/// PassEntries("NP::NP [N] -> [ADJ]\n(\n(X1::Y1)\n)\n",
+///             [&](const ReadEntry& Entry) { Versions.AddOurs(Entry); });
+/// PassEntries("NP::NP [N] -> [N]\n(\n(X1::Y1)\n(X0 = X1)\n)\n",
+///             [&](const ReadEntry& Entry) { Versions.AddTheirs(Entry); });
+/// int Conflicts = 0;
+/// Versions.Merge([&](const MergeConflict&) { ++Conflicts; });
+/// std::string Merged;
+/// Versions.PassTo([&](std::string_view Bytes) { Merged += Bytes; });
+/// Conflicts;  // 0
+/// Merged;     // "NP::NP [N] -> [ADJ]\n(\n(X1::Y1)\n(X0 = X1)\n)\n"
+/// @endcode
 ///
 /// What goes beyond the memory is put into temporary files.
 class FileMerge {

@@ -29,6 +29,17 @@ struct JoinedText {
 /// Where one would get lines of the other, since a body has no end, or since there are comments
 /// after it, a rule is written in the normal form, and a text that is no rule is written at the end
 /// of the file. What has been joined is kept in a temporary file.
+///
+/// @code
+/// const std::string Open = "NP::NP : [N] -> [N]\n(\n(X1::Y1)\n";
+/// JoinedTexts Joined;
+/// Joined.Add({Open, "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n"});
+/// Joined.Add({Open, "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n"});
+/// Joined.Finish();  // true
+/// std::string Whole;
+/// Joined.PassTo([&](std::string_view Bytes) { Whole += Bytes; });
+/// Whole;  // "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n" + Open
+/// @endcode
 class JoinedTexts {
  public:
   /// Adds the next text of a file.

@@ -14,7 +14,9 @@ struct PlacePair {
 /// The old places of the fewest things that must have moved: all but a longest part that is in the
 /// same order in both lists. Of several such parts, the one whose things come last is kept.
 ///
-///   FindMoved({{0, 2}, {1, 0}, {2, 1}});  // {0}
+/// @code
+/// FindMoved({{0, 2}, {1, 0}, {2, 1}});  // {0}
+/// @endcode
 ///
 /// n log n.
 /// @return the places in ascending order

@@ -17,9 +17,12 @@ RuleTokens TokensOf(std::string_view BlockPassIn);
 /// How much two rules have in common, from 0 to 100: twice the number of tokens that both have, by
 /// the number of all.
 ///
-///   const RuleTokens Old = TokensOf("NP::NP [DET N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)");
-///   const RuleTokens New = TokensOf("NP::NP [DET N] -> [DET N]\n(\n(X1::Y1)\n)");
-///   Likeness(Old, New);  // 92
+/// @code
+/// const RuleTokens Old = TokensOf("NP::NP [DET N] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)");
+/// const RuleTokens New = TokensOf("NP::NP [DET N] -> [DET N]\n(\n(X1::Y1)\n)");
+/// Likeness(Old, New);  // 92
+/// @endcode
+///
 unsigned Likeness(const RuleTokens& OldPassIn, const RuleTokens& NewPassIn);
 
 /// An old and a new rule that are taken for two versions of one, by their places in the lists.

@@ -14,11 +14,14 @@
 /// constraint by its left side, the count, and each comment by its text. Where one side has got
 /// another number of components, its whole sequence is one part.
 ///
-///   const auto Old = ComparedRule::Of("NP::NP : [N] -> [N]\n(\n(X1::Y1)\n((y1 num) = sg)\n)");
-///   const auto New = ComparedRule::Of("NP::NP : [N] -> [ADJ]\n(\n(X1::Y1)\n((y1 num) = pl)\n)");
-///   const std::vector<PartChange> vChanges = DifferencesOf(*Old, *New);
-///   Describe(vChanges[0]);  // "component 1 of the target: N becomes ADJ"
-///   Describe(vChanges[1]);  // "constraint ((Y1 NUM) = …): SG becomes PL"
+/// @code
+/// const auto Old = ComparedRule::Of("NP::NP : [N] -> [N]\n(\n(X1::Y1)\n((y1 num) = sg)\n)");
+/// const auto New = ComparedRule::Of("NP::NP : [N] -> [ADJ]\n(\n(X1::Y1)\n((y1 num) = pl)\n)");
+/// const std::vector<PartChange> vChanges = DifferencesOf(*Old, *New);
+/// vChanges.size();        // 2
+/// Describe(vChanges[0]);  // "component 1 of the target: N becomes ADJ"
+/// Describe(vChanges[1]);  // "constraint ((Y1 NUM) = …): SG becomes PL"
+/// @endcode
 
 namespace Grammar {
 

@@ -38,11 +38,19 @@ struct RuleMatch {
 /// that say the same go together, then the nearest, then the others in their order. Texts that are
 /// no rules match only if they are the same. Each entry is in exactly one match.
 ///
-///   RuleMatcher Matcher(std::size_t{64} << 20);
-///   for (const ComparedEntry& Entry : vOld) { Matcher.AddOld(Entry); }
-///   for (const ComparedEntry& Entry : vNew) { Matcher.AddNew(Entry); }
-///   Matcher.Match();
-///   for (RuleMatch Match; Matcher.Next(Match);) { … }
+/// @code
+/// RuleMatcher Matcher(std::size_t{64} << 20, RuleMatcher::Scope::Differences);
+/// PassEntries("{NP,1}\nNP::NP [N] -> [N]\n(X1::Y1)\n",
+///             [&](const ReadEntry& Read) { Matcher.AddOld(Read.Entry); });
+/// PassEntries("{NP,2}\nNP::NP [N] -> [N]\n(X1::Y1)\n",
+///             [&](const ReadEntry& Read) { Matcher.AddNew(Read.Entry); });
+/// Matcher.Match();
+/// RuleMatch Match;
+/// Matcher.Next(Match);  // true
+/// Match.Reason;         // MatchReason::Meaning
+/// Match.New.Header();   // "{NP,2}"
+/// Matcher.Next(Match);  // false
+/// @endcode
 ///
 /// What goes beyond the memory is put into temporary files, but for 48 bytes of each old entry that
 /// is the same as many others. Of rules that have one header, or that might be nearest to each

@@ -18,11 +18,14 @@ struct MergedRule {
 /// Changes of one part to different things are a conflict, and so are changes that together make no
 /// rule, such as constraints in a cycle.
 ///
-///   const auto Base = ComparedRule::Of("NP::NP [N] -> [N]\n(\n(X1::Y1)\n)");
-///   const auto Ours = ComparedRule::Of("NP::NP [N] -> [ADJ]\n(\n(X1::Y1)\n)");
-///   const auto Theirs = ComparedRule::Of("NP::NP [N] -> [N]\n(\n(X1::Y1)\n(X0 = X1)\n)");
-///   MergeRules(*Base, *Ours, *Theirs).Text;
-///   // "NP::NP [N] -> [ADJ]\n(\n(X1::Y1)\n(X0 = X1)\n)\n"
+/// @code
+/// const auto Base = ComparedRule::Of("NP::NP [N] -> [N]\n(\n(X1::Y1)\n)");
+/// const auto Ours = ComparedRule::Of("NP::NP [N] -> [ADJ]\n(\n(X1::Y1)\n)");
+/// const auto Theirs = ComparedRule::Of("NP::NP [N] -> [N]\n(\n(X1::Y1)\n(X0 = X1)\n)");
+/// const MergedRule Merged = MergeRules(*Base, *Ours, *Theirs);
+/// Merged.Text;                // "NP::NP [N] -> [ADJ]\n(\n(X1::Y1)\n(X0 = X1)\n)\n"
+/// Merged.vsConflicts.size();  // 0
+/// @endcode
 MergedRule MergeRules(const ComparedRule& Base, const ComparedRule& Ours,
                       const ComparedRule& Theirs);
 

@@ -27,9 +27,19 @@ struct PatchFault {
 /// so that it makes no difference where they stand; of several that are the same, the first is
 /// taken.
 ///
-///   RulePatch Patch(std::move(vHunks));
-///   ReadEntries(Reading, [&](const ReadEntry& Entry) { Patch.Take(Entry); });
-///   if (Patch.Finish().empty()) { Patch.PassTo(Take); }
+/// @code
+/// DiffHunk Hunk;
+/// Hunk.Kind = HunkKind::Changed;
+/// Hunk.OldText = "NP::NP [N] -> [N]\n(\n(X1::Y1)\n)\n";
+/// Hunk.NewText = "NP::NP [N] -> [ADJ]\n(\n(X1::Y1)\n)\n";
+/// RulePatch Patch({Hunk});
+/// PassEntries("N::N : [D] -> [D]\n((X1::Y1))\nNP::NP : [N] -> [N]\n(X1::Y1)\n",
+///             [&](const ReadEntry& Entry) { Patch.Take(Entry); });
+/// Patch.Finish().size();  // 0
+/// std::string Patched;
+/// Patch.PassTo([&](std::string_view Bytes) { Patched += Bytes; });
+/// Patched;  // "N::N : [D] -> [D]\n((X1::Y1))\nNP::NP [N] -> [ADJ]\n(\n(X1::Y1)\n)\n"
+/// @endcode
 class RulePatch {
  public:
   explicit RulePatch(std::vector<DiffHunk> vHunksPassIn);
