@@ -4,12 +4,14 @@
 #include "RuleOutline.h"
 #include "RuleRecord.h"
 #include "SourceRule.h"
+#include "TestFolder.h"
 #include "TranslateSupport.h"
 
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -23,10 +25,23 @@
 ///   ((x0 num) = (x3 num))
 ///
 /// as text, lines, record, outline and shape; and, with words for ADJ and N, as a grammar that has
-/// parsed "the red car".
+/// parsed "the red car". Besides, the examples run in a folder of their own with a grammar that has
+/// examples in its comments, np.trr:
+///
+///   ;;SL: a car
+///   ;;TL: un auto
+///   ;;*SL: a cars
+///   {NP,1}
+///   NP::NP : [DET N] -> [DET N]
+///   (X1::Y1)
+///   (X2::Y2)
+///   ((x1 num) = (x2 num))
+///
+/// and below it the words for DET and N, of which "a" and "car" are singular, "cars" plural.
 class ToolExamples : public testing::Test {
  protected:
   ToolExamples();
+  ~ToolExamples() override;
 
   Grammar::RuleText Text;
   Grammar::SourceRule Lines;
@@ -41,6 +56,9 @@ class ToolExamples : public testing::Test {
   Translate::Evaluator Equations{Rules};
   Translate::Chart Parsed{Rules};
   std::uint32_t Whole = 0;  // the constituent of all three words
+
+  std::filesystem::path OldFolder = std::filesystem::current_path();
+  TestFolder Folder;
 };
 
 namespace HeaderExamples {

@@ -19,6 +19,12 @@ const std::string Phrase =
 const std::string Words =
     "ADJ::ADJ : [\"red\"] -> [\"rojo\"]\n(X1::Y1)\n"
     "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n((x0 num) = sg)\n";
+const std::string Agreement =
+    ";;SL: a car\n;;TL: un auto\n;;*SL: a cars\n"
+    "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(X1::Y1)\n(X2::Y2)\n((x1 num) = (x2 num))\n"
+    "DET::DET : [\"a\"] -> [\"un\"]\n(X1::Y1)\n((x0 num) = sg)\n"
+    "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n((x0 num) = sg)\n"
+    "N::N : [\"cars\"] -> [\"autos\"]\n(X1::Y1)\n((x0 num) = pl)\n";
 
 std::string ContentsOf(const std::filesystem::path& Path) {
   std::ifstream File(Path);
@@ -35,6 +41,12 @@ ToolExamples::ToolExamples() : Text(RulesOf(Phrase).at(0)), Cars(Words + Phrase)
   Shapes.Finish();
   Parsed.Parse("the red car", Translate::ChartLimits(), Equations);
   Whole = Parsed.FindCell(0, 3)->FirstConstituent;
+  std::filesystem::current_path(Folder.Path(""));
+  Folder.Write("np.trr", Agreement);
+}
+
+ToolExamples::~ToolExamples() {
+  std::filesystem::current_path(OldFolder);
 }
 
 TEST(HeaderExamples, CoverEveryHeaderThatHasOne) {

@@ -15,8 +15,16 @@ namespace Grammar {
 
 /// The rules of several files, one after the other, with the progress shown on the way.
 ///
-///   RuleFiles Files({"a.trr", "-"}, false);
-///   for (RuleText Text; Files.Next(Text);) { … }
+/// @code
+/// RuleFiles Files({"np.trr"}, true);
+/// RuleText Rule;
+/// Files.Next(Rule);   // true
+/// Rule.File;          // "np.trr"
+/// Rule.FirstLine;     // 1
+/// Files.Next(Rule);   // true
+/// Rule.FirstLine;     // 9
+/// Files.HasFailed();  // false
+/// @endcode
 ///
 /// A file that cannot be read is reported on standard error, and the others are read anyway.
 class RuleFiles {

@@ -36,6 +36,15 @@ namespace Grammar {
 ///   )
 ///
 /// What the library reads from either is the same.
+///
+/// @code
+/// RuleForm Form;
+/// Form.Read(Lines);      // RuleForm::Failure::None
+/// Form.AlignmentText();  // "((2,3),(3,2))"
+/// std::string Constraint;
+/// Form.AppendConstraintAt(0, Constraint);
+/// Constraint;  // "((X0 NUM) = (X3 NUM))\n"
+/// @endcode
 class RuleForm {
  public:
   /// Why a rule cannot be written.

@@ -17,9 +17,15 @@ std::uint64_t SumInCapitals(std::string_view Text);
 /// Two sums of a sequence, made in different ways: that two different sequences have both in common
 /// is not to be expected in any grammar.
 ///
-///   SumPair Sums;
-///   Sums.AddText("NP::NP [DET N] -> [N]");
-///   Sums.Add(2);
+/// @code
+/// SumPair Sums;
+/// Sums.AddText("NP::NP [DET N] -> [N]");
+/// SumPair Others;
+/// Others.AddText("NP::NP [DET N] -> [N]");
+/// Sums == Others;  // true
+/// Others.Add(2);
+/// Sums == Others;  // false
+/// @endcode
 class SumPair {
  public:
   void Add(std::uint64_t Number) { Add({Number, Number}); }

@@ -31,9 +31,14 @@ class EndSignals {
 /// folders are watched, so it does not matter that an editor puts a new file in the place of the
 /// old one.
 ///
-///   FileWatch Watch({"np.trr", "words.trr"});
-///   EndSignals Signals;
-///   Watch.Wait(Signals);   // {"np.trr"} when it has been saved; nothing when a signal came
+/// @code
+/// FileWatch Watch({"np.trr", "words.trr"});
+/// OutputFile Saved("np.trr");
+/// Saved.Write("{NP,8}\n");
+/// Saved.Finish();
+/// EndSignals Signals;
+/// Watch.Wait(Signals);  // {"np.trr"}
+/// @endcode
 class FileWatch {
  public:
   /// How long nothing has to happen before a change is over.

@@ -16,6 +16,13 @@ std::uint64_t TotalSize(const std::vector<std::string>& vsNames);
 
 /// A file that is read from its beginning to its end, or standard input for "-". Throws
 /// `InputError` where it cannot be opened or read.
+///
+/// @code
+/// InputFile File("np.trr");
+/// std::string Line;
+/// std::getline(File.Stream(), Line);
+/// Line;  // ";;SL: a car"
+/// @endcode
 class InputFile {
  public:
   explicit InputFile(const std::string& Name);

@@ -10,9 +10,15 @@ namespace Grammar {
 
 /// Where a command writes its result: standard output, or a file that appears whole or not at all.
 ///
-///   OutputFile Output("sorted.trr");
-///   Output.Write("{NP,8}\n");
-///   Output.Finish();  // without it, sorted.trr is as it was before
+/// @code
+/// OutputFile Output("sorted.trr");
+/// Output.Write("{NP,8}\n");
+/// std::filesystem::exists("sorted.trr");  // false
+/// Output.Finish();
+/// std::filesystem::file_size("sorted.trr");  // 7
+/// @endcode
+///
+/// Without `Finish`, the file is as it was before.
 ///
 /// A device or a named pipe is written to directly. A file that is replaced keeps its permissions,
 /// and a symbolic link goes on pointing to it. Throws `RunError`, and `ClosedOutput` where nobody

@@ -10,6 +10,15 @@ namespace Grammar {
 /// A temporary file for what does not fit in memory. It has no name from the moment it is open, so
 /// it is gone with the process, however that ends. It lies in the folder that the environment
 /// variable TMPDIR names, or in /tmp. Throws `RunError`.
+///
+/// @code
+/// SpillFile Texts;
+/// Texts.Append("DET N");
+/// Texts.Flush();
+/// char Bytes[8] = {};
+/// Texts.Read(2, Bytes, 8);  // 3
+/// std::string(Bytes, 3);    // "T N"
+/// @endcode
 class SpillFile {
  public:
   SpillFile();

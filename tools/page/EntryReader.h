@@ -11,9 +11,16 @@ namespace Page {
 /// of a rule is in its entry, and what concerns the whole grammar in that of the rule where it
 /// stands. Files that cannot be read are reported on standard error.
 ///
-///   std::vector<RuleEntry> vEntries;
-///   ReadEntries(Run, vEntries);  // true
-///   vEntries.front().vFindings.size();
+/// @code
+/// Grammar::RunOptions Options;
+/// Options.vsFiles = {"np.trr"};
+/// Options.Quiet = true;
+/// std::vector<RuleEntry> vEntries;
+/// ReadEntries(Options, vEntries);     // true
+/// vEntries.size();                    // 4
+/// vEntries.front().Name;              // "{NP,1}"
+/// vEntries.front().vFindings.size();  // 0
+/// @endcode
 ///
 /// @param vEntriesReturn receives the rules in the order of the input
 /// @return whether all files could be read

@@ -13,13 +13,19 @@ namespace Page {
 /// Writes a grammar as one page, which needs no other file and no network: search, counts, labels,
 /// and the rules with their pictures, findings and tests.
 ///
-///   GrammarPage Whole("Grammar np.trr", vEntries, nullptr);
-///   std::string Html;
-///   Whole.AppendBefore(Html);      // up to the first rule
-///   for (std::size_t At = 0; At < vEntries.size(); ++At) {
-///     Whole.AppendRule(At, Html);
-///   }
-///   Whole.AppendAfter(Html);
+/// @code
+/// std::vector<RuleEntry> vEntries(1);
+/// vEntries[0].Name = "{NP,8}";
+/// const GrammarPage Page("Grammar np.trr", vEntries, nullptr);
+/// std::string Html;
+/// Page.AppendBefore(Html);
+/// Html.substr(0, 15);  // "<!DOCTYPE html>"
+/// std::string Rule;
+/// Page.AppendRule(0, Rule);
+/// Rule;  // "<li id=\"rule-1\">\n<h3><a href=\"#rule-1\">{NP,8}</a></h3>\n<div>\n</div>\n</li>\n"
+/// Page.AppendAfter(Html);
+/// Html.substr(Html.size() - 8);  // "</html>\n"
+/// @endcode
 ///
 /// Without a script the page is a list of rules as they are written. The script makes the pictures
 /// that come into view. The page allows itself no other script, and no request.

@@ -25,8 +25,11 @@ struct PageTests {
 /// Runs the examples in the comments of grammars, and those of files, as `trrule test` does. What
 /// is wrong with rules that are left out is reported on standard error. Throws `Grammar::RunError`.
 ///
-///   const PageTests Tests = RunPageTests({"np.trr"}, {}, 2, true);
-///   Tests.Totals;  // "1 example: 1 passes"
+/// @code
+/// const PageTests Tests = RunPageTests({"np.trr"}, {}, 2, true);
+/// Tests.Totals;   // "2 examples: 2 pass"
+/// Tests.Covered;  // "covered: 3 of 4 rules, 3 of 4 constraints"
+/// @endcode
 ///
 /// @param vsPairs files with more examples
 /// @param Threads at least 1

@@ -15,7 +15,11 @@ void AppendPhrases(std::string& TextReturn);
 
 /// Appends SVG in packed form. Linear.
 ///
-///   AppendPacked("</g>\n</svg>\n", Text);  // "~E</svg>\n"
+/// @code
+/// std::string Packed;
+/// AppendPacked("</g>\n</svg>\n", Packed);
+/// Packed;  // "~E</svg>\n"
+/// @endcode
 void AppendPacked(std::string_view Svg, std::string& TextReturn);
 
 /// The same, escaped for an attribute.

@@ -34,10 +34,15 @@ struct RuleEntry {
 
 /// Makes entries, one after the other, on one thread each.
 ///
-///   RuleEntryMaker Maker;
-///   RuleEntry Entry;
-///   Maker.Make(Lines, Entry);
-///   Entry.Name;  // "{NP,8}"
+/// @code
+/// RuleEntryMaker Maker;
+/// RuleEntry Entry;
+/// Maker.Make(Lines, Entry);
+/// Entry.Name;        // "{NP,8}"
+/// Entry.vsLabels;    // {"ADJ", "N", "NP"}
+/// Entry.vsLiterals;  // {"el", "the"}
+/// Entry.vsFeatures;  // {"NUM"}
+/// @endcode
 class RuleEntryMaker {
  public:
   /// Makes all of an entry but its findings. n log n.

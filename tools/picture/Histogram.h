@@ -12,11 +12,16 @@ namespace Picture {
 /// Draws counts as bars, one below the other: its label, a bar as long as its share of the greatest
 /// count, and the count itself.
 ///
-///   Histogram Lengths("Components of a rule");
-///   Lengths.Add("1", 12);
-///   Lengths.Add("2", 30);
-///   Drawing Picture;
-///   Lengths.Draw(Picture);  // for AppendSvg, whose description is "1: 12. 2: 30."
+/// @code
+/// Histogram Lengths("Components of a rule");
+/// Lengths.Add("1", 12);
+/// Lengths.Add("2", 30);
+/// Drawing Bars;
+/// Lengths.Draw(Bars);
+/// Bars.Title;          // "Components of a rule"
+/// Bars.Description;    // "1: 12. 2: 30."
+/// Bars.vBoxes.size();  // 2
+/// @endcode
 class Histogram {
  public:
   explicit Histogram(std::string_view TitlePassIn);
