@@ -40,7 +40,12 @@ std::optional<HeaderParts> ParseHeader(std::string_view Code);
 /// Takes a header apart by the lenient rules of the library's reader: the type is cut after its
 /// second letter when the brace comes first, and of the number only the last digit is read. Linear.
 ///
-///   ReadHeader("{ADJP,12}", Parts);  // Parts.Type is "AD", Parts.Number is "2"
+/// @code
+///   HeaderParts Parts;
+///   ReadHeader("{ADJP,12}", Parts);  // true
+///   Parts.Type;                      // "AD"
+///   Parts.Number;                    // "2"
+/// @endcode
 ///
 /// @return false where the line gives neither type nor number
 bool ReadHeader(std::string_view Line, HeaderParts& PartsReturn);

@@ -41,7 +41,10 @@ RuleLineFault ParseRuleLine(std::string_view Code, RuleLineParts& PartsReturn);
 
 /// The types at the front of a source part, by the lenient rules of the library's reader. Linear.
 ///
-///   ReadTypes("NP::VP : [DET N]");  // "NP" and "VP"
+/// @code
+///   ReadTypes("NP::VP : [DET N]")->First;   // "NP"
+///   ReadTypes("NP::VP : [DET N]")->Second;  // "VP"
+/// @endcode
 ///
 /// @return nothing where the first word is not two types with "::" between them
 std::optional<FieldPair> ReadTypes(std::string_view Part);

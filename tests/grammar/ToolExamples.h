@@ -5,13 +5,17 @@
 #include "RuleRecord.h"
 #include "SourceRule.h"
 #include "TestFolder.h"
+#include "TestedGrammar.h"
 #include "TranslateSupport.h"
 
 #include <gtest/gtest.h>
+
 #include <rapidjson/document.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 #include <filesystem>
+#include <fstream>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -43,6 +47,10 @@ class ToolExamples : public testing::Test {
   ToolExamples();
   ~ToolExamples() override;
 
+  /// What np.trr is with another text in the place of one.
+  std::unique_ptr<Examples::TestedGrammar> LoadWith(const std::string& Old,
+                                                    const std::string& New) const;
+
   Grammar::RuleText Text;
   Grammar::SourceRule Lines;
   Grammar::RuleRecord Record;
@@ -59,6 +67,7 @@ class ToolExamples : public testing::Test {
 
   std::filesystem::path OldFolder = std::filesystem::current_path();
   TestFolder Folder;
+  Examples::TestedGrammar Tested{Translate::RuleSetOptions{}, true};
 };
 
 namespace HeaderExamples {

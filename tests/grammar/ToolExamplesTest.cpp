@@ -43,10 +43,22 @@ ToolExamples::ToolExamples() : Text(RulesOf(Phrase).at(0)), Cars(Words + Phrase)
   Whole = Parsed.FindCell(0, 3)->FirstConstituent;
   std::filesystem::current_path(Folder.Path(""));
   Folder.Write("np.trr", Agreement);
+  Tested.Load({"np.trr"}, true);
 }
 
 ToolExamples::~ToolExamples() {
   std::filesystem::current_path(OldFolder);
+}
+
+std::unique_ptr<Examples::TestedGrammar> ToolExamples::LoadWith(const std::string& Old,
+                                                                const std::string& New) const {
+  std::string Changed = Agreement;
+  Changed.replace(Changed.find(Old), Old.size(), New);
+  Folder.Write("np.trr", Changed);
+  auto Loaded = std::make_unique<Examples::TestedGrammar>(Translate::RuleSetOptions{}, true);
+  Loaded->KeepLines();
+  Loaded->Load({"np.trr"}, true);
+  return Loaded;
 }
 
 TEST(HeaderExamples, CoverEveryHeaderThatHasOne) {

@@ -43,6 +43,17 @@ std::vector<StructurePair> StructuresOf(const std::vector<TreeNode>& vNodes, App
 
 /// The constituents of a derivation that begins at a token, root first and parts in order. Their
 /// structures are left open.
+///
+/// @code
+/// Derivations Trees;
+/// const auto Red = Trees.Tree(0, Derivations::NoList, 0);
+/// const auto Car = Trees.Tree(1, Derivations::NoList, 0);
+/// const auto Phrase = Trees.Tree(2, Trees.List(Trees.List(Derivations::NoList, Red), Car), 0);
+/// const std::vector<TreeNode> vNodes = NodesOf(Rules, Trees, Phrase, 0);
+/// vNodes.size();   // 3
+/// vNodes[0].End;   // 3
+/// vNodes[2].Rule;  // 1
+/// @endcode
 std::vector<TreeNode> NodesOf(const RuleSet& Rules, const Derivations& Trees,
                               Derivations::TreeId Tree, std::size_t Start);
 

@@ -21,8 +21,19 @@ struct TextOutput {
 /// Passes texts to any number of threads, and their results on in the order of the texts. No more
 /// texts are held than a few for each thread.
 ///
-///   OrderedTexts Texts(4, ReadLine, WriteResult);
-///   Texts.Run([] { return [](const std::string& Text, std::size_t Line) { return …; }; });
+/// @code
+/// std::istringstream Input("the\nred\ncar\n");
+/// std::string Output;
+/// OrderedTexts Texts(
+///     4, [&](std::string& Text) { return bool(std::getline(Input, Text)); },
+///     [&](const TextOutput& Result, bool) { Output += Result.Out; });
+/// Texts.Run([] {
+///   return [](const std::string& Text, std::size_t Line) {
+///     return TextOutput{std::to_string(Line) + ' ' + Text + '\n', ""};
+///   };
+/// });
+/// Output;  // "1 the\n2 red\n3 car\n"
+/// @endcode
 class OrderedTexts {
  public:
   /// Returns the next text; false after the last. Never called by two threads at once.

@@ -75,6 +75,18 @@ struct Program {
 };
 
 /// Makes programs of equations.
+///
+/// @code
+/// Grammar::UsableRule Rule;
+/// ReadUsableRule(Text, false, Lines, Rule, vFindings);  // true
+/// SymbolTable Features;
+/// SymbolTable AtomNames;
+/// AtomSets Atoms;
+/// std::vector<std::uint32_t> vLines;
+/// const Program Equations = ProgramCompiler(Features, AtomNames, Atoms).Compile(Rule, vLines);
+/// Equations.vAnalysisLinks.front().Right.Node;  // 3
+/// vLines;                                       // {5}
+/// @endcode
 class ProgramCompiler {
  public:
   ProgramCompiler(SymbolTable& FeaturesPassIn, SymbolTable& AtomNamesPassIn, AtomSets& AtomsPassIn)

@@ -25,12 +25,22 @@ struct StructurePair {
 /// Carries out the equations of one rule over the structures of its parts, step by step. Each step
 /// can be called by itself.
 ///
-///   ProgramRunner Runner(Store, Atoms);
-///   Runner.Analyse(Equations, {S1, S2});            // false if the analysis clashes
-///   Runner.Source();                                // S
-///   Runner.Transfer(Equations);
-///   Runner.Generate(Equations, {T1, T2});
-///   Runner.Target();                                // T
+/// For example, a noun has ((x0 num) = sg), and a phrase ((x0 num) = (x3 num)):
+///
+/// @code
+/// const Program& Noun = Rules.ProgramAt(0);
+/// const Program& Phrase = Rules.ProgramAt(1);
+/// StructureStore Store;
+/// AtomSets Atoms = Rules.Atoms();
+/// ProgramRunner Runner(Store, Atoms);
+/// Runner.Analyse(Noun, {});  // true
+/// const StructureId Singular = Runner.Source();
+/// Runner.Analyse(Phrase, {Singular});  // true
+/// Runner.Source();                     // Singular
+/// Runner.Transfer(Phrase);
+/// Runner.Generate(Phrase, {});  // true
+/// Runner.Target();              // StructureStore::Open
+/// @endcode
 class ProgramRunner {
  public:
   ProgramRunner(StructureStore& StorePassIn, AtomSets& AtomsPassIn)

@@ -18,10 +18,23 @@ namespace Translate {
 /// What the parts have at a path can only become less by unification, so what is refused would
 /// clash. A program that never failed is not checked, and costs nothing.
 ///
-///   QuickCheck Check(Rules, Store, Atoms);
-///   if (!Check.Fails(Program, vSources, vTargets) && !Runner.Run(…)) {
-///     Check.Learn(Program, vSources, vTargets);
-///   }
+/// For example, the first program of a grammar has ((x1 num) = (x2 num)), and the others make a
+/// singular and a plural:
+///
+/// @code
+/// const RuleSet& Agreement = Tested.Rules();
+/// StructureStore Store;
+/// AtomSets Atoms = Agreement.Atoms();
+/// ProgramRunner Runner(Store, Atoms);
+/// const StructureId Sg = Runner.Run(Agreement.ProgramAt(1), {}, {})->Source;
+/// const StructureId Pl = Runner.Run(Agreement.ProgramAt(2), {}, {})->Source;
+/// QuickCheck Check(Agreement, Store, Atoms);
+/// Check.Fails(0, {Sg, Pl}, {});                                  // false
+/// Runner.Run(Agreement.ProgramAt(0), {Sg, Pl}, {}).has_value();  // false
+/// Check.Learn(0, {Sg, Pl}, {});
+/// Check.Fails(0, {Sg, Pl}, {});  // true
+/// Check.Fails(0, {Sg, Sg}, {});  // false
+/// @endcode
 class QuickCheck {
  public:
   QuickCheck(const RuleSet& RulesPassIn, const StructureStore& StorePassIn, AtomSets& AtomsPassIn)

@@ -38,6 +38,13 @@ struct RuleDescription {
 };
 
 /// Describes a rule.
+///
+/// @code
+/// const RuleDescription Phrase = DescribeRule(Lines, nullptr);
+/// Phrase.Name();   // "NP,8"
+/// Phrase.Place();  // "a.trr:2"
+/// @endcode
+///
 /// @param Rule what the lines mean; null for a rule that is left out
 RuleDescription DescribeRule(const Grammar::SourceRule& Lines, const Grammar::UsableRule* Rule);
 
@@ -46,6 +53,12 @@ std::string HeaderTextOf(const Grammar::SourceRule& Lines);
 
 /// Whether a rule is meant by "NP,8", its header, capitals and leading zeros aside, or by
 /// "g.trr:5", its file as it was named and one of its lines.
+///
+/// @code
+/// IsRuleMeant("np,08", Lines);    // true
+/// IsRuleMeant("a.trr:3", Lines);  // true
+/// IsRuleMeant("a.trr:6", Lines);  // false
+/// @endcode
 bool IsRuleMeant(std::string_view Name, const Grammar::SourceRule& Lines);
 
 /// Whether a name can be a header: a type, a comma and digits.

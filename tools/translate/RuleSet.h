@@ -43,9 +43,16 @@ struct Evaluation {
 /// A grammar that is ready for use: all numbers, and never changed again, so that any number of
 /// threads can read it.
 ///
-///   RuleSet Rules;
-///   while (…) { Rules.Add(Rule, Number); }
-///   Rules.Finish();
+/// @code
+/// Grammar::UsableRule Rule;
+/// ReadUsableRule(Text, false, Lines, Rule, vFindings);  // true
+/// RuleSet Set(RuleSetOptions{});
+/// Set.Add(Rule, 1);
+/// Set.Finish();
+/// const RuleSet::Rule& First = Set.At(0);
+/// Set.HeaderOf(First);                                // "NP,8"
+/// Set.WordName(Set.TargetsOf(First).begin()->Value);  // "el"
+/// @endcode
 class RuleSet {
  public:
   static constexpr std::uint32_t None = NoEntry;

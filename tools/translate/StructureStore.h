@@ -38,6 +38,17 @@ using StructureId = std::uint32_t;
 ///   knot = count { local }
 ///   local = arc count { feature target } | alias
 ///   target = structure | local
+///
+/// For example, a structure with one feature, and a path of this feature:
+///
+/// @code
+/// StructureStore Store;
+/// const AtomSetId Sg = 5;
+/// const std::uint32_t Num = 7;
+/// const StructureId Singular = Store.Complex({1, 1, Num, Store.Atomic(Sg)});
+/// Store.Complex({1, 1, Num, Store.Atomic(Sg)});  // Singular
+/// Store.AtomsAt(Singular, &Num, 1).value();      // Sg
+/// @endcode
 class StructureStore {
  public:
   static constexpr StructureId Open = 0;

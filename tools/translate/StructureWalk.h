@@ -12,10 +12,19 @@ namespace Translate {
 /// Goes through a structure, depth first, features in the order of their bytes. What several
 /// features lead to has a number, from 1 in the order of first coming, and is gone into once.
 ///
-///   StructureWalk Walk(Rules, Store);
-///   StructureWalk::Event Each;
-///   for (Walk.Start(S); Walk.Next(Each);) { … }   // [F=#1:SG G=#1] gives
-///                                                 // Complex, Atoms (F, 1), Again (G, 1), End
+/// The events of [F=#1:SG G=#1] are Complex, Atoms (F, 1), Again (G, 1) and End; those of [NUM=SG]:
+///
+/// @code
+/// StructureStore Store;
+/// const std::uint32_t Num = 0;
+/// const StructureId Singular = Store.Complex({1, 1, Num, Store.Atomic(0)});
+/// StructureWalk Walk(Rules, Store);
+/// Walk.Start(Singular);
+/// std::vector<StructureWalk::Kind> vKinds;
+/// for (StructureWalk::Event Each; Walk.Next(Each);) { vKinds.push_back(Each.What); }
+/// using Kind = StructureWalk::Kind;
+/// vKinds;  // {Kind::Complex, Kind::Atoms, Kind::End}
+/// @endcode
 class StructureWalk {
  public:
   enum class Kind : std::uint8_t {

@@ -17,6 +17,16 @@ namespace Translate {
 ///
 /// Two with the same words have the same number, too, but for texts that would take too much memory
 /// to be kept. Those that are too long to be written are all one.
+///
+/// @code
+/// Derivations Trees;
+/// const auto Red = Trees.Tree(0, Derivations::NoList, 0);
+/// const auto RareRed = Trees.Tree(0, Derivations::NoList, -10);
+/// const auto Car = Trees.Tree(1, Derivations::NoList, 0);
+/// TargetTexts Texts(Rules, Trees);
+/// Texts.OfTree(Red) == Texts.OfTree(RareRed);  // true
+/// Texts.OfTree(Red) == Texts.OfTree(Car);      // false
+/// @endcode
 class TargetTexts {
  public:
   /// How much text is kept, in bytes.

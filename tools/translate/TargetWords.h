@@ -19,8 +19,14 @@ namespace Translate {
 /// repeats is copied from where it stands first. So it takes no longer than its length and the
 /// number of its different parts.
 ///
-///   TargetWords Words(Rules, Trees);
-///   Words.Text(Tree);  // "el auto rojo"
+/// @code
+/// Derivations Trees;
+/// const auto Red = Trees.Tree(0, Derivations::NoList, 0);
+/// const auto Car = Trees.Tree(1, Derivations::NoList, 0);
+/// const auto Phrase = Trees.Tree(2, Trees.List(Trees.List(Derivations::NoList, Red), Car), 0);
+/// TargetWords Words(Rules, Trees);
+/// Words.Text(Phrase).value();  // "el auto rojo"
+/// @endcode
 class TargetWords {
  public:
   /// The length of the longest text that is written.

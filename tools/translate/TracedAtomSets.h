@@ -24,9 +24,17 @@ struct Origin {
 /// Sets of atoms, each with the constraints that gave it, as numbers. What two sets have in common
 /// comes from the constraints of both.
 ///
-///   TracedAtomSets Sets(Rules.Atoms());
-///   const AtomSetId Value = Sets.Intern(SgOrPl, Sets.Only({File, 30}));
-///   Sets.Intersect(Value, Sets.Intern(Sg, Sets.Only({File, 44})));  // SG, from lines 30 and 44
+/// @code
+/// AtomSets Plain;
+/// const AtomSetId Sg = Plain.Intern({false, {0}});
+/// const AtomSetId SgOrPl = Plain.Intern({false, {0, 1}});
+/// TracedAtomSets Sets(Plain);
+/// const AtomSetId Left = Sets.Intern(SgOrPl, Sets.Only({0, 30}));
+/// const AtomSetId Right = Sets.Intern(Sg, Sets.Only({0, 44}));
+/// const AtomSetId Both = Sets.Intersect(Left, Right).value();
+/// Sets.Set(Both).vAtoms;  // {0}
+/// Sets.Origins(Both);     // {{0, 30}, {0, 44}}
+/// @endcode
 class TracedAtomSets {
  public:
   using OriginsId = AtomSetId;

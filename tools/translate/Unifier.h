@@ -69,11 +69,18 @@ struct TrailOf<TracedAtomSets> {
 /// unification reaches into it; only then its features become nodes. Nothing recurses, however
 /// deep a structure is.
 ///
-///   Unifier Nodes(Store, Atoms);
-///   const auto X1 = Nodes.Add(S);
-///   const auto Num = Nodes.Make(X1, {Num});        // nothing if X1 is atomic
-///   Nodes.Unify(Num, Nodes.Add(Singular));         // false if they clash
-///   Nodes.Freeze(X1);                              // the number of what X1 is now
+/// @code
+/// StructureStore Store;
+/// AtomSets Atoms;
+/// const StructureId Sg = Store.Atomic(Atoms.Intern({false, {0}}));
+/// const StructureId Pl = Store.Atomic(Atoms.Intern({false, {1}}));
+/// const std::uint32_t Num = 0;
+/// Unifier Nodes(Store, Atoms);
+/// const auto X1 = Nodes.Add(StructureStore::Open);
+/// Nodes.Unify(Nodes.Make(X1, &Num, 1), Nodes.Add(Sg));  // true
+/// Nodes.Freeze(X1);                                     // Store.Complex({1, 1, Num, Sg})
+/// Nodes.Unify(Nodes.Look(X1, &Num, 1), Nodes.Add(Pl));  // false
+/// @endcode
 ///
 /// With `TracedAtomSets`, atoms know what gave them, and clashes where they are. Nothing else is
 /// different, and with `AtomSets` nothing is paid for it.
