@@ -13,10 +13,15 @@ namespace Examples {
 /// Finds out why no derivation has an example's rule at its root. It parses the text once more, so
 /// it is asked about examples that fail alone.
 ///
-///   CauseFinder Causes(Tested, Options);
-///   Causes.CauseOf(Example);
-///   // NP,1 fits x1–x2 at "a cars"; it fails at ((x1 num) = (x2 num)), line 14: x1 has SG from
-///   // np.trr:43, x2 has PL from np.trr:51
+/// @code
+/// const ParseOptions Options;
+/// CauseFinder Causes(Tested, Options);
+/// Example Wrong = Tested.AllExamples().front();
+/// Wrong.Source = "a cars";
+/// Causes.CauseOf(Wrong) ==
+///     "NP,1 fits x1–x2 at \"a cars\"; it fails at ((x1 num) = (x2 num)), line 8: x1 has SG from "
+///     "np.trr:11, x2 has PL from np.trr:17";  // true
+/// @endcode
 class CauseFinder {
  public:
   CauseFinder(const TestedGrammar& TestedPassIn, const ParseOptions& OptionsPassIn)

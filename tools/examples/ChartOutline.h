@@ -27,8 +27,13 @@ std::vector<SourceComponent> SourceComponentsOf(const Translate::RuleSet& Rules,
 /// chart and the grammar, and finds which rules of a changed grammar can reach the text: as long as
 /// none that is new or gone finds all of its components side by side, the chart stays as it is.
 ///
-///   ChartOutline Outline(Parsed);
-///   Outline.Fits(SourceComponentsOf(Rules, Rule));
+/// @code
+/// const ChartOutline Outline(Parsed);
+/// Outline.Fits(SourceComponentsOf(Rules, Rules.At(2)));  // true
+/// Outline.Fits({{true, "RED", ""}, {false, "N", "N"}});  // true
+/// Outline.Fits({{true, "THE", ""}, {false, "N", "N"}});  // false
+/// Outline.HasType("NP");                                 // true
+/// @endcode
 class ChartOutline {
  public:
   ChartOutline() = default;

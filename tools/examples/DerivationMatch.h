@@ -13,7 +13,14 @@ namespace Examples {
 /// Compares what two charts of one text make of their goals, whatever else is in them, and whatever
 /// the structures are. It is far quicker than to work the derivations out.
 ///
-///   DerivationMatch(One, Other).AreSame(vWaysOfOne, vWaysOfOther);
+/// @code
+/// Translate::Chart Other(Rules);
+/// Other.Parse("the red car", Translate::ChartLimits(), Equations);  // true
+/// const std::uint32_t Phrase = Parsed.Constituents()[Whole].FirstWay;
+/// const std::uint32_t Word = Parsed.Constituents()[0].FirstWay;
+/// DerivationMatch(Parsed, Other).AreSame({Phrase}, {Phrase});  // true
+/// DerivationMatch(Parsed, Other).AreSame({Phrase}, {Word});    // false
+/// @endcode
 class DerivationMatch {
  public:
   DerivationMatch(const Translate::Chart& LeftPassIn, const Translate::Chart& RightPassIn)

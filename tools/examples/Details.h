@@ -16,6 +16,17 @@ struct Detail {
 
 /// What was wanted of an example and what came, or why nothing did; the rule by which it passed
 /// where that is not its own.
+///
+/// @code
+/// ExampleResult Result;
+/// Result.What = Outcome::Differs;
+/// Result.Best = "un coche";
+/// const auto vDetails = DetailsOf(Tested, Tested.AllExamples().front(), Result);
+/// vDetails[0].Text;    // "un auto"
+/// vDetails[1].Name;    // "given"
+/// vDetails[1].Text;    // "un coche"
+/// TotalsOf({Result});  // "1 example: 1 differs"
+/// @endcode
 std::vector<Detail> DetailsOf(const TestedGrammar& Tested, const Example& Current,
                               const ExampleResult& Result);
 

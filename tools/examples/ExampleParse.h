@@ -32,9 +32,15 @@ bool HaveSameWords(std::string_view Left, std::string_view Right);
 
 /// The derivations of an example's text, and what they make of the example.
 ///
-///   ExampleParse Parse(Tested, Options, Equations);
-///   Parse.Begin(Example);
-///   Parse.Judge(Example).What;   // Outcome::Passes
+/// @code
+/// const ParseOptions Options;
+/// Translate::Evaluator Unified(Tested.Rules());
+/// ExampleParse Parse(Tested, Options, Unified);
+/// const Example& First = Tested.AllExamples().front();
+/// Parse.Begin(First);
+/// Parse.Judge(First).What;  // Outcome::Passes
+/// Parse.Texts();            // {"un auto"}
+/// @endcode
 class ExampleParse {
  public:
   /// How many texts of an example count where a grammar is compared with itself.

@@ -31,9 +31,19 @@ class NoticedConstraints {
 
 /// Runs examples, one after the other. One for each thread; all can use the same grammar.
 ///
-///   ExampleRunner Runner(Tested, Options);
-///   Runner.Run(Example).What;                // Outcome::Passes
-///   Runner.FindNoticed(Example, Noticed);    // which constraints hold that in place
+/// For example, a text that has to be rejected notices the first constraint of a grammar:
+///
+/// @code
+/// const ParseOptions Options;
+/// ExampleRunner Runner(Tested, Options);
+/// const Example& Rejected = Tested.AllExamples().back();
+/// const ExampleResult Result = Runner.Run(Rejected);
+/// Result.What;  // Outcome::Passes
+/// NoticedConstraints Noticed(Tested.Constraints().size());
+/// Runner.FindNoticed(Rejected, Result, Noticed);
+/// Tested.Constraints()[0].Text;  // "((x1 num) = (x2 num))"
+/// Noticed.Has(0);                // true
+/// @endcode
 class ExampleRunner {
  public:
   ExampleRunner(const TestedGrammar& TestedPassIn, const ParseOptions& OptionsPassIn)

@@ -28,6 +28,12 @@ constexpr bool IsPassing(Outcome What) {
 }
 
 /// The same where passing by another rule may not be enough.
+///
+/// @code
+/// NameOf(Outcome::PassesByAnotherRule);             // "passes by another rule"
+/// IsAccepted(Outcome::PassesByAnotherRule, false);  // true
+/// IsAccepted(Outcome::PassesByAnotherRule, true);   // false
+/// @endcode
 constexpr bool IsAccepted(Outcome What, bool IsStrict) {
   return IsStrict ? What == Outcome::Passes : IsPassing(What);
 }

@@ -13,6 +13,13 @@ namespace Examples {
 ///   the red car<TAB>el auto rojo
 ///   *red the car
 ///
+/// @code
+/// std::ofstream("pairs.txt") << "a car\tun auto\n*car a\n";
+/// AddPairs("pairs.txt", Tested);
+/// Tested.AllExamples().back().Place;   // "pairs.txt:2"
+/// Tested.AllExamples().back().Source;  // "car a"
+/// @endcode
+///
 /// Throws `Grammar::RunError` where the file cannot be read, or a line is no pair.
 void AddPairs(const std::string& File, TestedGrammar& TestedReturn);
 

@@ -35,9 +35,13 @@ struct ConstraintLine {
 
 /// A grammar with the examples in its comments.
 ///
-///   TestedGrammar Tested(Options, true);
-///   Tested.Load({"np.trr"}, true);
-///   Tested.AllExamples().front().Source;  // "the car"
+/// @code
+/// TestedGrammar Grammar(Translate::RuleSetOptions(), true);
+/// Grammar.Load({"np.trr"}, true);
+/// Grammar.AllExamples().front().Source;  // "a car"
+/// Grammar.AllExamples().front().Wanted;  // "un auto"
+/// Grammar.Constraints().front().Place;   // "np.trr:8"
+/// @endcode
 class TestedGrammar {
  public:
   /// @param WantsVariants whether each rule is wanted without each of its constraint lines, too

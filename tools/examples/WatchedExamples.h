@@ -18,15 +18,18 @@ namespace Examples {
 /// The examples of a grammar that changes. Of each new state, only the examples are run that
 /// changed rules can reach, and what has become of the others is known.
 ///
-///   WatchedExamples Watched(Options, Threads);
-///   Watched.Take(Load());   // all examples
-///   Watched.Take(Load());   // np.trr:31 changed
-///                           // 12 of 309 examples run
-///                           // newly failing: np.trr:11: the house
-///                           //   wanted: la casa
-///                           //   given:  las casa
-///                           // 1 example changed
-///                           // 309 examples: 308 pass, 1 differs
+/// @code
+/// WatchedExamples Watched(ParseOptions(), std::nullopt, 1);
+/// Watched.Take(LoadWith("[\"auto\"]", "[\"auto\"]"));  // "2 examples: 2 pass\n"
+/// Watched.Take(LoadWith("[\"auto\"]", "[\"coche\"]")) ==
+///     "np.trr:12 changed\n"
+///     "1 of 2 examples run\n"
+///     "newly failing: np.trr:5: a car\n"
+///     "  wanted: un auto\n"
+///     "  given:  un coche\n"
+///     "1 example changed\n"
+///     "2 examples: 1 passes, 1 differs\n";  // true
+/// @endcode
 class WatchedExamples {
  public:
   /// @param OptionsPassIn but for the start types, which each grammar has its own numbers for
