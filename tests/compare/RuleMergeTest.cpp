@@ -156,4 +156,18 @@ TEST(RuleMerge, IsAConflictWhereBothVersionsTogetherAreNoRule) {
   });
 }
 
+TEST(RuleMerge, IsAConflictWhereTheCommentsOfBothVersionsAreTooLong) {
+  // After the first line, the library reads 100,000 bytes of a rule: either version, but not both.
+  const auto Commented = [](const std::string& Comment) {
+    return Rule(Sides, "(X1::Y1)\n", "; first\n" + Comment);
+  };
+  const std::string Long = Commented("; " + std::string(60000, 'a') + '\n');
+  using Grammar::ComparedRule;
+  const Grammar::MergedRule Merged =
+      Grammar::MergeRules(*ComparedRule::Of(Commented("")), *ComparedRule::Of(Long),
+                          *ComparedRule::Of(Commented("; " + std::string(60000, 'b') + '\n')));
+  EXPECT_EQ(Merged.vsConflicts, Strings{"the rule with the comments of both versions is too long"});
+  EXPECT_TRUE(Merged.Text == Long) << Merged.Text.size();
+}
+
 }  // namespace

@@ -57,14 +57,41 @@ TEST(FileWatch, LooksBehindSymbolicLinks) {
   EXPECT_EQ(Watch.Wait(Signals), (Strings{Link}));
 }
 
+/// Handles a signal in another way for a while.
+class SignalHandling {
+ public:
+  SignalHandling(int SignalPassIn, void (*New)(int))
+      : Signal(SignalPassIn), Old(std::signal(Signal, New)) {}
+  ~SignalHandling() { std::signal(Signal, Old); }
+  SignalHandling(const SignalHandling&) = delete;
+  SignalHandling& operator=(const SignalHandling&) = delete;
+
+ private:
+  int Signal;
+  void (*Old)(int);
+};
+
 TEST(FileWatch, EndsItsWaitWithASignal) {
   const TestFolder Folder;
   Grammar::FileWatch Watch({Folder.Write("a.trr", "1")});
-  Grammar::EndSignals Signals;
   for (const int Signal : {SIGINT, SIGTERM, SIGQUIT, SIGHUP}) {
+    // A shell starts programs in the background with some of them ignored.
+    const SignalHandling Usual(Signal, SIG_DFL);
+    Grammar::EndSignals Signals;
     raise(Signal);
     EXPECT_EQ(Watch.Wait(Signals), Strings()) << Signal;
   }
+}
+
+TEST(FileWatch, GoesOnWaitingAfterASignalThatIsIgnored) {
+  const TestFolder Folder;
+  const std::string File = Folder.Write("a.trr", "1");
+  Grammar::FileWatch Watch({File});
+  const SignalHandling Ignored(SIGHUP, SIG_IGN);
+  Grammar::EndSignals Signals;
+  raise(SIGHUP);
+  Folder.Write("a.trr", "2");
+  EXPECT_EQ(Watch.Wait(Signals), (Strings{File}));
 }
 
 TEST(FileWatch, LeavesASignalThatNoWaitTakesToTheProcess) {

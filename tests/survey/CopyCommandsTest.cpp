@@ -207,8 +207,8 @@ TEST(SampleCommand, DrawsEachRuleEquallyOften) {
   Files.Folder.Write("many", Joined(vsRules));
   std::vector<int> vCounts(vsRules.size());
   for (std::uint64_t Seed = 0; Seed < 200; ++Seed) {
-    const ChildEnd End = Files.Run({"sample", "-n", "5", "--seed", std::to_string(Seed), "many"});
-    for (const std::size_t Number : NumbersIn(End.Out, vsRules)) {
+    for (const std::size_t Number :
+         NumbersIn(Files.Sample("many", {5, Seed, std::nullopt}), vsRules)) {
       ++vCounts[Number];
     }
   }
