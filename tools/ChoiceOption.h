@@ -6,18 +6,16 @@
 #include <utility>
 #include <vector>
 
-/// Adds an option that takes one of several names, each of which stands for a value.
-///
-///   AddChoice<SortBy>(Command, "--by", {{"index", SortBy::Index}, {"type", SortBy::Type}}, By,
-///                     "index or type");
-///
-/// After `--by type`, `By` is `SortBy::Type`; any other name is an error of the command line.
+/// Adds an option that takes one of several names, each of which stands for a value: "--by" with
+/// "index" and "type", for `SortBy::Index` and `SortBy::Type`. Any other name is an error of the
+/// command line.
 /// @param ValueReturn has to outlive the command
 template <typename ValueT>
 CLI::Option* AddChoice(CLI::App& CommandReturn, const std::string& Name,
                        std::vector<std::pair<std::string, ValueT>> vChoices, ValueT& ValueReturn,
                        const std::string& Description) {
   std::vector<std::string> vsNames;
+  vsNames.reserve(vChoices.size());
   for (const auto& Choice : vChoices) {
     vsNames.push_back(Choice.first);
   }
