@@ -14,23 +14,24 @@ struct SplitLine {
   Grammar::SplitOptions Options;
 };
 
-const std::string Footer =
-    "Every rule is in one file, as it is written, with the comments before it, and in the order of\n"
-    "the input. Rules that cannot be read are copied and reported.\n"
-    "\n"
-    "--by names files after groups of rules, such as NP-NP.trr; other.trr has rules that cannot be\n"
-    "read and files without a rule:\n" +
-    std::string(GroupKeyNames) +
-    "-n and --parts number the files: part-0001.trr.\n"
-    "\n"
-    "Files that are there already are not replaced, and nothing is written then, unless --force is\n"
-    "given. What does not fit in the memory lies in temporary files until all is read.\n"
-    "\n"
-    "Exit status: 0 all read, 1 some rule could not be read, 2 the run failed.\n"
-    "\n"
-    "Example:\n"
-    "  trrule split -o types/ learned.trr\n"
-    "  trrule split -n 1000 -o parts/ learned.trr\n";
+std::string Footer() {
+  return "Every rule is in one file, as it is written, with the comments before it, and in the order of\n"
+         "the input. Rules that cannot be read are copied and reported.\n"
+         "\n"
+         "--by names files after groups of rules, such as NP-NP.trr; other.trr has rules that cannot be\n"
+         "read and files without a rule:\n" +
+         std::string(GroupKeyNames) +
+         "-n and --parts number the files: part-0001.trr.\n"
+         "\n"
+         "Files that are there already are not replaced, and nothing is written then, unless --force is\n"
+         "given. What does not fit in the memory lies in temporary files until all is read.\n"
+         "\n"
+         "Exit status: 0 all read, 1 some rule could not be read, 2 the run failed.\n"
+         "\n"
+         "Example:\n"
+         "  trrule split -o types/ learned.trr\n"
+         "  trrule split -n 1000 -o parts/ learned.trr\n";
+}
 
 void AddInputs(CLI::App& CommandReturn, Grammar::RunOptions& RunReturn) {
   CommandReturn
@@ -64,7 +65,7 @@ void AddSplitCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
             [Line](std::uint64_t Number) { Line->Options.By = Grammar::FilesInTurn{Number}; });
   Command->get_option("--parts")->excludes("-n")->excludes("--by");
   Command->get_option("-n")->excludes("--by");
-  Command->footer(Footer);
+  Command->footer(Footer());
   Command->callback([Line, &ActionReturn] {
     ActionReturn = [Line] { return RunSplit(Line->Run, Line->Options); };
   });

@@ -53,34 +53,39 @@ std::string UnknownFirst(const CLI::App& Program, const std::string& Argument) {
              : UnknownCommand(Program, Argument);
 }
 
+/// Adds all commands, in the order in which the help lists them.
+void AddCommands(CLI::App& ProgramReturn, Action& ChosenReturn) {
+  AddCheckCommand(ProgramReturn, ChosenReturn);
+  AddPrintCommand(ProgramReturn, ChosenReturn);
+  AddSortCommand(ProgramReturn, ChosenReturn);
+  AddUniqueCommand(ProgramReturn, ChosenReturn);
+  AddHeadCommand(ProgramReturn, ChosenReturn);
+  AddSampleCommand(ProgramReturn, ChosenReturn);
+  AddSplitCommand(ProgramReturn, ChosenReturn);
+  AddStatsCommand(ProgramReturn, ChosenReturn);
+  AddJsonCommand(ProgramReturn, ChosenReturn);
+  AddFromJsonCommand(ProgramReturn, ChosenReturn);
+  AddTranslateCommand(ProgramReturn, ChosenReturn);
+  AddWhyCommand(ProgramReturn, ChosenReturn);
+  AddTestCommand(ProgramReturn, ChosenReturn);
+  AddDrawCommand(ProgramReturn, ChosenReturn);
+  AddHtmlCommand(ProgramReturn, ChosenReturn);
+  AddFindCommand(ProgramReturn, ChosenReturn);
+  AddDiffCommand(ProgramReturn, ChosenReturn);
+  AddPatchCommand(ProgramReturn, ChosenReturn);
+  AddMergeCommand(ProgramReturn, ChosenReturn);
+  AddExplainCommand(ProgramReturn, ChosenReturn);
+  AddHelpCommand(ProgramReturn, ChosenReturn);
+  AddVersionCommand(ProgramReturn, ChosenReturn);
+}
+
 int RunProgram(int ArgumentCount, char** Arguments) {
   CLI::App Program("Checks, prints, sorts and converts files of transfer rules.", "trrule");
   Action Chosen;
   Program.set_version_flag("--version", std::string("trrule ") + ProgramVersion);
   Program.require_subcommand(1);
   Program.footer(Footer);
-  AddCheckCommand(Program, Chosen);
-  AddPrintCommand(Program, Chosen);
-  AddSortCommand(Program, Chosen);
-  AddUniqueCommand(Program, Chosen);
-  AddHeadCommand(Program, Chosen);
-  AddSampleCommand(Program, Chosen);
-  AddSplitCommand(Program, Chosen);
-  AddStatsCommand(Program, Chosen);
-  AddJsonCommand(Program, Chosen);
-  AddFromJsonCommand(Program, Chosen);
-  AddTranslateCommand(Program, Chosen);
-  AddWhyCommand(Program, Chosen);
-  AddTestCommand(Program, Chosen);
-  AddDrawCommand(Program, Chosen);
-  AddHtmlCommand(Program, Chosen);
-  AddFindCommand(Program, Chosen);
-  AddDiffCommand(Program, Chosen);
-  AddPatchCommand(Program, Chosen);
-  AddMergeCommand(Program, Chosen);
-  AddExplainCommand(Program, Chosen);
-  AddHelpCommand(Program, Chosen);
-  AddVersionCommand(Program, Chosen);
+  AddCommands(Program, Chosen);
   if (ArgumentCount < 2) {
     std::cerr << Program.help();
     return Grammar::StatusFailed;

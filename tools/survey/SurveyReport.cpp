@@ -23,6 +23,7 @@ using Table = SurveyReport::Table;
 
 std::vector<Row> RowsOf(const NameCounts& Names) {
   std::vector<Row> vRows;
+  vRows.reserve(Names.Size());
   for (const NameCount& Current : Names.Sorted()) {
     vRows.push_back({std::string(Current.Name), Current.Count, {}});
   }
@@ -31,6 +32,7 @@ std::vector<Row> RowsOf(const NameCounts& Names) {
 
 std::vector<Row> RowsOf(const std::map<std::size_t, std::uint64_t>& mLengths) {
   std::vector<Row> vRows;
+  vRows.reserve(mLengths.size());
   for (const auto& [Length, Count] : mLengths) {
     vRows.push_back({std::to_string(Length), Count, {}});
   }
