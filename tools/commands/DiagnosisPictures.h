@@ -26,10 +26,10 @@ class DiagnosisPictures {
 
  private:
   bool ReadTrees(const DiagnosisLine& Line, std::size_t Begin);
-  bool ReadWay(const Combination& Way, const StructurePair& Structures, std::size_t Begin);
+  bool ReadWay(const Combination& Way, const StructurePair& Made, std::size_t Begin);
   void MarkStop(const Stop& Which);
   void MarkClash(const EquationClash& Clash);
-  void AddNote(std::size_t Side, std::size_t Node, const std::string& Words);
+  void AddNote(std::size_t Side, std::size_t Node, const std::string& Note);
   void AppendTrees(const DiagnosisLine& Line, std::size_t Begin, std::string& PageReturn);
 
   RuleDiagnosis& Why;
