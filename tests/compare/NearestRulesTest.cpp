@@ -68,6 +68,30 @@ Pairs SlowNearest(const std::vector<RuleTokens>& vOld, const std::vector<RuleTok
   }
 }
 
+TEST(NearestRules, CompareTheTypesEachLabelAndEachLine) {
+  const std::string Rule = "NP::NP [DET N] -> [A B]\n(\n(X1::Y1)\n(X2::Y2)\n)\n";
+  const struct {
+    std::string Other;
+    unsigned Likeness;
+  } Cases[] = {
+      {Rule, 100},
+      {"NP::AP [DET N] -> [A B]\n(\n(X1::Y1)\n(X2::Y2)\n)\n", 85},
+      {"NP::NP [ADJ N] -> [A B]\n(\n(X1::Y1)\n(X2::Y2)\n)\n", 85},
+      {"NP::NP [DET V] -> [A B]\n(\n(X1::Y1)\n(X2::Y2)\n)\n", 85},
+      {"NP::NP [DET N] -> [C B]\n(\n(X1::Y1)\n(X2::Y2)\n)\n", 85},
+      {"NP::NP [DET N] -> [A C]\n(\n(X1::Y1)\n(X2::Y2)\n)\n", 85},
+      {"NP::NP [DET N] -> [A B]\n(\n(X1::Y1)\n(X2::Y1)\n)\n", 85},
+      {"NP::NP [A B] -> [DET N]\n(\n(X1::Y1)\n(X2::Y2)\n)\n", 42},
+      {"NP::NP [N DET] -> [A B]\n(\n(X1::Y1)\n(X2::Y2)\n)\n", 100},
+      {"NP::NP [DET N] -> [A B]\n(\n;--;(X1::Y1)\n(X2::Y2)\n)\n", 100},
+      {"NP::NP [DET N] -> [A B]\n(\n(X1::Y1)\n)\n", 92},
+  };
+  for (const auto& Case : Cases) {
+    EXPECT_EQ(Likeness(TokensOf(Rule), TokensOf(Case.Other)), Case.Likeness) << Case.Other;
+    EXPECT_EQ(Likeness(TokensOf(Case.Other), TokensOf(Rule)), Case.Likeness) << Case.Other;
+  }
+}
+
 TEST(NearestRules, CountWhatRulesHaveInCommon) {
   const RuleTokens Sample =
       TokensOf("NP::NP [DET N] -> [DET \"el\"]\n(\n(X1::Y1)\n;--;(X2::Y2)\n)");

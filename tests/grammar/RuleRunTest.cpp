@@ -290,6 +290,8 @@ TEST(RuleRun, ReadsTheOtherFilesWhenOneIsMissing) {
     EXPECT_EQ(RunTrrule({sCommand, "none", "a.trr", ".", "b.trr"}, Folder.Path("")),
               (ChildEnd{2, Good + StrayBlock, Missing + Folders}));
   }
+  EXPECT_EQ(RunTrrule({"print", "--from-one-line", "none", ".", "a.trr"}, Folder.Path("")),
+            (ChildEnd{2, Good, Missing + Folders}));
   EXPECT_EQ(RunTrrule({"sort", "a.trr", "none", "b.trr", "none"}, Folder.Path("")),
             (ChildEnd{2, StrayBlock + Good, Missing + Missing}));
   EXPECT_EQ(RunTrrule({"check", "c.trr", "none"}, Folder.Path("")),

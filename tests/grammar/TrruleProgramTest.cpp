@@ -1,6 +1,7 @@
 // The command as people meet it: its statuses, its one-line complaints, how it ends when somebody
 // stops it, and that its help, its manual and its completions know the same options.
 
+#include "ConsolePage.h"
 #include "Finding.h"
 #include "FindingCodes.h"
 #include "GrammarPaths.h"
@@ -102,6 +103,7 @@ TEST(TrruleProgram, ExplainsEachCommandInBothWays) {
     EXPECT_EQ(Help.Status, 0) << sCommand;
     EXPECT_EQ(RunTrrule({"help", sCommand}), Help);
   }
+  ExpectConsolesHold("tests/grammar/help.md", AllCommands.size());
 }
 
 TEST(TrruleProgram, AcceptsCodesInAnyCase) {
