@@ -32,6 +32,22 @@ TEST(RuleChecker, FindsNothingInAValidRule) {
   EXPECT_EQ(PlacesOf(FindingsIn(";; only a comment\n\n")), Strings());
 }
 
+TEST(RuleChecker, SaysWhatTheLibraryReadsInComments) {
+  const std::vector<std::pair<std::string, std::string>> Cases{
+      {";; [a] -> [b]", "also reads this comment as a rule line"},
+      {";; see a::b", "also reads this comment as an alignment"},
+      {";; a = b", "also reads this comment as a constraint"},
+      {";; {a}", "also reads this comment as a header"},
+      {"(x0 = x3) ;; c = d", "reads this comment as part of the line"},
+  };
+  for (const auto& [sLine, sExpected] : Cases) {
+    const std::vector<Finding> vFindings = FindingsIn(RuleWith(sLine));
+    ASSERT_EQ(vFindings.size(), 1U) << sLine;
+    EXPECT_EQ(vFindings[0].Message,
+              "the library's reader " + sExpected + "; trrule keeps it as a comment");
+  }
+}
+
 TEST(RuleChecker, ReportsWhatIsNotKeptAsWritten) {
   const std::vector<std::pair<std::string, Strings>> Cases{
       {"(y1 == (y0 det))", {"7:5+2 TR024?"}},

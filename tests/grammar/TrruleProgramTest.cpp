@@ -106,6 +106,10 @@ TEST(TrruleProgram, ExplainsEachCommandInBothWays) {
   ExpectConsolesHold("tests/grammar/help.md", AllCommands.size());
 }
 
+TEST(TrruleProgram, ExplainsEachCodeInWords) {
+  ExpectConsolesHold("tests/grammar/explanations.md", Grammar::AllCodes().size() + 1);
+}
+
 TEST(TrruleProgram, AcceptsCodesInAnyCase) {
   const TestFolder Folder;
   Folder.Write("a.trr", "{ADJP,12}\nADJP::NP : [N] -> [N]\n(X1::Y1)\n");
