@@ -156,6 +156,37 @@ TEST(RuleMerge, IsAConflictWhereBothVersionsTogetherAreNoRule) {
   });
 }
 
+TEST(RuleMerge, KeepsWhatOneVersionHasAlone) {
+  using namespace Grammar;
+  const ComparedRule Old = *ComparedRule::Of(Base);
+  const std::string Body = "(X1::Y1)\n(X2::Y2)\n((X2 NUM) = PL)\n";
+  const ComparedRule Changed = *ComparedRule::Of(Rule(Sides, Body, "; kept\n"));
+  const MergedRule Ours = KeepChanged(Old, Changed, true);
+  EXPECT_EQ(Ours.Text, Rule(Sides, Body,
+                            See + ";; ours: constraint ((X2 NUM) %3D …): SG becomes PL\n"
+                                  ";; ours: comment added: ; kept\n"
+                                  ";; theirs: the rule is removed\n; kept\n"));
+  EXPECT_EQ(Ours.vsConflicts, Strings{"ours has changed the rule, and theirs has removed it"});
+  const MergedRule Theirs = KeepChanged(Old, Changed, false);
+  EXPECT_EQ(Theirs.Text, Rule(Sides, Body,
+                              See + ";; ours: the rule is removed\n"
+                                    ";; theirs: constraint ((X2 NUM) %3D …): SG becomes PL\n"
+                                    ";; theirs: comment added: ; kept\n; kept\n"));
+  EXPECT_EQ(Theirs.vsConflicts, Strings{"theirs has changed the rule, and ours has removed it"});
+
+  const Strings vsAdded{"ours and theirs have added different rules with one header"};
+  EXPECT_EQ(KeepAdded(Old, true).Text, See +
+                                           ";; ours: this rule\n"
+                                           ";; theirs: another rule with this header\n" +
+                                           Base);
+  EXPECT_EQ(KeepAdded(Old, true).vsConflicts, vsAdded);
+  EXPECT_EQ(KeepAdded(Old, false).Text, See +
+                                            ";; ours: another rule with this header\n"
+                                            ";; theirs: this rule\n" +
+                                            Base);
+  EXPECT_EQ(KeepAdded(Old, false).vsConflicts, vsAdded);
+}
+
 TEST(RuleMerge, IsAConflictWhereTheCommentsOfBothVersionsAreTooLong) {
   // After the first line, the library reads 100,000 bytes of a rule: either version, but not both.
   const auto Commented = [](const std::string& Comment) {

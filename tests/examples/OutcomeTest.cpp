@@ -220,6 +220,15 @@ TEST(Outcome, LimitsTheDerivationsWithTheRuleAndThenWithOthers) {
     EXPECT_EQ(End.Out, Line(3, "car", Row.Wanted, Row.What, Row.Best))
         << Row.Wanted << ' ' << Row.Max;
   }
+  const TestFolder Folder;
+  Folder.Write("a.trr", Phrase("casa"));
+  EXPECT_EQ(
+      RunTrrule({"test", "--no-coverage", "--max-derivations", "1", "a.trr"}, Folder.Path("")),
+      (ChildEnd{1,
+                "a.trr:3: error: car\n  wanted: casa\n"
+                "  cause:  more than 1 derivations give other words than wanted\n"
+                "1 example: 1 reached a limit\n",
+                ""}));
 }
 
 }  // namespace

@@ -156,6 +156,21 @@ TEST(CheckCommand, WritesSarifWithColumnsInCharacters) {
   EXPECT_EQ(Uri.substr(Uri.rfind('/') + 1), "a%20b.trr");
 }
 
+TEST(CheckCommand, WritesSuggestionsAndExamplesInSarif) {
+  CheckOptions Options;
+  Options.Format = FindingFormat::Sarif;
+  const auto MessageOf = [&](const std::string& Line) {
+    return nlohmann::json::parse(
+               Check(RuleWith(Line), Options).Result)["runs"][0]["results"][0]["message"]["text"]
+        .get<std::string>();
+  };
+  EXPECT_EQ(MessageOf("(X1::Y2"),
+            "this is not an alignment of one x with one y; instead: (X1::Y2)");
+  EXPECT_EQ(MessageOf("((x1 num) = "), "the constraint ends too early: expected a value or a node");
+  EXPECT_EQ(MessageOf("(x0 = n)"),
+            "\"n\" is not a node, and only a node can equal x0; for example: ((x0 feature) = n)");
+}
+
 TEST(CheckCommand, WritesExplanationsAsSarifHelp) {
   CheckOptions Options;
   Options.Format = FindingFormat::Sarif;

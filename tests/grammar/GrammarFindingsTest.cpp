@@ -131,6 +131,9 @@ TEST(GrammarFindings, NameRulesThatNoStartTypeReaches) {
                      "\"NP::NP\"",
                      "10:1+20 TR051 warning: no start type leads to a rule with the types "
                      "\"VP::VP\"; 1 more rule has them"}));
+  EXPECT_EQ(UnreachableIn(Text + Rule("VP::VP [NP] -> [NP]"), {"NP"}),
+            (Strings{"10:1+20 TR051 warning: no start type leads to a rule with the types "
+                     "\"VP::VP\"; 2 more rules have them"}));
 }
 
 TEST(GrammarFindings, FollowTheTargetTypesOfComponents) {

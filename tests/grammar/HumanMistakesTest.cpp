@@ -4,6 +4,7 @@
 #include "CheckCommand.h"
 #include "GrammarPaths.h"
 #include "GrammarSupport.h"
+#include "ProgramRun.h"
 #include "RuleGenerator.h"
 #include "TestFolder.h"
 #include "support/Samples.h"
@@ -670,6 +671,11 @@ TEST(HumanMistakes, IncludeAMissingHeader) {
             "{NP,2}\n"
             "8:1: warning TR045: this rule has no header, while rules before it have one\n");
   EXPECT_EQ(Checked(Rule + ")\nV" + Rule + ")\n{ANP,1}\nA" + Rule + ")\n"), "");
+  // Each file begins anew, also the same one.
+  const TestFolder Folder;
+  Folder.Write("a.trr", "V" + Rule + ")\n{NP,1}\n" + Rule + ")\n");
+  EXPECT_EQ(RunTrrule({"check", "--only", "TR045", "a.trr", "a.trr"}, Folder.Path("")),
+            (ChildEnd{0, "", ""}));
 }
 
 TEST(HumanMistakes, IncludeARuleMergedWithTheNextOne) {

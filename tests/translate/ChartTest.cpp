@@ -147,6 +147,10 @@ TEST(Chart, ReportsTheLimitThatWasReached) {
   Translate::TextOptions Options;
   Options.Limits.MaxConstituents = 2;
   EXPECT_EQ(Engine.Engine.Translate("a a", Options).Error, "there are more than 2 constituents");
+  EXPECT_EQ(LimitError(ChartOutcome::TooManyItems, Options.Limits),
+            "the rules match in too many ways before their last component");
+  EXPECT_EQ(LimitError(ChartOutcome::TooLargeStructures, Options.Limits),
+            "structures with more than 1048576 features are unified");
 }
 
 TEST(Chart, StoresTheRulesOfAChain) {
