@@ -249,7 +249,7 @@ constexpr std::string_view Usual = "\x1b[0m";
 }  // namespace
 
 void TranslationWriter::AppendColoured(std::string_view Colour, std::string_view Text) {
-  if (!Options.Colours) {
+  if (!Options.Colours || Text.empty()) {
     Out->append(Text);
     return;
   }
