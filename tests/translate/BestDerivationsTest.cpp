@@ -11,6 +11,7 @@
 #include <numeric>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -85,6 +86,21 @@ TEST(BestDerivations, RestartsWithOtherGoals) {
     ASSERT_TRUE(Tree.has_value());
     EXPECT_EQ(Best.Trees().Rule(*Tree), Goal);
     EXPECT_EQ(Best.Next(), std::nullopt);
+  }
+}
+
+TEST(BestDerivations, CountsOtherGoalsAnew) {
+  TestEngine Engine(
+      "A::A : [\"a\"] -> [\"x\"]\n(X1::Y1)\nA::A : [\"a\"] -> [\"z\"]\n(X1::Y1)\n"
+      "B::B : [\"a\"] -> [\"y\"]\n(X1::Y1)\n");
+  Engine.Engine.Translate("a", {});
+  BestDerivations Best(Engine.Engine.ParsedChart());
+  Best.Begin();
+  const std::vector<std::pair<std::vector<std::uint32_t>, std::uint64_t>> vCases{
+      {{0}, 2}, {{1}, 1}, {{0, 1}, 3}, {{}, 0}, {{1}, 1}, {{0}, 2}};
+  for (const auto& [vGoals, Count] : vCases) {
+    Best.SetGoals(vGoals);
+    EXPECT_EQ(Best.CountGoals(), Count) << testing::PrintToString(vGoals);
   }
 }
 
