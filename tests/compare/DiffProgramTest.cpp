@@ -148,18 +148,18 @@ TEST_F(DiffProgram, WritesAnObjectForEachDifference) {
 }
 
 TEST_F(DiffProgram, ColoursLinesAndMarksWords) {
-  Folder.Write("a.trr", "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(X1::Y1)\n");
+  Folder.Write("a.trr", "{NP,1}\nNP::NP : [DET N] -> [DET ADV]\n(X1::Y1)\n");
   Folder.Write("b.trr", "{NP,1}\nNP::NP : [DET N] -> [DET ADJ]\n(X1::Y1)\n");
   const std::string Coloured =
       "\x1b[1m--- a.trr\x1b[m\n\x1b[1m+++ b.trr\x1b[m\n"
       "\x1b[36m@@ -1,5 +1,5 @@ changed {NP,1}: same header\x1b[m\n"
-      "\x1b[33m# component 2 of the target: N becomes ADJ\x1b[m\n {NP,1}\n"
-      "\x1b[31m-NP::NP [DET N] -> [DET \x1b[7mN\x1b[27m]\x1b[m\n"
+      "\x1b[33m# component 2 of the target: ADV becomes ADJ\x1b[m\n {NP,1}\n"
+      "\x1b[31m-NP::NP [DET N] -> [DET \x1b[7mADV\x1b[27m]\x1b[m\n"
       "\x1b[32m+NP::NP [DET N] -> [DET \x1b[7mADJ\x1b[27m]\x1b[m\n (\n (X1::Y1)\n )\n"
       "\x1b[36m@@ 1 changed @@\x1b[m\n";
   const std::string Plain =
       "--- a.trr\n+++ b.trr\n@@ -1,5 +1,5 @@ changed {NP,1}: same header\n"
-      "# component 2 of the target: N becomes ADJ\n {NP,1}\n-NP::NP [DET N] -> [DET N]\n"
+      "# component 2 of the target: ADV becomes ADJ\n {NP,1}\n-NP::NP [DET N] -> [DET ADV]\n"
       "+NP::NP [DET N] -> [DET ADJ]\n (\n (X1::Y1)\n )\n@@ 1 changed @@\n";
   Expect({"diff", "--color", "always", "a.trr", "b.trr"}, 1, Coloured, "");
   for (const char* When : {"auto", "never"}) {

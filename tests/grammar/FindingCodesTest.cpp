@@ -84,6 +84,17 @@ StringSet CodesIn(std::string_view Code, const std::string& Text) {
   return ssCodes;
 }
 
+TEST(FindingCodes, KeepRulesFromUseWhereTheyAreErrorsOfARule) {
+  StringSet ssKeeping;
+  for (const Grammar::CodeInfo& Info : Grammar::AllCodes()) {
+    if (Grammar::KeepsFromUse(Info.Code)) {
+      ssKeeping.insert(std::string(Info.Code));
+    }
+  }
+  EXPECT_EQ(ssKeeping, (StringSet{"TR001", "TR002", "TR003", "TR004", "TR005", "TR006", "TR007",
+                                  "TR008", "TR009", "TR010", "TR013", "TR015"}));
+}
+
 TEST(FindingCodes, HaveAWrongExampleWithTheCodeAndARightOneWithoutFindings) {
   for (const CodeInfo& Info : Grammar::AllCodes()) {
     StringSet ssExpected{std::string(Info.Code)};
