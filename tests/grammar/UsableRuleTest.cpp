@@ -8,6 +8,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -79,6 +80,24 @@ const std::string Example =
     "((x0 lex) = New  York )\n"
     "((x1 num) = (*NOT* sg))\n"
     ")\n";
+
+TEST(UsableRule, IsNamedByTheLineOfItsRule) {
+  const struct {
+    std::string Text;
+    std::size_t Line;
+  } Cases[] = {
+      {";; a\n{NP,1}\nNP::NP : [N] -> [N]\n(X1::Y1)\n", 3},
+      {"\n;; a\n{NP,1}\n(X1::Y1)\n", 3},
+      {";; a\n\n(X1::Y1)\n", 3},
+      {"(X1::Y1)\n;; a\n{NP,1}\n", 3},
+      {";; a\n", 1},
+  };
+  for (const auto& Case : Cases) {
+    const std::vector<Grammar::RuleText> vRules = RulesOf(Case.Text);
+    ASSERT_FALSE(vRules.empty());
+    EXPECT_EQ(Grammar::LineOfRule(vRules.front()), Case.Line) << Case.Text;
+  }
+}
 
 }  // namespace
 
