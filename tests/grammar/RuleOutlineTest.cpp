@@ -146,6 +146,7 @@ TEST(RuleOutline, HasEqualSumsForEqualParts) {
     bool IsSameRest;
   };
   const std::string Car = "N::N : [\"car\"] -> [\"auto\"]\n(X1::Y1)\n";
+  const std::string Noun = "NP::NP : [N] -> [N]\n(X1::Y1)\n";
   const std::string Number = "((x1 num) = sg)\n";
   const std::string Gender = "((x2 gen) = masc)\n";
   const std::vector<Case> Cases = {
@@ -156,7 +157,9 @@ TEST(RuleOutline, HasEqualSumsForEqualParts) {
       {Head + Number + Gender, Head + Gender + Number, false, true, true},
       {Head + Number, Head + Gender, false, false, true},
       {Head, Head + "((y1 num) = sg)\n", true, true, false},
-      {Head, "NP::NP : [ADJ N] -> [N ADJ]\n(X2::Y1)\n(X1::Y2)\n", true, true, true}};
+      {Head, "NP::NP : [ADJ N] -> [N ADJ]\n(X2::Y1)\n(X1::Y2)\n", true, true, true},
+      {Noun, "NP::NP : [N] -> [n]\n(X1::Y1)\n", true, true, true},
+      {Noun, "NP::NP : [N] -> [A]\n(X1::Y1)\n", false, true, false}};
   for (const Case& Row : Cases) {
     const OutlinedRule LeftRule(Row.Left);
     const OutlinedRule RightRule(Row.Right);

@@ -65,6 +65,10 @@ TEST(Characters, HaveWidths) {
   } Cases[] = {
       {"", 0, 0},
       {"NP", 136, 2},
+      {"ABCDEFGHIJKLMNOPQRSTUVWXYZ", 1762, 26},
+      {"abcdefghijklmnopqrstuvwxyz", 1479, 26},
+      {"0123456789", 640, 10},
+      {" !\"#$%&'()*+,-./:;<=>?@[\\]^_`{|}~", 1836, 33},
       {"i", 28, 1},
       {"é", 100, 1},
       {"Œ", 125, 1},
