@@ -26,7 +26,7 @@ analyse_with_cppcheck() {
 # compiler and each of two standards, with optimisation, with checked containers, and under the
 # sanitizers of each compiler; the tests with threads also under the thread sanitizer.
 test_other_presets() {
-  for Preset in assertions sanitize thread; do
+  for Preset in cxx20-clang assertions sanitize thread; do
     build_preset "$Preset"
     test_preset "$Preset"
   done

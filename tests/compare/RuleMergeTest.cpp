@@ -156,35 +156,34 @@ TEST(RuleMerge, IsAConflictWhereBothVersionsTogetherAreNoRule) {
   });
 }
 
-TEST(RuleMerge, KeepsWhatOneVersionHasAlone) {
-  using namespace Grammar;
-  const ComparedRule Old = *ComparedRule::Of(Base);
+TEST(RuleMerge, KeepsARuleThatOneVersionHasRemoved) {
+  using Grammar::ComparedRule;
   const std::string Body = "(X1::Y1)\n(X2::Y2)\n((X2 NUM) = PL)\n";
   const ComparedRule Changed = *ComparedRule::Of(Rule(Sides, Body, "; kept\n"));
-  const MergedRule Ours = KeepChanged(Old, Changed, true);
-  EXPECT_EQ(Ours.Text, Rule(Sides, Body,
-                            See + ";; ours: constraint ((X2 NUM) %3D …): SG becomes PL\n"
-                                  ";; ours: comment added: ; kept\n"
-                                  ";; theirs: the rule is removed\n; kept\n"));
-  EXPECT_EQ(Ours.vsConflicts, Strings{"ours has changed the rule, and theirs has removed it"});
-  const MergedRule Theirs = KeepChanged(Old, Changed, false);
-  EXPECT_EQ(Theirs.Text, Rule(Sides, Body,
-                              See + ";; ours: the rule is removed\n"
-                                    ";; theirs: constraint ((X2 NUM) %3D …): SG becomes PL\n"
-                                    ";; theirs: comment added: ; kept\n; kept\n"));
-  EXPECT_EQ(Theirs.vsConflicts, Strings{"theirs has changed the rule, and ours has removed it"});
+  for (const bool IsOurs : {true, false}) {
+    const std::string This = IsOurs ? "ours" : "theirs";
+    const std::string Other = IsOurs ? "theirs" : "ours";
+    const std::string Changes = ";; " + This + ": constraint ((X2 NUM) %3D …): SG becomes PL\n;; " +
+                                This + ": comment added: ; kept\n";
+    const std::string Removed = ";; " + Other + ": the rule is removed\n";
+    const std::string Shown = IsOurs ? Changes + Removed : Removed + Changes;
+    const Grammar::MergedRule Kept = Grammar::KeepChanged(*ComparedRule::Of(Base), Changed, IsOurs);
+    EXPECT_EQ(Kept.Text, Rule(Sides, Body, See + Shown + "; kept\n"));
+    EXPECT_EQ(Kept.vsConflicts,
+              Strings{This + " has changed the rule, and " + Other + " has removed it"});
+  }
+}
 
-  const Strings vsAdded{"ours and theirs have added different rules with one header"};
-  EXPECT_EQ(KeepAdded(Old, true).Text, See +
-                                           ";; ours: this rule\n"
-                                           ";; theirs: another rule with this header\n" +
-                                           Base);
-  EXPECT_EQ(KeepAdded(Old, true).vsConflicts, vsAdded);
-  EXPECT_EQ(KeepAdded(Old, false).Text, See +
-                                            ";; ours: another rule with this header\n"
-                                            ";; theirs: this rule\n" +
-                                            Base);
-  EXPECT_EQ(KeepAdded(Old, false).vsConflicts, vsAdded);
+TEST(RuleMerge, KeepsDifferentRulesWithOneHeader) {
+  const std::string This = "this rule\n";
+  const std::string Other = "another rule with this header\n";
+  for (const bool IsOurs : {true, false}) {
+    const Grammar::MergedRule Kept = Grammar::KeepAdded(*Grammar::ComparedRule::Of(Base), IsOurs);
+    EXPECT_EQ(Kept.Text, See + ";; ours: " + (IsOurs ? This : Other) +
+                             ";; theirs: " + (IsOurs ? Other : This) + Base);
+    EXPECT_EQ(Kept.vsConflicts,
+              Strings{"ours and theirs have added different rules with one header"});
+  }
 }
 
 TEST(RuleMerge, IsAConflictWhereTheCommentsOfBothVersionsAreTooLong) {

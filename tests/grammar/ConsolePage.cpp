@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -91,17 +92,42 @@ void Fill(const TestFolder& Folder, const Console& Shown) {
   Folder.Write("script", Instrumented(Shown.vsCommands));
 }
 
+/// What a console shows when its commands are run.
+std::string ShownBy(const Console& Current) {
+  const TestFolder Folder;
+  Fill(Folder, Current);
+  return OutputOf("cd '" + Folder.Path("") + "' && PATH=\"$PWD/bin:$PATH\" LC_ALL=C sh script");
+}
+
+/// Writes a page anew with other texts in its consoles.
+void WritePage(const std::string& Page, const std::vector<std::string>& vsShown) {
+  const std::string Path = GrammarPaths::SourceFolder + ('/' + Page);
+  std::ifstream Before(Path);
+  std::string Text;
+  std::size_t Next = 0;
+  bool IsConsole = false;
+  for (std::string Line; std::getline(Before, Line);) {
+    const bool IsFence = Line.rfind("```", 0) == 0;
+    Text += IsConsole && !IsFence ? "" : Line + '\n';
+    if (IsFence) {
+      IsConsole = Line == "```console";
+      Text += IsConsole ? vsShown[Next++] : "";
+    }
+  }
+  std::ofstream(Path) << Text;
+}
+
 }  // namespace
 
 void ExpectConsolesHold(const std::string& Page, std::size_t Least) {
   const std::vector<Console> vConsoles = ReadConsoles(Page);
   EXPECT_GE(vConsoles.size(), Least) << Page;
+  std::vector<std::string> vsShown;
   for (const Console& Current : vConsoles) {
-    const TestFolder Folder;
-    Fill(Folder, Current);
-    EXPECT_EQ(
-        OutputOf("cd '" + Folder.Path("") + "' && PATH=\"$PWD/bin:$PATH\" LC_ALL=C sh script"),
-        Current.Shown)
-        << Page << ':' << Current.LineNumber;
+    vsShown.push_back(ShownBy(Current));
+    EXPECT_EQ(vsShown.back(), Current.Shown) << Page << ':' << Current.LineNumber;
+  }
+  if (std::getenv("TRRULE_WRITE_PAGES") != nullptr) {
+    WritePage(Page, vsShown);
   }
 }

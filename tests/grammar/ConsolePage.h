@@ -29,5 +29,6 @@ std::vector<Console> ReadConsoles(const std::string& Page);
 
 /// Runs each console of a page by a shell, in a folder of its own with a copy of examples/grammar
 /// and a `trrule` to call, and compares what both streams give with what the page shows.
+/// With TRRULE_WRITE_PAGES in the environment, the page is also written anew with what they give.
 /// @param Least how many consoles the page has at least
 void ExpectConsolesHold(const std::string& Page, std::size_t Least = 9);

@@ -351,7 +351,7 @@ TEST(RuleRun, LeavesOutWhatTheLibraryCannotWrite) {
 std::string MixedGrammar() {
   std::string Text = ";; before all\n";
   std::size_t Number = 0;
-  for (const std::string& sRule : GeneratedRules(23, 1200)) {
+  for (const std::string& sRule : GeneratedRules(23, 3000)) {
     Text += sRule;
     Text += ++Number % 7 == 0 ? "{NP,1}\nNP::NP : [N -> [N]\n(X1::Y1)\n" : "";
     Text += Number % 11 == 0 ? Stray : "";

@@ -191,7 +191,7 @@ TEST(TrruleProgram, ReturnsTheStatusOfARunWithABadRule) {
 /// A grammar that takes a while.
 std::string LargeGrammar() {
   std::string Text;
-  for (const std::string& sRule : GeneratedRules(5, 1500)) {
+  for (const std::string& sRule : GeneratedRules(5, 4000)) {
     Text += sRule;
   }
   return Text;
@@ -207,7 +207,7 @@ TEST(TrruleProgram, ReplacesTheFileThatItReads) {
 /// Many rules as JSON.
 std::string LargeJson() {
   std::string Text;
-  for (int Number = 0; Number < 6000; ++Number) {
+  for (int Number = 0; Number < 20000; ++Number) {
     Text += R"j({"slType":"NP","tlType":"NP","slLabels":["N"],"tlLabels":["N"],)j";
     Text += R"j("alignments":"((1,1))"})j";
     Text += '\n';
