@@ -57,7 +57,7 @@ void AddFormat(CLI::App& CommandReturn, Grammar::FindOptions& OptionsReturn) {
       ->type_name("FORM");
 }
 
-void AddCountBy(CLI::App& CommandReturn, Grammar::FindOptions& OptionsReturn) {
+std::vector<std::pair<std::string, std::optional<Query::GroupBy>>> ChoicesOfGroups() {
   using Query::GroupBy;
   std::vector<std::pair<std::string, std::optional<GroupBy>>> vChoices;
   for (const GroupBy By : {GroupBy::Type, GroupBy::Sequence, GroupBy::Source, GroupBy::Target,
@@ -65,8 +65,12 @@ void AddCountBy(CLI::App& CommandReturn, Grammar::FindOptions& OptionsReturn) {
                            GroupBy::Size, GroupBy::Count, GroupBy::File}) {
     vChoices.emplace_back(NameOf(By), By);
   }
-  AddChoice<std::optional<GroupBy>>(CommandReturn, "--count-by", std::move(vChoices),
-                                    OptionsReturn.CountBy, "count the rules of each group")
+  return vChoices;
+}
+
+void AddCountBy(CLI::App& CommandReturn, Grammar::FindOptions& OptionsReturn) {
+  AddChoice<std::optional<Query::GroupBy>>(CommandReturn, "--count-by", ChoicesOfGroups(),
+                                           OptionsReturn.CountBy, "count the rules of each group")
       ->type_name("KEY");
 }
 

@@ -139,6 +139,16 @@ TEST(WatchedExamples, AreRunWhereScoresMayHaveChangedTheOrder) {
                   "a.trr:7 new\n0 of 1 examples run\n0 examples changed\n1 example: 1 differs\n"}});
 }
 
+// One text twice is two examples, of which each keeps what is known of it.
+TEST(WatchedExamples, AreAllRunAgainWhereOneTextStandsTwice) {
+  const std::string Twice = Word("car", "auto", Example("car", "auto") + Example("car", "auto"));
+  ExpectReports({{Twice, "2 examples: 2 pass\n"},
+                 {Twice + Word("bus", "bus"),
+                  "a.trr:7 new\n0 of 2 examples run\n0 examples changed\n2 examples: 2 pass\n"},
+                 {Twice + Word("bus", "bus") + Word("car", "coche"),
+                  "a.trr:9 new\n2 of 2 examples run\n0 examples changed\n2 examples: 2 pass\n"}});
+}
+
 TEST(WatchedExamples, ShowTheFirstOfManyChanges) {
   std::string Words;
   for (const char* sWord : {"a", "b", "c", "d", "e", "f"}) {

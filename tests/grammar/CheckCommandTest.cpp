@@ -171,6 +171,22 @@ TEST(CheckCommand, WritesSuggestionsAndExamplesInSarif) {
             "\"n\" is not a node, and only a node can equal x0; for example: ((x0 feature) = n)");
 }
 
+TEST(CheckCommand, WritesTheOtherRuleOfARepeatedHeaderInSarif) {
+  CheckOptions Options;
+  Options.Format = FindingFormat::Sarif;
+  const std::string Text =
+      "{NP,1}\nNP::NP : [N] -> [N]\n(X1::Y1)\n"
+      "\n{NP,1}\nNP::NP : [DET] -> [DET]\n(X1::Y1)\n";
+  const nlohmann::json Results =
+      nlohmann::json::parse(Check(Text, Options).Result)["runs"][0]["results"];
+  ASSERT_EQ(Results.size(), 1u);
+  EXPECT_EQ(Results[0]["ruleId"], "TR034");
+  EXPECT_EQ(Results[0]["locations"][0]["physicalLocation"]["region"]["startLine"], 5);
+  EXPECT_EQ(
+      Results[0]["relatedLocations"].dump(),
+      R"j([{"physicalLocation":{"artifactLocation":{"uri":"a%20b.trr"},"region":{"startLine":1}}}])j");
+}
+
 TEST(CheckCommand, WritesExplanationsAsSarifHelp) {
   CheckOptions Options;
   Options.Format = FindingFormat::Sarif;

@@ -137,6 +137,31 @@ TEST(StatsProgram, WritesAPageOfHistograms) {
   EXPECT_EQ(Stats(Folder, {"--format", "html", "-o", "a.html", "a.trr"}),
             (ChildEnd{1, "", Report}));
   const std::string Page = Folder.Read("a.html");
+  const std::size_t Heading = Page.find("<h1>");
+  EXPECT_EQ(Page.substr(Heading, Page.find("<h2>types") - Heading), R"j(<h1>Rules in numbers</h1>
+<h2>all rules</h2>
+<table>
+<tr><th scope="row" align="left">rules</th><td align="right">4</td></tr>
+<tr><th scope="row" align="left">unreadable rules</th><td align="right">1</td></tr>
+<tr><th scope="row" align="left">duplicates</th><td align="right">1</td></tr>
+<tr><th scope="row" align="left">constraints</th><td align="right">4</td></tr>
+<tr><th scope="row" align="left">examples</th><td align="right">1</td></tr>
+<tr><th scope="row" align="left">texts to be rejected</th><td align="right">0</td></tr>
+<tr><th scope="row" align="left">rules with examples</th><td align="right">1</td></tr>
+<tr><th scope="row" align="left">sum of counts</th><td align="right">7</td></tr>
+</table>
+<h2>quantiles of the counts</h2>
+<table>
+<tr><th scope="row" align="left">least</th><td align="right">1</td></tr>
+<tr><th scope="row" align="left">10%</th><td align="right">1</td></tr>
+<tr><th scope="row" align="left">25%</th><td align="right">1</td></tr>
+<tr><th scope="row" align="left">50%</th><td align="right">1</td></tr>
+<tr><th scope="row" align="left">75%</th><td align="right">5</td></tr>
+<tr><th scope="row" align="left">90%</th><td align="right">5</td></tr>
+<tr><th scope="row" align="left">99%</th><td align="right">5</td></tr>
+<tr><th scope="row" align="left">greatest</th><td align="right">5</td></tr>
+</table>
+)j");
   std::string Titles;
   for (std::size_t At = Page.find("<h2>"); At != std::string::npos;
        At = Page.find("<h2>", At + 1)) {

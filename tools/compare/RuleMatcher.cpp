@@ -350,11 +350,11 @@ void RuleMatcher::PairInOrder(MatchReason Reason, Group& GroupReturn) {
   GroupReturn.Keep(vOldIsMatched, vNewIsMatched);
 }
 
-void RuleMatcher::ForwardRest(Group& GroupReturn) {
-  for (const Held& Current : GroupReturn.vOld) {
+void RuleMatcher::ForwardRest(const Group& Rest) {
+  for (const Held& Current : Rest.vOld) {
     Forward(false, Current.Entry());
   }
-  for (const Held& Current : GroupReturn.vNew) {
+  for (const Held& Current : Rest.vNew) {
     Forward(true, Current.Entry());
   }
 }
@@ -400,7 +400,7 @@ void RuleMatcher::ReturnPair(MatchReason Reason, unsigned Score, const ComparedE
 }
 
 void RuleMatcher::ReturnSingle(bool IsNew, const ComparedEntry& EntryPassIn) {
-  const ComparedEntry None;
+  const ComparedEntry None{};
   Return({MatchReason::None, 0, !IsNew, IsNew, IsNew ? None : EntryPassIn,
           IsNew ? EntryPassIn : None});
 }

@@ -112,7 +112,7 @@ class RuleMatcher {
   void PairSameBlocks(MatchReason Reason, Group& GroupReturn);
   void PairAlike(MatchReason Reason, unsigned Least, Group& GroupReturn);
   void PairInOrder(MatchReason Reason, Group& GroupReturn);
-  void ForwardRest(Group& GroupReturn);
+  void ForwardRest(const Group& Rest);
 
   void Forward(bool IsNew, const ComparedEntry& EntryPassIn);
   void ReturnPair(MatchReason Reason, unsigned Score, const ComparedEntry& Old,
