@@ -57,7 +57,7 @@ void AddFormat(CLI::App& CommandReturn, Grammar::FindOptions& OptionsReturn) {
       ->type_name("FORM");
 }
 
-std::vector<std::pair<std::string, std::optional<Query::GroupBy>>> ChoicesOfGroups() {
+void AddCountBy(CLI::App& CommandReturn, Grammar::FindOptions& OptionsReturn) {
   using Query::GroupBy;
   std::vector<std::pair<std::string, std::optional<GroupBy>>> vChoices;
   for (const GroupBy By : {GroupBy::Type, GroupBy::Sequence, GroupBy::Source, GroupBy::Target,
@@ -65,12 +65,8 @@ std::vector<std::pair<std::string, std::optional<Query::GroupBy>>> ChoicesOfGrou
                            GroupBy::Size, GroupBy::Count, GroupBy::File}) {
     vChoices.emplace_back(NameOf(By), By);
   }
-  return vChoices;
-}
-
-void AddCountBy(CLI::App& CommandReturn, Grammar::FindOptions& OptionsReturn) {
-  AddChoice<std::optional<Query::GroupBy>>(CommandReturn, "--count-by", ChoicesOfGroups(),
-                                           OptionsReturn.CountBy, "count the rules of each group")
+  AddChoice<std::optional<GroupBy>>(CommandReturn, "--count-by", std::move(vChoices),
+                                    OptionsReturn.CountBy, "count the rules of each group")
       ->type_name("KEY");
 }
 
