@@ -1,6 +1,6 @@
 // The cost of translating: loads grammars, translates each line of standard input on one thread,
 // and reports the processor time, and how many constituents, and ways to build them, are made in a
-// second. Each figure stands on a line behind its name.
+// second. Each figure stands on a line after its name.
 //
 //   trrule-translate-rates FILE... <texts
 

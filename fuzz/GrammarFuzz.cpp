@@ -37,7 +37,7 @@ void RequireAllBytes(const std::vector<RuleText>& vRules, const std::string& Tex
   std::string All;
   std::size_t Line = 1;
   for (const RuleText& Rule : vRules) {
-    Require(Rule.FirstLine == Line, "a rule begins on the line behind the one before it");
+    Require(Rule.FirstLine == Line, "a rule begins on the line after the one before it");
     All += Rule.Text;
     Line += Rule.vLines.size();
   }

@@ -314,7 +314,7 @@ void RequireNoInsertionOrder(const std::vector<Constraint>& vConstraints) {
   }
   Require(TextOf(vConstraints.begin(), vConstraints.end()) ==
               TextOf(vConstraints.rbegin(), vConstraints.rend()),
-          "the comparison text does not tell the order of insertion");
+          "the comparison text does not show the order of insertion");
 }
 
 // ---- Turning ----------------------------------------------------------------------------------

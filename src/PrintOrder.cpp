@@ -89,17 +89,17 @@ void AppendOneIndex(AgreementIterator First, AgreementIterator Last,
 /// The first agreement of a group that constrains a node, or a later one.
 AgreementIterator FindIndex(AgreementIterator First, AgreementIterator Last, int Index) {
   return std::partition_point(First, Last,
-                              [Index](const Agreement& Each) { return Each.Index < Index; });
+                              [Index](const Agreement& Current) { return Current.Index < Index; });
 }
 
 /// Whether some agreement of a group refers to another node that the group constrains, too; else
 /// the nodes come in ascending order. In category 2, an agreement refers to nothing but its node.
 bool HasReferences(AgreementIterator First, AgreementIterator Last) {
   return First->Group != PrintGroup::Category2 &&
-         std::any_of(First, Last, [&](const Agreement& Each) {
-           const auto Target = FindIndex(First, Last, Each.AgreedIndex);
-           return Each.AgreedIndex != Each.Index && Target != Last &&
-                  Target->Index == Each.AgreedIndex;
+         std::any_of(First, Last, [&](const Agreement& Current) {
+           const auto Target = FindIndex(First, Last, Current.AgreedIndex);
+           return Current.AgreedIndex != Current.Index && Target != Last &&
+                  Target->Index == Current.AgreedIndex;
          });
 }
 
@@ -108,7 +108,8 @@ bool HasReferences(AgreementIterator First, AgreementIterator Last) {
 bool AppendGroup(AgreementIterator First, AgreementIterator Last,
                  std::vector<std::size_t>& vOrderReturn) {
   if (!HasReferences(First, Last)) {
-    std::for_each(First, Last, [&](const Agreement& Each) { vOrderReturn.push_back(Each.Place); });
+    std::for_each(First, Last,
+                  [&](const Agreement& Current) { vOrderReturn.push_back(Current.Place); });
     return true;
   }
   std::vector<int> vIndices;

@@ -67,7 +67,7 @@ TEST(PrintOrder, OrdersConstraints) {
       {"a node waits for all of its references",
        {{1, 1, 2}, {1, 1, 5}, {1, 2, 3}, {1, 3, 9}},
        {3, 2, 0, 1}},
-      {"its own node is no reference", {{1, 1, 1}, {1, 2, 1}}, {0, 1}},
+      {"its own node is not a reference", {{1, 1, 1}, {1, 2, 1}}, {0, 1}},
       {"another category's node is none", {{1, 1, 2}, {4, 2, 1}}, {0, 1}},
       {"3 and 4 are one group", {{3, 0, 1}, {4, 1, 2}, {4, 2, 9}}, {2, 1, 0}},
       {"2 goes by index alone", {{2, 1, 2}, {2, 2, 1}}, {0, 1}},

@@ -340,7 +340,7 @@ TEST(TrRuleFlipping, EndsTheProcessOnAStringThatCannotBeFlipped) {
       {"then the alignments", "((2,1))", "()", "(b)", "()"},
       {"then the word-level alignments", "((2,1))", "((1,2))", "()", "()"},
       {"three parts", "", "", "((1,2,3))", "((1,2,3))"},
-      {"one part behind a good one", "", "", "((1,2),(3))", "((1,2),(3))"},
+      {"one part after a good one", "", "", "((1,2),(3))", "((1,2),(3))"},
       {"a missing part", "", "", "((1,))", "((1,))"},
       {"a blank in the separator", "", "", "((1,2), (3,4))", "((1,2), (3,4))"},
   };

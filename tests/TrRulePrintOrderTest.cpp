@@ -125,7 +125,7 @@ TEST(TrRulePrintOrder, PutsAgreementsAfterTheIndicesThatTheyReferTo) {
       {"y0 before y1 and y2",
        {{4, 1, "Y0"}, {4, 2, "Y0"}, {3, 0, "X0"}},
        {"(Y0 = X0)", "(Y1 = Y0)", "(Y2 = Y0)"}},
-      {"y0 behind y1", {{3, 0, "Y1"}, {4, 1, "Y2"}}, {"(Y1 = Y2)", "(Y0 = Y1)"}},
+      {"y0 after y1", {{3, 0, "Y1"}, {4, 1, "Y2"}}, {"(Y1 = Y2)", "(Y0 = Y1)"}},
       {"itself", {{1, 1, "X1"}, {1, 2, "X1"}}, {"(X1 = X1)", "(X2 = X1)"}},
       {"itself and another",
        {{1, 1, "X1"}, {1, 1, "X2"}, {1, 2, "X2"}},

@@ -96,7 +96,7 @@ int RunProgram(int ArgumentCount, char** Arguments) {
   try {
     Program.parse(ArgumentCount, Arguments);
   } catch (const CLI::ParseError& Error) {
-    // Help and version are no errors.
+    // Help and version are not errors.
     return Error.get_exit_code() == 0 ? Program.exit(Error) : Fail(Error.what());
   }
   return Chosen();

@@ -46,12 +46,12 @@ TEST(Example, IsReadFromTheCommentsOfItsRule) {
       {";;TL:1\n;;TL:2\n;;SL:a\n;;SL:b\n", "[a] -> [1]\n[b] -> [2]\n"},
       {";;SL:a\n;;SL:b\n;;TL:1\n",
        "[a] -> [1]\n"
-       "a.trr:2: warning: the ;;SL: has no ;;TL:, and so is no example\n"},
+       "a.trr:2: warning: the ;;SL: has no ;;TL:, and so is not an example\n"},
       {";;TL:1\n;;SL:a\n;;TL:2\n;;TL:3\n",
        "[a] -> [1]\n"
-       "a.trr:3: warning: the ;;TL: has no ;;SL:, and so is no example\n"
-       "a.trr:4: warning: the ;;TL: has no ;;SL:, and so is no example\n"},
-      // Nothing behind ";;SL:" is no example, but has its partner anyway.
+       "a.trr:3: warning: the ;;TL: has no ;;SL:, and so is not an example\n"
+       "a.trr:4: warning: the ;;TL: has no ;;SL:, and so is not an example\n"},
+      // Nothing after ";;SL:" is not an example, but has its partner anyway.
       {";;SL:\n;;SL:b\n;;TL:1\n;;TL:2\n", "[b] -> [2]\n"},
       {";;SL:a\n;;TL:\n", "[a] -> []\n"},
       {";;*SL: the\n;;SL:a\n;;TL:1\n;;*SL:\n;; *SL:the the\n", "[a] -> [1]\n*[the]\n*[the the]\n"},

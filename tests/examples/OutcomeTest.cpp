@@ -130,7 +130,7 @@ TEST(Outcome, ListsPairsThenRejectedTextsInTheOrderOfRules) {
 TEST(Outcome, ReportsCommentsWithoutAPartner) {
   EXPECT_EQ(TestGrammar(Word(";;SL: car\n;;TL: auto\n;;SL: bus\n", "N", "car", "auto")),
             (ChildEnd{0, Line(4, "car", "auto", "passes", "auto"),
-                      "a.trr:3: warning: the ;;SL: has no ;;TL:, and so is no example\n"}));
+                      "a.trr:3: warning: the ;;SL: has no ;;TL:, and so is not an example\n"}));
 }
 
 TEST(Outcome, IsAFailureOrByAnotherRuleForASkippedRule) {

@@ -55,7 +55,7 @@ bool IsNode(const std::string& Word) {
          std::isdigit(static_cast<unsigned char>(Word[1])) != 0;
 }
 
-/// Words are nodes, the features behind them within the same parenthesis, or else a value.
+/// Words are nodes, the features after them within the same parenthesis, or else a value.
 ConstraintWords WordsOf(const std::string& Line) {
   ConstraintWords Found;
   bool IsBehindNode = false;

@@ -314,7 +314,7 @@ TEST(TestProgram, SaysHowFarAllRulesComeWithAPairOfAFile) {
       "NP::NP : [\"a\" N] -> [\"un\" N]\n(X2::Y2)\n((x2 num) = sg)\n";
   const std::vector<std::pair<std::string, std::string>> vCases{
       {"the cars are", "no rule has the word \"the\", \"are\""},
-      {"cars", "the whole text is of the type N, which is no start type"},
+      {"cars", "the whole text is of the type N, which is not a start type"},
       {"a cars",
        "a.trr:7 fits x1–x2 at \"a cars\"; it fails at ((x2 num) = sg), line 9: (x2 NUM) has PL "
        "from a.trr:6, and SG is wanted"},
@@ -373,7 +373,7 @@ TEST(TestProgram, ShowsChangesSinceTheBaseline) {
   // Known failures do not fail the run.
   EXPECT_EQ(RunTest(Folder, {"a.trr", "--baseline", "accepted"}),
             (ChildEnd{0, "0 examples changed\n", ""}));
-  // Rules in another order are no change.
+  // Rules in another order are not a change.
   Folder.Write("a.trr", Word("c", "x", "z") + Word("b", "x", "x") + Word("f", "x", "x") +
                             Word("d", "x", "y") + ";;*SL: e\n" + Word("e", "x", "x"));
   EXPECT_EQ(RunTest(Folder, {"a.trr", "--baseline", "accepted"}),

@@ -256,7 +256,7 @@ TEST(GrammarFindings, NameUnaryRulesThatFormACycle) {
   EXPECT_EQ(CyclesIn(Rule("A::A [B] -> [B]") + Rule("C::C [A] -> [A]") + Rule("B::B [C] -> [C]")),
             (Strings{"1:1+15 TR053 note: unary rules lead in a cycle: A::A → B::B → C::C → A::A "
                      "(7)"}));
-  // The target types belong to it, and a literal is no place.
+  // The target types belong to it, and a literal is not a place.
   EXPECT_EQ(CyclesIn(Rule("A::B [A] -> [A]") + Rule("C::C [\"x\" C] -> [\"x\"]")), Strings());
   EXPECT_EQ(CyclesIn(Rule("A::B [A] -> [\"x\"]")),
             (Strings{"1:1+17 TR053 note: unary rules lead in a cycle: A::B → A::B"}));

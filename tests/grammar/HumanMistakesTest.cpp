@@ -594,7 +594,8 @@ TEST(HumanMistakes, AreFoundInHeaders) {
   ExpectFindings(HeaderMistakes(), AsHeader);
 }
 
-// ---- What is no mistake -----------------------------------------------------------------------
+// ---- What is not a mistake
+// -----------------------------------------------------------------------
 
 TEST(HumanMistakes, AreNotFoundInCorrectLines) {
   for (const std::string sLine : {"((x1 lex) = \u0434\u043E\u043C)",
@@ -731,7 +732,7 @@ TEST(HumanMistakes, HaveOneFindingForAFileThatIsNotAGrammar) {
 }
 
 TEST(HumanMistakes, TreatAFileWithSomeRulesAsAGrammar) {
-  // Three lines tell too little; and one line in four is enough.
+  // Three lines show too little; and one line in four is enough.
   EXPECT_EQ(Checked("a\n{NP,1}\n" + Rule + ")\nb\nc\nd\n"),
             "1:1: warning TR035: this line is not part of a rule\n"
             "1:1: warning TR037: this line comes before the header of its rule\n"

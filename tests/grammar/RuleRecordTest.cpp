@@ -125,7 +125,7 @@ TEST(RuleRecord, ReportsWhyARuleCannotBeRead) {
       {Head + "(X1::Y1)\n" + std::string(100001, '(') + '\n', {"1:1+1 TR013"}},
       {"NP::NP \"a [b;;\" c] -> [N]\n(X1::Y1)\n", {"1:1+25 TR014"}},
       // Errors of one rule come together; components that are not there do not keep it from
-      // being read, and warnings are not told.
+      // being read, and warnings are not reported.
       {"{ADJP,8}\nNP::NP : N] -> [N]\n(X1)\n(X1::Y9)\n(x9 = x1)\n", {"2:1+11 TR005"}},
       {Head + "(X1::1)\n(X1::Y)\n(x0 = x1)\n(x1 = x0)\n",
        {"3:1+7 TR007", "4:1+7 TR007", "5:1+9 TR011"}}};

@@ -347,7 +347,7 @@ TEST(RuleRun, LeavesOutWhatTheLibraryCannotWrite) {
 
 // ---- Threads ----------------------------------------------------------------------------------
 
-/// Many rules with bad ones, stray text and texts that are no rules among them.
+/// Many rules with bad ones, stray text and texts that are not rules among them.
 std::string MixedGrammar() {
   std::string Text = ";; before all\n";
   std::size_t Number = 0;

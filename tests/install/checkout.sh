@@ -4,7 +4,7 @@
 . "$SOURCE/tests/install/common.sh"
 
 command -v git >/dev/null || skip "git is not installed"
-git -C "$SOURCE" rev-parse --verify --quiet HEAD >/dev/null || skip "this is no checkout by git"
+git -C "$SOURCE" rev-parse --verify --quiet HEAD >/dev/null || skip "this is not a checkout by git"
 
 fresh_folder
 check_out() {

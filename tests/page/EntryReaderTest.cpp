@@ -53,7 +53,7 @@ TEST(EntryReader, FindsWhatTheCheckFinds) {
   std::string All;
   Strings vsFiles;
   for (const Grammar::CodeInfo& Info : Grammar::AllCodes()) {
-    // A file that is no grammar has no rules.
+    // A file that is not a grammar has no rules.
     if (Info.Code != "TR016") {
       const std::string Wrong = WholeExample(Info, Info.Wrong) + "\n\n";
       All += Wrong;

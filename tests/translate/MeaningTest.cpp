@@ -159,7 +159,7 @@ TEST(Meaning, SkipsARuleWithoutASingleSourceForATarget) {
       {"S::S : [A] -> [A a]\n(X1::Y1)\n(X1::Y2)\n", {}},
       // Twice the same is one source.
       {"S::S : [A] -> [A]\n(X1::Y1)\n(X1::Y1)\n", {}},
-      // It is not told of a rule with another error.
+      // A rule with another error has no such warning.
       {"S::S : [A B] -> [A B]\n(X1::Y1)\n((x3 num) = sg)\n",
        {"3:3 TR009: there is no x3: the source side has 2 components"}},
   };

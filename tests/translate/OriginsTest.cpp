@@ -168,7 +168,7 @@ TEST(Origins, NameWhatClashes) {
       {"((x0 b) = p)\n((x0 a) = p)\n((x0 c) = p)\n((x1 a) = q)\n((x1 b) = q)\n((x1 d) = q)\n"
        "(x0 = x1)\n",
        "10 x0 A:P@5 / x1 A:Q@7 x0 B:P@4 / x1 B:Q@8\n"},
-      // An atom has no features, and features are no atom.
+      // An atom has no features, and features are not an atom.
       {"((x2 num f) = p)\n", "4 x2 NUM:SG@13 / [F=[]]@4\n"},
       {"((x0 a b) = p)\n((x0 a) = q)\n", "5 x0 A:[B=P]@4 / Q@5\n"},
       {"((x0 a b) = (x1 v))\n((x0 a) = q)\n", "5 x0 A:[B=[]]@4 / Q@5\n"},

@@ -224,7 +224,7 @@ class TextWriter : public FindingWriter {
 
 // ---- JSON -------------------------------------------------------------------------------------
 
-/// On one line; bytes that are no UTF-8 become the sign for that.
+/// On one line; bytes that are not UTF-8 become the sign for that.
 std::string Dumped(const Json& Value) {
   return Value.dump(-1, ' ', false, Json::error_handler_t::replace);
 }

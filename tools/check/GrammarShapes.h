@@ -48,7 +48,7 @@ class GrammarShapes {
     std::uint32_t Line = 0;  ///< in the file of the first rule, from 1
   };
 
-  /// A component that is no literal.
+  /// A component that is not a literal.
   struct Place {
     std::uint32_t Node = 0;    ///< its number, from 1
     std::uint32_t Slot = 0;    ///< what it wants
@@ -74,7 +74,7 @@ class GrammarShapes {
   /// A line that findings may stand at.
   struct KeptLine {
     std::string_view Text;
-    std::uint32_t Column = 1;  ///< of what is no comment in it
+    std::uint32_t Column = 1;  ///< of what is not a comment in it
     std::uint32_t Length = 1;
   };
 

@@ -193,7 +193,7 @@ std::string_view SlipOf(std::string_view Label, std::string_view Text, bool IsSe
     const std::string_view Written = From(Text, 0, OffsetIn(Text, Colon) + Colon.size());
     return Written == Label && !IsSemicolonMissing ? std::string_view() : Written;
   }
-  // Without a colon, only the label as it should be is no word of a sentence.
+  // Without a colon, only the label as it should be is not a word of a sentence.
   const bool IsLabel = StartsWith(Text, Word) && !Next.empty() && !IsSemicolonMissing;
   const bool IsCounted = Label != "Score:" || (IsLabel && IsDigit(Next.front()));
   return IsLabel && IsCounted && After.size() != Next.size() ? Text.substr(0, Word.size())

@@ -372,7 +372,7 @@ bool HasBytesBeyondAscii(std::string_view Text) {
 
 namespace {
 
-/// The capital of a small letter beyond ASCII; the character itself where it is no such letter.
+/// The capital of a small letter beyond ASCII; the character itself if it is not such a letter.
 std::uint32_t CapitalOf(std::uint32_t Letter_) {
   if ((IsBetween(Letter_, 0xE0, 0xFE) && Letter_ != 0xF7U) ||
       (IsBetween(Letter_, 0x3B1, 0x3C9) && Letter_ != 0x3C2U) || IsBetween(Letter_, 0x430, 0x44F)) {

@@ -14,7 +14,7 @@ bool HasLineOfKind(const RuleText& Text, LineKind Kind) {
                      [Kind](const RuleText::Span& Current) { return Current.Kind == Kind; });
 }
 
-/// The rule line, or the first line that is no comment.
+/// The rule line, or the first line that is not a comment.
 std::size_t FirstLineOf(const RuleText& Text) {
   const auto IsRuleLine = [](const RuleText::Span& Current) {
     return Current.Kind == LineKind::Sequence;

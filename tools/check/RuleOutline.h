@@ -31,7 +31,7 @@ struct RuleOutline {
     std::uint64_t Sum = 0;  ///< in capitals; see SumPair.h
   };
 
-  /// A component of the source side that is no literal.
+  /// A component of the source side that is not a literal.
   struct Place {
     std::uint32_t Component = 0;  ///< from 1
     std::uint32_t Column = 0;     ///< of its label in the rule line, from 1

@@ -157,7 +157,7 @@ void DerivationTrees::ReadRule(std::uint32_t RuleIndex) {
   Pair.vConstituents.clear();
   AddConstituent({RuleIndex, 0, 0, {}, Rule.SymbolCount});
   vParts.assign(1 + Rule.SymbolCount, {});
-  std::vector<std::size_t> vPlaces;  // the constituents that are no words
+  std::vector<std::size_t> vPlaces;  // the constituents that are not words
   Pair.Items[Source].assign(1, TreeItem());
   for (const SourceSymbol Symbol : Rules.SymbolsOf(Rule)) {
     const std::size_t Number = Pair.vConstituents.size();

@@ -4,7 +4,7 @@
 
 namespace Grammar {
 
-/// Writes each rule as one JSON object on a line of its own. What is no rule, such as a file of
+/// Writes each rule as one JSON object on a line of its own. What is not a rule, such as a file of
 /// comments alone, is an object with its text, so that nothing of a file is lost.
 int RunJson(const RunOptions& Run);
 

@@ -61,8 +61,8 @@ class Printer : public RuleVisitor {
 
   void TakeRule(std::string_view /*Key*/, std::string_view Rule) override { Output.Write(Rule); }
 
-  /// Comments without a rule get the normal form, too; what is no rule stays as it is, but for the
-  /// line that it has to fit on.
+  /// Comments without a rule get the normal form, too; what is not a rule stays as it is, but for
+  /// the line that it has to fit on.
   void TakeText(std::string_view Others) override {
     Text.clear();
     const bool IsComment = AppendComments(Others, Text);

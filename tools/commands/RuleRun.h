@@ -29,7 +29,7 @@ struct RunTally {
   std::uint64_t Rules = 0;
   std::uint64_t LeftOut = 0;    ///< rules that are not written
   bool HasFindings = false;     ///< something was reported of a rule
-  bool HasLostText = false;     ///< text was left out that was no part of a rule
+  bool HasLostText = false;     ///< text was left out that was not part of a rule
   bool HasStrayText = false;    ///< a rule was taken that had such text
   bool HasUnreadFiles = false;  ///< some input could not be read
 };

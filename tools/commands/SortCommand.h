@@ -21,7 +21,7 @@ struct SortOptions {
 };
 
 /// Writes the rules in order, each in the normal form. Those that are equal in what they are sorted
-/// by stay in the order of the input, also in reverse. What is no rule comes after all rules.
+/// by stay in the order of the input, also in reverse. What is not a rule comes after all rules.
 int RunSort(const RunOptions& Run, const SortOptions& Options);
 
 }  // namespace Grammar

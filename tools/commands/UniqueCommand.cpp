@@ -234,7 +234,7 @@ class Deduplicator : public RuleCollector {
 int RunUnique(const RunOptions& Run, const UniqueOptions& Options) {
   Deduplicator Rules(Options);
   RunOptions RunAsFits = Run;
-  // What is no rule cannot be counted or be there twice, so that it is left out.
+  // What is not a rule cannot be counted or be there twice, so that it is left out.
   RunAsFits.KeepBad = Run.KeepBad && !Options.Repeated && !Options.Count;
   return CollectRules(RunAsFits, Rules);
 }

@@ -35,7 +35,7 @@ struct ComparedEntry {
 /// @param TextReturn is written over; the entry points into it
 ComparedEntry EntryOf(const RuleRecord& RecordPassIn, std::string& TextReturn);
 
-/// The lines of a text that is no rule.
+/// The lines of a text that is not a rule.
 /// @param TextReturn is written over; the entry points into it. It is empty if there are only blank
 ///        lines.
 ComparedEntry EntryOf(std::string_view TextPassIn, std::string& TextReturn);

@@ -19,8 +19,8 @@ enum class HunkKind {
   Removed,      ///< a rule is in the old file alone
   Added,        ///< a rule is in the new file alone
   Moved,        ///< a rule is the same at another place
-  RemovedText,  ///< a text that is no rule is in the old file alone
-  AddedText,    ///< a text that is no rule is in the new file alone
+  RemovedText,  ///< a text that is not a rule is in the old file alone
+  AddedText,    ///< a text that is not a rule is in the new file alone
 };
 
 constexpr std::size_t HunkKinds = 7;
@@ -44,7 +44,7 @@ struct DiffHunk {
   unsigned Score = 0;
   bool IsMoved = false;
 
-  /// Whether this is about texts that are no rules.
+  /// Whether this is about texts that are not rules.
   bool IsText() const { return Kind == HunkKind::RemovedText || Kind == HunkKind::AddedText; }
 };
 

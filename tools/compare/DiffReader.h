@@ -10,7 +10,7 @@
 
 namespace Grammar {
 
-/// Why a text is no diff, and where.
+/// Why a text is not a diff, and where.
 struct DiffFault {
   std::size_t Line = 0;  ///< from 1
   std::string Message;   ///< what was expected

@@ -14,7 +14,7 @@ namespace Grammar {
 /// One of the texts that a file is made of.
 struct JoinedText {
   std::string Bytes;        ///< as it is to be written; "" for the normal form
-  std::string NormalForm;   ///< of a rule, with line feeds; "" of a text that is no rule
+  std::string NormalForm;   ///< of a rule, with line feeds; "" of a text that is not a rule
   bool HasReturns = false;  ///< whether its lines end in CRLF
 
   /// Whether it came after the text before in a file already.
@@ -27,8 +27,8 @@ struct JoinedText {
 /// Puts rules and other texts one after the other, so that each is read again as it was.
 ///
 /// Where one would get lines of the other, since a body has no end, or since there are comments
-/// after it, a rule is written in the normal form, and a text that is no rule is written at the end
-/// of the file. What has been joined is kept in a temporary file.
+/// after it, a rule is written in the normal form, and a text that is not a rule is written at the
+/// end of the file. What has been joined is kept in a temporary file.
 ///
 /// @code
 /// const std::string Open = "NP::NP : [N] -> [N]\n(\n(X1::Y1)\n";

@@ -375,7 +375,7 @@ struct MatchHead {
 
 }  // namespace
 
-/// Keeps for the next pass what has no partner yet. A text that is no rule will not find one.
+/// Keeps for the next pass what has no partner yet. A text that is not a rule will not find one.
 void RuleMatcher::Forward(bool IsNew, const ComparedEntry& EntryPassIn) {
   if (UnmatchedKey == nullptr || !EntryPassIn.IsRule) {
     ReturnSingle(IsNew, EntryPassIn);

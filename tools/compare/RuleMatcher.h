@@ -36,7 +36,7 @@ struct RuleMatch {
 /// with the same header; then those that say the same; then the nearest, first among rules with the
 /// same types, then among rules with the same sequences. Of several rules with one header, those
 /// that say the same go together, then the nearest, then the others in their order. Texts that are
-/// no rules match only if they are the same. Each entry is in exactly one match.
+/// not rules match only if they are the same. Each entry is in exactly one match.
 ///
 /// @code
 /// RuleMatcher Matcher(std::size_t{64} << 20, RuleMatcher::Scope::Differences);

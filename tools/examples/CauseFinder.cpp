@@ -81,7 +81,7 @@ std::string CauseFinder::CauseOfPair(const Translate::TextResult& Result,
     const std::uint32_t Rule = Engine.NodesOf(*Result.vPieces.front().Tree, 0).front().Rule;
     return "the whole text is of the type " +
            Tested.Rules().LabelName(Tested.Rules().At(Rule).SourceType) +
-           ", which is no start type";
+           ", which is not a start type";
   }
   if (const std::optional<std::string> Clash = WholeClash(Why)) {
     return *Clash;

@@ -35,14 +35,14 @@ bool DerivationMatch::AddWays(std::uint32_t LeftWay, std::uint32_t RightWay) {
 
 bool DerivationMatch::AddSteps(std::uint32_t LeftItem, std::uint32_t RightItem) {
   std::vector<std::pair<std::uint32_t, std::uint32_t>> vSteps;
-  Left.ForEachStep(LeftItem, [&](std::uint32_t Before, std::uint32_t Behind) {
-    vSteps.emplace_back(Before, Behind);
+  Left.ForEachStep(LeftItem, [&](std::uint32_t Before, std::uint32_t Group) {
+    vSteps.emplace_back(Before, Group);
   });
   std::size_t Next = 0;
   bool IsSame = true;
-  Right.ForEachStep(RightItem, [&](std::uint32_t Before, std::uint32_t Behind) {
+  Right.ForEachStep(RightItem, [&](std::uint32_t Before, std::uint32_t Group) {
     IsSame = IsSame && Next < vSteps.size() && Add(Kind::Item, vSteps[Next].first, Before) &&
-             Add(Kind::Group, vSteps[Next].second, Behind);
+             Add(Kind::Group, vSteps[Next].second, Group);
     ++Next;
   });
   return IsSame && Next == vSteps.size() &&

@@ -22,7 +22,7 @@ void ReportAlone(const std::string& File, const std::vector<Labelled>& vComments
   for (std::size_t Index = From; Index < vComments.size(); ++Index) {
     std::string& sNew = vsMessagesReturn.emplace_back(File);
     sNew.append(1, ':').append(std::to_string(vComments[Index].Line)).append(": warning: the ");
-    sNew.append(Label).append(" has no ").append(Partner).append(", and so is no example");
+    sNew.append(Label).append(" has no ").append(Partner).append(", and so is not an example");
   }
 }
 

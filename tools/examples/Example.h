@@ -34,7 +34,8 @@ struct CommentExamples {
 };
 
 /// Finds the examples in the comments of a rule: the n-th ";;SL:" goes with the n-th ";;TL:", and
-/// each ";;*SL:" is a text that the rule must not analyse. What has no source text is no example.
+/// each ";;*SL:" is a text that the rule must not analyse. What has no source text is not an
+/// example.
 ///
 ///   ;;SL: the car
 ///   ;;TL: el auto

@@ -7,7 +7,7 @@
 
 namespace Examples {
 
-/// Appends text as XML writes it, in attributes and between tags alike. What is no UTF-8 becomes
+/// Appends text as XML writes it, in attributes and between tags alike. What is not UTF-8 becomes
 /// what it becomes in JSON, and what XML cannot hold U+FFFD.
 void AppendXmlText(std::string_view Text, std::string& OutReturn);
 

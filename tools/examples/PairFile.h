@@ -20,7 +20,7 @@ namespace Examples {
 /// Tested.AllExamples().back().Source;  // "car a"
 /// @endcode
 ///
-/// Throws `Grammar::RunError` where the file cannot be read, or a line is no pair.
+/// Throws `Grammar::RunError` where the file cannot be read, or a line is not a pair.
 void AddPairs(const std::string& File, TestedGrammar& TestedReturn);
 
 }  // namespace Examples

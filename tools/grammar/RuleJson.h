@@ -24,7 +24,7 @@ namespace Grammar {
 /// on the record alone; linear.
 void AppendJson(const RuleRecord& Record, std::string& TextReturn);
 
-/// Appends a text that is no rule as an object, `{"text":"…"}`, on one line with its end.
+/// Appends a text that is not a rule as an object, `{"text":"…"}`, on one line with its end.
 void AppendJsonOfText(std::string_view Text, std::string& TextReturn);
 
 }  // namespace Grammar

@@ -61,7 +61,7 @@ class RuleRecord {
   /// ";;SL:", ";;TL:", ";;C-Structure:" and ";;Score:" hold.
   void Load(TrRule& RecordReturn) const;
 
-  /// Whether some of the comments are text that was no part of the rule; see StrayText.h.
+  /// Whether some of the comments are text that was not part of the rule; see StrayText.h.
   bool HasStrayText() const { return HasStray; }
 
   const RuleHeader& Header() const { return RuleHead; }

@@ -86,7 +86,7 @@ bool HasReadableTypes(const SourceRule& Lines);
 /// Whether a rule has the component that a node names, or the node is the rule's own.
 bool HasComponent(const SourceRule& Lines, const TrRuleInternal::NodeText& Node);
 
-/// Whether a whole node is to be the same as something that is no node.
+/// Whether a whole node is to be the same as something that is not a node.
 bool LacksNode(const TrRuleInternal::ConstraintParts& Parts);
 
 /// The first parenthesis within a list of values, and what follows it: the library writes such
@@ -100,7 +100,7 @@ void AddWords(std::string_view Text, std::vector<std::string_view>& vWordsReturn
 std::uint32_t CountIn(const RuleText& Text);
 
 /// The line that a rule is named by: that of the rule line, else of the header, else the first one
-/// that is no comment. From 1.
+/// that is not a comment. From 1.
 std::size_t LineOfRule(const RuleText& Text);
 
 }  // namespace Grammar

@@ -11,7 +11,7 @@ namespace Grammar {
 /// The names, or "-" for standard input if there are none.
 std::vector<std::string> OrStandardInput(std::vector<std::string> vsNames);
 
-/// The size of all files together; 0 if one of them is no regular file.
+/// The size of all files together; 0 if one of them is not a regular file.
 std::uint64_t TotalSize(const std::vector<std::string>& vsNames);
 
 /// A file that is read from its beginning to its end, or standard input for "-". Throws

@@ -8,7 +8,7 @@ namespace Grammar {
 
 /// The number of bytes that a text names: `65536`, `64K`, `64M`, `2G` or `1T`, each letter 1024
 /// times the one before, small letters and a B after it allowed; `50%` is half of the machine's
-/// memory. Nothing if the text is no such size, is 0, or names more than can be counted.
+/// memory. Nothing if the text is not such a size, is 0, or names more than can be counted.
 ///
 /// @code
 /// ParseMemorySize("64K").value_or(0);         // 65536

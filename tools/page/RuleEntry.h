@@ -58,8 +58,8 @@ class RuleEntryMaker {
 /// The place of a label on the page, "label-NP", for any label in capitals.
 std::string LabelPlace(std::string_view Label);
 
-/// Appends a text for people: bytes that are no characters become U+FFFD, tabs stay, and what means
-/// something in HTML is escaped.
+/// Appends a text for people: bytes that are not characters become U+FFFD, tabs stay, and what
+/// means something in HTML is escaped.
 void AppendShown(std::string_view Text, std::string& HtmlReturn);
 
 }  // namespace Page

@@ -17,7 +17,7 @@
 
 namespace Picture {
 
-/// Takes the first character off a text that is not empty. Bytes that are no UTF-8 and characters
+/// Takes the first character off a text that is not empty. Bytes that are not UTF-8 and characters
 /// that no page can show, such as controls, give U+FFFD.
 char32_t TakeCharacter(std::string_view& TextReturn);
 

@@ -35,7 +35,7 @@ struct Token {
   std::size_t Place = 0;
   std::size_t End = 0;      ///< after its last byte
   std::string Text;         ///< without escapes, but for a pattern
-  bool HasEscapes = false;  ///< a word with escapes is no keyword
+  bool HasEscapes = false;  ///< a word with escapes is not a keyword
 };
 
 /// Cuts a query into tokens.

@@ -25,11 +25,11 @@ struct PatternItem {
   std::vector<Name> vNames;  ///< at least one for `Names`, otherwise none
 };
 
-/// Whether an item, which is no run, fits a component: a label in any case, a literal as it is
+/// Whether an item, which is not a run, fits a component: a label in any case, a literal as it is
 /// written. Linear.
 bool FitsComponent(const PatternItem& Item, std::string_view Component);
 
-/// Whether an item, which is no run, fits a word in which case does not count, quotes included.
+/// Whether an item, which is not a run, fits a word in which case does not count, quotes included.
 bool FitsWord(const PatternItem& Item, std::string_view Word);
 
 /// A pattern of components, such as "[^ DET|PRON * N]".

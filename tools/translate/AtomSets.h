@@ -38,7 +38,7 @@ class AtomSets {
   /// The number of a set. Its atoms may stand in any order, and more than once.
   AtomSetId Intern(AtomSet Set);
 
-  /// What is in both sets; nothing if that is no atom.
+  /// What is in both sets; nothing if that is not an atom.
   std::optional<AtomSetId> Intersect(AtomSetId Left, AtomSetId Right);
 
   const AtomSet& Set(AtomSetId Number) const { return vSets[Number]; }

@@ -99,7 +99,7 @@ struct MissingAbove {
   std::size_t Start = 0;  ///< of the longest constituent that is made from it, or of itself
   std::size_t End = 0;
   std::uint32_t Types = 0;
-  bool IsWhole = false;  ///< it spans the text: its type is no start type
+  bool IsWhole = false;  ///< it spans the text: its type is not a start type
   Listed<Taker> Takers;  ///< otherwise: who has a place for it; maybe nobody
 };
 

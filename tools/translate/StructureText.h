@@ -13,7 +13,7 @@
 
 namespace Translate {
 
-/// Appends a text as a JSON string, with its quotes. Bytes that are no UTF-8 become what
+/// Appends a text as a JSON string, with its quotes. Bytes that are not UTF-8 become what
 /// `Grammar::ToUnicode` makes of them.
 void AppendJsonString(std::string_view Text, std::string& JsonReturn);
 

@@ -32,7 +32,7 @@ std::size_t StructureWalk::AddKnot(StructureId Structure) {
 }
 
 /// Begins the features of a local, which are gone through one by one after that. Where values come
-/// from is no feature that anybody has written.
+/// from is not a feature that anybody has written.
 void StructureWalk::OpenFeatures(std::size_t Which, std::uint32_t Local, std::uint32_t Number) {
   const std::uint32_t* Words = vKnots[Which].Words + vKnots[Which].vLocals[Local];
   Frame New{Which, {}, 0, Number, Local == 0};

@@ -50,7 +50,7 @@ class TracedAtomSets {
   /// The number of all atoms from an origin: it says where a value comes from, and nothing of it.
   AtomSetId Mark(Origin Which) { return Intern(AllAtoms, Only(Which)); }
 
-  /// What is in both sets; nothing if that is no atom.
+  /// What is in both sets; nothing if that is not an atom.
   std::optional<AtomSetId> Intersect(AtomSetId Left, AtomSetId Right);
 
   const AtomSet& Set(AtomSetId Number) const { return Sets.Set(Traced.First(Number)); }
