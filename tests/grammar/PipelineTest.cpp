@@ -91,6 +91,41 @@ TEST(Pipeline, RethrowsExceptionsOfAnyStep) {
   }
 }
 
+struct CountedBatch : Batch {
+  CountedBatch() { ++Alive; }
+  CountedBatch(const CountedBatch&) = delete;
+  CountedBatch& operator=(const CountedBatch&) = delete;
+  ~CountedBatch() { --Alive; }
+
+  static std::atomic<int> Alive;
+};
+
+std::atomic<int> CountedBatch::Alive{0};
+
+TEST(Pipeline, FreesAllBatchesAlsoAfterAnException) {
+  for (const unsigned Threads : ThreadCounts) {
+    for (const int Bad : {100, Batches}) {
+      int Next = 0;
+      const auto Run = [&] {
+        RunPipeline<CountedBatch>(
+            Threads, [&](Batch& BatchReturn) { return (BatchReturn.Number = Next++) < Batches; },
+            Square,
+            [&](const Batch& Current) {
+              if (Current.Number == Bad) {
+                throw std::runtime_error("bad");
+              }
+            });
+      };
+      if (Bad < Batches) {
+        EXPECT_THROW(Run(), std::runtime_error) << Threads;
+      } else {
+        Run();
+      }
+      EXPECT_EQ(CountedBatch::Alive, 0) << Threads;
+    }
+  }
+}
+
 TEST(Pipeline, UsesAllCoresByDefault) {
   EXPECT_EQ(Grammar::ThreadCount(3), 3U);
   EXPECT_GE(Grammar::ThreadCount(0), 1U);

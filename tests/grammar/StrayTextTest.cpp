@@ -190,7 +190,10 @@ TEST(StrayText, StaysInARoundTrip) {
     for (int Place = 0; Place < 3; ++Place) {
       // At a line's beginning or end, or as a line of its own.
       const std::size_t Line = std::min(Text.find('\n', Random() % Text.size()), Text.size() - 1);
-      Text.insert(Line + Random() % 2, RandomText(Random) + (Random() % 2 == 0 ? "\n" : ""));
+      // One after the other, so that each compiler draws the same.
+      const std::size_t Column = Line + Random() % 2;
+      const std::string sNew = RandomText(Random);
+      Text.insert(Column, sNew + (Random() % 2 == 0 ? "\n" : ""));
     }
     for (const Grammar::RuleText& Rule : RulesOf(Text)) {
       Grammar::RuleRecord Record;
@@ -238,6 +241,30 @@ TEST(StrayText, IsAnErrorWithinARuleAndAWarningOutside) {
   for (const auto& [sText, vsExpected] : Cases) {
     EXPECT_EQ(LevelsOf(sText), vsExpected) << sText;
   }
+}
+
+// The line that the rule is read without is reported, and not only the one that it is read with.
+TEST(StrayText, IsReportedWhereItWasMeantAsARuleLine) {
+  const std::string Misspelt = "NP:NP : [N] > [N]\n";
+  const std::string Good = "NP::NP : [N] -> [N]\n";
+  const std::string Message = ": this line is not part of a rule; a rule line needs \"] -> [\"";
+  const std::vector<std::pair<std::string, std::string>> Cases{
+      {"{NP,1}\n" + Misspelt + Good + "(X1::Y1)\n", "2:1+17 TR035" + Message},
+      {"{NP,1}\n" + Good + Misspelt + "(X1::Y1)\n", "3:1+17 TR035" + Message},
+      {"{NP,1}\nScore: 3}3D -> x1\n" + Good + "(X1::Y1)\n", "2:1+17 TR035" + Message},
+  };
+  for (const auto& [sText, sExpected] : Cases) {
+    for (const bool WithNotes : {false, true}) {
+      Grammar::RuleRecord Record;
+      std::vector<Grammar::Finding> vFindings;
+      ASSERT_TRUE(WithNotes ? CheckRule(RulesOf(sText).at(0), Record, vFindings, nullptr)
+                            : ReadRule(RulesOf(sText).at(0), Record, vFindings));
+      ASSERT_EQ(vFindings.size(), 1U) << sText;
+      EXPECT_EQ(PlacesOf(vFindings).front() + ": " + vFindings.front().Message, sExpected);
+      EXPECT_EQ(vFindings.front().Suggestion, "");
+    }
+  }
+  EXPECT_EQ(PlacesOf(FindingsIn("{NP,1}\n" + Misspelt + "(X1::Y1)\n")), Strings{"2:12+3 TR001?"});
 }
 
 TEST(StrayText, IsLimitedByTheLengthOfTheNormalForm) {

@@ -64,6 +64,7 @@ class Checker {
   void SetStrayLevel(Finding& FindingReturn) const;
   void CheckConflict(std::size_t Line, std::string_view Comment);
   void CheckCount(std::size_t Line, std::string_view Comment);
+  void CheckStraySequence(std::size_t Line, std::string_view Code);
   void CheckOther(std::size_t Line, std::string_view Code);
   void CheckCommentAfter(std::size_t Line, const LineParts& Parts);
   bool ReadsTheSame(std::size_t Line, const LineParts& Parts) const;
@@ -293,6 +294,16 @@ Meaning MeaningOf(std::string_view Code) {
   return {"", AsComment(Code)};
 }
 
+/// A misspelt rule line that the library passes over. Beside a rule line, so does the record.
+void Checker::CheckStraySequence(std::size_t Line, std::string_view Code) {
+  if (!SequenceLine && Rule.RuleLines().empty()) {
+    CheckArrow(Line, Code);
+  } else {
+    SetStrayLevel(Findings.AddFault(
+        "TR035", Line, Code, "this line is not part of a rule; a rule line needs \"] -> [\"", ""));
+  }
+}
+
 void Checker::CheckOther(std::size_t Line, std::string_view Code) {
   const std::string Plain = Findings.HasBytesBeyond() ? WithoutLookAlikes(Code) : std::string(Code);
   const bool HasLookAlike = Plain != Code;
@@ -301,8 +312,8 @@ void Checker::CheckOther(std::size_t Line, std::string_view Code) {
     SetStrayLevel(Findings.AddFault("TR035", Line, Code, Message, ""));
     return;
   }
-  if (!SequenceLine && LooksLikeSequence(Plain) && !CorrectedSequence(Plain).empty()) {
-    CheckArrow(Line, Code);
+  if (LooksLikeSequence(Plain) && !CorrectedSequence(Plain).empty()) {
+    CheckStraySequence(Line, Code);
     return;
   }
   Meaning Meant = MeaningOf(Plain);

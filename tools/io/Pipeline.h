@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <memory>
 #include <thread>
+#include <vector>
 
 namespace Grammar {
 
@@ -45,23 +46,24 @@ void RunPipeline(unsigned Threads, ReadT Read, WorkT Work, FinishT Finish) {
     }
     return;
   }
-  using Held = std::shared_ptr<BatchT>;
-  tbb::concurrent_queue<Held> Used;
+  // They are owned here: the pipeline does not free what an exception leaves between two steps.
+  std::vector<std::unique_ptr<BatchT>> vBatches;
+  tbb::concurrent_queue<BatchT*> Used;
   const auto ReadStep = [&](tbb::flow_control& Flow) {
-    Held Batch;
+    BatchT* Batch = nullptr;
     if (!Used.try_pop(Batch)) {
-      Batch = std::make_shared<BatchT>();
+      Batch = vBatches.emplace_back(std::make_unique<BatchT>()).get();
     }
     if (!Read(*Batch)) {
       Flow.stop();
     }
     return Batch;
   };
-  const auto WorkStep = [&](Held Batch) {
+  const auto WorkStep = [&](BatchT* Batch) {
     Work(*Batch);
     return Batch;
   };
-  const auto FinishStep = [&](const Held& Batch) {
+  const auto FinishStep = [&](BatchT* Batch) {
     Finish(*Batch);
     Used.push(Batch);
   };
@@ -71,9 +73,9 @@ void RunPipeline(unsigned Threads, ReadT Read, WorkT Work, FinishT Finish) {
   tbb::task_arena Arena(static_cast<int>(Threads));
   Arena.execute([&] {
     tbb::parallel_pipeline(
-        Most, tbb::make_filter<void, Held>(tbb::filter_mode::serial_in_order, ReadStep) &
-                  tbb::make_filter<Held, Held>(tbb::filter_mode::parallel, WorkStep) &
-                  tbb::make_filter<Held, void>(tbb::filter_mode::serial_in_order, FinishStep));
+        Most, tbb::make_filter<void, BatchT*>(tbb::filter_mode::serial_in_order, ReadStep) &
+                  tbb::make_filter<BatchT*, BatchT*>(tbb::filter_mode::parallel, WorkStep) &
+                  tbb::make_filter<BatchT*, void>(tbb::filter_mode::serial_in_order, FinishStep));
   });
 }
 
