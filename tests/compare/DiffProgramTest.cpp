@@ -180,6 +180,14 @@ TEST_F(DiffProgram, ReadsStandardInputAndNoRules) {
   Expect({"diff", "/dev/null", "/dev/null"}, 0, "", "");
 }
 
+TEST_F(DiffProgram, ShowsANameWithLineEndsOnOneLine) {
+  Folder.Write("a\n@@ b\n.trr", "{NP,1}\nNP::NP : [N] -> [N]\n(X1::Y1)\n");
+  Expect({"diff", "a\n@@ b\n.trr", "/dev/null"}, 1,
+         "--- a @@ b .trr\n+++ /dev/null\n@@ -1,5 +0,0 @@ removed {NP,1}\n-{NP,1}\n"
+         "-NP::NP [N] -> [N]\n-(\n-(X1::Y1)\n-)\n@@ 1 removed @@\n",
+         "");
+}
+
 TEST_F(DiffProgram, EndsWithStatus2WhenTheRunFails) {
   Folder.Write("kept.diff", "as it was");
   const std::string Missing = "trrule: cannot read none.trr: No such file or directory\n";
