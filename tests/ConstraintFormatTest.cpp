@@ -71,6 +71,8 @@ TEST(ConstraintFormat, ReportsWhereItDepartsFromTheFormat) {
                                                                {"((x0 num) = (a b))", 13},
                                                                {"((x0 num) = (*OR*))", 17},
                                                                {"((x0 num) = a = b)", 14},
+                                                               {"((x0 num) = a(b)", 13},
+                                                               {"((x0 n(m) = a)", 6},
                                                                {"(x0 = x1) a", 10},
                                                                {"1. (x0 = x1)", 0}};
   for (const auto& [sText, Stopped] : Cases) {
@@ -108,6 +110,8 @@ TEST(ConstraintFormat, ReportsWhatIsExpectedThere) {
       {"(x0 x1)", "\"=\""},
       {"(x0 = )", "a value or a node"},
       {"((x0 num) = sg", "\")\""},
+      {"((x0 num) = a(b)", "\")\""},
+      {"((x0 n(m) = a)", "\")\""},
       {"((x0 num) = (a b))", "a node and a feature, or *OR* or *NOT* and words"},
       {"((x0 num) = (*OR*))", "a blank and words"},
       {"((x0 num) = (*OR* a = b))", "\")\""},
