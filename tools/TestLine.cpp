@@ -2,11 +2,11 @@
 #include "CommandLine.h"
 #include "EngineOptions.h"
 #include "TestCommand.h"
+#include "ThreadCount.h"
 #include "WatchCommand.h"
 
 #include <algorithm>
 #include <string>
-#include <thread>
 
 namespace {
 
@@ -95,7 +95,7 @@ void AddTestCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   CLI::App* Command =
       ProgramReturn.add_subcommand("test", "Run the examples in the comments of rules");
   const auto Options = std::make_shared<Examples::TestOptions>();
-  Options->Threads = std::max(std::thread::hardware_concurrency(), 1U);
+  Options->Threads = Grammar::ThreadCount(0);
   AddInputs(*Command, *Options);
   AddWanted(*Command, *Options);
   AddThresholds(*Command, *Options);

@@ -11,6 +11,7 @@
 namespace {
 
 using Grammar::MachineMemory;
+using Grammar::MemoryOf;
 using Grammar::ParseMemorySize;
 
 TEST(MemorySize, ReadsNumbersWithTheirUnits) {
@@ -38,6 +39,15 @@ TEST(MemorySize, RejectsEverythingElse) {
        {"", "0", "0M", "-1", "+1", " 1", "1 ", "1 M", "M", "1X", "1MM", "1KiB", "1B2", "1%%",
         "101%", "1.5G", "18446744073709551616", "16777216T", "99999999999999999999999"}) {
     EXPECT_EQ(ParseMemorySize(sText), std::nullopt) << sText;
+  }
+}
+
+TEST(MemorySize, OfPagesIsGuessedWhereTheSystemDoesNotKnow) {
+  EXPECT_EQ(MemoryOf(3, 4096), 12288U);
+  EXPECT_EQ(MemoryOf(1, 1), 1U);
+  for (const auto& [Pages, PageSize] :
+       {std::pair(-1L, 4096L), {3, -1}, {-1, -1}, {0, 4096}, {3, 0}}) {
+    EXPECT_EQ(MemoryOf(Pages, PageSize), 1073741824U) << Pages << ' ' << PageSize;
   }
 }
 

@@ -2,6 +2,7 @@
 // throws reaches the caller, whatever the number of threads.
 
 #include "Pipeline.h"
+#include "ThreadCount.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 #include "MissingHeaders.h"
 
 #include "Bytes.h"
+#include "UsableRule.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,21 +13,6 @@ namespace {
 bool HasLineOfKind(const RuleText& Text, LineKind Kind) {
   return std::any_of(Text.vLines.begin(), Text.vLines.end(),
                      [Kind](const RuleText::Span& Current) { return Current.Kind == Kind; });
-}
-
-/// The rule line, or the first line that is not a comment.
-std::size_t FirstLineOf(const RuleText& Text) {
-  const auto IsRuleLine = [](const RuleText::Span& Current) {
-    return Current.Kind == LineKind::Sequence;
-  };
-  const auto HasCode = [](const RuleText::Span& Current) {
-    return Current.CodeEnd > Current.CodeBegin;
-  };
-  auto Found = std::find_if(Text.vLines.begin(), Text.vLines.end(), IsRuleLine);
-  if (Found == Text.vLines.end()) {
-    Found = std::find_if(Text.vLines.begin(), Text.vLines.end(), HasCode);
-  }
-  return static_cast<std::size_t>(Found - Text.vLines.begin());
 }
 
 }  // namespace
@@ -47,7 +33,7 @@ void MissingHeaders::Check(const RuleText& TextPassIn, std::vector<Finding>& vFi
     return;
   }
   constexpr std::size_t MaxLineText = 1000;
-  const std::size_t Line = FirstLineOf(TextPassIn);
+  const std::size_t Line = LineOfRule(TextPassIn) - TextPassIn.FirstLine;
   const LineParts Parts = TextPassIn.Parts(Line);
   Finding New;
   New.File = TextPassIn.File;

@@ -249,7 +249,7 @@ void Checker::CheckStrayTexts(std::size_t Line, const LineParts& Parts) {
   const std::string Message = "this text is not part of a rule";
   for (const std::string_view Stray : StrayTexts(Parts)) {
     const bool HasLookAlike = Findings.HasBytesBeyond() && FindLookAlike(Stray);
-    SetStrayLevel(HasLookAlike ? Findings.AddFault("TR035", Line, Stray, Message, "")
+    SetStrayLevel(HasLookAlike ? Findings.AddFault("TR035", Line, Stray, Message)
                                : Findings.Add("TR035", Line, Stray, Message,
                                               {Parts.Code, WithTextAsComment(Parts.Code, Stray)}));
   }
@@ -294,22 +294,25 @@ Meaning MeaningOf(std::string_view Code) {
   return {"", AsComment(Code)};
 }
 
-/// A misspelt rule line that the library passes over. Beside a rule line, so does the record.
+constexpr std::string_view StrayLine = "this line is not part of a rule";
+
+/// A line meant as a rule line, which the library passes over. If the rule has a good one, it is
+/// read without this line.
 void Checker::CheckStraySequence(std::size_t Line, std::string_view Code) {
   if (!SequenceLine && Rule.RuleLines().empty()) {
     CheckArrow(Line, Code);
   } else {
-    SetStrayLevel(Findings.AddFault(
-        "TR035", Line, Code, "this line is not part of a rule; a rule line needs \"] -> [\"", ""));
+    SetStrayLevel(Findings.AddFault("TR035", Line, Code,
+                                    std::string(StrayLine) + "; a rule line needs \"] -> [\""));
   }
 }
 
 void Checker::CheckOther(std::size_t Line, std::string_view Code) {
   const std::string Plain = Findings.HasBytesBeyond() ? WithoutLookAlikes(Code) : std::string(Code);
   const bool HasLookAlike = Plain != Code;
-  const std::string Message = "this line is not part of a rule";
+  const std::string Message(StrayLine);
   if (HasLookAlike && (Plain.empty() || PartsOf(Plain).Kind != LineKind::Other)) {
-    SetStrayLevel(Findings.AddFault("TR035", Line, Code, Message, ""));
+    SetStrayLevel(Findings.AddFault("TR035", Line, Code, Message));
     return;
   }
   if (LooksLikeSequence(Plain) && !CorrectedSequence(Plain).empty()) {
@@ -319,7 +322,7 @@ void Checker::CheckOther(std::size_t Line, std::string_view Code) {
   Meaning Meant = MeaningOf(Plain);
   const bool IsMeantAsComment = Meant.Hint.empty();
   if (HasLookAlike && !IsMeantAsComment) {
-    SetStrayLevel(Findings.AddFault("TR035", Line, Code, Message + Meant.Hint, ""));
+    SetStrayLevel(Findings.AddFault("TR035", Line, Code, Message + Meant.Hint));
     return;
   }
   Findings.SetExplained(Line);
@@ -490,7 +493,7 @@ void Checker::CheckSecondSequence(std::size_t Line, std::string_view Code) {
     Message += "; if another rule begins here, it lacks its header";
     IsMerged = true;
   }
-  Findings.AddFault("TR003", Line, Code, Message, "");
+  Findings.AddFault("TR003", Line, Code, Message);
 }
 
 /// A rule line whose arrow is not "] -> [", so that it is not one for the library.

@@ -61,9 +61,9 @@ class RuleFindings {
                const Correction& Corrected = {});
 
   /// For a line that cannot be read: where it holds a look-alike, that is the reason.
-  /// @param Corrected to be written instead of the line without its comment; may be empty
+  /// @param Corrected to be written instead of the line without its comment; empty for nothing
   Finding& AddFault(std::string_view Code, std::size_t Line, std::string_view Part,
-                    const std::string& Message, std::string Corrected);
+                    const std::string& Message, std::string Corrected = {});
 
   /// Whether some byte of the rule is not one of ASCII.
   bool HasBytesBeyond() const { return HasOthers; }

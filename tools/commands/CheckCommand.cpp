@@ -14,6 +14,7 @@
 #include "RuleUse.h"
 #include "RunError.h"
 #include "StartTypes.h"
+#include "ThreadCount.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -47,7 +48,7 @@ class FindingFilter {
     Least = Options.Least.value_or(NamesNote ? Severity::Note : Severity::Warning);
   }
 
-  bool IsWanted(const CodeInfo& Info) const { return vIsWanted[PlaceOf(Info)]; }
+  bool IsWanted(const CodeInfo& Info) const { return vIsWanted.at(PlaceOf(Info)); }
   bool IsWanted(std::string_view Code) const { return IsWanted(*FindCode(Code)); }
   bool IsShown(Severity Level) const { return Level >= Least; }
   bool IsShown(const Finding& Found) const { return IsShown(Found.Level) && IsWanted(Found.Code); }
@@ -60,7 +61,7 @@ class FindingFilter {
     return static_cast<std::size_t>(&Info - AllCodes().data());
   }
 
-  void SetWanted(const CodeInfo& Info, bool Wanted) { vIsWanted[PlaceOf(Info)] = Wanted; }
+  void SetWanted(const CodeInfo& Info, bool Wanted) { vIsWanted.at(PlaceOf(Info)) = Wanted; }
 
   std::vector<bool> vIsWanted = std::vector<bool>(AllCodes().size());
   Severity Least = Severity::Warning;

@@ -6,6 +6,7 @@
 #include "Progress.h"
 #include "RuleFiles.h"
 #include "RunError.h"
+#include "ThreadCount.h"
 
 #include <cstddef>
 #include <iostream>

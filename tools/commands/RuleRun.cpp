@@ -5,6 +5,7 @@
 #include "RuleChecker.h"
 #include "RuleFiles.h"
 #include "RunError.h"
+#include "ThreadCount.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -104,8 +104,7 @@ WriterOptions WriterOptionsOf(const TranslateOptions& Options) {
 class TextSource {
  public:
   explicit TextSource(const TranslateOptions& Options)
-      : Given(Options.Text),
-        Shown(Options.Quiet || Given.has_value(), Given ? 0 : Grammar::TotalSize({"-"})) {
+      : Given(Options.Text), Shown(Options.Quiet || Given.has_value(), Grammar::TotalSize({"-"})) {
     if (!Given) {
       Input = std::make_unique<Grammar::InputFile>("-");
     }

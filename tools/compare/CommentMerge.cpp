@@ -100,14 +100,14 @@ struct CountLine {
   explicit CountLine(const Strings& vsComments) {
     std::string_view Rest;
     const auto Found = FindLabel(vsComments, ScoreLabel, Rest);
+    Place = static_cast<std::size_t>(Found - vsComments.begin());
     if (Found != vsComments.end()) {
-      Place = static_cast<std::size_t>(Found - vsComments.begin());
       sLine = *Found;
       Count = CountIn(vsComments);
     }
   }
 
-  std::size_t Place = 0;
+  std::size_t Place;  ///< after all of them where there is none
   std::string sLine;
   std::int64_t Count = 1;
 };

@@ -2,6 +2,7 @@
 
 #include "Pipeline.h"
 #include "RuleFiles.h"
+#include "ThreadCount.h"
 
 #include <cstddef>
 #include <string>

@@ -16,7 +16,8 @@ namespace Grammar {
 namespace {
 
 std::string ReadAll(const SpillFile& From, std::uint64_t Begin, std::uint64_t Size) {
-  std::string Bytes(static_cast<std::size_t>(Size), '\0');
+  std::string Bytes;
+  Bytes.resize(static_cast<std::size_t>(Size));
   From.Read(Begin, Bytes.data(), Bytes.size());
   return Bytes;
 }

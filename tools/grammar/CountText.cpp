@@ -19,10 +19,8 @@ CountText ParseCount(std::string_view Text) {
     IsInRange = IsInRange && Number <= Most;
     Number = std::min(Number, Most);
   }
-  CountText Count;
-  Count.Value = Number == 0 ? 1 : static_cast<int>(Number);
-  Count.IsExact = Number > 0 && IsInRange && Size == Text.size();
-  return Count;
+  return {Number == 0 ? 1 : static_cast<int>(Number),
+          Number > 0 && IsInRange && Size == Text.size()};
 }
 
 }  // namespace Grammar

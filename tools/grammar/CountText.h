@@ -9,8 +9,8 @@ constexpr std::string_view ScoreLabel = "Score:";
 
 /// A count, as everything that reads one takes it.
 struct CountText {
-  int Value = 1;
-  bool IsExact = false;  ///< whether the text says that number and nothing else
+  int Value;
+  bool IsExact;  ///< whether the text says that number and nothing else
 };
 
 /// Reads the text after the label: the digits at its beginning, at most 2,147,483,647. Without

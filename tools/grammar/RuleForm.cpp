@@ -261,13 +261,11 @@ void RuleForm::AddRepetition(std::size_t Place, Group& GroupReturn) const {
 void RuleForm::AddConstraint(std::size_t Place, Groups& StoredReturn) const {
   const Line& New = vLines[Place];
   const std::string_view Key = KeyOf(New);
-  const auto [Found, IsNew] = StoredReturn.try_emplace(std::string(Key));
+  const auto [Found, IsNew] = StoredReturn.try_emplace(std::string(Key), Place);
   if (!IsNew) {
     AddRepetition(Place, Found->second);
     return;
   }
-  Found->second.vLines = {Place};
-  Found->second.Kept = Place;
   Found->second.FeatValue = ViewOf(New).FeatValue;
   Found->second.IsOneList = IsWordList(New.Written->Parts);
   const std::string_view Prefix = Key.substr(0, New.Key.ValueBegin - New.Key.Begin);

@@ -149,8 +149,10 @@ class RuleForm {
 
   /// An entry while constraints are still being merged.
   struct Group {
+    explicit Group(std::size_t Place) : vLines{Place}, Kept(Place) {}
+
     std::vector<std::size_t> vLines;
-    std::size_t Kept = 0;
+    std::size_t Kept;
     std::string FeatValue;
     bool IsMerged = false;
     bool IsOneList = true;

@@ -49,13 +49,15 @@ std::optional<std::size_t> ParseMemorySize(std::string_view Text) {
   return Scaled(Number, std::string_view(Rest, static_cast<std::size_t>(End - Rest)));
 }
 
-std::size_t MachineMemory() {
-  const long Pages = sysconf(_SC_PHYS_PAGES);
-  const long PageSize = sysconf(_SC_PAGESIZE);
+std::size_t MemoryOf(long Pages, long PageSize) {
   constexpr std::size_t Guess = std::size_t{1} << 30;
   return Pages > 0 && PageSize > 0
              ? static_cast<std::size_t>(Pages) * static_cast<std::size_t>(PageSize)
              : Guess;
+}
+
+std::size_t MachineMemory() {
+  return MemoryOf(sysconf(_SC_PHYS_PAGES), sysconf(_SC_PAGESIZE));
 }
 
 }  // namespace Grammar

@@ -16,6 +16,9 @@ namespace Grammar {
 /// @endcode
 std::optional<std::size_t> ParseMemorySize(std::string_view Text);
 
+/// The bytes of so many pages; 1 GiB where the system does not know one of both, which is -1 then.
+std::size_t MemoryOf(long Pages, long PageSize);
+
 /// The memory of the machine, in bytes.
 std::size_t MachineMemory();
 

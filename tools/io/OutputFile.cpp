@@ -14,9 +14,10 @@ namespace Grammar {
 
 namespace {
 
-/// The permissions that a new file gets.
+/// The permissions that a new file gets. The mask can only be read by setting it; meanwhile nobody
+/// else is let at what another thread creates.
 mode_t NewFileMode() {
-  const mode_t Mask = umask(0);
+  const mode_t Mask = umask(S_IRWXG | S_IRWXO);
   umask(Mask);
   return 0666U & ~Mask;
 }

@@ -7,17 +7,9 @@
 
 #include <cstddef>
 #include <memory>
-#include <thread>
 #include <vector>
 
 namespace Grammar {
-
-/// How many threads a run may use: as many as it is reported, or for 0 as many as the machine has
-/// cores.
-inline unsigned ThreadCount(unsigned Wanted) {
-  const unsigned Cores = std::thread::hardware_concurrency();
-  return Wanted != 0 ? Wanted : Cores != 0 ? Cores : 1;
-}
 
 /// Reads batches one after the other, works on several at once, and finishes them in the order in
 /// which they were read. So what is written is the same for any number of threads. Only a few

@@ -12,6 +12,7 @@
 #include "RuleFiles.h"
 #include "RuleOutline.h"
 #include "RuleUse.h"
+#include "ThreadCount.h"
 
 #include <algorithm>
 #include <deque>

@@ -6,6 +6,7 @@
 #include "PageTests.h"
 #include "Pipeline.h"
 #include "RunError.h"
+#include "ThreadCount.h"
 
 #include <algorithm>
 #include <filesystem>

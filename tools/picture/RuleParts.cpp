@@ -104,8 +104,8 @@ namespace {
 
 /// A node with features, in capitals and with single blanks between them.
 struct Path {
-  char Side = 'X';
-  std::uint32_t Index = 0;
+  char Side;
+  std::uint32_t Index;
   std::string Features;
 };
 

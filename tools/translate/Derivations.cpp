@@ -69,19 +69,19 @@ void Derivations::Descend(ListId Left, ListId Right, TreePair& PairReturn) const
 
 /// How two trees compared before; 0 if that is not known.
 int Derivations::Remembered(const TreePair& Pair) const {
-  const std::uint32_t Number =
-      Compared.Find(std::min(Pair.Left, Pair.Right), std::max(Pair.Left, Pair.Right));
+  const auto [First, Second] = std::minmax(Pair.Left, Pair.Right);
+  const std::uint32_t Number = Compared.Find(First, Second);
   if (Number == Grammar::NoEntry) {
     return 0;
   }
-  return Pair.Left < Pair.Right ? vResults[Number] : -vResults[Number];
+  return Pair.Left == First ? vResults[Number] : -vResults[Number];
 }
 
 void Derivations::Remember(const TreePair& Pair, int Result) const {
-  const std::uint32_t Number =
-      Compared.Intern(std::min(Pair.Left, Pair.Right), std::max(Pair.Left, Pair.Right));
+  const auto [First, Second] = std::minmax(Pair.Left, Pair.Right);
+  const std::uint32_t Number = Compared.Intern(First, Second);
   if (Number == vResults.size()) {
-    vResults.push_back(static_cast<std::int8_t>(Pair.Left < Pair.Right ? Result : -Result));
+    vResults.push_back(static_cast<std::int8_t>(Pair.Left == First ? Result : -Result));
   }
 }
 
