@@ -4,9 +4,8 @@
 
 #include "MemorySize.h"
 
-/// Adds --memory, which is half of the machine's where it is not given.
+/// Adds --memory. What is there already is the default.
 inline void AddMemoryOption(CLI::App& CommandReturn, std::size_t& MemoryReturn) {
-  MemoryReturn = Grammar::MachineMemory() / 2;
   CommandReturn
       .add_option_function<std::string>(
           "--memory",

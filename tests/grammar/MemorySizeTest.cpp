@@ -10,6 +10,7 @@
 
 namespace {
 
+using Grammar::DefaultMemory;
 using Grammar::MachineMemory;
 using Grammar::MemoryOf;
 using Grammar::ParseMemorySize;
@@ -53,6 +54,7 @@ TEST(MemorySize, OfPagesIsGuessedWhereTheSystemDoesNotKnow) {
 
 TEST(MemorySize, OfTheMachineIsMoreThanThisTestNeeds) {
   EXPECT_GT(MachineMemory(), std::size_t{1} << 24);
+  EXPECT_EQ(DefaultMemory(), MachineMemory() / 2);
 }
 
 }  // namespace

@@ -55,9 +55,7 @@ std::vector<Edge> EdgesOf(const std::vector<Reference>& vReferences, bool Source
 ConstraintCycle Named(std::vector<Edge> vEdges, char Side) {
   const auto First = std::min_element(vEdges.begin(), vEdges.end(), ComesBefore);
   std::rotate(vEdges.begin(), First, vEdges.end());
-  ConstraintCycle Cycle;
-  Cycle.Line = vEdges.front().Line;
-  Cycle.Nodes = Side + std::to_string(vEdges.front().From);
+  ConstraintCycle Cycle{Side + std::to_string(vEdges.front().From), vEdges.front().Line};
   for (const Edge& Current : vEdges) {
     Cycle.Nodes.append(" → ").append(1, Side).append(std::to_string(Current.To));
   }

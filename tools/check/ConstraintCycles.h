@@ -16,8 +16,8 @@ struct Reference {
 
 /// Constraints that wait for each other when a rule is written.
 struct ConstraintCycle {
-  std::string Nodes;     ///< "x1 → x2 → x1", beginning with the node that `Line` constrains
-  std::size_t Line = 0;  ///< the first line that has part in it
+  std::string Nodes;  ///< "x1 → x2 → x1", beginning with the node that `Line` constrains
+  std::size_t Line;   ///< the first line that has part in it
 };
 
 /// The cycles of a rule's agreements: each reference is part of one at most. As the library sees

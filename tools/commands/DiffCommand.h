@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DiffWriter.h"
+#include "MemorySize.h"
 
 #include <cstddef>
 #include <string>
@@ -18,7 +19,7 @@ struct DiffOptions {
   bool ShowsMoves = false;  ///< whether rules that have moved are differences
   bool Quiet = false;
   unsigned Threads = 0;
-  std::size_t Memory = std::size_t{1} << 30;
+  std::size_t Memory = DefaultMemory();
 };
 
 /// Writes what differs in two files of rules. Nothing is written if one cannot be read.

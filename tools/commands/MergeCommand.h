@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MemorySize.h"
+
 #include <cstddef>
 #include <string>
 
@@ -13,7 +15,7 @@ struct MergeOptions {
   std::string Name;    ///< of ours, in messages; "" for its own
   bool Quiet = false;
   unsigned Threads = 0;
-  std::size_t Memory = std::size_t{1} << 30;
+  std::size_t Memory = DefaultMemory();
 };
 
 /// Merges two versions of a file that come from a third one, rule by rule and part by part; see

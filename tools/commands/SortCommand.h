@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MemorySize.h"
 #include "RuleRun.h"
 
 #include <cstddef>
@@ -17,7 +18,7 @@ enum class SortBy {
 struct SortOptions {
   SortBy By = SortBy::Form;
   bool Reverse = false;
-  std::size_t Memory = std::size_t{1} << 30;
+  std::size_t Memory = DefaultMemory();
 };
 
 /// Writes the rules in order, each in the normal form. Those that are equal in what they are sorted

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "GroupKeys.h"
+#include "MemorySize.h"
 #include "RuleRun.h"
 
 #include <cstddef>
@@ -21,7 +22,7 @@ struct FilesInTurn {
 
 struct SplitOptions {
   std::variant<Query::GroupBy, RulesPerFile, FilesInTurn> By = Query::GroupBy::Type;
-  std::size_t Memory = std::size_t{1} << 30;
+  std::size_t Memory = DefaultMemory();
 };
 
 /// Writes rules into several files of the folder that is the output, as they are written and in

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MemorySize.h"
 #include "RuleRun.h"
 
 #include <cstddef>
@@ -12,7 +13,7 @@ enum class StatsFormat : std::uint8_t { Text, Json, Html };
 struct StatsOptions {
   StatsFormat Format = StatsFormat::Text;
   std::size_t Top = 10;  ///< how many of the most frequent names a table or histogram shows
-  std::size_t Memory = std::size_t{1} << 30;
+  std::size_t Memory = DefaultMemory();
 };
 
 /// Writes what there is in the rules of all files together, and how often. Holds the different

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MemorySize.h"
 #include "RuleRun.h"
 
 #include <cstddef>
@@ -12,7 +13,7 @@ struct UniqueOptions {
   bool Repeated = false;  ///< only rules that are there more than once
   bool Count = false;     ///< one rule a line, after the number of rules that it stands for
   std::optional<std::size_t> Examples;  ///< how many examples to keep; all where it is not said
-  std::size_t Memory = std::size_t{1} << 30;
+  std::size_t Memory = DefaultMemory();
 };
 
 /// Writes one rule for each comparison text: the first, with the counts of all added and with the

@@ -15,8 +15,8 @@ namespace Grammar {
 
 /// Why a difference cannot be made.
 struct PatchFault {
-  std::size_t DiffLine = 0;    ///< of the difference, from 1
-  std::uint64_t FileLine = 0;  ///< of the rule that is not as expected, from 1; 0 if there is none
+  std::size_t DiffLine;    ///< of the difference, from 1
+  std::uint64_t FileLine;  ///< of the rule that is not as expected, from 1; 0 if there is none
   std::string Message;
   std::vector<std::string> vsDetails;  ///< "constraint ((Y2 NUM) = …): expected SG, found PL"
 };

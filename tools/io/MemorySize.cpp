@@ -60,4 +60,8 @@ std::size_t MachineMemory() {
   return MemoryOf(sysconf(_SC_PHYS_PAGES), sysconf(_SC_PAGESIZE));
 }
 
+std::size_t DefaultMemory() {
+  return MachineMemory() / 2;
+}
+
 }  // namespace Grammar

@@ -22,4 +22,7 @@ std::size_t MemoryOf(long Pages, long PageSize);
 /// The memory of the machine, in bytes.
 std::size_t MachineMemory();
 
+/// How much a command may hold in memory if nobody says it: half of the machine's.
+std::size_t DefaultMemory();
+
 }  // namespace Grammar

@@ -69,10 +69,10 @@ class RuleLayout {
 
   /// An end of an arc, in the order of ports.
   struct ArcEnd {
-    std::uint32_t Slot = 0;
-    bool IsLeft = false;
-    std::uint32_t Span = 0;
-    std::uint32_t Arc = 0;
+    std::uint32_t Slot;
+    bool IsLeft;
+    std::uint32_t Span;
+    std::uint32_t Arc;
   };
 
   /// A line from row to row: an alignment, or what passes between two nodes.

@@ -371,8 +371,7 @@ bool QueryParser::ParseText(bool IsOfComments, QueryNode& NodeReturn) {
     return FailExpecting("a text in quotes or a regular expression between slashes");
   }
   ++Next;
-  TextCondition Own;
-  Own.IsOfComments = IsOfComments;
+  TextCondition Own{IsOfComments, {}};
   Own.Pattern.Text = Given.Text;
   if (Given.Kind == TokenKind::Pattern) {
     const bool HasFlag = Ahead().Kind == TokenKind::Word && Ahead().Place == Given.End;

@@ -56,7 +56,7 @@ struct NumberCondition {
 
 /// "comment /^SL:/", or the same of any line.
 struct TextCondition {
-  bool IsOfComments = true;
+  bool IsOfComments;
   TextPattern Pattern;
 };
 

@@ -210,8 +210,8 @@ class Chart {
 
   /// What distinguishes a group from the others of its span.
   struct GroupName {
-    SourceSymbol Slot = 0;
-    std::uint8_t Needs = 0;
+    SourceSymbol Slot;
+    std::uint8_t Needs;
     StructurePair Key;
   };
 
