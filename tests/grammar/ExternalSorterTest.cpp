@@ -120,6 +120,13 @@ TEST(ExternalSorter, SortsRecordsLargerThanItsMemory) {
             StableSorted(Input, SortDirection::Ascending));
 }
 
+TEST(SpillFile, ReportsWhatCannotBeRead) {
+  const Grammar::SpillFile File;
+  char Byte = 0;
+  EXPECT_EQ(File.Read(0, &Byte, 1), 0U);
+  EXPECT_THROW(File.Read(std::uint64_t{1} << 63U, &Byte, 1), Grammar::RunError);
+}
+
 TEST(SpillFile, NeedsAFolderThatIsThere) {
   const char* const Before = std::getenv("TMPDIR");
   const std::string Folder = Before == nullptr ? "" : Before;

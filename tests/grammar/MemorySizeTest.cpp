@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/sysinfo.h>
+#include <unistd.h>
+
 #include <limits>
 #include <optional>
 #include <string>
@@ -54,6 +57,8 @@ TEST(MemorySize, OfPagesIsGuessedWhereTheSystemDoesNotKnow) {
 
 TEST(MemorySize, OfTheMachineIsMoreThanThisTestNeeds) {
   EXPECT_GT(MachineMemory(), std::size_t{1} << 24);
+  EXPECT_EQ(MachineMemory(),
+            static_cast<std::size_t>(get_phys_pages()) * static_cast<std::size_t>(getpagesize()));
   EXPECT_EQ(DefaultMemory(), MachineMemory() / 2);
 }
 

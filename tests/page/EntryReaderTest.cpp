@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -73,6 +74,24 @@ TEST(EntryReader, FindsWhatTheCheckFinds) {
     }
     std::sort(vsFound.begin(), vsFound.end());
     EXPECT_EQ(vsFound, ShownByCheck(vsFiles));
+  }
+}
+
+TEST(EntryReader, FindsWhatIsLackingIfThereIsALexicon) {
+  const TestFolder Folder;
+  const std::string Phrase = "{NP,1}\nNP::NP : [DET N] -> [DET N]\n(X1::Y1)\n(X2::Y2)\n";
+  const std::string Word = "{N,1}\nN::N : [\"a\"] -> [\"b\"]\n(X1::Y1)\n";
+  const std::vector<std::pair<std::string, Strings>> Cases{
+      {Phrase, {}}, {Phrase + "\n" + Word, {"TR050"}}, {Word, {}}};
+  for (const auto& [sGrammar, vsCodes] : Cases) {
+    const std::string File = Folder.Write("lacks.trr", sGrammar);
+    Strings vsFound;
+    for (const RuleEntry& Entry : Read({File}, 1)) {
+      for (const Grammar::Finding& Found : Entry.vFindings) {
+        vsFound.push_back(Found.Code);
+      }
+    }
+    EXPECT_EQ(vsFound, vsCodes) << sGrammar;
   }
 }
 

@@ -39,6 +39,8 @@ TEST(UsableRules, OmitRulesThatCannotBeParsed) {
       {"TR009", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n((x2 num) = sg)\n)\n"},
       {"TR010", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y2)\n)\n"},
       {"TR012", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n(x0 = n)\n)\n"},
+      // The second constraint can only not be written.
+      {"TR012", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n(x0 = n)\n((x0 ext) = (x1 ext))\n)\n"},
       {"TR013", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n((x0 num) = " + Long + ")\n)\n"},
       {"TR015", "N::N : [\"a\"] -> [\"x\" N]\n(\n(X1::Y1)\n)\n"},
   };

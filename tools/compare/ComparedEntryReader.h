@@ -8,9 +8,9 @@ namespace Grammar {
 
 /// How a file is read that is to be compared.
 struct EntryReading {
-  std::string File;      ///< "-" for standard input
-  bool Quiet = false;    ///< show no progress
-  unsigned Threads = 0;  ///< how many threads work on rules; 0 for one on each core
+  std::string File;  ///< "-" for standard input
+  bool Quiet;        ///< show no progress
+  unsigned Threads;  ///< how many threads work on rules; 0 for one on each core
 };
 
 /// Reads a file of rules, and passes on its entries in their order. A rule that cannot be read, and

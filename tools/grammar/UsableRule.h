@@ -57,14 +57,14 @@ struct RuleSide {
 /// @endcode
 struct UsableRule {
   std::string_view File;
-  std::size_t Line = 0;  ///< of the rule line
-  std::string Header;    ///< "NP,8"; empty if none can be read
-  bool HasHeader = false;
+  std::size_t Line{};  ///< of the rule line
+  std::string Header;  ///< "NP,8"; empty if none can be read
+  bool HasHeader{};
   RuleSide X;
   RuleSide Y;
   PlaceSources Places;               ///< of the target side
   std::vector<Equation> vEquations;  ///< in the order of the text
-  std::uint32_t Count = 1;
+  std::uint32_t Count{};
 };
 
 /// Reads what a rule means.

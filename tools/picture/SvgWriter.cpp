@@ -6,7 +6,6 @@
 #include "Measures.h"
 
 #include <array>
-#include <charconv>
 #include <cstdint>
 #include <initializer_list>
 
@@ -28,10 +27,7 @@ void AppendEscaped(std::string_view Words, std::string& TextReturn) {
 namespace {
 
 void AppendNumber(std::string_view Before, std::int64_t Number, std::string& TextReturn) {
-  std::array<char, 24> Digits{};
-  const auto Written = std::to_chars(Digits.data(), Digits.data() + Digits.size(), Number);
-  TextReturn += Before;
-  TextReturn.append(Digits.data(), Written.ptr);
+  TextReturn.append(Before).append(std::to_string(Number));
 }
 
 void AppendPoint(std::string_view Before, Point At, std::string& TextReturn) {

@@ -404,28 +404,29 @@ std::uint32_t Chart::FindEntry(const Cell& In, SourceSymbol Slot) const {
                                               : static_cast<std::uint32_t>(Found - vSlots.begin());
 }
 
-/// What the last part of an item is, by the slot at its node and the last of its keys.
-Chart::GroupName Chart::NameOfLast(const Item& Partial) const {
-  const std::uint8_t Needs = Rules.Trie().Needs(Partial.Node);
-  return {Rules.Trie().Symbol(Partial.Node), Needs,
-          Needs == 0 ? StructurePair() : Equations->LastKey(Partial.Keys)};
+/// What is looked at of the last part of an item.
+StructurePair Chart::LastKeyOf(const Item& Partial) const {
+  return Rules.Trie().Needs(Partial.Node) == 0 ? StructurePair() : Equations->LastKey(Partial.Keys);
 }
 
-/// The group of a span with a name; `None` where there is none.
-std::uint32_t Chart::FindGroup(std::uint32_t Start, std::uint32_t End,
-                               const GroupName& Name) const {
+/// The group that has a key among those that fill the slot at a node of the trie with a span;
+/// `None` where there is none.
+std::uint32_t Chart::FindGroup(std::uint32_t Start, std::uint32_t End, std::uint32_t Node,
+                               const StructurePair& Key) const {
+  const std::uint8_t Needs = Rules.Trie().Needs(Node);
   const Cell* In = FindCell(Start, End);
-  const std::uint32_t Entry = In == nullptr ? std::uint32_t{None} : FindEntry(*In, Name.Slot);
-  if (Entry == None || vSlots[Entry].FirstGroup[Name.Needs] == None) {
+  const std::uint32_t Entry =
+      In == nullptr ? std::uint32_t{None} : FindEntry(*In, Rules.Trie().Symbol(Node));
+  if (Entry == None || vSlots[Entry].FirstGroup[Needs] == None) {
     return None;
   }
-  const auto NumberOf = [](const StructurePair& Key) { return Pair(Key.Source, Key.Target); };
-  const auto First = vGroups.begin() + vSlots[Entry].FirstGroup[Name.Needs];
-  const auto Last = First + vSlots[Entry].GroupCount[Name.Needs];
+  const auto NumberOf = [](const StructurePair& Of) { return Pair(Of.Source, Of.Target); };
+  const auto First = vGroups.begin() + vSlots[Entry].FirstGroup[Needs];
+  const auto Last = First + vSlots[Entry].GroupCount[Needs];
   const auto Found = std::lower_bound(
-      First, Last, NumberOf(Name.Key),
-      [&](const Group& Current, std::uint64_t Key) { return NumberOf(Current.Key) < Key; });
-  return Found == Last || NumberOf(Found->Key) != NumberOf(Name.Key)
+      First, Last, NumberOf(Key),
+      [&](const Group& Current, std::uint64_t Wanted) { return NumberOf(Current.Key) < Wanted; });
+  return Found == Last || NumberOf(Found->Key) != NumberOf(Key)
              ? std::uint32_t{None}
              : static_cast<std::uint32_t>(Found - vGroups.begin());
 }

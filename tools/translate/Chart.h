@@ -172,10 +172,10 @@ class Chart {
     } else if (Parent == SourceTrie::Root) {
       Visit(std::uint32_t{None}, Current.Before);
     } else {
-      const GroupName Name = NameOfLast(Current);
+      const StructurePair Key = LastKeyOf(Current);
       for (std::uint32_t Before = Current.Before; Before != None;
            Before = vItems[Before].Previous) {
-        const std::uint32_t After = FindGroup(vItems[Before].End, Current.End, Name);
+        const std::uint32_t After = FindGroup(vItems[Before].End, Current.End, Current.Node, Key);
         if (After != None) {
           Visit(Before, After);
         }
@@ -206,13 +206,6 @@ class Chart {
     std::uint32_t Count;
     std::uint32_t FirstGroup[4];  ///< `None` where nobody has requested them
     std::uint32_t GroupCount[4];  ///< they stand side by side, in the order of their keys
-  };
-
-  /// What distinguishes a group from the others of its span.
-  struct GroupName {
-    SourceSymbol Slot;
-    std::uint8_t Needs;
-    StructurePair Key;
   };
 
   struct Chain {
@@ -260,8 +253,9 @@ class Chart {
   void MakeGroups(SlotEntry& EntryReturn, std::uint8_t Needs);
   std::int64_t BestScore(std::uint32_t First, std::uint32_t Count) const;
   std::uint32_t FindEntry(const Cell& In, SourceSymbol Slot) const;
-  GroupName NameOfLast(const Item& Partial) const;
-  std::uint32_t FindGroup(std::uint32_t Start, std::uint32_t End, const GroupName& Name) const;
+  StructurePair LastKeyOf(const Item& Partial) const;
+  std::uint32_t FindGroup(std::uint32_t Start, std::uint32_t End, std::uint32_t Node,
+                          const StructurePair& Key) const;
 
   std::uint32_t EvaluationOf(const RuleSet::Ending& By) const {
     return By.Rule == Replaced.Rule ? Replaced.Evaluation : By.Evaluation;
