@@ -13,20 +13,21 @@ struct SampleLine {
   Grammar::SampleOptions Options;
 };
 
-const std::string Footer =
-    "Every rule is drawn with the same probability. The same seed draws the same rules on every\n"
-    "machine, and a larger sample contains the smaller one. Rules are copied in the order of the\n"
-    "input, as they are written, with the comments before them; so are rules that cannot be read,\n"
-    "which are also reported.\n"
-    "\n"
-    "--by draws from each group of rules apart; rules that cannot be read are one more group:\n" +
-    std::string(GroupKeyNames) +
-    "\n"
-    "Exit status: 0 all read, 1 some rule could not be read, 2 the run failed.\n"
-    "\n"
-    "Example:\n"
-    "  trrule sample -n 20 --seed 7 learned.trr\n"
-    "  trrule sample -n 2 --by type learned.trr\n";
+std::string Footer() {
+  return "Every rule is drawn with the same probability. The same seed draws the same rules on every\n"
+         "machine, and a larger sample contains the smaller one. Rules are copied in the order of the\n"
+         "input, as they are written, with the comments before them; so are rules that cannot be read,\n"
+         "which are also reported.\n"
+         "\n"
+         "--by draws from each group of rules apart; rules that cannot be read are one more group:\n" +
+         std::string(GroupKeyNames) +
+         "\n"
+         "Exit status: 0 all read, 1 some rule could not be read, 2 the run failed.\n"
+         "\n"
+         "Example:\n"
+         "  trrule sample -n 20 --seed 7 learned.trr\n"
+         "  trrule sample -n 2 --by type learned.trr\n";
+}
 
 }  // namespace
 
@@ -41,7 +42,7 @@ void AddSampleCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
             [Line](std::uint64_t Number) { Line->Options.Seed = Number; });
   AddGroupOption(*Command, Line->Options.By,
                  "draw -n rules of each type, sequence, source, target, shape, size or count");
-  Command->footer(Footer);
+  Command->footer(Footer());
   Command->callback([Line, &ActionReturn] {
     ActionReturn = [Line] { return RunSample(Line->Run, Line->Options); };
   });
