@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -129,6 +130,21 @@ TEST(OutputFile, IsRemovedBySignalsThatEndTheRun) {
               (ChildEnd{-Signal, "", ""}));
     EXPECT_EQ(Folder.Names(), Names{"b"});
   }
+}
+
+TEST(OutputFile, LeavesNothingIfThereAreTooMany) {
+  const TestFolder Folder;
+  std::vector<std::unique_ptr<OutputFile>> vFiles;
+  for (const char* Name : {"a", "b", "c", "d", "e", "f", "g", "h"}) {
+    vFiles.push_back(std::make_unique<OutputFile>(Folder.Path(Name)));
+  }
+  EXPECT_EQ(FailureOf([&] { const OutputFile Ninth(Folder.Path("i")); }),
+            "too many output files at once");
+  EXPECT_EQ(Folder.Names().size(), vFiles.size());
+  vFiles.pop_back();
+  OutputFile(Folder.Path("i")).Finish();
+  vFiles.clear();
+  EXPECT_EQ(Folder.Names(), Names{"i"});
 }
 
 TEST(OutputFile, SurvivesSignalsThatAreIgnored) {

@@ -2,6 +2,7 @@
 
 #include "RunError.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace Grammar {
 
@@ -54,15 +56,15 @@ class SignalsHeldBack {
   sigset_t Before{};
 };
 
-/// The place where a name was noted.
-std::size_t Note(const char* Name) {
+/// The place where a name was noted; nothing if there is none free.
+std::optional<std::size_t> Note(const char* Name) {
   for (std::size_t Slot = 0; Slot < UnfinishedNames.size(); ++Slot) {
     const char* Free = nullptr;
     if (UnfinishedNames[Slot].compare_exchange_strong(Free, Name)) {
       return Slot;
     }
   }
-  throw RunError("too many output files at once");
+  return std::nullopt;
 }
 
 }  // namespace
@@ -81,11 +83,17 @@ void RemoveUnfinishedFilesOnSignals() {
 
 UnfinishedFile::UnfinishedFile(const std::string& Target) : Name(Target + ".XXXXXX") {
   const SignalsHeldBack Held;
-  File = mkstemp(Name.data());
+  File = mkostemp(Name.data(), O_CLOEXEC);
   if (File < 0) {
     throw SystemError("cannot write " + Target);
   }
-  Slot = Note(Name.c_str());
+  const std::optional<std::size_t> Free = Note(Name.c_str());
+  if (!Free) {
+    unlink(Name.c_str());
+    close(File);
+    throw RunError("too many output files at once");
+  }
+  Slot = *Free;
 }
 
 UnfinishedFile::~UnfinishedFile() {

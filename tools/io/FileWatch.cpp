@@ -44,11 +44,9 @@ struct EndSignals::Saved {
   std::array<struct sigaction, EndingSignals.size()> Actions{};
 };
 
-EndSignals::EndSignals() : Before(new Saved) {
+EndSignals::EndSignals() : Before(std::make_unique<Saved>()) {
   if (pipe2(Before->Pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
-    const int Error = errno;
-    delete Before;
-    throw SystemError("cannot make a pipe", Error);
+    throw SystemError("cannot make a pipe");
   }
   SignalEnd.store(Before->Pipe[1]);
   for (std::size_t Index = 0; Index < EndingSignals.size(); ++Index) {
@@ -71,7 +69,6 @@ EndSignals::~EndSignals() {
   SignalEnd.store(-1);
   close(Before->Pipe[0]);
   close(Before->Pipe[1]);
-  delete Before;
   if (Left != 0) {
     static_cast<void>(raise(Left));
   }

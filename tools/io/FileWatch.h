@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,7 +25,7 @@ class EndSignals {
 
  private:
   struct Saved;
-  Saved* Before;
+  std::unique_ptr<Saved> Before;
 };
 
 /// Notices when files change: when they are written, replaced, taken away, or come again. Their

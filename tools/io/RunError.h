@@ -28,7 +28,7 @@ class InputError : public RunError {
   using RunError::RunError;
 };
 
-/// Nobody reads the output any more. That is not error of the run, and there is nobody to tell.
+/// Nobody reads the output any more, which is not an error of the run.
 class ClosedOutput : public RunError {
  public:
   ClosedOutput() : RunError("nobody reads the output any more") {}

@@ -86,10 +86,9 @@ void AddAlignment(const SourceRule& Lines, const SourceRule::AlignmentLine& Curr
       return;
     }
   }
-  Tie& New = PartsReturn.vAlignments.emplace_back();
-  New.From = From;
-  New.First = static_cast<std::uint32_t>(Current.Parts.X);
-  New.Second = static_cast<std::uint32_t>(Current.Parts.Y);
+  const Tie New{From, static_cast<std::uint32_t>(Current.Parts.X),
+                static_cast<std::uint32_t>(Current.Parts.Y), ""};
+  PartsReturn.vAlignments.push_back(New);
   Component& X = PartsReturn.Components[0][New.First];
   Component& Y = PartsReturn.Components[1][New.Second];
   X.IsUnaligned = Y.IsUnaligned = false;

@@ -38,8 +38,8 @@ struct Component {
 /// Two nodes, by index: on one side, from the left to the right, or from x to y.
 struct Tie {
   Origin From;
-  std::uint32_t First = 0;
-  std::uint32_t Second = 0;
+  std::uint32_t First;
+  std::uint32_t Second;
   std::string Words;  ///< what agrees or passes: "NUM", or "Y1 = Y0 DET"; of an alignment none
 };
 

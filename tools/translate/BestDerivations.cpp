@@ -408,9 +408,7 @@ std::optional<Derivations::TreeId> BestDerivations::Next() {
   }
   const NodeId Goals = GoalsNode();
   Compute(Goals, true);
-  if (NextRank > 0) {
-    FindRanked(Goals, NextRank);
-  }
+  FindRanked(Goals, NextRank);
   if (!Has(Goals, NextRank)) {
     return std::nullopt;
   }

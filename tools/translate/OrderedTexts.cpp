@@ -23,9 +23,8 @@ void OrderedTexts::Work(const WorkerMaker& MakeWorker) {
   try {
     const Worker Translate = MakeWorker();
     std::string Text;
-    std::size_t Line = 0;
-    while (Take(Text, Line)) {
-      Give(Line, Translate(Text, Line));
+    while (const std::optional<std::size_t> Line = Take(Text)) {
+      Give(*Line, Translate(Text, *Line));
     }
   } catch (...) {
     Stop(std::current_exception());
@@ -33,7 +32,8 @@ void OrderedTexts::Work(const WorkerMaker& MakeWorker) {
 }
 
 /// Takes the next text, as soon as there is room for its result.
-bool OrderedTexts::Take(std::string& TextReturn, std::size_t& LineReturn) {
+/// @return the number of its line, from 1; nothing after the last one
+std::optional<std::size_t> OrderedTexts::Take(std::string& TextReturn) {
   constexpr std::size_t TextsForThread = 64;
   const std::lock_guard<std::mutex> Reading(Input);
   {
@@ -41,7 +41,7 @@ bool OrderedTexts::Take(std::string& TextReturn, std::size_t& LineReturn) {
     HasRoom.wait(Waiting,
                  [&] { return IsStopped || LinesRead - LinesWritten < TextsForThread * Threads; });
     if (IsStopped) {
-      return false;
+      return std::nullopt;
     }
     IsReading = true;
   }
@@ -49,8 +49,7 @@ bool OrderedTexts::Take(std::string& TextReturn, std::size_t& LineReturn) {
   const std::lock_guard<std::mutex> Done(Output);
   IsReading = false;
   IsStopped = IsStopped || !IsThere;
-  LineReturn = IsThere ? ++LinesRead : 0;
-  return IsThere;
+  return IsThere ? std::optional(++LinesRead) : std::nullopt;
 }
 
 /// Keeps a result until those before it are there.

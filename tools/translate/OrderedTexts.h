@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -56,7 +57,7 @@ class OrderedTexts {
 
  private:
   void Work(const WorkerMaker& MakeWorker);
-  bool Take(std::string& TextReturn, std::size_t& LineReturn);
+  std::optional<std::size_t> Take(std::string& TextReturn);
   void Give(std::size_t Line, TextOutput Result);
   void Stop(std::exception_ptr Reason);
 
