@@ -4,7 +4,9 @@
 
 #include "MemorySize.h"
 
-/// Adds --memory. What is there already is the default.
+/// Adds --memory.
+/// @param MemoryReturn receives a number of bytes; what it holds before, `DefaultMemory`, is the
+///        default that the help names
 inline void AddMemoryOption(CLI::App& CommandReturn, std::size_t& MemoryReturn) {
   CommandReturn
       .add_option_function<std::string>(

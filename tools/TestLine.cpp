@@ -2,10 +2,8 @@
 #include "CommandLine.h"
 #include "EngineOptions.h"
 #include "TestCommand.h"
-#include "ThreadCount.h"
 #include "WatchCommand.h"
 
-#include <algorithm>
 #include <string>
 
 namespace {
@@ -95,7 +93,6 @@ void AddTestCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   CLI::App* Command =
       ProgramReturn.add_subcommand("test", "Run the examples in the comments of rules");
   const auto Options = std::make_shared<Examples::TestOptions>();
-  Options->Threads = Grammar::ThreadCount(0);
   AddInputs(*Command, *Options);
   AddWanted(*Command, *Options);
   AddThresholds(*Command, *Options);

@@ -1,10 +1,8 @@
 #include "ChoiceOption.h"
 #include "CommandLine.h"
 #include "EngineOptions.h"
-#include "ThreadCount.h"
 #include "TranslateCommand.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <string>
 
@@ -89,7 +87,6 @@ void AddTranslateCommand(CLI::App& ProgramReturn, Action& ActionReturn) {
   CLI::App* Command =
       ProgramReturn.add_subcommand("translate", "Translate texts by the rules of a grammar");
   const auto Line = std::make_shared<TranslateLine>();
-  Line->Options.Threads = Grammar::ThreadCount(0);
   AddInputs(*Command, *Line);
   AddWanted(*Command, Line->Options);
   AddLimits(*Command, Line->Options);

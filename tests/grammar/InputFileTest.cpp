@@ -13,6 +13,7 @@
 
 namespace {
 
+using Grammar::InputFile;
 using Grammar::OrStandardInput;
 using Grammar::TotalSize;
 using Strings = std::vector<std::string>;
@@ -29,6 +30,17 @@ TEST(InputFile, HasASizeIfItIsRegular) {
       {{Ten, "/dev/null"}, 0}};
   for (const auto& [vsNames, Size] : Cases) {
     EXPECT_EQ(TotalSize(vsNames), Size) << ::testing::PrintToString(vsNames);
+  }
+}
+
+TEST(InputFile, ReportsWhatCannotBeRead) {
+  const TestFolder Folder;
+  const std::string Missing = Folder.Path("missing.trr");
+  try {
+    InputFile File(Missing);
+    FAIL() << "a file that is missing was opened";
+  } catch (const Grammar::InputError& Error) {
+    EXPECT_EQ(Error.what(), "cannot read " + Missing + ": No such file or directory");
   }
 }
 

@@ -1,5 +1,4 @@
-// Every byte in a name of a rule line: which of them are reported, and that the name is cut nowhere
-// else.
+// Which bytes are reported as slips in the types and labels of a rule line: every one is tried.
 
 #include "LineSlips.h"
 
@@ -24,7 +23,7 @@ std::vector<std::string> Shown(const std::vector<NameSlip>& vSlips) {
 
 TEST(LineSlips, AreAllSignsThatNamesDoNotHave) {
   const std::string Signs = ",;\"[](){}<>=|\t\v\f\r";
-  for (int Value = 1; Value < 256; ++Value) {
+  for (int Value = 0; Value < 256; ++Value) {
     const auto Byte = static_cast<char>(Value);
     if (Byte == ' ') {
       continue;

@@ -1,7 +1,6 @@
 #include "MemorySize.h"
 
 #include <gtest/gtest.h>
-
 #include <sys/sysinfo.h>
 #include <unistd.h>
 
@@ -55,7 +54,7 @@ TEST(MemorySize, OfPagesIsGuessedWhereTheSystemDoesNotKnow) {
   }
 }
 
-TEST(MemorySize, OfTheMachineIsMoreThanThisTestNeeds) {
+TEST(MemorySize, OfTheMachineIsThatOfItsPages) {
   EXPECT_GT(MachineMemory(), std::size_t{1} << 24);
   EXPECT_EQ(MachineMemory(),
             static_cast<std::size_t>(get_phys_pages()) * static_cast<std::size_t>(getpagesize()));

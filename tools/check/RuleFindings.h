@@ -61,7 +61,7 @@ class RuleFindings {
                const Correction& Corrected = {});
 
   /// For a line that cannot be read: where it holds a look-alike, that is the reason.
-  /// @param Corrected to be written instead of the line without its comment; empty for nothing
+  /// @param Corrected to be written instead of the line without its comment; empty if nothing is
   Finding& AddFault(std::string_view Code, std::size_t Line, std::string_view Part,
                     const std::string& Message, std::string Corrected = {});
 

@@ -13,6 +13,7 @@
 #include "RunError.h"
 #include "StartTypes.h"
 #include "StructureText.h"
+#include "ThreadCount.h"
 
 #include <algorithm>
 #include <atomic>
@@ -224,7 +225,8 @@ bool TranslateTexts(const TranslateOptions& Options, const RuleSet& Rules,
   TextSource Source(Options);
   bool HasMessages = false;
   OrderedTexts Run(
-      IsGiven ? 1 : Options.Threads, [&](std::string& Text) { return Source.Next(Text); },
+      IsGiven ? 1 : Grammar::ThreadCount(Options.Threads),
+      [&](std::string& Text) { return Source.Next(Text); },
       [&](const TextOutput& Result, bool IsWaiting) {
         Output.Write(Result.Out);
         // What is reported about a text comes after its translation, and after those before it.

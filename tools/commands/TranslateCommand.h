@@ -19,7 +19,7 @@ struct TranslateOptions {
   std::optional<std::string> Text;      ///< otherwise each line of standard input is one
   std::string Output;                   ///< "" or "-" for standard output
   bool Quiet = false;                   ///< show no progress
-  unsigned Threads = 1;
+  unsigned Threads = 0;  ///< how many texts are translated at once; 0 for one on each core
   RuleSetOptions Rules;
   std::optional<std::string> Starts;  ///< start types between commas
   std::optional<std::uint64_t> Translations;

@@ -12,6 +12,7 @@
 #include "RunError.h"
 #include "TapReport.h"
 #include "TestRun.h"
+#include "ThreadCount.h"
 #include "TranslateCommand.h"
 
 #include <algorithm>
@@ -142,7 +143,8 @@ int RunTest(const TestOptions& Options) {
     Parse.vStarts = Translate::FindStarts(*Options.Starts, Tested.Rules());
   }
   Grammar::OutputFile Output(Options.Output);
-  const TestResults Results = RunExamples(Tested, Parse, Options.Threads, WantsCoverage);
+  const TestResults Results =
+      RunExamples(Tested, Parse, Grammar::ThreadCount(Options.Threads), WantsCoverage);
   std::string Changes;
   const bool IsGood =
       HasBaseline ? Compare(Options, Tested, Results, Changes) : AllPass(Options, Results);

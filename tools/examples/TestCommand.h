@@ -19,7 +19,7 @@ struct TestOptions {
   std::optional<std::string> Starts;  ///< start types of those, between commas
   std::string Output;                 ///< "" or "-" for standard output
   bool Quiet = false;                 ///< show no progress
-  unsigned Threads = 1;
+  unsigned Threads = 0;               ///< how many examples are run at once; 0 for one on each core
   Translate::RuleSetOptions Rules;
   ParseOptions Parse;  ///< but for the start types
   ReportFormat Format = ReportFormat::Plain;

@@ -6,6 +6,7 @@
 #include "OutputFile.h"
 #include "PairFile.h"
 #include "RunError.h"
+#include "ThreadCount.h"
 #include "WatchedExamples.h"
 
 #include <sys/ioctl.h>
@@ -115,7 +116,7 @@ int RunWatch(const TestOptions& Options) {
   Grammar::FileWatch Files(WatchedFiles(Options));
   ParseOptions Parse = Options.Parse;
   Parse.WantsCauses = true;
-  WatchedExamples Watched(Parse, Options.Starts, Options.Threads);
+  WatchedExamples Watched(Parse, Options.Starts, Grammar::ThreadCount(Options.Threads));
   Screen Shown;
   Shown.Begin();
   std::unique_ptr<TestedGrammar> New = LoadState(Options);

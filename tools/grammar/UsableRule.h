@@ -64,7 +64,7 @@ struct UsableRule {
   RuleSide Y;
   PlaceSources Places;               ///< of the target side
   std::vector<Equation> vEquations;  ///< in the order of the text
-  std::uint32_t Count{};
+  std::uint32_t Count{};             ///< of its comments, at least 1
 };
 
 /// Reads what a rule means.

@@ -17,7 +17,8 @@ void RemoveUnfinishedFilesOnSignals();
 /// scope, and by the signals above, until it is kept.
 class UnfinishedFile {
  public:
-  /// Makes a file in the folder of `Target`, whose name says whose it is.
+  /// Makes a file in the folder of `Target`, whose name says whose it is. Throws `RunError` if it
+  /// cannot be made, or eight are there already.
   explicit UnfinishedFile(const std::string& Target);
   ~UnfinishedFile();
 
@@ -26,7 +27,7 @@ class UnfinishedFile {
 
   int Descriptor() const { return File; }
 
-  /// Returns the file its final name, in place of what has that name.
+  /// Gives the file its final name, in place of what has that name. Throws `RunError`.
   void RenameTo(const std::string& Target);
 
  private:

@@ -16,13 +16,14 @@ namespace Grammar {
 /// @endcode
 std::optional<std::size_t> ParseMemorySize(std::string_view Text);
 
-/// The bytes of so many pages; 1 GiB where the system does not know one of both, which is -1 then.
+/// The size of a number of pages, in bytes; 1 GiB if either number is not positive, as where the
+/// system does not know it.
 std::size_t MemoryOf(long Pages, long PageSize);
 
 /// The memory of the machine, in bytes.
 std::size_t MachineMemory();
 
-/// How much a command may hold in memory if nobody says it: half of the machine's.
+/// How many bytes a command may hold in memory if nobody says it: half of the machine's.
 std::size_t DefaultMemory();
 
 }  // namespace Grammar
