@@ -31,8 +31,8 @@ struct TestedText {
 
   TestedText(const std::string& Text, unsigned Threads) : TestedText(Text) { Run(Threads, true); }
 
-  void Run(unsigned Threads, bool WantsCoverage) {
-    Results = RunExamples(Tested, {}, Threads, WantsCoverage);
+  void Run(unsigned Threads, bool WantsCoverage, const Examples::ParseOptions& Options = {}) {
+    Results = RunExamples(Tested, Options, Threads, WantsCoverage);
   }
 
   /// The line numbers of what is not covered: rules, then constraints.
@@ -184,6 +184,18 @@ TEST(Coverage, NoticesOtherTextsWithTheSameOutcome) {
       1);
   EXPECT_EQ(Text.Results.vResults[0].What, Outcome::Passes);
   EXPECT_EQ(Text.Uncovered().second, Strings{});
+}
+
+TEST(Coverage, NoticesThatALimitIsReached) {
+  TestedText Text(
+      "N::N : [\"cars\"] -> [\"autos\"]\n(X1::Y1)\n((x0 num) = pl)\n((x0 kind) = thing)\n"
+      ";;*SL: a cars\nNP::NP : [\"a\" N] -> [\"un\" N]\n(X2::Y2)\n((x2 num) = sg)\n");
+  Examples::ParseOptions Options;
+  Options.Limits.MaxConstituents = 1;
+  Text.Run(1, true, Options);
+  EXPECT_EQ(Text.Results.vResults[0].What, Outcome::Passes);
+  // Without the clash there is a second constituent, which is one too many.
+  EXPECT_EQ(Text.Uncovered().second, Strings{"4"});
 }
 
 TEST(Coverage, RemovesOneOfSeveralAlternatives) {

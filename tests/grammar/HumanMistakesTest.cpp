@@ -241,6 +241,8 @@ const std::vector<Mistake>& ConstraintMistakes() {
       {"(x0 = n)",
        "7:7+1 error TR012: \"n\" is not a node, and only a node can equal x0\n"
        "  for example: ((x0 feature) = n)\n"},
+      {"(x0 = (x1 tax))",
+       "7:7+8 error TR012: there is no number after the last X or Y on this side, where the library looks for one\n"},
       {"(x0 = )",
        "7:7+1 error TR008: the constraint is not in the format from here on: expected a value or a node\n"},
       {"((x1.num) = sg)",

@@ -1,5 +1,6 @@
 // Which rules take part, how they are counted, and what they weigh.
 
+#include "RuleChecker.h"
 #include "TranslateSupport.h"
 
 #include <gtest/gtest.h>
@@ -25,6 +26,17 @@ Strings CodesOf(const std::vector<Grammar::Finding>& vFindings) {
   return vsCodes;
 }
 
+/// What `check` finds in a text's rules, notes included.
+Strings CheckedCodesOf(const std::string& Text) {
+  const ReadGrammar Read(Text);
+  std::vector<Grammar::Finding> vFindings;
+  for (const Grammar::RuleText& Rule : Read.Texts) {
+    Grammar::RuleRecord Record;
+    Grammar::CheckRule(Rule, Record, vFindings);
+  }
+  return CodesOf(vFindings);
+}
+
 TEST(UsableRules, OmitRulesThatCannotBeParsed) {
   const std::string Long(100001, 'v');
   const std::vector<std::pair<std::string, std::string>> Cases{
@@ -40,7 +52,7 @@ TEST(UsableRules, OmitRulesThatCannotBeParsed) {
       {"TR010", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y2)\n)\n"},
       {"TR012", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n(x0 = n)\n)\n"},
       // The second constraint can only not be written.
-      {"TR012", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n(x0 = n)\n((x0 ext) = (x1 ext))\n)\n"},
+      {"TR012", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n(x0 = n)\n(x0 = (x1 tax))\n)\n"},
       {"TR013", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n((x0 num) = " + Long + ")\n)\n"},
       {"TR015", "N::N : [\"a\"] -> [\"x\" N]\n(\n(X1::Y1)\n)\n"},
   };
@@ -52,19 +64,20 @@ TEST(UsableRules, OmitRulesThatCannotBeParsed) {
 }
 
 TEST(UsableRules, IncludeRulesThatOnlyCannotBeWritten) {
-  const std::vector<std::pair<std::string, std::string>> Cases{
-      {"TR011",
+  const std::vector<std::pair<Strings, std::string>> Cases{
+      {{"TR011"},
        "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n((x1 num) = (x0 num))\n((x0 num) = (x1 num))\n)\n"},
-      {"TR012, without a number",
-       "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n((x0 ext) = (x1 ext))\n)\n"},
-      {"TR021, TR022", "{NOUN,12}\nN::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n)\n"},
-      {"TR023", "{N}\nN::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n)\n"},
-      {"TR031", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n((x0 f) = p)\n((x0 f) = p)\n)\n"},
-      {"TR035", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\nsee above\n)\n"},
-      {"TR036", "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n(X1::Y1)\n)\n"},
+      // Without a number after the last X.
+      {{"TR012"}, "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n(x0 = (x1 tax))\n)\n"},
+      {{"TR021", "TR040", "TR022"}, "{NOUN,12}\nN::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n)\n"},
+      {{"TR023"}, "{N}\nN::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n)\n"},
+      {{"TR031"}, "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n((x0 f) = p)\n((x0 f) = p)\n)\n"},
+      {{"TR035"}, "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\nsee above\n)\n"},
+      {{"TR036"}, "N::N : [\"a\"] -> [\"x\"]\n(\n(X1::Y1)\n(X1::Y1)\n)\n"},
   };
-  for (const auto& [sCodes, sRule] : Cases) {
-    SCOPED_TRACE(sCodes);
+  for (const auto& [vsCodes, sRule] : Cases) {
+    SCOPED_TRACE(sRule);
+    EXPECT_EQ(CheckedCodesOf(sRule), vsCodes);
     EXPECT_EQ(CodesOf(ReadGrammar(sRule).vFindings), Strings());
     EXPECT_EQ(TestEngine(sRule).Plain("a"), "x\n");
   }
